@@ -1,0 +1,34 @@
+# The parts without Qt: data, rules and the command-line tool.
+
+find_package(SQLite3 REQUIRED)
+find_package(PostgreSQL REQUIRED)
+find_package(fmt REQUIRED)
+find_package(PkgConfig REQUIRED)
+find_package(CLI11 REQUIRED)
+find_package(nlohmann_json REQUIRED)
+pkg_check_modules(SODIUM REQUIRED IMPORTED_TARGET libsodium)
+
+folder_sources(data_sources data/*.cpp data/*/*.cpp data/*/*/*.cpp)
+add_library(books_data STATIC ${data_sources})
+target_link_libraries(books_data
+    PUBLIC house_rules fmt::fmt
+    PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL)
+
+set(function_folders setting accounts opening currency vouchertype settle operators print)
+set(rule_patterns host/books/*.cpp host/services/*.cpp)
+foreach(folder ${function_folders})
+    list(APPEND rule_patterns ${folder}/*.cpp)
+endforeach()
+folder_sources(rule_sources ${rule_patterns})
+add_library(books_rules STATIC ${rule_sources})
+target_link_libraries(books_rules
+    PUBLIC books_data
+    PRIVATE PkgConfig::SODIUM nlohmann_json::nlohmann_json)
+
+folder_sources(tool_sources host/tool/*.cpp)
+list(REMOVE_ITEM tool_sources ${CMAKE_SOURCE_DIR}/host/tool/main.cpp)
+add_library(chbooks_tool STATIC ${tool_sources})
+target_link_libraries(chbooks_tool
+    PUBLIC books_rules PRIVATE CLI11::CLI11 nlohmann_json::nlohmann_json)
+add_executable(chbooks host/tool/main.cpp)
+target_link_libraries(chbooks PRIVATE chbooks_tool)

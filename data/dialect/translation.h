@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/dialect/batch_reader.h"
+#include "data/engines/engine.h"
+
+namespace chengheng {
+
+/// A shape in an engine's words.
+struct TranslatedShape {
+    std::string sql;  ///< with INTO, FROM, $1, $2, ... and what LIKE needs
+    int parameters = 0;
+    /// Parameters (from 0) that stand for a date column: their text 'year/month/day' is
+    /// brought into the stored form before the statement runs.
+    std::vector<int> dateParameters;
+    /// "Update ABIdTable Set lLastId = n Where sTable = 'table'": value 0 is n, 1 the table.
+    bool isIdUpdate = false;
+    /// Names ABIdTable in any other way, so that counters held back must be written first.
+    bool touchesIdTable = false;
+};
+
+/// Puts a shape that a BatchReader produced into plain SQL for an engine.
+Status translate(StatementKind kind, std::string_view shape, const EngineDialect& dialect,
+                 TranslatedShape& translated);
+
+}  // namespace chengheng

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "data/engines/value.h"
+#include "data/locks/lock_service.h"
+#include "data/schema/table.h"
+#include "data/status.h"
+
+namespace chengheng {
+
+/// A statement that the engine has prepared. Valid as long as its engine's connection; an
+/// engine that reconnects prepares it again by itself.
+class PreparedStatement {
+  public:
+    virtual ~PreparedStatement() = default;
+};
+
+/// A prepared statement with the parameters of one run.
+struct Command {
+    PreparedStatement* statement = nullptr;
+    std::span<const Value> values;
+};
+
+/// The rows of a running select, read forward once. Text stays valid until the next step.
+class Cursor {
+  public:
+    enum class Step { row, end, failed };
+
+    virtual ~Cursor() = default;
+    virtual Step next() = 0;
+    /// Why the last step failed.
+    virtual Status status() const = 0;
+    virtual int columns() const = 0;
+    virtual ValueKind kind(int column) const = 0;
+    virtual std::int64_t integer(int column) const = 0;  ///< NULL reads as 0
+    virtual double real(int column) const = 0;           ///< NULL reads as 0
+    virtual std::string_view text(
+        int column) const = 0;  ///< NULL reads as ""; dates as "2026-01-05"
+};
+
+/// What a statement must look like on an engine.
+struct EngineDialect {
+    /// Follows a LIKE pattern so that a backslash takes the meaning off % and _.
+    std::string_view likeEscape;
+    /// Follows a select of an id counter inside a unit of work, to keep others from it.
+    std::string_view rowLock;
+    /// The type of a column with its collation and default, as it stands in CREATE TABLE.
+    std::string (*columnDeclaration)(ColumnType type);
+};
+
+/// One connection to one database. Statement texts are plain SQL with parameters $1, $2, ...
+/// in the order of their first use, one statement a text.
+class Engine {
+  public:
+    virtual ~Engine() = default;
+
+    virtual const EngineDialect& dialect() const = 0;
+
+    virtual Status prepare(std::string_view sql, int parameters,
+                           std::unique_ptr<PreparedStatement>& statement) = 0;
+    /// Runs the commands in order; the first failure ends the run. Outside a transaction the
+    /// commands are one transaction of their own. `changed`, when given, counts changed rows.
+    virtual Status execute(std::span<const Command> commands, std::int64_t* changed = nullptr) = 0;
+    /// Starts a select. At most one cursor of a statement is open at a time.
+    virtual Status open(const Command& command, std::unique_ptr<Cursor>& cursor) = 0;
+    /// Runs statements that take no parameters and are not worth keeping prepared
+    /// (CREATE TABLE ...), separated by semicolons.
+    virtual Status script(std::string_view sql) = 0;
+
+    virtual Status begin() = 0;
+    virtual Status commit() = 0;
+    virtual Status rollback() = 0;
+    virtual Status savepoint(int depth) = 0;
+    virtual Status releaseSavepoint(int depth) = 0;
+    virtual Status rollbackToSavepoint(int depth) = 0;
+    virtual bool inTransaction() const = 0;
+
+    /// Done when the database answers; tries to connect again after a loss. Locks held and
+    /// transactions open at the loss are gone.
+    virtual Status ensureConnected() = 0;
+    /// Whether a table of that name exists.
+    virtual Status hasTable(std::string_view name, bool& found) = 0;
+
+    virtual LockService& locks() = 0;
+};
+
+}  // namespace chengheng

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "data/engines/engine.h"
+#include "data/status.h"
+
+namespace chengheng {
+
+enum class OpenMode {
+    existing,  ///< the database must be there
+    create,    ///< a new, empty one is made; fails when it is there already
+};
+
+/// Connects to a database: the path of a file, ":memory:", or
+/// "postgresql://user@host:port/database?schema=name". Tells nothing about what lies in it.
+Status openEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine);
+
+/// True for the address of a PostgreSQL server.
+bool isServerAddress(std::string_view location);
+
+/// The location as an operator may see it: without a password.
+std::string shownLocation(std::string_view location);
+
+}  // namespace chengheng

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "data/engines/engine.h"
+#include "data/schema/schema.h"
+#include "data/status.h"
+
+namespace chengheng {
+
+/// "CREATE TABLE ...; CREATE INDEX ...;" for an engine.
+std::string createTableSql(const TableInfo& table, const EngineDialect& dialect);
+
+/// Makes every table in an empty database, with its row in ABIdTable and the format
+/// version, in one transaction.
+Status createLayout(Engine& engine);
+
+/// Done when the database holds a set of books this program can work with; else foreign,
+/// newerVersion, damaged or a failure of the connection.
+Status checkLayout(Engine& engine);
+
+}  // namespace chengheng

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "data/CNbCwDB.h"
+
+namespace chengheng {
+
+/// Takes the referring tables in mode 1, then the changed tables in mode 2, both with
+/// waiting, and releases them in the same order on every path. An action whose locks were
+/// not granted must not run.
+class TableLocks {
+  public:
+    /// Either list may be empty. The database must outlive the locks.
+    TableLocks(CNbCwDB& database, std::string referringTables, std::string ownTables);
+    ~TableLocks();
+    TableLocks(const TableLocks&) = delete;
+    TableLocks& operator=(const TableLocks&) = delete;
+
+    bool areGranted() const { return m_status.isDone(); }
+    const Status& status() const { return m_status; }
+
+  private:
+    CNbCwDB& m_database;
+    std::string m_referringTables;
+    std::string m_ownTables;
+    Status m_status;
+};
+
+}  // namespace chengheng

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+namespace chengheng {
+
+/// The picture of a message box.
+enum class MessageIcon { none, information, warning, stop, question };
+
+/// The caption of every box that names no other.
+inline constexpr const char* defaultCaption = "澄恒财务软件";
+
+/// Something the operator is told.
+struct Notice {
+    std::string text;
+    MessageIcon icon = MessageIcon::information;
+    std::string caption = defaultCaption;
+    bool beep = false;
+    /// Prescribed name of the field that gets the focus afterwards; empty: none.
+    std::string focusField = {};
+};
+
+enum class AnswerButtons { yesNo, okCancel, yesNoCancel };
+enum class Answer { yes, no, ok, cancel };
+
+/// Something the operator is asked.
+struct Question {
+    std::string text;
+    AnswerButtons buttons = AnswerButtons::yesNo;
+    MessageIcon icon = MessageIcon::question;
+    std::string caption = defaultCaption;
+    bool beep = false;
+    /// What Enter gives; Escape always gives the cautious one (no, cancel).
+    Answer preset = Answer::yes;
+};
+
+/// The only way to talk to the operator. Handed in, never global.
+class IMessages {
+  public:
+    virtual ~IMessages() = default;
+    virtual void tell(const Notice& notice) = 0;
+    virtual Answer ask(const Question& question) = 0;
+};
+
+}  // namespace chengheng
