@@ -1,0 +1,35 @@
+#include "host/services/host_globals.h"
+
+#include <utility>
+
+CNbCwDB* g_pDB = nullptr;
+const char* g_lpszNbZwDBName = "";
+const char* g_lpszNbZwSetName = "";
+std::int32_t g_lAccountId = 0;
+const char* g_lpArgument = "";
+const CDivideWInfo* g_lpLogonUserInfo = nullptr;
+SystemTime g_tmLogonTime;
+
+namespace chengheng {
+
+HostSession::HostSession(SessionFacts facts) : m_facts(std::move(facts)) {
+    g_pDB = m_facts.database;
+    g_lpszNbZwDBName = m_facts.databaseName.c_str();
+    g_lpszNbZwSetName = m_facts.setName.c_str();
+    g_lAccountId = m_facts.accountId;
+    g_lpArgument = m_facts.launchArgument.c_str();
+    g_lpLogonUserInfo = &m_facts.logonUser;
+    g_tmLogonTime = m_facts.logonTime;
+}
+
+HostSession::~HostSession() {
+    g_pDB = nullptr;
+    g_lpszNbZwDBName = "";
+    g_lpszNbZwSetName = "";
+    g_lAccountId = 0;
+    g_lpArgument = "";
+    g_lpLogonUserInfo = nullptr;
+    g_tmLogonTime = {};
+}
+
+}  // namespace chengheng
