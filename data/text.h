@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+// Texts are UTF-8. A character is what UTF-8 encodes as one: a Chinese character counts as 1,
+// a byte that begins none belongs to the character before it.
+
+namespace chengheng {
+
+std::size_t characterCount(std::string_view text);
+
+/// The first so many characters; the whole text when it has no more.
+std::string_view firstCharacters(std::string_view text, std::size_t count);
+
+/// Whether a blank stands anywhere: a space, a tab or the wide space of Chinese typing.
+bool hasBlank(std::string_view text);
+
+/// The text without the blanks at its end.
+std::string_view withoutTrailingBlanks(std::string_view text);
+
+}  // namespace chengheng

@@ -1,0 +1,38 @@
+#include "data/text.h"
+
+#include <gtest/gtest.h>
+
+using namespace chengheng;
+
+TEST(Text, CountsCharactersNotBytes) {
+    EXPECT_EQ(characterCount(""), 0u);
+    EXPECT_EQ(characterCount("1001"), 4u);
+    EXPECT_EQ(characterCount("库存现金"), 4u);
+    EXPECT_EQ(characterCount("𠮷a"), 2u);
+}
+
+TEST(Text, CutsBetweenCharacters) {
+    EXPECT_EQ(firstCharacters("库存现金", 2), "库存");
+    EXPECT_EQ(firstCharacters("100101", 4), "1001");
+    EXPECT_EQ(firstCharacters("100101", 0), "");
+    EXPECT_EQ(firstCharacters("1001", 4), "1001");
+    EXPECT_EQ(firstCharacters("1001", 9), "1001");
+    EXPECT_EQ(firstCharacters("", 3), "");
+}
+
+TEST(Text, FindsBlanksOfAllThreeKinds) {
+    EXPECT_TRUE(hasBlank("10 01"));
+    EXPECT_TRUE(hasBlank("10\t01"));
+    EXPECT_TRUE(hasBlank("10　01"));
+    EXPECT_FALSE(hasBlank("1001"));
+    EXPECT_FALSE(hasBlank("库存现金"));
+    EXPECT_FALSE(hasBlank(""));
+}
+
+TEST(Text, TakesBlanksOffTheEndOnly) {
+    EXPECT_EQ(withoutTrailingBlanks("1001  "), "1001");
+    EXPECT_EQ(withoutTrailingBlanks("1001 　\t "), "1001");
+    EXPECT_EQ(withoutTrailingBlanks(" 10 01"), " 10 01");
+    EXPECT_EQ(withoutTrailingBlanks("   "), "");
+    EXPECT_EQ(withoutTrailingBlanks(""), "");
+}
