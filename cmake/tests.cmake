@@ -14,3 +14,12 @@ foreach(layer rules data)
     add_test(NAME ${layer} COMMAND test_${layer})
     set_tests_properties(${layer} PROPERTIES LABELS ${layer})
 endforeach()
+
+# The house's own checks. A sanitizer build would only repeat them.
+if(NOT CHENGHENG_SANITIZE)
+    add_test(NAME tidy COMMAND ${CMAKE_SOURCE_DIR}/tools/tidy
+        --compiled ${CMAKE_BINARY_DIR}/compile_commands.json)
+    add_test(NAME tidy_samples COMMAND ${CMAKE_SOURCE_DIR}/tools/tidy --self-test)
+    add_test(NAME run_tests COMMAND ${CMAKE_SOURCE_DIR}/tools/test_run_tests)
+    set_tests_properties(tidy tidy_samples run_tests PROPERTIES LABELS script)
+endif()
