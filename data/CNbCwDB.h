@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "data/format/sql_format.h"
 #include "data/locks/lock_service.h"
@@ -145,7 +146,8 @@ class CNbCwDB {
     /// "UPDATE table SET assignment WHERE condition", the assignment formatted with values.
     template <class... Arguments>
     int QRYEdit(const char* table, const char* condition,
-                chengheng::SqlFormat<Arguments...> assignment, const Arguments&... values) {
+                const chengheng::SqlFormat<std::type_identity_t<Arguments>...>& assignment,
+                const Arguments&... values) {
         return editRows(table, condition, chengheng::formatSql(assignment, values...));
     }
     int QRYDelete(const char* table, const char* condition);
