@@ -1,0 +1,137 @@
+#include "data/engines/sqlite/sqlite_connection.h"
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include "data/engines/sqlite/sqlite_failure.h"
+#include "data/platform/owner_only_file.h"
+
+namespace chengheng {
+namespace {
+
+// Written into every file; it must not change.
+constexpr int applicationId = 0x63684C64;  // "chLd"
+
+// LIKE compares bytes, as it does on a server. The cache holds the balances of some 50,000
+// accounts; reads are not mapped into memory, so that a failing disk is an error and not a
+// signal.
+constexpr const char* settings =
+    "PRAGMA journal_mode = WAL;"
+    "PRAGMA synchronous = FULL;"
+    "PRAGMA foreign_keys = OFF;"
+    "PRAGMA case_sensitive_like = ON;"
+    "PRAGMA temp_store = MEMORY;"
+    "PRAGMA cache_size = -65536;"
+    "PRAGMA journal_size_limit = 67108864;";
+
+constexpr int busyMilliseconds = 5000;
+
+Status runScript(sqlite3* connection, const char* script) {
+    return sqliteStatus(sqlite3_exec(connection, script, nullptr, nullptr, nullptr), connection);
+}
+
+Status openConnection(const char* path, int flags, SqliteConnection& connection) {
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(
+        path, &opened, flags | SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE,
+        nullptr);
+    connection.reset(opened);
+    if (code != SQLITE_OK) return sqliteFailure(code, opened);
+    sqlite3_busy_timeout(opened, busyMilliseconds);
+    // A misspelt name in double quotes is an error, never a text.
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    return Status::done();
+}
+
+/// Whether the file begins as every SQLite file does. Reads through the connection's own
+/// handle: closing another handle on the file would drop the locks of this process on it.
+bool hasSqliteHeader(sqlite3* connection) {
+    static constexpr char magic[] = "SQLite format 3";
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    std::array<char, sizeof magic> header{};
+    if (file == nullptr || file->pMethods == nullptr) return false;
+    const int code = file->pMethods->xRead(file, header.data(), sizeof magic, 0);
+    return code == SQLITE_OK && std::memcmp(header.data(), magic, sizeof magic) == 0;
+}
+
+Status readMark(sqlite3* connection, int& mark) {
+    const auto take = [](void* into, int, char** cells, char**) {
+        *static_cast<int*>(into) = std::atoi(cells[0]);
+        return 0;
+    };
+    return sqliteStatus(sqlite3_exec(connection, "PRAGMA application_id", take, &mark, nullptr),
+                        connection);
+}
+
+Status writeMark(sqlite3* connection) {
+    const std::string script = "PRAGMA application_id = " + std::to_string(applicationId);
+    return runScript(connection, script.c_str());
+}
+
+Status checkMark(sqlite3* connection, const std::string& path) {
+    // Until the file is known to be ours, its log is not brought into it on closing.
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    int mark = 0;
+    const Status read = readMark(connection, mark);
+    if (read.failure == Failure::damaged && !hasSqliteHeader(connection))
+        return Status::of(Failure::foreign, path + ": not a SQLite database");
+    if (!read) return read;
+    if (mark != applicationId)
+        return Status::of(Failure::foreign, path + ": a database of another program");
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    return Status::done();
+}
+
+Status openExisting(const std::string& path, SqliteConnection& connection) {
+    switch (fileState(path)) {
+        case FileState::absent:
+            return Status::of(Failure::missing, path);
+        case FileState::notAFile:
+            return Status::of(Failure::foreign, path + ": not a file");
+        case FileState::readOnly:
+            return Status::of(Failure::readOnly, path);
+        case FileState::writable:
+            break;
+    }
+    if (Status opened = openConnection(path.c_str(), 0, connection); !opened) return opened;
+    if (Status checked = checkMark(connection.get(), path); !checked) return checked;
+    return runScript(connection.get(), settings);
+}
+
+Status createNew(const std::string& path, SqliteConnection& connection) {
+    if (Status created = createOwnerOnlyFile(path); !created) return created;
+    Status status = openConnection(path.c_str(), 0, connection);
+    if (status) status = writeMark(connection.get());
+    if (status) status = runScript(connection.get(), settings);
+    if (status) return status;
+    connection.reset();
+    std::error_code ignored;  // the failure told is the one that came first
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
+        std::filesystem::remove(path + suffix, ignored);
+    return status;
+}
+
+}  // namespace
+
+Status openSqliteFile(const std::string& path, OpenMode mode, SqliteConnection& connection) {
+    SqliteConnection opened;
+    const Status status =
+        mode == OpenMode::create ? createNew(path, opened) : openExisting(path, opened);
+    if (status) connection = std::move(opened);
+    return status;
+}
+
+Status openSqliteMemory(SqliteConnection& connection) {
+    SqliteConnection opened;
+    Status status = openConnection(":memory:", 0, opened);
+    if (status) status = runScript(opened.get(), settings);
+    if (status) connection = std::move(opened);
+    return status;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,207 @@
+#include "data/engines/sqlite/sqlite_engine.h"
+
+#include <filesystem>
+#include <string>
+
+#include "data/engines/sqlite/sqlite_connection.h"
+#include "data/engines/sqlite/sqlite_failure.h"
+#include "data/engines/sqlite/sqlite_statement.h"
+#include "data/locks/memory_locks.h"
+
+namespace chengheng {
+namespace {
+
+std::string columnDeclaration(ColumnType type) {
+    switch (type) {
+        case ColumnType::integer:
+        case ColumnType::byte:
+        case ColumnType::flag:
+            return "INTEGER NOT NULL DEFAULT 0";
+        case ColumnType::nullableInteger:
+            return "INTEGER DEFAULT NULL";
+        case ColumnType::real:
+        case ColumnType::single:
+            return "REAL NOT NULL DEFAULT 0";
+        case ColumnType::text:
+            return "TEXT COLLATE BINARY NOT NULL DEFAULT ''";
+        case ColumnType::date:
+            return "TEXT COLLATE BINARY NOT NULL DEFAULT '1899-12-31'";
+    }
+    return {};
+}
+
+constexpr EngineDialect sqliteDialect{" ESCAPE '\\'", "", columnDeclaration};
+
+class SqliteEngine final : public Engine {
+  public:
+    SqliteEngine(SqliteConnection connection, std::unique_ptr<LockService> locks)
+        : m_connection(std::move(connection)), m_locks(std::move(locks)) {}
+
+    const EngineDialect& dialect() const override { return sqliteDialect; }
+
+    Status prepare(std::string_view sql, int parameters,
+                   std::unique_ptr<PreparedStatement>& statement) override {
+        return prepareSqlite(m_connection.get(), sql, parameters, statement);
+    }
+    Status execute(std::span<const Command> commands, std::int64_t* changed) override;
+    Status open(const Command& command, std::unique_ptr<Cursor>& cursor) override;
+    Status script(std::string_view sql) override;
+
+    Status begin() override;
+    Status commit() override;
+    Status rollback() override;
+    Status savepoint(int depth) override { return atDepth("SAVEPOINT unit", depth); }
+    Status releaseSavepoint(int depth) override { return atDepth("RELEASE unit", depth); }
+    Status rollbackToSavepoint(int depth) override { return atDepth("ROLLBACK TO unit", depth); }
+    bool inTransaction() const override { return m_isInTransaction; }
+
+    Status ensureConnected() override;
+    Status hasTable(std::string_view name, bool& found) override;
+    LockService& locks() override { return *m_locks; }
+
+  private:
+    Status run(const std::string& sql);
+    Status runAll(std::span<const Command> commands);
+    Status atDepth(const char* verb, int depth);
+    Status checkTransaction() const;
+    Status remember(Status status);
+
+    SqliteConnection m_connection;
+    std::unique_ptr<LockService> m_locks;
+    bool m_isInTransaction = false;
+    Status m_transactionLoss;  ///< what made SQLite end the transaction by itself
+};
+
+/// SQLite ends a transaction by itself when the disk is full or fails. What follows must
+/// then not be written on its own, so the transaction fails until its owner ends it.
+Status SqliteEngine::checkTransaction() const {
+    if (!m_isInTransaction || sqlite3_get_autocommit(m_connection.get()) == 0)
+        return Status::done();
+    if (!m_transactionLoss) return m_transactionLoss;
+    return Status::of(Failure::lost, "the transaction was rolled back");
+}
+
+Status SqliteEngine::remember(Status status) {
+    if (m_isInTransaction && m_transactionLoss && !status) {
+        if (sqlite3_get_autocommit(m_connection.get()) != 0) m_transactionLoss = status;
+    }
+    return status;
+}
+
+Status SqliteEngine::run(const std::string& sql) {
+    sqlite3* connection = m_connection.get();
+    return sqliteStatus(sqlite3_exec(connection, sql.c_str(), nullptr, nullptr, nullptr),
+                        connection);
+}
+
+Status SqliteEngine::runAll(std::span<const Command> commands) {
+    for (const Command& command : commands) {
+        if (Status status = runSqlite(command); !status) return remember(std::move(status));
+    }
+    return Status::done();
+}
+
+Status SqliteEngine::execute(std::span<const Command> commands, std::int64_t* changed) {
+    if (changed != nullptr) *changed = 0;
+    if (Status alive = checkTransaction(); !alive) return alive;
+    const bool isOwnTransaction = commands.size() > 1 && !m_isInTransaction;
+    if (isOwnTransaction) {
+        if (Status begun = begin(); !begun) return begun;
+    }
+    const std::int64_t before = sqlite3_total_changes64(m_connection.get());
+    Status status = runAll(commands);
+    if (isOwnTransaction) {
+        if (status)
+            status = commit();
+        else if (Status undone = rollback(); !undone)
+            status.detail += "; " + undone.detail;
+    }
+    if (status && changed != nullptr)
+        *changed = sqlite3_total_changes64(m_connection.get()) - before;
+    return status;
+}
+
+Status SqliteEngine::open(const Command& command, std::unique_ptr<Cursor>& cursor) {
+    if (Status alive = checkTransaction(); !alive) return alive;
+    sqlite3_stmt* statement = static_cast<SqliteStatement*>(command.statement)->handle();
+    if (Status bound = bindSqlite(statement, command.values); !bound) return bound;
+    cursor = std::make_unique<SqliteCursor>(statement);
+    return Status::done();
+}
+
+Status SqliteEngine::script(std::string_view sql) {
+    if (Status alive = checkTransaction(); !alive) return alive;
+    return remember(run(std::string(sql)));
+}
+
+Status SqliteEngine::begin() {
+    if (m_isInTransaction) return Status::of(Failure::refused, "a transaction is open already");
+    const Status begun = run("BEGIN IMMEDIATE");
+    m_isInTransaction = begun.isDone();
+    m_transactionLoss = Status::done();
+    return begun;
+}
+
+Status SqliteEngine::commit() {
+    if (!m_isInTransaction) return Status::of(Failure::refused, "no transaction is open");
+    Status status = checkTransaction();
+    if (status) status = run("COMMIT");
+    if (!status) {
+        if (Status undone = rollback(); !undone) status.detail += "; " + undone.detail;
+    }
+    m_isInTransaction = false;
+    return status;
+}
+
+Status SqliteEngine::rollback() {
+    m_isInTransaction = false;
+    if (sqlite3_get_autocommit(m_connection.get()) != 0) return Status::done();
+    return run("ROLLBACK");
+}
+
+Status SqliteEngine::atDepth(const char* verb, int depth) {
+    if (Status alive = checkTransaction(); !alive) return alive;
+    return remember(run(verb + std::to_string(depth)));
+}
+
+Status SqliteEngine::ensureConnected() {
+    int hasMoved = 0;
+    sqlite3_file_control(m_connection.get(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    if (hasMoved != 0) return Status::of(Failure::missing, "the file was removed or replaced");
+    return run("PRAGMA schema_version");
+}
+
+Status SqliteEngine::hasTable(std::string_view name, bool& found) {
+    found = false;
+    std::unique_ptr<PreparedStatement> statement;
+    Status status =
+        prepare("SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = $1 COLLATE NOCASE", 1,
+                statement);
+    if (!status) return status;
+    const Value value = Value::of(name);
+    std::unique_ptr<Cursor> cursor;
+    status = open({statement.get(), {&value, 1}}, cursor);
+    if (!status) return status;
+    const Cursor::Step step = cursor->next();
+    found = step == Cursor::Step::row;
+    return step == Cursor::Step::failed ? cursor->status() : Status::done();
+}
+
+}  // namespace
+
+Status openSqliteEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine) {
+    SqliteConnection connection;
+    if (location == ":memory:") {
+        if (Status opened = openSqliteMemory(connection); !opened) return opened;
+        engine =
+            std::make_unique<SqliteEngine>(std::move(connection), std::make_unique<MemoryLocks>());
+        return Status::done();
+    }
+    if (location.empty()) return Status::of(Failure::missing, "no file is named");
+    const std::string path = std::filesystem::absolute(location).string();
+    if (Status opened = openSqliteFile(path, mode, connection); !opened) return opened;
+    engine = std::make_unique<SqliteEngine>(std::move(connection), std::make_unique<MemoryLocks>());
+    return Status::done();
+}
+
+}  // namespace chengheng

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "data/engines/engine.h"
+#include "data/engines/open_engine.h"
+#include "data/status.h"
+
+namespace chengheng {
+
+/// Opens the database in a file, or a new one in memory for ":memory:". Write-ahead log,
+/// every commit on the disk before it returns, writers wait five seconds for each other.
+/// A new file is readable and writable by its owner only; a file without our mark is foreign.
+Status openSqliteEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine);
+
+}  // namespace chengheng

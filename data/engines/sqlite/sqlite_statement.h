@@ -1,0 +1,58 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string_view>
+
+#include "data/engines/engine.h"
+
+namespace chengheng {
+
+struct FinalizeStatement {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
+class SqliteStatement final : public PreparedStatement {
+  public:
+    explicit SqliteStatement(sqlite3_stmt* statement) : m_statement(statement) {}
+    sqlite3_stmt* handle() const { return m_statement.get(); }
+
+  private:
+    std::unique_ptr<sqlite3_stmt, FinalizeStatement> m_statement;
+};
+
+/// Prepares the one statement of a text that must have that many parameters.
+Status prepareSqlite(sqlite3* connection, std::string_view sql, int parameters,
+                     std::unique_ptr<PreparedStatement>& statement);
+
+/// Binds the values, which are borrowed until the statement is reset.
+Status bindSqlite(sqlite3_stmt* statement, std::span<const Value> values);
+
+/// Runs a statement to its end, whatever rows it gives.
+Status runSqlite(const Command& command);
+
+/// Reads a bound statement; resets it when it goes.
+class SqliteCursor final : public Cursor {
+  public:
+    explicit SqliteCursor(sqlite3_stmt* statement) : m_statement(statement) {}
+    ~SqliteCursor() override { sqlite3_reset(m_statement); }
+    SqliteCursor(const SqliteCursor&) = delete;
+    SqliteCursor& operator=(const SqliteCursor&) = delete;
+
+    Step next() override;
+    Status status() const override { return m_status; }
+    int columns() const override { return sqlite3_column_count(m_statement); }
+    ValueKind kind(int column) const override;
+    std::int64_t integer(int column) const override {
+        return sqlite3_column_int64(m_statement, column);
+    }
+    double real(int column) const override { return sqlite3_column_double(m_statement, column); }
+    std::string_view text(int column) const override;
+
+  private:
+    sqlite3_stmt* m_statement;
+    Status m_status;
+};
+
+}  // namespace chengheng

@@ -1,0 +1,222 @@
+#include "data/engines/sqlite/sqlite_engine.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+
+#include "tests/support/engine_cases.h"
+#include "tests/support/engine_tools.h"
+
+namespace chengheng {
+namespace {
+
+namespace fs = std::filesystem;
+
+Failure openingOf(const std::string& path, OpenMode mode = OpenMode::existing) {
+    std::unique_ptr<Engine> engine;
+    const Status status = openEngine(path, mode, engine);
+    EXPECT_EQ(engine != nullptr, status.isDone());
+    return status.failure;
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void overwrite(const std::string& path, std::streamoff at, const std::string& bytes) {
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    file.seekp(at);
+    file << bytes;
+}
+
+int modeOf(const std::string& path) {
+    struct stat found {};
+    return stat(path.c_str(), &found) == 0 ? static_cast<int>(found.st_mode & 07777) : -1;
+}
+
+/// A closed database with one table of some pages.
+std::string filledDatabase() {
+    const std::string path = freshFolder() + "/Nbzw.db";
+    const std::unique_ptr<Engine> engine = openForTest(path);
+    EXPECT_TRUE(engine->script("CREATE TABLE Filler (sText TEXT)").isDone());
+    const std::string text(3000, 'x');
+    for (int row = 0; row < 20; ++row)
+        EXPECT_TRUE(runSql(*engine, "INSERT INTO Filler VALUES ($1)", {Value::of(text)}).isDone());
+    return path;
+}
+
+/// What a process without the rights of the superuser finds.
+int asOrdinaryUser(const std::function<int()>& act) {
+    const pid_t child = fork();
+    if (child == 0) {
+        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) _exit(255);
+        _exit(act());
+    }
+    int result = 0;
+    waitpid(child, &result, 0);
+    return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
+}
+
+TEST(SqliteOpening, AFileThatIsNotThereIsMissingAndIsNotMade) {
+    const std::string path = freshFolder() + "/Nbzw.db";
+    EXPECT_EQ(openingOf(path), Failure::missing);
+    EXPECT_FALSE(fs::exists(path));
+    EXPECT_EQ(openingOf(""), Failure::missing);
+}
+
+TEST(SqliteOpening, AFolderIsForeign) { EXPECT_EQ(openingOf(freshFolder()), Failure::foreign); }
+
+TEST(SqliteOpening, AFileOfAnotherKindIsForeignAndStaysAsItIs) {
+    const std::string path = freshFolder() + "/letter.txt";
+    const std::string letter = "Dear Sirs,\n" + std::string(5000, '.');
+    std::ofstream(path) << letter;
+    EXPECT_EQ(openingOf(path), Failure::foreign);
+    EXPECT_EQ(contentOf(path), letter);
+}
+
+TEST(SqliteOpening, AnEmptyFileIsForeignAndStaysEmpty) {
+    const std::string path = freshFolder() + "/empty.db";
+    std::ofstream(path).close();
+    EXPECT_EQ(openingOf(path), Failure::foreign);
+    EXPECT_EQ(fs::file_size(path), 0U);
+}
+
+TEST(SqliteOpening, ADatabaseOfAnotherProgramIsForeignAndStaysAsItIs) {
+    const std::string path = filledDatabase();
+    overwrite(path, 68, std::string(4, '\0'));
+    const std::string before = contentOf(path);
+    EXPECT_EQ(openingOf(path), Failure::foreign);
+    EXPECT_EQ(contentOf(path), before);
+}
+
+TEST(SqliteOpening, ADatabaseWithAnUnreadableFirstPageIsDamaged) {
+    const std::string path = filledDatabase();
+    overwrite(path, 16, "\x12\x34");
+    EXPECT_EQ(openingOf(path), Failure::damaged);
+}
+
+TEST(SqliteOpening, DamageFurtherInIsMetWhenItIsRead) {
+    const std::string path = filledDatabase();
+    for (std::streamoff page = 1; page < 10; ++page)
+        overwrite(path, page * 4096, std::string(4096, '\x55'));
+    const std::unique_ptr<Engine> engine = openForTest(path, OpenMode::existing);
+    std::unique_ptr<PreparedStatement> statement;
+    ASSERT_TRUE(engine->prepare("SELECT sText FROM Filler", 0, statement));
+    std::unique_ptr<Cursor> cursor;
+    ASSERT_TRUE(engine->open({statement.get(), {}}, cursor));
+    Cursor::Step step = Cursor::Step::row;
+    while (step == Cursor::Step::row) step = cursor->next();
+    ASSERT_EQ(step, Cursor::Step::failed);
+    EXPECT_EQ(cursor->status().failure, Failure::damaged);
+}
+
+TEST(SqliteOpening, AReadOnlyFileOrFolderIsToldAsSuch) {
+    const std::string path = filledDatabase();
+    const fs::path folder = fs::path(path).parent_path();
+    fs::permissions(folder.parent_path(), fs::perms(0755));
+    fs::permissions(folder, fs::perms(0777));
+    fs::permissions(path, fs::perms(0444));
+    const auto opening = [&path] { return static_cast<int>(openingOf(path)); };
+    EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::readOnly));
+    fs::permissions(path, fs::perms(0666));
+    fs::permissions(folder, fs::perms(0555));
+    EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::readOnly));
+    fs::permissions(folder, fs::perms(0777));
+    EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::none));
+}
+
+TEST(SqliteCreating, MakesFilesForTheirOwnerOnly) {
+    const mode_t former = umask(0);
+    const std::string path = freshFolder() + "/Nbzw.db";
+    const std::unique_ptr<Engine> engine = openForTest(path);
+    EXPECT_TRUE(engine->script("CREATE TABLE T (x)"));
+    EXPECT_TRUE(engine->locks().lock("Code", LockMode::shared, false));
+    umask(former);
+    for (const auto& file : fs::directory_iterator(fs::path(path).parent_path()))
+        EXPECT_EQ(modeOf(file.path()), 0600) << file.path();
+    EXPECT_EQ(modeOf(path + "-wal"), 0600);
+}
+
+TEST(SqliteCreating, NeverTouchesAFileThatIsThere) {
+    const std::string path = freshFolder() + "/Nbzw.db";
+    std::ofstream(path) << "mine";
+    EXPECT_EQ(openingOf(path, OpenMode::create), Failure::refused);
+    EXPECT_EQ(contentOf(path), "mine");
+}
+
+TEST(SqliteCreating, NeedsTheFolder) {
+    EXPECT_EQ(openingOf(freshFolder() + "/none/Nbzw.db", OpenMode::create), Failure::missing);
+}
+
+TEST(SqliteCreating, TakesNamesThatMeanSomethingElsewhere) {
+    const std::string folder = freshFolder();
+    for (const char* name : {"file:a?mode=ro", "账 套%20#1.db", "a'b\"c.db"}) {
+        const std::string path = folder + "/" + name;
+        EXPECT_EQ(openingOf(path, OpenMode::create), Failure::none) << path;
+        EXPECT_TRUE(fs::exists(path)) << path;
+        EXPECT_EQ(openingOf(path), Failure::none) << path;
+    }
+}
+
+TEST(SqliteEngine, ReopensWithWhatWasCommitted) {
+    const std::string path = filledDatabase();
+    const std::unique_ptr<Engine> engine = openForTest(path, OpenMode::existing);
+    EXPECT_EQ(readCell(*engine, "SELECT count(*) FROM Filler"), "20");
+}
+
+TEST(SqliteEngine, RunsWithALogThatIsFlushedAtEveryCommit) {
+    const std::unique_ptr<Engine> engine = openForTest(freshFolder() + "/Nbzw.db");
+    EXPECT_EQ(readCell(*engine, "PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(readCell(*engine, "PRAGMA synchronous"), "2");
+    EXPECT_EQ(readCell(*engine, "PRAGMA foreign_keys"), "0");
+    EXPECT_EQ(readCell(*engine, "PRAGMA temp_store"), "2");
+    EXPECT_EQ(readCell(*engine, "PRAGMA busy_timeout"), "5000");
+}
+
+TEST(SqliteEngine, ReadersSeeTheOldStateWhileAnotherWrites) {
+    const std::string path = filledDatabase();
+    const std::unique_ptr<Engine> writer = openForTest(path, OpenMode::existing);
+    const std::unique_ptr<Engine> reader = openForTest(path, OpenMode::existing);
+    ASSERT_TRUE(writer->begin());
+    ASSERT_TRUE(runSql(*writer, "DELETE FROM Filler").isDone());
+    EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Filler"), "20");
+    ASSERT_TRUE(writer->commit());
+    EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Filler"), "0");
+}
+
+TEST(SqliteEngine, ASecondWriterIsBusyOnceItsPatienceIsOver) {
+    const std::string path = filledDatabase();
+    const std::unique_ptr<Engine> first = openForTest(path, OpenMode::existing);
+    const std::unique_ptr<Engine> second = openForTest(path, OpenMode::existing);
+    ASSERT_TRUE(second->script("PRAGMA busy_timeout = 50"));
+    ASSERT_TRUE(first->begin());
+    EXPECT_EQ(second->begin().failure, Failure::busy);
+    EXPECT_FALSE(second->inTransaction());
+    EXPECT_EQ(runSql(*second, "DELETE FROM Filler").failure, Failure::busy);
+    ASSERT_TRUE(first->rollback());
+    EXPECT_TRUE(second->begin());
+}
+
+TEST(SqliteEngine, AFileThatWasRemovedIsMissing) {
+    const std::string path = filledDatabase();
+    const std::unique_ptr<Engine> engine = openForTest(path, OpenMode::existing);
+    ASSERT_TRUE(engine->ensureConnected());
+    fs::remove(path);
+    EXPECT_EQ(engine->ensureConnected().failure, Failure::missing);
+}
+
+TEST(SqliteEngine, AMisspeltNameInDoubleQuotesIsNoText) {
+    const std::unique_ptr<Engine> engine = openForTest(":memory:");
+    std::unique_ptr<PreparedStatement> statement;
+    EXPECT_EQ(engine->prepare("SELECT \"nothing\"", 0, statement).failure, Failure::refused);
+}
+
+}  // namespace
+}  // namespace chengheng
