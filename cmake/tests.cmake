@@ -5,12 +5,13 @@ find_package(Threads REQUIRED)
 
 folder_sources(support_sources tests/support/*.cpp)
 add_library(test_support STATIC ${support_sources})
-target_link_libraries(test_support PUBLIC books_rules GTest::gtest GTest::gmock Threads::Threads)
+target_link_libraries(test_support PUBLIC books_rules GTest::gtest GTest::gmock Threads::Threads
+    PRIVATE SQLite::SQLite3)
 
 foreach(layer rules data)
     folder_sources(sources tests/${layer}/*.cpp tests/${layer}/*/*.cpp)
     add_executable(test_${layer} ${sources})
-    target_link_libraries(test_${layer} PRIVATE test_support chbooks_tool)
+    target_link_libraries(test_${layer} PRIVATE test_support chbooks_tool GTest::gtest_main)
     add_test(NAME ${layer} COMMAND test_${layer})
     set_tests_properties(${layer} PROPERTIES LABELS ${layer})
 endforeach()
