@@ -2,8 +2,6 @@
 
 #include <utility>
 
-CNbCwDB* g_pDB = nullptr;
-const char* g_lpszNbZwDBName = "";
 const char* g_lpszNbZwSetName = "";
 std::int32_t g_lAccountId = 0;
 const char* g_lpArgument = "";

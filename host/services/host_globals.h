@@ -4,8 +4,7 @@
 #include <string>
 
 #include "data/date.h"
-
-class CNbCwDB;
+#include "data/host_database.h"
 
 /// An operator as the host knows them. The order of the first four fields is fixed.
 struct CDivideWInfo {
@@ -24,11 +23,10 @@ struct SystemTime {
     std::uint8_t second = 0;
 };
 
-// What the host tells its modules about the open set of books. A HostSession publishes it;
-// modules only read. Texts are never null: with no session they are empty.
+// What the host tells its modules about the open set of books, beside g_pDB and
+// g_lpszNbZwDBName. A HostSession publishes it; modules only read. Texts are never null: with no
+// session they are empty.
 
-extern CNbCwDB* g_pDB;                         ///< the shared data-access object
-extern const char* g_lpszNbZwDBName;           ///< what every DBSelect is given
 extern const char* g_lpszNbZwSetName;          ///< name of the open set of books
 extern std::int32_t g_lAccountId;              ///< id of the open set of books
 extern const char* g_lpArgument;               ///< launch argument

@@ -1,0 +1,16 @@
+#pragma once
+
+/// Whether the logged-on operator may use a function of the rights list: true for a supervisor
+/// and for whoever holds the right. When it is false the operator has already been told which
+/// right is missing, or why the rights could not be read.
+///
+///   if (!CCheckAuth(41, 1, nullptr)) return;
+class CCheckAuth {
+  public:
+    /// The second and third argument are what callers pass along and mean nothing here.
+    explicit CCheckAuth(int function, int = 1, void* = nullptr);
+    operator bool() const { return m_isGranted; }
+
+  private:
+    bool m_isGranted = false;
+};

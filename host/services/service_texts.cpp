@@ -1,0 +1,23 @@
+#include "host/services/service_texts.h"
+
+#include <fmt/format.h>
+
+namespace chengheng::service_texts {
+
+std::string rightMissing(std::string_view functionName) {
+    return fmt::format("你没有[{}]权限!", functionName);
+}
+
+std::string rightUnknown(int function) {
+    return fmt::format("权限表中没有第{}号功能,不能使用!", function);
+}
+
+std::string rightsUnreadable(std::string_view functionName) {
+    return fmt::format("无法读取你的权限,不能使用[{}]。\n请检查数据库连接后再试。", functionName);
+}
+
+std::string nobodyLoggedOn(std::string_view functionName) {
+    return fmt::format("没有登录操作员,不能使用[{}]!", functionName);
+}
+
+}  // namespace chengheng::service_texts
