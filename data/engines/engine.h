@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/engines/value.h"
 #include "data/locks/lock_service.h"
@@ -52,6 +54,13 @@ struct EngineDialect {
     std::string (*columnDeclaration)(ColumnType type);
 };
 
+/// What an engine tells about itself and the database it holds.
+struct EngineFacts {
+    std::string name;     ///< "SQLite", "PostgreSQL"
+    std::string version;  ///< of the engine or the server
+    std::int64_t bytes = 0;
+};
+
 /// One connection to one database. Statement texts are plain SQL with parameters $1, $2, ...
 /// in the order of their first use, one statement a text.
 class Engine {
@@ -86,6 +95,17 @@ class Engine {
     virtual Status hasTable(std::string_view name, bool& found) = 0;
 
     virtual LockService& locks() = 0;
+
+    virtual Status facts(EngineFacts& facts) = 0;
+    /// Begins a transaction that sees one state of the database from its first select to its
+    /// end, whatever others write, and writes nothing itself. rollback() ends it.
+    virtual Status beginReading() = 0;
+    /// Looks through the whole database for corruption and adds what it finds, in the
+    /// engine's words.
+    virtual Status verify(std::vector<std::string>& faults) = 0;
+    /// Copies the database as it stands, or as the open transaction sees it, into the file of
+    /// a new one that openEngine reads; nothing when the engine has no way of its own.
+    virtual std::optional<Status> copyToFile(const std::string& path) = 0;
 };
 
 }  // namespace chengheng

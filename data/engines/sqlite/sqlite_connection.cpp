@@ -129,6 +129,7 @@ Status openSqliteFile(const std::string& path, OpenMode mode, SqliteConnection& 
 Status openSqliteMemory(SqliteConnection& connection) {
     SqliteConnection opened;
     Status status = openConnection(":memory:", 0, opened);
+    if (status) status = writeMark(opened.get());  // a copy in a file must be known as ours
     if (status) status = runScript(opened.get(), settings);
     if (status) connection = std::move(opened);
     return status;

@@ -6,6 +6,7 @@
 #include "data/engines/sqlite/sqlite_connection.h"
 #include "data/engines/sqlite/sqlite_failure.h"
 #include "data/engines/sqlite/sqlite_statement.h"
+#include "data/engines/sqlite/sqlite_upkeep.h"
 #include "data/locks/memory_locks.h"
 
 namespace chengheng {
@@ -59,9 +60,19 @@ class SqliteEngine final : public Engine {
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return *m_locks; }
 
+    Status facts(EngineFacts& facts) override { return readSqliteFacts(m_connection.get(), facts); }
+    Status beginReading() override;
+    Status verify(std::vector<std::string>& faults) override {
+        return verifySqlite(m_connection.get(), faults);
+    }
+    std::optional<Status> copyToFile(const std::string& path) override {
+        return copySqliteToFile(m_connection.get(), path);
+    }
+
   private:
     Status run(const std::string& sql);
     Status runAll(std::span<const Command> commands);
+    Status beginWith(const char* sql);
     Status atDepth(const char* verb, int depth);
     Status checkTransaction() const;
     Status remember(Status status);
@@ -134,13 +145,21 @@ Status SqliteEngine::script(std::string_view sql) {
     return remember(run(std::string(sql)));
 }
 
-Status SqliteEngine::begin() {
+Status SqliteEngine::beginWith(const char* sql) {
     if (m_isInTransaction) return Status::of(Failure::refused, "a transaction is open already");
-    const Status begun = run("BEGIN IMMEDIATE");
+    Status begun = run(sql);
     m_isInTransaction = begun.isDone();
     m_transactionLoss = Status::done();
+    if (!begun) {
+        if (Status undone = rollback(); !undone) begun.detail += "; " + undone.detail;
+    }
     return begun;
 }
+
+Status SqliteEngine::begin() { return beginWith("BEGIN IMMEDIATE"); }
+
+// A transaction of SQLite sees the database as it stands at its first read, so one is made.
+Status SqliteEngine::beginReading() { return beginWith("BEGIN; SELECT 1 FROM sqlite_schema"); }
 
 Status SqliteEngine::commit() {
     if (!m_isInTransaction) return Status::of(Failure::refused, "no transaction is open");

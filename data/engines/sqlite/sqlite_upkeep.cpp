@@ -1,0 +1,76 @@
+#include "data/engines/sqlite/sqlite_upkeep.h"
+
+#include <filesystem>
+
+#include "data/engines/sqlite/sqlite_connection.h"
+#include "data/engines/sqlite/sqlite_failure.h"
+
+namespace chengheng {
+namespace {
+
+struct FinishBackup {
+    void operator()(sqlite3_backup* backup) const { sqlite3_backup_finish(backup); }
+};
+
+/// Hands the first cell of each row of a statement to `take`.
+template <class Take>
+Status readCells(sqlite3* connection, const char* sql, Take take) {
+    const auto forward = [](void* into, int, char** cells, char**) {
+        (*static_cast<Take*>(into))(cells[0] == nullptr ? "" : cells[0]);
+        return 0;
+    };
+    return sqliteStatus(sqlite3_exec(connection, sql, forward, &take, nullptr), connection);
+}
+
+Status copyPages(sqlite3* from, sqlite3* to) {
+    std::unique_ptr<sqlite3_backup, FinishBackup> backup(
+        sqlite3_backup_init(to, "main", from, "main"));
+    if (backup == nullptr) return sqliteFailure(sqlite3_errcode(to), to);
+    const int stepped = sqlite3_backup_step(backup.get(), -1);
+    const int finished = sqlite3_backup_finish(backup.release());
+    if (stepped == SQLITE_DONE && finished == SQLITE_OK) return Status::done();
+    return sqliteFailure(stepped == SQLITE_DONE ? finished : stepped, to);
+}
+
+void removeDatabase(const std::string& path) {
+    std::error_code ignored;  // the failure told is the one that came first
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
+        std::filesystem::remove(path + suffix, ignored);
+}
+
+}  // namespace
+
+Status readSqliteFacts(sqlite3* connection, EngineFacts& facts) {
+    facts = {"SQLite", sqlite3_libversion(), 0};
+    std::int64_t pages = 0;
+    std::int64_t pageSize = 0;
+    const auto number = [](std::int64_t& into) {
+        return [&into](const char* text) { into = std::strtoll(text, nullptr, 10); };
+    };
+    Status status = readCells(connection, "PRAGMA page_count", number(pages));
+    if (status) status = readCells(connection, "PRAGMA page_size", number(pageSize));
+    facts.bytes = pages * pageSize;
+    return status;
+}
+
+Status verifySqlite(sqlite3* connection, std::vector<std::string>& faults) {
+    Status status = readCells(connection, "PRAGMA integrity_check", [&faults](const char* text) {
+        if (std::string_view(text) != "ok") faults.emplace_back(text);
+    });
+    // Where the corruption is such that the check itself cannot go on, it is the finding.
+    if (status.failure != Failure::damaged) return status;
+    faults.push_back(status.detail);
+    return Status::done();
+}
+
+Status copySqliteToFile(sqlite3* connection, const std::string& path) {
+    SqliteConnection copy;
+    Status status = openSqliteFile(path, OpenMode::create, copy);
+    if (!status) return status;
+    status = copyPages(connection, copy.get());
+    copy.reset();
+    if (!status) removeDatabase(path);
+    return status;
+}
+
+}  // namespace chengheng
