@@ -30,5 +30,6 @@ list(REMOVE_ITEM tool_sources ${CMAKE_SOURCE_DIR}/host/tool/main.cpp)
 add_library(chbooks_tool STATIC ${tool_sources})
 target_link_libraries(chbooks_tool
     PUBLIC books_rules PRIVATE CLI11::CLI11 nlohmann_json::nlohmann_json)
+target_compile_definitions(chbooks_tool PRIVATE CHENGHENG_VERSION="${PROJECT_VERSION}")
 add_executable(chbooks host/tool/main.cpp)
 target_link_libraries(chbooks PRIVATE chbooks_tool)
