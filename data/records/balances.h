@@ -16,15 +16,15 @@ struct _AccSumInfo {
     std::int32_t lId = 0;
     std::int32_t lCodeId = 0;   ///< account
     std::uint8_t byPeroid = 0;  ///< period 1 to 12 (sic)
-    double mBegin = 0;
-    double mDebet = 0;
-    double mCredit = 0;
-    double dAmtBegin = 0;
-    double dAmtDebet = 0;
-    double dAmtCredit = 0;
-    double mFgnBegin = 0;
-    double mFgnDebet = 0;
-    double mFgnCredit = 0;
+    double mBegin = 0;          ///< money: opening
+    double mDebet = 0;          ///< money: debit (sic)
+    double mCredit = 0;         ///< money: credit
+    double dAmtBegin = 0;       ///< quantity: opening
+    double dAmtDebet = 0;       ///< quantity: debit (sic)
+    double dAmtCredit = 0;      ///< quantity: credit
+    double mFgnBegin = 0;       ///< foreign currency: opening
+    double mFgnDebet = 0;       ///< foreign currency: debit (sic)
+    double mFgnCredit = 0;      ///< foreign currency: credit
 
     bool operator==(const _AccSumInfo&) const = default;
 };
@@ -32,22 +32,22 @@ struct _AccSumInfo {
 /// Sums of one account, one combination of dimensions and one period. A dimension not used is 0.
 struct _AssAccInfo {
     std::int32_t lId = 0;
-    std::uint8_t byPeroid = 0;              ///< (sic)
+    std::uint8_t byPeroid = 0;              ///< period 1 to 12 (sic)
     std::int32_t lCodeId = 0;               ///< account
     std::int32_t lItemId = 0;               ///< project item
     std::int32_t lDeptId = 0;               ///< department
     std::optional<std::int32_t> lPersonId;  ///< person, may be unknown
     std::int32_t lEnterId = 0;              ///< unit
     std::string sItemId;                    ///< project class of the item
-    double mBegin = 0;
-    double mDebt = 0;
-    double mCredit = 0;
-    double dBegin = 0;
-    double dDebt = 0;
-    double dCredit = 0;
-    double mFBegin = 0;
-    double mFDebt = 0;
-    double mFCredit = 0;
+    double mBegin = 0;                      ///< money: opening
+    double mDebt = 0;                       ///< money: debit (sic)
+    double mCredit = 0;                     ///< money: credit
+    double dBegin = 0;                      ///< quantity: opening
+    double dDebt = 0;                       ///< quantity: debit (sic)
+    double dCredit = 0;                     ///< quantity: credit
+    double mFBegin = 0;                     ///< foreign currency: opening
+    double mFDebt = 0;                      ///< foreign currency: debit (sic)
+    double mFCredit = 0;                    ///< foreign currency: credit
 
     bool operator==(const _AssAccInfo&) const = default;
 };

@@ -1,0 +1,13 @@
+# Every bench/*_bench.cpp is a program of its own; it prints its lines of bench/run.
+
+folder_sources(bench_programs bench/*_bench.cpp)
+folder_sources(bench_support bench/*.cpp)
+list(REMOVE_ITEM bench_support ${bench_programs})
+
+foreach(program ${bench_programs})
+    get_filename_component(name ${program} NAME_WE)
+    add_executable(${name} ${program} ${bench_support})
+    target_link_libraries(${name} PRIVATE books_rules SQLite::SQLite3 PostgreSQL::PostgreSQL)
+    set_target_properties(${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/programs)
+endforeach()
