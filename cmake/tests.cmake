@@ -10,6 +10,13 @@ target_link_libraries(test_support PUBLIC books_rules GTest::gtest GTest::gmock 
 set_source_files_properties(tests/rules/schema_page_test.cpp PROPERTIES
     COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 
+# The other workstation of tests with several processes.
+add_executable(test_workstation tests/workstation/main.cpp)
+target_link_libraries(test_workstation PRIVATE books_data)
+target_compile_definitions(test_support
+    PRIVATE CHENGHENG_TEST_WORKSTATION="$<TARGET_FILE:test_workstation>")
+add_dependencies(test_support test_workstation)
+
 foreach(layer rules data)
     folder_sources(sources tests/${layer}/*.cpp tests/${layer}/*/*.cpp)
     add_executable(test_${layer} ${sources})

@@ -7,6 +7,7 @@
 #include "data/engines/sqlite/sqlite_failure.h"
 #include "data/engines/sqlite/sqlite_statement.h"
 #include "data/engines/sqlite/sqlite_upkeep.h"
+#include "data/locks/file_locks.h"
 #include "data/locks/memory_locks.h"
 
 namespace chengheng {
@@ -219,7 +220,9 @@ Status openSqliteEngine(std::string_view location, OpenMode mode, std::unique_pt
     if (location.empty()) return Status::of(Failure::missing, "no file is named");
     const std::string path = std::filesystem::absolute(location).string();
     if (Status opened = openSqliteFile(path, mode, connection); !opened) return opened;
-    engine = std::make_unique<SqliteEngine>(std::move(connection), std::make_unique<MemoryLocks>());
+    // By the file's own name, whatever links led to it: everybody meets at one place.
+    auto locks = std::make_unique<FileLocks>(sqlite3_db_filename(connection.get(), "main"));
+    engine = std::make_unique<SqliteEngine>(std::move(connection), std::move(locks));
     return Status::done();
 }
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace chengheng {
+
+/// The name of this machine, as other workstations are shown it.
+std::string stationName();
+
+std::int64_t processNumber();
+
+}  // namespace chengheng
