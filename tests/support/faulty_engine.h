@@ -1,0 +1,62 @@
+#pragma once
+
+#include <memory>
+
+#include "data/engines/engine.h"
+
+namespace chengheng {
+
+/// A real engine whose n-th call fails.
+///
+/// Every call that reaches the database is one: prepare, execute, open, script, begin, commit,
+/// the savepoints, hasTable, ensureConnected, and the first step of a cursor. A call that
+/// fails does nothing; a commit that fails has rolled back. Rollbacks are not counted: they
+/// are how the failure of the others is answered. After `lost`, the transaction is gone and
+/// every call fails until ensureConnected, as with a server that went away; locks stay.
+class FaultyEngine final : public Engine {
+  public:
+    explicit FaultyEngine(std::unique_ptr<Engine> engine) : m_engine(std::move(engine)) {}
+
+    /// The n-th call from now on, counted from 1, fails; 0 lets all go well.
+    void failCall(int number, Failure failure = Failure::full);
+    /// Calls since the last failCall.
+    int calls() const { return m_calls; }
+    /// Whether the call that was to fail was reached.
+    bool hasFailed() const { return m_failAt > 0 && m_calls >= m_failAt; }
+    Engine& real() { return *m_engine; }
+
+    /// Counts a call that is about to be made; not done when it is the one to fail.
+    Status enter();
+
+    const EngineDialect& dialect() const override { return m_engine->dialect(); }
+    Status prepare(std::string_view sql, int parameters,
+                   std::unique_ptr<PreparedStatement>& statement) override;
+    Status execute(std::span<const Command> commands, std::int64_t* changed) override;
+    Status open(const Command& command, std::unique_ptr<Cursor>& cursor) override;
+    Status script(std::string_view sql) override;
+    Status begin() override;
+    Status commit() override;
+    Status rollback() override;
+    Status savepoint(int depth) override;
+    Status releaseSavepoint(int depth) override;
+    Status rollbackToSavepoint(int depth) override;
+    bool inTransaction() const override { return m_engine->inTransaction(); }
+    Status ensureConnected() override;
+    Status hasTable(std::string_view name, bool& found) override;
+    LockService& locks() override { return m_engine->locks(); }
+    Status facts(EngineFacts& facts) override { return m_engine->facts(facts); }
+    Status beginReading() override;
+    Status verify(std::vector<std::string>& faults) override { return m_engine->verify(faults); }
+    std::optional<Status> copyToFile(const std::string& path) override {
+        return m_engine->copyToFile(path);
+    }
+
+  private:
+    std::unique_ptr<Engine> m_engine;
+    Failure m_failure = Failure::none;
+    int m_failAt = 0;
+    int m_calls = 0;
+    bool m_isLost = false;
+};
+
+}  // namespace chengheng
