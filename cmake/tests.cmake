@@ -26,10 +26,18 @@ foreach(layer rules data)
 endforeach()
 
 # The house's own checks. A sanitizer build would only repeat them.
+function(script_test name)
+    add_test(NAME ${name} COMMAND ${ARGN})
+    set_tests_properties(${name} PROPERTIES LABELS script)
+endfunction()
+
 if(NOT CHENGHENG_SANITIZE)
-    add_test(NAME tidy COMMAND ${CMAKE_SOURCE_DIR}/tools/tidy
-        --compiled ${CMAKE_BINARY_DIR}/compile_commands.json)
-    add_test(NAME tidy_samples COMMAND ${CMAKE_SOURCE_DIR}/tools/tidy --self-test)
-    add_test(NAME run_tests COMMAND ${CMAKE_SOURCE_DIR}/tools/test_run_tests)
-    set_tests_properties(tidy tidy_samples run_tests PROPERTIES LABELS script)
+    set(tools ${CMAKE_SOURCE_DIR}/tools)
+    script_test(tidy ${tools}/tidy --compiled ${CMAKE_BINARY_DIR}/compile_commands.json)
+    script_test(tidy_samples ${tools}/tidy --self-test)
+    script_test(run_tests ${tools}/test_run_tests)
+    if(TARGET nbcwsetting)
+        script_test(exports
+            ${tools}/check_exports $<TARGET_FILE:nbcwsetting> CNbCwSettingDlg CNbCwBursarDlg)
+    endif()
 endif()
