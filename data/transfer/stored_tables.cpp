@@ -1,0 +1,56 @@
+#include "data/transfer/stored_tables.h"
+
+namespace chengheng {
+namespace {
+
+// Says who is at work just now; it belongs to no copy.
+constexpr std::string_view sessionTable = "LoginInfoTbl";
+
+constexpr std::string_view classCodesSql = "SELECT sClsCode FROM ProjClass ORDER BY sClsCode, lId";
+
+Status projectItemTables(Engine& engine, std::vector<TableInfo>& tables) {
+    std::vector<TableInfo> named;
+    Status status = forEachRow(engine, classCodesSql, {}, [&named](const Cursor& row) {
+        TableInfo table = projectItemTable(row.text(0));
+        if (!table.name.empty()) named.push_back(std::move(table));
+        return Status::done();
+    });
+    for (TableInfo& table : named) {
+        bool isThere = false;
+        if (status) status = engine.hasTable(table.name, isThere);
+        if (status && isThere) tables.push_back(std::move(table));
+    }
+    return status;
+}
+
+}  // namespace
+
+Status forEachRow(Engine& engine, std::string_view sql, std::span<const Value> values,
+                  const std::function<Status(const Cursor&)>& receive) {
+    std::unique_ptr<PreparedStatement> statement;
+    Status status = engine.prepare(sql, static_cast<int>(values.size()), statement);
+    std::unique_ptr<Cursor> cursor;
+    if (status) status = engine.open({statement.get(), values}, cursor);
+    while (status) {
+        const Cursor::Step step = cursor->next();
+        if (step == Cursor::Step::end) break;
+        status = step == Cursor::Step::failed ? cursor->status() : receive(*cursor);
+    }
+    return status;
+}
+
+std::string columnNames(const TableInfo& table) {
+    std::string names;
+    for (const ColumnInfo& column : table.columns)
+        names += (names.empty() ? "" : ", ") + column.name;
+    return names;
+}
+
+Status storedTables(Engine& engine, std::vector<TableInfo>& tables) {
+    tables.clear();
+    for (const TableInfo& table : allTables())
+        if (table.name != sessionTable) tables.push_back(table);
+    return projectItemTables(engine, tables);
+}
+
+}  // namespace chengheng

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "data/engines/engine.h"
+#include "data/schema/schema.h"
+
+namespace chengheng {
+
+/// Prepares and runs one select and hands its rows over one by one; the first failure of the
+/// receiver ends the reading and is the outcome.
+Status forEachRow(Engine& engine, std::string_view sql, std::span<const Value> values,
+                  const std::function<Status(const Cursor&)>& receive);
+
+/// "lId, sCode, ..." of a table.
+std::string columnNames(const TableInfo& table);
+
+/// The tables that make up the content of a set of books: all tables but that of who is
+/// logged on, and the item tables of its project classes.
+Status storedTables(Engine& engine, std::vector<TableInfo>& tables);
+
+}  // namespace chengheng
