@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+
+// What the integrity checks ask a set of books.
+
+namespace chengheng::integrity_sql {
+
+inline constexpr const char* parameters = "SELECT sCodeLen FROM zAccountM ORDER BY lId";
+
+inline constexpr const char* accounts =
+    "SELECT lId, sCode, sName, sType, byGrade, bEnd, sAssBook, sHelp FROM Code WHERE lId > 0 "
+    "ORDER BY sCode, lId";
+
+inline constexpr const char* idCounters =
+    "SELECT sTable, lLastId FROM ABIdTable ORDER BY sTable, lLastId";
+
+/// The highest id of a table; 0 when it is empty.
+std::string highestId(const std::string& table);
+
+/// The ids that two tables have in common.
+std::string commonIds(const std::string& one, const std::string& other);
+
+/// A column that names a row of another table.
+struct Reference {
+    const char* table;
+    const char* column;
+    const char* target;
+    const char* targetColumn;
+    /// What the column holds where it names nothing; null where it must always name a row.
+    const char* none;
+    /// Which rows of the target may be named.
+    const char* targetCondition = "1 = 1";
+};
+
+/// The values of the column that name no row, each with the number of rows that hold it.
+std::string danglingValues(const Reference& reference);
+
+/// The project items named by the rows of a table: class code and item id, each pair once.
+std::string namedProjectItems(const std::string& table);
+inline constexpr const char* projectClasses =
+    "SELECT sClsCode, sClsName FROM ProjClass ORDER BY sClsCode, lId";
+/// Whether an item table holds the id $1.
+std::string hasItem(const std::string& itemTable);
+
+inline constexpr const char* operators =
+    "SELECT u.lId, u.lUserId, u.sUserName, (SELECT count(*) FROM UserAuth a WHERE a.lUserId = "
+    "u.lUserId) FROM Users u ORDER BY u.lId";
+inline constexpr const char* operatorNames =
+    "SELECT sUserName, count(*) FROM Users GROUP BY sUserName HAVING count(*) > 1 ORDER BY "
+    "sUserName";
+inline constexpr const char* strayRights =
+    "SELECT a.lId, a.lUserId FROM UserAuth a WHERE NOT EXISTS (SELECT 1 FROM Users u WHERE "
+    "u.lUserId = a.lUserId) ORDER BY a.lId";
+
+inline constexpr const char* periods =
+    "SELECT lCodeId, byPeroid FROM AccSum ORDER BY lCodeId, byPeroid";
+
+/// Account, period and nine figures, from the account sums or the auxiliary ones.
+inline constexpr const char* accountFigures =
+    "SELECT lCodeId, byPeroid, sum(mBegin), sum(mDebet), sum(mCredit), sum(dAmtBegin), "
+    "sum(dAmtDebet), sum(dAmtCredit), sum(mFgnBegin), sum(mFgnDebet), sum(mFgnCredit) "
+    "FROM AccSum GROUP BY lCodeId, byPeroid ORDER BY lCodeId, byPeroid";
+inline constexpr const char* auxiliaryFigures =
+    "SELECT lCodeId, byPeroid, sum(mBegin), sum(mDebt), sum(mCredit), sum(dBegin), sum(dDebt), "
+    "sum(dCredit), sum(mFBegin), sum(mFDebt), sum(mFCredit) "
+    "FROM AssAcc GROUP BY lCodeId, byPeroid ORDER BY lCodeId, byPeroid";
+
+inline constexpr const char* currencies = "SELECT lId, sExchCode FROM Cyrency ORDER BY lId";
+inline constexpr const char* fixedRates =
+    "SELECT dtDate, byPeroid FROM ExchgFix WHERE byExchId = $1 ORDER BY dtDate, lId";
+inline constexpr const char* floatingRates =
+    "SELECT dtDate, byPeroid FROM ExchgFlt WHERE byExchId = $1 ORDER BY dtDate, lId";
+
+}  // namespace chengheng::integrity_sql

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace chengheng {
+
+struct CheckedAccount;
+namespace integrity_sql {
+struct Reference;
+}
+
+/// What the integrity checks say.
+namespace integrity_texts {
+
+inline constexpr const char* engineTitle = "数据库文件";
+inline constexpr const char* parametersTitle = "帐套参数";
+inline constexpr const char* idCountersTitle = "编号计数";
+inline constexpr const char* sharedIdsTitle = "凭证编号";
+inline constexpr const char* uniqueCodesTitle = "科目编码唯一";
+inline constexpr const char* codePatternTitle = "科目编码与级长";
+inline constexpr const char* gradesTitle = "科目级次";
+inline constexpr const char* parentsTitle = "上级科目";
+inline constexpr const char* endAccountsTitle = "末级科目";
+inline constexpr const char* uniqueMnemonicsTitle = "助记码唯一";
+inline constexpr const char* referencesTitle = "数据引用";
+inline constexpr const char* projectItemsTitle = "项目引用";
+inline constexpr const char* operatorsTitle = "操作员与权限";
+inline constexpr const char* periodSumsTitle = "科目总帐期间";
+inline constexpr const char* auxiliarySumsTitle = "辅助总帐与科目总帐";
+inline constexpr const char* fixedRatesTitle = "固定汇率";
+inline constexpr const char* floatingRatesTitle = "浮动汇率";
+
+std::string engineFault(std::string_view detail);
+std::string parameterRows(int rows);
+std::string wrongPattern(std::string_view pattern);
+
+std::string counterMissing(std::string_view row);
+std::string counterTwice(std::string_view row, int times);
+std::string counterBehind(std::string_view row, std::int64_t counter, std::string_view table,
+                          std::int64_t highest);
+std::string idInBoth(std::string_view one, std::string_view other, std::int64_t id);
+
+std::string codeTwice(const CheckedAccount& account, int times);
+std::string codeUnfit(const CheckedAccount& account, std::string_view pattern);
+std::string wrongGrade(const CheckedAccount& account, int grade);
+std::string parentMissing(const CheckedAccount& account, std::string_view parent);
+std::string endWithChildren(const CheckedAccount& account);
+std::string noEndWithoutChildren(const CheckedAccount& account);
+std::string mnemonicTwice(const CheckedAccount& account, const CheckedAccount& earlier);
+
+std::string dangling(const integrity_sql::Reference& reference, std::string_view value,
+                     std::int64_t rows);
+std::string itemTableMissing(std::string_view classCode, std::string_view className);
+std::string itemMissing(std::string_view table, std::string_view classCode, std::int64_t item);
+
+std::string operatorIds(std::string_view name, std::int64_t id, std::int64_t userId);
+std::string operatorTwice(std::string_view name, std::int64_t times);
+std::string operatorRights(std::string_view name, std::int64_t rows);
+std::string strayRights(std::int64_t id, std::int64_t userId);
+
+std::string wrongPeriods(const CheckedAccount& account, std::string_view periods);
+std::string sumsDiffer(const CheckedAccount& account, int period, std::string_view figure,
+                       std::string_view accountSum, std::string_view auxiliarySum);
+
+std::string noRates(std::string_view kind, std::string_view currency);
+std::string ratesMissing(std::string_view kind, std::string_view currency, int year, int count,
+                         std::string_view firstDate);
+std::string rateWrong(std::string_view kind, std::string_view currency, std::string_view date,
+                      std::int64_t period);
+
+}  // namespace integrity_texts
+}  // namespace chengheng

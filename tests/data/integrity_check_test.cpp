@@ -1,0 +1,277 @@
+#include "host/books/integrity_check.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "data/schema/schema.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/small_books.h"
+
+namespace chengheng {
+
+void PrintTo(const IntegrityFault& fault, std::ostream* stream) {
+    *stream << fault.check << ": " << fault.text;
+}
+
+}  // namespace chengheng
+
+namespace {
+
+using chengheng::checkIntegrity;
+using chengheng::Engine;
+using chengheng::EngineCase;
+using chengheng::fillSmallBooks;
+using chengheng::freshLocation;
+using chengheng::IntegrityFault;
+using chengheng::openForTest;
+using chengheng::runScript;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::vector<IntegrityFault> faultsIn(Engine& engine) {
+    std::vector<IntegrityFault> faults;
+    const auto status = checkIntegrity(engine, faults);
+    EXPECT_TRUE(status.isDone()) << status.detail;
+    return faults;
+}
+
+auto faultOf(const char* check, const char* text) {
+    return testing::AllOf(testing::Field(&IntegrityFault::check, check),
+                          testing::Field(&IntegrityFault::text, HasSubstr(text)));
+}
+
+/// One damage and the one fault it must give.
+struct Damage {
+    const char* name;
+    const char* sql;
+    const char* check;
+    const char* text;
+};
+
+void PrintTo(const Damage& damage, std::ostream* stream) { *stream << damage.name; }
+
+constexpr Damage damages[] = {
+    {"ParametersGone", "DELETE FROM zAccountM", "parameters", "实有 0 行"},
+    {"ParametersTwice", "INSERT INTO zAccountM (lId, sCodeLen) VALUES (2, '4222')", "parameters",
+     "实有 2 行"},
+    {"PatternOfSevenLevels", "UPDATE zAccountM SET sCodeLen = '4222222'", "parameters",
+     "“4222222”"},
+    {"CounterGone", "DELETE FROM ABIdTable WHERE sTable = 'Settle'", "idCounters", "“Settle”"},
+    {"CounterTwice", "INSERT INTO ABIdTable (sTable, lLastId) VALUES ('Settle', 400)", "idCounters",
+     "“Settle”有 2 行"},
+    {"CounterBehind", "UPDATE ABIdTable SET lLastId = 35 WHERE sTable = 'AccSum'", "idCounters",
+     "“AccSum”记到 35,而 AccSum 中已有编号 36"},
+    {"PostedCounterBehindUnposted", "UPDATE ABIdTable SET lLastId = 1 WHERE sTable = 'RegMain'",
+     "idCounters", "“RegMain”记到 1,而 UnregMain 中已有编号 2"},
+    {"UnpostedCounterBehindLines", "UPDATE ABIdTable SET lLastId = 1 WHERE sTable = 'UnRegSub'",
+     "idCounters", "“UnRegSub”记到 1,而 UnregSub 中已有编号 2"},
+    {"HeaderIdInBothTables", "INSERT INTO UnregMain (lId) VALUES (1)", "sharedIds",
+     "编号 1 在 RegMain 和 UnregMain"},
+    {"LineIdInBothTables", "INSERT INTO RegSub (lId, lTieId, lCodeId) VALUES (2, 1, 1)",
+     "sharedIds", "编号 2 在 RegSub 和 UnregSub"},
+    {"CodeTwice",
+     "INSERT INTO Code (lId, sCode, sType, byGrade, bEnd) VALUES (9, '1001', '资产', 1, 1)",
+     "uniqueCodes", "1001 库存现金"},
+    {"CodeOfWrongLength",
+     "INSERT INTO Code (lId, sCode, sType, byGrade, bEnd) VALUES (9, '10030', '资产', 1, 1)",
+     "codePattern", "科目级长 4222"},
+    {"GradeTooHigh", "UPDATE Code SET byGrade = 3 WHERE lId = 3", "grades",
+     "级次记为 3,按编码应为 2"},
+    {"ParentMissing",
+     "INSERT INTO Code (lId, sCode, sType, byGrade, bEnd) VALUES (9, '300101', '资产', 2, 1)",
+     "parents", "没有上级科目 3001"},
+    {"EndAccountWithChildren", "UPDATE Code SET bEnd = 1 WHERE lId = 3", "endAccounts",
+     "100201 工商银行(编号 3):记为末级科目"},
+    {"NoEndAccountWithoutChildren", "UPDATE Code SET bEnd = 0 WHERE lId = 1", "endAccounts",
+     "未记为末级科目"},
+    {"MnemonicTwice", "UPDATE Code SET sHelp = 'KCXJ' WHERE lId = 6", "uniqueMnemonics",
+     "“KCXJ”与科目 1001 相同"},
+    {"ItemTableGone", "DROP TABLE ProjItems01", "projectItems", "ProjItems01"},
+    {"ItemOfSumsGone", "UPDATE AssAcc SET sItemId = '01', lItemId = 8", "projectItems",
+     "AssAcc 用到项目大类“01”的项目编号 8"},
+    {"ItemOfLineGone", "UPDATE RegSub SET sItemId = '01', lItemId = 9", "projectItems",
+     "RegSub 用到项目大类“01”的项目编号 9"},
+    {"ItemWithoutClass", "UPDATE UnregSub SET lItemId = 1", "projectItems",
+     "UnregSub 用到项目大类“”的项目编号 1"},
+    {"OperatorWithoutRights", "DELETE FROM UserAuth", "operators", "张三:UserAuth 中应有 1 行"},
+    {"OperatorWithRightsTwice", "INSERT INTO UserAuth (lId, lUserId) VALUES (2, 1)", "operators",
+     "实有 2 行"},
+    {"RightsWithoutOperator", "INSERT INTO UserAuth (lId, lUserId) VALUES (2, 7)", "operators",
+     "操作员 7 不存在"},
+    {"OperatorTwice",
+     "INSERT INTO Users (lId, lUserId, sUserName) VALUES (2, 2, '张三');"
+     "INSERT INTO UserAuth (lId, lUserId) VALUES (2, 2)",
+     "operators", "“张三”出现 2 次"},
+    {"OperatorIdsApart", "UPDATE Users SET lUserId = 5; UPDATE UserAuth SET lUserId = 5",
+     "operators", "lId 为 1,lUserId 为 5"},
+    {"PeriodMissing", "DELETE FROM AccSum WHERE lCodeId = 1 AND byPeroid = 7", "periodSums",
+     "1, 2, 3, 4, 5, 6, 8, 9, 10, 11, 12"},
+    {"PeriodTwice", "INSERT INTO AccSum (lId, lCodeId, byPeroid) VALUES (99, 1, 3)", "periodSums",
+     "2, 3, 3, 4"},
+    {"PeriodReplaced", "UPDATE AccSum SET byPeroid = 13 WHERE lCodeId = 1 AND byPeroid = 12",
+     "periodSums", "11, 13"},
+    {"AuxiliaryMoneyDiffers", "UPDATE AssAcc SET mBegin = 100.11 WHERE byPeroid = 4",
+     "auxiliarySums",
+     "1122 应收账款(编号 5):第 4 期期初金额,科目总帐为 100.10,辅助总帐合计为 100.11"},
+    {"AuxiliaryQuantityDiffers", "UPDATE AssAcc SET dCredit = 0.00002 WHERE byPeroid = 1",
+     "auxiliarySums", "第 1 期贷方数量,科目总帐为 0.00000,辅助总帐合计为 0.00002"},
+    {"AuxiliaryForeignDiffers", "UPDATE AccSum SET mFgnDebet = 1 WHERE lId = 24", "auxiliarySums",
+     "第 12 期借方外币,科目总帐为 1.00,辅助总帐合计为 0.00"},
+    {"FixedRateMissing", "DELETE FROM ExchgFix WHERE byPeroid = 5", "fixedRates",
+     "2026 年固定汇率缺 1 行,最早缺 2026-05-01"},
+    {"FixedRateTwice",
+     "INSERT INTO ExchgFix (lId, byExchId, dtDate, byPeroid) VALUES (20, 1, '2026-01-01', 1)",
+     "fixedRates", "日期 2026-01-01"},
+    {"FixedRateInsideAMonth",
+     "INSERT INTO ExchgFix (lId, byExchId, dtDate, byPeroid) VALUES (20, 1, '2026-01-02', 1)",
+     "fixedRates", "日期 2026-01-02"},
+    {"FixedRatesGone", "DELETE FROM ExchgFix", "fixedRates", "外币 USD 没有固定汇率"},
+    {"FloatingRatesMissing", "DELETE FROM ExchgFlt WHERE byPeroid = 2", "floatingRates",
+     "2026 年浮动汇率缺 28 行,最早缺 2026-02-01"},
+    {"FloatingRateOfWrongMonth",
+     "INSERT INTO ExchgFlt (lId, byExchId, dtDate, byPeroid) VALUES (399, 1, '2026-03-05', 4)",
+     "floatingRates", "月份 4"},
+    {"FloatingRatesGone", "DELETE FROM ExchgFlt", "floatingRates", "外币 USD 没有浮动汇率"},
+};
+
+class IntegrityDamage : public testing::TestWithParam<Damage> {};
+
+TEST_P(IntegrityDamage, GivesItsFaultAndNoOther) {
+    const auto engine = openForTest(":memory:");
+    fillSmallBooks(*engine);
+    runScript(*engine, GetParam().sql);
+    EXPECT_THAT(faultsIn(*engine), ElementsAre(faultOf(GetParam().check, GetParam().text)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, IntegrityDamage, testing::ValuesIn(damages),
+                         [](const auto& damage) { return damage.param.name; });
+
+/// Columns that must name a row of another table.
+constexpr const char* referringColumns[] = {
+    "Code.sType",         "Code.byExchId",     "AccSum.lCodeId",       "AssAcc.lCodeId",
+    "AssAcc.lDeptId",     "AssAcc.lPersonId",  "AssAcc.lEnterId",      "AssAcc.sItemId",
+    "Sign.sCode1",        "Sign.sCode2",       "ExchgFix.byExchId",    "ExchgFlt.byExchId",
+    "Person.lDeptId",     "Enter.lClassId",    "ProjCodes.lCodeId",    "ProjCodes.sItemId",
+    "RegMain.sSign",      "RegSub.lTieId",     "RegSub.lCodeId",       "RegSub.lDeptId",
+    "RegSub.lPersonId",   "RegSub.lEnterId",   "RegSub.sItemId",       "RegSub.sStlId",
+    "UnregMain.sSign",    "UnregSub.lTieId",   "UnregSub.lCodeId",     "UnregSub.lDeptId",
+    "UnregSub.lPersonId", "UnregSub.lEnterId", "UnregSub.sItemId",     "UnregSub.sStlId",
+    "AutoMain.sSign",     "AutoSub.lTieId",    "AutoSub.lCodeId",      "FreqSub.lCodeId",
+    "_Digest.lCodeId",    "RecpBank.lCodeId",  "RecpBank.sNoteMethod", "RecpEnter.lCodeId",
+    "RecpEnter.lEnterId", "ZWPrintSub.lTieId",
+};
+
+/// A row of the table whose column names nothing that exists.
+std::string strayRow(const std::string& table, const std::string& column) {
+    const auto& columns = chengheng::findTable(table)->columns;
+    const auto found =
+        std::ranges::find(columns, column, [](const auto& each) { return each.name; });
+    const bool isText = found->type == chengheng::ColumnType::text;
+    return "INSERT INTO " + table + " (lId, " + column + ") VALUES (399, " +
+           (isText ? "'nix'" : "199") + ")";
+}
+
+class Integrity : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_location = freshLocation(GetParam());
+        m_engine = openForTest(m_location);
+        fillSmallBooks(*m_engine);
+    }
+
+    std::string m_location;
+    std::unique_ptr<Engine> m_engine;
+};
+
+TEST_P(Integrity, SoundBooksHaveNoFaults) { EXPECT_THAT(faultsIn(*m_engine), IsEmpty()); }
+
+TEST_P(Integrity, CheckLeavesNoTransactionOpen) {
+    faultsIn(*m_engine);
+    EXPECT_FALSE(m_engine->inTransaction());
+}
+
+TEST_P(Integrity, EveryReferenceToNothingIsNamed) {
+    for (const std::string name : referringColumns) {
+        const std::string table = name.substr(0, name.find('.'));
+        runScript(*m_engine, strayRow(table, name.substr(name.find('.') + 1)));
+        const std::string text = name + " 有 1 行";
+        EXPECT_THAT(faultsIn(*m_engine), testing::Contains(faultOf("references", text.c_str())));
+        runScript(*m_engine, "DELETE FROM " + table + " WHERE lId = 399");
+    }
+    EXPECT_THAT(faultsIn(*m_engine), IsEmpty());
+}
+
+TEST_P(Integrity, EveryDamageOfTheCatalogueIsFoundHereToo) {
+    for (const Damage& damage : damages) {
+        const auto engine = openForTest(freshLocation(GetParam()));
+        fillSmallBooks(*engine);
+        runScript(*engine, damage.sql);
+        EXPECT_THAT(faultsIn(*engine), ElementsAre(faultOf(damage.check, damage.text)))
+            << damage.name;
+    }
+}
+
+TEST_P(Integrity, RestrictionAccountMustBeOfTheTopLevel) {
+    runScript(*m_engine, "UPDATE Sign SET sCode2 = '100201'");
+    EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("references", "“100201”")));
+}
+
+TEST_P(Integrity, AccountsOfNoIdAreNoAccounts) {
+    runScript(*m_engine, "INSERT INTO Code (lId, sCode, sType) VALUES (0, 'x', '资产')");
+    EXPECT_THAT(faultsIn(*m_engine), IsEmpty());
+}
+
+TEST_P(Integrity, AuxiliarySumsMayDifferByRounding) {
+    runScript(*m_engine, "UPDATE AssAcc SET mBegin = 100.10000001, dBegin = 0.000001");
+    EXPECT_THAT(faultsIn(*m_engine), IsEmpty());
+}
+
+TEST_P(Integrity, AuxiliarySumsOfSeveralUnitsAreAddedUp) {
+    runScript(*m_engine,
+              "INSERT INTO Enter (lId, lClassId) VALUES (2, 1);"
+              "UPDATE AssAcc SET mBegin = 60.05");
+    for (int period = 1; period <= 12; ++period)
+        runScript(*m_engine,
+                  "INSERT INTO AssAcc (lId, byPeroid, lCodeId, lEnterId, mBegin) VALUES (" +
+                      std::to_string(100 + period) + ", " + std::to_string(period) +
+                      ", 5, 2, 40.05)");
+    EXPECT_THAT(faultsIn(*m_engine), IsEmpty());
+}
+
+TEST_P(Integrity, AccountWithoutAnySumsIsRight) {
+    runScript(*m_engine, "DELETE FROM AccSum WHERE lCodeId = 6");
+    EXPECT_THAT(faultsIn(*m_engine), IsEmpty());
+}
+
+CHENGHENG_ON_ALL_ENGINES(Integrity);
+
+TEST(IntegrityCheck, NamesOfTheChecksAreDistinct) {
+    std::vector<std::string> names;
+    for (const auto& check : chengheng::integrityChecks()) names.emplace_back(check.name);
+    const auto count = names.size();
+    std::ranges::sort(names);
+    EXPECT_EQ(static_cast<std::size_t>(std::ranges::unique(names).begin() - names.begin()), count);
+}
+
+TEST(IntegrityCheck, CorruptFileGivesItsFaultsAndNoMore) {
+    const std::string path = chengheng::freshFolder() + "/Nbzw.db";
+    {
+        const auto engine = openForTest(path);
+        fillSmallBooks(*engine);
+    }
+    {
+        std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(-8 * 4096, std::ios::end);
+        file << std::string(4 * 4096, 'x');
+    }
+    const auto engine = openForTest(path, chengheng::OpenMode::existing);
+    const auto faults = faultsIn(*engine);
+    ASSERT_FALSE(faults.empty());
+    for (const auto& fault : faults) EXPECT_EQ(fault.check, "engine");
+}
+
+}  // namespace

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "data/engines/engine.h"
+
+namespace chengheng {
+
+/// Fills an empty database with a small set of books in which everything is right: accounts
+/// on three levels of the pattern 4222, a row of most tables, auxiliary sums that agree with
+/// the account sums. Throws when a statement fails.
+void fillSmallBooks(Engine& engine);
+
+/// Runs statements separated by semicolons; throws when one fails.
+void runScript(Engine& engine, const std::string& sql);
+
+}  // namespace chengheng
