@@ -9,23 +9,19 @@
 #include "data/format/sql_format.h"
 #include "data/locks/lock_service.h"
 #include "data/records/all_records.h"
+#include "data/records/text_row.h"
 #include "data/status.h"
 
 namespace chengheng {
 class Database;
-}
+class Engine;
+}  // namespace chengheng
 
 /// What DBOpen tells about the database it opened.
 struct NbCwDBInfo {
     std::string location;  ///< path or address, without a password
     std::string name;      ///< the name for DBSelect and DBClose
     bool isServer = false;
-};
-
-/// A row in the text form: its cells as the database gives them, NULL as null.
-struct TextRow {
-    const char* const* cells = nullptr;
-    int count = 0;
 };
 
 /// Operations on a table named by record type: the list form, the one-row form and the
@@ -72,6 +68,8 @@ class CNbCwDB {
     /// there; flag 0 first makes a new, empty set of books.
     int DBOpen(NbCwDBInfo& info, const char* location, const char* name, int flag);
     int DBClose(const char* name);
+    /// Takes over a connection made elsewhere to a database that already has its tables.
+    void adopt(std::unique_ptr<chengheng::Engine> engine, const char* location, const char* name);
     /// Makes an open database the one all further operations work on, and sees to it that it
     /// answers: after a lost connection this is where it is made again.
     int DBSelect(const char* name);
@@ -169,6 +167,11 @@ class CNbCwDB {
 
     /// Lock service of the selected database; null when none is selected.
     chengheng::LockService* lockService();
+    /// Who is asked while locks are waited for, in this and every other open database; not
+    /// owned. Null restores the default.
+    void setLockWaiter(chengheng::LockWaiter* waiter);
+    /// What other workstations are told about this one's locks.
+    void setLockIdentity(const chengheng::LockIdentity& identity);
     /// The selected database itself, for the host's tools; null when none is selected.
     chengheng::Database* selectedDatabase();
 

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <tuple>
+
+#include "data/CNbCwDB.h"
+#include "data/connection/database.h"
+#include "data/connection/record_buffer.h"
+#include "data/connection/text_result.h"
+
+/// What CNbCwDB keeps: the open databases, a buffer per table, and the results of free
+/// selects that were not yet released.
+struct CNbCwDB::Impl {
+    template <class Record>
+    struct Table {
+        chengheng::RecordBuffer<Record> records;
+        std::unique_ptr<chengheng::TextResult> texts;
+    };
+    template <class List>
+    struct TablesOf;
+    template <class... Records>
+    struct TablesOf<chengheng::RecordList<Records...>> {
+        using Type = std::tuple<Table<Records>...>;
+    };
+
+    std::map<std::string, std::unique_ptr<chengheng::Database>, std::less<>> databases;
+    chengheng::Database* selected = nullptr;
+    std::string selectedName;
+    chengheng::Status status;
+    TablesOf<chengheng::AllRecords>::Type tables;
+    std::map<char**, std::unique_ptr<chengheng::TextResult>> results;
+
+    template <class Record>
+    Table<Record>& table() {
+        return std::get<Table<Record>>(tables);
+    }
+    /// Remembers the outcome; true when it is done.
+    bool settle(chengheng::Status outcome) {
+        status = std::move(outcome);
+        return status.isDone();
+    }
+    /// True when a database is selected; else the failure is remembered.
+    bool hasSelected() {
+        return settle(selected != nullptr
+                          ? chengheng::Status::done()
+                          : chengheng::Status::of(chengheng::Failure::notOpen, "no database"));
+    }
+    chengheng::LockWaiter* waiter = nullptr;
+    chengheng::LockIdentity identity;
+};

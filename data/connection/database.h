@@ -1,0 +1,73 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/connection/id_counters.h"
+#include "data/connection/statement_cache.h"
+#include "data/engines/engine.h"
+
+namespace chengheng {
+
+/// One open database: the module's statements, units of work and id counters on an engine.
+class Database {
+  public:
+    Database(std::unique_ptr<Engine> engine, std::string location)
+        : m_engine(std::move(engine)), m_location(std::move(location)), m_statements(*m_engine) {}
+
+    Engine& engine() { return *m_engine; }
+    /// Path or address, without a password.
+    const std::string& location() const { return m_location; }
+
+    /// Runs a batch in the module's dialect, all or nothing. `changed`, when given, counts
+    /// the changed rows.
+    Status executeBatch(std::string_view batch, std::int64_t* changed = nullptr);
+    /// Runs one select in the module's dialect and hands its rows to the reader, which
+    /// returns what became of the reading.
+    Status select(std::string_view text, const std::function<Status(Cursor&)>& reader);
+    /// Runs one statement of the program's own, in plain SQL with $1, $2, ...
+    Status executePlain(std::string_view sql, std::span<const Value> values,
+                        std::int64_t* changed = nullptr);
+    Status selectPlain(std::string_view sql, std::span<const Value> values,
+                       const std::function<Status(Cursor&)>& reader);
+
+    /// Units nest: an inner one is a savepoint.
+    Status beginUnit();
+    Status commitUnit();
+    void rollbackUnit();
+    bool isInUnit() const { return m_depth > 0; }
+
+    /// The last id handed out for a row of ABIdTable; 0 when the row is not there. Inside a
+    /// unit of work the row is kept from others until its end.
+    Status lastId(std::string_view row, int& id);
+    /// Sets the row of ABIdTable, at the end of the unit of work when one is open.
+    Status setLastId(std::string_view row, int id);
+
+    /// Sees to it that the database answers. A unit of work open at a loss is given up.
+    Status ensureConnected();
+
+  private:
+    struct Run;
+
+    static Status lostUnit();
+    Status readBatch(BatchReader& reader, Run& run);
+    Status addStatement(const ReadStatement& statement, Run& run);
+    Status addHeldCounters(Run& run);
+    Status addSavepoint(Run& run);
+    Status runInUnit(Run& run, std::int64_t* changed);
+    Status writeHeldCounters();
+    Status readRows(const Command& command, const std::function<Status(Cursor&)>& reader);
+
+    std::unique_ptr<Engine> m_engine;
+    std::string m_location;
+    StatementCache m_statements;
+    IdCounters m_counters;
+    std::vector<IdCounters> m_countersBefore;  ///< as they were at the begin of each unit
+    int m_depth = 0;
+    bool m_isUnitLost = false;  ///< nothing of the open unit can be kept any more
+};
+
+}  // namespace chengheng

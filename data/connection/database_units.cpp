@@ -1,0 +1,113 @@
+#include "data/connection/database.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::string_view writeCounterSql = "UPDATE ABIdTable SET lLastId = $1 WHERE sTable = $2";
+constexpr std::string_view readCounterSql = "SELECT lLastId FROM ABIdTable WHERE sTable = $1";
+
+}  // namespace
+
+Status Database::lostUnit() {
+    return Status::of(Failure::lost, "the unit of work was lost with its connection");
+}
+
+Status Database::beginUnit() {
+    if (m_isUnitLost) return lostUnit();
+    Status status = m_depth == 0 ? m_engine->begin() : m_engine->savepoint(m_depth);
+    if (!status) return status;
+    m_countersBefore.push_back(m_counters);
+    ++m_depth;
+    return Status::done();
+}
+
+Status Database::commitUnit() {
+    if (m_depth == 0) return Status::of(Failure::refused, "no unit of work is open");
+    Status status = m_isUnitLost ? lostUnit() : Status::done();
+    if (m_depth > 1) {
+        if (status) status = m_engine->releaseSavepoint(m_depth - 1);
+        if (!status) {
+            rollbackUnit();
+            return status;
+        }
+        m_countersBefore.pop_back();
+        --m_depth;
+        return Status::done();
+    }
+    if (status) status = writeHeldCounters();
+    if (status) status = m_engine->commit();
+    if (!status) {
+        rollbackUnit();
+        return status;
+    }
+    m_counters.forget();
+    m_countersBefore.clear();
+    m_depth = 0;
+    return Status::done();
+}
+
+void Database::rollbackUnit() {
+    if (m_depth == 0) return;
+    --m_depth;
+    if (m_depth == 0) {
+        // A rollback that fails leaves nothing to do: the engine drops the transaction with
+        // its connection.
+        if (m_engine->inTransaction()) static_cast<void>(m_engine->rollback());
+        m_counters.forget();
+        m_countersBefore.clear();
+        m_isUnitLost = false;
+        return;
+    }
+    if (!m_isUnitLost && !m_engine->rollbackToSavepoint(m_depth)) m_isUnitLost = true;
+    m_counters = std::move(m_countersBefore.back());
+    m_countersBefore.pop_back();
+}
+
+Status Database::writeHeldCounters() {
+    for (const IdCounters::Counter& counter : m_counters.all()) {
+        if (!counter.isHeldBack) continue;
+        const Value values[] = {Value::of(std::int64_t{counter.value}),
+                                Value::of(std::string_view(counter.row))};
+        if (Status status = executePlain(writeCounterSql, values); !status) return status;
+    }
+    m_counters.forget();
+    return Status::done();
+}
+
+Status Database::lastId(std::string_view row, int& id) {
+    if (const IdCounters::Counter* known = m_counters.find(row)) {
+        id = known->value;
+        return Status::done();
+    }
+    std::string sql(readCounterSql);
+    if (isInUnit()) sql += m_engine->dialect().rowLock;
+    const Value values[] = {Value::of(row)};
+    id = 0;
+    bool isThere = false;
+    const auto read = [&](Cursor& cursor) {
+        const Cursor::Step step = cursor.next();
+        if (step == Cursor::Step::failed) return cursor.status();
+        isThere = step == Cursor::Step::row;
+        if (isThere) id = static_cast<int>(cursor.integer(0));
+        return Status::done();
+    };
+    if (Status status = selectPlain(sql, values, read); !status) return status;
+    if (isInUnit() && isThere) m_counters.learn(row, id);
+    return Status::done();
+}
+
+Status Database::setLastId(std::string_view row, int id) {
+    if (isInUnit()) {
+        m_counters.holdBack(row, id);
+        return Status::done();
+    }
+    const Value values[] = {Value::of(std::int64_t{id}), Value::of(row)};
+    return executePlain(writeCounterSql, values);
+}
+
+Status Database::ensureConnected() {
+    if (isInUnit()) return m_isUnitLost ? lostUnit() : Status::done();
+    return m_engine->ensureConnected();
+}
+
+}  // namespace chengheng

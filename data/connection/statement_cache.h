@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "data/dialect/translation.h"
+#include "data/engines/engine.h"
+
+namespace chengheng {
+
+/// A statement shape in an engine's words, prepared.
+struct CachedStatement {
+    std::string shape;
+    TranslatedShape translated;
+    std::unique_ptr<PreparedStatement> prepared;
+};
+
+/// The prepared statements of one connection: each shape is translated and prepared once.
+class StatementCache {
+  public:
+    explicit StatementCache(Engine& engine) : m_engine(engine) {}
+
+    /// The cached form of a statement just read. Valid until the next call of forgetSurplus()
+    /// or, for one not worth keeping, of dropOneOffs().
+    Status find(const ReadStatement& statement, CachedStatement*& found);
+    /// A statement of the program's own, already in plain SQL.
+    Status findPlain(std::string_view sql, int parameters, PreparedStatement*& found);
+
+    void dropOneOffs() { m_oneOffs.clear(); }
+    /// Keeps a flood of different shapes from growing without limit. Not to be called while a
+    /// found statement is in use.
+    void forgetSurplus();
+
+  private:
+    Status make(const ReadStatement& statement, std::unique_ptr<CachedStatement>& made);
+
+    Engine& m_engine;
+    std::unordered_multimap<std::uint64_t, std::unique_ptr<CachedStatement>> m_shapes;
+    std::unordered_map<std::string, std::unique_ptr<PreparedStatement>> m_plain;
+    std::vector<std::unique_ptr<CachedStatement>> m_oneOffs;
+};
+
+}  // namespace chengheng

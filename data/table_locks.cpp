@@ -1,0 +1,32 @@
+#include "data/table_locks.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int sharedMode = 1;
+constexpr int exclusiveMode = 2;
+constexpr int waiting = 1;
+
+}  // namespace
+
+TableLocks::TableLocks(CNbCwDB& database, std::string referringTables, std::string ownTables)
+    : m_database(database),
+      m_referringTables(std::move(referringTables)),
+      m_ownTables(std::move(ownTables)) {
+    if (m_database.SQLLock(m_referringTables.c_str(), sharedMode, waiting) == 0) {
+        m_status = m_database.lastStatus();
+        return;
+    }
+    if (m_database.SQLLock(m_ownTables.c_str(), exclusiveMode, waiting) == 0) {
+        m_status = m_database.lastStatus();
+        m_database.SQLUnLock(m_referringTables.c_str(), sharedMode);
+    }
+}
+
+TableLocks::~TableLocks() {
+    if (!areGranted()) return;
+    m_database.SQLUnLock(m_referringTables.c_str(), sharedMode);
+    m_database.SQLUnLock(m_ownTables.c_str(), exclusiveMode);
+}
+
+}  // namespace chengheng
