@@ -1,0 +1,190 @@
+// Reading rows: into records, and as text cells.
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "bench/sample_books.h"
+#include "bench/timing.h"
+
+namespace {
+
+using bench::require;
+
+struct RawSum {
+    int id, code, period;
+    double figures[9];
+};
+
+struct RawCode {
+    int id;
+    char code[20], name[64], type[16];
+    int grade, end, direct, cash, bank;
+    char assBook[8], help[16];
+    int exchange, number;
+    char page[16];
+    int amount;
+    char unit[16];
+};
+
+void copyText(sqlite3_stmt* row, int column, char* target, std::size_t size) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
+    require(length < size, "a text of the floor's size");
+    std::memcpy(target, text, length);
+    target[length] = '\0';
+}
+
+sqlite3_stmt* prepare(sqlite3* database, const char* sql) {
+    sqlite3_stmt* statement = nullptr;
+    require(sqlite3_prepare_v2(database, sql, -1, &statement, nullptr) == SQLITE_OK, sql);
+    return statement;
+}
+
+std::vector<RawSum> rawSums(sqlite3_stmt* statement) {
+    std::vector<RawSum> rows;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        RawSum& row = rows.emplace_back();
+        row.id = sqlite3_column_int(statement, 0);
+        row.code = sqlite3_column_int(statement, 1);
+        row.period = sqlite3_column_int(statement, 2);
+        for (int at = 0; at < 9; ++at) row.figures[at] = sqlite3_column_double(statement, 3 + at);
+    }
+    sqlite3_reset(statement);
+    return rows;
+}
+
+std::vector<RawCode> rawCodes(sqlite3_stmt* statement) {
+    std::vector<RawCode> rows;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        RawCode& row = rows.emplace_back();
+        row.id = sqlite3_column_int(statement, 0);
+        copyText(statement, 1, row.code, sizeof row.code);
+        copyText(statement, 2, row.name, sizeof row.name);
+        copyText(statement, 3, row.type, sizeof row.type);
+        row.grade = sqlite3_column_int(statement, 4);
+        row.end = sqlite3_column_int(statement, 5);
+        row.direct = sqlite3_column_int(statement, 6);
+        row.cash = sqlite3_column_int(statement, 7);
+        row.bank = sqlite3_column_int(statement, 8);
+        copyText(statement, 9, row.assBook, sizeof row.assBook);
+        copyText(statement, 10, row.help, sizeof row.help);
+        row.exchange = sqlite3_column_int(statement, 11);
+        row.number = sqlite3_column_int(statement, 12);
+        copyText(statement, 13, row.page, sizeof row.page);
+        row.amount = sqlite3_column_int(statement, 14);
+        copyText(statement, 15, row.unit, sizeof row.unit);
+    }
+    sqlite3_reset(statement);
+    return rows;
+}
+
+void benchSums(bench::SampleBooks& books) {
+    sqlite3_stmt* raw = prepare(books.raw(), "SELECT * FROM AccSum");
+    bench::Pair pair;
+    pair.floor = [&] {
+        require(rawSums(raw).size() == static_cast<std::size_t>(books.rows()), "raw read");
+    };
+    pair.ours = [&] {
+        _AccSumInfo** rows = nullptr;
+        int count = 0;
+        require(books.database().AccSum_GetInfo(rows, count, nullptr) == 0, "AccSum_GetInfo");
+        require(count == books.rows(), "reading every row");
+        books.database().AccSum_ReleaseAllBuffer();
+    };
+    bench::reportTimes("AccSum_GetInfo of " + std::to_string(books.rows()) + " rows", pair, 1.3);
+
+    pair.ours = [&] {
+        char** cells = nullptr;
+        int columns = 0;
+        int rows = 0;
+        require(books.database().QRYGetData("SELECT * FROM AccSum", cells, columns, rows) == 0,
+                "QRYGetData");
+        require(rows == books.rows(), "reading every row as text");
+        books.database().QRYReleaseBuffer(cells, columns, rows);
+    };
+    bench::reportTimes("QRYGetData of " + std::to_string(books.rows()) + " rows as text cells",
+                       pair, 2.2);
+    sqlite3_finalize(raw);
+}
+
+void benchCodes(bench::SampleBooks& books) {
+    sqlite3_stmt* raw = prepare(books.raw(), "SELECT * FROM Code WHERE lId > 0 ORDER BY sCode");
+    bench::Pair pair;
+    pair.floor = [&] {
+        require(rawCodes(raw).size() == static_cast<std::size_t>(books.accounts()), "raw read");
+    };
+    pair.ours = [&] {
+        _CodeInfo** rows = nullptr;
+        int count = 0;
+        require(books.database().Code_GetInfo(rows, count, "lId > 0 ORDER BY sCode") == 0,
+                "Code_GetInfo");
+        require(count == books.accounts(), "reading every account");
+        books.database().Code_ReleaseAllBuffer();
+    };
+    bench::reportTimes("Code_GetInfo of " + std::to_string(books.accounts()) + " accounts", pair,
+                       1.3, 9);
+    sqlite3_finalize(raw);
+}
+
+/// Makes the peak of this process's memory what it uses now.
+void forgetPeak() {
+    std::ofstream control("/proc/self/clear_refs");
+    control << "5" << std::flush;
+    require(control.good(), "resetting the peak memory");
+}
+
+/// The peak of the memory this process has used since then, in MiB.
+double peakMemory() {
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    while (status >> word) {
+        if (word != "VmHWM:") continue;
+        double kibibytes = 0;
+        status >> kibibytes;
+        return kibibytes / 1024;
+    }
+    require(false, "reading the peak memory");
+    return 0;
+}
+
+/// Runs in a process of its own, so that nothing read before counts.
+void benchMemory(int accounts) {
+    std::fflush(stdout);
+    const pid_t child = ::fork();
+    require(child >= 0, "starting a process");
+    if (child == 0) {
+        bench::SampleBooks books(accounts);
+        _AccSumInfo** rows = nullptr;
+        int count = 0;
+        // A first small read, so that the connection's own memory is there before.
+        require(books.database().AccSum_GetInfo(rows, count, "lCodeId = 1") == 0, "small read");
+        forgetPeak();
+        const double before = peakMemory();
+        require(books.database().AccSum_GetInfo(rows, count, nullptr) == 0, "full read");
+        const double records = static_cast<double>(sizeof(_AccSumInfo)) * count / (1024 * 1024);
+        bench::reportMemory("memory of a full read of " + std::to_string(count) + " rows",
+                            peakMemory() - before, records, 1.5);
+        books.database().AccSum_ReleaseAllBuffer();
+        books.close();
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    require(status == 0, "the memory benchmark");
+}
+
+}  // namespace
+
+int main() {
+    for (const int accounts : {10'000, 50'000}) {
+        bench::SampleBooks books(accounts);
+        benchSums(books);
+        benchCodes(books);
+    }
+    benchMemory(50'000);
+}
