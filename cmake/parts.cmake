@@ -20,7 +20,8 @@ foreach(folder ${function_folders})
     list(APPEND rule_patterns ${folder}/*.cpp)
 endforeach()
 folder_sources(rule_sources ${rule_patterns})
-add_library(books_rules STATIC ${rule_sources})
+include(cmake/charts.cmake)
+add_library(books_rules STATIC ${rule_sources} ${chart_source})
 target_link_libraries(books_rules
     PUBLIC books_data
     PRIVATE PkgConfig::SODIUM nlohmann_json::nlohmann_json)
