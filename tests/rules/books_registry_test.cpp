@@ -1,0 +1,156 @@
+#include "host/books/books_registry.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "host/books/password_file.h"
+#include "tests/support/engine_cases.h"
+
+namespace chengheng {
+namespace {
+
+namespace files = std::filesystem;
+
+void writeText(const std::string& path, std::string_view text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string readText(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+int permissionsOf(const std::string& path) {
+    struct stat found {};
+    EXPECT_EQ(stat(path.c_str(), &found), 0) << path;
+    return found.st_mode & 0777;
+}
+
+Status enter(const BooksRegistry& registry, const std::string& name, int year,
+             std::int32_t id = 1) {
+    RegistryChange change(registry);
+    if (!change.status()) return change.status();
+    change.enter({id, name, "公司", {}}, {year, "/books/" + name + std::to_string(year)});
+    return change.save();
+}
+
+std::vector<BooksSet> setsOf(const BooksRegistry& registry) {
+    std::vector<BooksSet> sets;
+    const Status status = registry.read(sets);
+    EXPECT_TRUE(status) << status.detail;
+    return sets;
+}
+
+TEST(BooksRegistry, ListThatIsNotThereHoldsNoSets) {
+    EXPECT_TRUE(setsOf(BooksRegistry(freshFolder() + "/none")).empty());
+}
+
+TEST(BooksRegistry, SetsAreReadBackAsEntered) {
+    const BooksRegistry registry(freshFolder());
+    ASSERT_TRUE(enter(registry, "甲 \"O'Brien\" \\ %", 2026));
+    ASSERT_TRUE(enter(registry, "乙", 2026, 2));
+    const auto sets = setsOf(registry);
+    ASSERT_EQ(sets.size(), 2U);
+    EXPECT_EQ(
+        sets[0],
+        (BooksSet{1, "甲 \"O'Brien\" \\ %", "公司", {{2026, "/books/甲 \"O'Brien\" \\ %2026"}}}));
+    EXPECT_EQ(sets[1].id, 2);
+}
+
+TEST(BooksRegistry, YearsOfASetStandInOrder) {
+    const BooksRegistry registry(freshFolder());
+    ASSERT_TRUE(enter(registry, "甲", 2027));
+    ASSERT_TRUE(enter(registry, "甲", 2026));
+    const auto sets = setsOf(registry);
+    ASSERT_EQ(sets.size(), 1U);
+    EXPECT_EQ(sets[0].years,
+              (std::vector<BooksYear>{{2026, "/books/甲2026"}, {2027, "/books/甲2027"}}));
+}
+
+TEST(BooksRegistry, ForgottenYearTakesAnEmptySetWithIt) {
+    BooksRegistry registry(freshFolder());
+    ASSERT_TRUE(enter(registry, "甲", 2026));
+    ASSERT_TRUE(enter(registry, "甲", 2027));
+    ASSERT_TRUE(registry.forget("/books/甲2026"));
+    EXPECT_EQ(setsOf(registry).at(0).years.size(), 1U);
+    ASSERT_TRUE(registry.forget("/books/甲2027"));
+    EXPECT_TRUE(setsOf(registry).empty());
+}
+
+TEST(BooksRegistry, ListAndFolderAreTheirOwnersOnly) {
+    const BooksRegistry registry(freshFolder() + "/deep/home");
+    ASSERT_TRUE(enter(registry, "甲", 2026));
+    EXPECT_EQ(permissionsOf(registry.path()), 0600);
+    EXPECT_EQ(permissionsOf(registry.folder()), 0700);
+}
+
+TEST(BooksRegistry, DamagedListIsToldAndNeverOverwritten) {
+    for (const char* text : {"", "{", "[]", "{\"format\":1}", "{\"format\":1,\"sets\":[{}]}",
+                             "{\"format\":\"1\",\"sets\":[]}", "\xff\xfe"}) {
+        BooksRegistry registry(freshFolder());
+        writeText(registry.path(), text);
+        std::vector<BooksSet> sets;
+        EXPECT_EQ(registry.read(sets).failure, Failure::damaged) << text;
+        EXPECT_TRUE(sets.empty());
+        EXPECT_EQ(enter(registry, "甲", 2026).failure, Failure::damaged) << text;
+        EXPECT_EQ(registry.forget("/x").failure, Failure::damaged) << text;
+        EXPECT_EQ(readText(registry.path()), text);
+    }
+}
+
+TEST(BooksRegistry, ListOfANewerProgramIsNotOverwritten) {
+    const BooksRegistry registry(freshFolder());
+    writeText(registry.path(), "{\"format\":2,\"sets\":{}}");
+    EXPECT_EQ(enter(registry, "甲", 2026).failure, Failure::newerVersion);
+    EXPECT_EQ(readText(registry.path()), "{\"format\":2,\"sets\":{}}");
+}
+
+TEST(BooksRegistry, FailedSaveLeavesTheOldListAndNoDraft) {
+    const BooksRegistry registry(freshFolder());
+    ASSERT_TRUE(enter(registry, "甲", 2026));
+    const std::string before = readText(registry.path());
+    files::create_directory(registry.path() + ".new");
+    writeText(registry.path() + ".new/in the way", "");
+    EXPECT_FALSE(enter(registry, "乙", 2026, 2));
+    EXPECT_EQ(readText(registry.path()), before);
+}
+
+TEST(BooksRegistry, ChangesMadeAtOnceAreAllKept) {
+    const BooksRegistry registry(freshFolder());
+    std::vector<std::thread> writers;
+    for (int id = 1; id <= 8; ++id)
+        writers.emplace_back([&registry, id] {
+            EXPECT_TRUE(enter(registry, "帐套" + std::to_string(id), 2026, id));
+        });
+    for (std::thread& writer : writers) writer.join();
+    EXPECT_EQ(setsOf(registry).size(), 8U);
+}
+
+TEST(PasswordFile, FirstLineIsThePassword) {
+    const std::string path = freshFolder() + "/password";
+    std::string password;
+    for (const char* text : {"密 码'", "密 码'\n", "密 码'\r\n", "密 码'\nsecond\n"}) {
+        writeText(path, text);
+        ASSERT_TRUE(readPasswordFile(path, password));
+        EXPECT_EQ(password, "密 码'");
+    }
+}
+
+TEST(PasswordFile, MissingOrOverlongFileGivesNoPassword) {
+    const std::string path = freshFolder() + "/password";
+    std::string password = "before";
+    EXPECT_EQ(readPasswordFile(path, password).failure, Failure::missing);
+    EXPECT_EQ(password, "");
+    writeText(path, std::string(1025, 'a'));
+    EXPECT_FALSE(readPasswordFile(path, password));
+    writeText(path, std::string_view("a\0b", 3));
+    EXPECT_FALSE(readPasswordFile(path, password));
+    EXPECT_EQ(password, "");
+}
+
+}  // namespace
+}  // namespace chengheng
