@@ -87,10 +87,12 @@ std::string createTableSql(const TableInfo& table, const EngineDialect& dialect)
     return sql;
 }
 
+Status createTables(Engine& engine) { return engine.script(layoutScript(engine.dialect())); }
+
 Status createLayout(Engine& engine) {
     Status status = engine.begin();
     if (!status) return status;
-    status = engine.script(layoutScript(engine.dialect()));
+    status = createTables(engine);
     if (status) return engine.commit();
     if (Status undone = engine.rollback(); !undone) status.detail += "; " + undone.detail;
     return status;

@@ -12,7 +12,10 @@ namespace chengheng {
 std::string createTableSql(const TableInfo& table, const EngineDialect& dialect);
 
 /// Makes every table in an empty database, with its row in ABIdTable and the format
-/// version, in one transaction.
+/// version. To be called inside a transaction.
+Status createTables(Engine& engine);
+
+/// The same in a transaction of its own.
 Status createLayout(Engine& engine);
 
 /// Done when the database holds a set of books this program can work with; else foreign,

@@ -1,0 +1,59 @@
+#include "data/platform/staged_file.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+
+#include "data/platform/system_error.h"
+
+namespace chengheng {
+namespace {
+
+std::string folderOf(const std::string& path) {
+    const std::filesystem::path parent = std::filesystem::path(path).parent_path();
+    return parent.empty() ? "." : parent.string();
+}
+
+/// Has what was written under a path reach the disk.
+Status flush(const std::string& path, int flags) {
+    const int file = open(path.c_str(), flags | O_CLOEXEC);
+    if (file < 0) return systemFailure(errno, path);
+    const int error = fsync(file) == 0 ? 0 : errno;
+    close(file);
+    return error == 0 ? Status::done() : systemFailure(error, path);
+}
+
+}  // namespace
+
+StagedFile::StagedFile(std::string target) : m_target(std::move(target)) {
+    const std::filesystem::path name = std::filesystem::path(m_target).filename();
+    std::string pattern = folderOf(m_target) + "/." + name.string() + ".XXXXXX";
+    if (mkdtemp(pattern.data()) == nullptr) {
+        m_status = systemFailure(errno, m_target);
+        return;
+    }
+    m_folder = pattern;
+    m_path = m_folder + "/" + name.string();
+}
+
+StagedFile::~StagedFile() {
+    std::error_code ignored;  // a folder left over is no harm
+    if (!m_folder.empty()) std::filesystem::remove_all(m_folder, ignored);
+}
+
+// A link fails where a file stands already; a rename replaces it. Either is all or nothing.
+Status StagedFile::place(bool replace) {
+    Status status = flush(m_path, O_RDONLY);
+    if (!status) return status;
+    const int moved = replace ? std::rename(m_path.c_str(), m_target.c_str())
+                              : link(m_path.c_str(), m_target.c_str());
+    if (moved != 0 && errno == EEXIST) return Status::of(Failure::refused, m_target);
+    if (moved != 0) return systemFailure(errno, m_target);
+    return flush(folderOf(m_target), O_RDONLY | O_DIRECTORY);
+}
+
+}  // namespace chengheng

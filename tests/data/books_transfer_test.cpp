@@ -1,0 +1,272 @@
+#include "host/books/books_transfer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "data/transfer/content_digest.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/engine_tools.h"
+#include "tests/support/small_books.h"
+
+namespace {
+
+namespace files = std::filesystem;
+using chengheng::Engine;
+using chengheng::EngineCase;
+using chengheng::freshFolder;
+using chengheng::freshLocation;
+using chengheng::LockMode;
+using chengheng::openForTest;
+using chengheng::OpenMode;
+using chengheng::Overwrite;
+using chengheng::readCell;
+using chengheng::Refusal;
+using chengheng::RefusalKind;
+using chengheng::runScript;
+using testing::HasSubstr;
+
+using Outcome = std::optional<Refusal>;
+
+std::string makeSmallBooks(const EngineCase& kind) {
+    const std::string location = freshLocation(kind);
+    fillSmallBooks(*openForTest(location));
+    return location;
+}
+
+std::vector<chengheng::TableDigest> contentOf(const std::string& location) {
+    std::vector<chengheng::TableDigest> digests;
+    const auto engine = openForTest(location, OpenMode::existing);
+    EXPECT_TRUE(digestContent(*engine, digests).isDone());
+    return digests;
+}
+
+std::string textOf(const Outcome& refusal) { return refusal ? refusal->notice.text : "done"; }
+
+RefusalKind kindOf(const Outcome& refusal) {
+    return refusal ? refusal->kind : throw std::logic_error("nothing was refused");
+}
+
+/// The names in a folder.
+std::vector<std::string> namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : files::directory_iterator(folder))
+        names.push_back(entry.path().filename());
+    return names;
+}
+
+void overwriteMiddle(const std::string& file) {
+    std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
+    stream.seekp(-8 * 4096, std::ios::end);
+    stream << std::string(3 * 4096, 'x');
+}
+
+/// Backups of books on each engine.
+class Backup : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_books = makeSmallBooks(GetParam());
+        m_folder = freshFolder();
+        m_file = m_folder + "/backup.db";
+    }
+
+    std::string m_books;
+    std::string m_folder;
+    std::string m_file;
+};
+
+TEST_P(Backup, IsASetOfBooksWithTheSameContent) {
+    EXPECT_EQ(textOf(backUpBooks(m_books, m_file, Overwrite::refuse)), "done");
+    EXPECT_EQ(contentOf(m_file), contentOf(m_books));
+}
+
+TEST_P(Backup, LeavesOneFileForItsOwnerOnly) {
+    ASSERT_EQ(textOf(backUpBooks(m_books, m_file, Overwrite::refuse)), "done");
+    EXPECT_THAT(namesIn(m_folder), testing::ElementsAre("backup.db"));
+    EXPECT_EQ(files::status(m_file).permissions(),
+              files::perms::owner_read | files::perms::owner_write);
+}
+
+TEST_P(Backup, TakesNoNoticeOfWhatIsNotYetCommitted) {
+    const auto writer = openForTest(m_books, OpenMode::existing);
+    ASSERT_TRUE(writer->begin().isDone());
+    ASSERT_TRUE(runSql(*writer, "DELETE FROM Dept").isDone());
+    EXPECT_EQ(textOf(backUpBooks(m_books, m_file, Overwrite::refuse)), "done");
+    ASSERT_TRUE(writer->commit().isDone());
+    EXPECT_EQ(readCell(*openForTest(m_file, OpenMode::existing), "SELECT count(*) FROM Dept"), "1");
+}
+
+TEST_P(Backup, OverAnExistingFileIsRefusedWithoutForce) {
+    std::ofstream(m_file) << "kept";
+    const Outcome refusal = backUpBooks(m_books, m_file, Overwrite::refuse);
+    EXPECT_EQ(kindOf(refusal), RefusalKind::alreadyThere);
+    EXPECT_THAT(textOf(refusal), HasSubstr(m_file));
+    EXPECT_EQ(files::file_size(m_file), 4U);
+}
+
+TEST_P(Backup, ReplacesAnExistingFileWhenForced) {
+    std::ofstream(m_file) << "old";
+    EXPECT_EQ(textOf(backUpBooks(m_books, m_file, Overwrite::replace)), "done");
+    EXPECT_EQ(contentOf(m_file), contentOf(m_books));
+}
+
+TEST_P(Backup, DoesNotReplaceAFileThatAProgramHasOpen) {
+    const std::string other = makeSmallBooks(EngineCase{"sqliteFile"});
+    const auto reader = openForTest(other, OpenMode::existing);
+    EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
+    const Outcome refusal = backUpBooks(m_books, other, Overwrite::replace);
+    EXPECT_THAT(textOf(refusal), HasSubstr("正在使用"));
+    EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
+}
+
+TEST_P(Backup, IntoAFolderThatIsMissingIsRefused) {
+    const Outcome refusal = backUpBooks(m_books, m_folder + "/none/b.db", Overwrite::refuse);
+    EXPECT_EQ(kindOf(refusal), RefusalKind::wrongInput);
+    EXPECT_THAT(textOf(refusal), HasSubstr("文件夹不存在"));
+}
+
+TEST_P(Backup, OfWhatIsNotThereSaysSoAndLeavesNothing) {
+    const Outcome refusal = backUpBooks(freshLocation(GetParam()), m_file, Overwrite::refuse);
+    EXPECT_EQ(kindOf(refusal), RefusalKind::failed);
+    EXPECT_TRUE(namesIn(m_folder).empty());
+}
+
+CHENGHENG_ON_SHARED_ENGINES(Backup);
+
+TEST(BackupFile, OfCorruptBooksIsRefusedAndLeavesNothing) {
+    const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
+    overwriteMiddle(books);
+    const std::string folder = freshFolder();
+    const Outcome refusal = chengheng::backUpBooks(books, folder + "/b.db", Overwrite::refuse);
+    EXPECT_THAT(textOf(refusal), HasSubstr("已损坏"));
+    EXPECT_TRUE(namesIn(folder).empty());
+}
+
+TEST(BackupFile, OntoItselfIsRefusedEvenByAnotherSpelling) {
+    const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
+    const std::string folder = files::path(books).parent_path();
+    const std::string other =
+        folder + "/../" + files::path(folder).filename().string() + "/Nbzw.db";
+    EXPECT_EQ(kindOf(chengheng::backUpBooks(books, other, Overwrite::replace)),
+              RefusalKind::wrongInput);
+}
+
+TEST(BackupFile, OnAServerIsRefusedWithoutShowingThePassword) {
+    const Outcome refusal =
+        chengheng::backUpBooks("a.db", "postgresql://u:geheim@h/d?schema=s", Overwrite::refuse);
+    EXPECT_EQ(kindOf(refusal), RefusalKind::wrongInput);
+    EXPECT_THAT(textOf(refusal), testing::Not(HasSubstr("geheim")));
+}
+
+/// From books on one engine to a place on another.
+class BooksCopy : public testing::TestWithParam<std::tuple<EngineCase, EngineCase>> {
+  protected:
+    void SetUp() override {
+        m_source = makeSmallBooks(std::get<0>(GetParam()));
+        m_target = freshLocation(std::get<1>(GetParam()));
+    }
+    /// Books at the target that differ from the source.
+    void fillTarget() {
+        const auto engine = openForTest(m_target);
+        fillSmallBooks(*engine);
+        runScript(*engine, "DELETE FROM Dept; DELETE FROM ProjClass; DROP TABLE ProjItems01");
+    }
+
+    std::string m_source;
+    std::string m_target;
+};
+
+TEST_P(BooksCopy, NewBooksHaveTheSameContent) {
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::refuse)), "done");
+    EXPECT_EQ(contentOf(m_target), contentOf(m_source));
+}
+
+TEST_P(BooksCopy, ExistingBooksAreLeftAloneWithoutForce) {
+    fillTarget();
+    const auto before = contentOf(m_target);
+    EXPECT_EQ(kindOf(copyBooks(m_source, m_target, Overwrite::refuse)), RefusalKind::alreadyThere);
+    EXPECT_EQ(contentOf(m_target), before);
+}
+
+TEST_P(BooksCopy, ExistingBooksAreReplacedAsAWholeWhenForced) {
+    fillTarget();
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replace)), "done");
+    EXPECT_EQ(contentOf(m_target), contentOf(m_source));
+}
+
+TEST_P(BooksCopy, BooksThatSomebodyHoldsAreNotReplaced) {
+    fillTarget();
+    const auto before = contentOf(m_target);
+    const auto holder = openForTest(m_target, OpenMode::existing);
+    holder->locks().setIdentity({"王五", "会计科目"});
+    ASSERT_TRUE(holder->locks().lock("Code", LockMode::shared, false).isDone());
+    const Outcome refusal = copyBooks(m_source, m_target, Overwrite::replace);
+    EXPECT_THAT(textOf(refusal), HasSubstr("王五"));
+    EXPECT_EQ(contentOf(m_target), before);
+    holder->locks().unlock("Code", LockMode::shared);
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replace)), "done");
+}
+
+TEST_P(BooksCopy, OntoItselfIsRefused) {
+    EXPECT_EQ(kindOf(copyBooks(m_source, m_source, Overwrite::replace)), RefusalKind::wrongInput);
+}
+
+INSTANTIATE_TEST_SUITE_P(Between, BooksCopy,
+                         testing::Combine(testing::ValuesIn(chengheng::sharedEngineCases()),
+                                          testing::ValuesIn(chengheng::sharedEngineCases())),
+                         [](const auto& pair) {
+                             return std::get<0>(pair.param).name + "To" +
+                                    std::get<1>(pair.param).name;
+                         });
+
+/// Books brought back from a backup.
+class Restore : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_books = makeSmallBooks(GetParam());
+        m_file = freshFolder() + "/backup.db";
+        m_content = contentOf(m_books);
+        ASSERT_EQ(textOf(backUpBooks(m_books, m_file, Overwrite::refuse)), "done");
+    }
+
+    std::string m_books;
+    std::string m_file;
+    std::vector<chengheng::TableDigest> m_content;
+};
+
+TEST_P(Restore, BringsTheBooksBackToTheStateOfTheBackup) {
+    runScript(*openForTest(m_books, OpenMode::existing), "DELETE FROM Code; DELETE FROM AccSum");
+    EXPECT_EQ(textOf(restoreBooks(m_file, m_books, Overwrite::replace)), "done");
+    EXPECT_EQ(contentOf(m_books), m_content);
+}
+
+TEST_P(Restore, MakesNewBooksWhereNoneAre) {
+    const std::string place = freshLocation(GetParam());
+    EXPECT_EQ(textOf(restoreBooks(m_file, place, Overwrite::refuse)), "done");
+    EXPECT_EQ(contentOf(place), m_content);
+}
+
+TEST_P(Restore, CorruptBackupIsRefusedAndTheBooksStay) {
+    overwriteMiddle(m_file);
+    const Outcome refusal = restoreBooks(m_file, m_books, Overwrite::replace);
+    EXPECT_THAT(textOf(refusal), HasSubstr("已损坏"));
+    EXPECT_EQ(contentOf(m_books), m_content);
+}
+
+TEST_P(Restore, FileThatIsNoBackupIsRefused) {
+    std::ofstream(m_file, std::ios::trunc) << "no books at all";
+    const Outcome refusal = restoreBooks(m_file, m_books, Overwrite::replace);
+    EXPECT_THAT(textOf(refusal), HasSubstr("不是帐套文件"));
+    EXPECT_EQ(contentOf(m_books), m_content);
+}
+
+CHENGHENG_ON_SHARED_ENGINES(Restore);
+
+TEST(RestoreFile, FromAServerAddressIsRefused) {
+    EXPECT_EQ(kindOf(chengheng::restoreBooks("postgresql://h/d", "a.db", Overwrite::refuse)),
+              RefusalKind::wrongInput);
+}
+
+}  // namespace
