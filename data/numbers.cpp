@@ -152,7 +152,9 @@ char* writeShortest(char* first, char* last, double value) {
     const double magnitude = std::abs(value);
     if (value < 0) *first++ = '-';
     if (magnitude < fifteenDigits / 100) {
-        const auto hundredths = static_cast<std::uint64_t>(magnitude * 100 + 0.5);
+        // The next line refuses what this rounds wrongly.
+        const auto hundredths = static_cast<std::uint64_t>(
+            magnitude * 100 + 0.5);  // NOLINT(bugprone-incorrect-roundings)
         if (static_cast<double>(hundredths) / 100 == magnitude) {
             if (hundredths % 100 == 0) return writeWhole(first, last, hundredths / 100);
             return writeHundredths(first, last, hundredths);
