@@ -6,6 +6,7 @@
 #include "data/lookups/one_cell.h"
 #include "host/services/host_globals.h"
 #include "host/services/host_messages.h"
+#include "host/services/last_failure.h"
 #include "host/services/service_texts.h"
 #include "host/services/services_sql.h"
 #include "operators/rights_list.h"
@@ -28,7 +29,7 @@ std::optional<std::string> refusal(int function) {
     if (name == nullptr) return service_texts::rightUnknown(function);
     if (user == nullptr) return service_texts::nobodyLoggedOn(name);
     const auto rights = readRights(user->lUserId);
-    if (!rights) return service_texts::rightsUnreadable(name);
+    if (!rights) return service_texts::rightsUnreadable(name, lastFailureText());
     if (!grants(*rights, function)) return service_texts::rightMissing(name);
     return std::nullopt;
 }

@@ -8,10 +8,10 @@ namespace chengheng::service_texts {
 
 std::string rightMissing(std::string_view functionName);
 std::string rightUnknown(int function);
-std::string rightsUnreadable(std::string_view functionName);
+/// `reason` is why, empty when the operator simply has no rights recorded.
+std::string rightsUnreadable(std::string_view functionName, std::string_view reason);
 std::string nobodyLoggedOn(std::string_view functionName);
 inline constexpr const char* currencyGone = "该外币已经被删除!";
-inline constexpr const char* currencyUnreadable =
-    "无法读取外币资料,操作没有进行。\n请检查数据库连接后再试。";
+std::string currencyUnreadable(std::string_view reason);
 
 }  // namespace chengheng::service_texts

@@ -1,0 +1,18 @@
+#include "host/services/last_failure.h"
+
+#include "data/CNbCwDB.h"
+#include "data/connection/database.h"
+#include "data/host_database.h"
+#include "host/books/failure_texts.h"
+
+namespace chengheng {
+
+std::string lastFailureText() {
+    if (g_pDB == nullptr) return failureText(Status::of(Failure::notOpen), g_lpszNbZwDBName);
+    const Status& status = g_pDB->lastStatus();
+    if (status) return {};
+    Database* const database = g_pDB->selectedDatabase();
+    return failureText(status, database == nullptr ? g_lpszNbZwDBName : database->location());
+}
+
+}  // namespace chengheng

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace chengheng {
+
+/// Why the last operation of g_pDB failed, as the operator is told: which file or server, what
+/// is the matter and what to do. Empty when it did not fail.
+std::string lastFailureText();
+
+}  // namespace chengheng
