@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,9 @@ class CodeLevels {
     /// Characters of a whole code of a level: with 4222, 4, 6, 8, 10. Level 0 has none, nor
     /// has any other level the books do not know.
     int lengthOf(int grade) const;
+
+    /// Those lengths from level 1 on.
+    std::span<const int> lengths() const { return std::span(m_lengths).subspan(1, m_count); }
 
     /// The level of a code of so many characters; 0 when no level has codes of that length.
     int gradeOfLength(int length) const;

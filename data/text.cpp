@@ -37,4 +37,14 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
     }
 }
 
+std::string_view withoutBlanksAround(std::string_view text) {
+    text = withoutTrailingBlanks(text);
+    for (;;) {
+        const auto blank = std::ranges::find_if(
+            blanks, [text](std::string_view candidate) { return text.starts_with(candidate); });
+        if (blank == blanks.end()) return text;
+        text.remove_prefix(blank->size());
+    }
+}
+
 }  // namespace chengheng

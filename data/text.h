@@ -18,5 +18,7 @@ bool hasBlank(std::string_view text);
 
 /// The text without the blanks at its end.
 std::string_view withoutTrailingBlanks(std::string_view text);
+/// The text without the blanks at both ends.
+std::string_view withoutBlanksAround(std::string_view text);
 
 }  // namespace chengheng

@@ -96,6 +96,8 @@ TEST(CodeLevels, RefusesACodeShorterThanTheFirstOrLongerThanTheLastLevel) {
 TEST(CodeLevels, KnowsTheLengthOfEveryLevelAndOfNoOther) {
     const CodeLevels levels("4222");
     EXPECT_EQ(levels.count(), 4);
+    const auto lengths = levels.lengths();
+    EXPECT_EQ(std::vector<int>(lengths.begin(), lengths.end()), (std::vector<int>{4, 6, 8, 10}));
     EXPECT_EQ(levels.lengthOf(1), 4);
     EXPECT_EQ(levels.lengthOf(2), 6);
     EXPECT_EQ(levels.lengthOf(3), 8);

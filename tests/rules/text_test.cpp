@@ -36,3 +36,9 @@ TEST(Text, TakesBlanksOffTheEndOnly) {
     EXPECT_EQ(withoutTrailingBlanks("   "), "");
     EXPECT_EQ(withoutTrailingBlanks(""), "");
 }
+
+TEST(Text, TakesBlanksOffBothEnds) {
+    EXPECT_EQ(withoutBlanksAround(" \t　2026-01-05 　"), "2026-01-05");
+    EXPECT_EQ(withoutBlanksAround("a b"), "a b");
+    EXPECT_EQ(withoutBlanksAround("   "), "");
+}
