@@ -25,6 +25,15 @@ foreach(layer rules data)
     set_tests_properties(${layer} PROPERTIES LABELS ${layer})
 endforeach()
 
+# The programs as a person or a script runs them.
+folder_sources(e2e_sources tests/e2e/*.cpp)
+add_executable(test_e2e ${e2e_sources})
+target_link_libraries(test_e2e PRIVATE test_support nlohmann_json::nlohmann_json GTest::gtest_main)
+target_compile_definitions(test_e2e PRIVATE CHENGHENG_CHBOOKS="$<TARGET_FILE:chbooks>")
+add_dependencies(test_e2e chbooks)
+add_test(NAME e2e COMMAND test_e2e)
+set_tests_properties(e2e PROPERTIES LABELS e2e)
+
 # The house's own checks. A sanitizer build would only repeat them.
 function(script_test name)
     add_test(NAME ${name} COMMAND ${ARGN})

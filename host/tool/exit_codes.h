@@ -7,10 +7,9 @@ enum class ExitCode {
     done = 0,
     faultsFound = 1,   ///< the check found faults
     wrongUsage = 2,    ///< the command line cannot be read
-    notOpened = 3,     ///< books or file missing, foreign, damaged, newer or unreachable
+    failed = 3,        ///< books, a file or a server failed; nothing was changed
     targetExists = 4,  ///< what was to be made is there already
     wrongInput = 5,    ///< a given value breaks a rule of the books
-    failed = 6,        ///< the work failed on the way; nothing was changed
 };
 
 }  // namespace chengheng

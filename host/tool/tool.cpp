@@ -1,8 +1,10 @@
 #include "host/tool/tool.h"
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <ostream>
 
+#include "host/tool/commands.h"
 #include "host/tool/tool_texts.h"
 
 namespace chengheng {
@@ -23,9 +25,17 @@ void setUp(CLI::App& app) {
     app.require_subcommand(1);
 }
 
+constexpr std::array addCommands{addInfoCommand, addCheckCommand, addBackupCommand,
+                                 addRestoreCommand, addCopyCommand};
+
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     CLI::App app(tool_texts::summary, "chbooks");
     setUp(app);
+    for (const auto addCommand : addCommands) addCommand(app, tool);
+    for (CLI::App* command : app.get_subcommands({})) {
+        command->group(tool_texts::commandGroup);
+        command->get_help_ptr()->group(tool_texts::optionGroup);
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& wanted) {

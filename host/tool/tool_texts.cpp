@@ -1,27 +1,45 @@
 #include "host/tool/tool_texts.h"
 
+#include <fmt/format.h>
+
 #include <array>
-#include <utility>
 
 namespace chengheng::tool_texts {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 6> usageFaults{{
-    {"RequiredError", "命令行不完整"},
-    {"ExtrasError", "命令行里有多余或不认识的内容"},
-    {"ArgumentMismatch", "选项的值太多或太少"},
-    {"ConversionError", "选项的值不对"},
-    {"ValidationError", "选项的值不对"},
-    {"ExcludesError", "有的选项不能一起使用"},
-}};
+struct UsageFault {
+    std::string_view error;   ///< the parser's name for it; empty: any
+    std::string_view before;  ///< the parser's words around what it is about
+    std::string_view after;
+    const char* text;
+};
+
+constexpr std::array faults{
+    UsageFault{"", "A subcommand is required", "", "命令行缺少命令{}"},
+    UsageFault{"RequiredError", "", " is required", "命令行缺少 {}"},
+    UsageFault{"", "The following argument was not expected: ", "", "命令行里多出了“{}”"},
+    UsageFault{"", "The following arguments were not expected: ", "", "命令行里多出了“{}”"},
+    UsageFault{"ArgumentMismatch", "", "", "选项的值太多或太少({})"},
+    UsageFault{"ConversionError", "", "", "选项的值不对({})"},
+    UsageFault{"ValidationError", "", "", "选项的值不对({})"},
+    UsageFault{"", "", "", "命令行有误({})"},
+};
+
+bool isThis(const UsageFault& fault, std::string_view error, std::string_view detail) {
+    return (fault.error.empty() || fault.error == error) && detail.starts_with(fault.before) &&
+           detail.ends_with(fault.after);
+}
 
 }  // namespace
 
-std::string wrongUsage(std::string_view errorName, std::string_view detail) {
-    std::string_view fault = "命令行有误";
-    for (const auto& [name, text] : usageFaults)
-        if (name == errorName) fault = text;
-    return std::string(fault) + ":" + std::string(detail) + "。用 --help 查看用法。";
+std::string wrongUsage(std::string_view error, std::string_view detail) {
+    for (const UsageFault& fault : faults) {
+        if (!isThis(fault, error, detail)) continue;
+        detail.remove_prefix(fault.before.size());
+        detail.remove_suffix(fault.after.size());
+        return fmt::format(fmt::runtime(fault.text), detail) + "。\n用 --help 查看用法。";
+    }
+    return {};
 }
 
 }  // namespace chengheng::tool_texts

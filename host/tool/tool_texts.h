@@ -3,9 +3,11 @@
 #include <string>
 #include <string_view>
 
+// What the command-line tool prints. {} is a value.
+
 namespace chengheng::tool_texts {
 
-inline constexpr const char* summary = "chbooks: 澄恒帐套工具,不需要图形界面";
+inline constexpr const char* summary = "chbooks:澄恒帐套工具,不需要图形界面";
 inline constexpr const char* footer =
     "BOOKS 是帐套文件的路径,或服务器上帐套的地址:\n"
     "  postgresql://用户@主机:端口/数据库?schema=帐套\n"
@@ -14,15 +16,48 @@ inline constexpr const char* footer =
     "  0  完成\n"
     "  1  检查发现了问题\n"
     "  2  命令行有误\n"
-    "  3  帐套或文件打不开:不存在、不是帐套、已损坏、版本太新、只读或连不上服务器\n"
-    "  4  目标已经存在\n"
-    "  5  给出的内容不合规定(科目级长、日期、口令等)\n"
-    "  6  中途失败,什么都没有改变";
+    "  3  帐套、文件或服务器出错(不存在、不是帐套、已损坏、版本太新、只读、占用、\n"
+    "     连不上、磁盘已满),什么都没有改变\n"
+    "  4  目标已经存在,没有改动它\n"
+    "  5  给出的内容不合规定(科目级长、年份、口令等)";
 
 inline constexpr const char* optionGroup = "选项";
 inline constexpr const char* commandGroup = "命令";
 inline constexpr const char* helpOption = "显示本说明";
 inline constexpr const char* versionOption = "显示版本";
+inline constexpr const char* jsonOption = "输出 JSON,供程序读取";
+inline constexpr const char* booksArgument = "帐套文件的路径或服务器地址";
+inline constexpr const char* newBooksArgument = "要写入的帐套文件的路径或服务器地址";
+inline constexpr const char* backupFileArgument = "备份文件";
+inline constexpr const char* forceFile = "替换已经存在的文件";
+inline constexpr const char* forceBooks = "替换已经存在的帐套的全部内容";
+
+inline constexpr const char* infoCommand = "显示帐套的名称、参数和各表行数";
+inline constexpr const char* infoHead =
+    "帐套名称  {}\n"
+    "单位名称  {}\n"
+    "会计年度  {}\n"
+    "启用日期  {}\n"
+    "科目级长  {}\n"
+    "外币核算  {}\n"
+    "数据库    {} {}\n"
+    "格式版本  {}\n"
+    "大小      {} KB\n"
+    "位置      {}\n"
+    "各表行数\n";
+inline constexpr const char* yes = "是";
+inline constexpr const char* no = "否";
+
+inline constexpr const char* checkCommand = "检查帐套的数据是否完好,逐条列出问题";
+inline constexpr const char* noFaults = "{} 项检查全部通过。";
+inline constexpr const char* faultCount = "{} 项检查,共发现 {} 处问题。";
+
+inline constexpr const char* backupCommand = "把帐套备份到文件,备份时可以照常使用帐套";
+inline constexpr const char* backedUp = "帐套“{}”已备份到“{}”,并核对无误。";
+inline constexpr const char* restoreCommand = "从备份文件恢复帐套";
+inline constexpr const char* restored = "已从“{}”恢复帐套“{}”,并核对无误。";
+inline constexpr const char* copyCommand = "复制帐套,文件与服务器之间也可以";
+inline constexpr const char* copied = "帐套“{}”已复制到“{}”,并核对无误。";
 
 /// What is wrong with a command line; the name is that of the parser's error.
 std::string wrongUsage(std::string_view errorName, std::string_view detail);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "data/engines/engine.h"
+#include "host/books/refusal.h"
+#include "host/tool/tool.h"
+
+namespace CLI {
+class App;
+}
+
+namespace chengheng {
+
+// The commands of the tool. Each adds its part of the command line and, when it is the one
+// that was given, sets the tool's action.
+
+void addInfoCommand(CLI::App& app, Tool& tool);
+void addCheckCommand(CLI::App& app, Tool& tool);
+void addBackupCommand(CLI::App& app, Tool& tool);
+void addRestoreCommand(CLI::App& app, Tool& tool);
+void addCopyCommand(CLI::App& app, Tool& tool);
+
+// What several commands do alike.
+
+/// Opens the books at a location, or says why not and gives null.
+std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location);
+
+/// Says what failed at a location.
+ExitCode tellFailure(Tool& tool, const Status& status, const std::string& location);
+/// Says why something was refused.
+ExitCode tellRefusal(Tool& tool, const Refusal& refusal);
+
+}  // namespace chengheng
