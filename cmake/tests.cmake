@@ -50,3 +50,15 @@ if(NOT CHENGHENG_SANITIZE)
             ${tools}/check_exports $<TARGET_FILE:nbcwsetting> CNbCwSettingDlg CNbCwBursarDlg)
     endif()
 endif()
+
+if(CHENGHENG_WINDOWS)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+    folder_sources(sources tests/window/*.cpp tests/window/*/*.cpp)
+    add_executable(test_window ${sources})
+    target_link_libraries(test_window PRIVATE
+        test_support chengheng_shell books_windows Qt6::Test)
+    qt_target(test_window)
+    add_test(NAME window COMMAND test_window)
+    set_tests_properties(window PROPERTIES
+        LABELS window ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1")
+endif()

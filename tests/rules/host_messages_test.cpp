@@ -1,6 +1,5 @@
 #include "host/services/host_messages.h"
 
-#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/recording_messages.h"
@@ -34,33 +33,4 @@ TEST(HostMessages, WithNoneInstalledWriteToTheErrorStreamAndAnswerCautiously) {
     EXPECT_EQ(hostMessages().ask({.text = "接受吗?", .buttons = AnswerButtons::okCancel}),
               Answer::cancel);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "没有屏幕\n继续吗?\n接受吗?\n");
-}
-
-TEST(RecordingMessages, GiveTheQueuedAnswersInOrder) {
-    RecordingMessages messages;
-    messages.willAnswer(Answer::yes);
-    messages.willAnswer(Answer::cancel);
-    EXPECT_EQ(messages.ask({.text = "一"}), Answer::yes);
-    EXPECT_EQ(messages.ask({.text = "二", .buttons = AnswerButtons::okCancel}), Answer::cancel);
-    EXPECT_EQ(messages.questions().size(), 2u);
-}
-
-TEST(RecordingMessages, FailTheTestOnAnUnexpectedQuestion) {
-    RecordingMessages messages;
-    EXPECT_NONFATAL_FAILURE(messages.ask({.text = "意外"}), "an unexpected question: 意外");
-}
-
-TEST(RecordingMessages, FailTheTestOnAnAnswerNoButtonGives) {
-    RecordingMessages messages;
-    messages.willAnswer(Answer::ok);
-    EXPECT_NONFATAL_FAILURE(messages.ask({.text = "是否"}), "no button gives the answer");
-}
-
-TEST(RecordingMessages, FailTheTestOnAnswersLeftOver) {
-    EXPECT_NONFATAL_FAILURE(
-        {
-            RecordingMessages messages;
-            messages.willAnswer(Answer::yes);
-        },
-        "1 answers were never asked for");
 }

@@ -27,20 +27,35 @@ RecordingMessages::~RecordingMessages() {
 void RecordingMessages::tell(const Notice& notice) {
     m_texts.push_back(notice.text);
     m_notices.push_back(notice);
+    if (m_watcher) m_watcher(notice.text);
 }
 
 Answer RecordingMessages::ask(const Question& question) {
     m_texts.push_back(question.text);
     m_questions.push_back(question);
+    if (m_watcher) m_watcher(question.text);
     if (m_answers.empty()) {
         ADD_FAILURE() << "an unexpected question: " << question.text;
         return question.buttons == AnswerButtons::yesNo ? Answer::no : Answer::cancel;
     }
-    const Answer answer = m_answers.front();
+    const QueuedAnswer queued = m_answers.front();
     m_answers.pop_front();
-    EXPECT_TRUE(hasAnswer(question.buttons, answer))
+    EXPECT_EQ(question.text, queued.questionText.value_or(question.text));
+    EXPECT_TRUE(hasAnswer(question.buttons, queued.answer))
         << "no button gives the answer to: " << question.text;
-    return answer;
+    return queued.answer;
+}
+
+Notice RecordingMessages::onlyNotice() const {
+    EXPECT_EQ(m_texts.size(), 1u);
+    EXPECT_EQ(m_notices.size(), 1u);
+    return m_texts.size() == 1 && m_notices.size() == 1 ? m_notices.front() : Notice{};
+}
+
+void RecordingMessages::forget() {
+    m_texts.clear();
+    m_notices.clear();
+    m_questions.clear();
 }
 
 }  // namespace chengheng

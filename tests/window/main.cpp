@@ -1,0 +1,22 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <cstdio>
+
+namespace {
+
+/// Qt's own messages, without what the offscreen platform says about every window.
+void report(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (text.startsWith("This plugin does not support")) return;
+    std::fputs(qPrintable(text + '\n'), stderr);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    testing::InitGoogleTest(&count, arguments);
+    qInstallMessageHandler(report);
+    QApplication application(count, arguments);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+namespace chengheng {
+
+/// The operator's hands while a modal window holds the test: acts once on the next window that
+/// becomes the active modal one. A test fails when none came by the time this goes, and when
+/// the act left the window open, which is then closed so that the test ends.
+class NextModal {
+  public:
+    explicit NextModal(std::function<void(QWidget& window)> act);
+    ~NextModal();
+    NextModal(const NextModal&) = delete;
+    NextModal& operator=(const NextModal&) = delete;
+
+    bool hasCome() const { return m_hasCome; }
+
+  private:
+    void look();
+
+    std::function<void(QWidget&)> m_act;
+    QWidget* m_before;
+    QTimer m_timer;
+    bool m_hasCome = false;
+};
+
+}  // namespace chengheng
