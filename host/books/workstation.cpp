@@ -4,7 +4,6 @@
 #include <signal.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
@@ -48,12 +47,6 @@ std::string booksHome() {
         return data + "/chengheng";
     const std::string user = userFolder();
     return user.empty() ? std::string() : user + "/.local/share/chengheng";
-}
-
-std::string stationName() {
-    std::array<char, 256> name{};
-    if (gethostname(name.data(), name.size() - 1) != 0) return "localhost";
-    return name.data();
 }
 
 std::int32_t ownProcess() { return static_cast<std::int32_t>(getpid()); }

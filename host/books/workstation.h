@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/date.h"
+#include "data/platform/this_process.h"
 #include "data/status.h"
 
 namespace chengheng {
@@ -13,9 +14,6 @@ namespace chengheng {
 /// The folder of the registry and of the sets of books made without a place of their own:
 /// CHENGHENG_HOME, else "chengheng" in the user's data directory. Empty when there is none.
 std::string booksHome();
-
-/// The name by which other workstations know this one.
-std::string stationName();
 
 std::int32_t ownProcess();
 
