@@ -9,7 +9,7 @@
 namespace chengheng {
 namespace {
 
-constexpr std::array companions{"-wal", "-shm", "-journal", "-lock", ""};
+constexpr std::array companions{"-wal", "-shm", "-journal", ".locks", ""};
 
 constexpr const char* dropSchema =
     "DO $$ BEGIN EXECUTE format('DROP SCHEMA %I CASCADE', current_schema()); END $$";
