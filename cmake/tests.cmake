@@ -6,9 +6,9 @@ find_package(Threads REQUIRED)
 folder_sources(support_sources tests/support/*.cpp)
 add_library(test_support STATIC ${support_sources})
 target_link_libraries(test_support PUBLIC books_rules GTest::gtest GTest::gmock Threads::Threads
-    PRIVATE SQLite::SQLite3)
-set_source_files_properties(tests/rules/schema_page_test.cpp PROPERTIES
-    COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
+    PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL)
+set_source_files_properties(tests/rules/schema_page_test.cpp tests/support/private_postgres.cpp
+    PROPERTIES COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 
 # The other workstation of tests with several processes.
 add_executable(test_workstation tests/workstation/main.cpp)

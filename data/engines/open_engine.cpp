@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "data/engines/postgres/postgres_engine.h"
 #include "data/engines/sqlite/sqlite_engine.h"
 
 namespace chengheng {
@@ -55,7 +56,8 @@ std::string shownLocation(std::string_view location) {
 }
 
 Status openEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine) {
-    return openSqliteEngine(location, mode, engine);
+    return isServerAddress(location) ? openPostgresEngine(location, mode, engine)
+                                     : openSqliteEngine(location, mode, engine);
 }
 
 }  // namespace chengheng

@@ -6,6 +6,8 @@
 #include <ostream>
 #include <stdexcept>
 
+#include "tests/support/private_postgres.h"
+
 namespace chengheng {
 namespace {
 
@@ -42,7 +44,11 @@ std::vector<EngineCase> allEngineCases() {
     return cases;
 }
 
-std::vector<EngineCase> sharedEngineCases() { return {EngineCase{"sqliteFile"}}; }
+std::vector<EngineCase> sharedEngineCases() {
+    std::vector<EngineCase> cases{EngineCase{"sqliteFile"}};
+    if (hasTestServer()) cases.push_back(EngineCase{"postgres"});
+    return cases;
+}
 
 std::string freshFolder() {
     static TestFolder folder;
@@ -54,6 +60,7 @@ std::string freshFolder() {
 std::string freshLocation(const EngineCase& engineCase) {
     if (engineCase.name == "sqliteMemory") return ":memory:";
     if (engineCase.name == "sqliteFile") return freshFolder() + "/Nbzw.db";
+    if (engineCase.name == "postgres") return freshSchema();
     throw std::invalid_argument("no such kind of database: " + engineCase.name);
 }
 

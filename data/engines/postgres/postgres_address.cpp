@@ -1,0 +1,73 @@
+#include "data/engines/postgres/postgres_address.h"
+
+#include <charconv>
+#include <optional>
+
+namespace chengheng {
+namespace {
+
+constexpr std::string_view schemaKey = "schema=";
+/// The server cuts longer identifiers short, and two sets of books would share one schema.
+constexpr std::size_t longestIdentifier = 63;
+
+std::optional<std::string> percentDecoded(std::string_view text) {
+    std::string decoded;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '%') {
+            decoded += text[at];
+            continue;
+        }
+        const std::string_view digits = text.substr(at + 1, 2);
+        unsigned code = 0;
+        const char* end = digits.data() + digits.size();
+        const auto read = std::from_chars(digits.data(), end, code, 16);
+        if (digits.size() != 2 || read.ec != std::errc{} || read.ptr != end || code == 0)
+            return std::nullopt;
+        decoded += static_cast<char>(code);
+        at += 2;
+    }
+    return decoded;
+}
+
+std::string quoted(std::string_view text, char quote) {
+    std::string result(1, quote);
+    for (const char letter : text) {
+        if (letter == quote) result += quote;
+        result += letter;
+    }
+    result += quote;
+    return result;
+}
+
+}  // namespace
+
+Status readPostgresAddress(std::string_view text, PostgresAddress& address) {
+    address = {};
+    const std::size_t question = text.find('?');
+    address.serverAddress = text.substr(0, question);
+    if (question == std::string_view::npos) return Status::done();
+    std::string_view rest = text.substr(question + 1);
+    char separator = '?';
+    while (!rest.empty()) {
+        const std::size_t end = rest.find('&');
+        const std::string_view parameter = rest.substr(0, end);
+        rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+        if (!parameter.starts_with(schemaKey)) {
+            address.serverAddress += separator;
+            address.serverAddress += parameter;
+            separator = '&';
+            continue;
+        }
+        const auto schema = percentDecoded(parameter.substr(schemaKey.size()));
+        if (!schema || schema->empty() || schema->size() > longestIdentifier)
+            return Status::of(Failure::missing, "the address names no valid schema");
+        address.schema = *schema;
+    }
+    return Status::done();
+}
+
+std::string quotedIdentifier(std::string_view name) { return quoted(name, '"'); }
+
+std::string quotedLiteral(std::string_view text) { return quoted(text, '\''); }
+
+}  // namespace chengheng

@@ -1,0 +1,204 @@
+#include "data/engines/postgres/postgres_engine.h"
+
+#include <utility>
+
+#include "data/engines/postgres/postgres_cursor.h"
+#include "data/engines/postgres/postgres_dialect.h"
+#include "data/engines/postgres/postgres_pipeline.h"
+#include "data/engines/postgres/postgres_transaction.h"
+#include "data/engines/postgres/postgres_upkeep.h"
+#include "data/locks/postgres_locks.h"
+
+namespace chengheng {
+namespace {
+
+/// Dropping statements from the server one by one would cost a way to it for each.
+constexpr std::size_t mostRetired = 50;
+
+class PostgresEngine final : public Engine {
+  public:
+    explicit PostgresEngine(PostgresAddress address) : m_connection(std::move(address)) {}
+
+    Status connect(OpenMode mode);
+
+    const EngineDialect& dialect() const override { return postgresDialect(); }
+    Status prepare(std::string_view sql, int parameters,
+                   std::unique_ptr<PreparedStatement>& statement) override;
+    Status execute(std::span<const Command> commands, std::int64_t* changed) override;
+    Status open(const Command& command, std::unique_ptr<Cursor>& cursor) override;
+    Status script(std::string_view sql) override;
+
+    Status begin() override { return m_transaction.begin("BEGIN"); }
+    Status commit() override { return behind(m_transaction.commit()); }
+    Status rollback() override { return behind(m_transaction.rollback()); }
+    Status savepoint(int depth) override { return m_transaction.savepoint(depth); }
+    Status releaseSavepoint(int depth) override { return m_transaction.releaseSavepoint(depth); }
+    Status rollbackToSavepoint(int depth) override {
+        return behind(m_transaction.rollbackToSavepoint(depth));
+    }
+    bool inTransaction() const override { return m_transaction.isOpen(); }
+
+    Status ensureConnected() override;
+    Status hasTable(std::string_view name, bool& found) override;
+    LockService& locks() override { return m_locks; }
+
+    Status facts(EngineFacts& facts) override {
+        return readPostgresFacts(m_transaction, m_connection, facts);
+    }
+    Status beginReading() override {
+        return m_transaction.begin("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
+    }
+    Status verify(std::vector<std::string>& faults) override {
+        return verifyPostgres(m_transaction, m_connection, faults);
+    }
+    std::optional<Status> copyToFile(const std::string&) override { return std::nullopt; }
+
+  private:
+    /// Locks may have waited for the end of a transaction or of its failed part.
+    Status behind(Status status) {
+        m_locks.transactionEnded();
+        return status;
+    }
+    Status run(std::span<const Command> commands, PostgresPipeline::Outcome& outcome);
+    Status prepareNow(PostgresStatement& statement);
+    Status dropRetired();
+    Status findSchema(bool& isFound);
+    Status createSchema();
+
+    PostgresConnection m_connection;
+    PostgresTransaction m_transaction{m_connection};
+    PostgresPipeline m_pipeline{m_connection};
+    PostgresLocks m_locks{m_connection};
+    std::shared_ptr<RetiredStatements> m_retired = std::make_shared<RetiredStatements>();
+    int m_statementCount = 0;
+};
+
+Status PostgresEngine::connect(OpenMode mode) {
+    if (Status status = m_connection.connect(); !status) return status;
+    m_retired->generation = m_connection.generation();
+    m_retired->names.clear();
+    bool isFound = false;
+    if (Status status = findSchema(isFound); !status) return status;
+    if (mode == OpenMode::create) return createSchema();
+    if (isFound) return Status::done();
+    m_connection.drop();
+    return Status::of(Failure::missing, m_connection.address().schema);
+}
+
+Status PostgresEngine::findSchema(bool& isFound) {
+    PostgresResult result;
+    const Status status = m_connection.run("SELECT 1 FROM pg_namespace WHERE nspname = " +
+                                               quotedLiteral(m_connection.address().schema),
+                                           &result);
+    if (status) isFound = PQntuples(result.get()) > 0;
+    return status;
+}
+
+Status PostgresEngine::createSchema() {
+    const std::string& schema = m_connection.address().schema;
+    Status status = m_connection.run("CREATE SCHEMA IF NOT EXISTS " + quotedIdentifier(schema));
+    PostgresResult result;
+    if (status)
+        status = m_connection.run(
+            "SELECT 1 FROM pg_class JOIN pg_namespace n ON n.oid = relnamespace WHERE nspname = " +
+                quotedLiteral(schema) + " LIMIT 1",
+            &result);
+    if (status && PQntuples(result.get()) > 0)
+        return Status::of(Failure::refused, schema + ": the schema is not empty");
+    return status;
+}
+
+Status PostgresEngine::prepare(std::string_view sql, int parameters,
+                               std::unique_ptr<PreparedStatement>& statement) {
+    if (Status status = m_transaction.mayRun(); !status) return status;
+    auto made = std::make_unique<PostgresStatement>("s" + std::to_string(++m_statementCount), sql,
+                                                    parameters, m_retired);
+    // Inside a transaction a refusal would end it: there the statement is prepared with its
+    // first run, behind the savepoint that its user may have set before it.
+    if (!m_transaction.isOpen()) {
+        if (Status status = prepareNow(*made); !status) return status;
+    }
+    statement = std::move(made);
+    return Status::done();
+}
+
+Status PostgresEngine::prepareNow(PostgresStatement& statement) {
+    if (Status status = dropRetired(); !status) return status;
+    const PostgresResult result(PQprepare(m_connection.handle(), statement.name().c_str(),
+                                          statement.sql().c_str(), 0, nullptr));
+    if (PQresultStatus(result.get()) != PGRES_COMMAND_OK)
+        return m_connection.failureOf(result.get());
+    statement.setPreparedOn(m_connection.generation());
+    return Status::done();
+}
+
+Status PostgresEngine::dropRetired() {
+    if (m_retired->names.size() < mostRetired) return Status::done();
+    std::string sql;
+    for (const std::string& name : std::exchange(m_retired->names, {}))
+        sql += "DEALLOCATE " + name + "; ";
+    return m_connection.run(sql);
+}
+
+Status PostgresEngine::run(std::span<const Command> commands, PostgresPipeline::Outcome& outcome) {
+    Status status = m_transaction.mayRun();
+    if (status) status = PostgresPipeline::check(commands);
+    if (status) status = m_pipeline.run(m_transaction.takeHeldBack(), commands, outcome);
+    return status;
+}
+
+Status PostgresEngine::execute(std::span<const Command> commands, std::int64_t* changed) {
+    if (changed != nullptr) *changed = 0;
+    if (commands.empty()) return m_transaction.mayRun();
+    PostgresPipeline::Outcome outcome;
+    Status status = run(commands, outcome);
+    if (status && changed != nullptr) *changed = outcome.changed;
+    return status;
+}
+
+Status PostgresEngine::open(const Command& command, std::unique_ptr<Cursor>& cursor) {
+    PostgresPipeline::Outcome outcome;
+    Status status = run({&command, 1}, outcome);
+    if (status) cursor = std::make_unique<PostgresCursor>(std::move(outcome.last));
+    return status;
+}
+
+Status PostgresEngine::script(std::string_view sql) {
+    if (Status status = m_transaction.mayRun(); !status) return status;
+    return m_transaction.run(std::string(sql));
+}
+
+Status PostgresEngine::ensureConnected() {
+    if (m_connection.isConnected()) {
+        Status answer = m_connection.run("");
+        if (answer.failure != Failure::lost) return answer;
+    }
+    return connect(OpenMode::existing);
+}
+
+Status PostgresEngine::hasTable(std::string_view name, bool& found) {
+    found = false;
+    if (Status status = m_transaction.mayRun(); !status) return status;
+    PostgresResult result;
+    const Status status = m_transaction.run(
+        "SELECT 1 FROM pg_class JOIN pg_namespace n ON n.oid = relnamespace WHERE nspname = " +
+            quotedLiteral(m_connection.address().schema) +
+            " AND relkind IN ('r', 'p') AND lower(relname) = lower(" + quotedLiteral(name) + ")",
+        &result);
+    found = status && PQntuples(result.get()) > 0;
+    return status;
+}
+
+}  // namespace
+
+Status openPostgresEngine(std::string_view address, OpenMode mode,
+                          std::unique_ptr<Engine>& engine) {
+    PostgresAddress read;
+    if (Status status = readPostgresAddress(address, read); !status) return status;
+    auto made = std::make_unique<PostgresEngine>(std::move(read));
+    if (Status status = made->connect(mode); !status) return status;
+    engine = std::move(made);
+    return Status::done();
+}
+
+}  // namespace chengheng
