@@ -18,7 +18,7 @@ SampleBooks::SampleBooks(int accounts) : m_accounts(accounts) {
     require(m_database.DBSelect("books") != 0, "selecting the books");
     require(sqlite3_open(path.c_str(), &m_raw) == SQLITE_OK, "opening the floor's connection");
     run("PRAGMA synchronous = FULL");
-    run("PRAGMA cache_size = -65536");
+    run("PRAGMA cache_size = -16384");
     fill();
 }
 

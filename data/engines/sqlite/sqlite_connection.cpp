@@ -23,7 +23,7 @@ constexpr const char* settings =
     "PRAGMA foreign_keys = OFF;"
     "PRAGMA case_sensitive_like = ON;"
     "PRAGMA temp_store = MEMORY;"
-    "PRAGMA cache_size = -65536;"
+    "PRAGMA cache_size = -16384;"
     "PRAGMA journal_size_limit = 67108864;";
 
 constexpr int busyMilliseconds = 5000;
