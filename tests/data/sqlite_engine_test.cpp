@@ -12,6 +12,7 @@
 
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
+#include "tests/support/ordinary_user.h"
 
 namespace chengheng {
 namespace {
@@ -50,18 +51,6 @@ std::string filledDatabase() {
     for (int row = 0; row < 20; ++row)
         EXPECT_TRUE(runSql(*engine, "INSERT INTO Filler VALUES ($1)", {Value::of(text)}).isDone());
     return path;
-}
-
-/// What a process without the rights of the superuser finds.
-int asOrdinaryUser(const std::function<int()>& act) {
-    const pid_t child = fork();
-    if (child == 0) {
-        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) _exit(255);
-        _exit(act());
-    }
-    int result = 0;
-    waitpid(child, &result, 0);
-    return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
 }
 
 TEST(SqliteOpening, AFileThatIsNotThereIsMissingAndIsNotMade) {
