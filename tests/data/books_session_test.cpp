@@ -345,6 +345,7 @@ TEST(BooksSession, OutlivesAServerThatGoesAwayAndComesBack) {
     const std::string address = server.address() + "?schema=zw001_2026";
     Shell shell;
     ASSERT_EQ(shell.refusalOf(requestFor(makeBooks(address))), "");
+    askServer(server.address(), "CHECKPOINT");
     server.stop();
     EXPECT_EQ(shell.database.DBSelect(g_lpszNbZwDBName), 0);
     const std::string text = failureText(shell.database.lastStatus(), address);
@@ -353,7 +354,7 @@ TEST(BooksSession, OutlivesAServerThatGoesAwayAndComesBack) {
     EXPECT_NE(shell.refusalOf(requestFor(address)), "");
     server.startAgain();
     EXPECT_NE(shell.database.DBSelect(g_lpszNbZwDBName), 0);
-    EXPECT_EQ(readRows<_zAccountMInfo>(shell.database, nullptr).size(), 1U);
+    EXPECT_EQ(readRows<_LoginInfo>(shell.database, nullptr).size(), 1U);
     shell.session.logOff();
     const auto engine = openForTest(address, OpenMode::existing);
     EXPECT_EQ(readCell(*engine, "SELECT count(*) FROM LoginInfoTbl"), "0");
