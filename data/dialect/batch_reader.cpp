@@ -28,6 +28,8 @@ constexpr std::optional<StatementKind> kindOf(Word word) {
     }
 }
 
+constexpr std::string_view notOurs = "no statement of this dialect begins like this";
+
 std::string_view textBetween(const char* start, const char* end) {
     return {start, static_cast<std::size_t>(end - start)};
 }
@@ -124,7 +126,7 @@ bool BatchReader::readFirstWord() {
     const char* const start = m_at;
     const std::string lower = takeWord();
     const auto kind = kindOf(wordOf(wordKey(lower), lower));
-    if (!kind) return fail(start, "no statement of this dialect begins like this");
+    if (!kind) return fail(start, notOurs);
     m_kind = *kind;
     put(lower, Glue::word, Glue::word);
     m_last = Last::keyword;
@@ -185,6 +187,7 @@ bool BatchReader::readWord() {
         m_length = before;
         return false;
     }
+    if (word == Word::otherFirst && m_depth == 0 && m_isLineStart) return fail(start, notOurs);
     m_length += size;
     m_glue = Glue::word;
     useKeyword(word);

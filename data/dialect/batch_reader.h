@@ -110,6 +110,7 @@ class BatchReader {
     bool readQuotedName();
     bool readSymbol();
     bool readOpening();
+    void readPlainNumbers();
     bool readClosing();
     bool readOperator();
     bool putOperator(std::size_t length, Last last);

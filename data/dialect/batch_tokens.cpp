@@ -163,6 +163,7 @@ bool BatchReader::readSymbol() {
             put(",", Glue::none, Glue::none);
             m_last = Last::comma;
             ++m_at;
+            if (level().clause == Clause::row) readPlainNumbers();
             return true;
         case '.':
             if (m_last != Last::name) return readNumber(m_at);
@@ -188,7 +189,37 @@ bool BatchReader::readOpening() {
     put("(", Glue::none, Glue::none);
     m_last = Last::opened;
     ++m_at;
+    if (clause == Clause::row) readPlainNumbers();
     return true;
+}
+
+/// Takes the numbers that follow in a row as far as commas and blanks alone stand between
+/// them. The general way gives the same; this one is for the many rows that hold little else.
+void BatchReader::readPlainNumbers() {
+    const char* at = m_at;
+    Value value;
+    for (;;) {
+        while (at < m_end && *at == ' ') ++at;
+        const char* const start = at;
+        const bool isNegative = at < m_end && *at == '-';
+        if (isNegative) ++at;
+        if (at == m_end || characterOf(*at) != Character::digit) return;
+        at = readUnsigned(at, m_end, isNegative, value);
+        if (at == nullptr) return;
+        const char* const end = at;
+        while (at < m_end && *at == ' ') ++at;
+        if (at == m_end || (*at != ',' && *at != ')')) return;
+        reserve(2);
+        m_liftedText = textBetween(start, end);
+        m_values.push_back(value);
+        m_room[m_length++] = markOf(value);
+        if (*at == ')') break;
+        m_room[m_length++] = ',';
+        m_at = ++at;
+        m_last = Last::comma;
+    }
+    m_at = at;
+    m_last = Last::lifted;
 }
 
 bool BatchReader::readClosing() {

@@ -1,6 +1,7 @@
 #include "data/dialect/translation.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 #include "data/date.h"
 #include "data/dialect/characters.h"
@@ -22,6 +23,29 @@ Status noDate(std::string_view text) {
     return Status::of(Failure::unreadable, "no date: " + std::string(text));
 }
 
+bool isOneOf(const Token& token, std::initializer_list<std::string_view> words) {
+    return std::ranges::any_of(words, [&token](std::string_view word) { return token.is(word); });
+}
+
+/// Whether the table of a change is followed by what belongs there, and not by a second name
+/// that an engine might take for one of its own.
+bool isPlainChange(StatementKind kind, std::span<const Token> tokens) {
+    if (kind == StatementKind::select || tokens.size() < 2) return true;
+    std::size_t at = isOneOf(tokens[1], {"into", "from"}) ? 2 : 1;
+    while (at + 1 < tokens.size() && tokens[at + 1].is(".")) at += 2;
+    if (++at >= tokens.size()) return true;
+    switch (kind) {
+        case StatementKind::insert:
+            return isOneOf(tokens[at], {"(", "values", "select"});
+        case StatementKind::update:
+            return tokens[at].is("set");
+        case StatementKind::remove:
+            return tokens[at].is("where");
+        default:
+            return true;
+    }
+}
+
 /// Writes the tokens of a shape one after the other as plain SQL.
 class Writer {
   public:
@@ -29,6 +53,8 @@ class Writer {
         : m_dialect(dialect), m_translated(translated), m_tokens(shapeTokens(shape)) {}
 
     Status write(StatementKind kind) {
+        if (!isPlainChange(kind, m_tokens))
+            return Status::of(Failure::unreadable, "more than a table where the table stands");
         Status status =
             kind == StatementKind::insert ? findInsertedDates(m_tokens, m_dates) : Status::done();
         if (status) status = findComparedDates(m_tokens, m_dates);

@@ -16,6 +16,7 @@ enum class Word : std::uint8_t {
     insertWord,
     selectWord,
     updateWord,
+    otherFirst,  ///< DROP, PRAGMA ...: first words that this dialect does not have
     // beginnings of a part
     from,
     set,
@@ -54,6 +55,18 @@ constexpr Word wordOf(std::uint64_t key, std::string_view word) {
             return Word::selectWord;
         case wordKey("update"):
             return Word::updateWord;
+        case wordKey("alter"):
+        case wordKey("attach"):
+        case wordKey("create"):
+        case wordKey("detach"):
+        case wordKey("drop"):
+        case wordKey("pragma"):
+        case wordKey("release"):
+        case wordKey("rollback"):
+        case wordKey("truncate"):
+        case wordKey("vacuum"):
+        case wordKey("with"):
+            return Word::otherFirst;
         case wordKey("from"):
             return Word::from;
         case wordKey("set"):
