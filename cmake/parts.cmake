@@ -24,7 +24,9 @@ include(cmake/charts.cmake)
 add_library(books_rules STATIC ${rule_sources} ${chart_source})
 target_link_libraries(books_rules
     PUBLIC books_data
-    PRIVATE PkgConfig::SODIUM nlohmann_json::nlohmann_json)
+    PRIVATE PkgConfig::SODIUM CLI11::CLI11 nlohmann_json::nlohmann_json)
+set_source_files_properties(host/books/launch_options.cpp
+    PROPERTIES COMPILE_DEFINITIONS CHENGHENG_VERSION="${PROJECT_VERSION}")
 
 folder_sources(tool_sources host/tool/*.cpp)
 list(REMOVE_ITEM tool_sources ${CMAKE_SOURCE_DIR}/host/tool/main.cpp)

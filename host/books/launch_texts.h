@@ -1,0 +1,50 @@
+#pragma once
+
+/// The texts of the program's command line. {} is a value.
+namespace chengheng::launch_texts {
+
+inline constexpr const char* help =
+    "澄恒财务软件:基础设置\n"
+    "\n"
+    "用法:chengheng [--books 路径|postgresql://…] [--operator 姓名] [--password-file 文件]\n"
+    "                [--date 年-月-日] [-ERPCONSOLE|-ERPSINGLE]\n"
+    "\n"
+    "选项:\n"
+    "  --books 路径|地址           要打开的帐套:文件的路径(文件夹表示其中的 Nbzw.db),\n"
+    "                              或服务器地址 postgresql://用户@主机:端口/数据库?schema=名称\n"
+    "  --operator 姓名             操作员姓名\n"
+    "  --password-file 文件        口令文件,第一行是该操作员的口令;请只让自己可读\n"
+    "  --date 年-月-日             登录日期,例如 2026-01-31,应在会计年度内;省略时取今天,\n"
+    "                              今天不在会计年度内时取年度内离今天最近的一天\n"
+    "  -ERPCONSOLE, -ERPSINGLE     只打开期初余额录入,关闭后程序结束(不分大小写)\n"
+    "  -h, --help                  显示本说明\n"
+    "  --version                   显示版本\n"
+    "\n"
+    "同时给出 --books、--operator 和 --password-file 时不显示登录窗口,直接打开基础设置;\n"
+    "登录不成时把原因写到标准错误输出并结束。否则显示登录窗口,已给出的各项先行填好。\n"
+    "\n"
+    "环境变量:\n"
+    "  CHENGHENG_HOME              存放帐套列表和新建帐套的文件夹,省略时为\n"
+    "                              $XDG_DATA_HOME/chengheng 或 ~/.local/share/chengheng\n"
+    "\n"
+    "退出码:\n"
+    "  0  正常结束,包括在登录窗口中取消\n"
+    "  1  程序内部错误\n"
+    "  2  命令行有误\n"
+    "  3  给出的帐套打不开:不存在、不是帐套、已损坏、版本太新、只读、磁盘已满或连不上服务器\n"
+    "  4  给出的操作员、口令或日期被拒绝,或口令文件读不出\n"
+    "  5  没有图形显示\n";
+
+inline constexpr const char* version = "chengheng {}\n";
+inline constexpr const char* unknownArgument = "无法识别的参数:{}";
+inline constexpr const char* valueMissing = "选项缺少内容,或同一选项给出了多次:{}";
+inline constexpr const char* argumentTwice = "-ERPCONSOLE 和 -ERPSINGLE 只能给出一个";
+inline constexpr const char* dateMalformed =
+    "日期“{}”不正确,请按“年-月-日”的格式输入,例如 2026-01-31";
+inline constexpr const char* seeHelp = "{}\n用 chengheng --help 查看说明\n";
+
+inline constexpr const char* withoutScreen =
+    "没有图形显示,无法打开窗口。请在桌面环境中运行;服务器上可使用命令行工具 chbooks。";
+inline constexpr const char* unexpected = "程序出现意外错误,已结束;已保存的数据不受影响。";
+
+}  // namespace chengheng::launch_texts
