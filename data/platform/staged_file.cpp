@@ -27,6 +27,16 @@ Status flush(const std::string& path, int flags) {
     return error == 0 ? Status::done() : systemFailure(error, path);
 }
 
+/// A log that could not be brought into its database when this was closed holds part of
+/// what was written.
+Status checkFinished(const std::string& path) {
+    std::error_code unseen;
+    for (const char* log : {"-wal", "-journal"})
+        if (std::filesystem::exists(path + log, unseen))
+            return Status::of(Failure::lost, path + log + " was not brought in");
+    return Status::done();
+}
+
 }  // namespace
 
 StagedFile::StagedFile(std::string target) : m_target(std::move(target)) {
@@ -47,7 +57,8 @@ StagedFile::~StagedFile() {
 
 // A link fails where a file stands already; a rename replaces it. Either is all or nothing.
 Status StagedFile::place(bool replace) {
-    Status status = flush(m_path, O_RDONLY);
+    Status status = checkFinished(m_path);
+    if (status) status = flush(m_path, O_RDONLY);
     if (!status) return status;
     const int moved = replace ? std::rename(m_path.c_str(), m_target.c_str())
                               : link(m_path.c_str(), m_target.c_str());

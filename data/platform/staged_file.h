@@ -22,7 +22,8 @@ class StagedFile {
     const std::string& path() const { return m_path; }
 
     /// Flushes the finished file to the disk and moves it to its place. A file that is
-    /// already there is replaced or, when that is not wanted, a refusal.
+    /// already there is replaced or, when that is not wanted, a refusal. A database whose log
+    /// still lies beside it is not finished.
     Status place(bool replace);
 
   private:

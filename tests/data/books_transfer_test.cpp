@@ -9,6 +9,7 @@
 #include "data/transfer/content_digest.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
+#include "tests/support/failing_disk.h"
 #include "tests/support/small_books.h"
 
 namespace {
@@ -144,6 +145,24 @@ TEST(BackupFile, OfCorruptBooksIsRefusedAndLeavesNothing) {
     EXPECT_TRUE(namesIn(folder).empty());
 }
 
+TEST(BackupFile, OnADiskThatFillsUpLeavesNothing) {
+    const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
+    const std::string folder = freshFolder();
+    chengheng::FailingDisk disk;
+    bool isDone = false;
+    int failures = 0;
+    for (int room = 0; !isDone; room += 11) {
+        disk.fail(chengheng::FailingDisk::Fault::full, room);
+        const Outcome refusal = chengheng::backUpBooks(books, folder + "/b.db", Overwrite::refuse);
+        disk.repair();
+        isDone = !refusal;
+        EXPECT_EQ(namesIn(folder).empty(), !isDone) << room;
+        failures += refusal ? 1 : 0;
+    }
+    EXPECT_GT(failures, 3);
+    EXPECT_EQ(contentOf(folder + "/b.db"), contentOf(books));
+}
+
 TEST(BackupFile, OntoItselfIsRefusedEvenByAnotherSpelling) {
     const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
     const std::string folder = files::path(books).parent_path();
@@ -263,6 +282,28 @@ TEST_P(Restore, FileThatIsNoBackupIsRefused) {
 }
 
 CHENGHENG_ON_SHARED_ENGINES(Restore);
+
+TEST(RestoreFile, OnADiskThatFillsUpLeavesTheBooksAsTheyWere) {
+    const std::string file = makeSmallBooks(EngineCase{"sqliteFile"});
+    const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
+    runScript(*openForTest(books, OpenMode::existing), "DELETE FROM Dept");
+    const auto before = contentOf(books);
+    chengheng::FailingDisk disk;
+    bool isDone = false;
+    int failures = 0;
+    for (int room = 0; !isDone; room += 11) {
+        disk.fail(chengheng::FailingDisk::Fault::full, room);
+        const Outcome refusal = chengheng::restoreBooks(file, books, Overwrite::replace);
+        disk.repair();
+        isDone = !refusal;
+        if (!refusal) break;
+        ++failures;
+        EXPECT_THAT(textOf(refusal), HasSubstr("磁盘")) << room;
+        EXPECT_EQ(contentOf(books), before) << room;
+    }
+    EXPECT_GT(failures, 3);
+    EXPECT_EQ(contentOf(books), contentOf(file));
+}
 
 TEST(RestoreFile, FromAServerAddressIsRefused) {
     EXPECT_EQ(kindOf(chengheng::restoreBooks("postgresql://h/d", "a.db", Overwrite::refuse)),

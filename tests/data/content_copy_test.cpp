@@ -7,6 +7,7 @@
 #include "data/transfer/content_digest.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
+#include "tests/support/faulty_engine.h"
 
 namespace {
 
@@ -113,6 +114,26 @@ TEST_P(ContentCopy, GivenUpCopyLeavesTheTargetAsItWas) {
     ASSERT_TRUE(replaceContent(*m_source, *m_target).isDone());
     ASSERT_TRUE(m_target->rollback().isDone());
     EXPECT_EQ(digestsOf(*m_target), before);
+}
+
+TEST_P(ContentCopy, FailureOfAnyCallLeavesTheTargetAsItWas) {
+    chengheng::FaultyEngine target(std::move(m_target));
+    run(target, "INSERT INTO Settle (lId, sStlId) VALUES (5, '9')");
+    const auto before = digestsOf(target);
+    bool isDone = false;
+    for (int call = 1; !isDone; call += 3) {
+        target.failCall(call);
+        auto status = target.begin();
+        if (status) status = replaceContent(*m_source, target);
+        if (status) status = target.commit();
+        isDone = status.isDone();
+        if (target.inTransaction()) {
+            EXPECT_TRUE(target.rollback().isDone());
+        }
+        target.failCall(0);
+        EXPECT_EQ(digestsOf(target) == before, !isDone) << call;
+    }
+    EXPECT_EQ(digestsOf(target), digestsOf(*m_source));
 }
 
 TEST_P(ContentCopy, RowsBeyondOneSendingArriveToo) {

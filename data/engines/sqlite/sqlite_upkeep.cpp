@@ -32,6 +32,13 @@ Status copyPages(sqlite3* from, sqlite3* to) {
     return sqliteFailure(stepped == SQLITE_DONE ? finished : stepped, to);
 }
 
+/// Brings everything into the file itself; closing would not tell that it could not.
+Status emptyLog(sqlite3* connection) {
+    return sqliteStatus(
+        sqlite3_wal_checkpoint_v2(connection, "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr),
+        connection);
+}
+
 void removeDatabase(const std::string& path) {
     std::error_code ignored;  // the failure told is the one that came first
     for (const char* suffix : {"", "-wal", "-shm", "-journal"})
@@ -68,6 +75,7 @@ Status copySqliteToFile(sqlite3* connection, const std::string& path) {
     Status status = openSqliteFile(path, OpenMode::create, copy);
     if (!status) return status;
     status = copyPages(connection, copy.get());
+    if (status) status = emptyLog(copy.get());
     copy.reset();
     if (!status) removeDatabase(path);
     return status;

@@ -1,0 +1,77 @@
+#include "data/platform/staged_file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/engine_cases.h"
+
+namespace {
+
+namespace files = std::filesystem;
+using chengheng::Failure;
+using chengheng::StagedFile;
+
+void write(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
+
+std::string textOf(const std::string& path) {
+    std::string text;
+    std::getline(std::ifstream(path) >> std::ws, text);
+    return text;
+}
+
+/// A file in the making for a place in a folder of its own.
+class Staging : public testing::Test {
+  protected:
+    std::string m_folder = chengheng::freshFolder();
+    std::string m_target = m_folder + "/books.db";
+};
+
+TEST_F(Staging, NothingStandsAtThePlaceBeforeItIsFinished) {
+    StagedFile staged(m_target);
+    ASSERT_TRUE(staged.status().isDone());
+    write(staged.path(), "half");
+    EXPECT_FALSE(files::exists(m_target));
+    ASSERT_TRUE(staged.place(false).isDone());
+    EXPECT_EQ(textOf(m_target), "half");
+}
+
+TEST_F(Staging, WhatIsNotPlacedIsRemoved) {
+    {
+        StagedFile staged(m_target);
+        write(staged.path(), "half");
+        write(staged.path() + "-wal", "log");
+    }
+    EXPECT_TRUE(files::is_empty(m_folder));
+}
+
+TEST_F(Staging, FileAlreadyThereStaysUnlessItIsToBeReplaced) {
+    write(m_target, "old");
+    StagedFile staged(m_target);
+    write(staged.path(), "new");
+    EXPECT_EQ(staged.place(false).failure, Failure::refused);
+    EXPECT_EQ(textOf(m_target), "old");
+    EXPECT_TRUE(staged.place(true).isDone());
+    EXPECT_EQ(textOf(m_target), "new");
+}
+
+TEST_F(Staging, DatabaseWhoseLogIsNotBroughtInIsNotPlaced) {
+    StagedFile staged(m_target);
+    write(staged.path(), "pages");
+    write(staged.path() + "-wal", "more pages");
+    EXPECT_EQ(staged.place(true).failure, Failure::lost);
+    EXPECT_FALSE(files::exists(m_target));
+}
+
+TEST_F(Staging, FolderThatIsMissingIsAFailure) {
+    EXPECT_EQ(StagedFile(m_folder + "/none/books.db").status().failure, Failure::missing);
+}
+
+TEST_F(Staging, OthersCannotLookIntoItsFolder) {
+    const StagedFile staged(m_target);
+    EXPECT_EQ(files::status(files::path(staged.path()).parent_path()).permissions(),
+              files::perms::owner_all);
+}
+
+}  // namespace
