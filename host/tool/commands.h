@@ -16,6 +16,8 @@ namespace chengheng {
 // The commands of the tool. Each adds its part of the command line and, when it is the one
 // that was given, sets the tool's action.
 
+void addNewCommand(CLI::App& app, Tool& tool);
+void addDemoCommand(CLI::App& app, Tool& tool);
 void addInfoCommand(CLI::App& app, Tool& tool);
 void addCheckCommand(CLI::App& app, Tool& tool);
 void addBackupCommand(CLI::App& app, Tool& tool);
