@@ -27,6 +27,7 @@ struct Database::Run {
     std::deque<std::string> texts;
     IdCounters counters;
     bool isInNamedTransaction = false;
+    bool writesHeldCounters = false;  ///< those of the open unit, too
 
     void add(PreparedStatement* statement, std::span<const Value> statementValues) {
         drafts.push_back({statement, values.size(), statementValues.size()});
@@ -110,10 +111,10 @@ Status Database::addHeldCounters(Run& run) {
             run.add(write, values);
         }
     };
-    addAll(m_counters);
+    if (!run.writesHeldCounters) addAll(m_counters);
+    run.writesHeldCounters = true;
     addAll(run.counters);
     run.counters.forget();
-    m_counters.forget();
     return Status::done();
 }
 
@@ -133,6 +134,8 @@ Status Database::runInUnit(Run& run, std::int64_t* changed) {
         if (Status back = m_engine->script(backToSavepointSql); !back) m_isUnitLost = true;
         return status;
     }
+    // Only now: what a failed batch has written is back to be written.
+    if (run.writesHeldCounters) m_counters.forget();
     for (const IdCounters::Counter& counter : run.counters.all())
         m_counters.holdBack(counter.row, counter.value);
     return Status::done();
