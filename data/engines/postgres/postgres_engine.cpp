@@ -158,7 +158,12 @@ Status PostgresEngine::execute(std::span<const Command> commands, std::int64_t* 
 
 Status PostgresEngine::open(const Command& command, std::unique_ptr<Cursor>& cursor) {
     PostgresPipeline::Outcome outcome;
-    Status status = run({&command, 1}, outcome);
+    const bool isInside = m_transaction.isOpen();
+    Status status = PostgresPipeline::check({&command, 1});
+    if (status && isInside) status = m_transaction.beginPart();
+    if (!status) return status;
+    status = run({&command, 1}, outcome);
+    if (isInside) m_transaction.endPart(status);
     if (status) cursor = std::make_unique<PostgresCursor>(std::move(outcome.last));
     return status;
 }

@@ -79,6 +79,17 @@ Status PostgresTransaction::rollbackToSavepoint(int depth) {
     return m_connection.run("ROLLBACK TO SAVEPOINT " + unitName(depth));
 }
 
+Status PostgresTransaction::beginPart() { return holdBack("SAVEPOINT part"); }
+
+void PostgresTransaction::endPart(const Status& outcome) {
+    if (outcome) {
+        m_heldBack.emplace_back("RELEASE SAVEPOINT part");
+    } else if (mayRun()) {
+        // What fails here leaves the transaction as the failed statement left it.
+        static_cast<void>(m_connection.run("ROLLBACK TO SAVEPOINT part; RELEASE SAVEPOINT part"));
+    }
+}
+
 std::vector<std::string> PostgresTransaction::takeHeldBack() {
     m_isSent = m_isOpen;
     return std::exchange(m_heldBack, {});

@@ -26,6 +26,12 @@ class PostgresTransaction {
     Status releaseSavepoint(int depth);
     Status rollbackToSavepoint(int depth);
 
+    /// Keeps the failure of the next statement, a select, from spoiling the transaction: what
+    /// cannot be read has changed nothing.
+    Status beginPart();
+    /// Goes back to where the part began when its statement failed.
+    void endPart(const Status& outcome);
+
     /// What is to be sent before the next statement.
     std::vector<std::string> takeHeldBack();
     /// Runs statements without parameters behind what is held back.
