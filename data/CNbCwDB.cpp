@@ -138,17 +138,24 @@ Status CNbCwDB::beginUnit() {
     return m_impl->status;
 }
 
-Status CNbCwDB::commitUnit() {
-    if (m_impl->hasSelected()) m_impl->settle(m_impl->selected->commitUnit());
+Status CNbCwDB::commitUnit(const std::string& name) {
+    Database* database = m_impl->find(name);
+    m_impl->settle(database == nullptr ? Status::of(Failure::notOpen, name)
+                                       : database->commitUnit());
     return m_impl->status;
 }
 
-void CNbCwDB::rollbackUnit() {
-    if (m_impl->selected != nullptr) m_impl->selected->rollbackUnit();
+void CNbCwDB::rollbackUnit(const std::string& name) {
+    if (Database* database = m_impl->find(name)) database->rollbackUnit();
 }
 
 chengheng::LockService* CNbCwDB::lockService() {
     return m_impl->selected == nullptr ? nullptr : &m_impl->selected->engine().locks();
+}
+
+chengheng::LockService* CNbCwDB::lockService(const std::string& name) {
+    Database* database = m_impl->find(name);
+    return database == nullptr ? nullptr : &database->engine().locks();
 }
 
 void CNbCwDB::setLockWaiter(chengheng::LockWaiter* waiter) {

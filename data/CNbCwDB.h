@@ -138,13 +138,16 @@ class CNbCwDB {
     /// Name of the selected database; empty when none is.
     const std::string& selectedName() const;
 
-    /// Nested units are savepoints; see UnitOfWork.
+    /// Nested units are savepoints; see UnitOfWork. A unit begins on the selected database and
+    /// ends on the one named, whichever is selected by then.
     chengheng::Status beginUnit();
-    chengheng::Status commitUnit();
-    void rollbackUnit();
+    chengheng::Status commitUnit(const std::string& name);
+    void rollbackUnit(const std::string& name);
 
     /// Lock service of the selected database; null when none is selected.
     chengheng::LockService* lockService();
+    /// Of an open one; null when none of that name is open.
+    chengheng::LockService* lockService(const std::string& name);
     /// Who is asked while locks are waited for, in this and every other open database; not
     /// owned. Null restores the default.
     void setLockWaiter(chengheng::LockWaiter* waiter);

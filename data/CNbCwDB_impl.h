@@ -36,6 +36,11 @@ struct CNbCwDB::Impl {
     Table<Record>& table() {
         return std::get<Table<Record>>(tables);
     }
+    /// The open database of that name; null when there is none.
+    chengheng::Database* find(const std::string& name) {
+        const auto found = databases.find(name);
+        return found == databases.end() ? nullptr : found->second.get();
+    }
     /// Remembers the outcome; true when it is done.
     bool settle(chengheng::Status outcome) {
         status = std::move(outcome);

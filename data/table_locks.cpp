@@ -11,6 +11,7 @@ constexpr int waiting = 1;
 
 TableLocks::TableLocks(CNbCwDB& database, std::string referringTables, std::string ownTables)
     : m_database(database),
+      m_name(database.selectedName()),
       m_referringTables(std::move(referringTables)),
       m_ownTables(std::move(ownTables)) {
     if (m_database.SQLLock(m_referringTables.c_str(), sharedMode, waiting) == 0) {
@@ -24,9 +25,10 @@ TableLocks::TableLocks(CNbCwDB& database, std::string referringTables, std::stri
 }
 
 TableLocks::~TableLocks() {
-    if (!areGranted()) return;
-    m_database.SQLUnLock(m_referringTables.c_str(), sharedMode);
-    m_database.SQLUnLock(m_ownTables.c_str(), exclusiveMode);
+    LockService* locks = m_database.lockService(m_name);
+    if (!areGranted() || locks == nullptr) return;
+    locks->unlock(m_referringTables, LockMode::shared);
+    locks->unlock(m_ownTables, LockMode::exclusive);
 }
 
 }  // namespace chengheng

@@ -7,8 +7,8 @@
 namespace chengheng {
 
 /// Takes the referring tables in mode 1, then the changed tables in mode 2, both with
-/// waiting, and releases them in the same order on every path. An action whose locks were
-/// not granted must not run.
+/// waiting, and releases them in the same order on every path, on the database that was
+/// selected when they were taken. An action whose locks were not granted must not run.
 class TableLocks {
   public:
     /// Either list may be empty. The database must outlive the locks.
@@ -22,6 +22,7 @@ class TableLocks {
 
   private:
     CNbCwDB& m_database;
+    std::string m_name;
     std::string m_referringTables;
     std::string m_ownTables;
     Status m_status;
