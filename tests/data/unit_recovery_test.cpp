@@ -174,8 +174,10 @@ TEST_P(Units, LocksAreReleasedOnTheDatabaseTheyWereTakenOn) {
     EXPECT_FALSE(m_db.lockService()->holds("Code", LockMode::exclusive));
 }
 
-TEST_P(Units, LostWithTheServerLeaveNothingAndTheNextSelectReconnects) {
-    if (GetParam().name != "postgres") GTEST_SKIP() << "a file has no connection to lose";
+/// The same on a server alone.
+class ServerUnits : public Units {};
+
+TEST_P(ServerUnits, LostWithTheServerLeaveNothingAndTheNextSelectReconnects) {
     ASSERT_NE(run(sumRow(1)), 0);
     const std::string session = cellOf("SELECT pg_backend_pid()");
     TableLocks locks(m_db, "AccSum", "Code");
@@ -199,5 +201,15 @@ TEST_P(Units, LostWithTheServerLeaveNothingAndTheNextSelectReconnects) {
 }
 
 CHENGHENG_ON_ALL_ENGINES(Units);
+
+/// A file has no connection to lose.
+std::vector<EngineCase> serverCases() {
+    std::vector<EngineCase> cases = chengheng::allEngineCases();
+    std::erase_if(cases, [](const EngineCase& each) { return each.name != "postgres"; });
+    return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(On, ServerUnits, testing::ValuesIn(serverCases()),
+                         chengheng::engineCaseName);
 
 }  // namespace
