@@ -71,18 +71,21 @@ TEST_P(Batches, NextIdAfterEmptyingAccSumIsOne) {
 }
 
 TEST_P(Batches, FailureAtTheEndTakesEverythingBack) {
-    for (const char* end : {"\nDELETE NoSuchTable", "\nDROP TABLE Code"}) {
+    const std::pair<const char*, Failure> ends[] = {
+        {"\nDELETE NoSuchTable", Failure::refused},
+        {"\nDROP TABLE Code", Failure::unreadable},
+    };
+    for (const auto& [end, failure] : ends) {
         EXPECT_EQ(m_db.QRYExecuteSQL(twelveRows(0, 7) + end), 0);
-        EXPECT_EQ(m_db.lastStatus().failure, Failure::refused);
+        EXPECT_EQ(m_db.lastStatus().failure, failure);
         EXPECT_EQ(sums(), 0);
         EXPECT_EQ(m_db.AccSum_GetLastId(), 0);
     }
 }
 
 TEST_P(Batches, UnreadableEndTakesEverythingBack) {
-    for (const char* end :
-         {"\nUPDATE Code SET sName = 'x", "\nBEGIN TRANSACTION xiugai",
-          "\nCOMMIT TRANSACTION xiugai", "\nSELECT * FROM Code"}) {
+    for (const char* end : {"\nUPDATE Code SET sName = 'x", "\nBEGIN TRANSACTION xiugai",
+                            "\nCOMMIT TRANSACTION xiugai", "\nSELECT * FROM Code"}) {
         EXPECT_EQ(m_db.QRYExecuteSQL(twelveRows(0, 7) + end), 0) << end;
         EXPECT_EQ(m_db.lastStatus().failure, Failure::unreadable) << end;
         EXPECT_EQ(sums(), 0) << end;
