@@ -54,10 +54,11 @@ Status PostgresTransaction::commit() {
 
 Status PostgresTransaction::rollback() {
     if (!m_isOpen) return noTransaction();
-    // What is lost has been undone by the server.
     const bool isNeeded = m_isSent && mayRun();
     end();
-    return isNeeded ? m_connection.run("ROLLBACK") : Status::done();
+    Status status = isNeeded ? m_connection.run("ROLLBACK") : Status::done();
+    // With a lost connection the server undoes it by itself.
+    return status.failure == Failure::lost ? Status::done() : status;
 }
 
 Status PostgresTransaction::savepoint(int depth) { return holdBack(savepointSql(depth)); }
