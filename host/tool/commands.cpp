@@ -4,13 +4,14 @@
 
 #include "data/engines/open_engine.h"
 #include "data/schema/layout.h"
+#include "host/books/books_session.h"
 #include "host/books/failure_texts.h"
 
 namespace chengheng {
 
 std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location) {
     std::unique_ptr<Engine> engine;
-    Status status = openEngine(location, OpenMode::existing, engine);
+    Status status = openEngine(locationOfBooks(location), OpenMode::existing, engine);
     if (status) status = checkLayout(*engine);
     if (status) return engine;
     tellFailure(tool, status, location);

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "data/engines/open_engine.h"
+#include "host/books/books_session.h"
 #include "host/books/books_transfer.h"
 #include "host/tool/commands.h"
 #include "host/tool/tool_texts.h"
@@ -63,10 +64,10 @@ constexpr TransferCommand copyCommand{"copy",
 
 ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& options) {
     const Overwrite overwrite = options.isForced ? Overwrite::replace : Overwrite::refuse;
-    if (const auto refusal = command.run(options.from, options.to, overwrite))
-        return tellRefusal(tool, *refusal);
-    tool.out << fmt::format(fmt::runtime(command.done), shownLocation(options.from),
-                            shownLocation(options.to))
+    const std::string from = locationOfBooks(options.from);
+    const std::string to = locationOfBooks(options.to);
+    if (const auto refusal = command.run(from, to, overwrite)) return tellRefusal(tool, *refusal);
+    tool.out << fmt::format(fmt::runtime(command.done), shownLocation(from), shownLocation(to))
              << '\n';
     return ExitCode::done;
 }

@@ -8,6 +8,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/faulty_engine.h"
+#include "tests/support/small_books.h"
 
 namespace {
 
@@ -137,9 +138,11 @@ TEST_P(ContentCopy, FailureOfAnyCallLeavesTheTargetAsItWas) {
 }
 
 TEST_P(ContentCopy, RowsBeyondOneSendingArriveToo) {
+    std::string script = "BEGIN;";
     for (int id = 10; id < 1211; ++id)
-        run(*m_source, "INSERT INTO Enter (lId, sEnterName) VALUES (" + std::to_string(id) +
-                           ", '客户" + std::to_string(id) + "')");
+        script += "INSERT INTO Enter (lId, sEnterName) VALUES (" + std::to_string(id) + ", '客户" +
+                  std::to_string(id) + "');";
+    chengheng::runScript(*m_source, script + "COMMIT");
     copy();
     EXPECT_EQ(readCell(*m_target, "SELECT count(*) FROM Enter"), "1201");
     EXPECT_EQ(digestsOf(*m_source), digestsOf(*m_target));

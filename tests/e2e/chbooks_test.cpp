@@ -321,6 +321,16 @@ TEST(ToolDemo, PasswordStandsBesideTheBooksForTheirOwnerOnly) {
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
+TEST(ToolPlaces, FolderStandsForTheBooksInIt) {
+    const std::string folder = freshFolder();
+    ASSERT_EQ(chbooks({"demo", folder}).exitCode, done);
+    EXPECT_EQ(chbooks({"check", folder}).exitCode, done);
+    EXPECT_EQ(chbooks({"info", folder}).exitCode, done);
+    const std::string other = freshFolder();
+    EXPECT_EQ(chbooks({"copy", folder, other}).exitCode, done);
+    EXPECT_TRUE(std::filesystem::exists(other + "/Nbzw.db"));
+}
+
 TEST(ToolFailures, MissingBooksAreNamed) {
     const std::string path = freshFolder() + "/none.db";
     for (const char* command : {"info", "check"}) {
