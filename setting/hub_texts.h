@@ -1,0 +1,31 @@
+#pragma once
+
+namespace chengheng::hub_texts {
+
+inline constexpr const char* title = "基础设置";
+inline constexpr const char* productName = "澄恒财务软件";
+
+inline constexpr const char* noSupervisor = "你没有[主管]权限!";
+inline constexpr const char* noForeignCurrency =
+    "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!";
+/// The name of the function whose window is missing takes the place of {}.
+inline constexpr const char* unbuiltFunction = "“{}”尚未完成,暂不能使用。";
+
+inline constexpr const char* divide = "财务分工";
+inline constexpr const char* bursar = "会计科目";
+inline constexpr const char* exchange = "汇率管理";
+inline constexpr const char* begleft = "期初余额录入";
+inline constexpr const char* species = "凭证类别";
+inline constexpr const char* presetWizard = "凭证类别预置向导";
+inline constexpr const char* method = "结算方式";
+
+inline constexpr const char* startingGroup = "建帐";
+inline constexpr const char* voucherGroup = "凭证";
+inline constexpr const char* keysHint = "数字键 1–7 直接进入    F1 帮助";
+
+inline constexpr const char* setName = "帐套";
+inline constexpr const char* operatorName = "操作员";
+inline constexpr const char* logonDate = "日期";
+inline constexpr const char* supervisorMark = "(主管)";
+
+}  // namespace chengheng::hub_texts
