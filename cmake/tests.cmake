@@ -61,4 +61,9 @@ if(CHENGHENG_WINDOWS)
     add_test(NAME window COMMAND test_window)
     set_tests_properties(window PROPERTIES
         LABELS window ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1")
+
+    add_test(NAME module_exports COMMAND ${CMAKE_COMMAND}
+        -DNM=${CMAKE_NM} -DMODULE=$<TARGET_FILE:nbcwsetting> -DHOST=$<TARGET_FILE:chenghenghost>
+        -P ${CMAKE_SOURCE_DIR}/tests/window/module_exports.cmake)
+    set_tests_properties(module_exports PROPERTIES LABELS window)
 endif()

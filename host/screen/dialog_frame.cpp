@@ -1,0 +1,126 @@
+#include "host/screen/dialog_frame.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <algorithm>
+
+#include "host/screen/fonts.h"
+#include "host/screen/host_events.h"
+#include "host/services/host_messages.h"
+
+namespace chengheng {
+namespace {
+
+bool hasDefaultButton(const QDialog& dialog) {
+    const auto buttons = dialog.findChildren<QPushButton*>();
+    return std::any_of(buttons.begin(), buttons.end(), [](const QPushButton* button) {
+        return button->isDefault() && button->isVisible();
+    });
+}
+
+}  // namespace
+
+DialogFrame::DialogFrame(int templateNumber, QWidget* parent)
+    : QDialog(parent), m_messages(hostMessages()), m_templateNumber(templateNumber) {
+    setFont(windowFont());
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+bool DialogFrame::initialise() {
+    if (!m_isInitialised) {
+        m_isInitialised = true;
+        bool placesFocus = false;
+        if (!runGuarded(m_messages, windowTitle(), [&] { placesFocus = OnInitDialog(); })) {
+            EndDialog(Rejected);
+        } else if (placesFocus && !focusWidget()) {
+            focusNextChild();
+        }
+    }
+    return !m_isEnded;
+}
+
+int DialogFrame::exec() {
+    m_isModalLoopRunning = true;
+    if (!initialise()) return result();
+    return QDialog::exec();
+}
+
+void DialogFrame::setVisible(bool visible) {
+    if (visible && !initialise()) return;
+    QDialog::setVisible(visible);
+}
+
+void DialogFrame::done(int result) {
+    const bool hadEnded = std::exchange(m_isEnded, true);
+    QDialog::done(result);
+    if (!hadEnded) PostNcDestroy();
+}
+
+void DialogFrame::EndDialog(int result) {
+    if (!m_isEnded) done(result);
+}
+
+bool DialogFrame::event(QEvent* event) {
+    bool isDone = true;
+    runGuarded(m_messages, windowTitle(),
+               [&] { isDone = PreTranslateMessage(*event) || WindowProc(*event); });
+    return isDone;
+}
+
+bool DialogFrame::WindowProc(QEvent& event) {
+    if (event.type() == CommandEvent::type()) {
+        return OnCommand(static_cast<CommandEvent&>(event).command);
+    }
+    return QDialog::event(&event);
+}
+
+void DialogFrame::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (hasDefaultButton(*this)) {
+                QDialog::keyPressEvent(event);
+            } else {
+                OnOK();
+            }
+            break;
+        case Qt::Key_Escape:
+            OnCancel();
+            break;
+        case Qt::Key_F1:
+            if (!OnHelpInfo()) event->ignore();
+            break;
+        default:
+            QDialog::keyPressEvent(event);
+    }
+}
+
+void DialogFrame::mouseMoveEvent(QMouseEvent* event) {
+    OnMouseMove(event->position().toPoint());
+    QDialog::mouseMoveEvent(event);
+}
+
+void DialogFrame::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) OnLButtonDown(event->position().toPoint());
+    if (event->button() == Qt::RightButton) OnRButtonDown(event->position().toPoint());
+    QDialog::mousePressEvent(event);
+}
+
+void DialogFrame::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) OnLButtonUp(event->position().toPoint());
+    QDialog::mouseReleaseEvent(event);
+}
+
+void DialogFrame::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), OnCtlColor(dialogBackground));
+    OnEraseBkgnd(painter);
+}
+
+QBrush DialogFrame::OnCtlColor(int) { return palette().window(); }
+
+bool DialogFrame::OnHelpInfo() { return false; }
+
+}  // namespace chengheng

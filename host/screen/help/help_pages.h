@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <span>
+
+namespace chengheng {
+
+/// A page of help: the context by which a window asks for it, its title and its file.
+struct HelpPage {
+    int context;
+    const char* title;
+    const char* file;
+};
+
+inline constexpr int hubHelpContext = 197778;
+
+/// In the order of the table of contents.
+std::span<const HelpPage> helpPages();
+
+/// Position of the page for a context; that of the first page when there is none.
+int helpPageIndex(int context);
+
+/// The page as it is written.
+QString helpPageSource(const HelpPage& page);
+
+/// Whether title or text of the page holds what is looked for, in any case.
+bool isFoundOnPage(const HelpPage& page, const QString& wanted);
+
+}  // namespace chengheng

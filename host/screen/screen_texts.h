@@ -1,0 +1,19 @@
+#pragma once
+
+namespace chengheng::screen_texts {
+
+/// {} is the window's title, then what the program says about the error.
+inline constexpr const char* unexpectedError =
+    "“{}”中发生意外错误:{}\n\n本次操作没有完成,此前已保存的数据不受影响。";
+inline constexpr const char* unknownError = "原因不明";
+
+inline constexpr const char* productName = "澄恒财务软件";
+
+inline constexpr const char* helpTitle = "帮助 - 澄恒财务软件";
+inline constexpr const char* helpContents = "目录";
+inline constexpr const char* helpSearch = "搜索(&S):";
+inline constexpr const char* helpPage = "帮助内容";
+inline constexpr const char* helpNothingFound = "没有找到相关内容";
+inline constexpr const char* helpCommand = "帮助(&H)";
+
+}  // namespace chengheng::screen_texts

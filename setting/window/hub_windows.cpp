@@ -1,0 +1,38 @@
+#include "setting/window/hub_windows.h"
+
+#include "accounts/window/CNbCwBursarDlg.h"
+#include "setting/window/unbuilt_functions.h"
+
+namespace chengheng {
+namespace {
+
+template <class Window>
+void runModally(IMessages&) {
+    Window(nullptr).DoModal();
+}
+
+struct Launcher {
+    HubFunction function;
+    void (*launch)(IMessages& messages);
+};
+
+constexpr Launcher launchers[] = {
+    {HubFunction::divide, tellUnbuilt<HubFunction::divide>},
+    {HubFunction::bursar, runModally<CNbCwBursarDlg>},
+    {HubFunction::exchange, tellUnbuilt<HubFunction::exchange>},
+    {HubFunction::begleft, tellUnbuilt<HubFunction::begleft>},
+    {HubFunction::species, tellUnbuilt<HubFunction::species>},
+    {HubFunction::method, tellUnbuilt<HubFunction::method>},
+};
+
+}  // namespace
+
+void HubWindows::show(HubFunction function) {
+    for (const Launcher& launcher : launchers) {
+        if (launcher.function == function) launcher.launch(m_messages);
+    }
+}
+
+int HubWindows::runPresetWizard() { return runUnbuiltWizard(m_messages); }
+
+}  // namespace chengheng

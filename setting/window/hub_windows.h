@@ -1,0 +1,20 @@
+#pragma once
+
+#include "setting/hub_functions.h"
+
+namespace chengheng {
+
+/// The windows of the module's functions, each constructed with no parent, run modally and
+/// destroyed when its loop ends.
+class HubWindows final : public IHubWindows {
+  public:
+    explicit HubWindows(IMessages& messages) : m_messages(messages) {}
+
+    void show(HubFunction function) override;
+    int runPresetWizard() override;
+
+  private:
+    IMessages& m_messages;
+};
+
+}  // namespace chengheng

@@ -1,0 +1,44 @@
+#include "setting/window/unbuilt_functions.h"
+
+#include <fmt/format.h>
+
+#include "setting/hub_texts.h"
+
+namespace chengheng {
+namespace {
+
+const char* titleOf(HubFunction function) {
+    switch (function) {
+        case HubFunction::divide:
+            return hub_texts::divide;
+        case HubFunction::bursar:
+            return hub_texts::bursar;
+        case HubFunction::exchange:
+            return hub_texts::exchange;
+        case HubFunction::begleft:
+            return hub_texts::begleft;
+        case HubFunction::species:
+            return hub_texts::species;
+        case HubFunction::method:
+            return hub_texts::method;
+        case HubFunction::exit:
+            break;
+    }
+    return "";
+}
+
+void tell(IMessages& messages, const char* title) {
+    messages.tell({.text = fmt::format(fmt::runtime(hub_texts::unbuiltFunction), title),
+                   .icon = MessageIcon::information});
+}
+
+}  // namespace
+
+void tellUnbuilt(IMessages& messages, HubFunction function) { tell(messages, titleOf(function)); }
+
+int runUnbuiltWizard(IMessages& messages) {
+    tell(messages, hub_texts::presetWizard);
+    return 0;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,100 @@
+#include <QApplication>
+
+#include "accounts/window/CNbCwBursarDlg.h"
+#include "tests/window/hub_fixture.h"
+
+using namespace chengheng;
+
+namespace {
+
+std::string unbuilt(const char* name) { return "“" + std::string(name) + "”尚未完成,暂不能使用。"; }
+
+}  // namespace
+
+TEST_F(HubTest, SaysOfEachFunctionWithoutAWindowThatItIsNotReady) {
+    const std::pair<int, const char*> functions[] = {{32776, "财务分工"},
+                                                     {32775, "会计科目"},
+                                                     {200, "汇率管理"},
+                                                     {298, "期初余额录入"},
+                                                     {32778, "结算方式"}};
+    OpenHub hub;
+    hub.show();
+    const auto windows = QApplication::topLevelWidgets().size();
+    for (const auto& [command, name] : functions) {
+        hub.clickRegion(command);
+        EXPECT_EQ(m_messages.onlyNotice().text, unbuilt(name));
+        EXPECT_EQ(m_messages.notices()[0].icon, MessageIcon::information);
+        EXPECT_EQ(QApplication::topLevelWidgets().size(), windows);
+        m_messages.forget();
+    }
+}
+
+TEST_F(HubTest, LetsOnlySupervisorsDivideWork) {
+    logOn(0);
+    OpenHub hub;
+    hub.show();
+    hub.clickRegion(32776);
+    const Notice notice = m_messages.onlyNotice();
+    EXPECT_EQ(notice.text, "你没有[主管]权限!");
+    EXPECT_EQ(notice.icon, MessageIcon::stop);
+    EXPECT_EQ(notice.caption, "澄恒财务软件");
+}
+
+TEST_F(HubTest, OpensNothingBehindARegionWhoseRightIsRefused) {
+    logOn(0);
+    run(formatSql("INSERT UserAuth VALUES(5, 5, '%s')", std::string(255, 'N')));
+    const std::pair<int, const char*> refusals[] = {{32775, "你没有[会计科目设置]权限!"},
+                                                    {200, "你没有[外币设置]权限!"},
+                                                    {298, "你没有[期初余额录入]权限!"},
+                                                    {32777, "你没有[凭证类别设置]权限!"},
+                                                    {32778, "你没有[结算方式设置]权限!"}};
+    OpenHub hub;
+    hub.show();
+    for (const auto& [command, text] : refusals) {
+        hub.clickRegion(command);
+        EXPECT_EQ(m_messages.onlyNotice().text, text);
+        m_messages.forget();
+    }
+}
+
+TEST_F(HubTest, TellsWhereForeignCurrencyIsSwitchedOn) {
+    m_parameters.bFgn = 0;
+    OpenHub hub;
+    hub.show();
+    hub.clickRegion(200);
+    const Notice notice = m_messages.onlyNotice();
+    EXPECT_EQ(notice.text,
+              "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!");
+    EXPECT_EQ(notice.icon, MessageIcon::information);
+}
+
+TEST_F(HubTest, LeadsToThePresetWizardWithoutVoucherTypes) {
+    OpenHub hub;
+    hub.show();
+    hub.clickRegion(32777);
+    EXPECT_EQ(m_messages.onlyNotice().text, unbuilt("凭证类别预置向导"));
+}
+
+TEST_F(HubTest, LeadsToTheVoucherTypesWhenThereIsOne) {
+    run("INSERT Sign (lId) VALUES(1)");
+    OpenHub hub;
+    hub.show();
+    hub.clickRegion(32777);
+    EXPECT_EQ(m_messages.onlyNotice().text, unbuilt("凭证类别"));
+}
+
+TEST_F(HubTest, OpensNoVoucherTypesAndSaysNothingWithoutADatabase) {
+    logOn(1, {}, "others");
+    OpenHub hub;
+    hub.show();
+    hub.clickRegion(32777);
+    EXPECT_TRUE(m_messages.texts().empty());
+}
+
+TEST_F(HubTest, HasAChartOfAccountsThatTheHostCanOpenByItself) {
+    CNbCwBursarDlg dialog(nullptr);
+    EXPECT_EQ(dialog.templateNumber(), 124);
+    EXPECT_EQ(dialog.DoModal(), QDialog::Rejected);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(m_messages.onlyNotice().text, unbuilt("会计科目"));
+}

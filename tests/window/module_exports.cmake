@@ -1,0 +1,43 @@
+# The module exports its two window classes and nothing else of ours, and the host's globals
+# live in the host library alone. Run with -DNM= -DMODULE= -DHOST=.
+
+cmake_minimum_required(VERSION 3.21)
+
+function(exported_names variable library)
+    execute_process(COMMAND ${NM} -D -C --defined-only ${library}
+        OUTPUT_VARIABLE listing RESULT_VARIABLE result)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "nm cannot read ${library}")
+    endif()
+    string(REGEX REPLACE "[][;]" "," listing "${listing}")
+    string(REGEX REPLACE "\n" ";" lines "${listing}")
+    set(names)
+    foreach(line IN LISTS lines)
+        string(REGEX REPLACE "^[0-9a-f]* *[A-Za-z] " "" name "${line}")
+        if(name)
+            list(APPEND names "${name}")
+        endif()
+    endforeach()
+    set(${variable} "${names}" PARENT_SCOPE)
+endfunction()
+
+exported_names(module_names ${MODULE})
+set(classes CNbCwSettingDlg CNbCwBursarDlg)
+set(kinds "(vtable for |typeinfo for |typeinfo name for |non-virtual thunk to )?")
+foreach(name IN LISTS module_names)
+    if(NOT name MATCHES "^${kinds}(CNbCwSettingDlg|CNbCwBursarDlg)(::.*)?$")
+        message(FATAL_ERROR "the module exports ${name}")
+    endif()
+endforeach()
+foreach(class IN LISTS classes)
+    if(NOT "${class}::${class}(QWidget*)" IN_LIST module_names)
+        message(FATAL_ERROR "the module does not export the constructor of ${class}")
+    endif()
+endforeach()
+
+exported_names(host_names ${HOST})
+foreach(global g_pDB g_lpszNbZwDBName g_lpArgument g_lpLogonUserInfo g_pDlgWnd)
+    if(NOT global IN_LIST host_names)
+        message(FATAL_ERROR "the host library does not hold ${global}")
+    endif()
+endforeach()
