@@ -1,0 +1,16 @@
+# Every fuzz/NAME_fuzz.cpp is a program fuzz_NAME of its own; clang only.
+
+folder_sources(fuzz_sources fuzz/*_fuzz.cpp)
+
+foreach(source ${fuzz_sources})
+    get_filename_component(name ${source} NAME_WE)
+    string(REGEX REPLACE "_fuzz$" "" name ${name})
+    add_executable(fuzz_${name} ${source})
+    target_link_libraries(fuzz_${name} PRIVATE books_rules)
+    target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+endforeach()
+
+# The parts under test tell the fuzzer which branches they took.
+foreach(part books_data books_rules)
+    target_compile_options(${part} PRIVATE -fsanitize=fuzzer-no-link)
+endforeach()
