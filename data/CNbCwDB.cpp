@@ -163,6 +163,10 @@ void CNbCwDB::setLockWaiter(chengheng::LockWaiter* waiter) {
     for (auto& [name, database] : m_impl->databases) database->engine().locks().setWaiter(waiter);
 }
 
+void CNbCwDB::setLossObserver(std::function<void(const Status&)> observer) {
+    m_impl->lossObserver = std::move(observer);
+}
+
 void CNbCwDB::setLockIdentity(const chengheng::LockIdentity& identity) {
     m_impl->identity = identity;
     for (auto& [name, database] : m_impl->databases)

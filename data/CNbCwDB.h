@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -151,6 +152,9 @@ class CNbCwDB {
     /// Who is asked while locks are waited for, in this and every other open database; not
     /// owned. Null restores the default.
     void setLockWaiter(chengheng::LockWaiter* waiter);
+    /// Told, in the midst of an operation, that it failed because the connection is lost or
+    /// cannot be made again; must call nothing here. An empty one ends it.
+    void setLossObserver(std::function<void(const chengheng::Status&)> observer);
     /// What other workstations are told about this one's locks.
     void setLockIdentity(const chengheng::LockIdentity& identity);
     /// The selected database itself, for the host's tools; null when none is selected.

@@ -43,7 +43,11 @@ struct CNbCwDB::Impl {
     }
     /// Remembers the outcome; true when it is done.
     bool settle(chengheng::Status outcome) {
+        using chengheng::Failure;
         status = std::move(outcome);
+        const bool isLoss =
+            status.failure == Failure::lost || status.failure == Failure::unreachable;
+        if (isLoss && lossObserver) lossObserver(status);
         return status.isDone();
     }
     /// True when a database is selected; else the failure is remembered.
@@ -53,5 +57,6 @@ struct CNbCwDB::Impl {
                           : chengheng::Status::of(chengheng::Failure::notOpen, "no database"));
     }
     chengheng::LockWaiter* waiter = nullptr;
+    std::function<void(const chengheng::Status&)> lossObserver;
     chengheng::LockIdentity identity;
 };
