@@ -1,0 +1,24 @@
+#pragma once
+
+/// The texts of the log-on windows that do not stand in their forms. %1 is a value.
+namespace chengheng::shell_texts {
+
+inline constexpr const char* lockWaitTitle = "等待其他工作站";
+inline constexpr const char* lockWaited = "已等待 %1";
+inline constexpr const char* cancel = "取消";
+inline constexpr const char* confirm = "确定";
+inline constexpr const char* logon = "登录";
+
+inline constexpr const char* passwordsDiffer = "口令和确认口令不一致,请重新输入";
+inline constexpr const char* booksMade = "帐套“%1”的%2年度已建立,存放在:\n%3";
+inline constexpr const char* levelExample = "各级编码示例:%1";
+inline constexpr const char* levelPatternRule = "1到6位数字,每位1到9,表示该级编码的位数";
+inline constexpr const char* defaultPlace = "不填时存放在 %1";
+inline constexpr const char* chooseBooks = "选择帐套文件";
+inline constexpr const char* booksFilter = "帐套文件 (*.db);;所有文件 (*)";
+inline constexpr const char* chooseFolder = "选择存放帐套的文件夹";
+inline constexpr const char* smallEnterprise = "小企业会计准则";
+inline constexpr const char* enterprise = "企业会计准则";
+inline constexpr const char* emptyChart = "不预置科目";
+
+}  // namespace chengheng::shell_texts

@@ -1,0 +1,271 @@
+#include "host/shell/logon_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <fstream>
+
+#include "host/books/books_creation.h"
+#include "host/books/failure_texts.h"
+#include "host/screen/message_boxes.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/made_books.h"
+#include "tests/support/recording_messages.h"
+#include "tests/window/next_modal.h"
+#include "tests/window/typing.h"
+
+using namespace chengheng;
+
+namespace {
+
+/// A workstation with a list of books of its own.
+struct Station {
+    CreatedBooks make(const NewBooks& books = sampleBooks()) {
+        CreatedBooks created;
+        const auto refusal = BooksCreation(&registry).create(books, created);
+        EXPECT_FALSE(refusal.has_value());
+        return created;
+    }
+    LogonWindow& open(const LaunchOptions& options = {}) {
+        window = std::make_unique<LogonWindow>(session, registry, messages, options);
+        showActive(*window);
+        return *window;
+    }
+    template <class Field>
+    Field& field(const char* name) {
+        return *window->findChild<Field*>(name);
+    }
+    void type(const char* name, const QString& text) {
+        auto& edit = field<QLineEdit>(name);
+        edit.selectAll();
+        typeText(&edit, text);
+    }
+
+    BooksRegistry registry{freshFolder()};
+    CNbCwDB database;
+    WrongTries tries;
+    BooksSession session{database, tries};
+    RecordingMessages messages;
+    std::unique_ptr<LogonWindow> window;
+};
+
+QString focusedField(const QWidget& window) {
+    const QWidget* focused = window.focusWidget();
+    return focused == nullptr ? QString() : focused->objectName();
+}
+
+void clickOn(QWidget& window, const QString& caption) {
+    for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        if (button->text() == caption) return QTest::mouseClick(button, Qt::LeftButton);
+    ADD_FAILURE() << "no button " << caption.toStdString();
+}
+
+}  // namespace
+
+TEST(LogonWindow, OffersTheListedBooksLatestYearFirst) {
+    Station station;
+    NewBooks books = sampleBooks();
+    station.make(books);
+    books.year = 2027;
+    station.make(books);
+    station.open();
+    const auto& list = station.field<QComboBox>("location");
+    ASSERT_EQ(list.count(), 2);
+    EXPECT_EQ(list.itemText(0), "示例帐套 2027年度");
+    EXPECT_EQ(list.itemText(1), "示例帐套 2026年度");
+}
+
+TEST(LogonWindow, EveryFieldHasALabelThatLeadsToIt) {
+    Station station;
+    LogonWindow& window = station.open();
+    for (const char* name : {"location", "operatorName", "password", "date"}) {
+        const auto* label = window.findChild<QLabel*>(QString(name) + "Label");
+        ASSERT_NE(label, nullptr) << name;
+        ASSERT_NE(label->buddy(), nullptr) << name;
+        EXPECT_EQ(label->buddy()->objectName(), name);
+        EXPECT_TRUE(label->text().contains('&')) << name;
+    }
+}
+
+TEST(LogonWindow, LogsOnWithKeysAlone) {
+    Station station;
+    station.make();
+    LogonWindow& window = station.open();
+    EXPECT_EQ(focusedField(window), "operatorName");
+    typeText(QApplication::focusWidget(), "王芳");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(focusedField(window), "password");
+    typeText(QApplication::focusWidget(), "secret");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(window.result(), QDialog::Accepted);
+    EXPECT_TRUE(station.session.isLoggedOn());
+    EXPECT_STREQ(g_lpszNbZwSetName, "示例帐套");
+    EXPECT_TRUE(station.messages.texts().empty());
+}
+
+TEST(LogonWindow, TabGoesThroughTheFieldsInTheirOrder) {
+    Station station;
+    station.make();
+    LogonWindow& window = station.open();
+    station.field<QComboBox>("location").setFocus();
+    QStringList order{focusedField(window)};
+    for (int step = 0; step < 5; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        order << focusedField(window);
+    }
+    EXPECT_EQ(order, (QStringList{"location", "openOther", "makeNew", "operatorName", "password",
+                                  "date"}));
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST(LogonWindow, WrongPasswordIsToldAndLeavesTheWindowOpen) {
+    Station station;
+    station.make();
+    LogonWindow& window = station.open();
+    station.type("operatorName", "王芳");
+    station.type("password", "guess");
+    window.accept();
+    EXPECT_EQ(station.messages.texts(), std::vector<std::string>{"操作员姓名或口令不正确"});
+    EXPECT_EQ(station.messages.notices().at(0).focusField, "password");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(station.session.isLoggedOn());
+}
+
+TEST(LogonWindow, FocusReturnsToTheFaultyField) {
+    Station station;
+    station.make();
+    MessageBoxes boxes;
+    LogonWindow window(station.session, station.registry, boxes, {});
+    showActive(window);
+    window.findChild<QLineEdit*>("password")->setFocus();
+    NextModal operatorHands([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    window.accept();
+    EXPECT_EQ(focusedField(window), "operatorName");
+}
+
+TEST(LogonWindow, SuggestsADayOfTheChosenAccountingYear) {
+    Station station;
+    NewBooks books = sampleBooks();
+    books.year = 1999;
+    station.make(books);
+    station.open();
+    EXPECT_EQ(station.field<QDateEdit>("date").date(), QDate(1999, 12, 31));
+}
+
+TEST(LogonWindow, RefusesADayOutsideTheYearWithTheFieldInFocus) {
+    Station station;
+    station.make();
+    LogonWindow& window = station.open();
+    station.type("operatorName", "王芳");
+    station.type("password", "secret");
+    station.field<QDateEdit>("date").setDate(QDate(2030, 1, 1));
+    window.accept();
+    ASSERT_EQ(station.messages.notices().size(), 1U);
+    EXPECT_EQ(station.messages.notices()[0].focusField, "date");
+}
+
+TEST(LogonWindow, ShowsWhatTheCommandLineGave) {
+    Station station;
+    station.make();
+    const std::string other = makeBooks(freshFolder() + "/Nbzw.db");
+    station.open(
+        {.books = other, .operatorName = "李明", .date = Date{2026, 2, 3}, .launchArgument = "-e"});
+    EXPECT_EQ(station.field<QComboBox>("location").currentText(), QString::fromStdString(other));
+    EXPECT_EQ(station.field<QLineEdit>("operatorName").text(), "李明");
+    EXPECT_EQ(station.field<QDateEdit>("date").date(), QDate(2026, 2, 3));
+    EXPECT_EQ(focusedField(*station.window), "password");
+}
+
+TEST(LogonWindow, RemembersBooksAndOperatorButNoPassword) {
+    Station station;
+    NewBooks books = sampleBooks();
+    station.make(books);
+    books.name = "另一帐套";
+    station.make(books);
+    station.open();
+    station.field<QComboBox>("location").setCurrentIndex(1);
+    station.type("operatorName", "王芳");
+    station.type("password", "secret");
+    station.window->accept();
+    ASSERT_TRUE(station.session.isLoggedOn());
+    station.session.logOff();
+    station.open();
+    EXPECT_EQ(station.field<QComboBox>("location").currentText(), "另一帐套 2026年度");
+    EXPECT_EQ(station.field<QLineEdit>("operatorName").text(), "王芳");
+    EXPECT_EQ(station.field<QLineEdit>("password").text(), "");
+    EXPECT_EQ(focusedField(*station.window), "password");
+    std::ifstream memory(station.registry.folder() + "/shell.ini");
+    const std::string text((std::istreambuf_iterator<char>(memory)), {});
+    EXPECT_EQ(text.find("secret"), std::string::npos);
+}
+
+TEST(LogonWindow, TellsOfADamagedListAndOpensAllTheSame) {
+    Station station;
+    std::ofstream(station.registry.path()) << "{";
+    station.open();
+    QTest::qWait(10);
+    ASSERT_EQ(station.messages.texts().size(), 1U);
+    EXPECT_TRUE(station.messages.texts()[0].starts_with("帐套列表文件“"));
+    EXPECT_TRUE(station.window->isVisible());
+}
+
+TEST(LogonWindow, WithoutBooksLeadsToMakingSome) {
+    Station station;
+    LogonWindow& window = station.open();
+    EXPECT_EQ(focusedField(window), "makeNew");
+    window.accept();
+    EXPECT_EQ(station.messages.texts(),
+              std::vector<std::string>{"请选择帐套,或输入帐套的路径或服务器地址"});
+}
+
+TEST(LogonWindow, EscapeGivesUp) {
+    Station station;
+    LogonWindow& window = station.open();
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.result(), QDialog::Rejected);
+}
+
+TEST(OpenBooksWindow, OpensBooksByPathAndEntersThemInTheList) {
+    Station station;
+    const std::string other = makeBooks(freshFolder() + "/Nbzw.db");
+    LogonWindow& window = station.open();
+    {
+        NextModal operatorHands([&](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), "打开其他帐套");
+            typeText(dialog.findChild<QLineEdit*>("location"), QString::fromStdString(other));
+            clickOn(dialog, "确定");
+        });
+        clickOn(window, "打开其他帐套(&O)");
+    }
+    EXPECT_EQ(station.field<QComboBox>("location").currentText(), "示例帐套 2026年度");
+    EXPECT_EQ(focusedField(window), "operatorName");
+    std::vector<BooksSet> sets;
+    ASSERT_TRUE(station.registry.read(sets));
+    ASSERT_EQ(sets.size(), 1U);
+    EXPECT_EQ(sets[0].years.at(0).location, other);
+}
+
+TEST(OpenBooksWindow, TellsWhatIsWrongWithAPathAndStaysOpen) {
+    Station station;
+    LogonWindow& window = station.open();
+    NextModal operatorHands([&](QWidget& dialog) {
+        clickOn(dialog, "确定");
+        typeText(dialog.findChild<QLineEdit*>("location"), "/no such file.db");
+        clickOn(dialog, "确定");
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    clickOn(window, "打开其他帐套(&O)");
+    EXPECT_EQ(station.messages.texts(),
+              (std::vector<std::string>{"请选择帐套,或输入帐套的路径或服务器地址",
+                                        "找不到帐套文件“/no such file.db”。\n"
+                                        "请检查路径是否正确;文件若已丢失,请用备份恢复。"}));
+    EXPECT_EQ(station.field<QComboBox>("location").count(), 0);
+}
