@@ -69,5 +69,5 @@ if(CHENGHENG_WINDOWS)
     add_test(NAME module_exports COMMAND ${CMAKE_COMMAND}
         -DNM=${CMAKE_NM} -DMODULE=$<TARGET_FILE:nbcwsetting> -DHOST=$<TARGET_FILE:chenghenghost>
         -P ${CMAKE_SOURCE_DIR}/tests/window/module_exports.cmake)
-    set_tests_properties(module_exports PROPERTIES LABELS window)
+    set_tests_properties(module_exports PROPERTIES LABELS script)
 endif()
