@@ -1,0 +1,136 @@
+#include "host/screen/CVCF1.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "host/screen/grid_model.h"
+
+namespace {
+
+constexpr int rowPadding = 7;
+constexpr int cellPadding = 10;
+
+/// A cell's text without what would part cells or rows.
+QString cellText(const QModelIndex& index) {
+    QString text = index.data().toString();
+    for (const char separator : {'\t', '\n', '\r'}) {
+        text.replace(QLatin1Char(separator), QLatin1Char(' '));
+    }
+    return text;
+}
+
+}  // namespace
+
+CVCF1::CVCF1(const QString& name, Unit unit, QWidget* parent) : QTableView(parent), m_unit(unit) {
+    setAccessibleName(name);
+    const bool ofRows = unit == Unit::row;
+    setSelectionBehavior(ofRows ? SelectRows : SelectItems);
+    setSelectionMode(ContiguousSelection);
+    if (ofRows) setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setMouseTracking(true);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    fitRowHeight();
+}
+
+void CVCF1::setGridModel(chengheng::GridModel* model) {
+    setModel(model);
+    fitColumns();
+}
+
+void CVCF1::fitRowHeight() {
+    const int height = fontMetrics().height() + rowPadding;
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+}
+
+void CVCF1::fitColumns() {
+    const auto* grid = qobject_cast<const chengheng::GridModel*>(model());
+    if (!grid) return;
+    const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    int position = 0;
+    for (const chengheng::GridColumn& column : grid->gridColumns()) {
+        const int header = fontMetrics().size(0, QString::fromUtf8(column.header)).width();
+        setColumnWidth(position, std::max(column.width * character, header) + cellPadding);
+        setColumnHidden(position, column.isHidden);
+        ++position;
+    }
+}
+
+void CVCF1::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+    fitRowHeight();
+    fitColumns();
+}
+
+void CVCF1::setCurrentRow(int row) {
+    if (!model() || row < 0 || row >= model()->rowCount()) return;
+    const int column = currentIndex().isValid() ? currentIndex().column() : 0;
+    const QModelIndex index = model()->index(row, column);
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+QString CVCF1::selectedText() const {
+    QString text;
+    if (!selectionModel()) return text;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange& range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            QStringList cells;
+            for (int column = range.left(); column <= range.right(); ++column) {
+                if (isColumnHidden(column)) continue;
+                cells.append(cellText(model()->index(row, column)));
+            }
+            text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+        }
+    }
+    return text;
+}
+
+void CVCF1::copySelection() const { QApplication::clipboard()->setText(selectedText()); }
+
+void CVCF1::keyboardSearch(const QString& text) { emit textTyped(text); }
+
+bool CVCF1::goToEdge(const QKeyEvent& event) {
+    const bool isEdge = event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+    if (!isEdge || event.modifiers() != Qt::NoModifier || m_unit != Unit::row) return false;
+    if (model()) setCurrentRow(event.key() == Qt::Key_Home ? 0 : model()->rowCount() - 1);
+    return true;
+}
+
+void CVCF1::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->matches(QKeySequence::Copy)) {
+        copySelection();
+    } else if (!goToEdge(*event) && !(isEnter && m_unit == Unit::row)) {
+        QTableView::keyPressEvent(event);
+    }
+    // Enter is the grid's own: the window's default button is for its other fields.
+    if (isEnter) event->accept();
+    emit keyDown(event->key());
+}
+
+void CVCF1::keyReleaseEvent(QKeyEvent* event) {
+    QTableView::keyReleaseEvent(event);
+    if (!event->isAutoRepeat()) emit keyUp(event->key());
+}
+
+void CVCF1::mousePressEvent(QMouseEvent* event) {
+    QTableView::mousePressEvent(event);
+    emit mouseDown(event->position().toPoint());
+}
+
+void CVCF1::mouseMoveEvent(QMouseEvent* event) {
+    QTableView::mouseMoveEvent(event);
+    emit mouseMoved(event->position().toPoint());
+}

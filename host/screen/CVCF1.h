@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QTableView>
+
+namespace chengheng {
+class GridModel;
+}
+
+/// The grid of the function windows: a table of fixed row heights over a GridModel, quick with
+/// tens of thousands of rows. It knows the keyboard (arrows, pages, Home and End, Ctrl+C) and
+/// reports keys and clicks; what they mean is the window's business.
+class CVCF1 : public QTableView {
+    Q_OBJECT
+
+  public:
+    enum class Unit { row, cell };
+
+    /// A grid of rows selects and walks whole rows; one of cells single cells, for typing in.
+    /// The name is what a screen reader calls it.
+    CVCF1(const QString& name, Unit unit, QWidget* parent = nullptr);
+
+    /// Takes over widths and hidden columns. The model is not owned and must outlive the grid.
+    void setGridModel(chengheng::GridModel* model);
+
+    /// The row the operator stands on; -1 when there is none.
+    int currentRow() const { return currentIndex().row(); }
+    /// Makes the row the current and only selected one and brings it into view. In a grid of
+    /// cells the column of the current cell stays.
+    void setCurrentRow(int row);
+
+    /// The selected cells as a spreadsheet takes them: hidden columns left out, tabs between
+    /// cells, a line end after each row.
+    QString selectedText() const;
+    void copySelection() const;
+
+    void keyboardSearch(const QString& text) override;
+
+  signals:
+    /// Every key, also one that the grid used itself; it has its new place by then.
+    void keyDown(int key);
+    void keyUp(int key);
+    void mouseDown(QPoint position);
+    void mouseMoved(QPoint position);
+    /// Text typed where nothing is edited.
+    void textTyped(const QString& text);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void fitRowHeight();
+    void fitColumns();
+    bool goToEdge(const QKeyEvent& event);
+
+    Unit m_unit;
+};
