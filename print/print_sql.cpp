@@ -1,0 +1,16 @@
+#include "print/print_sql.h"
+
+#include "data/format/sql_format.h"
+
+namespace chengheng::print_sql {
+
+std::string columnsOf(std::int32_t templateNumber) {
+    return formatSql("select sColName, byWidth from ZWPrintSub where lTieId = %d", templateNumber);
+}
+
+std::string fieldColumnsOf(std::int32_t templateNumber) {
+    return formatSql("select sColName, sFiled, byWidth from ZWPrintSub where lTieId = %d",
+                     templateNumber);
+}
+
+}  // namespace chengheng::print_sql

@@ -1,0 +1,188 @@
+#include "print/list_printing.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "data/CNbCwDB.h"
+#include "data/lookups/cached_records.h"
+#include "host/books/workstation.h"
+#include "host/services/host_globals.h"
+#include "host/services/host_messages.h"
+#include "print/settlement_list.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/faulty_engine.h"
+#include "tests/support/made_books.h"
+#include "tests/support/recording_messages.h"
+#include "tests/support/recording_printer.h"
+#include "tests/support/report_rows.h"
+
+namespace chengheng {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// New books with their templates, and 王芳 at work on them.
+class ListPrinting : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        const std::string location = makeBooks(freshLocation(GetParam()));
+        auto engine = std::make_unique<FaultyEngine>(openForTest(location, OpenMode::existing));
+        m_engine = engine.get();
+        m_database.adopt(std::move(engine), location.c_str(), "books");
+        logOn("books");
+        ASSERT_NE(m_database.DBSelect("books"), 0);
+        m_lookups.emplace("books");
+    }
+    void logOn(const char* name) {
+        m_session.reset();
+        m_session.emplace(SessionFacts{.database = &m_database,
+                                       .databaseName = name,
+                                       .setName = "示例帐套",
+                                       .logonUser = {1, 1, 1, 1, "王芳"}});
+    }
+    void run(const std::string& batch) {
+        ASSERT_NE(m_database.QRYExecuteSQL(batch), 0) << m_database.lastStatus().detail;
+    }
+    void addMethods() {
+        run("INSERT Settle VALUES(1, '1', '现金', 0)\n"
+            "INSERT Settle VALUES(2, '2', '转帐支票', 1)\n"
+            "INSERT Settle VALUES(3, '3', 'O''Brien %', 3)");
+    }
+    void print(const PrintedList& list, ReportOutput output = ReportOutput::print) {
+        printList(list, output, m_messages, m_printer);
+    }
+    const Report& onlyReport() {
+        EXPECT_EQ(m_printer.outputs.size(), 1u);
+        static const Report none;
+        return m_printer.outputs.empty() ? none : m_printer.outputs.front().report;
+    }
+
+    CNbCwDB m_database;
+    FaultyEngine* m_engine = nullptr;
+    RecordingMessages m_messages;
+    RecordingPrinter m_printer;
+    std::optional<HostSession> m_session;
+    std::optional<BookLookups> m_lookups;
+};
+
+TEST_P(ListPrinting, TakesTitlePageAndColumnsFromTheTemplate) {
+    print(settlementList());
+    EXPECT_EQ(onlyReport().title, "结算方式一览表");
+    EXPECT_EQ(onlyReport().page.paper, 9);
+    EXPECT_TRUE(onlyReport().page.isPortrait);
+    EXPECT_THAT(columnTexts(onlyReport()),
+                ElementsAre("方式号 10", "方式名 30", "使用支票登记簿 18"));
+    EXPECT_EQ(onlyReport().layoutFile, "Normal.rpn");
+}
+
+TEST_P(ListPrinting, FillsNumberNameAndTheMarkOfTheChequeRegister) {
+    addMethods();
+    print(settlementList());
+    EXPECT_THAT(rowTexts(onlyReport()), ElementsAre("1|现金|-", "2|转帐支票|√", "3|O'Brien %|√"));
+    EXPECT_THAT(m_messages.texts(), IsEmpty());
+}
+
+TEST_P(ListPrinting, ReadsTheListAnewEachTime) {
+    print(settlementList());
+    addMethods();
+    print(settlementList());
+    ASSERT_EQ(m_printer.outputs.size(), 2u);
+    EXPECT_EQ(m_printer.outputs[0].report.rowCount(), 0u);
+    EXPECT_EQ(m_printer.outputs[1].report.rowCount(), 3u);
+}
+
+TEST_P(ListPrinting, TellsThePrinterWhichOfTheTwoCommandsItWas) {
+    print(settlementList(), ReportOutput::print);
+    print(settlementList(), ReportOutput::preview);
+    ASSERT_EQ(m_printer.outputs.size(), 2u);
+    EXPECT_EQ(m_printer.outputs[0].kind, ReportOutput::print);
+    EXPECT_EQ(m_printer.outputs[1].kind, ReportOutput::preview);
+}
+
+TEST_P(ListPrinting, NamesCompanyBooksOperatorAndDayOfTheSession) {
+    print(settlementList());
+    const ReportFacts& facts = onlyReport().facts;
+    EXPECT_EQ(facts.company, "示例贸易有限公司");
+    EXPECT_EQ(facts.setName, "示例帐套");
+    EXPECT_EQ(facts.operatorName, "王芳");
+    EXPECT_EQ(facts.day, today());
+}
+
+TEST_P(ListPrinting, KeepsTheOrderOfTheTemplatesColumnsAndLeavesTheRestEmpty) {
+    addMethods();
+    run("DELETE ZWPrintSub WHERE lTieId = 35\n"
+        "INSERT ZWPrintSub VALUES(900, 35, 'A', '', 3)\n"
+        "INSERT ZWPrintSub VALUES(901, 35, 'B', '', 4)\n"
+        "INSERT ZWPrintSub VALUES(902, 35, 'C', '', 5)\n"
+        "INSERT ZWPrintSub VALUES(903, 35, 'D', '', 6)");
+    print(settlementList());
+    EXPECT_THAT(columnTexts(onlyReport()), ElementsAre("A 3", "B 4", "C 5", "D 6"));
+    EXPECT_EQ(rowTexts(onlyReport()).at(1), "2|转帐支票|√|-");
+}
+
+TEST_P(ListPrinting, TurnsThePageForATemplateThatIsNotUpright) {
+    run("UPDATE ZWPrintMain SET bPortrait = 0, byPage = 8 WHERE lId = 35");
+    print(settlementList());
+    EXPECT_FALSE(onlyReport().page.isPortrait);
+    EXPECT_EQ(onlyReport().page.paper, 8);
+}
+
+TEST_P(ListPrinting, SaysSelectDBErrorAndPrintsNothingWhenTheBooksDoNotAnswer) {
+    logOn("others");
+    print(settlementList());
+    EXPECT_EQ(m_messages.onlyNotice().text, "Select DB Error!");
+    EXPECT_THAT(m_printer.outputs, IsEmpty());
+}
+
+TEST_P(ListPrinting, SaysWhichTemplateTheBooksLack) {
+    run("DELETE ZWPrintMain WHERE lId = 35");
+    print(settlementList());
+    EXPECT_THAT(m_messages.onlyNotice().text, HasSubstr("没有35号打印模板"));
+    EXPECT_THAT(m_printer.outputs, IsEmpty());
+}
+
+TEST_P(ListPrinting, TakesATemplateWithoutColumnsAsLacking) {
+    run("DELETE ZWPrintSub WHERE lTieId = 35");
+    print(settlementList());
+    EXPECT_THAT(m_messages.onlyNotice().text, HasSubstr("没有35号打印模板"));
+    EXPECT_THAT(m_printer.outputs, IsEmpty());
+}
+
+TEST_P(ListPrinting, SaysOnceWhyAndPrintsNothingWhicheverReadingFails) {
+    addMethods();
+    for (int call = 1;; ++call) {
+        m_engine->failCall(call, Failure::damaged);
+        print(settlementList());
+        const bool hasFailed = m_engine->hasFailed();
+        m_engine->failCall(0);
+        if (!hasFailed) {
+            EXPECT_GT(call, 3);
+            break;
+        }
+        EXPECT_THAT(m_messages.onlyNotice().text, testing::Not(HasSubstr("没有35号"))) << call;
+        EXPECT_THAT(m_printer.outputs, IsEmpty()) << call;
+        m_messages.forget();
+    }
+    EXPECT_EQ(onlyReport().rowCount(), 3u);
+}
+
+TEST_P(ListPrinting, SaysThatThereIsNoPrinterWhereNoneIsInstalled) {
+    const HostMessages installed(m_messages);
+    printList(settlementList(), ReportOutput::print, m_messages);
+    EXPECT_EQ(m_messages.onlyNotice().text, "本程序没有打印功能。");
+}
+
+TEST_P(ListPrinting, UsesThePrinterThatIsInstalled) {
+    const HostReportPrinter installed(m_printer);
+    printList(settlementList(), ReportOutput::preview, m_messages);
+    EXPECT_EQ(m_printer.outputs.size(), 1u);
+}
+
+CHENGHENG_ON_SHARED_ENGINES(ListPrinting);
+
+}  // namespace
+}  // namespace chengheng
