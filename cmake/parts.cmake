@@ -7,6 +7,7 @@ find_package(PkgConfig REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
 pkg_check_modules(SODIUM REQUIRED IMPORTED_TARGET libsodium)
+pkg_check_modules(XLSXWRITER REQUIRED IMPORTED_TARGET xlsxwriter)
 
 folder_sources(data_sources data/*.cpp data/*/*.cpp data/*/*/*.cpp)
 add_library(books_data STATIC ${data_sources})
@@ -15,7 +16,7 @@ target_link_libraries(books_data
     PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL)
 
 set(function_folders setting accounts opening currency vouchertype settle operators print)
-set(rule_patterns host/books/*.cpp host/services/*.cpp)
+set(rule_patterns host/books/*.cpp host/services/*.cpp host/sheets/*.cpp)
 foreach(folder ${function_folders})
     list(APPEND rule_patterns ${folder}/*.cpp)
 endforeach()
@@ -24,7 +25,7 @@ include(cmake/charts.cmake)
 add_library(books_rules STATIC ${rule_sources} ${chart_source})
 target_link_libraries(books_rules
     PUBLIC books_data
-    PRIVATE PkgConfig::SODIUM CLI11::CLI11 nlohmann_json::nlohmann_json)
+    PRIVATE PkgConfig::SODIUM PkgConfig::XLSXWRITER CLI11::CLI11 nlohmann_json::nlohmann_json)
 set_source_files_properties(host/books/launch_options.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_VERSION="${PROJECT_VERSION}")
 

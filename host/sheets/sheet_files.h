@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "host/sheets/sheet.h"
+#include "host/sheets/sheet_failure.h"
+
+namespace chengheng {
+
+/// Write a sheet as a file, in the place of one that is there already. The new file appears
+/// whole or not at all: after a failure the old one is as it was.
+SheetOutcome writeCsv(const Sheet& sheet, const std::string& path);
+SheetOutcome writeXlsx(const Sheet& sheet, const std::string& path);
+
+}  // namespace chengheng
