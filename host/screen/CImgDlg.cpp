@@ -1,14 +1,11 @@
 #include "host/screen/CImgDlg.h"
 
 #include <QContextMenuEvent>
-#include <QCoreApplication>
 #include <QShortcut>
 
-#include "host/screen/host_events.h"
 #include "host/screen/hot_region.h"
 #include "host/screen/resources.h"
 
-using chengheng::CommandEvent;
 using chengheng::HotRegion;
 
 CImgDlg::CImgDlg(int templateNumber, QWidget* parent) : DialogFrame(templateNumber, parent) {
@@ -42,7 +39,7 @@ void CImgDlg::InsertCmdImage(const _RCII& record) {
 
 void CImgDlg::connectRegion(HotRegion& region) {
     connect(&region, &QAbstractButton::clicked, this,
-            [this, command = region.command()] { postCommand(command); });
+            [this, command = region.command()] { PostCommand(command); });
     const auto forward = [this](void (CImgDlg::*handler)(QPoint)) {
         return [this, handler](QPoint point) {
             chengheng::runGuarded(messages(), windowTitle(), [&] { (this->*handler)(point); });
@@ -87,16 +84,4 @@ void CImgDlg::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() != QContextMenuEvent::Keyboard) return;
     const QWidget* focus = focusWidget();
     OnRButtonDown(focus && focus != this ? focus->geometry().center() : rect().center());
-}
-
-void CImgDlg::postCommand(int command) {
-    // A second press before the first one's window is up would open two windows in a row.
-    if (m_isCommandWaiting) return;
-    m_isCommandWaiting = true;
-    QCoreApplication::postEvent(this, new CommandEvent(command));
-}
-
-bool CImgDlg::WindowProc(QEvent& event) {
-    if (event.type() == CommandEvent::type()) m_isCommandWaiting = false;
-    return DialogFrame::WindowProc(event);
 }

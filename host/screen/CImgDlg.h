@@ -46,18 +46,15 @@ class CImgDlg : public chengheng::DialogFrame {
 
     void leaveEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    bool WindowProc(QEvent& event) override;
 
   private:
     void connectRegion(chengheng::HotRegion& region);
     void light(const chengheng::HotRegion* lit);
     chengheng::HotRegion* regionAt(QPoint point) const;
-    void postCommand(int command);
 
     struct InsertedRegion {
         _RCII record;
         chengheng::HotRegion* region;
     };
     std::vector<InsertedRegion> m_regions;
-    bool m_isCommandWaiting = false;
 };

@@ -1,6 +1,5 @@
 #include "host/screen/CProcess.h"
 
-#include <QCoreApplication>
 #include <QCursor>
 #include <QMenu>
 
@@ -31,10 +30,9 @@ void CProcess::addCommands(QMenu& popup, int part, int menu) const {
             popup.addSeparator();
             continue;
         }
-        QObject::connect(popup.addAction(QString::fromUtf8(item.caption)), &QAction::triggered,
-                         m_dialog, [dialog = m_dialog, command = item.command] {
-                             QCoreApplication::postEvent(dialog, new CommandEvent(command));
-                         });
+        QObject::connect(
+            popup.addAction(QString::fromUtf8(item.caption)), &QAction::triggered, m_dialog,
+            [dialog = m_dialog, command = item.command] { dialog->PostCommand(command); });
     }
 }
 

@@ -1,5 +1,6 @@
 #include "host/screen/dialog_frame.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -32,7 +33,12 @@ bool DialogFrame::initialise() {
     if (!m_isInitialised) {
         m_isInitialised = true;
         bool placesFocus = false;
-        if (!runGuarded(m_messages, windowTitle(), [&] { placesFocus = OnInitDialog(); })) {
+        bool isCreated = false;
+        const bool isWhole = runGuarded(m_messages, windowTitle(), [&] {
+            isCreated = OnCreate();
+            placesFocus = isCreated && OnInitDialog();
+        });
+        if (!isWhole || !isCreated) {
             EndDialog(Rejected);
         } else if (placesFocus && !focusWidget()) {
             focusNextChild();
@@ -62,8 +68,15 @@ void DialogFrame::EndDialog(int result) {
     if (!m_isEnded) done(result);
 }
 
+void DialogFrame::PostCommand(int command) {
+    if (m_isCommandWaiting) return;
+    m_isCommandWaiting = true;
+    QCoreApplication::postEvent(this, new CommandEvent(command));
+}
+
 bool DialogFrame::event(QEvent* event) {
     bool isDone = true;
+    if (event->type() == CommandEvent::type()) m_isCommandWaiting = false;
     runGuarded(m_messages, windowTitle(),
                [&] { isDone = PreTranslateMessage(*event) || WindowProc(*event); });
     return isDone;
@@ -71,7 +84,7 @@ bool DialogFrame::event(QEvent* event) {
 
 bool DialogFrame::WindowProc(QEvent& event) {
     if (event.type() == CommandEvent::type()) {
-        return OnCommand(static_cast<CommandEvent&>(event).command);
+        return m_isEnded || OnCommand(static_cast<CommandEvent&>(event).command);
     }
     return QDialog::event(&event);
 }

@@ -32,12 +32,18 @@ class DialogFrame : public QDialog {
     bool isModalLoopRunning() const { return m_isModalLoopRunning; }
     bool isEnded() const { return m_isEnded; }
 
+    /// Sends a command to OnCommand once the event loop turns. A second one before the first
+    /// has begun is left out, or two windows would open in a row.
+    void PostCommand(int command);
+
     /// Opens help about this dialog; true when it did.
     virtual bool OnHelpInfo();
 
   protected:
     DialogFrame(int templateNumber, QWidget* parent);
 
+    /// Runs once, before OnInitDialog. False: the dialog does not come into being.
+    virtual bool OnCreate() { return true; }
     /// Runs once, before the dialog appears. False: the dialog has placed the focus itself.
     virtual bool OnInitDialog() { return true; }
     /// Enter where no field or button takes it.
@@ -95,6 +101,7 @@ class DialogFrame : public QDialog {
     bool m_isInitialised = false;
     bool m_isEnded = false;
     bool m_isModalLoopRunning = false;
+    bool m_isCommandWaiting = false;
 };
 
 }  // namespace chengheng

@@ -1,5 +1,6 @@
 #include "host/screen/resources.h"
 
+#include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
@@ -80,6 +81,12 @@ QIcon applicationIcon() {
         icon.addPixmap(bitmap);
     }
     return icon;
+}
+
+QIcon toolIcon(const char* name) {
+    loadHostResources();
+    const QString file = QStringLiteral(":/tools/%1.svg").arg(QLatin1String(name));
+    return QFile::exists(file) ? QIcon(file) : QIcon();
 }
 
 void loadHostResources() { initialiseHostResources(); }

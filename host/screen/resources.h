@@ -36,6 +36,10 @@ std::span<const MenuItemResource> menuResource(int menu, int part);
 
 QIcon applicationIcon();
 
+/// The small picture of a command: "print", "add", ...; null icon when there is none of that
+/// name.
+QIcon toolIcon(const char* name);
+
 /// Makes the pictures and pages known. Called before anything is shown; again does no harm.
 void loadHostResources();
 
