@@ -51,7 +51,9 @@ if(NOT CHENGHENG_SANITIZE)
     script_test(run_tests ${tools}/test_run_tests)
     if(TARGET nbcwsetting)
         script_test(exports
-            ${tools}/check_exports $<TARGET_FILE:nbcwsetting> CNbCwSettingDlg CNbCwBursarDlg)
+            ${tools}/check_exports $<TARGET_FILE:nbcwsetting> CNbCwSettingDlg CNbCwBursarDlg
+            --host $<TARGET_FILE:chenghenghost>
+            g_pDB g_lpszNbZwDBName g_lpArgument g_lpLogonUserInfo g_pDlgWnd)
     endif()
 endif()
 
@@ -65,9 +67,4 @@ if(CHENGHENG_WINDOWS)
     add_test(NAME window COMMAND test_window)
     set_tests_properties(window PROPERTIES
         LABELS window ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1")
-
-    add_test(NAME module_exports COMMAND ${CMAKE_COMMAND}
-        -DNM=${CMAKE_NM} -DMODULE=$<TARGET_FILE:nbcwsetting> -DHOST=$<TARGET_FILE:chenghenghost>
-        -P ${CMAKE_SOURCE_DIR}/tests/window/module_exports.cmake)
-    set_tests_properties(module_exports PROPERTIES LABELS script)
 endif()
