@@ -28,6 +28,18 @@ bool hasBlank(std::string_view text) {
         blanks, [text](std::string_view blank) { return text.find(blank) != text.npos; });
 }
 
+char lowerAscii(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool isSameInAnyCase(std::string_view one, std::string_view other) {
+    return std::ranges::equal(one, other, {}, lowerAscii, lowerAscii);
+}
+
+bool containsInAnyCase(std::string_view text, std::string_view wanted) {
+    return wanted.empty() || !std::ranges::search(text, wanted, {}, lowerAscii, lowerAscii).empty();
+}
+
 std::string_view withoutTrailingBlanks(std::string_view text) {
     for (;;) {
         const auto blank = std::ranges::find_if(

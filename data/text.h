@@ -16,6 +16,13 @@ std::string_view firstCharacters(std::string_view text, std::size_t count);
 /// Whether a blank stands anywhere: a space, a tab or the wide space of Chinese typing.
 bool hasBlank(std::string_view text);
 
+/// The small form of a letter A to Z; every other byte as it is.
+char lowerAscii(char letter);
+/// Whether the texts differ at most in the case of letters A to Z.
+bool isSameInAnyCase(std::string_view one, std::string_view other);
+/// Whether the text holds the other one, letters A to Z in any case.
+bool containsInAnyCase(std::string_view text, std::string_view wanted);
+
 /// The text without the blanks at its end.
 std::string_view withoutTrailingBlanks(std::string_view text);
 /// The text without the blanks at both ends.

@@ -5,6 +5,7 @@
 
 #include "data/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
+#include "data/text.h"
 #include "host/services/CCheckAuth.h"
 #include "host/services/host_globals.h"
 #include "setting/hub_texts.h"
@@ -44,14 +45,6 @@ bool isAllowed(const HubChecks& checks, IMessages& messages) {
         return false;
     }
     return true;
-}
-
-char lowerLetter(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool isSameInAnyCase(std::string_view one, std::string_view other) {
-    return std::ranges::equal(one, other, {}, lowerLetter, lowerLetter);
 }
 
 }  // namespace

@@ -2,14 +2,12 @@
 
 #include <algorithm>
 
+#include "data/text.h"
+
 namespace chengheng {
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
-
-char lowerAscii(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
 
 }  // namespace
 

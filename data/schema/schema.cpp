@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/records/all_records.h"
+#include "data/text.h"
 
 namespace chengheng {
 namespace {
@@ -28,14 +29,6 @@ std::vector<TableInfo> tableInfos(RecordList<Records...>) {
     return {tableInfo<Records>()...};
 }
 
-char lowerAscii(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool isSameName(std::string_view left, std::string_view right) {
-    return std::ranges::equal(left, right, {}, lowerAscii, lowerAscii);
-}
-
 bool isClassCodeLetter(char letter) {
     const char lower = lowerAscii(letter);
     return (lower >= 'a' && lower <= 'z') || (letter >= '0' && letter <= '9');
@@ -51,7 +44,7 @@ const std::vector<TableInfo>& allTables() {
 const TableInfo* findTable(std::string_view name) {
     const auto& tables = allTables();
     const auto found = std::ranges::find_if(
-        tables, [name](const TableInfo& table) { return isSameName(table.name, name); });
+        tables, [name](const TableInfo& table) { return isSameInAnyCase(table.name, name); });
     return found == tables.end() ? nullptr : &*found;
 }
 

@@ -7,6 +7,8 @@
 #include <array>
 #include <ctime>
 
+#include "data/text.h"
+
 namespace chengheng {
 namespace {
 
@@ -35,13 +37,9 @@ constexpr const char* holderText =
 constexpr const char* functionLine = "\n正在使用的功能:{}";
 constexpr const char* unknown = "(未知)";
 
-char lowerAscii(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 std::string titleOf(const std::string& lockName) {
     const auto found = std::ranges::find_if(titles, [&](const LockTitle& known) {
-        return std::ranges::equal(known.name, lockName, {}, lowerAscii, lowerAscii);
+        return isSameInAnyCase(known.name, lockName);
     });
     return found == titles.end() ? lockName : found->title;
 }

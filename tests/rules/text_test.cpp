@@ -42,3 +42,18 @@ TEST(Text, TakesBlanksOffBothEnds) {
     EXPECT_EQ(withoutBlanksAround("a b"), "a b");
     EXPECT_EQ(withoutBlanksAround("   "), "");
 }
+
+TEST(Text, ComparesLettersInAnyCaseAndNothingElse) {
+    EXPECT_TRUE(isSameInAnyCase("RegSub", "REGSUB"));
+    EXPECT_FALSE(isSameInAnyCase("RegSub", "RegSu"));
+    EXPECT_FALSE(isSameInAnyCase("[", "{"));
+    EXPECT_TRUE(isSameInAnyCase("支票A", "支票a"));
+}
+
+TEST(Text, FindsATextInsideAnotherInAnyCase) {
+    EXPECT_TRUE(containsInAnyCase("9 Visa卡", "vISA"));
+    EXPECT_TRUE(containsInAnyCase("2 转帐支票", "支票"));
+    EXPECT_TRUE(containsInAnyCase("2 转帐支票", ""));
+    EXPECT_FALSE(containsInAnyCase("2 转帐支票", "现金"));
+    EXPECT_FALSE(containsInAnyCase("", "现金"));
+}
