@@ -12,10 +12,8 @@ namespace chengheng {
 template <class Record>
 bool readForList(const char* condition, std::vector<Record>& records) {
     const RowLease<Record> lease(*g_pDB, condition);
-    const Status& status = g_pDB->lastStatus();
-    if (!lease.isFound() && !status && status.failure != Failure::missing) return false;
     records = lease.copy();
-    return true;
+    return lease.isRead();
 }
 
 }  // namespace chengheng

@@ -36,8 +36,7 @@ Status read(const char* databaseName, const char* condition, std::vector<Record>
     if (g_pDB == nullptr) return Status::of(Failure::notOpen);
     if (g_pDB->DBSelect(databaseName) == 0) return g_pDB->lastStatus();
     const RowLease<Record> lease(*g_pDB, condition);
-    if (!lease.isFound() && g_pDB->lastStatus().failure != Failure::missing)
-        return g_pDB->lastStatus();
+    if (!lease.isRead()) return g_pDB->lastStatus();
     rows = lease.copy();
     return Status::done();
 }

@@ -1,15 +1,8 @@
 #include "host/screen/CNxMiddleDialog.h"
 
-#include "data/CNbCwDB.h"
-#include "host/services/host_globals.h"
 #include "host/services/last_failure.h"
+#include "host/services/open_books.h"
 
-bool CNxMiddleDialog::SelectDatabase() {
-    return g_pDB != nullptr && g_pDB->DBSelect(g_lpszNbZwDBName) != 0;
-}
+bool CNxMiddleDialog::SelectDatabase() { return chengheng::selectOpenBooks(); }
 
-void CNxMiddleDialog::TellFailure() {
-    messages().tell({.text = chengheng::lastFailureText(),
-                     .icon = chengheng::MessageIcon::warning,
-                     .beep = true});
-}
+void CNxMiddleDialog::TellFailure() { messages().tell(chengheng::lastFailureNotice()); }

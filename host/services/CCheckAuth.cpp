@@ -7,6 +7,7 @@
 #include "host/services/host_globals.h"
 #include "host/services/host_messages.h"
 #include "host/services/last_failure.h"
+#include "host/services/open_books.h"
 #include "host/services/service_texts.h"
 #include "host/services/services_sql.h"
 #include "operators/rights_list.h"
@@ -17,7 +18,7 @@ using namespace chengheng;
 
 /// The rights string of an operator of the open books; nothing when it cannot be read.
 std::optional<std::string> readRights(std::int32_t userId) {
-    if (g_pDB == nullptr || g_pDB->DBSelect(g_lpszNbZwDBName) == 0) return std::nullopt;
+    if (!selectOpenBooks()) return std::nullopt;
     return readOneCell(*g_pDB, services_sql::rightsOf(userId)).text;
 }
 

@@ -15,4 +15,8 @@ std::string lastFailureText() {
     return failureText(status, database == nullptr ? g_lpszNbZwDBName : database->location());
 }
 
+Notice lastFailureNotice() {
+    return {.text = lastFailureText(), .icon = MessageIcon::warning, .beep = true};
+}
+
 }  // namespace chengheng

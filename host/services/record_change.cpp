@@ -1,0 +1,44 @@
+#include "host/services/record_change.h"
+
+#include "data/CNbCwDB.h"
+#include "data/host_database.h"
+#include "data/table_locks.h"
+#include "data/unit_of_work.h"
+#include "host/services/last_failure.h"
+#include "host/services/open_books.h"
+
+namespace chengheng {
+namespace {
+
+Result runUnderLocks(const LockLists& tables, const std::function<Result()>& work) {
+    if (!selectOpenBooks()) return Result::failed();
+    const TableLocks locks(*g_pDB, tables.referring, tables.own);
+    if (!locks.areGranted()) return Result::failed();
+    UnitOfWork unit(*g_pDB);
+    if (!unit.isOpen()) return Result::failed();
+    Result result = work();
+    if (result.outcome == Outcome::done && !unit.commit()) return Result::failed();
+    return result;
+}
+
+}  // namespace
+
+Result Result::failed() { return {Outcome::failed, lastFailureNotice()}; }
+
+Result resultOfRow(int operationResult, const Notice& whenMissing) {
+    if (operationResult == 0) return Result::done();
+    if (g_pDB->lastStatus().failure == Failure::missing) return Result::stale(whenMissing);
+    return Result::failed();
+}
+
+Outcome changeRecords(IMessages& messages, const LockLists& tables,
+                      const std::function<Result()>& work) {
+    return told(messages, runUnderLocks(tables, work));
+}
+
+Outcome told(IMessages& messages, const Result& result) {
+    if (result.notice) messages.tell(*result.notice);
+    return result.outcome;
+}
+
+}  // namespace chengheng
