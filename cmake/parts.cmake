@@ -16,7 +16,8 @@ target_link_libraries(books_data
     PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL)
 
 set(function_folders setting accounts opening currency vouchertype settle operators print)
-set(rule_patterns host/books/*.cpp host/services/*.cpp host/sheets/*.cpp)
+set(rule_patterns
+    host/books/*.cpp host/services/*.cpp host/sheets/*.cpp host/forms/*.cpp)
 foreach(folder ${function_folders})
     list(APPEND rule_patterns ${folder}/*.cpp)
 endforeach()

@@ -45,7 +45,7 @@ def is_without_qt(path):
     folder = path.split("/")
     if folder[0] in FUNCTION_FOLDERS:
         return "window" not in folder
-    return path.startswith(("data/", "host/books/", "host/services/", "host/sheets/",
+    return path.startswith(("data/", "host/books/", "host/forms/", "host/services/", "host/sheets/",
                             "host/tool/", "tests/rules/", "tests/data/", "bench/", "fuzz/"))
 
 
