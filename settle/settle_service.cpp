@@ -1,0 +1,154 @@
+#include "settle/settle_service.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+#include "data/CNbCwDB.h"
+#include "data/host_database.h"
+#include "data/lookups/existence.h"
+#include "data/row_lease.h"
+#include "host/services/last_failure.h"
+#include "host/services/open_books.h"
+#include "settle/settle_rules.h"
+#include "settle/settle_sql.h"
+#include "settle/settle_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr LockLists lockLists{"RecpBank RecpEnter UnregMain UnregSub", "Settle"};
+
+/// A table that refers to methods by their number.
+struct Referrer {
+    std::optional<bool> (*hasRows)(CNbCwDB& database, const std::string& condition);
+    std::string (*condition)(std::string_view number);
+};
+
+constexpr std::array referrers{
+    Referrer{hasRows<_UnregSubInfo>, settle_sql::ofNumber},
+    Referrer{hasRows<_RegSubInfo>, settle_sql::ofNumber},
+    Referrer{hasRows<_RecpBankInfo>, settle_sql::ofNoteMethod},
+};
+
+/// Nothing when a table cannot be read.
+std::optional<bool> isNumberUsed(std::string_view number) {
+    for (const Referrer& referrer : referrers) {
+        const auto found = referrer.hasRows(*g_pDB, referrer.condition(number));
+        if (!found || *found) return found;
+    }
+    return false;
+}
+
+Result readMethod(int id, _SettleInfo& method) {
+    _SettleInfo* row = nullptr;
+    const Result result =
+        resultOfRow(g_pDB->Settle_GetInfo(row, id), Notice{.text = settle_texts::gone});
+    if (result.outcome != Outcome::done) return result;
+    method = *row;
+    g_pDB->Settle_ReleaseAllBuffer();
+    return result;
+}
+
+Result refuseClash(const _SettleInfo& wanted, std::span<const Leaf> leaves) {
+    // An answer that cannot be read refuses, too, and is then told as the failure it is.
+    bool hasFailed = false;
+    const auto isStored = [&hasFailed](const std::string& condition) {
+        const auto found = hasRows<_SettleInfo>(*g_pDB, condition);
+        hasFailed = !found;
+        return found.value_or(true);
+    };
+    const auto refusal = settleClash(
+        {.wanted = wanted,
+         .leaves = leaves,
+         .hasStoredNumber =
+             [&](auto number) { return isStored(settle_sql::ofOtherNumber(number, wanted.lId)); },
+         .hasStoredName =
+             [&](auto name) { return isStored(settle_sql::ofOtherName(name, wanted.lId)); }});
+    if (hasFailed) return Result::failed();
+    return refusal ? Result::refused(*refusal) : Result::done();
+}
+
+Result addMethod(const _SettleInfo& method, std::span<const Leaf> leaves, int& id) {
+    Result result = refuseClash(method, leaves);
+    if (result.outcome != Outcome::done) return result;
+    return g_pDB->Settle_AddNew(method, id) == 0 ? result : Result::failed();
+}
+
+Result modifyMethod(const _SettleInfo& loaded, const _SettleInfo& wanted,
+                    std::span<const Leaf> leaves) {
+    if (wanted.sStlId != loaded.sStlId) {
+        const auto isUsed = isNumberUsed(loaded.sStlId);
+        if (!isUsed) return Result::failed();
+        if (*isUsed) return Result::refused(settleNumberNotice(settle_texts::usedNotModified));
+    }
+    _SettleInfo stored;
+    Result result = readMethod(loaded.lId, stored);
+    if (result.outcome != Outcome::done || stored == wanted) return result;
+    if (stored != loaded) return Result::stale({.text = settle_texts::changed});
+    result = refuseClash(wanted, leaves);
+    if (result.outcome != Outcome::done) return result;
+    return resultOfRow(g_pDB->Settle_Edit(wanted), {.text = settle_texts::gone});
+}
+
+Result deleteMethod(const _SettleInfo& loaded) {
+    const int existence = SettleIsExist(loaded.sStlId);
+    if (existence < 0) return Result::failed();
+    _SettleInfo stored;
+    const Result result = readMethod(loaded.lId, stored);
+    // Deleted already, as the operator wants it: there is nothing to say.
+    if (result.outcome == Outcome::stale) return {Outcome::stale};
+    if (result.outcome != Outcome::done) return result;
+    if (existence != 0 || stored != loaded) return Result::stale({.text = settle_texts::changed});
+    const auto isUsed = isNumberUsed(stored.sStlId);
+    if (!isUsed) return Result::failed();
+    if (*isUsed) return Result::refused({.text = settle_texts::usedNotDeleted});
+    return resultOfRow(g_pDB->Settle_Delete(stored.lId), {.text = settle_texts::gone});
+}
+
+}  // namespace
+
+std::optional<std::vector<_SettleInfo>> SettleService::readAll() {
+    if (selectOpenBooks()) {
+        const RowLease<_SettleInfo> lease(*g_pDB, settle_sql::inOrder);
+        if (lease.isRead()) return lease.copy();
+    }
+    m_messages.tell(lastFailureNotice());
+    return std::nullopt;
+}
+
+Outcome SettleService::read(int id, _SettleInfo& method, bool& isUsed) {
+    if (!selectOpenBooks()) return told(m_messages, Result::failed());
+    const Result result = readMethod(id, method);
+    if (result.outcome != Outcome::done) return told(m_messages, result);
+    const auto found = isNumberUsed(method.sStlId);
+    if (!found) return told(m_messages, Result::failed());
+    isUsed = *found;
+    return Outcome::done;
+}
+
+Outcome SettleService::add(_SettleInfo& method, std::span<const Leaf> leaves) {
+    int id = 0;
+    const Outcome outcome =
+        changeRecords(m_messages, lockLists, [&] { return addMethod(method, leaves, id); });
+    if (outcome == Outcome::done) method.lId = id;
+    return outcome;
+}
+
+Outcome SettleService::modify(const _SettleInfo& loaded, const _SettleInfo& wanted,
+                              std::span<const Leaf> leaves) {
+    return changeRecords(m_messages, lockLists,
+                         [&] { return modifyMethod(loaded, wanted, leaves); });
+}
+
+Outcome SettleService::remove(const Leaf* leaf, const _SettleInfo& loaded) {
+    if (leaf == nullptr)
+        return told(m_messages, Result::refused({.text = settle_texts::nothingSelected}));
+    const auto [number, name] = settleLeafParts(leaf->text);
+    const Answer answer =
+        m_messages.ask({.text = fmt::format(settle_texts::deletion, number, name)});
+    if (answer != Answer::yes) return Outcome::refused;
+    return changeRecords(m_messages, lockLists, [&] { return deleteMethod(loaded); });
+}
+
+}  // namespace chengheng
