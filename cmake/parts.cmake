@@ -30,6 +30,13 @@ target_link_libraries(books_rules
 set_source_files_properties(host/books/launch_options.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_VERSION="${PROJECT_VERSION}")
 
+# Layout files lie beside the programs, where GetPrintFile finds them.
+folder_sources(layout_files print/layouts/*.rpn)
+foreach(file ${layout_files})
+    get_filename_component(name ${file} NAME)
+    configure_file(${file} ${CMAKE_BINARY_DIR}/print/${name} COPYONLY)
+endforeach()
+
 folder_sources(tool_sources host/tool/*.cpp)
 list(REMOVE_ITEM tool_sources ${CMAKE_SOURCE_DIR}/host/tool/main.cpp)
 add_library(chbooks_tool STATIC ${tool_sources})

@@ -14,16 +14,11 @@ namespace chengheng {
 
 enum class Alignment : std::uint8_t { left, center, right };
 
-/// What becomes of a text that is longer than its column: cut with an ellipsis, or carried on
-/// in further lines of the row.
-enum class Overflow : std::uint8_t { ellipsis, wrap };
-
 struct ReportColumn {
     std::string heading;
     std::string field;  ///< what fills it, by name; empty: its position says it
     int width = 0;      ///< in characters; a Chinese one counts as two
     Alignment alignment = Alignment::left;
-    Overflow overflow = Overflow::ellipsis;
 };
 
 /// A line under the title, such as "科目:1122" at its left and "打印日期:2026.05.31" at its right.

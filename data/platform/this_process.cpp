@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <filesystem>
 
 namespace chengheng {
 
@@ -14,5 +15,11 @@ std::string stationName() {
 }
 
 std::int64_t processNumber() { return getpid(); }
+
+std::string programFolder() {
+    std::error_code unseen;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", unseen);
+    return unseen ? "." : program.parent_path().string();
+}
 
 }  // namespace chengheng

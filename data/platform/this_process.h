@@ -10,4 +10,7 @@ std::string stationName();
 
 std::int64_t processNumber();
 
+/// The folder of the program that runs; "." when it cannot be told.
+std::string programFolder();
+
 }  // namespace chengheng

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "print/report.h"
+
+namespace chengheng {
+
+/// What the texts of a layout may name on one page.
+struct PageFacts {
+    const Report& report;
+    std::size_t page = 1;
+    std::size_t pageCount = 1;
+};
+
+/// The text with each {name} replaced by what it names.
+std::string withFacts(std::string_view text, const PageFacts& facts);
+
+/// Why a text cannot stand in a layout: it names an unknown fact, or a brace stays open. Empty
+/// when it can.
+std::string factsFault(std::string_view text);
+
+/// "2026.05.31", the form of dates on paper.
+std::string paperDate(const Date& date);
+
+}  // namespace chengheng
