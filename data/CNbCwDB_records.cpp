@@ -85,7 +85,6 @@ Status takeNextId(Database& database, const char* idRow, int& id) {
 }  // namespace
 }  // namespace chengheng
 
-using chengheng::columnCount;
 using chengheng::Cursor;
 using chengheng::Failure;
 using chengheng::Status;
