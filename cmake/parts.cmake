@@ -6,8 +6,10 @@ find_package(fmt REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
+find_package(EXPAT REQUIRED)
 pkg_check_modules(SODIUM REQUIRED IMPORTED_TARGET libsodium)
 pkg_check_modules(XLSXWRITER REQUIRED IMPORTED_TARGET xlsxwriter)
+pkg_check_modules(ZIP REQUIRED IMPORTED_TARGET libzip)
 
 folder_sources(data_sources data/*.cpp data/*/*.cpp data/*/*/*.cpp)
 add_library(books_data STATIC ${data_sources})
@@ -26,7 +28,8 @@ include(cmake/charts.cmake)
 add_library(books_rules STATIC ${rule_sources} ${chart_source})
 target_link_libraries(books_rules
     PUBLIC books_data
-    PRIVATE PkgConfig::SODIUM PkgConfig::XLSXWRITER CLI11::CLI11 nlohmann_json::nlohmann_json)
+    PRIVATE PkgConfig::SODIUM PkgConfig::XLSXWRITER PkgConfig::ZIP EXPAT::EXPAT CLI11::CLI11
+        nlohmann_json::nlohmann_json)
 set_source_files_properties(host/books/launch_options.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_VERSION="${PROJECT_VERSION}")
 

@@ -6,7 +6,7 @@ find_package(Threads REQUIRED)
 folder_sources(support_sources tests/support/*.cpp)
 add_library(test_support STATIC ${support_sources})
 target_link_libraries(test_support PUBLIC books_rules GTest::gtest GTest::gmock Threads::Threads
-    PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL)
+    PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL PkgConfig::ZIP)
 set_source_files_properties(tests/rules/schema_page_test.cpp tests/support/private_postgres.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 

@@ -11,8 +11,6 @@
 namespace chengheng {
 namespace {
 
-constexpr std::size_t megabyte = 1U << 20U;
-
 SheetFailure underHeading(const char* heading, SheetFailure failure, const std::string& file) {
     failure.heading = fmt::format(fmt::runtime(heading), file);
     return failure;
@@ -49,7 +47,8 @@ SheetFailure whileReading(const Status& status, const std::string& file) {
     std::string reason = reasonOf(status);
     if (status.failure == Failure::missing) reason = sheet_texts::fileMissing;
     if (status.failure == Failure::full)
-        reason = fmt::format(sheet_texts::fileTooLong, sheet_limits::fileSize / megabyte);
+        reason =
+            fmt::format(sheet_texts::fileTooLong, sheet_limits::fileSize / sheet_limits::megabyte);
     return whileReading(SheetFailure{.reason = std::move(reason)}, file);
 }
 

@@ -5,7 +5,12 @@
 
 #include "data/platform/staged_file.h"
 #include "data/platform/system_error.h"
+#include "host/books/owned_files.h"
 #include "host/sheets/delimited_text.h"
+#include "host/sheets/sheet_limits.h"
+#include "host/sheets/sheet_texts.h"
+#include "host/sheets/written_cells.h"
+#include "host/sheets/xlsx_reading.h"
 #include "host/sheets/xlsx_writing.h"
 
 namespace chengheng {
@@ -29,6 +34,27 @@ SheetOutcome writeFile(const std::string& path, const Make& make) {
     return status ? SheetOutcome() : whileWriting(status, path);
 }
 
+SheetOutcome readBytes(std::string_view bytes, Sheet& sheet) {
+    constexpr std::string_view zipSign("PK\x03\x04");
+    constexpr std::string_view oldWorkbookSign("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1");
+    if (bytes.starts_with(zipSign)) return readXlsx(bytes, sheet);
+    if (bytes.starts_with(oldWorkbookSign)) return SheetFailure{.reason = sheet_texts::oldWorkbook};
+    return readCsv(bytes, sheet);
+}
+
+/// Whether a file just written holds that sheet. A disk that is full is not always told while
+/// the file is made.
+SheetOutcome compare(const Sheet& sheet, const std::string& path) {
+    std::string bytes;
+    if (const Status status = readFile(path, std::string::npos, bytes); !status)
+        return whileReading(status, path);
+    Sheet written;
+    const bool isRead = !readXlsx(bytes, written);
+    return isRead && isSameContent(sheet, written)
+               ? SheetOutcome()
+               : SheetFailure{.reason = sheet_texts::writtenDiffers};
+}
+
 }  // namespace
 
 SheetOutcome writeCsv(const Sheet& sheet, const std::string& path) {
@@ -41,7 +67,19 @@ SheetOutcome writeCsv(const Sheet& sheet, const std::string& path) {
 }
 
 SheetOutcome writeXlsx(const Sheet& sheet, const std::string& path) {
-    return writeFile(path, [&](const std::string& draft) { return makeWorkbook(sheet, draft); });
+    return writeFile(path, [&](const std::string& draft) {
+        SheetOutcome failure = makeWorkbook(sheet, draft);
+        return failure ? failure : compare(sheet, draft);
+    });
+}
+
+SheetOutcome readSheet(const std::string& path, Sheet& sheet) {
+    sheet = Sheet();
+    std::string bytes;
+    if (const Status status = readFile(path, sheet_limits::fileSize, bytes); !status)
+        return whileReading(status, path);
+    if (SheetOutcome failure = readBytes(bytes, sheet)) return whileReading(*failure, path);
+    return std::nullopt;
 }
 
 }  // namespace chengheng

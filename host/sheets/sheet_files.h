@@ -12,4 +12,7 @@ namespace chengheng {
 SheetOutcome writeCsv(const Sheet& sheet, const std::string& path);
 SheetOutcome writeXlsx(const Sheet& sheet, const std::string& path);
 
+/// Reads an XLSX or CSV file; which of them it is, its content tells, not its name.
+SheetOutcome readSheet(const std::string& path, Sheet& sheet);
+
 }  // namespace chengheng

@@ -6,11 +6,13 @@
 /// file made to exhaust the machine cannot.
 namespace chengheng::sheet_limits {
 
-inline constexpr std::size_t fileSize = 64U << 20U;
+inline constexpr std::size_t megabyte = 1U << 20U;
+
+inline constexpr std::size_t fileSize = 64 * megabyte;
 /// Of an XLSX file, all of its parts that are read, unpacked.
-inline constexpr std::size_t unpackedSize = 512U << 20U;
+inline constexpr std::size_t unpackedSize = 512 * megabyte;
 /// The bytes of all texts of a sheet.
-inline constexpr std::size_t textSize = 256U << 20U;
+inline constexpr std::size_t textSize = 256 * megabyte;
 /// The cells of a sheet, with the absent ones before the last of a row.
 inline constexpr std::size_t cells = 4'000'000;
 inline constexpr std::size_t rows = 1'048'576;

@@ -30,7 +30,6 @@ struct Look {
 };
 
 std::string numberFormat(int decimals) {
-    if (decimals < 0) return "General";
     return decimals == 0 ? "#,##0"
                          : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
 }
@@ -41,7 +40,11 @@ std::string sheetName(const std::string& wanted) {
     constexpr std::string_view unfit = "[]:*?/\\'";
     std::string name = isUtf8(wanted) ? wanted : "";
     std::ranges::replace_if(
-        name, [&](char letter) { return unfit.find(letter) != unfit.npos || letter < ' '; }, '_');
+        name,
+        [&](char letter) {
+            return unfit.find(letter) != unfit.npos || static_cast<unsigned char>(letter) < ' ';
+        },
+        '_');
     while (utf16Length(name) > longest) name = firstCharacters(name, characterCount(name) - 1);
     return name.empty() ? "Sheet1" : name;
 }
@@ -71,7 +74,7 @@ class Workbook {
         lxw_format*& format = m_formats[look];
         if (format != nullptr) return format;
         format = workbook_add_format(m_book);
-        format_set_num_format(format, numberFormat(look.decimals).c_str());
+        if (look.decimals >= 0) format_set_num_format(format, numberFormat(look.decimals).c_str());
         if (look.isBold) format_set_bold(format);
         return format;
     }

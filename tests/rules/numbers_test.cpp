@@ -5,11 +5,12 @@
 #include <array>
 #include <bit>
 #include <charconv>
-#include <clocale>
 #include <cmath>
 #include <limits>
 #include <random>
 #include <string>
+
+#include "tests/support/comma_locale.h"
 
 using chengheng::shortestText;
 using chengheng::shortestTextRoom;
@@ -250,12 +251,8 @@ TEST(NumberToText, NamesWhatIsNoNumber) {
 }
 
 TEST(NumberToText, DoesNotDependOnTheLocale) {
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    bool isForeign = false;
-    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "C.UTF-8"})
-        if (!isForeign) isForeign = std::setlocale(LC_ALL, name) != nullptr;
+    const chengheng::CommaLocale comma;
     EXPECT_EQ(ftoaWithSap(1234.5, 2), "1,234.50");
     EXPECT_EQ(shortestText(0.5), "0.5");
     EXPECT_EQ(rounded(2.675, 2), 2.68);
-    std::setlocale(LC_ALL, before.c_str());
 }

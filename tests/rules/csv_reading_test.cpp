@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include "host/sheets/delimited_reader.h"
+#include "host/sheets/delimited_text.h"
+#include "host/sheets/text_encoding.h"
+
+namespace chengheng {
+namespace {
+
+/// The texts of a sheet, an absent cell being empty.
+using Texts = std::vector<std::vector<std::string>>;
+
+Texts textsOf(const Sheet& sheet) {
+    Texts texts;
+    for (const SheetRow& row : sheet.rows) {
+        texts.emplace_back();
+        for (const Cell& cell : row) texts.back().push_back(cell.text);
+    }
+    return texts;
+}
+
+Texts readTexts(std::string_view bytes) {
+    Sheet sheet;
+    const SheetOutcome failure = readCsv(bytes, sheet);
+    EXPECT_FALSE(failure) << failure->text();
+    return textsOf(sheet);
+}
+
+SheetFailure readFailure(std::string_view bytes) {
+    Sheet sheet;
+    sheet.rows.resize(3);
+    const SheetOutcome failure = readCsv(bytes, sheet);
+    EXPECT_TRUE(failure);
+    EXPECT_TRUE(sheet.rows.empty()) << "half of a sheet was left";
+    return failure.value_or(SheetFailure());
+}
+
+std::string utf16(std::u16string_view text, bool isBig) {
+    std::string bytes;
+    for (const char16_t unit : text) {
+        const char low = static_cast<char>(unit & 0xFF);
+        const char high = static_cast<char>(unit >> 8U);
+        bytes += isBig ? high : low;
+        bytes += isBig ? low : high;
+    }
+    return bytes;
+}
+
+const Texts accounts{{"编码", "名称"}, {"0101", "库存现金"}};
+
+TEST(CsvReading, ReadsUtf8WithAndWithoutItsMark) {
+    EXPECT_EQ(readTexts("编码,名称\r\n0101,库存现金\r\n"), accounts);
+    EXPECT_EQ(readTexts("\xEF\xBB\xBF编码,名称\r\n0101,库存现金\r\n"), accounts);
+}
+
+TEST(CsvReading, ReadsUtf16OfBothKindsWithAndWithoutItsMark) {
+    for (const bool isBig : {false, true}) {
+        EXPECT_EQ(readTexts(utf16(u"\uFEFF编码,名称\r\n0101,库存现金\r\n", isBig)), accounts);
+        EXPECT_EQ(readTexts(utf16(u"编码,名称\r\n0101,库存现金\r\n", isBig)), accounts);
+        EXPECT_EQ(readTexts(utf16(u"a,b\nc,d", isBig)), (Texts{{"a", "b"}, {"c", "d"}}));
+        EXPECT_EQ(readTexts(utf16(u"\uFEFF𠮷\t😀", isBig)), (Texts{{"𠮷", "😀"}}));
+    }
+}
+
+TEST(CsvReading, ReadsGb18030WithItsTwoAndFourByteCharacters) {
+    // 编码,名称 CR LF 0101,库存现金 CR LF
+    EXPECT_EQ(readTexts("\xB1\xE0\xC2\xEB,\xC3\xFB\xB3\xC6\r\n"
+                        "0101,\xBF\xE2\xB4\xE6\xCF\xD6\xBD\xF0\r\n"),
+              accounts);
+    EXPECT_EQ(readTexts("\xFE\x56,\x95\x34\xB2\x35,\x81\x39\xEE\x39,\xA2\xE3,\x94\x39\xFC\x36"),
+              (Texts{{"㑇", "𠮷", "㐀", "€", "😀"}}));
+}
+
+TEST(CsvReading, ReadsEveryLineEndAndALastLineWithoutOne) {
+    for (const char* text : {"a,b\r\nc,d\r\n", "a,b\nc,d\n", "a,b\rc,d\r", "a,b\nc,d"})
+        EXPECT_EQ(readTexts(text), (Texts{{"a", "b"}, {"c", "d"}})) << text;
+}
+
+TEST(CsvReading, KeepsLineEndsAndQuotesInsideQuotes) {
+    EXPECT_EQ(readTexts("\"a\r\nb\",\"c\"\"d\",\"\",\"e\nf\rg\"\r\n"),
+              (Texts{{"a\r\nb", "c\"d", "", "e\nf\rg"}}));
+}
+
+TEST(CsvReading, QuoteWithinABareCellBelongsToIt) {
+    EXPECT_EQ(readTexts("5\" 钉,b\n"), (Texts{{"5\" 钉", "b"}}));
+}
+
+TEST(CsvReading, KeepsZerosBlanksAndSignsOfTexts) {
+    EXPECT_EQ(readTexts("0101, a ,=1+1,+5,-0\n"), (Texts{{"0101", " a ", "=1+1", "+5", "-0"}}));
+}
+
+TEST(CsvReading, EmptyFieldsAreAbsentCellsAndEmptyLinesRowsWithoutCells) {
+    Sheet sheet;
+    ASSERT_FALSE(readCsv("a,,\n\n,b\n", sheet));
+    ASSERT_EQ(sheet.rows.size(), 3U);
+    EXPECT_EQ(sheet.rows[0], (SheetRow{Cell::of("a"), Cell(), Cell()}));
+    EXPECT_TRUE(sheet.rows[1].empty());
+    EXPECT_EQ(sheet.rows[2], (SheetRow{Cell(), Cell::of("b")}));
+    EXPECT_TRUE(readTexts("").empty());
+    EXPECT_TRUE(readTexts("\xEF\xBB\xBF").empty());
+}
+
+TEST(CsvReading, TellsCommaTabAndSemicolonApart) {
+    const std::vector<std::pair<const char*, char>> texts{{"a,b\nc,d\n", ','},
+                                                          {"a\tb\nc\td\n", '\t'},
+                                                          {"a;b\nc;d\n", ';'},
+                                                          {"a;b,c;d\ne;f,g;h\n", ';'},
+                                                          {"名称\n", ','},
+                                                          {"", ','},
+                                                          {"a;1,5\nb;2\nc;3\n", ';'},
+                                                          {"title;\na,b,c\nd,e,f\n", ','},
+                                                          {"\"a;b;c;d\",e\n\"f;g;h;i\",j\n", ','},
+                                                          {"\"a\tb\";c\nd;e\n", ';'}};
+    for (const auto& [text, separator] : texts) EXPECT_EQ(separatorOf(text), separator) << text;
+}
+
+TEST(CsvReading, SeparatorOfALongLineIsToldFromItsBeginning) {
+    std::string line;
+    for (int cell = 0; cell < 40000; ++cell) line += "ab;";
+    EXPECT_EQ(separatorOf(line), ';');
+}
+
+TEST(CsvReading, QuoteThatIsNotClosedIsAFailureAtItsCell) {
+    const SheetFailure failure = readFailure("a,b\n\"c\nd\",e\nf,\"g\nh\n");
+    EXPECT_EQ(failure.text(), "第 3 行 B 列:单元格以引号开头,但没有结束的引号。");
+}
+
+TEST(CsvReading, TextAfterAClosingQuoteIsAFailureAtItsCell) {
+    const SheetFailure failure = readFailure("a,b\n\"c\"d,e\n");
+    EXPECT_EQ(failure.text(),
+              "第 2 行 A 列:结束的引号之后还有文字。单元格中的引号应写成两个引号。");
+}
+
+TEST(CsvReading, NulIsAFailureAtItsCell) {
+    for (const std::string& cell : {std::string("x\0", 2), std::string("\"x\0\"", 4)}) {
+        const SheetFailure failure = readFailure("编码,名称,说明,方向\na," + cell + ",b,c\n");
+        EXPECT_EQ(failure.text(), "第 2 行 B 列:单元格中有不能作为文字的内容(NUL)。");
+    }
+}
+
+TEST(CsvReading, BytesOfNoEncodingAreAFailureWhereTheyStand) {
+    // Cut in the middle of a character, within quotes and outside.
+    for (const char* text :
+         {"库存现金,银行存款\n应收帐款,预付帐\xE6", "现金存款,\n帐款,\"银行\xE9"}) {
+        const SheetFailure failure = readFailure(text);
+        EXPECT_EQ(failure.row, 2U);
+        EXPECT_EQ(failure.column, 2U);
+        EXPECT_TRUE(failure.reason.starts_with("此处的内容无法识别。")) << failure.reason;
+    }
+    EXPECT_EQ(readFailure("a,b\n\xFF").row, 2U);
+    EXPECT_EQ(readFailure(utf16(u"\uFEFFa\tb\n", false) + "\x01\xD8").row, 2U);
+    EXPECT_EQ(readFailure(utf16(u"\uFEFFa\tb\nc", true) + "\xDC").row, 2U);
+    EXPECT_EQ(readFailure("\x89PNG\r\n\x1A\n\xFF\xFF").row, 3U);
+}
+
+TEST(CsvReading, Utf8WithAStrayByteIsNotTakenForGb18030) {
+    EXPECT_EQ(readFailure("科目编码,科目名称\n1001,库存\xFF现金\n").row, 2U);
+}
+
+TEST(CsvReading, MoreRowsThanAreReadIsAFailure) {
+    const SheetFailure failure = readFailure(std::string(1'048'577, '\n'));
+    EXPECT_EQ(failure.text(), "超过 1048576 行,表格太大了。请拆分后重试。");
+}
+
+TEST(CsvReading, MoreCellsThanAreReadIsAFailure) {
+    const SheetFailure failure = readFailure(std::string(4'000'000, ','));
+    EXPECT_EQ(failure.text(), "超过 4000000 个单元格,表格太大了。请拆分后重试。");
+}
+
+Texts readBlock(std::string_view text) {
+    Sheet sheet;
+    const SheetOutcome failure = readClipboardBlock(text, sheet);
+    EXPECT_FALSE(failure) << failure->text();
+    return textsOf(sheet);
+}
+
+TEST(ClipboardBlock, RowsAndCellsAreCutByLineEndsAndTabs) {
+    EXPECT_EQ(readBlock("1001\t1,234.50\r\n1002\t\r\n"),
+              (Texts{{"1001", "1,234.50"}, {"1002", ""}}));
+    EXPECT_EQ(readBlock("a"), (Texts{{"a"}}));
+    EXPECT_EQ(readBlock("a;b,c"), (Texts{{"a;b,c"}}));
+    EXPECT_TRUE(readBlock("").empty());
+}
+
+TEST(ClipboardBlock, QuotedCellsMayHoldTabsAndLineEnds) {
+    EXPECT_EQ(readBlock("\"a\tb\nc\"\t\"d\"\"e\"\n"), (Texts{{"a\tb\nc", "d\"e"}}));
+}
+
+TEST(ClipboardBlock, QuotesThatDoNotPairBelongToTheCell) {
+    EXPECT_EQ(readBlock("\"a\tb\n5\" c\t\"x\" y\n"), (Texts{{"\"a", "b"}, {"5\" c", "\"x\" y"}}));
+}
+
+TEST(ClipboardBlock, WhatIsWrittenIsReadBack) {
+    Sheet sheet;
+    sheet.rows = {{Cell::of("a\tb"), Cell::of("\"quoted\""), Cell::of("line\r\nend")},
+                  {},
+                  {Cell::of("\""), Cell::of(" 0101 "), Cell::of("𠮷\"")},
+                  {Cell(), Cell::of("last")}};
+    std::string text;
+    ASSERT_FALSE(writeClipboardBlock(sheet, text));
+    Sheet read;
+    ASSERT_FALSE(readClipboardBlock(text, read));
+    EXPECT_EQ(read.rows, sheet.rows);
+}
+
+TEST(ClipboardBlock, BytesThatAreNoTextAreAFailure) {
+    Sheet sheet;
+    EXPECT_TRUE(readClipboardBlock("a\xFF", sheet));
+    EXPECT_TRUE(readClipboardBlock(std::string_view("a\0", 2), sheet));
+}
+
+TEST(Utf8Writing, EveryLengthOfCharacterIsWritten) {
+    std::string text;
+    for (const char32_t character : {U'a', U'é', U'帐', U'𠮷'}) appendUtf8(character, text);
+    EXPECT_EQ(text, "aé帐𠮷");
+}
+
+}  // namespace
+}  // namespace chengheng

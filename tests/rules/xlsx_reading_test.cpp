@@ -1,0 +1,327 @@
+#include "host/sheets/xlsx_reading.h"
+
+#include <gtest/gtest.h>
+
+#include "host/sheets/xlsx_contents.h"
+#include "host/sheets/xlsx_number_formats.h"
+#include "tests/support/made_workbook.h"
+
+namespace chengheng {
+namespace {
+
+Sheet readBytes(std::string_view bytes) {
+    Sheet sheet;
+    const SheetOutcome failure = readXlsx(bytes, sheet);
+    EXPECT_FALSE(failure) << failure->text();
+    return sheet;
+}
+
+/// The only row of a sheet with these cells.
+SheetRow readCells(const MadeWorkbook& workbook) {
+    const Sheet sheet = readBytes(workbook.bytes());
+    EXPECT_EQ(sheet.rows.size(), 1U);
+    return sheet.rows.empty() ? SheetRow() : sheet.rows.front();
+}
+
+SheetFailure failureOf(std::string_view bytes) {
+    Sheet sheet;
+    sheet.rows.resize(3);
+    const SheetOutcome failure = readXlsx(bytes, sheet);
+    EXPECT_TRUE(failure);
+    EXPECT_TRUE(sheet.rows.empty()) << "half of a sheet was left";
+    return failure.value_or(SheetFailure());
+}
+
+SheetFailure failureOf(const MadeWorkbook& workbook) { return failureOf(workbook.bytes()); }
+
+/// A workbook in which the content of one part is another; without it when that is empty.
+std::string withPart(const std::string& name, const std::string& content) {
+    auto parts = MadeWorkbook{.rows = "<row><c><v>1</v></c></row>"}.parts();
+    std::erase_if(parts, [&](const auto& part) { return part.first == name; });
+    if (!content.empty()) parts.emplace_back(name, content);
+    return packedFile(parts);
+}
+
+TEST(XlsxReading, NumbersComeBackWithTheDigitsTyped) {
+    const SheetRow row = readCells(
+        {.rows = "<row r=\"1\"><c r=\"A1\"><v>1001</v></c><c r=\"B1\" t=\"n\"><v>100101</v></c>"
+                 "<c r=\"C1\"><v>0.30000000000000004</v></c><c r=\"D1\"><v>1.5E+3</v></c>"
+                 "<c r=\"E1\"><v>2.2999999999999998</v></c><c r=\"F1\"><v> -0.5 </v></c>"
+                 "<c r=\"G1\"><v>622202123456789</v></c></row>"});
+    ASSERT_EQ(row.size(), 7U);
+    const std::vector<std::string> digits{"1001", "100101", "0.30000000000000004", "1500",
+                                          "2.3",  "-0.5",   "622202123456789"};
+    for (std::size_t at = 0; at < row.size(); ++at) {
+        EXPECT_TRUE(row[at].isNumber());
+        EXPECT_EQ(cellText(row[at]), digits[at]);
+    }
+    EXPECT_EQ(row[4].number, 2.3);
+}
+
+TEST(XlsxReading, ZerosThatTheFormatShowsBelongToTheDigits) {
+    const SheetRow row =
+        readCells({.rows = "<row><c s=\"0\"><v>101</v></c><c s=\"1\"><v>101</v></c>"
+                           "<c s=\"1\"><v>10102</v></c><c s=\"1\"><v>1.5</v></c></row>",
+                   .formats = "<numFmt numFmtId=\"170\" formatCode=\"0000\"/>",
+                   .looks = "<xf numFmtId=\"0\"/><xf numFmtId=\"170\"/>"});
+    EXPECT_EQ(row, (SheetRow{Cell::of(101.0), Cell::of(101.0, "0101"), Cell::of(10102.0),
+                             Cell::of(1.5)}));
+    EXPECT_EQ(cellText(row[1]), "0101");
+}
+
+TEST(XlsxReading, SharedStringsComeWithTheirRunsButNotTheirPronunciation) {
+    const SheetRow row = readCells(
+        {.rows = "<row><c t=\"s\"><v>0</v></c><c t=\"s\"><v>2</v></c><c t=\"s\"><v>1</v></c></row>",
+         .strings = "<si><t>库存现金</t></si>"
+                    "<si><r><rPr><b/></rPr><t>银行</t></r><r><t xml:space=\"preserve\"> 存款 "
+                    "</t></r><rPh sb=\"0\" eb=\"1\"><t>yinhang</t></rPh></si>"
+                    "<si><t>&lt;a&gt; &amp; &#x4E00;</t></si>"});
+    EXPECT_EQ(row, (SheetRow{Cell::of("库存现金"), Cell::of("<a> & 一"), Cell::of("银行 存款 ")}));
+}
+
+TEST(XlsxReading, InlineStringsComeWithTheirRuns) {
+    const SheetRow row =
+        readCells({.rows = "<row><c t=\"inlineStr\"><is><t>0101</t></is></c>"
+                           "<c t=\"inlineStr\"><is><r><t>a</t></r><r><t>b</t></r></is></c></row>"});
+    EXPECT_EQ(row, (SheetRow{Cell::of("0101"), Cell::of("ab")}));
+}
+
+TEST(XlsxReading, EscapedCharactersAreTheCharactersMeant) {
+    const SheetRow row =
+        readCells({.rows = "<row><c t=\"inlineStr\"><is><t>a_x000D_\nb</t></is></c>"
+                           "<c t=\"str\"><v>_x005F_x0041_</v></c>"
+                           "<c t=\"str\"><v>_x0000_ _xD83D_ _x41_ _xZZZZ_ _x0041</v></c></row>"});
+    EXPECT_EQ(row, (SheetRow{Cell::of("a\r\nb"), Cell::of("_x0041_"),
+                             Cell::of("_x0000_ _xD83D_ _x41_ _xZZZZ_ _x0041")}));
+}
+
+TEST(XlsxReading, ResultsOfFormulasTruthsAndFaultsAreRead) {
+    const SheetRow row = readCells(
+        {.rows = "<row><c><f>1+1</f><v>2</v></c><c t=\"str\"><f>A1</f><v>x</v></c>"
+                 "<c t=\"b\"><v>1</v></c><c t=\"b\"><v>0</v></c><c t=\"e\"><v>#N/A</v></c>"
+                 "<c t=\"d\"><v>2026-01-05</v></c></row>"});
+    EXPECT_EQ(row, (SheetRow{Cell::of(2.0), Cell::of("x"), Cell::of("TRUE"), Cell::of("FALSE"),
+                             Cell::of("#N/A"), Cell::of("2026-01-05")}));
+}
+
+TEST(XlsxReading, CellsAndRowsKeepTheirPlaces) {
+    const Sheet sheet =
+        readBytes(MadeWorkbook{.rows = "<row r=\"2\"><c r=\"C2\"><v>1</v></c><c><v>2</v></c>"
+                                       "<c r=\"AB2\" s=\"0\"/></row>"
+                                       "<row><c><v>3</v></c></row><row r=\"9\"/>"}
+                      .bytes());
+    ASSERT_EQ(sheet.rows.size(), 3U);
+    EXPECT_TRUE(sheet.rows[0].empty());
+    EXPECT_EQ(sheet.rows[1], (SheetRow{Cell(), Cell(), Cell::of(1.0), Cell::of(2.0)}));
+    EXPECT_EQ(sheet.rows[2], (SheetRow{Cell::of(3.0)}));
+    EXPECT_EQ(sheet.name, "科目");
+}
+
+TEST(XlsxReading, DatesAreTexts) {
+    const std::string looks =
+        "<xf/><xf numFmtId=\"14\"/><xf numFmtId=\"22\"/><xf numFmtId=\"20\"/>"
+        "<xf numFmtId=\"31\"/><xf numFmtId=\"170\"/>";
+    const std::string rows =
+        "<row><c s=\"1\"><v>46027</v></c><c s=\"2\"><v>46027.354166666664</v></c>"
+        "<c s=\"3\"><v>0.5</v></c><c s=\"4\"><v>59</v></c><c s=\"5\"><v>61.99</v></c>"
+        "<c s=\"1\"><v>-1</v></c><c s=\"1\"><v>2958466</v></c><c s=\"1\"><v>60</v></c></row>";
+    MadeWorkbook workbook{
+        .rows = rows,
+        .formats = "<numFmt numFmtId=\"170\" formatCode=\"yyyy&quot;年&quot;m&quot;月&quot;\"/>",
+        .looks = looks};
+    EXPECT_EQ(readCells(workbook),
+              (SheetRow{Cell::of("2026-01-05"), Cell::of("2026-01-05 08:30:00"),
+                        Cell::of("12:00:00"), Cell::of("1900-02-28"), Cell::of("1900-03-01"),
+                        Cell::of(-1.0), Cell::of(2958466.0), Cell::of(60.0)}));
+    workbook.settings = "<workbookPr date1904=\"1\"/>";
+    EXPECT_EQ(readCells(workbook)[0], Cell::of("2030-01-06"));
+}
+
+TEST(XlsxReading, FormatsTellDatesFromNumbers) {
+    const NumberLook number{};
+    const NumberLook date{true, false, 0};
+    const NumberLook time{false, true, 0};
+    const NumberLook both{true, true, 0};
+    const std::vector<std::pair<const char*, NumberLook>> formats{
+        {"General", number},
+        {"0.00", number},
+        {"#,##0.00;[Red]-#,##0.00", number},
+        {"\"dmy\"0", {false, false, 1}},
+        {"0.00E+00", number},
+        {"@", number},
+        {"[h]:mm", number},
+        {"yyyy-mm-dd", date},
+        {"[$-804]yyyy\"年\"m\"月\"d\"日\"", date},
+        {"m/d", date},
+        {"M月", date},
+        {"h:mm AM/PM", time},
+        {"mm:ss", time},
+        {"yyyy-mm-dd hh:mm", both},
+        {"0\\d", {false, false, 1}},
+        {"000000", {false, false, 6}},
+        {"0", {false, false, 1}},
+        {"", number},
+        {"\"", number},
+        {"[", number},
+        {"\\", number}};
+    for (const auto& [format, look] : formats) EXPECT_EQ(lookOfFormat(format), look) << format;
+}
+
+TEST(XlsxReading, FirstVisibleSheetOfCellsIsRead) {
+    const Sheet sheet = readBytes(
+        MadeWorkbook{.rows = "<row><c><v>1</v></c></row>",
+                     .sheets = "<sheet name=\"a\" r:id=\"rId1\" state=\"hidden\"/>"
+                               "<sheet name=\"b\" r:id=\"rId3\"/><sheet name=\"c\" r:id=\"rId2\"/>"}
+            .bytes());
+    EXPECT_EQ(sheet.name, "c");
+    EXPECT_EQ(sheet.at(0, 0), Cell::of("second"));
+}
+
+TEST(XlsxReading, WorkbookWithoutAVisibleSheetIsAFailure) {
+    const SheetFailure failure =
+        failureOf({.rows = "", .sheets = "<sheet name=\"a\" r:id=\"rId1\" state=\"veryHidden\"/>"});
+    EXPECT_EQ(failure.text(), "工作簿中没有可见的工作表。");
+}
+
+TEST(XlsxReading, PartsAreFoundFromWhereTheyAreNamed) {
+    EXPECT_EQ(partName("", "xl/workbook.xml"), "xl/workbook.xml");
+    EXPECT_EQ(partName("xl/workbook.xml", "worksheets/a.xml"), "xl/worksheets/a.xml");
+    EXPECT_EQ(partName("xl/workbook.xml", "/xl/a.xml"), "xl/a.xml");
+    EXPECT_EQ(partName("xl/a/b.xml", "../c.xml"), "xl/c.xml");
+    EXPECT_EQ(partName("xl/a.xml", "../../../etc/./c.xml"), "etc/c.xml");
+}
+
+TEST(XlsxReading, UnreadableCellsAreFailuresWithTheirPlace) {
+    const std::string before = "<row r=\"4\"><c r=\"B4\"";
+    const std::vector<std::pair<std::string, std::string>> cells{
+        {"><v>12x</v>", "第 4 行 B 列:数值“12x”无法识别。"},
+        {"><v>1e999</v>", "第 4 行 B 列:数值“1e999”无法识别。"},
+        {"><v>nan</v>", "第 4 行 B 列:数值“nan”无法识别。"},
+        {" t=\"s\"><v>7</v>", "第 4 行 B 列:单元格内容无法识别。"},
+        {" t=\"s\"><v>-1</v>", "第 4 行 B 列:单元格内容无法识别。"},
+        {" t=\"new\"><v>1</v>", "第 4 行 B 列:单元格内容无法识别。"},
+        {"><f>1+1</f>", "第 4 行 B 列:公式没有计算结果。请在表格程序中打开该文件,保存后重试。"}};
+    for (const auto& [cell, text] : cells)
+        EXPECT_EQ(failureOf({.rows = before + cell + "</c></row>"}).text(), text);
+}
+
+TEST(XlsxReading, PlacesThatNoSheetHasAreFailures) {
+    for (const char* rows :
+         {"<row r=\"0\"><c><v>1</v></c></row>", "<row r=\"x\"><c><v>1</v></c></row>",
+          "<row r=\"1048577\"><c><v>1</v></c></row>", "<row><c r=\"XFE1\"><v>1</v></c></row>",
+          "<row><c r=\"7\"><v>1</v></c></row>",
+          "<row r=\"99999999999999999999\"><c><v>1</v></c></row>"})
+        EXPECT_FALSE(failureOf({.rows = rows}).reason.empty()) << rows;
+}
+
+TEST(XlsxReading, FileCutAnywhereIsAFailure) {
+    const std::string whole =
+        MadeWorkbook{.rows = "<row><c t=\"s\"><v>0</v></c></row>", .strings = "<si><t>a</t></si>"}
+            .bytes();
+    ASSERT_FALSE(readBytes(whole).rows.empty());
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_FALSE(failureOf(whole.substr(0, size)).reason.empty());
+}
+
+TEST(XlsxReading, ChangedByteIsAFailureOrChangesNothing) {
+    const std::string whole =
+        MadeWorkbook{.rows = "<row><c t=\"s\"><v>0</v></c></row>",
+                     .strings = "<si><t>" + std::string(3000, 'x') + "</t></si>"}
+            .bytes();
+    const Sheet before = readBytes(whole);
+    for (std::size_t at = 0; at < whole.size(); ++at) {
+        std::string changed = whole;
+        changed[at] = static_cast<char>(~changed[at]);
+        Sheet sheet;
+        if (readXlsx(changed, sheet)) continue;
+        EXPECT_EQ(sheet.rows, before.rows) << at;
+    }
+}
+
+TEST(XlsxReading, OtherPackedFilesAreToldToBeNone) {
+    const char* text = "文件不是 XLSX 工作簿。请在表格程序中另存为 .xlsx 或 .csv 后重试。";
+    EXPECT_EQ(failureOf(packedFile({{"readme.txt", "text"}})).text(), text);
+    EXPECT_EQ(failureOf(withPart("xl/workbook.xml", "")).text(), text);
+    EXPECT_EQ(failureOf(withPart("xl/workbook.xml", "<document/>")).text(), text);
+    EXPECT_EQ(failureOf(withPart("xl/_rels/workbook.xml.rels", "")).text(), text);
+}
+
+TEST(XlsxReading, MissingOrHarmedPartIsNamed) {
+    EXPECT_EQ(failureOf(withPart("xl/worksheets/sheet1.xml", "")).text(),
+              "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
+              "详细信息:xl/worksheets/sheet1.xml: No such file");
+    EXPECT_EQ(failureOf(withPart("xl/worksheets/sheet1.xml", "<a>\n</b>")).text(),
+              "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
+              "详细信息:xl/worksheets/sheet1.xml: line 2: mismatched tag");
+    EXPECT_TRUE(failureOf(withPart("xl/worksheets/sheet1.xml", "<worksheet/>"))
+                    .text()
+                    .ends_with("xl/worksheets/sheet1.xml: no cells"));
+}
+
+TEST(XlsxReading, StringsAndStylesMayBeMissing) {
+    for (const char* part : {"xl/sharedStrings.xml", "xl/styles.xml"})
+        EXPECT_EQ(readBytes(withPart(part, "")).at(0, 0), Cell::of(1.0)) << part;
+}
+
+TEST(XlsxReading, PrefixedNamesAreTheSameNames) {
+    const std::string sheet =
+        "<x:worksheet xmlns:x=\"main\"><x:sheetData><x:row><x:c><x:v>7</x:v></x:c></x:row>"
+        "</x:sheetData></x:worksheet>";
+    EXPECT_EQ(readBytes(withPart("xl/worksheets/sheet1.xml", sheet)).at(0, 0), Cell::of(7.0));
+}
+
+TEST(XlsxReading, DocumentTypesAreRefused) {
+    const SheetFailure failure = failureOf(withPart(
+        "xl/worksheets/sheet1.xml",
+        "<!DOCTYPE a [<!ENTITY b \"c\"><!ENTITY d \"&b;&b;\">]><worksheet>&d;</worksheet>"));
+    EXPECT_TRUE(failure.text().ends_with("sheet1.xml: has a document type")) << failure.text();
+}
+
+TEST(XlsxReading, DeepNestingIsRefused) {
+    std::string deep;
+    for (int level = 0; level < 100'000; ++level) deep += "<a>";
+    const SheetFailure failure = failureOf(withPart("xl/worksheets/sheet1.xml", deep));
+    EXPECT_TRUE(failure.text().ends_with("elements nested too deeply")) << failure.text();
+}
+
+TEST(XlsxReading, SignWithoutEndIsRefused) {
+    const SheetFailure failure =
+        failureOf(withPart("xl/worksheets/sheet1.xml", "<a b=\"" + std::string(8U << 20U, 'x')));
+    EXPECT_TRUE(failure.text().ends_with("a sign without end")) << failure.text();
+}
+
+/// Takes what a part holds without looking at it.
+class Unheeding : public XmlHandler {
+    void start(std::string_view, const XmlAttributes&) override {}
+    void end(std::string_view) override {}
+    void text(std::string_view) override {}
+};
+
+TEST(XlsxReading, PartsThatTogetherUnpackToTooMuchAreRefused) {
+    const std::string bytes = packedFile({{"a.xml", "<a>" + std::string(700'000, ' ') + "</a>"}});
+    ASSERT_LT(bytes.size(), 2000U);
+    XlsxPackage package(sheet_limits::megabyte);
+    ASSERT_FALSE(package.open(bytes));
+    Unheeding handler;
+    EXPECT_FALSE(package.read("a.xml", handler));
+    const SheetOutcome failure = package.read("a.xml", handler);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->text(), "XLSX 文件解压后超过 1 MB,太大了。请拆分后重试。");
+}
+
+TEST(XlsxReading, LongTextThatManyCellsReferToIsRefused) {
+    std::string rows = "<row>";
+    for (int cell = 0; cell < 10'000; ++cell) rows += "<c t=\"s\"><v>0</v></c>";
+    const SheetFailure failure = failureOf(
+        {.rows = rows + "</row>", .strings = "<si><t>" + std::string(100'000, 'x') + "</t></si>"});
+    EXPECT_EQ(failure.text(), "文字超过 256 MB,表格太大了。请拆分后重试。");
+}
+
+TEST(XlsxReading, ManyRowsWithACellFarRightAreRefused) {
+    std::string rows;
+    for (int row = 0; row < 1'000; ++row) rows += "<row><c r=\"XFD1\"><v>1</v></c></row>";
+    EXPECT_EQ(failureOf({.rows = rows}).text(), "超过 4000000 个单元格,表格太大了。请拆分后重试。");
+}
+
+}  // namespace
+}  // namespace chengheng
