@@ -43,6 +43,10 @@ std::optional<Notice> codeRefusal(const CodeFacts& facts) {
     return firstRefusal(codeChecks, facts);
 }
 
+std::optional<Notice> codeTextRefusal(const CodeFacts& facts) {
+    return firstRefusal(std::span(codeChecks).first(2), facts);
+}
+
 std::optional<Notice> codePlaceRefusal(const CodeFacts& facts) {
     return firstRefusal(std::span(codeChecks).last(2), facts);
 }

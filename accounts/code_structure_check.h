@@ -39,6 +39,9 @@ extern const std::array<CodeCheck, 5> codeChecks;
 /// refusal beeps, shows the information picture and brings the focus back to the code.
 std::optional<Notice> codeRefusal(const CodeFacts& facts);
 
+/// The same for the code's text alone: that there is one, without a blank in it.
+std::optional<Notice> codeTextRefusal(const CodeFacts& facts);
+
 /// The same for the code's place in the tree alone: its level, and the account above it.
 std::optional<Notice> codePlaceRefusal(const CodeFacts& facts);
 

@@ -7,6 +7,7 @@ find_package(PkgConfig REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(EXPAT REQUIRED)
+find_package(ICU REQUIRED COMPONENTS i18n uc)
 pkg_check_modules(SODIUM REQUIRED IMPORTED_TARGET libsodium)
 pkg_check_modules(XLSXWRITER REQUIRED IMPORTED_TARGET xlsxwriter)
 pkg_check_modules(ZIP REQUIRED IMPORTED_TARGET libzip)
@@ -29,7 +30,7 @@ add_library(books_rules STATIC ${rule_sources} ${chart_source})
 target_link_libraries(books_rules
     PUBLIC books_data
     PRIVATE PkgConfig::SODIUM PkgConfig::XLSXWRITER PkgConfig::ZIP EXPAT::EXPAT CLI11::CLI11
-        nlohmann_json::nlohmann_json)
+        nlohmann_json::nlohmann_json ICU::i18n ICU::uc)
 set_source_files_properties(host/books/launch_options.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_VERSION="${PROJECT_VERSION}")
 

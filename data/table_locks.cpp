@@ -9,11 +9,13 @@ constexpr int waiting = 1;
 
 }  // namespace
 
-TableLocks::TableLocks(CNbCwDB& database, std::string referringTables, std::string ownTables)
+TableLocks::TableLocks(CNbCwDB& database, std::string referringTables, std::string ownTables,
+                       ReleaseOrder order)
     : m_database(database),
       m_name(database.selectedName()),
       m_referringTables(std::move(referringTables)),
-      m_ownTables(std::move(ownTables)) {
+      m_ownTables(std::move(ownTables)),
+      m_order(order) {
     if (m_database.SQLLock(m_referringTables.c_str(), sharedMode, waiting) == 0) {
         m_status = m_database.lastStatus();
         return;
@@ -27,8 +29,10 @@ TableLocks::TableLocks(CNbCwDB& database, std::string referringTables, std::stri
 TableLocks::~TableLocks() {
     LockService* locks = m_database.lockService(m_name);
     if (!areGranted() || locks == nullptr) return;
+    const bool isReversed = m_order == ReleaseOrder::reversed;
+    if (isReversed) locks->unlock(m_ownTables, LockMode::exclusive);
     locks->unlock(m_referringTables, LockMode::shared);
-    locks->unlock(m_ownTables, LockMode::exclusive);
+    if (!isReversed) locks->unlock(m_ownTables, LockMode::exclusive);
 }
 
 }  // namespace chengheng

@@ -1,7 +1,7 @@
+#include "accounts/account_sql.h"
 #include "accounts/code_levels.h"
 #include "data/row_lease.h"
 #include "host/books/demo_parts.h"
-#include "host/books/demo_sql.h"
 
 namespace chengheng {
 namespace {
@@ -72,7 +72,7 @@ Status writeDemoAccounts(DemoBooks& books) {
         status = account.name == nullptr ? changeAccount(books, account)
                                          : addAccount(books, account, levels);
     }
-    if (status) status = books.run(demo_sql::designation(demo::cashAccount, demo::bankAccount));
+    if (status) status = books.run(account_sql::designation(demo::cashAccount, demo::bankAccount));
     return status ? readAccounts(books) : status;
 }
 

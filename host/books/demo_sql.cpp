@@ -4,14 +4,6 @@
 
 namespace chengheng::demo_sql {
 
-std::string designation(std::string_view cashCode, std::string_view bankCode) {
-    return formatSql(
-        "Update Code Set bCash = 0, bBank = 0\r\n"
-        "Update Code Set bCash = 1, sAssBook = 'R' Where sCode Like '%s%%'\r\n"
-        "Update Code Set bBank = 1, sAssBook = 'RE' Where sCode Like '%s%%'\r\n",
-        cashCode, bankCode);
-}
-
 std::string projectItem(std::string_view classCode, std::int32_t id, std::string_view code,
                         std::string_view name) {
     return formatSql("INSERT INTO ProjItems%s VALUES( %d, '%s', '%s' )", SqlFragment{classCode}, id,

@@ -6,9 +6,6 @@
 
 namespace chengheng::demo_sql {
 
-/// Names the cash and the bank account: they and the accounts below get their journals.
-std::string designation(std::string_view cashCode, std::string_view bankCode);
-
 /// A row of the item table of a project class, whose code holds letters and digits only.
 std::string projectItem(std::string_view classCode, std::int32_t id, std::string_view code,
                         std::string_view name);

@@ -2,27 +2,11 @@
 
 #include "data/CNbCwDB.h"
 #include "data/host_database.h"
-#include "data/table_locks.h"
 #include "data/unit_of_work.h"
 #include "host/services/last_failure.h"
 #include "host/services/open_books.h"
 
 namespace chengheng {
-namespace {
-
-Result runUnderLocks(const LockLists& tables, const std::function<Result()>& work) {
-    if (!selectOpenBooks()) return Result::failed();
-    const TableLocks locks(*g_pDB, tables.referring, tables.own);
-    if (!locks.areGranted()) return Result::failed();
-    UnitOfWork unit(*g_pDB);
-    if (!unit.isOpen()) return Result::failed();
-    Result result = work();
-    if (result.outcome == Outcome::done && !unit.commit()) return Result::failed();
-    return result;
-}
-
-}  // namespace
-
 Result Result::failed() { return {Outcome::failed, lastFailureNotice()}; }
 
 Result resultOfRow(int operationResult, const Notice& whenMissing) {
@@ -31,9 +15,27 @@ Result resultOfRow(int operationResult, const Notice& whenMissing) {
     return Result::failed();
 }
 
+Outcome underLocks(IMessages& messages, const LockLists& tables,
+                   const std::function<Result()>& work) {
+    const auto run = [&] {
+        if (!selectOpenBooks()) return Result::failed();
+        const TableLocks locks(*g_pDB, tables.referring, tables.own, tables.releaseOrder);
+        return locks.areGranted() ? work() : Result::failed();
+    };
+    return told(messages, run());
+}
+
+Result inOneUnit(const std::function<Result()>& work) {
+    UnitOfWork unit(*g_pDB);
+    if (!unit.isOpen()) return Result::failed();
+    Result result = work();
+    if (result.outcome == Outcome::done && !unit.commit()) return Result::failed();
+    return result;
+}
+
 Outcome changeRecords(IMessages& messages, const LockLists& tables,
                       const std::function<Result()>& work) {
-    return told(messages, runUnderLocks(tables, work));
+    return underLocks(messages, tables, [&work] { return inOneUnit(work); });
 }
 
 Outcome told(IMessages& messages, const Result& result) {

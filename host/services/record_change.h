@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 
+#include "data/table_locks.h"
 #include "host/messages/messages.h"
 
 namespace chengheng {
@@ -35,11 +36,19 @@ Result resultOfRow(int operationResult, const Notice& whenMissing);
 struct LockLists {
     const char* referring;
     const char* own;
+    ReleaseOrder releaseOrder = ReleaseOrder::asTaken;
 };
 
-/// Runs the checks and the writing of one change on the open set of books: between the locks,
-/// in one unit of work, which counts only when the work is done. The locks are released, and
-/// what the work wrote is taken back or durable, before anything is told.
+/// Runs work on the open set of books between the locks. They are released before anything is
+/// told, so that nobody waits for an operator to read.
+Outcome underLocks(IMessages& messages, const LockLists& tables,
+                   const std::function<Result()>& work);
+
+/// Runs the writing of a change in one unit of work, which counts only when it is done.
+Result inOneUnit(const std::function<Result()>& work);
+
+/// Runs the checks and the writing of a change that asks nothing: between the locks, in one
+/// unit of work. What the work wrote is taken back or durable before anything is told.
 Outcome changeRecords(IMessages& messages, const LockLists& tables,
                       const std::function<Result()>& work);
 

@@ -43,7 +43,9 @@ class FaultyEngine final : public Engine {
     bool inTransaction() const override { return m_engine->inTransaction(); }
     Status ensureConnected() override;
     Status hasTable(std::string_view name, bool& found) override;
-    LockService& locks() override { return m_engine->locks(); }
+    LockService& locks() override { return m_locks != nullptr ? *m_locks : m_engine->locks(); }
+    /// Locks to be used instead of the real engine's; not owned.
+    void replaceLocks(LockService& locks) { m_locks = &locks; }
     Status facts(EngineFacts& facts) override { return m_engine->facts(facts); }
     Status beginReading() override;
     Status verify(std::vector<std::string>& faults) override { return m_engine->verify(faults); }
@@ -53,6 +55,7 @@ class FaultyEngine final : public Engine {
 
   private:
     std::unique_ptr<Engine> m_engine;
+    LockService* m_locks = nullptr;
     Failure m_failure = Failure::none;
     int m_failAt = 0;
     int m_calls = 0;

@@ -92,6 +92,8 @@ std::string rateRows() {
 
 }  // namespace
 
+void addRates(Engine& engine) { runScript(engine, rateRows()); }
+
 void runScript(Engine& engine, const std::string& sql) {
     if (const Status status = engine.script(sql); !status)
         throw std::runtime_error(status.detail + " in " + sql.substr(0, 200));
@@ -105,7 +107,7 @@ void fillSmallBooks(Engine& engine) {
     runScript(engine, createTableSql(projectItemTable("01"), engine.dialect()));
     runScript(engine, entries);
     runScript(engine, balanceRows());
-    runScript(engine, rateRows());
+    addRates(engine);
     runScript(engine, "UPDATE ABIdTable SET lLastId = 400");
     if (const Status status = engine.commit(); !status) throw std::runtime_error(status.detail);
 }

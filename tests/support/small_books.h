@@ -11,6 +11,9 @@ namespace chengheng {
 /// the account sums. Throws when a statement fails.
 void fillSmallBooks(Engine& engine);
 
+/// Every rate of 2026 of the currency 1.
+void addRates(Engine& engine);
+
 /// Runs statements separated by semicolons; throws when one fails.
 void runScript(Engine& engine, const std::string& sql);
 

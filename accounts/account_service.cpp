@@ -1,0 +1,152 @@
+#include "accounts/account_service.h"
+
+#include "accounts/account_locks.h"
+#include "accounts/account_texts.h"
+#include "accounts/chart_writing.h"
+#include "accounts/deletion_checks.h"
+#include "accounts/stored_chart.h"
+#include "data/host_database.h"
+#include "data/lookups/existence.h"
+#include "host/services/open_books.h"
+
+namespace chengheng {
+namespace {
+
+Result refused(const AccountRefusal& refusal, AccountChange& change) {
+    change.focusField = refusal.notice.focusField;
+    change.usedCode = refusal.usedCode;
+    return Result::refused(refusal.notice);
+}
+
+/// Asks one question after the other; the first one answered with Cancel ends the action.
+Result askAll(IMessages& messages, const std::vector<AccountQuestion>& questions,
+              AccountChange& change) {
+    for (const AccountQuestion& asked : questions) {
+        if (messages.ask(asked.question) == Answer::ok) continue;
+        change.focusField = asked.focusField;
+        return {Outcome::refused};
+    }
+    return Result::done();
+}
+
+std::int16_t directionOf(const AccountFacts& facts) {
+    if (facts.entry.direction) return *facts.entry.direction;
+    const auto parent = facts.chart.accountOf(facts.parentCode());
+    if (parent) return parent->bDirect;
+    const int number = facts.categoryNumber();
+    return number == 0 ? std::int16_t{1} : facts.classes[number - 1].bDirect;
+}
+
+Result addChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
+                  AccountChange& change) {
+    const auto refusal = firstRefusal(additionChecks(), facts);
+    if (!chart.isRead()) return Result::failed();
+    if (refusal) return refused(*refusal, change);
+    Result asked = askAll(messages, additionQuestions(facts), change);
+    if (asked.outcome != Outcome::done) return asked;
+    _CodeInfo& account = change.account;
+    fillRecord(facts.entry, account);
+    account.byGrade = static_cast<std::uint8_t>(facts.levels.gradeOf(account.sCode));
+    account.bEnd = 1;
+    account.bDirect = directionOf(facts);
+    if (!chart.isRead()) return Result::failed();
+    return inOneUnit([&] {
+        return inTurn(
+            {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parentCode()); }});
+    });
+}
+
+Result modifyChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
+                     AccountChange& change) {
+    const auto refusal = firstRefusal(modificationChecks(), facts);
+    if (!chart.isRead()) return Result::failed();
+    if (refusal) return refused(*refusal, change);
+    const auto questions = modificationQuestions(facts);
+    if (!chart.isRead()) return Result::failed();
+    Result asked = askAll(messages, questions, change);
+    if (asked.outcome != Outcome::done) return asked;
+    _CodeInfo& account = change.account;
+    account = *facts.before;
+    fillRecord(facts.entry, account);
+    account.byGrade = static_cast<std::uint8_t>(facts.levels.gradeOf(account.sCode));
+    const auto write = [&] { return editAccount(account); };
+    if (!facts.isCodeChanged()) return inOneUnit(write);
+    return inOneUnit([&] {
+        const std::string parentBefore = facts.levels.parentOf(facts.before->sCode);
+        return inTurn({write, [&] { return endsAgainWithoutChildren(parentBefore); },
+                       [&] { return endsNoMore(facts.parentCode()); }});
+    });
+}
+
+Result removeChecked(std::string_view code, const CodeLevels& levels, AccountChange& change) {
+    const int existence = CodeIsExist(code);
+    if (existence < 0) return Result::failed();
+    if (existence > 0) return {Outcome::stale};
+    StoredChart chart(*g_pDB);
+    const auto account = chart.accountOf(code);
+    if (!account) return Result::failed();
+    const auto refusal = deletionRefusal({*account, chart.idsWithBelow(code), chart});
+    if (!chart.isRead()) return Result::failed();
+    if (refusal) return refused(*refusal, change);
+    change.account = *account;
+    return inOneUnit([&] {
+        return inTurn({[&] { return deleteAccount(account->lId); },
+                       [&] { return endsAgainWithoutChildren(levels.parentOf(code)); }});
+    });
+}
+
+}  // namespace
+
+AccountChange AccountService::add(const AccountEntry& entry) {
+    AccountChange change;
+    change.outcome = underLocks(m_messages, account_locks::inOrder, [&] {
+        StoredChart chart(*g_pDB);
+        const auto classes = chart.classes();
+        const AccountFacts facts{tidied(entry), nullptr, m_levels, classes, chart};
+        return addChecked(m_messages, facts, chart, change);
+    });
+    return change;
+}
+
+AccountChange AccountService::modify(const _CodeInfo& shown, const AccountEntry& entry) {
+    AccountChange change;
+    change.outcome = underLocks(m_messages, account_locks::inOrder, [&] {
+        StoredChart chart(*g_pDB);
+        const auto stored = chart.accountOfId(shown.lId);
+        const auto classes = chart.classes();
+        if (!chart.isRead()) return Result::failed();
+        if (!stored)
+            return Result::stale(
+                {.text = account_texts::deletedMeanwhile(shown.sCode), .beep = true});
+        if (entryOf(*stored) != entryOf(shown))
+            return Result::stale(
+                {.text = account_texts::changedMeanwhile(shown.sCode), .beep = true});
+        const AccountFacts facts{tidied(entry), &*stored, m_levels, classes, chart};
+        return modifyChecked(m_messages, facts, chart, change);
+    });
+    return change;
+}
+
+AccountChange AccountService::remove(std::string_view code, std::string_view name) {
+    AccountChange change;
+    const Question question{.text = account_texts::askDeletion(code, name),
+                            .buttons = AnswerButtons::okCancel,
+                            .preset = Answer::ok};
+    if (m_messages.ask(question) != Answer::ok) {
+        change.outcome = Outcome::refused;
+        return change;
+    }
+    change.outcome = underLocks(m_messages, account_locks::ofDeletion,
+                                [&] { return removeChecked(code, m_levels, change); });
+    return change;
+}
+
+std::optional<_CodeInfo> AccountService::find(std::string_view code) {
+    return selectOpenBooks() ? StoredChart(*g_pDB).accountOf(code) : std::nullopt;
+}
+
+std::vector<_zCodeClassInfo> AccountService::classes() {
+    return selectOpenBooks() ? StoredChart(*g_pDB).classes() : std::vector<_zCodeClassInfo>();
+}
+
+}  // namespace chengheng
