@@ -16,13 +16,16 @@ struct Fact {
 };
 
 constexpr std::array knownFacts{
-    Fact{"title", [](const PageFacts& facts) { return facts.report.title; }},
-    Fact{"company", [](const PageFacts& facts) { return facts.report.facts.company; }},
-    Fact{"books", [](const PageFacts& facts) { return facts.report.facts.setName; }},
-    Fact{"operator", [](const PageFacts& facts) { return facts.report.facts.operatorName; }},
-    Fact{"date", [](const PageFacts& facts) { return paperDate(facts.report.facts.day); }},
+    Fact{"title", [](const PageFacts& facts) { return std::string(facts.title); }},
+    Fact{"company", [](const PageFacts& facts) { return facts.facts.company; }},
+    Fact{"books", [](const PageFacts& facts) { return facts.facts.setName; }},
+    Fact{"operator", [](const PageFacts& facts) { return facts.facts.operatorName; }},
+    Fact{"date", [](const PageFacts& facts) { return paperDate(facts.facts.day); }},
     Fact{"page", [](const PageFacts& facts) { return std::to_string(facts.page); }},
-    Fact{"pages", [](const PageFacts& facts) { return std::to_string(facts.pageCount); }},
+    Fact{"pages",
+         [](const PageFacts& facts) {
+             return facts.pageCount == 0 ? "…" : std::to_string(facts.pageCount);
+         }},
 };
 
 const Fact* factOf(std::string_view name) {

@@ -10,9 +10,10 @@ namespace chengheng {
 
 /// What the texts of a layout may name on one page.
 struct PageFacts {
-    const Report& report;
+    std::string_view title;
+    const ReportFacts& facts;
     std::size_t page = 1;
-    std::size_t pageCount = 1;
+    std::size_t pageCount = 1;  ///< 0: not known yet, shown as dots
 };
 
 /// The text with each {name} replaced by what it names.

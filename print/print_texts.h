@@ -8,6 +8,7 @@ inline constexpr const char* templateMissing =
     "帐套中没有{}号打印模板,不能打印。\n请用“chbooks check”检查帐套,或从备份恢复。";
 inline constexpr const char* templateUnreadable = "无法读取{}号打印模板,没有打印。\n{}";
 inline constexpr const char* listUnreadable = "无法读取要打印的资料,没有打印。\n{}";
+inline constexpr const char* oddMatrix = "报表的栏目与内容不相符,没有打印。";
 inline constexpr const char* noPrinter = "本程序没有打印功能。";
 
 // What stands in the cells of the lists.

@@ -176,19 +176,19 @@ TEST(GetPrintFile, LooksForNamesOnlyNotForPaths) {
 }
 
 TEST(PageFacts, TakeTheirPlaceInATextOnEachPage) {
-    Report report;
-    report.title = "会计科目";
-    report.facts = {"恒源公司", "示例帐套", "王芳", {2026, 5, 31}};
-    const PageFacts facts{report, 2, 7};
+    const ReportFacts session{"恒源公司", "示例帐套", "王芳", {2026, 5, 31}};
+    const PageFacts facts{"会计科目", session, 2, 7};
     EXPECT_EQ(withFacts("{title}|{company}|{books}|{operator}|{date}|{page}/{pages}|", facts),
               "会计科目|恒源公司|示例帐套|王芳|2026.05.31|2/7|");
     EXPECT_EQ(withFacts("没有", facts), "没有");
 }
 
 TEST(PageFacts, AreNotLookedForInWhatTheyStandFor) {
-    Report report;
-    report.title = "{page}{";
-    EXPECT_EQ(withFacts("{title}", {report, 1, 1}), "{page}{");
+    EXPECT_EQ(withFacts("{title}", {"{page}{", {}, 1, 1}), "{page}{");
+}
+
+TEST(PageFacts, ShowDotsForACountOfPagesThatIsNotKnownYet) {
+    EXPECT_EQ(withFacts("第{page}页 共{pages}页", {"", {}, 3, 0}), "第3页 共…页");
 }
 
 }  // namespace

@@ -1,0 +1,104 @@
+#include "print/page_frame.h"
+
+#include <algorithm>
+
+#include "print/page_facts.h"
+
+namespace chengheng {
+namespace {
+
+/// A line of the page before the table: the height it takes, and its rule, which the line may
+/// have below it.
+double heightOf(const LayoutLine& line) { return line.isEmpty() ? 0 : line.height; }
+
+double headingHeight(const CReport& report) {
+    const ReportLayout& layout = report.layout();
+    double height = layout.titleHeight + heightOf(layout.heading);
+    for (const std::size_t line : {0U, 2U})
+        if (!report.headingLine(line).empty()) height += layout.heading.height;
+    return height + layout.heading.height * static_cast<double>(report.extension().lines.size());
+}
+
+/// Puts lines of text onto a page from top to bottom.
+class LineWriter {
+  public:
+    LineWriter(PageDrawing& drawing, const PageFrame& frame, const PageFacts& facts)
+        : m_drawing(drawing), m_frame(frame), m_facts(facts), m_top(0) {}
+
+    double top() const { return m_top; }
+    void moveTo(double top) { m_top = top; }
+
+    void whole(const std::string& text, FontRole font, double height, Alignment alignment) {
+        if (!text.empty())
+            m_drawing.texts.push_back({.left = m_frame.left,
+                                       .top = m_top,
+                                       .width = m_frame.room(),
+                                       .height = height,
+                                       .text = text,
+                                       .font = font,
+                                       .alignment = alignment});
+    }
+    void parts(const std::string& left, const std::string& middle, const std::string& right,
+               FontRole font, double height) {
+        whole(left, font, height, Alignment::left);
+        whole(middle, font, height, Alignment::center);
+        whole(right, font, height, Alignment::right);
+        m_top += height;
+    }
+    void facts(const LayoutLine& line, FontRole font) {
+        if (line.isEmpty()) return;
+        parts(withFacts(line.left, m_facts), withFacts(line.middle, m_facts),
+              withFacts(line.right, m_facts), font, line.height);
+    }
+    void rule(double width) {
+        if (width > 0)
+            m_drawing.rules.push_back({m_frame.left, m_top, m_frame.right, m_top, width});
+    }
+
+  private:
+    PageDrawing& m_drawing;
+    const PageFrame& m_frame;
+    const PageFacts& m_facts;
+    double m_top;
+};
+
+}  // namespace
+
+PageFrame::PageFrame(const CReport& report) {
+    const ReportLayout& layout = report.layout();
+    width = layout.paperWidth;
+    height = layout.paperHeight;
+    if (!layout.isPortrait) std::swap(width, height);
+    left = layout.marginLeft;
+    right = width - layout.marginRight;
+    tableTop = layout.marginTop + heightOf(layout.header) + headingHeight(report);
+    tableBottom = height - layout.marginBottom - heightOf(layout.footer);
+    // However much stands above the table, a row has its place.
+    tableTop = std::min(tableTop, tableBottom - layout.columnHeight - layout.rowHeight);
+}
+
+void drawAround(PageDrawing& drawing, const CReport& report, std::size_t page,
+                std::size_t pageCount) {
+    const ReportLayout& layout = report.layout();
+    const PageFrame frame(report);
+    const PageFacts facts{report.title(), report.extension().facts, page, pageCount};
+    LineWriter writer(drawing, frame, facts);
+    writer.moveTo(layout.marginTop);
+    writer.facts(layout.header, FontRole::edge);
+    if (!layout.header.isEmpty()) writer.rule(layout.header.rule);
+    const double lineHeight = layout.heading.height;
+    if (!report.headingLine(0).empty())
+        writer.parts({}, report.headingLine(0), {}, FontRole::heading, lineHeight);
+    writer.parts({}, withFacts(layout.titleText, facts), {}, FontRole::title, layout.titleHeight);
+    if (!report.headingLine(2).empty())
+        writer.parts({}, report.headingLine(2), {}, FontRole::heading, lineHeight);
+    writer.facts(layout.heading, FontRole::heading);
+    for (const HeadingLine& line : report.extension().lines)
+        writer.parts(line.left, line.middle, line.right, FontRole::heading, lineHeight);
+    writer.rule(layout.heading.rule);
+    writer.moveTo(frame.tableBottom);
+    if (!layout.footer.isEmpty()) writer.rule(layout.footer.rule);
+    writer.facts(layout.footer, FontRole::edge);
+}
+
+}  // namespace chengheng

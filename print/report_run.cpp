@@ -1,0 +1,54 @@
+#include "print/report_run.h"
+
+#include "host/services/GetPrintFile.h"
+
+namespace chengheng {
+namespace {
+
+/// Headings, widths and cells of a report as the engine takes them. The report outlives them.
+struct ReportArrays {
+    explicit ReportArrays(const Report& report) {
+        for (const ReportColumn& column : report.columns) {
+            headings.push_back(column.heading.c_str());
+            widths.push_back(column.width);
+            alignments.push_back(column.alignment);
+        }
+        cells.reserve(report.cells.size());
+        for (const ReportCell& cell : report.cells) cells.push_back(cell ? cell->c_str() : nullptr);
+    }
+
+    std::vector<const char*> headings;
+    std::vector<int> widths;
+    std::vector<Alignment> alignments;
+    std::vector<const char*> cells;
+};
+
+}  // namespace
+
+std::optional<Notice> runReport(const Report& report,
+                                const std::function<void(CReport& report)>& put) {
+    const ReportArrays arrays(report);
+    CReport engine;
+    const int result = engine.StructTheRpt(
+        GetPrintFile(report.layoutFile.c_str()).c_str(), arrays.cells.data(),
+        static_cast<int>(arrays.cells.size()), static_cast<int>(arrays.headings.size()),
+        arrays.headings.data(), arrays.widths.data(), 0);
+    if (result != 0)
+        return Notice{.text = engine.fault(), .icon = MessageIcon::warning, .beep = true};
+    ReportExtension& extension = StructRPTExt(engine);
+    extension.page = {.byPaper = report.page.paper,
+                      .bSetting = report.page.isPortrait ? uprightPage : turnedPage,
+                      .bFit = 1};
+    extension.alignments = arrays.alignments;
+    extension.lines = report.lines;
+    extension.facts = report.facts;
+    _SetColWordAlign(1, 0);
+    engine.setHeadingLine(0, "");
+    engine.setHeadingLine(1, report.title);
+    engine.setHeadingLine(2, "");
+    StructRPTExt(engine);
+    put(engine);
+    return std::nullopt;
+}
+
+}  // namespace chengheng

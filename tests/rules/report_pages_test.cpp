@@ -1,0 +1,252 @@
+#include "print/report_pages.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/plain_measure.h"
+#include "tests/support/sample_report.h"
+
+namespace chengheng {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::Ge;
+using testing::Le;
+using testing::Not;
+
+/// 200 mm of width for the table, rows of 10 mm, 10 of them on a page.
+constexpr const char* plainPage =
+    "rpn 1\n[page]\npaper = 220 x 160\nmargins = 10 10 10 10\nstretch=100\nshrink=50\nrepeat=1\n"
+    "[title]\nheight=10\n[heading]\nheight=0\n"
+    "[table]\npadding=0\ncolumn-height=10\nrow-height=10\nframe=0.5\n"
+    "column-rule=0.1\nrow-rule=0.2\n[footer]\nheight=20\nmiddle = {page}/{pages}\n";
+
+struct ReportPagesTest : testing::Test {
+    /// Lays a report out and draws its pages.
+    std::vector<PageDrawing> draw(const Report& report, const std::string& more = {}) {
+        const OwnLayout layout(plainPage + more);
+        std::vector<PageDrawing> pages;
+        const auto notice = runReport(report, [&](CReport& engine) {
+            engine.extension().page.byPaper = 0;
+            StructRPTExt(engine);
+            ReportPages laidOut(engine, measure);
+            laidOut.layOut();
+            for (std::size_t page = 0; page < laidOut.pageCount(); ++page)
+                pages.push_back(laidOut.draw(page));
+        });
+        if (notice) ADD_FAILURE() << notice->text;
+        return pages;
+    }
+    static std::vector<std::string> texts(const PageDrawing& page, FontRole font) {
+        std::vector<std::string> found;
+        for (const DrawnText& text : page.texts)
+            if (text.font == font) found.push_back(text.text);
+        return found;
+    }
+    static std::vector<std::string> cells(const PageDrawing& page) {
+        return texts(page, FontRole::cell);
+    }
+    static DrawnText textOf(const PageDrawing& page, const std::string& wanted) {
+        for (const DrawnText& text : page.texts)
+            if (text.text == wanted) return text;
+        ADD_FAILURE() << wanted << " is not on the page";
+        return {};
+    }
+    PlainMeasure measure;
+};
+
+TEST_F(ReportPagesTest, HoldHeadingsAndFrameOfAListWithoutRows) {
+    const auto pages = draw(sampleReport({10, 20}));
+    ASSERT_EQ(pages.size(), 1U);
+    EXPECT_THAT(texts(pages[0], FontRole::title), ElementsAre("结算方式一览表"));
+    EXPECT_THAT(texts(pages[0], FontRole::column), ElementsAre("栏1", "栏2"));
+    EXPECT_THAT(texts(pages[0], FontRole::edge), ElementsAre("1/1"));
+    EXPECT_THAT(cells(pages[0]), ElementsAre());
+    EXPECT_GE(pages[0].rules.size(), 4U);
+}
+
+TEST_F(ReportPagesTest, TakeAsManyRowsAsThePageHasRoomFor) {
+    for (const auto& [rows, pageCount] :
+         std::vector<std::pair<std::size_t, std::size_t>>{{10, 1}, {11, 2}, {20, 2}, {21, 3}}) {
+        Report report = sampleReport({10});
+        addNumberedRows(report, rows);
+        EXPECT_EQ(draw(report).size(), pageCount) << rows;
+    }
+}
+
+TEST_F(ReportPagesTest, RepeatTitleAndHeadingsAndNumberThemselves) {
+    Report report = sampleReport({10, 10});
+    addNumberedRows(report, 21);
+    const auto pages = draw(report);
+    ASSERT_EQ(pages.size(), 3U);
+    for (std::size_t page = 0; page < 3; ++page) {
+        EXPECT_THAT(texts(pages[page], FontRole::title), ElementsAre("结算方式一览表"));
+        EXPECT_THAT(texts(pages[page], FontRole::column), ElementsAre("栏1", "栏2"));
+        EXPECT_THAT(texts(pages[page], FontRole::edge),
+                    ElementsAre(std::to_string(page + 1) + "/3"));
+    }
+    EXPECT_EQ(cells(pages[1]).front(), "11-1");
+    EXPECT_THAT(cells(pages[2]), ElementsAre("21-1", "21-2"));
+}
+
+TEST_F(ReportPagesTest, LeaveNoRowOutAndRepeatNone) {
+    Report report = sampleReport({10});
+    addNumberedRows(report, 137);
+    std::vector<std::string> all;
+    for (const PageDrawing& page : draw(report))
+        for (const std::string& cell : cells(page)) all.push_back(cell);
+    ASSERT_EQ(all.size(), 137U);
+    for (std::size_t row = 0; row < all.size(); ++row)
+        EXPECT_EQ(all[row], std::to_string(row + 1) + "-1");
+}
+
+TEST_F(ReportPagesTest, StandTheTableInTheMiddleOfThePage) {
+    Report report = sampleReport({20, 30});
+    addNumberedRows(report, 1);
+    const auto pages = draw(report);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").left, 60);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-2").left, 100);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-2").width, 60);
+}
+
+TEST_F(ReportPagesTest, WidenANarrowTableNoFurtherThanTheLayoutAllows) {
+    Report report = sampleReport({20, 20});
+    addNumberedRows(report, 1);
+    const OwnLayout unused(plainPage);
+    auto wide = std::string(plainPage);
+    wide.replace(wide.find("stretch=100"), 11, "stretch=150");
+    const OwnLayout layout(wide);
+    runReport(report, [&](CReport& engine) {
+        engine.extension().page.byPaper = 0;
+        StructRPTExt(engine);
+        ReportPages pages(engine, measure);
+        pages.layOut();
+        EXPECT_DOUBLE_EQ(textOf(pages.draw(0), "1-1").width, 60);
+        EXPECT_DOUBLE_EQ(textOf(pages.draw(0), "1-1").scale, 1);
+    });
+}
+
+TEST_F(ReportPagesTest, ShrinkATableThatIsSomewhatTooWide) {
+    Report report = sampleReport({50, 75});
+    addNumberedRows(report, 1);
+    const auto pages = draw(report);
+    ASSERT_EQ(pages.size(), 1U);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").scale, 0.8);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").left, 10);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-2").width, 120);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").height, 4 * 0.8);
+}
+
+TEST_F(ReportPagesTest, CutAMuchTooWideTableIntoStripsThatBeginWithTheFirstColumn) {
+    Report report = sampleReport({20, 60, 60, 60, 60, 60});
+    addNumberedRows(report, 22);
+    const auto pages = draw(report);
+    ASSERT_EQ(pages.size(), 4U);
+    EXPECT_THAT(texts(pages[0], FontRole::column), ElementsAre("栏1", "栏2", "栏3", "栏4"));
+    EXPECT_THAT(texts(pages[1], FontRole::column), ElementsAre("栏1", "栏5", "栏6"));
+    EXPECT_EQ(cells(pages[0]).front(), "1-1");
+    EXPECT_EQ(cells(pages[1]).at(1), "1-5");
+    EXPECT_THAT(cells(pages[3]), ElementsAre("22-1", "22-5", "22-6"));
+    EXPECT_THAT(texts(pages[3], FontRole::edge), ElementsAre("4/4"));
+}
+
+TEST_F(ReportPagesTest, ShrinkStripsOnlyWhereThatSavesPages) {
+    Report report = sampleReport({90, 90, 90, 90, 90});
+    addNumberedRows(report, 1);
+    const auto pages = draw(report);
+    EXPECT_EQ(pages.size(), 4U);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").scale, 0.5);
+}
+
+TEST_F(ReportPagesTest, KeepEveryStripWithinThePage) {
+    for (const auto& widths : std::vector<std::vector<int>>{
+             {500}, {60, 500}, {200, 3, 500, 4}, {99, 99, 99}, {1, 150, 150}}) {
+        Report report = sampleReport(widths);
+        addNumberedRows(report, 2);
+        for (const PageDrawing& page : draw(report))
+            for (const DrawnRule& rule : page.rules) {
+                EXPECT_THAT(rule.fromX, AllOf(Ge(10 - 1e-9), Le(210 + 1e-9)));
+                EXPECT_THAT(rule.toX, AllOf(Ge(10 - 1e-9), Le(210 + 1e-9)));
+            }
+    }
+}
+
+TEST_F(ReportPagesTest, NeverCutAFigure) {
+    Report report = sampleReport({4, 4});
+    report.columns[1].alignment = Alignment::right;
+    report.addRow({"甲乙丙丁", "1,234,567,890.00"});
+    const auto pages = draw(report);
+    EXPECT_THAT(cells(pages[0]), ElementsAre("甲…", "1,234,567,890.00"));
+    EXPECT_EQ(textOf(pages[0], "1,234,567,890.00").alignment, Alignment::right);
+}
+
+TEST_F(ReportPagesTest, CarryLongTextsOnWhereTheLayoutWraps) {
+    Report report = sampleReport({8, 8});
+    report.addRow({"南京清和商贸", "1"});
+    report.addRow({"乙", "2"});
+    auto wrapping = std::string(plainPage);
+    wrapping.replace(wrapping.find("padding=0"), 9, "padding=0\noverflow=wrap\nmost-lines=2");
+    const OwnLayout layout(wrapping);
+    runReport(report, [&](CReport& engine) {
+        engine.extension().page.byPaper = 0;
+        StructRPTExt(engine);
+        ReportPages pages(engine, measure);
+        pages.layOut();
+        const PageDrawing page = pages.draw(0);
+        EXPECT_THAT(cells(page), ElementsAre("南京清和", "商贸", "1", "乙", "2"));
+        const double first = textOf(page, "1").top;
+        EXPECT_DOUBLE_EQ(textOf(page, "2").top - first, (14 + 10) / 2.0);
+    });
+}
+
+TEST_F(ReportPagesTest, StandsAbsentCellsEmpty) {
+    Report report = sampleReport({10, 10, 10});
+    report.addRow({"1", {}, "3"});
+    EXPECT_THAT(cells(draw(report)[0]), ElementsAre("1", "3"));
+}
+
+TEST_F(ReportPagesTest, ShowHeadingLinesUnderTheTitle) {
+    Report report = sampleReport({10});
+    report.lines = {{"科目:1122", {}, "打印日期:2026.05.31"}};
+    const auto page = draw(report)[0];
+    EXPECT_THAT(texts(page, FontRole::heading), ElementsAre("科目:1122", "打印日期:2026.05.31"));
+    EXPECT_EQ(textOf(page, "打印日期:2026.05.31").alignment, Alignment::right);
+}
+
+TEST_F(ReportPagesTest, LayOutAPortionAtATimeAndKnowTheirCountAtTheEnd) {
+    Report report = sampleReport({10});
+    addNumberedRows(report, 35);
+    const OwnLayout layout(plainPage);
+    runReport(report, [&](CReport& engine) {
+        engine.extension().page.byPaper = 0;
+        StructRPTExt(engine);
+        ReportPages pages(engine, measure);
+        pages.layOut(12);
+        EXPECT_FALSE(pages.isComplete());
+        EXPECT_EQ(pages.rowsLaidOut(), 12U);
+        EXPECT_EQ(pages.pageCount(), 2U);
+        EXPECT_THAT(texts(pages.draw(0), FontRole::edge), ElementsAre("1/…"));
+        pages.layOut();
+        EXPECT_TRUE(pages.isComplete());
+        EXPECT_EQ(pages.pageCount(), 4U);
+        EXPECT_THAT(texts(pages.draw(0), FontRole::edge), ElementsAre("1/4"));
+    });
+}
+
+TEST_F(ReportPagesTest, MeasureNoCellOfAnOrdinaryList) {
+    Report report = sampleReport({20, 20});
+    addNumberedRows(report, 5000);
+    const OwnLayout layout(plainPage);
+    runReport(report, [&](CReport& engine) {
+        ReportPages pages(engine, measure);
+        measure.measured = 0;
+        pages.layOut();
+        EXPECT_EQ(measure.measured, 0);
+    });
+}
+
+}  // namespace
+}  // namespace chengheng

@@ -1,0 +1,115 @@
+#include "print/report_run.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/sample_report.h"
+
+namespace chengheng {
+namespace {
+
+using testing::HasSubstr;
+
+TEST(ReportRun, HandsOverMatrixHeadingsAndWidths) {
+    Report report = sampleReport({10, 30});
+    report.addRow({"1", "现金"});
+    report.addRow({"2", {}});
+    bool isPut = false;
+    EXPECT_FALSE(runReport(report, [&](CReport& engine) {
+        isPut = true;
+        EXPECT_EQ(engine.columnCount(), 2U);
+        EXPECT_EQ(engine.rowCount(), 2U);
+        EXPECT_EQ(engine.heading(1), "栏2");
+        EXPECT_EQ(engine.width(1), 30);
+        EXPECT_EQ(engine.cell(0, 1), "现金");
+        EXPECT_EQ(engine.cell(1, 1), "");
+    }));
+    EXPECT_TRUE(isPut);
+}
+
+TEST(ReportRun, PutsTheTitleIntoOneLineAndEmptiesThoseBesideIt) {
+    runReport(sampleReport({10}), [](CReport& engine) {
+        EXPECT_EQ(engine.headingLine(0), "");
+        EXPECT_EQ(engine.headingLine(1), "结算方式一览表");
+        EXPECT_EQ(engine.headingLine(2), "");
+    });
+}
+
+TEST(ReportRun, SetsThePageByTheTemplate) {
+    Report report = sampleReport({10});
+    report.page = {.paper = 11, .isPortrait = false};
+    runReport(report, [](CReport& engine) {
+        EXPECT_EQ(engine.extension().page.byPaper, 11);
+        EXPECT_EQ(engine.extension().page.bSetting, 2);
+        EXPECT_EQ(engine.extension().page.bFit, 1);
+        EXPECT_EQ(engine.layout().paperWidth, 148);
+        EXPECT_FALSE(engine.layout().isPortrait);
+    });
+    report.page.isPortrait = true;
+    runReport(report, [](CReport& engine) { EXPECT_EQ(engine.extension().page.bSetting, 1); });
+}
+
+TEST(ReportRun, LeavesThePaperToTheLayoutFileWhereTheTemplateNamesNoneThatIsKnown) {
+    const OwnLayout layout("rpn 1\n[page]\npaper = B5\n");
+    for (const std::uint8_t paper : {0, 200}) {
+        Report report = sampleReport({10});
+        report.page.paper = paper;
+        runReport(report, [](CReport& engine) { EXPECT_EQ(engine.layout().paperWidth, 182); });
+    }
+}
+
+TEST(ReportRun, AlignsEachColumnAsItIsRecorded) {
+    Report report = sampleReport({10, 10, 10});
+    report.columns[1].alignment = Alignment::right;
+    report.columns[2].alignment = Alignment::center;
+    runReport(report, [](CReport& engine) {
+        EXPECT_EQ(engine.alignment(0), Alignment::left);
+        EXPECT_EQ(engine.alignment(1), Alignment::right);
+        EXPECT_EQ(engine.alignment(2), Alignment::center);
+        _SetColWordAlign(0, 2);
+        EXPECT_EQ(engine.alignment(1), Alignment::left);
+        EXPECT_EQ(engine.alignment(2), Alignment::center);
+        _SetColWordAlign(0, 0);
+        EXPECT_EQ(engine.alignment(2), Alignment::left);
+        _SetColWordAlign(1, 9);
+        _SetColWordAlign(1, -1);
+        EXPECT_EQ(engine.alignment(2), Alignment::left);
+    });
+    EXPECT_EQ(CReport::current(), nullptr);
+    _SetColWordAlign(1, 0);
+}
+
+TEST(ReportRun, SaysWhyAndPutsNothingWhenTheLayoutFileIsBroken) {
+    const OwnLayout layout("rpn 1\n[page]\npaper = A9\n");
+    const auto notice =
+        runReport(sampleReport({10}), [](CReport&) { FAIL() << "a broken layout is used"; });
+    ASSERT_TRUE(notice);
+    EXPECT_THAT(notice->text, HasSubstr("Normal.rpn”第3行有误:“A9”应该是"));
+}
+
+TEST(ReportRun, TakesTheLayoutFileThatTheReportNames) {
+    const OwnLayout layout("rpn 1\n[page]\npaper = A5\n", "DivideW.rpn");
+    Report report = sampleReport({10});
+    report.page.paper = 0;
+    report.layoutFile = "DivideW.rpn";
+    runReport(report, [](CReport& engine) { EXPECT_EQ(engine.layout().paperWidth, 148); });
+}
+
+TEST(ReportRun, RefusesAReportWithoutColumns) {
+    const auto notice = runReport(Report(), [](CReport&) { FAIL(); });
+    ASSERT_TRUE(notice);
+    EXPECT_THAT(notice->text, HasSubstr("栏目"));
+}
+
+TEST(ReportEngine, RefusesAMatrixThatIsNotFullRows) {
+    const char* cells[] = {"1", "2", "3"};
+    const char* headings[] = {"甲", "乙"};
+    const int widths[] = {4, 4};
+    CReport report;
+    EXPECT_NE(report.StructTheRpt("Normal.rpn", cells, 3, 2, headings, widths, 0), 0);
+    EXPECT_EQ(report.rowCount(), 0U);
+    EXPECT_NE(report.fault(), "");
+}
+
+}  // namespace
+}  // namespace chengheng
