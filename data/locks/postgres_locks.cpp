@@ -103,12 +103,16 @@ Status PostgresLocks::refuse(const LockWish& wish) {
     return Status::of(Failure::busy, wish.name.spelling);
 }
 
+LockWish PostgresLocks::numberedWish(const LockWish& wish) {
+    return {LockSessions::numbered(wish.name), wish.mode};
+}
+
 LockRecord PostgresLocks::numberedRecord(const LockWish& wish) const {
     LockRecord own;
     own.seat = PQbackendPID(m_connection.handle());
     own.held = m_held.all();
     for (HeldLock& lock : own.held) lock.name = LockSessions::numbered(lock.name);
-    own.wish = {LockSessions::numbered(wish.name), wish.mode};
+    own.wish = numberedWish(wish);
     return own;
 }
 
@@ -152,9 +156,8 @@ Status PostgresLocks::waitOnce(const LockWish& wish, bool& isCrossed, bool& isGr
     if (!status || isGranted) return status;
     std::vector<LockRecord> others;
     status = m_sessions.readOthers(others);
-    const LockRecord own = numberedRecord(wish);
-    m_lastHolder = findLockHolder(others, *own.wish);
-    isCrossed = mustGiveWay(others, own);
+    m_lastHolder = findLockHolder(others, numberedWish(wish));
+    isCrossed = mustGiveWay(others, numberedRecord(wish));
     return status;
 }
 

@@ -39,6 +39,8 @@ class PostgresLocks final : public LockService {
     Status awaitGrant(const LockWish& wish);
     Status waitOnce(const LockWish& wish, bool& isCrossed, bool& isGranted);
     LockRecord ownRecord(const std::vector<LockName>& names, LockMode mode) const;
+    /// With its name as LockSessions::numbered() gives it.
+    static LockWish numberedWish(const LockWish& wish);
     LockRecord numberedRecord(const LockWish& wish) const;
     void publish();
     void release(const std::vector<LockName>& names, LockMode mode);
