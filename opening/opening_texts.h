@@ -46,5 +46,24 @@ inline constexpr const char* totalLine = "合计 = {}\t{:.2f}";
 inline constexpr const char* balanced = "试算结果平衡";
 inline constexpr const char* notBalanced = "试算结果不平衡,差额为{:.2f}";
 inline constexpr const char* closePrompt = "期初余额试算不平衡,差额为{:.2f},是否退出?";
+/// Asked when the sums of the accounts above could not be saved.
+inline constexpr const char* closeUnsaved = "上级科目的期初余额没有保存,是否仍然退出?";
+
+inline constexpr const char* vouchersMeanwhile =
+    "帐套中已有凭证,期初余额只能浏览,本次操作没有保存。";
+inline constexpr const char* chartMeanwhile =
+    "科目已被其他工作站修改,本次操作没有保存,表格已重新读入。";
+inline constexpr const char* tooLarge =
+    "数值太大,期初余额最大为9,999,999,999,999.99,本次操作没有保存。";
+
+inline constexpr const char* onlyTopLevel = "只能在总帐科目调整余额方向!";
+inline constexpr const char* hasOpening = "该科目已有期初数据,不能调整余额方向!";
+inline constexpr const char* directionCaption = "调整余额方向";
+inline constexpr const char* askDirection = "是否调整 {}({}) 科目的余额方向?\n\t    {}--->{}";
+
+inline constexpr const char* personsFirst = "请先定义个人目录";
+inline constexpr const char* departmentsFirst = "请先定义部门目录";
+inline constexpr const char* projectClassesFirst = "请先定义项目大类";
+inline constexpr const char* unitsFirst = "请先定义单位目录";
 
 }  // namespace chengheng::opening_texts

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "accounts/code_levels.h"
+#include "host/messages/messages.h"
+#include "opening/opening_sheet.h"
+
+namespace chengheng {
+
+/// Why the direction of the account on a line may not be turned; nothing when it may. Only a
+/// top-level account without an opening balance is turned, together with all below it, so that
+/// no balance changes its meaning; of the sheet only the opening balance is looked at.
+std::optional<Notice> directionRefusal(const OpeningSheet& sheet, const CodeLevels& levels,
+                                       std::size_t line);
+
+/// What is asked before.
+Question directionQuestion(const OpeningSheet& sheet, std::size_t line);
+
+/// The places of an account and of all whose code begins with its code.
+std::vector<std::size_t> directionSubtree(const OpeningSheet& sheet, std::size_t line);
+
+/// Turns the direction of the account on a line in the sheet and in the open set of books, under
+/// the locks and in one unit of work. Accounts that are gone meanwhile are left out. False when
+/// the operator did not want it or it failed: then both are as before, and the operator knows.
+bool adjustDirection(OpeningSheet& sheet, const CodeLevels& levels, std::size_t line,
+                     IMessages& messages);
+
+}  // namespace chengheng

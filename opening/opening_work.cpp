@@ -1,0 +1,163 @@
+#include "opening/opening_work.h"
+
+#include "data/host_database.h"
+#include "data/lookups/CGetData.h"
+#include "data/unit_of_work.h"
+#include "host/services/last_failure.h"
+#include "host/services/open_books.h"
+#include "opening/amount_text.h"
+#include "opening/auxiliary_directories.h"
+#include "opening/direction_adjust.h"
+#include "opening/opening_texts.h"
+#include "opening/saving.h"
+#include "opening/zero_row_sweep.h"
+
+namespace chengheng {
+namespace {
+
+Status sweepAndRead(OpeningBooks& books) {
+    UnitOfWork unit(*g_pDB);
+    Status status = unit.status();
+    if (status) status = sweepZeroRows(*g_pDB);
+    if (status) status = readOpeningBooks(*g_pDB, books);
+    return status ? unit.commit() : status;
+}
+
+/// Only books that may be edited are swept. Whether there are rows counts before.
+Status readAnew(OpeningBooks& books) {
+    bool isBrowsing = false;
+    bool hasSums = false;
+    Status status = readIsBrowsing(*g_pDB, isBrowsing);
+    if (status) status = readHasSums(*g_pDB, hasSums);
+    if (status) status = isBrowsing ? readOpeningBooks(*g_pDB, books) : sweepAndRead(books);
+    books.hasSums = hasSums;
+    return status;
+}
+
+}  // namespace
+
+const char* OpeningWork::modeText() const { return isBrowsing() ? opening_texts::browsing : ""; }
+
+bool OpeningWork::refresh() {
+    OpeningBooks books;
+    if (!selectOpenBooks() || !readAnew(books)) {
+        m_messages.tell(lastFailureNotice());
+        return false;
+    }
+    m_books = std::move(books);
+    ++m_readings;
+    return true;
+}
+
+bool OpeningWork::write(const StepMaker& make, EditStep& written) {
+    StepWriter writer(m_books);
+    const Outcome outcome = writer.write(m_messages, make, written);
+    if (writer.hasReadAnew()) ++m_readings;
+    if (outcome == Outcome::stale) refresh();
+    return outcome == Outcome::done;
+}
+
+bool OpeningWork::writeStep(const StepMaker& make) {
+    m_isChanged = true;
+    EditStep written;
+    if (!write(make, written)) return false;
+    m_journal.add(std::move(written));
+    return true;
+}
+
+bool OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
+    if (!sheet().isEditable(line, column)) return false;
+    const std::int32_t id = sheet().accountOfLine(line).id;
+    const Measure measure = sheet().line(line).measure;
+    const BalanceFigure figure = figureOf(sheet().columns()[column].field);
+    const double value = typedAmount(typed, measure);
+    // What is as it was needs no locks.
+    if (typedStep(sheet(), id, measure, figure, value).empty()) return true;
+    return writeStep([=](const OpeningSheet& current) {
+        return typedStep(current, id, measure, figure, value);
+    });
+}
+
+bool OpeningWork::goTo(const EditStep* step, void (EditJournal::*arrived)()) {
+    m_isChanged = true;
+    EditStep written;
+    if (!write([step](const OpeningSheet&) { return *step; }, written)) return false;
+    (m_journal.*arrived)();
+    return true;
+}
+
+bool OpeningWork::undo() {
+    if (!canUndo()) return false;
+    const EditStep back = reversed(*m_journal.toUndo());
+    return goTo(&back, &EditJournal::undone);
+}
+
+bool OpeningWork::redo() {
+    if (!canRedo()) return false;
+    const EditStep again = *m_journal.toRedo();
+    return goTo(&again, &EditJournal::redone);
+}
+
+TrialBalance OpeningWork::trialBalance() {
+    if (!isBrowsing()) m_books.sheet.rollUp();
+    std::vector<_zCodeClassInfo> classes;
+    // Without classes the books count as balanced; that they could not be read is told.
+    if (!selectOpenBooks() || !readClasses(*g_pDB, classes)) m_messages.tell(lastFailureNotice());
+    m_books.classes = std::move(classes);
+    return totals();
+}
+
+bool OpeningWork::adjustDirection(std::size_t line) {
+    if (!mayAdjustDirection()) return false;
+    m_books.sheet.rollUp();
+    if (!chengheng::adjustDirection(m_books.sheet, CodeLevels(m_books.levelPattern), line,
+                                    m_messages))
+        return false;
+    if (CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) < 0)
+        m_messages.tell(lastFailureNotice());
+    return true;
+}
+
+AuxiliaryKind OpeningWork::auxiliaryToOpen(std::size_t line, std::size_t column) {
+    if (!sheet().opensAuxiliary(line, column)) return AuxiliaryKind::none;
+    const AuxiliaryKind kind = sheet().accountOfLine(line).auxiliary;
+    return hasDirectories(kind, m_messages) ? kind : AuxiliaryKind::none;
+}
+
+bool OpeningWork::afterAuxiliary() {
+    if (isBrowsing()) return true;
+    m_isChanged = true;
+    const bool isSaved = save();
+    m_isChanged = false;
+    return isSaved;
+}
+
+bool OpeningWork::save() {
+    if (!m_isChanged || isBrowsing()) return true;
+    OpeningBooks books;
+    if (!selectOpenBooks() || !saveOpeningBooks(*g_pDB, books)) {
+        m_messages.tell(lastFailureNotice());
+        return false;
+    }
+    m_books = std::move(books);
+    ++m_readings;
+    return true;
+}
+
+bool OpeningWork::mayClose() {
+    const TrialBalance balance = trialBalance();
+    bool isSaved = false;
+    if (balance.isBalanced()) {
+        isSaved = refresh() && save();
+    } else {
+        const Answer answer =
+            m_messages.ask({.text = balance.closePrompt(), .icon = MessageIcon::information});
+        if (answer != Answer::yes) return false;
+        isSaved = save();
+    }
+    return isSaved || !m_isChanged ||
+           m_messages.ask({.text = opening_texts::closeUnsaved, .preset = Answer::no}) ==
+               Answer::yes;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/messages/messages.h"
+#include "opening/edit_journal.h"
+#include "opening/opening_reading.h"
+#include "opening/step_writer.h"
+#include "opening/trial_balance.h"
+
+namespace chengheng {
+
+/// The opening balance window without its screen: the sheet of the open set of books, what may
+/// be done with it now, and the doing. Every edit is in the books when it ends. Whatever fails
+/// has told the operator why and has changed nothing.
+class OpeningWork {
+  public:
+    explicit OpeningWork(IMessages& messages) : m_messages(messages) {}
+
+    /// Reads the books anew; when they may be edited, rows that carry nothing are swept away
+    /// first. To be called once before anything else. False when they could not be read: then the
+    /// sheet stays as it was.
+    bool refresh();
+
+    const OpeningSheet& sheet() const { return m_books.sheet; }
+    int accountingYear() const { return m_books.year; }
+    /// Grows whenever lines may have come, gone or moved.
+    std::uint64_t readings() const { return m_readings; }
+    bool isBrowsing() const { return m_books.sheet.isBrowsing(); }
+    /// "浏览,只读" or nothing.
+    const char* modeText() const;
+    bool mayAdjustDirection() const { return !isBrowsing(); }
+    /// Only empty books take over last year's balances.
+    bool mayCarryForward() const { return !isBrowsing() && !m_books.hasSums; }
+    bool canUndo() const { return m_journal.toUndo() != nullptr; }
+    bool canRedo() const { return m_journal.toRedo() != nullptr; }
+
+    /// A cell is being edited: from now on there is something to save.
+    void beginEdit() { m_isChanged = true; }
+    /// Writes what was typed into an editable cell.
+    bool endEdit(std::size_t line, std::size_t column, std::string_view typed);
+    /// Writes many figures as one step; nothing is written unless everything is.
+    bool writeStep(const StepMaker& make);
+    bool undo();
+    bool redo();
+
+    /// Of the sheet as it stands, for the running line.
+    TrialBalance totals() const { return {m_books.classes, m_books.sheet.accounts()}; }
+    /// The same after a roll-up in editable mode, by the classes as they are stored now.
+    TrialBalance trialBalance();
+
+    /// Turns the direction of the account on a line after asking.
+    bool adjustDirection(std::size_t line);
+
+    /// The kind of window that a double-click on a line opens, its directories being there.
+    AuxiliaryKind auxiliaryToOpen(std::size_t line, std::size_t column);
+    /// After an auxiliary window: its figures are taken over and rolled up.
+    bool afterAuxiliary();
+
+    /// Writes the sums of the accounts above others, when anything was changed.
+    bool save();
+    /// Whether the window may close, having saved. Books that do not balance are asked about.
+    bool mayClose();
+
+  private:
+    bool write(const StepMaker& make, EditStep& written);
+    bool goTo(const EditStep* step, void (EditJournal::*arrived)());
+
+    IMessages& m_messages;
+    OpeningBooks m_books;
+    EditJournal m_journal;
+    bool m_isChanged = false;
+    std::uint64_t m_readings = 0;
+};
+
+}  // namespace chengheng

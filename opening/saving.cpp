@@ -1,0 +1,30 @@
+#include "opening/saving.h"
+
+#include "data/unit_of_work.h"
+#include "opening/posting.h"
+#include "opening/zero_row_sweep.h"
+
+namespace chengheng {
+
+Status postParents(CNbCwDB& database, const OpeningSheet& sheet) {
+    for (const OpeningAccount& account : sheet.accounts()) {
+        if (account.isEnd) continue;
+        if (const Status status = postAccount(database, account, sheet.layout()); !status)
+            return status;
+    }
+    return Status::done();
+}
+
+Status saveOpeningBooks(CNbCwDB& database, OpeningBooks& books) {
+    UnitOfWork unit(database);
+    OpeningBooks read;
+    Status status = unit.status();
+    if (status) status = sweepZeroRows(database);
+    if (status) status = readOpeningBooks(database, read);
+    if (status && !read.sheet.isBrowsing()) status = postParents(database, read.sheet);
+    if (status) status = unit.commit();
+    if (status) books = std::move(read);
+    return status;
+}
+
+}  // namespace chengheng

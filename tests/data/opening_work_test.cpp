@@ -1,0 +1,350 @@
+#include "opening/opening_work.h"
+
+#include <gtest/gtest.h>
+
+#include "opening/opening_texts.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/opening_books.h"
+
+namespace {
+
+using namespace chengheng;
+using Texts = std::vector<std::string>;
+
+constexpr auto foreign = Measure::foreign;
+constexpr auto quantity = Measure::quantity;
+
+std::string allPeriods(const std::string& value) {
+    std::string text;
+    for (int period = 1; period <= 12; ++period)
+        text += (period > 1 ? " " : "") + std::to_string(period) + "=" + value;
+    return text;
+}
+
+class Opening : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_books.addAccounts({"1001", "1002", "100201", "10020101", "10020102", "100202", "1405"});
+        m_books.change("10020102", "byExchId = 1");
+        m_books.change("1405", "bAmount = 1, sUnit = '件'");
+        m_books.addCredit("2001");
+        ASSERT_TRUE(m_books.work().refresh());
+    }
+    OpeningWork& work() { return m_books.work(); }
+    RecordingMessages& messages() { return m_books.messages(); }
+
+    OpeningTestBooks m_books{freshLocation(GetParam())};
+};
+
+TEST_P(Opening, PutsATypedBalanceAndTheSumsAboveIntoTheBooksAtOnce) {
+    EXPECT_TRUE(m_books.type("10020101", "1,200.505"));
+    EXPECT_TRUE(m_books.type("100202", "=100/3"));
+    EXPECT_EQ(m_books.openings("10020101"), allPeriods("1200.51"));
+    EXPECT_EQ(m_books.openings("100201"), allPeriods("1200.51"));
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("1233.84"));
+    EXPECT_EQ(m_books.openings("1001"), "");
+    EXPECT_EQ(m_books.shown("1002"), "1,233.84");
+    EXPECT_EQ(m_books.whatASaveWouldChange(), Texts{});
+    EXPECT_TRUE(messages().texts().empty());
+}
+
+TEST_P(Opening, UpdatesRowsThatAreThereAndKeepsTheirIds) {
+    m_books.type("1001", "5");
+    const auto before = m_books.rowsOf("1001");
+    m_books.type("1001", "6");
+    const auto after = m_books.rowsOf("1001");
+    ASSERT_EQ(after.size(), 12u);
+    EXPECT_EQ(before.front(), "1: 1001 1 begin 5");
+    EXPECT_EQ(after.front(), "1: 1001 1 begin 6");
+    EXPECT_EQ(after.back(), "12: 1001 12 begin 6");
+}
+
+TEST_P(Opening, CountsATextThatIsNoNumberAsZero) {
+    m_books.type("1001", "5");
+    EXPECT_TRUE(m_books.type("1001", "abc"));
+    EXPECT_EQ(m_books.openings("1001"), allPeriods("0"));
+}
+
+TEST_P(Opening, LandsForeignCurrencyAndQuantityInTheirColumns) {
+    m_books.type("10020102", "700");
+    m_books.type("10020102", "100.005", foreign);
+    m_books.type("1405", "1.234567", quantity);
+    EXPECT_EQ(m_books.rowsOf("10020102").front(), "1: 10020102 1 begin 700 foreign 100.01");
+    EXPECT_EQ(m_books.rowsOf("1002").back(), "36: 1002 12 begin 700 foreign 100.01");
+    EXPECT_EQ(m_books.rowsOf("1405").front(), "37: 1405 1 quantity 1.23457");
+    EXPECT_EQ(m_books.shown("1405", quantity), "1.23457");
+}
+
+TEST_P(Opening, RoundsTheSameTextToTwoDecimalsOnAMoneyLine) {
+    m_books.type("1405", "1.234567");
+    EXPECT_EQ(m_books.openings("1405"), allPeriods("1.23"));
+}
+
+TEST_P(Opening, HoldsTheLocksOfValueEntryWhileItWrites) {
+    m_books.books().locks().forget();
+    m_books.type("1001", "5");
+    EXPECT_EQ(m_books.books().locks().log(),
+              (Texts{"lock Code 1", "lock AccSum 2", "unlock Code 1", "unlock AccSum 2"}));
+}
+
+TEST_P(Opening, WritesNothingWhenTheFigureStaysAsItIs) {
+    m_books.type("1001", "5");
+    m_books.books().locks().forget();
+    EXPECT_TRUE(m_books.type("1001", "5.00"));
+    EXPECT_TRUE(m_books.books().locks().log().empty());
+}
+
+TEST_P(Opening, TakesNothingTypedIntoParentsOrAuxiliaryAccounts) {
+    m_books.change("100202", "sAssBook = 'B'");
+    work().refresh();
+    EXPECT_FALSE(m_books.type("1002", "5"));
+    EXPECT_FALSE(m_books.type("100202", "5"));
+    EXPECT_EQ(m_books.rows(), Texts{});
+}
+
+TEST_P(Opening, RefusesAmountsThatCannotBeHeldExactly) {
+    EXPECT_FALSE(m_books.type("1001", "10000000000000"));
+    EXPECT_EQ(messages().texts(), Texts{opening_texts::tooLarge});
+    EXPECT_TRUE(m_books.type("1001", "9999999999999.99"));
+    EXPECT_EQ(m_books.shown("1001"), "9,999,999,999,999.99");
+}
+
+TEST_P(Opening, UndoesAndDoesAgainStepByStep) {
+    m_books.type("10020101", "5");
+    m_books.type("10020101", "6");
+    m_books.type("100202", "1");
+    EXPECT_TRUE(work().undo());
+    EXPECT_TRUE(work().undo());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("5"));
+    EXPECT_EQ(m_books.whatASaveWouldChange(), Texts{});
+    EXPECT_TRUE(work().redo());
+    EXPECT_TRUE(work().redo());
+    EXPECT_FALSE(work().redo());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("7"));
+    for (int step = 0; step < 3; ++step) EXPECT_TRUE(work().undo());
+    EXPECT_FALSE(work().undo());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("0"));
+}
+
+TEST_P(Opening, IsForBrowsingOnceAVoucherIsThere) {
+    m_books.type("1001", "5");
+    EXPECT_STREQ(work().modeText(), "");
+    EXPECT_TRUE(work().mayAdjustDirection());
+    m_books.addVoucher();
+    ASSERT_TRUE(work().refresh());
+    EXPECT_STREQ(work().modeText(), "浏览,只读");
+    EXPECT_FALSE(work().mayAdjustDirection());
+    EXPECT_FALSE(work().mayCarryForward());
+    EXPECT_FALSE(m_books.type("1001", "6"));
+    EXPECT_EQ(m_books.openings("1001"), allPeriods("5"));
+}
+
+TEST_P(Opening, KeepsParentsAsTheyAreStoredWhileBrowsing) {
+    m_books.type("100202", "5");
+    m_books.books().run(
+        formatSql("UPDATE AccSum SET mBegin = 77 WHERE lCodeId = %d", m_books.idOf("1002")));
+    m_books.addVoucher();
+    work().refresh();
+    EXPECT_EQ(m_books.shown("1002"), "77.00");
+    EXPECT_TRUE(work().save());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("77"));
+}
+
+TEST_P(Opening, RefusesAnEditAfterAnotherWorkstationEnteredAVoucher) {
+    m_books.addVoucher();
+    EXPECT_FALSE(m_books.type("1001", "5"));
+    EXPECT_EQ(messages().texts(), Texts{opening_texts::vouchersMeanwhile});
+    EXPECT_TRUE(work().isBrowsing());
+    EXPECT_EQ(m_books.rows(), Texts{});
+}
+
+TEST_P(Opening, RefusesAnEditOfAnAccountThatGotAccountsBelowItMeanwhile) {
+    m_books.books().add("100101");
+    EXPECT_FALSE(m_books.type("1001", "5"));
+    EXPECT_EQ(messages().texts(), Texts{opening_texts::chartMeanwhile});
+    EXPECT_EQ(m_books.rows(), Texts{});
+    EXPECT_TRUE(m_books.type("100101", "5"));
+}
+
+TEST_P(Opening, RefusesAnEditOfAnAccountDeletedMeanwhile) {
+    const auto readings = work().readings();
+    m_books.books().run("DELETE FROM Code WHERE sCode = '1001'");
+    EXPECT_FALSE(m_books.type("1001", "5"));
+    EXPECT_EQ(messages().texts(), Texts{opening_texts::chartMeanwhile});
+    EXPECT_GT(work().readings(), readings);
+    EXPECT_EQ(m_books.rows(), Texts{});
+}
+
+TEST_P(Opening, AllowsTheCarryForwardOnlyIntoEmptyBooks) {
+    EXPECT_TRUE(work().mayCarryForward());
+    m_books.type("1001", "5");
+    EXPECT_FALSE(work().mayCarryForward());
+    work().refresh();
+    EXPECT_FALSE(work().mayCarryForward());
+}
+
+TEST_P(Opening, ForbidsTheCarryForwardWhileRowsWithoutFiguresAreThere) {
+    m_books.addRows("1001", 12);
+    work().refresh();
+    EXPECT_FALSE(work().mayCarryForward());
+    EXPECT_EQ(m_books.rows(), Texts{});
+    work().refresh();
+    EXPECT_TRUE(work().mayCarryForward());
+}
+
+TEST_P(Opening, ShowsTheSameTotalsInTheRunningLineAndTheTrialBalance) {
+    m_books.type("1001", "100");
+    m_books.type("2001", "60");
+    EXPECT_EQ(work().totals().surplus(), 40);
+    const TrialBalanceTexts texts = work().trialBalance().texts();
+    EXPECT_EQ(texts.debitClasses, "资产 = 借\t100.00\r\n\r\n");
+    EXPECT_EQ(texts.creditClasses, "负债 = 贷\t60.00\r\n\r\n");
+    EXPECT_EQ(texts.result, "试算结果不平衡,差额为40.00");
+}
+
+TEST_P(Opening, BalancesWithoutAccountClasses) {
+    m_books.type("1001", "100");
+    m_books.books().run("DELETE FROM zCodeClass WHERE lId > 0");
+    EXPECT_EQ(work().trialBalance().texts().result, "试算结果平衡");
+    EXPECT_TRUE(messages().texts().empty());
+}
+
+TEST_P(Opening, ClosesAndSavesBalancedBooksWithoutAQuestion) {
+    m_books.type("1001", "100");
+    m_books.type("2001", "100");
+    EXPECT_TRUE(work().mayClose());
+    EXPECT_TRUE(messages().texts().empty());
+}
+
+TEST_P(Opening, AsksBeforeClosingUnbalancedBooksAndStaysOnNo) {
+    m_books.type("1001", "100");
+    messages().willAnswer("期初余额试算不平衡,差额为100.00,是否退出?", Answer::no);
+    EXPECT_FALSE(work().mayClose());
+    const Question& question = messages().questions().front();
+    EXPECT_EQ(question.icon, MessageIcon::information);
+    EXPECT_EQ(question.caption, "澄恒财务软件");
+    EXPECT_EQ(question.buttons, AnswerButtons::yesNo);
+}
+
+TEST_P(Opening, SavesUnbalancedBooksOnYes) {
+    m_books.type("100202", "100");
+    m_books.books().run(formatSql("DELETE FROM AccSum WHERE lCodeId = %d", m_books.idOf("1002")));
+    messages().willAnswer(Answer::yes);
+    EXPECT_TRUE(work().mayClose());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
+}
+
+TEST_P(Opening, SavesNothingWhenNothingWasChanged) {
+    m_books.addRows("100202", 12, 100);
+    work().refresh();
+    EXPECT_TRUE(work().save());
+    EXPECT_EQ(m_books.openings("1002"), "");
+    work().beginEdit();
+    EXPECT_TRUE(work().save());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
+}
+
+TEST_P(Opening, TakesOverAndRollsUpWhatAnAuxiliaryWindowWrote) {
+    m_books.change("100202", "sAssBook = 'B'");
+    work().refresh();
+    m_books.addRows("100202", 12, 250);
+    EXPECT_TRUE(work().afterAuxiliary());
+    EXPECT_EQ(m_books.shown("100202"), "250.00");
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("250"));
+    m_books.books().run("DELETE FROM AccSum WHERE lId > 12");
+    EXPECT_TRUE(work().save());
+    EXPECT_EQ(m_books.openings("1002"), "");
+}
+
+TEST_P(Opening, TellsWhyTheBooksCannotBeReadAndKeepsTheSheet) {
+    const std::size_t lines = work().sheet().lineCount();
+    m_books.books().engine().failCall(3);
+    EXPECT_FALSE(work().refresh());
+    m_books.books().engine().failCall(0);
+    EXPECT_EQ(messages().texts().size(), 1u);
+    EXPECT_EQ(work().sheet().lineCount(), lines);
+}
+
+TEST_P(Opening, MayBeClosedUnsavedWhenSavingFails) {
+    m_books.type("1001", "100");
+    messages().willAnswer(Answer::yes);
+    messages().willAnswer(opening_texts::closeUnsaved, Answer::yes);
+    messages().whileShown([this](const std::string& text) {
+        if (text.starts_with("期初余额试算")) m_books.books().engine().failCall(4);
+    });
+    EXPECT_TRUE(work().mayClose());
+    EXPECT_EQ(messages().texts().size(), 3u);
+}
+
+CHENGHENG_ON_ALL_ENGINES(Opening);
+
+class MidYearOpening : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_books.addAccounts({"1002", "100201", "100202"});
+        m_books.change("100202", "byExchId = 1");
+        m_books.addCredit("2001");
+        ASSERT_TRUE(m_books.work().refresh());
+    }
+    bool type(const char* code, const char* text, OpeningField field,
+              Measure measure = Measure::money) {
+        return m_books.type(code, text, measure, field);
+    }
+
+    OpeningTestBooks m_books{freshLocation(GetParam()), OpeningLayout::midYear};
+};
+
+TEST_P(MidYearOpening, FillsTheOpeningBalanceFromTheThreeFiguresByDirection) {
+    for (const char* code : {"100201", "2001"}) {
+        type(code, "100", OpeningField::yearStart);
+        type(code, "30", OpeningField::debit);
+        type(code, "10", OpeningField::credit);
+    }
+    EXPECT_EQ(m_books.shown("100201"), "120.00");
+    EXPECT_EQ(m_books.shown("2001"), "80.00");
+    EXPECT_FALSE(m_books.work().sheet().disagrees(m_books.lineOf("2001")));
+}
+
+TEST_P(MidYearOpening, GivesPeriodOneTheYearStartAndMovementsAndTheOthersTheOpening) {
+    type("100201", "100", OpeningField::yearStart);
+    type("100201", "30", OpeningField::debit);
+    type("100201", "10", OpeningField::credit);
+    for (const char* code : {"100201", "1002"}) {
+        const auto rows = m_books.rowsOf(code);
+        ASSERT_EQ(rows.size(), 12u) << code;
+        EXPECT_TRUE(rows[0].ends_with(" 1 begin 100 debit 30 credit 10")) << rows[0];
+        EXPECT_TRUE(rows[1].ends_with(" 2 begin 120")) << rows[1];
+        EXPECT_TRUE(rows[11].ends_with(" 12 begin 120")) << rows[11];
+    }
+    EXPECT_EQ(m_books.whatASaveWouldChange(), Texts{});
+}
+
+TEST_P(MidYearOpening, KeepsAnOpeningBalanceThatDisagreesAndMarksIt) {
+    type("100201", "100", OpeningField::yearStart);
+    type("100201", "99", OpeningField::opening);
+    m_books.work().refresh();
+    EXPECT_EQ(m_books.shown("100201"), "99.00");
+    EXPECT_TRUE(m_books.work().sheet().disagrees(m_books.lineOf("100201")));
+    EXPECT_FALSE(m_books.work().sheet().disagrees(m_books.lineOf("1002")));
+}
+
+TEST_P(MidYearOpening, UndoesAFigureAndTheOpeningItFilledTogether) {
+    type("100201", "100", OpeningField::yearStart);
+    type("100201", "30", OpeningField::debit);
+    EXPECT_TRUE(m_books.work().undo());
+    EXPECT_EQ(m_books.shown("100201"), "100.00");
+    EXPECT_EQ(m_books.openings("100201"), allPeriods("100"));
+}
+
+TEST_P(MidYearOpening, KeepsTheFiguresOfForeignCurrency) {
+    type("100202", "5", OpeningField::yearStart, foreign);
+    type("100202", "2", OpeningField::debit, foreign);
+    m_books.work().refresh();
+    EXPECT_EQ(m_books.shown("100202", foreign), "7.00");
+    EXPECT_EQ(m_books.rowsOf("100202")[0], "1: 100202 1 foreign 5 received 2");
+    EXPECT_EQ(m_books.rowsOf("100202")[1], "2: 100202 2 foreign 7");
+}
+
+CHENGHENG_ON_ALL_ENGINES(MidYearOpening);
+
+}  // namespace

@@ -1,0 +1,80 @@
+#include "opening/amount_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+using namespace chengheng;
+
+namespace {
+
+double read(std::string_view text) { return readAmount(text).value_or(-999); }
+
+}  // namespace
+
+TEST(TypedAmounts, KeepFiveDecimalsOnAQuantityLineAndTwoOnAMoneyLine) {
+    EXPECT_EQ(typedAmount("1.234567", Measure::quantity), 1.23457);
+    EXPECT_EQ(typedAmount("1.234567", Measure::money), 1.23);
+    EXPECT_EQ(typedAmount("1.234567", Measure::foreign), 1.23);
+}
+
+TEST(TypedAmounts, CountATextThatIsNoNumberAsZero) {
+    for (const char* text : {"", "   ", "abc", "12x", "--5", "1.2.3", "=", "=1+", "=(1", "=1/0",
+                             "1 2", "nan", "inf", "0x10", "1e999", "(5", "=2**3", "e5"}) {
+        EXPECT_EQ(typedAmount(text, Measure::money), 0) << text;
+        EXPECT_EQ(readAmount(text), std::nullopt) << text;
+    }
+}
+
+TEST(TypedAmounts, RoundHalfAwayFromZero) {
+    EXPECT_EQ(typedAmount("2.675", Measure::money), 2.68);
+    EXPECT_EQ(typedAmount("-2.675", Measure::money), -2.68);
+}
+
+TEST(Amounts, AreReadWithSignsSeparatorsAndBlanks) {
+    EXPECT_EQ(read("1234.5"), 1234.5);
+    EXPECT_EQ(read(" -1,234,567.89 "), -1234567.89);
+    EXPECT_EQ(read("+12"), 12);
+    EXPECT_EQ(read("12,3"), 123);
+    EXPECT_EQ(read(".5"), 0.5);
+    EXPECT_EQ(read("5."), 5);
+    EXPECT_EQ(read("1.5E+03"), 1500);
+}
+
+TEST(Amounts, TakeASeparatorOnlyBetweenDigitsOfTheWholePart) {
+    for (const char* text : {",5", "5,", "1,,2", "1.2,3"})
+        EXPECT_EQ(readAmount(text), std::nullopt) << text;
+}
+
+TEST(Amounts, AreReadAsSpreadsheetsShowThem) {
+    EXPECT_EQ(read("(1,200.00)"), -1200);
+    EXPECT_EQ(read("¥1,200.00"), 1200);
+    EXPECT_EQ(read("￥ 5"), 5);
+    EXPECT_EQ(read(" - "), 0);
+}
+
+TEST(Amounts, AreReadInTheWideLettersOfChineseTyping) {
+    EXPECT_EQ(read("１２３４．５"), 1234.5);
+    EXPECT_EQ(read("－１，２００。５"), -1200.5);
+    EXPECT_EQ(read("＝１＋２＊（３－１）"), 5);
+}
+
+TEST(Amounts, AreSummedAfterAnEqualsSign) {
+    EXPECT_EQ(read("=1200+350*2"), 1900);
+    EXPECT_EQ(read("= 10 - 4 - 3"), 3);
+    EXPECT_EQ(read("=2*(3+4)/7"), 2);
+    EXPECT_EQ(read("=-5+-2"), -7);
+    EXPECT_EQ(read("=1,200*3"), 3600);
+    EXPECT_EQ(read("=100÷8×2"), 25);
+}
+
+TEST(Amounts, AreNeverTheNegativeZero) {
+    EXPECT_FALSE(std::signbit(read("-0")));
+    EXPECT_FALSE(std::signbit(typedAmount("-0.001", Measure::money)));
+}
+
+TEST(Amounts, WithBracketsWithoutEndAreNone) {
+    EXPECT_EQ(readAmount("=" + std::string(100'000, '(')), std::nullopt);
+    EXPECT_EQ(readAmount("=" + std::string(100'000, '-') + "1"), std::nullopt);
+}
