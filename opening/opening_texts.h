@@ -66,4 +66,36 @@ inline constexpr const char* departmentsFirst = "请先定义部门目录";
 inline constexpr const char* projectClassesFirst = "请先定义项目大类";
 inline constexpr const char* unitsFirst = "请先定义单位目录";
 
+inline constexpr const char* currencyHeading = "外币币别";
+inline constexpr const char* unitHeading = "计量单位";
+inline constexpr const char* noHeadings =
+    "没有找到标题行。标题行应有“科目编码”和至少一列金额,如“期初余额”。";
+inline constexpr const char* onlyBrowsing = "期初余额只能浏览";
+inline constexpr const char* sumOfOthers = "上级科目由下级科目汇总";
+inline constexpr const char* keepsNoCurrency = "科目不核算外币";
+inline constexpr const char* keepsNoQuantity = "科目不核算数量";
+inline constexpr const char* typedAuxiliary = "辅助科目的期初余额请在辅助期初中录入";
+inline constexpr const char* tooLargeCell = "数值太大,最大为9,999,999,999,999.99";
+inline constexpr const char* noNumber = "不是数字";
+inline constexpr const char* belowSheet = "超出了表格的最后一行";
+inline constexpr const char* noFigureColumn = "这一列不能录入";
+inline constexpr const char* codeMissing = "没有科目编码";
+inline constexpr const char* noSuchAccount = "没有这个科目";
+inline constexpr const char* codeTwice = "科目在第 {} 行已经出现";
+inline constexpr const char* otherDirection = "余额方向与科目不符";
+inline constexpr const char* otherCurrency = "币别与科目不符";
+inline constexpr const char* otherUnit = "计量单位与科目不符";
+
+inline constexpr const char* wrongSide = "{} {}:余额 {} 正好是差额的一半,方向可能录反了。";
+inline constexpr const char* equalsDifference =
+    "{} {}:余额 {} 正好等于差额,可能重复录入,或者对方科目漏录了。";
+inline constexpr const char* misplacedDigits = "{} {}:余额 {} 的数字位置可能有误,改为 {} 则平衡。";
+inline constexpr const char* missingOnSide =
+    "{} {}:余额 {} 与差额相等而方向相反,同样金额的一笔可能漏录了。";
+inline constexpr const char* figuresDisagree = "{} {}:期初余额与年初余额和累计发生额不符。";
+inline constexpr const char* divisibleByNine =
+    "差额 {} 能被9整除,可能有相邻的数字颠倒或小数点错位。";
+inline constexpr const char* departsFromClass =
+    "{} {}:余额方向与所属类别“{}”相反,请确认余额 {} 的方向。";
+
 }  // namespace chengheng::opening_texts

@@ -57,25 +57,26 @@ bool OpeningWork::write(const StepMaker& make, EditStep& written) {
     return outcome == Outcome::done;
 }
 
-bool OpeningWork::writeStep(const StepMaker& make) {
+bool OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
+    if (!sheet().isEditable(line, column)) return false;
+    const Measure measure = sheet().line(line).measure;
+    return writeFigures({{sheet().accountOfLine(line).id, measure,
+                          figureOf(sheet().columns()[column].field), typedAmount(typed, measure)}});
+}
+
+bool OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
     m_isChanged = true;
+    // What is as it was needs no locks.
+    if (typedStep(sheet(), figures).empty()) return true;
     EditStep written;
+    const auto make = [&](const OpeningSheet& current) { return typedStep(current, figures); };
     if (!write(make, written)) return false;
     m_journal.add(std::move(written));
     return true;
 }
 
-bool OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
-    if (!sheet().isEditable(line, column)) return false;
-    const std::int32_t id = sheet().accountOfLine(line).id;
-    const Measure measure = sheet().line(line).measure;
-    const BalanceFigure figure = figureOf(sheet().columns()[column].field);
-    const double value = typedAmount(typed, measure);
-    // What is as it was needs no locks.
-    if (typedStep(sheet(), id, measure, figure, value).empty()) return true;
-    return writeStep([=](const OpeningSheet& current) {
-        return typedStep(current, id, measure, figure, value);
-    });
+bool OpeningWork::apply(const FigurePlan& plan) {
+    return plan.mayBeApplied() && writeFigures(plan.figures());
 }
 
 bool OpeningWork::goTo(const EditStep* step, void (EditJournal::*arrived)()) {

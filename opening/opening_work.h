@@ -5,12 +5,16 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/messages/messages.h"
 #include "opening/edit_journal.h"
+#include "opening/figure_plan.h"
+#include "opening/imbalance_causes.h"
 #include "opening/opening_reading.h"
 #include "opening/step_writer.h"
 #include "opening/trial_balance.h"
+#include "opening/typed_figures.h"
 
 namespace chengheng {
 
@@ -44,13 +48,17 @@ class OpeningWork {
     /// Writes what was typed into an editable cell.
     bool endEdit(std::size_t line, std::size_t column, std::string_view typed);
     /// Writes many figures as one step; nothing is written unless everything is.
-    bool writeStep(const StepMaker& make);
+    bool writeFigures(const std::vector<TypedFigure>& figures);
+    /// A paste or an import as it was shown; false as well when a cell of it is refused.
+    bool apply(const FigurePlan& plan);
     bool undo();
     bool redo();
 
     /// Of the sheet as it stands, for the running line.
     TrialBalance totals() const { return {m_books.classes, m_books.sheet.accounts()}; }
-    /// The same after a roll-up in editable mode, by the classes as they are stored now.
+    /// What may keep the books from balancing; after a trial balance.
+    std::vector<ImbalanceCause> causes() const { return imbalanceCauses(sheet(), totals()); }
+    /// The totals after a roll-up in editable mode, by the classes as they are stored now.
     TrialBalance trialBalance();
 
     /// Turns the direction of the account on a line after asking.

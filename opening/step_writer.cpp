@@ -79,23 +79,6 @@ bool isAsPosted(const OpeningAccount& account, const StoredSums& stored, Opening
 
 }  // namespace
 
-EditStep typedStep(const OpeningSheet& sheet, std::int32_t accountId, Measure measure,
-                   BalanceFigure figure, double value) {
-    EditStep step{{accountId, measure, figure, 0, value}};
-    const auto place = sheet.placeOfId(accountId);
-    if (!place) return step;
-    const OpeningAccount& account = sheet.accounts()[*place];
-    Balance balance = account.balance(measure);
-    balance.*figure = value;
-    if (figure != &Balance::opening)
-        step.push_back({accountId, measure, &Balance::opening, 0,
-                        openingByMovements(balance, account.isDebit, measure)});
-    std::erase_if(step, [&account](const CellChange& change) {
-        return account.balance(change.measure).*change.figure == change.after;
-    });
-    return step;
-}
-
 Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& written) {
     m_hasReadAnew = false;
     const Outcome outcome = changeRecords(messages, lockLists, [&] { return run(make); });

@@ -16,11 +16,6 @@ namespace chengheng {
 /// was read anew.
 using StepMaker = std::function<EditStep(const OpeningSheet& sheet)>;
 
-/// A figure set to a value, and in books that begin mid-year the opening balance with it when
-/// the figure is one of the three that it follows from. Empty when nothing changes.
-EditStep typedStep(const OpeningSheet& sheet, std::int32_t accountId, Measure measure,
-                   BalanceFigure figure, double value);
-
 /// Writes a step into the open set of books and into the sheet: the rows of the accounts it
 /// changes and those of all accounts above them, under the locks and in one unit of work, so that
 /// the books hold at once what a save would give. Unless it is done, both are as before.

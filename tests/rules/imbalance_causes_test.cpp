@@ -1,0 +1,97 @@
+#include "opening/imbalance_causes.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/opening_accounts.h"
+
+using namespace chengheng;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+const std::vector<_zCodeClassInfo> classes{{1, 1, "资产", 1}, {2, 2, "负债", 0}};
+
+std::vector<ImbalanceCause> causesOf(const OpeningSheet& sheet) {
+    return imbalanceCauses(sheet, TrialBalance(classes, sheet.accounts()));
+}
+
+Texts textsOf(const std::vector<AccountDraft>& drafts) {
+    Texts texts;
+    for (const ImbalanceCause& cause : causesOf(sheetOf(drafts))) texts.push_back(cause.text);
+    return texts;
+}
+
+}  // namespace
+
+TEST(ImbalanceCauses, AreNoneInBooksThatBalance) {
+    EXPECT_EQ(textsOf({{"1001", 5}, creditOf("2001", 5), creditOf("1602", 0, "资产")}), Texts{});
+}
+
+TEST(ImbalanceCauses, NameABalanceOfHalfTheDifferenceFirst) {
+    // 300 of 1012 belong to the credit side.
+    EXPECT_EQ(textsOf({{"1001", 1000}, {"1012", 300}, creditOf("2001", 700)}).front(),
+              "1012 科目1012:余额 300.00 正好是差额的一半,方向可能录反了。");
+}
+
+TEST(ImbalanceCauses, NameABalanceEqualToTheDifference) {
+    const Texts texts = textsOf({{"1001", 500}, {"1002", 123.45}, creditOf("2001", 500)});
+    EXPECT_EQ(texts.front(),
+              "1002 科目1002:余额 123.45 正好等于差额,可能重复录入,或者对方科目漏录了。");
+}
+
+TEST(ImbalanceCauses, NameABalanceThatIsMissingAgainOnItsSide) {
+    const Texts texts = textsOf({{"1001", 500}, creditOf("2001", 400), creditOf("2002", 50)});
+    ASSERT_EQ(texts.size(), 1u);
+    EXPECT_EQ(texts[0], "2002 科目2002:余额 50.00 与差额相等而方向相反,同样金额的一笔可能漏录了。");
+}
+
+TEST(ImbalanceCauses, ProposeTheAmountWithExchangedDigitsPutRight) {
+    const Texts texts = textsOf({{"1001", 5400}, creditOf("2001", 4500)});
+    EXPECT_NE(std::ranges::find(
+                  texts, "1001 科目1001:余额 5,400.00 的数字位置可能有误,改为 4,500.00 则平衡。"),
+              texts.end());
+}
+
+TEST(ImbalanceCauses, ProposeTheAmountWithThePointShiftedBack) {
+    const Texts texts = textsOf({{"1001", 1234.5}, {"1002", 100}, creditOf("2001", 223.45)});
+    EXPECT_NE(std::ranges::find(
+                  texts, "1001 科目1001:余额 1,234.50 的数字位置可能有误,改为 123.45 则平衡。"),
+              texts.end());
+}
+
+TEST(ImbalanceCauses, TellOfADivisorNineThatNoAccountExplains) {
+    EXPECT_EQ(textsOf({{"1001", 1234.5}, creditOf("2001", 1000.5)}),
+              Texts{"差额 234.00 能被9整除,可能有相邻的数字颠倒或小数点错位。"});
+}
+
+TEST(ImbalanceCauses, NameContraAccountsLast) {
+    const Texts texts =
+        textsOf({{"1001", 1000}, creditOf("1602", 77, "资产"), creditOf("2001", 900)});
+    ASSERT_FALSE(texts.empty());
+    EXPECT_EQ(texts.back(), "1602 科目1602:余额方向与所属类别“资产”相反,请确认余额 77.00 的方向。");
+}
+
+TEST(ImbalanceCauses, NameLinesWhoseFiguresDisagree) {
+    OpeningSheet sheet = sheetOf({{"1001", 10}, creditOf("2001", 3)}, OpeningLayout::midYear);
+    sheet.accounts()[1].balance(Measure::money).yearStart = 3;
+    const auto causes = causesOf(sheet);
+    const auto found =
+        std::ranges::find(causes, ImbalanceKind::figuresDisagree, &ImbalanceCause::kind);
+    ASSERT_NE(found, causes.end());
+    EXPECT_EQ(found->text, "1001 科目1001:期初余额与年初余额和累计发生额不符。");
+    EXPECT_EQ(found->place, 0u);
+}
+
+TEST(ImbalanceCauses, AreRankedAndNotTooMany) {
+    std::vector<AccountDraft> drafts;
+    for (int at = 1; at <= 60; ++at) drafts.push_back({std::to_string(1000 + at), 10});
+    drafts.push_back(creditOf("2001", 580));
+    const auto causes = causesOf(sheetOf(drafts));
+    EXPECT_EQ(causes.size(), 20u);
+    EXPECT_TRUE(std::ranges::is_sorted(causes, {}, &ImbalanceCause::kind));
+}
+
+TEST(ImbalanceCauses, LeaveAccountsOfNoCountedClassOut) {
+    EXPECT_EQ(textsOf({{"1001", 50}, creditOf("2001", 40.01), {"6001", 9.99, true, "损益"}}),
+              Texts{"差额 9.99 能被9整除,可能有相邻的数字颠倒或小数点错位。"});
+}
