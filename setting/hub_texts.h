@@ -17,7 +17,6 @@ inline constexpr const char* exchange = "汇率管理";
 inline constexpr const char* begleft = "期初余额录入";
 inline constexpr const char* species = "凭证类别";
 inline constexpr const char* presetWizard = "凭证类别预置向导";
-inline constexpr const char* method = "结算方式";
 
 inline constexpr const char* startingGroup = "建帐";
 inline constexpr const char* voucherGroup = "凭证";

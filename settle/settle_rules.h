@@ -13,8 +13,8 @@
 
 namespace chengheng {
 
-inline constexpr std::size_t settleNumberWidth = 2;  ///< in characters
-inline constexpr std::size_t settleNameWidth = 24;
+inline constexpr int settleNumberWidth = 2;  ///< in characters
+inline constexpr int settleNameWidth = 24;
 
 /// The fields that get the focus when an input is refused.
 inline constexpr const char* settleNumberField = "sStlId";

@@ -6,6 +6,7 @@ namespace chengheng::settle_texts {
 inline constexpr const char* title = "结算方式";
 inline constexpr const char* number = "方式号";
 inline constexpr const char* name = "方式名";
+inline constexpr const char* usesChequeRegister = "使用支票登记簿";
 
 /// How an addition clashes with the first leaf and with any later one: the wordings differ.
 inline constexpr const char* firstNumberNotAdded = "结算方式号重复,不能添加!";

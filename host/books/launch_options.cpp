@@ -48,6 +48,8 @@ std::vector<std::string> takeLaunchArguments(std::vector<std::string>& arguments
 
 }  // namespace
 
+const char* programVersion() { return CHENGHENG_VERSION; }
+
 LaunchReading readLaunchOptions(std::vector<std::string> arguments) {
     LaunchReading reading;
     LaunchOptions& options = reading.options;
@@ -58,7 +60,7 @@ LaunchReading readLaunchOptions(std::vector<std::string> arguments) {
     std::string date;
     CLI::App app;
     app.set_help_flag("-h,--help");
-    app.set_version_flag("--version", CHENGHENG_VERSION);
+    app.set_version_flag("--version", programVersion());
     app.add_option("--books", options.books);
     app.add_option("--operator", options.operatorName);
     app.add_option("--password-file", options.passwordFile);
@@ -69,7 +71,7 @@ LaunchReading readLaunchOptions(std::vector<std::string> arguments) {
     } catch (const CLI::CallForHelp&) {
         return ended(ProgramExit::done, launch_texts::help);
     } catch (const CLI::CallForVersion&) {
-        return ended(ProgramExit::done, fmt::format(launch_texts::version, CHENGHENG_VERSION));
+        return ended(ProgramExit::done, fmt::format(launch_texts::version, programVersion()));
     } catch (const CLI::ExtrasError&) {
         return refused(fmt::format(launch_texts::unknownArgument, fmt::join(app.remaining(), " ")));
     } catch (const CLI::ParseError& error) {

@@ -51,6 +51,7 @@ class ListForm {
     SaveMode saveMode() const;
     bool canSave() const { return saveMode() != SaveMode::nothing && isComplete(); }
     bool canDelete() const { return m_selectedId != 0 && !m_isUsed; }
+    bool hasUnsavedInput() const { return isChanged(); }
 
   protected:
     // What a function supplies. Whatever does not give `done` has told the operator why.

@@ -49,6 +49,7 @@ QToolBar* WindowCommands::makeToolBar(const QString& name, std::span<const ToolB
     for (const ToolButton& button : buttons) {
         if (QAction* action = m_actions.value(button.command)) {
             action->setIcon(toolIcon(button.picture));
+            if (button.caption) action->setIconText(QString::fromUtf8(button.caption));
             bar->addAction(action);
         } else {
             bar->addSeparator();

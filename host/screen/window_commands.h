@@ -20,10 +20,12 @@ struct WindowMenu {
     std::span<const MenuItemResource> items;
 };
 
-/// A button of a tool bar: a command of the menus and its picture; command 0 is a separator.
+/// A button of a tool bar: a command of the menus, its picture, and what the button says when
+/// that is not what the menu says; command 0 is a separator.
 struct ToolButton {
     int command;
     const char* picture;
+    const char* caption = nullptr;
 };
 
 /// The commands of a function window: its menu bar, tool bar and shortcuts, all from tables.

@@ -2,6 +2,7 @@
 
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "setting/window/unbuilt_functions.h"
+#include "settle/window/CNbCwSettleDlg.h"
 
 namespace chengheng {
 namespace {
@@ -22,7 +23,7 @@ constexpr Launcher launchers[] = {
     {HubFunction::exchange, tellUnbuilt<HubFunction::exchange>},
     {HubFunction::begleft, tellUnbuilt<HubFunction::begleft>},
     {HubFunction::species, tellUnbuilt<HubFunction::species>},
-    {HubFunction::method, tellUnbuilt<HubFunction::method>},
+    {HubFunction::method, runModally<CNbCwSettleDlg>},
 };
 
 }  // namespace

@@ -20,7 +20,6 @@ const char* titleOf(HubFunction function) {
         case HubFunction::species:
             return hub_texts::species;
         case HubFunction::method:
-            return hub_texts::method;
         case HubFunction::exit:
             break;
     }

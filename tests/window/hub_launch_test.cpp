@@ -2,6 +2,7 @@
 
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "tests/window/hub_fixture.h"
+#include "tests/window/next_modal.h"
 
 using namespace chengheng;
 
@@ -12,11 +13,8 @@ std::string unbuilt(const char* name) { return "“" + std::string(name) + "”�
 }  // namespace
 
 TEST_F(HubTest, SaysOfEachFunctionWithoutAWindowThatItIsNotReady) {
-    const std::pair<int, const char*> functions[] = {{32776, "财务分工"},
-                                                     {32775, "会计科目"},
-                                                     {200, "汇率管理"},
-                                                     {298, "期初余额录入"},
-                                                     {32778, "结算方式"}};
+    const std::pair<int, const char*> functions[] = {
+        {32776, "财务分工"}, {32775, "会计科目"}, {200, "汇率管理"}, {298, "期初余额录入"}};
     OpenHub hub;
     hub.show();
     const auto windows = QApplication::topLevelWidgets().size();
@@ -27,6 +25,17 @@ TEST_F(HubTest, SaysOfEachFunctionWithoutAWindowThatItIsNotReady) {
         EXPECT_EQ(QApplication::topLevelWidgets().size(), windows);
         m_messages.forget();
     }
+}
+
+TEST_F(HubTest, OpensTheSettlementMethods) {
+    OpenHub hub;
+    hub.show();
+    NextModal operatorHands([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "结算方式");
+        window.close();
+    });
+    hub.clickRegion(32778);
+    EXPECT_TRUE(m_messages.texts().empty());
 }
 
 TEST_F(HubTest, LetsOnlySupervisorsDivideWork) {

@@ -15,6 +15,7 @@ constexpr HelpPage pages[] = {
     {197779, "第一次建帐的步骤", ":/help/first_steps.html"},
     {197780, "键盘操作", ":/help/keyboard.html"},
     {197781, "操作员与权限", ":/help/rights.html"},
+    {settleHelpContext, "结算方式", ":/help/settle.html"},
 };
 
 }  // namespace

@@ -117,6 +117,8 @@ void HelpWindow::showContext(int context) {
     m_contents->setCurrentIndex(m_titles.index(helpPageIndex(context)));
 }
 
+void HelpWindow::startSearch() { m_search->setFocus(Qt::OtherFocusReason); }
+
 QString HelpWindow::shownTitle() const { return m_contents->currentIndex().data().toString(); }
 
 HelpWindow& showHelp(int context, QWidget& window) {

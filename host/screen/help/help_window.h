@@ -18,6 +18,8 @@ class HelpWindow final : public QDialog {
     explicit HelpWindow(QWidget* parent);
 
     void showContext(int context);
+    /// Makes the search ready to be typed into.
+    void startSearch();
     /// Title of the page that is shown; empty when none is.
     QString shownTitle() const;
 

@@ -1,0 +1,56 @@
+#include "settle/window/CNbCwSettleDlg.h"
+
+#include <QCheckBox>
+
+#include "data/lookups/CGetData.h"
+#include "host/screen/forms/limited_edit.h"
+#include "host/screen/help/help_pages.h"
+#include "host/services/host_globals.h"
+#include "print/list_printing.h"
+#include "print/settlement_list.h"
+#include "settle/settle_texts.h"
+
+using namespace chengheng;
+
+namespace {
+
+constexpr ListFormWindow settleWindow{
+    .templateNumber = 132, .title = settle_texts::title, .helpContext = settleHelpContext};
+
+}  // namespace
+
+CNbCwSettleDlg::CNbCwSettleDlg(QWidget* parent)
+    : ListFormDialog(settleWindow, parent), m_form(messages()) {}
+
+CNbCwSettleDlg::~CNbCwSettleDlg() {
+    runGuarded(messages(), windowTitle(), [this] {
+        if (CGetData::LoadSettleMemoryMapTable(g_lpszNbZwDBName) < 0) TellFailure();
+    });
+}
+
+void CNbCwSettleDlg::AddFields() {
+    m_number = addEdit(settle_texts::number, 'U', settleNumberField, settleNumberWidth);
+    m_name = addEdit(settle_texts::name, 'M', settleNameField, settleNameWidth);
+    m_usesChequeRegister = new QCheckBox(QString::fromUtf8(settle_texts::usesChequeRegister));
+    m_usesChequeRegister->setObjectName(QStringLiteral("bNote"));
+    addField(*m_usesChequeRegister);
+    connect(m_usesChequeRegister, &QCheckBox::toggled, this,
+            guarded([this] { inputEdited(*m_usesChequeRegister); }));
+}
+
+void CNbCwSettleDlg::DoDataExchange(bool isSaving) {
+    SettleInput& input = m_form.input;
+    if (isSaving) {
+        input = {.number = m_number->text().toStdString(),
+                 .name = m_name->text().toStdString(),
+                 .usesChequeRegister = m_usesChequeRegister->isChecked()};
+        return;
+    }
+    m_number->showText(QString::fromStdString(input.number));
+    m_name->showText(QString::fromStdString(input.name));
+    m_usesChequeRegister->setChecked(input.usesChequeRegister);
+}
+
+void CNbCwSettleDlg::PrintList(ReportOutput output) {
+    printList(settlementList(), output, messages());
+}
