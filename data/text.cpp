@@ -49,14 +49,17 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
     }
 }
 
-std::string_view withoutBlanksAround(std::string_view text) {
-    text = withoutTrailingBlanks(text);
+std::string_view withoutLeadingBlanks(std::string_view text) {
     for (;;) {
         const auto blank = std::ranges::find_if(
             blanks, [text](std::string_view candidate) { return text.starts_with(candidate); });
         if (blank == blanks.end()) return text;
         text.remove_prefix(blank->size());
     }
+}
+
+std::string_view withoutBlanksAround(std::string_view text) {
+    return withoutLeadingBlanks(withoutTrailingBlanks(text));
 }
 
 }  // namespace chengheng

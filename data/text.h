@@ -25,6 +25,8 @@ bool containsInAnyCase(std::string_view text, std::string_view wanted);
 
 /// The text without the blanks at its end.
 std::string_view withoutTrailingBlanks(std::string_view text);
+/// The text without the blanks at its front.
+std::string_view withoutLeadingBlanks(std::string_view text);
 /// The text without the blanks at both ends.
 std::string_view withoutBlanksAround(std::string_view text);
 

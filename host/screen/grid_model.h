@@ -36,6 +36,9 @@ class GridModel : public QAbstractTableModel {
     void tellChanged(int row);
 
   protected:
+    /// For models whose columns are known only once they are made.
+    void setGridColumns(std::span<const GridColumn> columns) { m_columns = columns; }
+
     /// What is read in a cell: amounts with their separators, dates as people write them.
     virtual QString text(int row, int column) const = 0;
     /// Background of a cell; one that is not valid leaves it to the grid.

@@ -16,4 +16,10 @@ inline constexpr const char* helpPage = "帮助内容";
 inline constexpr const char* helpNothingFound = "没有找到相关内容";
 inline constexpr const char* helpCommand = "帮助(&H)";
 
+inline constexpr const char* confirm = "确定";
+inline constexpr const char* cancel = "取消";
+inline constexpr const char* pickerCode = "编码";
+inline constexpr const char* pickerName = "名称";
+inline constexpr const char* pickerSearch = "查找(&Q):";
+
 }  // namespace chengheng::screen_texts

@@ -13,6 +13,7 @@ struct HelpPage {
 };
 
 inline constexpr int hubHelpContext = 197778;
+inline constexpr int chartHelpContext = 197783;
 inline constexpr int settleHelpContext = 197782;
 
 /// In the order of the table of contents.

@@ -1,4 +1,4 @@
-#include "host/shell/enter_moves_on.h"
+#include "host/screen/enter_moves_on.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+
+namespace chengheng {
+
+/// A search beside a grid: a field, and what it has found. It says what is typed and when the
+/// operator goes on to the next or back to the previous match; looking is the window's business.
+class SearchBar final : public QWidget {
+    Q_OBJECT
+
+  public:
+    SearchBar(const QString& label, const QString& hint, QWidget* parent = nullptr);
+
+    QString text() const;
+    void clear();
+    void setResult(const QString& result);
+    /// Takes the keyboard and goes on with a text that was typed elsewhere.
+    void takeOver(const QString& typed);
+
+  signals:
+    void textChanged(const QString& text);
+    /// Enter or Down.
+    void nextWanted();
+    /// Shift+Enter or Up.
+    void previousWanted();
+    /// Escape: the field is empty by then.
+    void left();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool handleKey(int key, Qt::KeyboardModifiers modifiers);
+
+    QLineEdit* m_field;
+    QLabel* m_result;
+};
+
+}  // namespace chengheng
