@@ -1,19 +1,310 @@
 #include "accounts/window/CNbCwBursarDlg.h"
 
-#include "setting/window/unbuilt_functions.h"
+#include <fmt/format.h>
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "accounts/chart_texts.h"
+#include "accounts/window/chart_menus.h"
+#include "accounts/window/chart_model.h"
+#include "accounts/window/find_account_window.h"
+#include "data/lookups/CGetData.h"
+#include "host/screen/CVCF1.h"
+#include "host/screen/fonts.h"
+#include "host/screen/help/help_pages.h"
+#include "host/screen/help/help_window.h"
+#include "host/screen/search_bar.h"
+#include "host/screen/wait_window.h"
+#include "host/services/host_globals.h"
+
+namespace chart_command = chengheng::chart_command;
+namespace chart_texts = chengheng::chart_texts;
+using chengheng::MessageIcon;
 
 namespace {
 
 constexpr int bursarTemplate = 124;
+constexpr QSize openingSize(900, 620);
+constexpr int headingPixels = 12;
+constexpr int headingSpacing = 24;
+constexpr int margin = 8;
+// Where the rows begin: the pointer above or left of it is over headers.
+constexpr int rowsTop = 31;
+constexpr int rowsLeft = 38;
+
+bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+QString shown(const char* text) { return QString::fromUtf8(text); }
+
+QString shown(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
 
-CNbCwBursarDlg::CNbCwBursarDlg(QWidget* parent) : CNxMiddleDialog(bursarTemplate, parent) {}
+CNbCwBursarDlg::CNbCwBursarDlg(QWidget* parent) : CNxMiddleDialog(bursarTemplate, parent) {
+    setWindowTitle(shown(chart_texts::title));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+}
 
 CNbCwBursarDlg::~CNbCwBursarDlg() = default;
 
-bool CNbCwBursarDlg::OnInitDialog() {
-    chengheng::tellUnbuilt(messages(), chengheng::HubFunction::bursar);
-    EndDialog(Rejected);
+bool CNbCwBursarDlg::OnCreate() {
+    if (!SelectDatabase()) {
+        TellFailure();
+        return false;
+    }
+    if (m_screen.readClasses()) return true;
+    messages().tell({.text = chart_texts::noClasses, .icon = MessageIcon::warning});
     return false;
+}
+
+bool CNbCwBursarDlg::OnInitDialog() {
+    if (CGetData::m_pzAccountMInfo != nullptr) {
+        m_levelPattern = CGetData::m_pzAccountMInfo->sCodeLen;
+    }
+    buildControls();
+    connectGrid();
+    connectSearch();
+    resize(openingSize);
+    OnInitMessage(chart_texts::allAccounts);
+    m_grid->setFocus();
+    return false;
+}
+
+void CNbCwBursarDlg::buildControls() {
+    m_tabs = new QTabBar(this);
+    m_tabs->setAccessibleName(shown(chart_texts::tabs));
+    m_tabs->setExpanding(false);
+    for (const std::string& tab : m_screen.tabs()) m_tabs->addTab(shown(tab));
+    m_model = std::make_unique<chengheng::ChartModel>(m_screen, m_search);
+    m_grid = new CVCF1(shown(chart_texts::title), CVCF1::Unit::row, this);
+    m_grid->setObjectName(QStringLiteral("chart"));
+    m_grid->setGridModel(m_model.get());
+    m_grid->horizontalHeader()->setStretchLastSection(true);
+    m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
+
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(margin, 0, margin, margin);
+    m_commands = std::make_unique<chengheng::WindowCommands>(*this, chengheng::chartMenus);
+    rows->addWidget(
+        m_commands->makeToolBar(shown(chart_texts::toolBar), chengheng::chartToolButtons));
+    rows->addWidget(buildHeading());
+    rows->addWidget(m_tabs);
+    rows->addWidget(m_grid, 1);
+    rows->setSpacing(0);
+    setTabOrder(m_grid, m_searchBar);
+    setTabOrder(m_searchBar, m_tabs);
+}
+
+QWidget* CNbCwBursarDlg::buildHeading() {
+    auto* heading = new QWidget(this);
+    auto* line = new QHBoxLayout(heading);
+    line->setContentsMargins(margin / 2, margin, margin / 2, margin);
+    line->setSpacing(headingSpacing);
+    for (QLabel** label : {&m_levelLengths, &m_accountCount}) {
+        *label = new QLabel(heading);
+        (*label)->setFont(chengheng::pictureFont(headingPixels));
+        (*label)->setTextFormat(Qt::PlainText);
+        line->addWidget(*label);
+    }
+    line->addStretch(1);
+    m_searchBar = new chengheng::SearchBar(shown(chart_texts::searchLabel),
+                                           shown(chart_texts::searchHint), heading);
+    line->addWidget(m_searchBar);
+    return heading;
+}
+
+void CNbCwBursarDlg::connectGrid() {
+    connect(m_tabs, &QTabBar::currentChanged, this,
+            [this](int tab) { guarded([&] { OnCommand(chart_command::allAccounts + tab); })(); });
+    connect(m_grid, &CVCF1::clicked, this,
+            [this](const QModelIndex& index) { OnClickVcf1ctrlInfoitem(index.row()); });
+    connect(m_grid, &CVCF1::doubleClicked, this, [this] { OnDblClickVcf1ctrlInfoitem(); });
+    connect(m_grid, &CVCF1::keyDown, this, &CNbCwBursarDlg::OnKeyDownVcf1ctrlInfoitem);
+    connect(m_grid, &CVCF1::keyUp, this, &CNbCwBursarDlg::OnKeyUpVcf1ctrlInfoitem);
+    connect(m_grid, &CVCF1::mouseDown, this, [this] { OnMouseDownVcf1ctrlInfoitem(); });
+    connect(m_grid, &CVCF1::mouseMoved, this, &CNbCwBursarDlg::OnMouseMoveVcf1ctrlInfoitem);
+    connect(m_grid, &CVCF1::customContextMenuRequested, this, [this](QPoint position) {
+        m_commands->popUp(chengheng::chartContextCommands,
+                          m_grid->viewport()->mapToGlobal(position));
+    });
+}
+
+void CNbCwBursarDlg::connectSearch() {
+    using chengheng::SearchBar;
+    connect(m_grid, &CVCF1::textTyped, m_searchBar, &SearchBar::takeOver);
+    connect(m_searchBar, &SearchBar::textChanged, this, [this](const QString& text) {
+        m_model->search(text.toStdString());
+        goToMatch(m_search.matchFrom(std::max(0, m_grid->currentRow())));
+    });
+    connect(m_searchBar, &SearchBar::nextWanted, this,
+            [this] { goToMatch(m_search.matchFrom(m_grid->currentRow() + 1)); });
+    connect(m_searchBar, &SearchBar::previousWanted, this,
+            [this] { goToMatch(m_search.matchBefore(m_grid->currentRow())); });
+    connect(m_searchBar, &SearchBar::left, this, [this] { m_grid->setFocus(); });
+}
+
+void CNbCwBursarDlg::goToMatch(int row) {
+    if (row >= 0) m_grid->setCurrentRow(row);
+    showSearchResult();
+}
+
+void CNbCwBursarDlg::showSearchResult() {
+    std::string result;
+    if (m_search.isActive()) {
+        result = m_search.matchCount() == 0
+                     ? chart_texts::searchNothing
+                     : fmt::format(fmt::runtime(chart_texts::searchResult),
+                                   m_search.numberOf(m_grid->currentRow()), m_search.matchCount());
+    }
+    m_searchBar->setResult(shown(result));
+}
+
+std::string CNbCwBursarDlg::activeCategory() const {
+    return m_screen.tabs()[static_cast<std::size_t>(m_tabs->currentIndex())];
+}
+
+std::string CNbCwBursarDlg::currentCode() const { return m_screen.codeAt(m_grid->currentRow()); }
+
+void CNbCwBursarDlg::OnInitMessage(const std::string& category) {
+    if (!m_model->load(category)) TellFailure();
+    m_grid->setCurrentRow(0);
+    reflectAccounts();
+}
+
+void CNbCwBursarDlg::reflectAccounts() {
+    OnPaint();
+    for (const chengheng::WindowMenu& menu : chengheng::chartMenus) {
+        for (const chengheng::MenuItemResource& item : menu.items) {
+            const bool isIdle = m_screen.isEmpty() && m_screen.needsAccount(item.command);
+            m_commands->setEnabled(item.command, !isIdle);
+        }
+    }
+    showSearchResult();
+}
+
+void CNbCwBursarDlg::OnPaint() {
+    m_levelLengths->setText(
+        shown(fmt::format(fmt::runtime(chart_texts::levelLengths), m_levelPattern)));
+    m_accountCount->setText(
+        shown(fmt::format(fmt::runtime(chart_texts::accountCount), m_screen.countText())));
+}
+
+void CNbCwBursarDlg::listActiveCategory() { OnInitMessage(activeCategory()); }
+
+void CNbCwBursarDlg::OnButtonAllBuc() { OnInitMessage(chart_texts::allAccounts); }
+void CNbCwBursarDlg::OnButtonAsset() { listActiveCategory(); }
+void CNbCwBursarDlg::OnButtonOwned() { listActiveCategory(); }
+void CNbCwBursarDlg::OnButtonRights() { listActiveCategory(); }
+void CNbCwBursarDlg::OnButtonCosting() { listActiveCategory(); }
+void CNbCwBursarDlg::OnButtonIdcrease() { listActiveCategory(); }
+
+void CNbCwBursarDlg::showTab(int tab) {
+    const QSignalBlocker quiet(m_tabs);
+    if (tab < m_tabs->count()) m_tabs->setCurrentIndex(tab);
+}
+
+bool CNbCwBursarDlg::OnCommand(int command) {
+    struct Handler {
+        int command;
+        void (CNbCwBursarDlg::*handle)();
+    };
+    static constexpr Handler handlers[] = {
+        {chart_command::print, &CNbCwBursarDlg::OnMenuPrint},
+        {chart_command::preview, &CNbCwBursarDlg::OnMenuPreview},
+        {chart_command::insert, &CNbCwBursarDlg::OnMenuInsert},
+        {chart_command::remove, &CNbCwBursarDlg::OnMenuDelete},
+        {chart_command::modify, &CNbCwBursarDlg::OnMenuModify},
+        {chart_command::appoint, &CNbCwBursarDlg::OnMenuAppoint},
+        {chart_command::copy, &CNbCwBursarDlg::OnMenuCopy},
+        {chart_command::find, &CNbCwBursarDlg::OnMenuFind},
+        {chart_command::whereUsed, &CNbCwBursarDlg::OnMenuWhereUsed},
+        {chart_command::help, &CNbCwBursarDlg::OnMenuHelp},
+        {chart_command::exit, &CNbCwBursarDlg::OnMenuExit},
+        {chart_command::refurbish, &CNbCwBursarDlg::OnMenuRefurbish},
+        {chart_command::search, &CNbCwBursarDlg::OnMenuSearch},
+        {chart_command::about, &CNbCwBursarDlg::OnMenuAbout},
+        {chart_command::allAccounts, &CNbCwBursarDlg::OnButtonAllBuc},
+        {chart_command::allAccounts + 1, &CNbCwBursarDlg::OnButtonAsset},
+        {chart_command::allAccounts + 2, &CNbCwBursarDlg::OnButtonOwned},
+        {chart_command::allAccounts + 3, &CNbCwBursarDlg::OnButtonRights},
+        {chart_command::allAccounts + 4, &CNbCwBursarDlg::OnButtonCosting},
+        {chart_command::lastTab, &CNbCwBursarDlg::OnButtonIdcrease},
+    };
+    const auto found = std::ranges::find(handlers, command, &Handler::command);
+    if (found == std::end(handlers)) return CNxMiddleDialog::OnCommand(command);
+    if (command >= chart_command::allAccounts && command <= chart_command::lastTab) {
+        showTab(command - chart_command::allAccounts);
+    }
+    (this->*found->handle)();
+    return true;
+}
+
+void CNbCwBursarDlg::OnMenuExit() { EndDialog(Rejected); }
+
+void CNbCwBursarDlg::OnMenuFind() {
+    chengheng::FindAccountWindow window(this);
+    if (window.DoModal() != Accepted) return;
+    m_swallowsKeyUp = true;
+    if (m_screen.category() != chart_texts::allAccounts) OnCommand(chart_command::allAccounts);
+    m_grid->setFocus();
+    const auto row = m_screen.find(window.wanted());
+    if (row) {
+        m_grid->setCurrentRow(*row);
+    } else {
+        messages().tell({.text = chart_texts::accountUnknown, .icon = MessageIcon::warning});
+    }
+}
+
+void CNbCwBursarDlg::OnMenuRefurbish() {
+    const chengheng::WaitWindow window(shown(chart_texts::refreshing), this);
+    listActiveCategory();
+}
+
+void CNbCwBursarDlg::OnMenuHelp() { chengheng::showHelp(chengheng::chartHelpContext, *this); }
+
+void CNbCwBursarDlg::OnMenuSearch() {
+    chengheng::showHelp(chengheng::chartHelpContext, *this).startSearch();
+}
+
+void CNbCwBursarDlg::OnMenuAbout() {}
+
+void CNbCwBursarDlg::OnMenuOutput() { messages().tell({.text = {}}); }
+
+bool CNbCwBursarDlg::OnHelpInfo() {
+    OnMenuHelp();
+    return true;
+}
+
+void CNbCwBursarDlg::OnClickVcf1ctrlInfoitem(int row) { m_grid->setCurrentRow(row); }
+
+void CNbCwBursarDlg::OnDblClickVcf1ctrlInfoitem() {
+    if (m_commands->isEnabled(chart_command::modify)) PostCommand(chart_command::modify);
+}
+
+void CNbCwBursarDlg::OnKeyDownVcf1ctrlInfoitem(int key) {
+    m_isEnterDown = isEnter(key);
+    showSearchResult();
+}
+
+void CNbCwBursarDlg::OnKeyUpVcf1ctrlInfoitem(int key) {
+    const bool isOwnEnter = std::exchange(m_isEnterDown, false) && isEnter(key);
+    if (std::exchange(m_swallowsKeyUp, false)) return;
+    // An Enter that was pressed in a window now closed is not meant for the grid.
+    if (isOwnEnter && m_grid->currentRow() >= 0) OnDblClickVcf1ctrlInfoitem();
+}
+
+void CNbCwBursarDlg::OnMouseDownVcf1ctrlInfoitem() { showSearchResult(); }
+
+void CNbCwBursarDlg::OnMouseMoveVcf1ctrlInfoitem(QPoint) {}
+
+void CNbCwBursarDlg::PostNcDestroy() {
+    CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName);
+    CNxMiddleDialog::PostNcDestroy();
 }

@@ -1,9 +1,26 @@
 #pragma once
 
+#include <memory>
+#include <string>
+
+#include "accounts/chart_screen.h"
+#include "accounts/chart_search.h"
 #include "host/screen/CNxMiddleDialog.h"
 #include "host/screen/module_export.h"
+#include "print/report_printer.h"
 
-/// The chart of accounts (会计科目).
+class CVCF1;
+class QLabel;
+class QTabBar;
+namespace chengheng {
+class AccountForm;
+class ChartModel;
+class SearchBar;
+class WindowCommands;
+}  // namespace chengheng
+
+/// The chart of accounts (会计科目): the accounts of one class or of all in a grid, and every
+/// command on them.
 class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
     Q_OBJECT
 
@@ -11,6 +28,84 @@ class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
     explicit CNbCwBursarDlg(QWidget* parent = nullptr);
     ~CNbCwBursarDlg() override;
 
+    /// A command that no menu sends: an empty box.
+    void OnMenuOutput();
+    bool OnHelpInfo() override;
+
   protected:
+    /// False, told, without account classes.
+    bool OnCreate() override;
     bool OnInitDialog() override;
+    bool OnCommand(int command) override;
+    /// Enter outside the grid does nothing.
+    void OnOK() override {}
+    void PostNcDestroy() override;
+
+    /// Lists the accounts of a class, or all.
+    void OnInitMessage(const std::string& category);
+    /// Shows level lengths and number of accounts above the grid.
+    void OnPaint();
+
+    void OnButtonAllBuc();
+    void OnButtonAsset();
+    void OnButtonOwned();
+    void OnButtonRights();
+    void OnButtonCosting();
+    void OnButtonIdcrease();  // sic
+
+    void OnMenuPrint();
+    void OnMenuPreview();
+    void OnMenuExit();
+    void OnMenuInsert();
+    void OnMenuCopy();
+    void OnMenuDelete();
+    void OnMenuModify();
+    void OnMenuAppoint();
+    void OnMenuFind();
+    void OnMenuRefurbish();  // sic
+    void OnMenuWhereUsed();
+    void OnMenuHelp();
+    void OnMenuSearch();
+    void OnMenuAbout();
+
+    void OnClickVcf1ctrlInfoitem(int row);
+    void OnDblClickVcf1ctrlInfoitem();
+    void OnKeyDownVcf1ctrlInfoitem(int key);
+    void OnKeyUpVcf1ctrlInfoitem(int key);
+    void OnMouseDownVcf1ctrlInfoitem();
+    void OnMouseMoveVcf1ctrlInfoitem(QPoint position);
+
+  private:
+    void buildControls();
+    QWidget* buildHeading();
+    void connectGrid();
+    void connectSearch();
+    std::string activeCategory() const;
+    std::string currentCode() const;
+    void listActiveCategory();
+    void showTab(int tab);
+    void reflectAccounts();
+    void listAgain();
+    /// Whether the account is there; the operator is told when it is not.
+    bool isStillThere(const std::string& code);
+    void tellGone(const std::string& code);
+    void runAccountWindow(chengheng::AccountForm& form);
+    void showSaved(const _CodeInfo& account);
+    void printChart(chengheng::ReportOutput output);
+    void goToMatch(int row);
+    void showSearchResult();
+
+    chengheng::ChartScreen m_screen;
+    chengheng::ChartSearch m_search{m_screen};
+    std::unique_ptr<chengheng::ChartModel> m_model;
+    std::unique_ptr<chengheng::WindowCommands> m_commands;
+    std::string m_levelPattern;
+    bool m_swallowsKeyUp = false;
+    bool m_isEnterDown = false;
+
+    QTabBar* m_tabs = nullptr;
+    CVCF1* m_grid = nullptr;
+    QLabel* m_levelLengths = nullptr;
+    QLabel* m_accountCount = nullptr;
+    chengheng::SearchBar* m_searchBar = nullptr;
 };

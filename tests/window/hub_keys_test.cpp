@@ -85,12 +85,13 @@ TEST_F(HubTest, OpensTheRegionInFocusWithEnterAndSpace) {
 TEST_F(HubTest, OpensItsRegionsWithTheDigits) {
     OpenHub hub;
     hub.showAndFocus();
-    const char* names[] = {"财务分工", "会计科目", "汇率管理", "期初余额录入", "凭证类别预置向导"};
+    const std::string told[] = {unbuilt("财务分工"), "分类数据为空!", unbuilt("汇率管理"),
+                                unbuilt("期初余额录入"), unbuilt("凭证类别预置向导")};
     int digit = 1;
-    for (const char* name : names) {
+    for (const std::string& text : told) {
         QTest::keyClick(hub.focusWidget(), static_cast<char>('0' + digit++));
         QCoreApplication::processEvents();
-        EXPECT_EQ(m_messages.onlyNotice().text, unbuilt(name));
+        EXPECT_EQ(m_messages.onlyNotice().text, text);
         m_messages.forget();
     }
     {

@@ -12,10 +12,10 @@ namespace {
 
 constexpr HelpPage pages[] = {
     {hubHelpContext, "基础设置", ":/help/hub.html"},
-    {chartHelpContext, "会计科目", ":/help/chart.html"},
     {197779, "第一次建帐的步骤", ":/help/first_steps.html"},
     {197780, "键盘操作", ":/help/keyboard.html"},
     {197781, "操作员与权限", ":/help/rights.html"},
+    {chartHelpContext, "会计科目", ":/help/chart.html"},
     {settleHelpContext, "结算方式", ":/help/settle.html"},
 };
 

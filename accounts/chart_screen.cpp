@@ -1,0 +1,129 @@
+#include "accounts/chart_screen.h"
+
+#include <algorithm>
+#include <array>
+
+#include "accounts/account_entry.h"
+#include "accounts/chart_commands.h"
+#include "accounts/chart_sql.h"
+#include "accounts/chart_texts.h"
+#include "accounts/code_levels.h"
+#include "data/host_database.h"
+#include "data/lookups/CGetData.h"
+#include "data/row_lease.h"
+#include "data/text.h"
+#include "host/services/open_books.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::array commandsOnAnAccount{
+    chart_command::print, chart_command::preview, chart_command::remove,   chart_command::modify,
+    chart_command::copy,  chart_command::find,    chart_command::whereUsed};
+
+}  // namespace
+
+bool isSameForFinding(std::string_view shown, std::string_view wanted) {
+    return isSameInAnyCase(withoutLeadingBlanks(shown), withoutLeadingBlanks(wanted));
+}
+
+bool ChartScreen::readClasses() {
+    m_tabs.clear();
+    const RowLease<_zCodeClassInfo> classes(*g_pDB, nullptr);
+    if (!classes.isFound()) return false;
+    m_tabs.emplace_back(chart_texts::allAccounts);
+    for (const _zCodeClassInfo* accountClass : classes.rows()) {
+        if (m_tabs.size() > mostClasses) break;
+        m_tabs.push_back(accountClass->sClsName);
+    }
+    return true;
+}
+
+bool ChartScreen::load(std::string_view category) {
+    m_category = category;
+    m_rows.clear();
+    m_currencies.clear();
+    if (!selectOpenBooks()) return false;
+    const std::string condition = category == chart_texts::allAccounts
+                                      ? chart_sql::ofOtherClasses(category)
+                                      : chart_sql::ofClass(category);
+    const RowLease<_CodeInfo> accounts(*g_pDB, condition.c_str());
+    if (!accounts.isRead()) return false;
+    m_rows.reserve(accounts.rows().size());
+    for (const _CodeInfo* account : accounts.rows()) m_rows.emplace_back(*account);
+    for (const ChartRow& row : m_rows) nameCurrency(row.currencyId);
+    return true;
+}
+
+void ChartScreen::nameCurrency(int currencyId) {
+    if (currencyId == 0 || m_currencies.contains(currencyId)) return;
+    m_currencies.emplace(currencyId, CGetData::GetExchName(g_lpszNbZwDBName, currencyId));
+}
+
+std::string ChartScreen::text(int row, ChartColumn column) const {
+    if (row < 0 || row >= count()) return {};
+    const ChartRow& account = this->row(row);
+    switch (column) {
+        case ChartColumn::level:
+            return std::to_string(account.grade);
+        case ChartColumn::code:
+            return account.code;
+        case ChartColumn::name:
+            return indentedName(account.name, account.grade);
+        case ChartColumn::currency:
+            return account.currencyId == 0 ? std::string() : m_currencies.at(account.currencyId);
+        case ChartColumn::auxiliary:
+            return std::string(auxiliaryName(account.letters));
+    }
+    return {};
+}
+
+std::string ChartScreen::countText() const { return std::to_string(m_rows.size()); }
+
+std::string ChartScreen::codeAt(int row) const { return text(row, ChartColumn::code); }
+
+int ChartScreen::placeOf(std::string_view code) const {
+    const auto place = std::ranges::lower_bound(
+        m_rows, code, {}, [](const ChartRow& row) { return std::string_view(row.code); });
+    return static_cast<int>(place - m_rows.begin());
+}
+
+int ChartScreen::rowOfCode(std::string_view code) const {
+    const int place = placeOf(code);
+    return place < count() && row(place).code == code ? place : -1;
+}
+
+int ChartScreen::rowOfId(int id) const {
+    const auto found = std::ranges::find(m_rows, id, &ChartRow::id);
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+}
+
+std::optional<int> ChartScreen::find(std::string_view text) const {
+    const auto found = std::ranges::find_if(m_rows, [text](const ChartRow& row) {
+        return isSameForFinding(row.code, text) || isSameForFinding(row.name, text);
+    });
+    if (found == m_rows.end()) return std::nullopt;
+    return static_cast<int>(found - m_rows.begin());
+}
+
+bool ChartScreen::isListed(const _CodeInfo& account) const {
+    return m_category == chart_texts::allAccounts || m_category == account.sType;
+}
+
+void ChartScreen::insert(int row, const _CodeInfo& account) {
+    nameCurrency(account.byExchId);
+    m_rows.emplace(m_rows.begin() + row, account);
+}
+
+void ChartScreen::replace(int row, const _CodeInfo& account) {
+    nameCurrency(account.byExchId);
+    m_rows[static_cast<std::size_t>(row)] = ChartRow(account);
+}
+
+void ChartScreen::remove(int row) { m_rows.erase(m_rows.begin() + row); }
+
+bool ChartScreen::needsAccount(int command) {
+    return std::ranges::find(commandsOnAnAccount, command) != commandsOnAnAccount.end();
+}
+
+}  // namespace chengheng

@@ -1,0 +1,102 @@
+// The commands of the chart that change accounts or print them.
+
+#include <algorithm>
+
+#include "accounts/account_form.h"
+#include "accounts/account_texts.h"
+#include "accounts/window/CNbCwBursarDlg.h"
+#include "accounts/window/account_window.h"
+#include "accounts/window/chart_model.h"
+#include "accounts/window/designation_window.h"
+#include "accounts/window/print_range_window.h"
+#include "accounts/window/used_window.h"
+#include "data/lookups/existence.h"
+#include "host/screen/CVCF1.h"
+
+using chengheng::AccountForm;
+using chengheng::CodeLevels;
+
+bool CNbCwBursarDlg::isStillThere(const std::string& code) {
+    const int existence = SelectDatabase() ? CodeIsExist(code) : -1;
+    if (existence < 0) TellFailure();
+    if (existence > 0) tellGone(code);
+    return existence == 0;
+}
+
+void CNbCwBursarDlg::tellGone(const std::string& code) {
+    messages().tell({.text = chengheng::account_texts::deletedMeanwhile(code)});
+    listAgain();
+}
+
+void CNbCwBursarDlg::listAgain() {
+    const int row = m_grid->currentRow();
+    listActiveCategory();
+    m_grid->setCurrentRow(std::min(row, m_model->rowCount() - 1));
+}
+
+void CNbCwBursarDlg::runAccountWindow(AccountForm& form) {
+    chengheng::AccountWindow window(
+        form,
+        {.saved = [this](const _CodeInfo& account) { showSaved(account); },
+         .moved =
+             [this](const std::string& code) { m_grid->setCurrentRow(m_screen.rowOfCode(code)); }},
+        this);
+    window.DoModal();
+    if (window.hasMetForeignChange()) listAgain();
+    m_grid->viewport()->update();
+    m_grid->setFocus();
+}
+
+void CNbCwBursarDlg::showSaved(const _CodeInfo& account) {
+    m_grid->setCurrentRow(m_model->place(account));
+    reflectAccounts();
+}
+
+void CNbCwBursarDlg::OnMenuInsert() {
+    AccountForm form(messages(), CodeLevels(m_levelPattern), m_screen);
+    form.beginNew(currentCode(), activeCategory());
+    runAccountWindow(form);
+}
+
+void CNbCwBursarDlg::OnMenuCopy() {
+    const std::string code = currentCode();
+    if (!isStillThere(code)) return;
+    AccountForm form(messages(), CodeLevels(m_levelPattern), m_screen);
+    if (form.beginCopy(code)) runAccountWindow(form);
+}
+
+void CNbCwBursarDlg::OnMenuModify() {
+    const std::string code = currentCode();
+    if (!isStillThere(code)) return;
+    AccountForm form(messages(), CodeLevels(m_levelPattern), m_screen);
+    if (form.beginModification(code)) runAccountWindow(form);
+}
+
+void CNbCwBursarDlg::OnMenuDelete() {
+    const int row = m_grid->currentRow();
+    const std::string code = currentCode();
+    chengheng::AccountService service(messages(), CodeLevels(m_levelPattern));
+    const auto change = service.remove(code, m_screen.text(row, chengheng::ChartColumn::name));
+    if (change.outcome == chengheng::Outcome::stale) tellGone(code);
+    if (change.outcome != chengheng::Outcome::done) return;
+    m_model->remove(row);
+    m_grid->setCurrentRow(std::min(row, m_model->rowCount() - 1));
+    reflectAccounts();
+}
+
+void CNbCwBursarDlg::OnMenuAppoint() {
+    if (chengheng::DesignationWindow(this).DoModal() != Accepted) return;
+    listAgain();
+}
+
+void CNbCwBursarDlg::OnMenuWhereUsed() { chengheng::UsedWindow(currentCode(), this).DoModal(); }
+
+void CNbCwBursarDlg::printChart(chengheng::ReportOutput output) {
+    chengheng::PrintRangeWindow window(CodeLevels(m_levelPattern).count(), this);
+    if (window.DoModal() != Accepted) return;
+    chengheng::printList(chengheng::chartList(window.range()), output, messages());
+}
+
+void CNbCwBursarDlg::OnMenuPrint() { printChart(chengheng::ReportOutput::print); }
+
+void CNbCwBursarDlg::OnMenuPreview() { printChart(chengheng::ReportOutput::preview); }

@@ -1,0 +1,299 @@
+#include "accounts/window/account_window.h"
+
+#include <QCloseEvent>
+#include <algorithm>
+#include <array>
+
+#include "accounts/account_dialog_texts.h"
+#include "accounts/account_texts.h"
+#include "accounts/window/used_window.h"
+#include "data/host_database.h"
+#include "data/lookups/CGetData.h"
+#include "data/lookups/cached_records.h"
+#include "host/forms/form_texts.h"
+#include "host/screen/enter_moves_on.h"
+#include "host/screen/picker_window.h"
+#include "ui_account_window.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int accountTemplate = 127;
+
+/// A check box and the book it stands for; those of a directory have a browse button too.
+struct BookBox {
+    QCheckBox* Ui::AccountWindow::*box;
+    bool AuxiliaryBooks::*book;
+    QToolButton* Ui::AccountWindow::*browse;
+    AccountDirectory directory;
+};
+
+constexpr std::array bookBoxes{
+    BookBox{&Ui::AccountWindow::byPerson, &AuxiliaryBooks::byPerson,
+            &Ui::AccountWindow::byPersonBrowse, AccountDirectory::persons},
+    BookBox{&Ui::AccountWindow::byDepartment, &AuxiliaryBooks::byDepartment,
+            &Ui::AccountWindow::byDepartmentBrowse, AccountDirectory::departments},
+    BookBox{&Ui::AccountWindow::byProject, &AuxiliaryBooks::byProject,
+            &Ui::AccountWindow::byProjectBrowse, AccountDirectory::projects},
+    BookBox{&Ui::AccountWindow::byUnit, &AuxiliaryBooks::byUnit, &Ui::AccountWindow::byUnitBrowse,
+            AccountDirectory::units},
+    BookBox{&Ui::AccountWindow::isJournal, &AuxiliaryBooks::isJournal, nullptr, {}},
+    BookBox{&Ui::AccountWindow::isBank, &AuxiliaryBooks::isBank, nullptr, {}},
+};
+
+QString shown(const char* text) { return QString::fromUtf8(text); }
+QString shown(const std::string& text) { return QString::fromStdString(text); }
+
+/// Selects a text in a list; one that is not in it is added, so that nothing stored is lost.
+void select(QComboBox* list, const std::string& text) {
+    int position = list->findText(shown(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (position < 0 && !text.empty()) {
+        list->addItem(shown(text));
+        position = list->count() - 1;
+    }
+    list->setCurrentIndex(position);
+}
+
+}  // namespace
+
+AccountWindow::AccountWindow(AccountForm& form, Observers observers, QWidget* parent)
+    : CNxMiddleDialog(accountTemplate, parent),
+      m_form(form),
+      m_observers(std::move(observers)),
+      m_ui(std::make_unique<Ui::AccountWindow>()) {
+    m_ui->setupUi(this);
+    const bool isAdding = form.isAdding();
+    setWindowTitle(
+        shown(isAdding ? account_dialog_texts::addTitle : account_dialog_texts::modifyTitle));
+    m_ui->confirm->setText(
+        shown(isAdding ? account_dialog_texts::addConfirm : account_dialog_texts::modifyConfirm));
+    m_ui->cancel->setText(
+        shown(isAdding ? account_dialog_texts::addCancel : account_dialog_texts::modifyCancel));
+}
+
+AccountWindow::~AccountWindow() = default;
+
+bool AccountWindow::OnInitDialog() {
+    fillLists();
+    connectFields();
+    connectButtons();
+    showForm();
+    return false;
+}
+
+void AccountWindow::fillLists() {
+    for (const _zCodeClassInfo& accountClass : AccountService::classes())
+        m_ui->sType->addItem(shown(accountClass.sClsName));
+    for (const char* page : account_texts::ledgerPages) m_ui->sPage->addItem(shown(page));
+    CGetData::LoadCYRENCYINFOMemoryMapTable(g_lpszNbZwDBName);
+    for (const _CyrencyInfo& currency : cachedCurrencies())
+        m_ui->byExchId->addItem(shown(currency.sExchName), currency.lId);
+}
+
+void AccountWindow::connectFields() {
+    connect(m_ui->sCode, &QLineEdit::textChanged, this, guarded([this] { followCode(); }));
+    connect(m_ui->sName, &QLineEdit::textChanged, this, guarded([this] { followName(); }));
+    connect(m_ui->sHelp, &QLineEdit::textEdited, this, [this](const QString& text) {
+        const int position = m_ui->sHelp->cursorPosition();
+        m_ui->sHelp->setText(text.toUpper());
+        m_ui->sHelp->setCursorPosition(position);
+    });
+    connect(m_ui->sType, &QComboBox::activated, this, [this] { m_isClassChosen = true; });
+    for (QCheckBox* box : {m_ui->keepsForeign, m_ui->bAmount})
+        connect(box, &QCheckBox::toggled, this, [this] { reflectChecks(); });
+    m_ui->sAssBook->setFocusProxy(m_ui->byPerson);
+    new EnterMovesOn(this, {m_ui->sCode, m_ui->sName, m_ui->sType, m_ui->sPage, m_ui->sHelp});
+}
+
+void AccountWindow::connectButtons() {
+    m_ui->confirm->setDefault(true);
+    m_ui->cancel->setAutoDefault(false);
+    m_ui->usedButton->setAutoDefault(false);
+    connect(m_ui->confirm, &QPushButton::clicked, this, guarded([this] { save(); }));
+    connect(m_ui->cancel, &QPushButton::clicked, this, [this] { EndDialog(Rejected); });
+    connect(m_ui->usedButton, &QPushButton::clicked, this,
+            guarded([this] { UsedWindow(m_usedCode, this).DoModal(); }));
+    connectArrow(m_ui->first, AccountForm::Step::first);
+    connectArrow(m_ui->previous, AccountForm::Step::previous);
+    connectArrow(m_ui->next, AccountForm::Step::next);
+    connectArrow(m_ui->last, AccountForm::Step::last);
+    m_ui->currencyBrowse->setAccessibleName(shown(account_dialog_texts::browseCurrency));
+    connect(m_ui->currencyBrowse, &QToolButton::clicked, this,
+            guarded([this] { browseCurrency(); }));
+    for (const BookBox& book : bookBoxes) {
+        if (book.browse == nullptr) continue;
+        QToolButton* button = m_ui.get()->*book.browse;
+        button->setAccessibleName(shown(titleOf(book.directory)));
+        connect(button, &QToolButton::clicked, this,
+                guarded([this, &book] { browse(book.directory); }));
+    }
+}
+
+void AccountWindow::connectArrow(QToolButton* button, AccountForm::Step step) {
+    button->setFocusPolicy(Qt::TabFocus);
+    connect(button, &QToolButton::clicked, this, guarded([this, step] { move(step); }));
+}
+
+void AccountWindow::browseCurrency() {
+    std::vector<PickerRow> rows;
+    for (const _CyrencyInfo& currency : cachedCurrencies())
+        rows.push_back({currency.sExchCode, currency.sExchName});
+    PickerWindow picker(shown(account_dialog_texts::browseCurrency), std::move(rows), this);
+    const int chosen = picker.choose(m_ui->byExchId->currentIndex());
+    if (chosen >= 0) m_ui->byExchId->setCurrentIndex(chosen);
+}
+
+void AccountWindow::browse(AccountDirectory directory) {
+    const auto entries = readDirectory(directory);
+    if (!entries) {
+        TellFailure();
+        return;
+    }
+    std::vector<PickerRow> rows;
+    for (const DirectoryEntry& entry : *entries) rows.push_back({entry.code, entry.name});
+    PickerWindow(shown(titleOf(directory)), std::move(rows), this).choose();
+}
+
+void AccountWindow::DoDataExchange(bool isSaving) {
+    if (isSaving) {
+        m_typed = m_form.entry();
+        m_typed.code = m_ui->sCode->text().toStdString();
+        m_typed.name = m_ui->sName->text().toStdString();
+        m_typed.className = m_ui->sType->currentText().toStdString();
+        m_typed.page = m_ui->sPage->currentText().toStdString();
+        m_typed.mnemonic = m_ui->sHelp->text().toStdString();
+        m_typed.keepsForeign = m_ui->keepsForeign->isChecked();
+        m_typed.currencyId = m_typed.keepsForeign ? m_ui->byExchId->currentData().toInt() : 0;
+        m_typed.keepsQuantity = m_ui->bAmount->isChecked();
+        m_typed.unit = m_ui->sUnit->text().toStdString();
+        for (const BookBox& book : bookBoxes)
+            m_typed.books.*book.book = (m_ui.get()->*book.box)->isChecked();
+        return;
+    }
+    m_typed = m_form.entry();
+    m_ui->sCode->setText(shown(m_typed.code));
+    m_ui->sName->setText(shown(m_typed.name));
+    select(m_ui->sType, m_typed.className);
+    select(m_ui->sPage, m_typed.page);
+    m_ui->sHelp->setText(shown(m_typed.mnemonic));
+    m_ui->keepsForeign->setChecked(m_typed.keepsForeign);
+    m_ui->byExchId->setCurrentIndex(m_ui->byExchId->findData(m_typed.currencyId));
+    m_ui->bAmount->setChecked(m_typed.keepsQuantity);
+    m_ui->sUnit->setText(shown(m_typed.unit));
+    for (const BookBox& book : bookBoxes)
+        (m_ui.get()->*book.box)->setChecked(m_typed.books.*book.book);
+}
+
+void AccountWindow::showForm() {
+    m_isShowing = true;
+    UpdateData(false);
+    m_isShowing = false;
+    m_isClassChosen = false;
+    m_proposedMnemonic = m_typed.mnemonic;
+    reflectChecks();
+    reflectArrows();
+    showUse({});
+    m_ui->sCode->setFocus();
+    m_ui->sCode->selectAll();
+}
+
+void AccountWindow::reflectChecks() {
+    const bool keepsForeign = m_ui->keepsForeign->isChecked();
+    for (QWidget* field :
+         {static_cast<QWidget*>(m_ui->byExchId), static_cast<QWidget*>(m_ui->currencyBrowse)})
+        field->setEnabled(keepsForeign);
+    m_ui->sUnit->setEnabled(m_ui->bAmount->isChecked());
+}
+
+void AccountWindow::reflectArrows() {
+    using Step = AccountForm::Step;
+    const bool hasPrevious = !m_form.neighbour(Step::previous).empty();
+    const bool hasNext = !m_form.neighbour(Step::next).empty();
+    m_ui->first->setEnabled(hasPrevious);
+    m_ui->previous->setEnabled(hasPrevious);
+    m_ui->next->setEnabled(hasNext);
+    m_ui->last->setEnabled(hasNext);
+}
+
+void AccountWindow::followCode() {
+    if (m_isShowing || m_isClassChosen || !m_form.isAdding()) return;
+    const std::string proposed = m_form.classFor(m_ui->sCode->text().toStdString());
+    if (!proposed.empty()) select(m_ui->sType, proposed);
+}
+
+void AccountWindow::followName() {
+    if (m_isShowing || !m_form.isAdding()) return;
+    // Once the operator has put something else there, or nothing, it is theirs.
+    if (m_ui->sHelp->text().toStdString() != m_proposedMnemonic) return;
+    m_proposedMnemonic = AccountForm::mnemonicFor(m_ui->sName->text().toStdString());
+    m_ui->sHelp->setText(shown(m_proposedMnemonic));
+}
+
+void AccountWindow::showUse(const std::string& usedCode) {
+    m_usedCode = usedCode;
+    m_ui->usedButton->setVisible(!usedCode.empty());
+}
+
+void AccountWindow::focusOn(const std::string& field) {
+    if (field.empty()) return;
+    auto* widget = findChild<QWidget*>(shown(field));
+    if (widget) widget->setFocus(Qt::OtherFocusReason);
+    if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
+}
+
+void AccountWindow::save() {
+    UpdateData();
+    const bool wasAdding = m_form.isAdding();
+    const AccountChange change = m_form.save(m_typed);
+    switch (change.outcome) {
+        case Outcome::done:
+            m_observers.saved(change.account);
+            if (wasAdding) {
+                showForm();
+            } else {
+                EndDialog(Accepted);
+            }
+            break;
+        case Outcome::stale:
+            m_hasMetForeignChange = true;
+            EndDialog(Rejected);
+            break;
+        default:
+            showUse(change.usedCode);
+            focusOn(change.focusField);
+    }
+}
+
+bool AccountWindow::mayLeaveInput() {
+    UpdateData();
+    if (!m_form.isChanged(m_typed)) return true;
+    return messages().ask({.text = form_texts::discardInput,
+                           .icon = MessageIcon::warning,
+                           .preset = Answer::no}) == Answer::yes;
+}
+
+void AccountWindow::move(AccountForm::Step step) {
+    if (!mayLeaveInput()) return;
+    const std::string code = m_form.neighbour(step);
+    if (code.empty()) return;
+    if (!m_form.goTo(code)) {
+        m_hasMetForeignChange = true;
+        messages().tell({.text = account_texts::deletedMeanwhile(code)});
+        return;
+    }
+    showForm();
+    m_observers.moved(code);
+}
+
+void AccountWindow::OnOK() { save(); }
+
+void AccountWindow::OnCancel() {
+    if (mayLeaveInput()) EndDialog(Rejected);
+}
+
+void AccountWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    guarded([this] { OnCancel(); })();
+}
+
+}  // namespace chengheng

@@ -1,0 +1,89 @@
+#include "accounts/window/chart_model.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/screen/colours.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::array chartColumns{
+    GridColumn{"级\n次", 4, CellAlignment::centre},
+    GridColumn{"科目编码", 18},
+    GridColumn{"科目名称 ", 34},
+    GridColumn{"外币币种", 18},
+    GridColumn{"辅助核算", 11},
+};
+
+}  // namespace
+
+ChartModel::ChartModel(ChartScreen& screen, ChartSearch& search)
+    : GridModel(chartColumns), m_screen(screen), m_search(search) {}
+
+int ChartModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : std::max(1, m_screen.count());
+}
+
+QString ChartModel::text(int row, int column) const {
+    return QString::fromStdString(m_screen.text(row, static_cast<ChartColumn>(column)));
+}
+
+QColor ChartModel::background(int row, int) const {
+    return m_search.isMatch(row) ? colours::found : QColor();
+}
+
+bool ChartModel::load(std::string_view category) {
+    beginResetModel();
+    const bool isRead = m_screen.load(category);
+    m_search.repeat();
+    endResetModel();
+    return isRead;
+}
+
+int ChartModel::place(const _CodeInfo& account) {
+    const int before = m_screen.rowOfId(account.lId);
+    const bool isListed = m_screen.isListed(account);
+    if (before >= 0 && isListed && m_screen.row(before).code == account.sCode) {
+        m_screen.replace(before, account);
+        tellChanged(before);
+        m_search.repeat();
+        return before;
+    }
+    if (before >= 0) remove(before);
+    if (!isListed) return -1;
+    const int row = m_screen.placeOf(account.sCode);
+    insertRow(row, account);
+    m_search.repeat();
+    return row;
+}
+
+void ChartModel::insertRow(int row, const _CodeInfo& account) {
+    if (m_screen.isEmpty()) {
+        m_screen.insert(0, account);
+        tellChanged(0);
+        return;
+    }
+    beginInsertRows({}, row, row);
+    m_screen.insert(row, account);
+    endInsertRows();
+}
+
+void ChartModel::remove(int row) {
+    if (m_screen.count() == 1) {
+        m_screen.remove(0);
+        tellChanged(0);
+    } else {
+        beginRemoveRows({}, row, row);
+        m_screen.remove(row);
+        endRemoveRows();
+    }
+    m_search.repeat();
+}
+
+void ChartModel::search(std::string_view text) {
+    m_search.type(text);
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {Qt::BackgroundRole});
+}
+
+}  // namespace chengheng

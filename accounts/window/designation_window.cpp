@@ -1,0 +1,80 @@
+#include "accounts/window/designation_window.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "accounts/account_dialog_texts.h"
+#include "host/screen/resources.h"
+#include "host/screen/screen_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int designationTemplate = 129;
+constexpr int pictureSize = 64;
+constexpr int listCharacters = 34;
+
+QString shown(const char* text) { return QString::fromUtf8(text); }
+
+void fill(QComboBox* list, const DesignationChoices& choices, int chosen) {
+    for (const std::string& account : choices.accounts)
+        list->addItem(QString::fromStdString(account));
+    list->setCurrentIndex(chosen);
+}
+
+}  // namespace
+
+DesignationWindow::DesignationWindow(QWidget* parent)
+    : CNxMiddleDialog(designationTemplate, parent), m_service(messages()) {
+    setWindowTitle(shown(account_dialog_texts::designateTitle));
+}
+
+bool DesignationWindow::OnInitDialog() {
+    buildControls();
+    const DesignationChoices choices = m_service.choices();
+    fill(m_cash, choices, choices.cash);
+    fill(m_bank, choices, choices.bank);
+    m_cash->setFocus();
+    return false;
+}
+
+void DesignationWindow::buildControls() {
+    auto* picture = new QLabel(this);
+    picture->setPixmap(toolIcon("designate").pixmap(pictureSize, pictureSize));
+    auto* form = new QFormLayout;
+    m_cash = new QComboBox(this);
+    m_bank = new QComboBox(this);
+    for (QComboBox* list : {m_cash, m_bank})
+        list->setMinimumWidth(listCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
+    form->addRow(shown(account_dialog_texts::designateCash), m_cash);
+    form->addRow(shown(account_dialog_texts::designateBank), m_bank);
+    auto* buttons = new QDialogButtonBox(this);
+    auto* note =
+        buttons->addButton(shown(account_dialog_texts::designateNote), QDialogButtonBox::HelpRole);
+    note->hide();
+    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
+    confirm->setDefault(true);
+    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { OnOK(); }));
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+
+    auto* fields = new QHBoxLayout;
+    fields->addWidget(picture);
+    fields->addLayout(form, 1);
+    auto* rows = new QVBoxLayout(this);
+    rows->addLayout(fields);
+    rows->addWidget(buttons);
+}
+
+void DesignationWindow::OnOK() {
+    const bool isClosing = m_service.designate(m_cash->currentText().toStdString(),
+                                               m_bank->currentText().toStdString());
+    if (isClosing) EndDialog(Accepted);
+}
+
+}  // namespace chengheng

@@ -1,0 +1,41 @@
+#include "accounts/window/find_account_window.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "accounts/chart_texts.h"
+#include "host/screen/screen_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int findTemplate = 125;
+constexpr int fieldCharacters = 28;
+
+}  // namespace
+
+FindAccountWindow::FindAccountWindow(QWidget* parent)
+    : DialogFrame(findTemplate, parent), m_field(new QLineEdit(this)) {
+    setWindowTitle(QString::fromUtf8(chart_texts::findTitle));
+    m_field->setMinimumWidth(fieldCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
+    auto* form = new QFormLayout;
+    form->addRow(QString::fromUtf8(chart_texts::findLabel), m_field);
+    auto* buttons = new QDialogButtonBox(this);
+    auto* confirm =
+        buttons->addButton(QString::fromUtf8(screen_texts::confirm), QDialogButtonBox::AcceptRole);
+    confirm->setDefault(true);
+    buttons->addButton(QString::fromUtf8(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    auto* rows = new QVBoxLayout(this);
+    rows->addLayout(form);
+    rows->addWidget(buttons);
+    m_field->setFocus();
+}
+
+std::string FindAccountWindow::wanted() const { return m_field->text().toStdString(); }
+
+}  // namespace chengheng

@@ -1,0 +1,76 @@
+#include "accounts/window/print_range_window.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "accounts/account_dialog_texts.h"
+#include "host/screen/screen_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int printRangeTemplate = 131;
+constexpr int fieldCharacters = 24;
+
+QString shown(const char* text) { return QString::fromUtf8(text); }
+
+}  // namespace
+
+PrintRangeWindow::PrintRangeWindow(int levels, QWidget* parent)
+    : CNxMiddleDialog(printRangeTemplate, parent), m_levels(std::max(1, levels)) {
+    setWindowTitle(shown(account_dialog_texts::rangeTitle));
+    buildControls();
+}
+
+void PrintRangeWindow::buildControls() {
+    auto* form = new QFormLayout;
+    m_firstCode = new QLineEdit(this);
+    m_lastCode = new QLineEdit(this);
+    for (QLineEdit* code : {m_firstCode, m_lastCode}) {
+        code->setMinimumWidth(fieldCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
+        code->setPlaceholderText(shown(account_dialog_texts::rangeOpen));
+    }
+    m_firstLevel = new QSpinBox(this);
+    m_lastLevel = new QSpinBox(this);
+    for (QSpinBox* level : {m_firstLevel, m_lastLevel}) level->setRange(1, m_levels);
+    m_lastLevel->setValue(m_levels);
+    m_firstLevel->setObjectName(QStringLiteral("firstLevel"));
+    m_lastLevel->setObjectName(QStringLiteral("lastLevel"));
+    form->addRow(shown(account_dialog_texts::rangeFirstCode), m_firstCode);
+    form->addRow(shown(account_dialog_texts::rangeLastCode), m_lastCode);
+    form->addRow(shown(account_dialog_texts::rangeFirstLevel), m_firstLevel);
+    form->addRow(shown(account_dialog_texts::rangeLastLevel), m_lastLevel);
+    auto* buttons = new QDialogButtonBox(this);
+    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
+    confirm->setDefault(true);
+    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { OnOK(); }));
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    auto* rows = new QVBoxLayout(this);
+    rows->addLayout(form);
+    rows->addWidget(buttons);
+}
+
+ChartRange PrintRangeWindow::range() const {
+    return {.firstCode = m_firstCode->text().trimmed().toStdString(),
+            .lastCode = m_lastCode->text().trimmed().toStdString(),
+            .firstLevel = m_firstLevel->value(),
+            .lastLevel = m_lastLevel->value()};
+}
+
+void PrintRangeWindow::OnOK() {
+    if (m_firstLevel->value() <= m_lastLevel->value()) {
+        EndDialog(Accepted);
+        return;
+    }
+    messages().tell({.text = account_dialog_texts::rangeReversed,
+                     .beep = true,
+                     .focusField = m_lastLevel->objectName().toStdString()});
+}
+
+}  // namespace chengheng

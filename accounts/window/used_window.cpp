@@ -1,0 +1,129 @@
+#include "accounts/window/used_window.h"
+
+#include <fmt/format.h>
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QStringListModel>
+#include <QVBoxLayout>
+
+#include "accounts/account_dialog_texts.h"
+#include "host/screen/CVCF1.h"
+#include "host/screen/grid_model.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int usedTemplate = 128;
+constexpr QSize openingSize(760, 420);
+constexpr int placesWidth = 180;
+constexpr int columnCharacters = 16;
+
+QString shown(const char* text) { return QString::fromUtf8(text); }
+QString shown(const std::string& text) { return QString::fromStdString(text); }
+
+std::vector<GridColumn> columnsOf(const UseSection& section) {
+    std::vector<GridColumn> columns;
+    for (const std::string& heading : section.headings)
+        columns.push_back({heading.c_str(), columnCharacters});
+    return columns;
+}
+
+}  // namespace
+
+/// What stands in one place.
+class UseRows final : public GridModel {
+  public:
+    explicit UseRows(const UseSection& section)
+        : GridModel({}), m_section(section), m_columns(columnsOf(section)) {
+        setGridColumns(m_columns);
+    }
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(m_section.rows.size());
+    }
+
+  protected:
+    QString text(int row, int column) const override {
+        const auto& cells = m_section.rows[static_cast<std::size_t>(row)];
+        const auto place = static_cast<std::size_t>(column);
+        return place < cells.size() ? shown(cells[place]) : QString();
+    }
+
+  private:
+    const UseSection& m_section;
+    std::vector<GridColumn> m_columns;
+};
+
+UsedWindow::UsedWindow(std::string code, QWidget* parent)
+    : CNxMiddleDialog(usedTemplate, parent), m_code(std::move(code)) {
+    setWindowTitle(shown(account_dialog_texts::usedTitle));
+}
+
+UsedWindow::~UsedWindow() = default;
+
+bool UsedWindow::OnInitDialog() {
+    if (!SelectDatabase() || !findUses(m_code, m_sections)) {
+        TellFailure();
+        EndDialog(Rejected);
+        return false;
+    }
+    buildControls();
+    resize(openingSize);
+    return true;
+}
+
+void UsedWindow::buildControls() {
+    const char* text =
+        m_sections.empty() ? account_dialog_texts::usedNowhere : account_dialog_texts::usedHeading;
+    auto* heading = new QLabel(shown(fmt::format(fmt::runtime(text), m_code)), this);
+    heading->setTextFormat(Qt::PlainText);
+    m_more = new QLabel(this);
+    m_more->setTextFormat(Qt::PlainText);
+    QStringList titles;
+    for (const UseSection& section : m_sections)
+        titles.append(shown(fmt::format(fmt::runtime(account_dialog_texts::usedPlace),
+                                        section.title, section.count)));
+    m_places = new QListView(this);
+    m_places->setModel(new QStringListModel(titles, this));
+    m_places->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_places->setAccessibleName(shown(account_dialog_texts::usedPlaces));
+    m_places->setFixedWidth(placesWidth);
+    m_grid = new CVCF1(shown(account_dialog_texts::usedRows), CVCF1::Unit::row, this);
+    m_grid->horizontalHeader()->setStretchLastSection(true);
+    auto* buttons = new QDialogButtonBox(this);
+    buttons->addButton(shown(account_dialog_texts::close), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    connect(m_places->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) { showPlace(current.row()); });
+
+    auto* columns = new QHBoxLayout;
+    columns->addWidget(m_places);
+    columns->addWidget(m_grid, 1);
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(heading);
+    rows->addLayout(columns, 1);
+    rows->addWidget(m_more);
+    rows->addWidget(buttons);
+    m_places->setCurrentIndex(m_places->model()->index(0, 0));
+}
+
+void UsedWindow::showPlace(int place) {
+    if (place < 0) return;
+    const UseSection& section = m_sections[static_cast<std::size_t>(place)];
+    auto rows = std::make_unique<UseRows>(section);
+    m_grid->setGridModel(rows.get());
+    m_rows = std::move(rows);
+    m_grid->setCurrentRow(0);
+    const int listed = m_rows->rowCount();
+    m_more->setText(listed < section.count
+                        ? shown(fmt::format(fmt::runtime(account_dialog_texts::usedMore),
+                                            section.count, listed))
+                        : QString());
+}
+
+}  // namespace chengheng
