@@ -51,7 +51,7 @@ bool ChartScreen::load(std::string_view category) {
     if (!accounts.isRead()) return false;
     m_rows.reserve(accounts.rows().size());
     for (const _CodeInfo* account : accounts.rows()) m_rows.emplace_back(*account);
-    for (const ChartRow& row : m_rows) nameCurrency(row.currencyId);
+    for (const ListedAccount& row : m_rows) nameCurrency(row.currencyId);
     return true;
 }
 
@@ -60,19 +60,19 @@ void ChartScreen::nameCurrency(int currencyId) {
     m_currencies.emplace(currencyId, CGetData::GetExchName(g_lpszNbZwDBName, currencyId));
 }
 
-std::string ChartScreen::text(int row, ChartColumn column) const {
+std::string ChartScreen::text(int row, ListColumn column) const {
     if (row < 0 || row >= count()) return {};
-    const ChartRow& account = this->row(row);
+    const ListedAccount& account = this->row(row);
     switch (column) {
-        case ChartColumn::level:
+        case ListColumn::level:
             return std::to_string(account.grade);
-        case ChartColumn::code:
+        case ListColumn::code:
             return account.code;
-        case ChartColumn::name:
+        case ListColumn::name:
             return indentedName(account.name, account.grade);
-        case ChartColumn::currency:
+        case ListColumn::currency:
             return account.currencyId == 0 ? std::string() : m_currencies.at(account.currencyId);
-        case ChartColumn::auxiliary:
+        case ListColumn::auxiliary:
             return std::string(auxiliaryName(account.letters));
     }
     return {};
@@ -80,11 +80,11 @@ std::string ChartScreen::text(int row, ChartColumn column) const {
 
 std::string ChartScreen::countText() const { return std::to_string(m_rows.size()); }
 
-std::string ChartScreen::codeAt(int row) const { return text(row, ChartColumn::code); }
+std::string ChartScreen::codeAt(int row) const { return text(row, ListColumn::code); }
 
 int ChartScreen::placeOf(std::string_view code) const {
     const auto place = std::ranges::lower_bound(
-        m_rows, code, {}, [](const ChartRow& row) { return std::string_view(row.code); });
+        m_rows, code, {}, [](const ListedAccount& row) { return std::string_view(row.code); });
     return static_cast<int>(place - m_rows.begin());
 }
 
@@ -94,12 +94,12 @@ int ChartScreen::rowOfCode(std::string_view code) const {
 }
 
 int ChartScreen::rowOfId(int id) const {
-    const auto found = std::ranges::find(m_rows, id, &ChartRow::id);
+    const auto found = std::ranges::find(m_rows, id, &ListedAccount::id);
     return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 
 std::optional<int> ChartScreen::find(std::string_view text) const {
-    const auto found = std::ranges::find_if(m_rows, [text](const ChartRow& row) {
+    const auto found = std::ranges::find_if(m_rows, [text](const ListedAccount& row) {
         return isSameForFinding(row.code, text) || isSameForFinding(row.name, text);
     });
     if (found == m_rows.end()) return std::nullopt;
@@ -117,7 +117,7 @@ void ChartScreen::insert(int row, const _CodeInfo& account) {
 
 void ChartScreen::replace(int row, const _CodeInfo& account) {
     nameCurrency(account.byExchId);
-    m_rows[static_cast<std::size_t>(row)] = ChartRow(account);
+    m_rows[static_cast<std::size_t>(row)] = ListedAccount(account);
 }
 
 void ChartScreen::remove(int row) { m_rows.erase(m_rows.begin() + row); }

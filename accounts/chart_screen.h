@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "accounts/chart_row.h"
+#include "accounts/listed_account.h"
 
 namespace chengheng {
 
@@ -30,9 +30,9 @@ class ChartScreen {
 
     int count() const { return static_cast<int>(m_rows.size()); }
     bool isEmpty() const { return m_rows.empty(); }
-    const ChartRow& row(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    const ListedAccount& row(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
     /// What is read in a cell; empty on the blank line of an empty list.
-    std::string text(int row, ChartColumn column) const;
+    std::string text(int row, ListColumn column) const;
     std::string countText() const;
     /// The code of a row; empty on the blank line of an empty list.
     std::string codeAt(int row) const;
@@ -59,7 +59,7 @@ class ChartScreen {
 
     std::vector<std::string> m_tabs;
     std::string m_category;
-    std::vector<ChartRow> m_rows;
+    std::vector<ListedAccount> m_rows;
     std::map<int, std::string> m_currencies;
 };
 

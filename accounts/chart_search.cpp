@@ -17,7 +17,7 @@ void ChartSearch::repeat() {
     m_isActive = !wanted.isEmpty();
     if (!m_isActive) return;
     for (int row = 0; row < m_screen.count(); ++row) {
-        const ChartRow& account = m_screen.row(row);
+        const ListedAccount& account = m_screen.row(row);
         if (wanted.matches(account.code, account.name, account.mnemonic)) m_matches.push_back(row);
     }
 }

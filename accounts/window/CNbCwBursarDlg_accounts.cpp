@@ -76,7 +76,7 @@ void CNbCwBursarDlg::OnMenuDelete() {
     const int row = m_grid->currentRow();
     const std::string code = currentCode();
     chengheng::AccountService service(messages(), CodeLevels(m_levelPattern));
-    const auto change = service.remove(code, m_screen.text(row, chengheng::ChartColumn::name));
+    const auto change = service.remove(code, m_screen.text(row, chengheng::ListColumn::name));
     if (change.outcome == chengheng::Outcome::stale) tellGone(code);
     if (change.outcome != chengheng::Outcome::done) return;
     m_model->remove(row);

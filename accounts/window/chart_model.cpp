@@ -26,7 +26,7 @@ int ChartModel::rowCount(const QModelIndex& parent) const {
 }
 
 QString ChartModel::text(int row, int column) const {
-    return QString::fromStdString(m_screen.text(row, static_cast<ChartColumn>(column)));
+    return QString::fromStdString(m_screen.text(row, static_cast<ListColumn>(column)));
 }
 
 QColor ChartModel::background(int row, int) const {

@@ -9,11 +9,11 @@
 namespace chengheng {
 
 /// The columns of the chart, in their order.
-enum class ChartColumn { level, code, name, currency, auxiliary };
+enum class ListColumn { level, code, name, currency, auxiliary };
 
 /// An account as the chart lists it.
-struct ChartRow {
-    explicit ChartRow(const _CodeInfo& account)
+struct ListedAccount {
+    explicit ListedAccount(const _CodeInfo& account)
         : id(account.lId),
           grade(account.byGrade),
           currencyId(account.byExchId),
