@@ -1,6 +1,7 @@
 #include "accounts/account_service.h"
 
 #include "accounts/account_locks.h"
+#include "accounts/account_record.h"
 #include "accounts/account_texts.h"
 #include "accounts/chart_writing.h"
 #include "accounts/deletion_checks.h"
@@ -29,14 +30,6 @@ Result askAll(IMessages& messages, const std::vector<AccountQuestion>& questions
     return Result::done();
 }
 
-std::int16_t directionOf(const AccountFacts& facts) {
-    if (facts.entry.direction) return *facts.entry.direction;
-    const auto parent = facts.chart.accountOf(facts.parentCode());
-    if (parent) return parent->bDirect;
-    const int number = facts.categoryNumber();
-    return number == 0 ? std::int16_t{1} : facts.classes[number - 1].bDirect;
-}
-
 Result addChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
                   AccountChange& change) {
     const auto refusal = firstRefusal(additionChecks(), facts);
@@ -45,10 +38,7 @@ Result addChecked(IMessages& messages, const AccountFacts& facts, const StoredCh
     Result asked = askAll(messages, additionQuestions(facts), change);
     if (asked.outcome != Outcome::done) return asked;
     _CodeInfo& account = change.account;
-    fillRecord(facts.entry, account);
-    account.byGrade = static_cast<std::uint8_t>(facts.levels.gradeOf(account.sCode));
-    account.bEnd = 1;
-    account.bDirect = directionOf(facts);
+    account = newAccount(facts);
     if (!chart.isRead()) return Result::failed();
     return inOneUnit([&] {
         return inTurn(
@@ -66,9 +56,7 @@ Result modifyChecked(IMessages& messages, const AccountFacts& facts, const Store
     Result asked = askAll(messages, questions, change);
     if (asked.outcome != Outcome::done) return asked;
     _CodeInfo& account = change.account;
-    account = *facts.before;
-    fillRecord(facts.entry, account);
-    account.byGrade = static_cast<std::uint8_t>(facts.levels.gradeOf(account.sCode));
+    account = modifiedAccount(facts);
     const auto write = [&] { return editAccount(account); };
     if (!facts.isCodeChanged()) return inOneUnit(write);
     return inOneUnit([&] {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "data/records/accounts.h"
+
 /// Conditions and statements on accounts and on what refers to them. A code is matched as it
 /// stands: % and _ in it are plain characters.
 namespace chengheng::account_sql {
@@ -30,12 +32,18 @@ inline constexpr const char* designatedBank = "bBank <> 0 AND byGrade = 1";
 inline constexpr const char* all = "lId > 0 ORDER BY sCode";
 /// Every account class; the table's order is the order of the lists.
 inline constexpr const char* allClasses = "ORDER BY lNum, lId";
+/// Every currency in the order of their ids.
+inline constexpr const char* allCurrencies = "lId > 0 ORDER BY lId";
 
 /// The rows that name one of the accounts.
 std::string ofAccounts(std::span<const int> accountIds);
 /// The sums of one of the accounts with an opening balance other than zero.
 std::string openingOfAccounts(std::span<const int> accountIds);
 
+/// Adds accounts with the ids from a first one on.
+std::string addAccounts(std::span<const _CodeInfo> accounts, int firstId);
+/// Notes the last id given to an account.
+std::string setLastAccountId(int id);
 /// Makes an account an end account.
 std::string makeEndAccount(std::string_view code);
 /// Makes the accounts of one code cash accounts and those of another bank accounts, with those

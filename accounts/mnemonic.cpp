@@ -77,6 +77,12 @@ std::size_t appendInitials(std::string_view name, std::size_t at, std::string& i
 
 }  // namespace
 
+std::string inCapitals(std::string_view text) {
+    std::string capitals(text);
+    std::ranges::transform(capitals, capitals.begin(), capital);
+    return capitals;
+}
+
 std::string initialsOf(std::string_view name) {
     std::string initials;
     for (std::size_t at = 0; at < name.size();) at += appendInitials(name, at, initials);

@@ -58,4 +58,8 @@ std::string rows(UsePlace place, std::span<const int> accountIds, int most) {
         SqlFragment{account_sql::ofAccounts(accountIds)}, SqlFragment{found.order}, most);
 }
 
+std::string accountsIn(UsePlace place) {
+    return formatSql("SELECT DISTINCT lCodeId FROM %s", SqlFragment{rowsOf(place).table});
+}
+
 }  // namespace chengheng::where_used_sql

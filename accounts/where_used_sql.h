@@ -14,4 +14,10 @@ std::string count(UsePlace place, std::span<const int> accountIds);
 /// The first of those rows, with the columns in the order of useColumns.
 std::string rows(UsePlace place, std::span<const int> accountIds, int most);
 
+/// Ids of all accounts that a place holds.
+std::string accountsIn(UsePlace place);
+/// Ids of all accounts with an opening balance other than zero.
+inline constexpr const char* accountsWithOpening =
+    "SELECT DISTINCT lCodeId FROM AccSum WHERE mBegin <> 0";
+
 }  // namespace chengheng::where_used_sql

@@ -119,7 +119,9 @@ Refusal databaseRefusal(const DatabaseInMaking& made, const std::string& locatio
 
 Status fillNewBooks(CNbCwDB& database, const NewBooks& books, std::int32_t setId,
                     const std::string& hash) {
-    if (database.QRYExecuteSQL(books_sql::fillNewBooks(books, setId, hash)) != 0)
+    const auto accounts = templateAccounts(books.chart, books.levelPattern);
+    if (!accounts) return Status::of(Failure::refused, "the chart does not fit the books");
+    if (database.QRYExecuteSQL(books_sql::fillNewBooks(books, *accounts, setId, hash)) != 0)
         return Status::done();
     return database.lastStatus();
 }

@@ -1,5 +1,6 @@
 #include "host/books/books_sql.h"
 
+#include "accounts/account_sql.h"
 #include "data/format/sql_format.h"
 #include "data/records/all_records.h"
 #include "host/books/print_templates.h"
@@ -9,7 +10,6 @@ namespace chengheng::books_sql {
 namespace {
 
 constexpr std::size_t rightsLength = 255;
-constexpr const char* amountPage = "金额式";
 
 /// Collects statements, a line each, and counts the rows a table got.
 struct Batch {
@@ -45,17 +45,9 @@ void addClasses(Batch& batch, ChartTemplate chart) {
     batch.setLastId<_zCodeClassInfo>(id);
 }
 
-void addAccounts(Batch& batch, ChartTemplate chart) {
-    int id = 0;
-    for (const ChartAccount& account : chartAccounts(chart)) {
-        ++id;
-        batch.add(
-            "INSERT INTO Code VALUES( %d, '%s', '%s', '%s', 1, 1, %d, 0, 0, '', '', 0, %d, '%s', "
-            "0, '' )",
-            id, account.code, account.name, account.className, account.isDebit ? 1 : 0, id,
-            std::string_view(amountPage));
-    }
-    batch.setLastId<_CodeInfo>(id);
+void addAccounts(Batch& batch, std::span<const _CodeInfo> accounts) {
+    batch.text += account_sql::addAccounts(accounts, 1);
+    batch.setLastId<_CodeInfo>(static_cast<int>(accounts.size()));
 }
 
 void addRightsList(Batch& batch) {
@@ -92,11 +84,12 @@ void addPrintTemplates(Batch& batch) {
 
 }  // namespace
 
-std::string fillNewBooks(const NewBooks& books, std::int32_t setId, const std::string& hash) {
+std::string fillNewBooks(const NewBooks& books, std::span<const _CodeInfo> accounts,
+                         std::int32_t setId, const std::string& hash) {
     Batch batch;
     addParameters(batch, books, setId);
     addClasses(batch, books.chart);
-    addAccounts(batch, books.chart);
+    addAccounts(batch, accounts);
     addRightsList(batch);
     addSupervisor(batch, books.supervisor, hash);
     addPrintTemplates(batch);

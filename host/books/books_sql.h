@@ -1,15 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
+#include "data/records/accounts.h"
 #include "host/books/new_books.h"
 
 /// The statements of the shell and of the making of books.
 namespace chengheng::books_sql {
 
-/// Everything a new set of books holds, put into its empty tables; the password is hashed.
-std::string fillNewBooks(const NewBooks& books, std::int32_t setId, const std::string& hash);
+/// Everything a new set of books holds, put into its empty tables: the accounts get the ids
+/// from 1 on; the password is hashed.
+std::string fillNewBooks(const NewBooks& books, std::span<const _CodeInfo> accounts,
+                         std::int32_t setId, const std::string& hash);
 
 /// An operator by name.
 std::string ofOperator(const std::string& name);

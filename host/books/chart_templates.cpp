@@ -4,35 +4,27 @@
 #include <array>
 #include <utility>
 
+#include "accounts/account_texts.h"
+#include "accounts/chart_sheet.h"
+#include "accounts/import_plan.h"
+#include "host/sheets/delimited_text.h"
+
 namespace chengheng {
 namespace {
 
-constexpr std::string_view heading = "code,name,class,direction";
-constexpr std::string_view debit = "借";
-constexpr std::string_view credit = "贷";
-
-/// Takes what stands before the next separator off the front of the text.
-std::string_view takeUpTo(char separator, std::string_view& text) {
-    const std::size_t end = std::min(text.find(separator), text.size());
-    const std::string_view part = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    return part;
+bool readFile(std::string_view file, ChartSheet& chart) {
+    Sheet sheet;
+    return !readCsv(file, sheet) && !readChartSheet(sheet, chart);
 }
 
-std::string_view takeLine(std::string_view& text) {
-    std::string_view line = takeUpTo('\n', text);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-}
-
-std::optional<ChartAccount> readAccount(std::string_view line) {
-    ChartAccount account;
-    account.code = takeUpTo(',', line);
-    account.name = takeUpTo(',', line);
-    account.className = takeUpTo(',', line);
-    account.isDebit = line == debit;
+std::optional<ChartAccount> readAccount(const ChartRow& row) {
+    const std::string direction = row.at(ChartField::direction).value_or("");
+    const ChartAccount account{
+        row.at(ChartField::code).value_or(""), row.at(ChartField::name).value_or(""),
+        row.at(ChartField::className).value_or(""), direction == account_texts::debit};
     const bool isRead = !account.code.empty() && !account.name.empty() &&
-                        !account.className.empty() && (line == debit || line == credit);
+                        !account.className.empty() &&
+                        (account.isDebit || direction == account_texts::credit);
     return isRead ? std::optional(account) : std::nullopt;
 }
 
@@ -45,10 +37,11 @@ constexpr std::array<std::pair<ChartTemplate, std::string_view>, 3> words{{
 }  // namespace
 
 std::optional<std::vector<ChartAccount>> readChart(std::string_view file) {
-    if (takeLine(file) != heading) return std::nullopt;
+    ChartSheet chart;
+    if (!readFile(file, chart)) return std::nullopt;
     std::vector<ChartAccount> accounts;
-    while (!file.empty()) {
-        const auto account = readAccount(takeLine(file));
+    for (const ChartRow& row : chart.rows) {
+        const auto account = readAccount(row);
         if (!account) return std::nullopt;
         accounts.push_back(*account);
     }
@@ -68,6 +61,21 @@ const std::vector<ChartAccount>& chartAccounts(ChartTemplate chart) {
             break;
     }
     return none;
+}
+
+std::optional<std::vector<_CodeInfo>> templateAccounts(ChartTemplate chart,
+                                                       const std::string& levelPattern) {
+    if (chart == ChartTemplate::empty) return std::vector<_CodeInfo>();
+    ChartState state{.levelPattern = levelPattern};
+    for (const ChartClass& found : chartClasses(chart)) {
+        const auto number = static_cast<std::int32_t>(state.classes.size()) + 1;
+        state.classes.push_back({number, number, std::string(found.name),
+                                 static_cast<std::int16_t>(found.isDebit ? 1 : 0)});
+    }
+    ChartSheet sheet;
+    if (!readFile(chartFile(chart), sheet)) return std::nullopt;
+    const ImportPlan plan = planImport(sheet, state);
+    return plan.isAcceptable() ? std::optional(plan.added) : std::nullopt;
 }
 
 std::vector<ChartClass> chartClasses(ChartTemplate chart) {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
+
+#include "data/records/accounts.h"
 
 namespace chengheng {
 
@@ -15,9 +18,9 @@ enum class ChartTemplate {
 
 /// A top-level account of a template.
 struct ChartAccount {
-    std::string_view code;
-    std::string_view name;
-    std::string_view className;
+    std::string code;
+    std::string name;
+    std::string className;
     bool isDebit = false;
 };
 
@@ -30,11 +33,17 @@ struct ChartClass {
 /// The data file of a chart: a heading line, then "code,name,class,direction" a line.
 std::string_view chartFile(ChartTemplate chart);
 
-/// The accounts of a chart file in its order; nothing when a line of it cannot be read.
+/// The accounts of a chart file in its order, read as any imported chart is; nothing when a line of
+/// it cannot be read.
 std::optional<std::vector<ChartAccount>> readChart(std::string_view file);
 
 /// The accounts of a template; the empty one has none.
 const std::vector<ChartAccount>& chartAccounts(ChartTemplate chart);
+
+/// The accounts that an import of a template adds to empty books with its classes; nothing when
+/// the pattern refuses their codes.
+std::optional<std::vector<_CodeInfo>> templateAccounts(ChartTemplate chart,
+                                                       const std::string& levelPattern);
 
 /// The classes of a template in statutory order, which is the order of the codes. A class is
 /// of the nature of its first account: 损益 is credit-natured, its first account being income.
