@@ -19,7 +19,7 @@ inline constexpr const char* footer =
     "  3  帐套、文件或服务器出错(不存在、不是帐套、已损坏、版本太新、只读、占用、\n"
     "     连不上、磁盘已满),什么都没有改变\n"
     "  4  目标已经存在,没有改动它\n"
-    "  5  给出的内容不合规定(科目级长、年份、口令等)";
+    "  5  给出的内容不合规定(科目级长、年份、口令、导入的科目等)";
 
 inline constexpr const char* optionGroup = "选项";
 inline constexpr const char* commandGroup = "命令";
@@ -88,6 +88,22 @@ inline constexpr const char* restoreCommand = "从备份文件恢复帐套";
 inline constexpr const char* restored = "已从“{}”恢复帐套“{}”,并核对无误。";
 inline constexpr const char* copyCommand = "复制帐套,文件与服务器之间也可以";
 inline constexpr const char* copied = "帐套“{}”已复制到“{}”,并核对无误。";
+
+inline constexpr const char* importChartCommand = "从表格文件导入科目,与逐个增加、修改的规则相同";
+inline constexpr const char* importFileArgument =
+    "CSV 或 XLSX 文件,标题行中有“科目编码”和“科目名称”";
+inline constexpr const char* dryRunOption = "只列出每一行的处理结果,不改动帐套";
+inline constexpr const char* acceptOption = "接受所有需要确认的内容";
+inline constexpr const char* plannedRow = "第 {} 行 {} {} {}\n";
+inline constexpr const char* plannedQuestion = "    需确认:{}\n";
+inline constexpr const char* plannedRefusal = "    {}\n";
+inline constexpr const char* ignoredHeading = "不认识标题“{}”,该列没有导入。\n";
+inline constexpr const char* planSummary = "新增 {} 行,修改 {} 行,不变 {} 行,拒绝 {} 行。\n";
+inline constexpr const char* imported = "已导入“{}”。";
+inline constexpr const char* notAccepted = "没有导入。确认无误后请加 --accept 重新执行。";
+inline constexpr const char* exportChartCommand = "把科目导出为表格文件,可以原样导入";
+inline constexpr const char* exportFileArgument = "要写入的文件,以 .csv 或 .xlsx 结尾";
+inline constexpr const char* exported = "科目已导出到“{}”。";
 
 /// What is wrong with a command line; the name is that of the parser's error.
 std::string wrongUsage(std::string_view errorName, std::string_view detail);
