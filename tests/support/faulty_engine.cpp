@@ -1,5 +1,7 @@
 #include "tests/support/faulty_engine.h"
 
+#include <signal.h>
+
 namespace chengheng {
 namespace {
 
@@ -40,6 +42,7 @@ void FaultyEngine::failCall(int number, Failure failure) {
 
 Status FaultyEngine::enter() {
     ++m_calls;
+    if (m_calls == m_dieAt) raise(SIGKILL);
     if (m_isLost) return Status::of(Failure::lost, explanation);
     if (m_calls != m_failAt) return Status::done();
     m_isLost = m_failure == Failure::lost;

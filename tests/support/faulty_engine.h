@@ -19,6 +19,8 @@ class FaultyEngine final : public Engine {
 
     /// The n-th call from now on, counted from 1, fails; 0 lets all go well.
     void failCall(int number, Failure failure = Failure::full);
+    /// The process ends before the n-th call from now on, as a power failure would end it.
+    void dieAtCall(int number) { m_dieAt = m_calls + number; }
     /// Calls since the last failCall.
     int calls() const { return m_calls; }
     /// Whether the call that was to fail was reached.
@@ -58,6 +60,7 @@ class FaultyEngine final : public Engine {
     LockService* m_locks = nullptr;
     Failure m_failure = Failure::none;
     int m_failAt = 0;
+    int m_dieAt = 0;
     int m_calls = 0;
     bool m_isLost = false;
 };

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include "settle/settle_form.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/other_workstation.h"
+#include "tests/support/settle_books.h"
+
+namespace {
+
+using namespace chengheng;
+
+using Texts = std::vector<std::string>;
+
+constexpr const char* gone = "该结算方式已被其他工作站删除,列表已重新读入。";
+constexpr const char* changed = "该结算方式已被其他工作站修改,本次操作没有进行,列表已重新读入。";
+
+/// While a lock is waited for, the other workstation ends its own change.
+class OtherGoesOn final : public LockWaiter {
+  public:
+    explicit OtherGoesOn(std::function<void()> goOn) : m_goOn(std::move(goOn)) {}
+    bool keepWaiting(const LockHolder&, std::chrono::milliseconds) override {
+        if (m_goOn) std::exchange(m_goOn, nullptr)();
+        return true;
+    }
+
+  private:
+    std::function<void()> m_goOn;
+};
+
+/// This workstation with the window open on the first method, and another one on the same books.
+class SettleWorkstations : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_books.insert({"1 现金 0", "2 支票 1"});
+        m_form.open();
+    }
+    void TearDown() override { m_books.database.setLockWaiter(nullptr); }
+
+    void otherDoes(const std::string& sql) {
+        const Status status = m_other.ask("sql " + sql);
+        ASSERT_TRUE(status) << status.detail;
+    }
+    Texts leaves() const {
+        Texts texts;
+        for (const Leaf& leaf : m_form.leaves().all()) texts.push_back(leaf.text);
+        return texts;
+    }
+
+    std::string m_location = freshLocation(GetParam());
+    SettleBooks m_books{m_location};
+    OtherWorkstation m_other{m_location};
+    SettleForm m_form{m_books.messages};
+};
+
+TEST_P(SettleWorkstations, OneThatIsAtWorkKeepsTheOthersChangeOut) {
+    PatientWaiter impatient{std::chrono::milliseconds(0)};
+    m_books.database.setLockWaiter(&impatient);
+    ASSERT_TRUE(m_other.lock("Settle", LockMode::exclusive));
+    m_form.input.name = "现款";
+    EXPECT_FALSE(m_form.save());
+    EXPECT_EQ(m_books.messages.notices().size(), 1u);
+    EXPECT_FALSE(m_books.holdsLocks());
+    EXPECT_EQ(m_form.input.name, "现款");
+    m_other.unlock("Settle", LockMode::exclusive);
+    EXPECT_TRUE(m_form.save());
+    EXPECT_EQ(m_books.stored(), (Texts{"1 1 现款 0", "2 2 支票 1"}));
+}
+
+TEST_P(SettleWorkstations, AVoucherBeingWrittenKeepsADeletionOut) {
+    PatientWaiter impatient{std::chrono::milliseconds(0)};
+    m_books.database.setLockWaiter(&impatient);
+    ASSERT_TRUE(m_other.lock("UnregMain UnregSub", LockMode::exclusive));
+    m_books.messages.willAnswer(Answer::yes);
+    m_form.remove(1);
+    EXPECT_EQ(m_books.messages.notices().size(), 1u);
+    EXPECT_EQ(m_books.stored().size(), 2u);
+    EXPECT_FALSE(m_books.holdsLocks());
+}
+
+TEST_P(SettleWorkstations, OfTwoThatModifyTheSameMethodTheSecondLearnsOfTheFirst) {
+    ASSERT_TRUE(m_other.lock("Settle", LockMode::exclusive));
+    OtherGoesOn waiter([this] {
+        otherDoes("UPDATE Settle SET sSettle = '库存' WHERE lId = 1");
+        m_other.unlock("Settle", LockMode::exclusive);
+    });
+    m_books.database.setLockWaiter(&waiter);
+    m_form.input.name = "现款";
+    EXPECT_FALSE(m_form.save());
+    EXPECT_EQ(m_books.messages.onlyNotice().text, changed);
+    EXPECT_EQ(m_books.stored()[0], "1 1 库存 0");
+    EXPECT_EQ(leaves(), (Texts{"1 库存", "2 支票"}));
+    EXPECT_EQ(m_form.input.name, "库存");
+}
+
+TEST_P(SettleWorkstations, OfTwoThatAddTheSameNumberTheSecondIsRefused) {
+    ASSERT_TRUE(m_other.lock("Settle", LockMode::exclusive));
+    OtherGoesOn waiter([this] {
+        otherDoes("INSERT INTO Settle (lId, sStlId, sSettle) VALUES (3, '3', '汇兑')");
+        m_other.unlock("Settle", LockMode::exclusive);
+    });
+    m_books.database.setLockWaiter(&waiter);
+    m_form.startAdding();
+    m_form.input = {"3", "承兑", false};
+    EXPECT_FALSE(m_form.save());
+    EXPECT_EQ(m_books.messages.onlyNotice().text, "结算方式号重复,不能增加!");
+    EXPECT_EQ(m_books.stored().size(), 3u);
+}
+
+TEST_P(SettleWorkstations, AMethodDeletedElsewhereIsNotModified) {
+    otherDoes("DELETE FROM Settle WHERE lId = 1");
+    m_form.input.name = "现款";
+    EXPECT_FALSE(m_form.save());
+    EXPECT_EQ(m_books.messages.onlyNotice().text, gone);
+    EXPECT_EQ(leaves(), Texts{"2 支票"});
+    EXPECT_EQ(m_form.selectedId(), 2);
+}
+
+TEST_P(SettleWorkstations, AMethodDeletedElsewhereIsLeftAloneWithoutAWord) {
+    m_books.messages.whileShown(
+        [this](const std::string&) { otherDoes("DELETE FROM Settle WHERE lId = 1"); });
+    m_books.messages.willAnswer(Answer::yes);
+    m_form.remove(1);
+    EXPECT_TRUE(m_books.messages.notices().empty());
+    EXPECT_EQ(leaves(), Texts{"2 支票"});
+}
+
+TEST_P(SettleWorkstations, AMethodPutToUseWhileItsDeletionIsConfirmedStays) {
+    m_books.messages.whileShown([this](const std::string& text) {
+        if (text.starts_with("是否"))
+            otherDoes("INSERT INTO RecpBank (lId, sNoteMethod) VALUES (1, '1')");
+    });
+    m_books.messages.willAnswer(Answer::yes);
+    m_form.remove(1);
+    EXPECT_EQ(m_books.messages.texts().back(), "该结算方式已使用, 不能删除!");
+    EXPECT_EQ(m_books.stored().size(), 2u);
+}
+
+CHENGHENG_ON_SHARED_ENGINES(SettleWorkstations);
+
+}  // namespace

@@ -1,0 +1,41 @@
+#include "tests/support/killed_process.h"
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <stdexcept>
+
+#include "tests/support/engine_cases.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int workWentWrong = 3;
+
+int workToItsEnd(const std::string& location,
+                 const std::function<void(std::unique_ptr<FaultyEngine>)>& work) {
+    try {
+        work(std::make_unique<FaultyEngine>(openForTest(location, OpenMode::existing)));
+        return 0;
+    } catch (const std::exception&) {
+        return workWentWrong;
+    }
+}
+
+}  // namespace
+
+bool isKilledAtWork(const std::string& location,
+                    const std::function<void(std::unique_ptr<FaultyEngine>)>& work) {
+    const pid_t child = fork();
+    if (child < 0) throw std::runtime_error("no second process");
+    if (child == 0) _exit(workToItsEnd(location, work));
+    int result = 0;
+    waitpid(child, &result, 0);
+    if (WIFSIGNALED(result) && WTERMSIG(result) == SIGKILL) return true;
+    if (!WIFEXITED(result) || WEXITSTATUS(result) != 0)
+        throw std::runtime_error("the work to be killed went wrong");
+    return false;
+}
+
+}  // namespace chengheng

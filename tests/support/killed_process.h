@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "tests/support/faulty_engine.h"
+
+namespace chengheng {
+
+/// Runs work on books in a process of its own. True when it was killed on the way, as by
+/// FaultyEngine::dieAtCall; false when it came to its end; throws when it went wrong. The caller
+/// must have no connection to the books meanwhile.
+bool isKilledAtWork(const std::string& location,
+                    const std::function<void(std::unique_ptr<FaultyEngine> books)>& work);
+
+}  // namespace chengheng
