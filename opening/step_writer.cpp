@@ -69,12 +69,25 @@ Status readIsSameAccount(const OpeningAccount& account, bool& isSame) {
     return status.failure == Failure::missing ? Status::done() : status;
 }
 
-/// Whether the rows of an account above others are those that its figures give.
-bool isAsPosted(const OpeningAccount& account, const StoredSums& stored, OpeningLayout layout) {
-    if (!stored.hasRows()) return !deservesRows(account, layout);
-    if (layout == OpeningLayout::midYear)
-        return stored.balances.front() == account.balance(Measure::money);
-    return stored.balances == account.balances;
+/// Whether an account or one below it keeps foreign currency or quantity.
+bool keepsMoreThanMoney(std::span<const OpeningAccount> accounts, std::size_t place) {
+    const std::string& code = accounts[place].code;
+    for (; place < accounts.size() && accounts[place].code.starts_with(code); ++place)
+        if (accounts[place].keeps(Measure::foreign) || accounts[place].keeps(Measure::quantity))
+            return true;
+    return false;
+}
+
+/// Whether the rows of an account above others are those that its figures give. No rows tell
+/// only that there is no money.
+bool isAsPosted(const OpeningSheet& sheet, std::size_t place, const StoredSums& stored) {
+    const OpeningAccount& account = sheet.accounts()[place];
+    const bool isSimple = sheet.layout() == OpeningLayout::simple;
+    if (!stored.hasRows())
+        return !deservesRows(account, sheet.layout()) &&
+               !(isSimple && keepsMoreThanMoney(sheet.accounts(), place));
+    if (isSimple) return stored.balances == account.balances;
+    return stored.balances.front() == account.balance(Measure::money);
 }
 
 }  // namespace
@@ -151,7 +164,7 @@ Status StepWriter::compare(Place& place, bool& isCurrent) {
     Status status = readStoredSums(*g_pDB, account, layout, *place.stored);
     if (!status) return status;
     if (!account.isEnd) {
-        isCurrent = isAsPosted(account, *place.stored, layout);
+        isCurrent = isAsPosted(m_books.sheet, place.account, *place.stored);
         return status;
     }
     isCurrent = place.stored->balances == account.balances;

@@ -345,6 +345,14 @@ TEST_P(MidYearOpening, KeepsTheFiguresOfForeignCurrency) {
     EXPECT_EQ(m_books.rowsOf("100202")[1], "2: 100202 2 foreign 7");
 }
 
+TEST_P(MidYearOpening, TurnsADirectionByTheOpeningBalanceAlone) {
+    type("2001", "100", OpeningField::yearStart);
+    type("2001", "100", OpeningField::debit);
+    m_books.messages().willAnswer(Answer::yes);
+    EXPECT_TRUE(m_books.work().adjustDirection(m_books.lineOf("2001")));
+    EXPECT_EQ(m_books.books().account("2001").bDirect, 1);
+}
+
 CHENGHENG_ON_ALL_ENGINES(MidYearOpening);
 
 }  // namespace

@@ -13,10 +13,9 @@ namespace {
 
 constexpr int workWentWrong = 3;
 
-int workToItsEnd(const std::string& location,
-                 const std::function<void(std::unique_ptr<FaultyEngine>)>& work) {
+int workToItsEnd(const std::function<void()>& work) {
     try {
-        work(std::make_unique<FaultyEngine>(openForTest(location, OpenMode::existing)));
+        work();
         return 0;
     } catch (const std::exception&) {
         return workWentWrong;
@@ -27,9 +26,14 @@ int workToItsEnd(const std::string& location,
 
 bool isKilledAtWork(const std::string& location,
                     const std::function<void(std::unique_ptr<FaultyEngine>)>& work) {
+    return isKilledAtWork(
+        [&] { work(std::make_unique<FaultyEngine>(openForTest(location, OpenMode::existing))); });
+}
+
+bool isKilledAtWork(const std::function<void()>& work) {
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("no second process");
-    if (child == 0) _exit(workToItsEnd(location, work));
+    if (child == 0) _exit(workToItsEnd(work));
     int result = 0;
     waitpid(child, &result, 0);
     if (WIFSIGNALED(result) && WTERMSIG(result) == SIGKILL) return true;

@@ -14,4 +14,7 @@ namespace chengheng {
 bool isKilledAtWork(const std::string& location,
                     const std::function<void(std::unique_ptr<FaultyEngine> books)>& work);
 
+/// The same of work that opens what it needs.
+bool isKilledAtWork(const std::function<void()>& work);
+
 }  // namespace chengheng

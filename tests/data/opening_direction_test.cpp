@@ -1,0 +1,208 @@
+#include "opening/direction_adjust.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "opening/auxiliary_directories.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/opening_books.h"
+
+namespace {
+
+using namespace chengheng;
+using Texts = std::vector<std::string>;
+
+class Directions : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_books.addAccounts({"1001", "1002", "100201", "10020101", "100202"});
+        m_books.change("100202", "byExchId = 1, bAmount = 1");
+        ASSERT_TRUE(m_books.work().refresh());
+    }
+    bool adjust(const std::string& code) {
+        return m_books.work().adjustDirection(m_books.lineOf(code));
+    }
+    /// "1001 借 1": code, direction in the sheet, direction in the chart, for each account.
+    Texts directions() {
+        Texts texts;
+        for (const OpeningAccount& account : m_books.work().sheet().accounts())
+            texts.push_back(account.code + (account.isDebit ? " 借 " : " 贷 ") +
+                            std::to_string(m_books.books().account(account.code).bDirect));
+        return texts;
+    }
+    RecordingMessages& messages() { return m_books.messages(); }
+
+    const Texts m_before{"1001 借 1", "1002 借 1", "100201 借 1", "10020101 借 1", "100202 借 1"};
+    const Texts m_after{"1001 借 1", "1002 贷 0", "100201 贷 0", "10020101 贷 0", "100202 贷 0"};
+    OpeningTestBooks m_books{freshLocation(GetParam())};
+};
+
+TEST_P(Directions, TurnWithAllAccountsBelowAfterAsking) {
+    messages().willAnswer("是否调整 科目1002(1002) 科目的余额方向?\n\t    借--->贷", Answer::yes);
+    EXPECT_TRUE(adjust("1002"));
+    EXPECT_EQ(directions(), m_after);
+    const Question& question = messages().questions().front();
+    EXPECT_EQ(question.caption, "调整余额方向");
+    EXPECT_EQ(question.icon, MessageIcon::question);
+    EXPECT_EQ(question.buttons, AnswerButtons::yesNo);
+}
+
+TEST_P(Directions, TurnBackFromCreditToDebit) {
+    messages().willAnswer(Answer::yes);
+    adjust("1002");
+    messages().willAnswer("是否调整 科目1002(1002) 科目的余额方向?\n\t    贷--->借", Answer::yes);
+    EXPECT_TRUE(adjust("1002"));
+    EXPECT_EQ(directions(), m_before);
+}
+
+TEST_P(Directions, ShowOnExtraLinesToo) {
+    messages().willAnswer(Answer::yes);
+    adjust("1002");
+    for (const Measure measure : measures)
+        EXPECT_EQ(m_books.shown("100202", measure, OpeningField::direction), "贷");
+}
+
+TEST_P(Directions, StayOnNo) {
+    messages().willAnswer(Answer::no);
+    m_books.books().locks().forget();
+    EXPECT_FALSE(adjust("1002"));
+    EXPECT_EQ(directions(), m_before);
+    EXPECT_TRUE(m_books.books().locks().log().empty());
+}
+
+TEST_P(Directions, AreRefusedBelowTheTopEvenWithoutABalance) {
+    EXPECT_FALSE(adjust("100201"));
+    const Notice notice = messages().onlyNotice();
+    EXPECT_EQ(notice.text, "只能在总帐科目调整余额方向!");
+    EXPECT_EQ(notice.icon, MessageIcon::information);
+    EXPECT_EQ(notice.caption, "澄恒财务软件");
+    EXPECT_EQ(directions(), m_before);
+}
+
+TEST_P(Directions, AreRefusedOnAnExtraLine) {
+    m_books.change("1001", "byExchId = 1");
+    m_books.work().refresh();
+    EXPECT_FALSE(m_books.work().adjustDirection(m_books.lineOf("1001", Measure::foreign)));
+    EXPECT_EQ(messages().onlyNotice().text, "只能在总帐科目调整余额方向!");
+}
+
+TEST_P(Directions, AreRefusedWithAnOpeningBalance) {
+    m_books.type("100202", "0.01");
+    EXPECT_FALSE(adjust("1002"));
+    const Notice notice = messages().onlyNotice();
+    EXPECT_EQ(notice.text, "该科目已有期初数据,不能调整余额方向!");
+    EXPECT_EQ(notice.icon, MessageIcon::information);
+    EXPECT_EQ(directions(), m_before);
+}
+
+TEST_P(Directions, LookAtTheSumOfTheSelectedAccountAlone) {
+    m_books.type("10020101", "100");
+    m_books.type("100202", "-100");
+    messages().willAnswer(Answer::yes);
+    EXPECT_TRUE(adjust("1002"));
+    EXPECT_EQ(directions(), m_after);
+    EXPECT_EQ(m_books.shown("100202"), "-100.00");
+}
+
+TEST_P(Directions, AreTurnedUnderTheLocksInTheirOrder) {
+    messages().willAnswer(Answer::yes);
+    m_books.books().locks().forget();
+    adjust("1002");
+    EXPECT_EQ(m_books.books().locks().log(),
+              (Texts{"lock AssSum AccSum Cyrency UnRegMain UnRegSug 1", "lock Code 2",
+                     "unlock AssSum AccSum Cyrency UnRegMain UnRegSug 1", "unlock Code 2"}));
+}
+
+TEST_P(Directions, PassOverAnAccountThatIsGone) {
+    m_books.books().run("DELETE FROM Code WHERE sCode = '10020101'");
+    messages().willAnswer(Answer::yes);
+    EXPECT_TRUE(adjust("1002"));
+    EXPECT_EQ(m_books.books().account("100201").bDirect, 0);
+    EXPECT_TRUE(messages().notices().empty());
+}
+
+TEST_P(Directions, AreNotTurnedWhileBrowsing) {
+    m_books.addVoucher();
+    m_books.work().refresh();
+    EXPECT_FALSE(adjust("1002"));
+    EXPECT_TRUE(messages().texts().empty());
+}
+
+TEST_P(Directions, TurnWholeOrNotAtAllWhenTheDatabaseFails) {
+    bool isDone = false;
+    int failures = 0;
+    for (int call = 1; !isDone && call < 100; ++call) {
+        messages().forget();
+        messages().willAnswer(Answer::yes);
+        m_books.books().engine().failCall(call);
+        isDone = adjust("1002");
+        const bool hasFailed = m_books.books().engine().hasFailed();
+        m_books.books().engine().failCall(0);
+        ASSERT_EQ(directions(), isDone ? m_after : m_before) << "call " << call;
+        EXPECT_EQ(messages().notices().size(), hasFailed ? 1u : 0u) << "call " << call;
+        EXPECT_FALSE(m_books.books().engine().inTransaction());
+        EXPECT_FALSE(m_books.books().holdsLocks());
+        if (!isDone) ++failures;
+    }
+    EXPECT_TRUE(isDone);
+    EXPECT_GT(failures, 8);
+}
+
+CHENGHENG_ON_ALL_ENGINES(Directions);
+
+/// A kind, and the directories that it misses in the order of asking.
+struct Need {
+    const char* letters;
+    Texts messages;
+};
+
+class Directories : public testing::TestWithParam<EngineCase> {
+  protected:
+    /// Fills what a message asks for.
+    void define(const std::string& message) {
+        static const std::map<std::string, std::string> rows{
+            {"请先定义个人目录", "INSERT INTO Person (lId, lDeptId) VALUES (1, 1)"},
+            {"请先定义部门目录", "INSERT INTO Dept (lId, sDeptName) VALUES (1, '财务部')"},
+            {"请先定义项目大类", "INSERT INTO ProjClass (lId, sClsCode) VALUES (1, '01')"},
+            {"请先定义单位目录", "INSERT INTO Enter (lId, sEnterName) VALUES (1, '大华')"}};
+        m_books.books().run(rows.at(message));
+    }
+
+    OpeningTestBooks m_books{freshLocation(GetParam())};
+};
+
+TEST_P(Directories, AreAskedForInOrderBeforeAnAuxiliaryWindow) {
+    const Need needs[] = {{"A", {"请先定义个人目录", "请先定义部门目录"}},
+                          {"C", {"请先定义部门目录"}},
+                          {"D", {"请先定义项目大类"}},
+                          {"CD", {"请先定义项目大类", "请先定义部门目录"}},
+                          {"BC", {"请先定义部门目录", "请先定义单位目录"}},
+                          {"B", {"请先定义单位目录"}},
+                          {"BD", {"请先定义单位目录", "请先定义项目大类"}}};
+    m_books.addAccounts({"1122"});
+    for (const Need& need : needs) {
+        m_books.books().run(
+            "DELETE FROM Person\r\nDELETE FROM Dept\r\nDELETE FROM ProjClass\r\n"
+            "DELETE FROM Enter");
+        m_books.change("1122", formatSql("sAssBook = '%s'", std::string_view(need.letters)));
+        ASSERT_TRUE(m_books.work().refresh());
+        const std::size_t column = placeOf(OpeningField::opening, OpeningLayout::simple);
+        for (const std::string& message : need.messages) {
+            m_books.messages().forget();
+            EXPECT_EQ(m_books.work().auxiliaryToOpen(0, column), AuxiliaryKind::none);
+            const Notice notice = m_books.messages().onlyNotice();
+            EXPECT_EQ(notice.text, message) << need.letters;
+            EXPECT_EQ(notice.icon, MessageIcon::information);
+            EXPECT_EQ(notice.caption, "澄恒财务软件");
+            define(message);
+        }
+        m_books.messages().forget();
+        EXPECT_EQ(m_books.work().auxiliaryToOpen(0, column), auxiliaryKindOf(need.letters));
+        EXPECT_TRUE(m_books.messages().texts().empty());
+    }
+}
+
+CHENGHENG_ON_ALL_ENGINES(Directories);
+
+}  // namespace

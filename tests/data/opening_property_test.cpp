@@ -1,0 +1,126 @@
+// Random charts and edits: after each, the rows of all accounts above others are what a save
+// would write, the sheet shows what a fresh reading gives, and the integrity check finds nothing.
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "host/sheets/delimited_text.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/opening_books.h"
+
+namespace {
+
+using namespace chengheng;
+using Texts = std::vector<std::string>;
+
+class RandomEdits : public testing::TestWithParam<EngineCase> {
+  protected:
+    std::size_t below(std::size_t count) { return m_random() % count; }
+
+    void makeChart(OpeningTestBooks& books) {
+        for (const char* top : {"1001", "1002", "2001"}) {
+            books.addAccounts({top});
+            if (below(4) == 0) continue;
+            for (std::size_t child = 0; child <= below(4); ++child) {
+                const std::string code = top + std::to_string(10 + child);
+                books.addAccounts({code});
+                if (below(2) == 0) books.addAccounts({code + "01", code + "02"});
+            }
+        }
+        books.books().run("UPDATE Code SET byExchId = 1 WHERE lId > 4 AND lId < 9");
+        books.books().run("UPDATE Code SET bAmount = 1, sUnit = '件' WHERE lId > 6");
+        books.books().run("UPDATE Code SET bDirect = 0, sType = '负债' WHERE sCode LIKE '2%'");
+    }
+    std::string amount() {
+        const int cents = static_cast<int>(below(400)) - 200;
+        return below(3) == 0 ? "0" : "=" + std::to_string(cents) + "/100";
+    }
+    void type(OpeningTestBooks& books) {
+        const OpeningSheet& sheet = books.work().sheet();
+        const std::size_t line = below(sheet.lineCount());
+        const std::size_t first = placeOf(OpeningField::unit, sheet.layout()) + 1;
+        const std::size_t column = first + below(sheet.figures().size());
+        EXPECT_EQ(books.work().endEdit(line, column, amount()), sheet.isEditable(line, column));
+    }
+    void paste(OpeningTestBooks& books) {
+        std::string text;
+        for (std::size_t row = 0; row <= below(8); ++row) text += amount() + "\n";
+        Sheet block;
+        ASSERT_FALSE(readClipboardBlock(text, block));
+        const OpeningSheet& sheet = books.work().sheet();
+        const FigurePlan plan = planPaste(sheet, below(sheet.lineCount()),
+                                          placeOf(OpeningField::opening, sheet.layout()), block);
+        EXPECT_EQ(books.work().apply(plan), plan.mayBeApplied());
+    }
+    /// Another workstation types into an account while this window shows the old figures.
+    void typeElsewhere(OpeningTestBooks& books) {
+        OpeningWork other(books.messages());
+        ASSERT_TRUE(other.refresh());
+        const std::size_t line = below(other.sheet().lineCount());
+        const std::size_t column = placeOf(OpeningField::opening, other.sheet().layout());
+        EXPECT_EQ(other.endEdit(line, column, amount()), other.sheet().isEditable(line, column));
+    }
+    void act(OpeningTestBooks& books) {
+        OpeningWork& work = books.work();
+        const std::size_t choice = below(12);
+        if (choice < 5)
+            type(books);
+        else if (choice < 7)
+            paste(books);
+        else if (choice == 7)
+            EXPECT_TRUE(!work.canUndo() || work.undo());
+        else if (choice == 8)
+            EXPECT_TRUE(!work.canRedo() || work.redo());
+        else if (choice == 9)
+            EXPECT_TRUE(work.save());
+        else if (choice == 10)
+            EXPECT_TRUE(work.refresh());
+        else
+            typeElsewhere(books);
+    }
+    void check(OpeningTestBooks& books) {
+        ASSERT_EQ(books.whatASaveWouldChange(), Texts{});
+        ASSERT_EQ(books.books().faults(), Texts{});
+        ASSERT_EQ(books.messages().texts(), Texts{});
+    }
+    void checkSheet(OpeningTestBooks& books) {
+        OpeningBooks stored;
+        ASSERT_TRUE(readOpeningBooks(books.database(), stored));
+        const auto shown = books.work().sheet().accounts();
+        for (std::size_t place = 0; place < shown.size(); ++place)
+            ASSERT_EQ(shown[place].balances, stored.sheet.accounts()[place].balances);
+    }
+    void runEdits(OpeningLayout layout, unsigned seed) {
+        m_random.seed(seed);
+        OpeningTestBooks books(freshLocation(GetParam()), layout);
+        makeChart(books);
+        ASSERT_TRUE(books.work().refresh());
+        for (int step = 0; step < 40 && !HasFatalFailure(); ++step) {
+            act(books);
+            check(books);
+        }
+        EXPECT_TRUE(books.work().refresh());
+        checkSheet(books);
+    }
+
+    std::mt19937 m_random;
+};
+
+TEST_P(RandomEdits, LeaveTheBooksAsASaveWould) {
+    for (const unsigned seed : {1u, 2u, 3u}) {
+        runEdits(OpeningLayout::simple, seed);
+        ASSERT_FALSE(HasFatalFailure()) << "seed " << seed;
+    }
+}
+
+TEST_P(RandomEdits, LeaveBooksThatBeginMidYearAsASaveWould) {
+    for (const unsigned seed : {4u, 5u, 6u}) {
+        runEdits(OpeningLayout::midYear, seed);
+        ASSERT_FALSE(HasFatalFailure()) << "seed " << seed;
+    }
+}
+
+CHENGHENG_ON_ALL_ENGINES(RandomEdits);
+
+}  // namespace
