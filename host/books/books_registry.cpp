@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 #include <utility>
 
 namespace chengheng {
@@ -12,13 +13,23 @@ using Json = nlohmann::json;
 constexpr int registryFormat = 1;
 constexpr std::size_t largestRegistry = 16 * 1024 * 1024;
 
+/// The library would cut a number to size, and take a fraction for one.
+std::int32_t numberOf(const Json& json) {
+    const bool isNumber =
+        json.is_number_unsigned()
+            ? std::in_range<std::int32_t>(json.get<std::uint64_t>())
+            : json.is_number_integer() && std::in_range<std::int32_t>(json.get<std::int64_t>());
+    if (!isNumber) throw std::range_error(json.dump() + " is no number of a list");
+    return json.get<std::int32_t>();
+}
+
 BooksYear yearOf(const Json& json) {
-    return {json.at("year").get<int>(), json.at("location").get<std::string>()};
+    return {numberOf(json.at("year")), json.at("location").get<std::string>()};
 }
 
 BooksSet setOf(const Json& json) {
     BooksSet set;
-    set.id = json.at("id").get<std::int32_t>();
+    set.id = numberOf(json.at("id"));
     set.name = json.at("name").get<std::string>();
     set.company = json.at("company").get<std::string>();
     for (const Json& year : json.at("years")) set.years.push_back(yearOf(year));
@@ -32,15 +43,21 @@ Json jsonOf(const BooksSet& set) {
     return {{"id", set.id}, {"name", set.name}, {"company", set.company}, {"years", years}};
 }
 
+Status damaged(std::vector<BooksSet>& sets, const char* detail) {
+    sets.clear();
+    return Status::of(Failure::damaged, detail);
+}
+
 Status readSets(const std::string& text, const std::string& path, std::vector<BooksSet>& sets) {
     try {
         const Json json = Json::parse(text);
-        if (json.at("format").get<int>() > registryFormat)
+        if (numberOf(json.at("format")) > registryFormat)
             return Status::of(Failure::newerVersion, path);
         for (const Json& set : json.at("sets")) sets.push_back(setOf(set));
     } catch (const Json::exception& error) {
-        sets.clear();
-        return Status::of(Failure::damaged, error.what());
+        return damaged(sets, error.what());
+    } catch (const std::range_error& error) {
+        return damaged(sets, error.what());
     }
     std::ranges::sort(sets, {}, &BooksSet::id);
     return Status::done();

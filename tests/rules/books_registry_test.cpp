@@ -102,6 +102,19 @@ TEST(BooksRegistry, DamagedListIsToldAndNeverOverwritten) {
     }
 }
 
+TEST(BooksRegistry, NumbersThatAreNoneOfAListMakeItDamaged) {
+    for (const char* number :
+         {"1.5", "true", "null", "4294967297", "-2147483649", "1e40", "18446744073709551615",
+          "18446744073709551617", "333333333333333333333333"}) {
+        const BooksRegistry registry(freshFolder());
+        writeText(registry.path(), R"({"format":1,"sets":[{"id":)" + std::string(number) +
+                                       R"(,"name":"","company":"","years":[]}]})");
+        std::vector<BooksSet> sets;
+        EXPECT_EQ(registry.read(sets).failure, Failure::damaged) << number;
+        EXPECT_TRUE(sets.empty());
+    }
+}
+
 TEST(BooksRegistry, ListOfANewerProgramIsNotOverwritten) {
     const BooksRegistry registry(freshFolder());
     writeText(registry.path(), "{\"format\":2,\"sets\":{}}");
