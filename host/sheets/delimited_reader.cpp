@@ -1,7 +1,9 @@
 #include "host/sheets/delimited_reader.h"
 
 #include <algorithm>
+#include <compare>
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "host/sheets/sheet_texts.h"
@@ -13,21 +15,30 @@ constexpr char quote = '"';
 
 bool isLineEnd(char letter) { return letter == '\r' || letter == '\n'; }
 
-/// How well a separator cuts a text: lines of one length, and that length.
-using Fitness = std::pair<std::size_t, std::size_t>;
+/// How well a separator fits a text; the greater fits better.
+struct Fitness {
+    bool isClean = false;    ///< no quote stands where none should
+    std::size_t lines = 0;   ///< lines that it cuts into the same number of cells
+    std::size_t length = 0;  ///< that number
+
+    auto operator<=>(const Fitness&) const = default;
+};
 
 Fitness fitnessOf(char separator, std::string_view sample, bool isCut) {
-    constexpr std::size_t mostLines = 50;
     DelimitedReader reader(sample, separator, LoneQuotes::refuse);
     std::map<std::size_t, std::size_t> linesOfLength;
     SheetRow row;
-    while (reader.rowCount() < mostLines && reader.next(row)) {
+    while (reader.next(row)) {
         // The last line of a text that was cut short may lack cells.
         const bool isWhole = !isCut || !reader.isAtEnd() || reader.rowCount() == 1;
         if (row.size() > 1 && isWhole) ++linesOfLength[row.size()];
     }
-    Fitness best{0, 0};
-    for (const auto& [length, lines] : linesOfLength) best = std::max(best, Fitness{lines, length});
+    Fitness best;
+    for (const auto& [length, lines] : linesOfLength)
+        best = std::max(best, Fitness{false, lines, length});
+    const bool isCutQuote =
+        isCut && reader.failure() && reader.failure()->reason == sheet_texts::quoteNotClosed;
+    best.isClean = !reader.hasBareQuote() && (!reader.failure() || isCutQuote);
     return best;
 }
 
@@ -64,6 +75,7 @@ bool DelimitedReader::readCell(std::string& cell) {
     }
     m_at = bareEnd(begin);
     cell = m_text.substr(begin, m_at - begin);
+    m_hasBareQuote = m_hasBareQuote || cell.find(quote) != std::string::npos;
     return cell.find('\0') == std::string::npos || refuse(sheet_texts::notReadableText);
 }
 
@@ -112,10 +124,10 @@ char separatorOf(std::string_view text) {
     constexpr std::string_view separators = ",\t;";
     const std::string_view sample = text.substr(0, sampleSize);
     char best = separators.front();
-    Fitness bestFitness{0, 0};
+    std::optional<Fitness> bestFitness;
     for (const char separator : separators) {
         const Fitness fitness = fitnessOf(separator, sample, sample.size() < text.size());
-        if (fitness > bestFitness) {
+        if (!bestFitness || fitness > *bestFitness) {
             best = separator;
             bestFitness = fitness;
         }

@@ -25,6 +25,8 @@ class DelimitedReader {
     std::size_t cellCount() const { return m_cells; }
     /// Whether everything was read.
     bool isAtEnd() const { return m_at == m_text.size(); }
+    /// Whether a quote stood within a cell that is not quoted.
+    bool hasBareQuote() const { return m_hasBareQuote; }
 
   private:
     bool readCell(std::string& cell);
@@ -40,11 +42,13 @@ class DelimitedReader {
     std::size_t m_at = 0;
     std::size_t m_rows = 0;
     std::size_t m_cells = 0;
+    bool m_hasBareQuote = false;
     SheetOutcome m_failure;
 };
 
-/// The separator of a CSV text: of comma, tab and semicolon the one that cuts most of its
-/// first lines into the same number of cells, more than one.
+/// The separator of a CSV text: of comma, tab and semicolon the one beside which quotes stand
+/// as they should; of several such the one that cuts most of the first lines into the same
+/// number of cells, more than one.
 char separatorOf(std::string_view text);
 
 }  // namespace chengheng

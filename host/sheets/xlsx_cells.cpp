@@ -88,6 +88,7 @@ void XlsxCellsHandler::startCell(const XmlAttributes& attributes) {
         return fail(damagedWorkbook(fmt::format("cell \"{}\"", stated.value_or(""))));
     m_column = column;
     m_isInCell = true;
+    m_isInValue = false;
     m_kind = attributes["t"];
     m_style = numberOf<std::size_t>(attributes["s"]).value_or(0);
     m_hasFormula = false;

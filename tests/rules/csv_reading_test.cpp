@@ -110,6 +110,8 @@ TEST(CsvReading, TellsCommaTabAndSemicolonApart) {
                                                           {"a;1,5\nb;2\nc;3\n", ';'},
                                                           {"title;\na,b,c\nd,e,f\n", ','},
                                                           {"\"a;b;c;d\",e\n\"f;g;h;i\",j\n", ','},
+                                                          {"a,\"b\n;\"\nc,d,e\n\"f\n\"\n", ','},
+                                                          {"1,5;\"b\"\n2,5;\"c\"\n", ';'},
                                                           {"\"a\tb\";c\nd;e\n", ';'}};
     for (const auto& [text, separator] : texts) EXPECT_EQ(separatorOf(text), separator) << text;
 }

@@ -270,6 +270,12 @@ TEST(XlsxReading, PrefixedNamesAreTheSameNames) {
     EXPECT_EQ(readBytes(withPart("xl/worksheets/sheet1.xml", sheet)).at(0, 0), Cell::of(7.0));
 }
 
+TEST(XlsxReading, CellWithinAValueBeginsAnew) {
+    EXPECT_EQ(readCells({.rows = "<row><c><v>46<c t=\"inlineStr\"><is><t>inner</t></is></c></v>"
+                                 "</c><c><v>2</v></c></row>"}),
+              (SheetRow{Cell(), Cell::of("inner"), Cell::of(2.0)}));
+}
+
 TEST(XlsxReading, DocumentTypesAreRefused) {
     const SheetFailure failure = failureOf(withPart(
         "xl/worksheets/sheet1.xml",
