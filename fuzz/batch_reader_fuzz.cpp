@@ -1,10 +1,9 @@
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "data/dialect/translation.h"
 #include "data/dialect/utf8.h"
+#include "fuzz/fuzz_support.h"
 
 // Any text as a batch: it is read or refused, always the same way, and what is read can be
 // translated into a statement with a parameter for each value.
@@ -18,12 +17,6 @@ struct Seen {
     std::vector<ValueKind> kinds;
     bool operator==(const Seen&) const = default;
 };
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 /// How often a parameter stands in a statement, outside quotes.
 int parametersIn(std::string_view sql) {
@@ -88,9 +81,8 @@ std::vector<Seen> readAll(std::string_view batch, Status& status) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // A copy of just this size, so that reading past its end is noticed.
-    const std::vector<char> bytes(data, data + size);
-    const std::string_view batch(bytes.data(), bytes.size());
+    const FuzzInput input(data, size);
+    const std::string_view batch = input.text();
     Status first;
     Status second;
     const auto seen = readAll(batch, first);

@@ -4,23 +4,15 @@
 #include "print/layout_file.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 #include "data/dialect/utf8.h"
+#include "fuzz/fuzz_support.h"
 #include "print/page_facts.h"
 
 namespace {
 
 using namespace chengheng;
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 void checkLine(const LayoutLine& line) {
     require(line.height >= 0 && line.height <= 100, "heights lie in their range");
@@ -48,9 +40,8 @@ void checkUsable(const ReportLayout& layout) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // A copy of just this size, so that reading past its end is noticed.
-    const std::vector<char> bytes(data, data + size);
-    const std::string_view text(bytes.data(), bytes.size());
+    const FuzzInput input(data, size);
+    const std::string_view text = input.text();
     ReportLayout layout;
     layout.titleText = "as it was";
     const ReportLayout before = layout;
