@@ -82,6 +82,18 @@ std::string ChartScreen::countText() const { return std::to_string(m_rows.size()
 
 std::string ChartScreen::codeAt(int row) const { return text(row, ListColumn::code); }
 
+std::string ChartScreen::path(int row) const {
+    if (row < 0 || row >= count()) return {};
+    const std::string_view code = this->row(row).code;
+    std::string path;
+    for (std::size_t length = 1; length <= code.size(); ++length) {
+        const int above = rowOfCode(code.substr(0, length));
+        if (above < 0) continue;
+        path += (path.empty() ? "" : chart_texts::pathSeparator) + this->row(above).name;
+    }
+    return path;
+}
+
 int ChartScreen::placeOf(std::string_view code) const {
     const auto place = std::ranges::lower_bound(
         m_rows, code, {}, [](const ListedAccount& row) { return std::string_view(row.code); });

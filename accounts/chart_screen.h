@@ -37,6 +37,10 @@ class ChartScreen {
     /// The code of a row; empty on the blank line of an empty list.
     std::string codeAt(int row) const;
 
+    /// The names of the accounts above a row and its own, the top first: "银行存款 / 工商银行".
+    /// Accounts above that the tab does not list are left out.
+    std::string path(int row) const;
+
     /// The row of a code, or -1.
     int rowOfCode(std::string_view code) const;
     int rowOfId(int id) const;

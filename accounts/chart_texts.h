@@ -11,6 +11,8 @@ inline constexpr const char* accountCount = "科目个数:{}";
 inline constexpr const char* accountUnknown = "非法的科目!";
 inline constexpr const char* refreshing = "正在刷新期初数据,请稍侯.....";
 
+inline constexpr const char* pathSeparator = " / ";
+
 inline constexpr const char* tabs = "科目分类";
 inline constexpr const char* toolBar = "工具栏";
 inline constexpr const char* searchLabel = "快速查找(&Q):";

@@ -32,6 +32,7 @@ namespace {
 
 constexpr int bursarTemplate = 124;
 constexpr QSize openingSize(900, 620);
+constexpr int nameColumn = static_cast<int>(chengheng::ListColumn::name);
 constexpr int headingPixels = 12;
 constexpr int headingSpacing = 24;
 constexpr int margin = 8;
@@ -86,7 +87,7 @@ void CNbCwBursarDlg::buildControls() {
     m_grid = new CVCF1(shown(chart_texts::title), CVCF1::Unit::row, this);
     m_grid->setObjectName(QStringLiteral("chart"));
     m_grid->setGridModel(m_model.get());
-    m_grid->horizontalHeader()->setStretchLastSection(true);
+    m_grid->horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
     m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
 
     auto* rows = new QVBoxLayout(this);
@@ -302,7 +303,13 @@ void CNbCwBursarDlg::OnKeyUpVcf1ctrlInfoitem(int key) {
 
 void CNbCwBursarDlg::OnMouseDownVcf1ctrlInfoitem() { showSearchResult(); }
 
-void CNbCwBursarDlg::OnMouseMoveVcf1ctrlInfoitem(QPoint) {}
+void CNbCwBursarDlg::OnMouseMoveVcf1ctrlInfoitem(QPoint position) {
+    // Headers stand above the rows; the rows' own pixels begin below them.
+    const int top = position.y() + m_grid->horizontalHeader()->height();
+    const bool isOverRows = top >= rowsTop && position.x() >= rowsLeft;
+    const int row = isOverRows ? m_grid->rowAt(position.y()) : -1;
+    m_grid->viewport()->setToolTip(shown(m_screen.path(row)));
+}
 
 void CNbCwBursarDlg::PostNcDestroy() {
     CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName);

@@ -19,6 +19,7 @@ namespace chengheng {
 namespace {
 
 constexpr int accountTemplate = 127;
+constexpr int widthCharacters = 76;
 
 /// A check box and the book it stands for; those of a directory have a browse button too.
 struct BookBox {
@@ -62,6 +63,7 @@ AccountWindow::AccountWindow(AccountForm& form, Observers observers, QWidget* pa
       m_observers(std::move(observers)),
       m_ui(std::make_unique<Ui::AccountWindow>()) {
     m_ui->setupUi(this);
+    setMinimumWidth(widthCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     const bool isAdding = form.isAdding();
     setWindowTitle(
         shown(isAdding ? account_dialog_texts::addTitle : account_dialog_texts::modifyTitle));

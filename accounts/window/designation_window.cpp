@@ -54,8 +54,7 @@ void DesignationWindow::buildControls() {
     form->addRow(shown(account_dialog_texts::designateCash), m_cash);
     form->addRow(shown(account_dialog_texts::designateBank), m_bank);
     auto* buttons = new QDialogButtonBox(this);
-    auto* note =
-        buttons->addButton(shown(account_dialog_texts::designateNote), QDialogButtonBox::HelpRole);
+    auto* note = new QPushButton(shown(account_dialog_texts::designateNote), this);
     note->hide();
     auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
     confirm->setDefault(true);

@@ -21,15 +21,25 @@ namespace {
 constexpr int usedTemplate = 128;
 constexpr QSize openingSize(760, 420);
 constexpr int placesWidth = 180;
-constexpr int columnCharacters = 16;
+constexpr int columnCharacters = 14;
 
 QString shown(const char* text) { return QString::fromUtf8(text); }
 QString shown(const std::string& text) { return QString::fromStdString(text); }
 
+/// Whether a column holds amounts, told by its first cell: "1,234.50".
+bool holdsAmounts(const UseSection& section, std::size_t column) {
+    if (section.rows.empty() || column >= section.rows.front().size()) return false;
+    const std::string& cell = section.rows.front()[column];
+    return cell.find('.') != cell.npos && cell.find_first_not_of("-0123456789,.") == cell.npos;
+}
+
 std::vector<GridColumn> columnsOf(const UseSection& section) {
     std::vector<GridColumn> columns;
-    for (const std::string& heading : section.headings)
-        columns.push_back({heading.c_str(), columnCharacters});
+    for (const std::string& heading : section.headings) {
+        const bool isAmount = holdsAmounts(section, columns.size());
+        columns.push_back({heading.c_str(), columnCharacters,
+                           isAmount ? CellAlignment::number : CellAlignment::text});
+    }
     return columns;
 }
 

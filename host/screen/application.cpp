@@ -31,6 +31,7 @@ QPalette hostPalette() {
     for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, QColor(0xa2, 0xac, 0xad));
     }
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xf1, 0xef, 0xea));
     return palette;
 }
 

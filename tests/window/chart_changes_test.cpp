@@ -154,6 +154,8 @@ TEST_F(ChartChangesTest, OffersTheTopLevelAndWhatIsDesignatedNow) {
         EXPECT_EQ(lists[0]->itemText(0), "1001   库存现金");
         EXPECT_EQ(lists[0]->currentIndex(), -1);
         EXPECT_EQ(lists[1]->currentText(), "2202   应付帐款");
+        for (auto* button : designation.findChildren<QPushButton*>())
+            EXPECT_EQ(button->isVisible(), button->text() != "显示说明");
         press(designation, "取消");
     });
     window->choose("指定科目");

@@ -278,6 +278,19 @@ TEST_F(ChartTest, SearchesForWhatIsTypedIntoTheGrid) {
     EXPECT_EQ(window->currentCode(), "2202");
 }
 
+TEST_F(ChartTest, NamesTheAccountsAboveTheOneUnderThePointer) {
+    addSomeAccounts();
+    open();
+    const auto tipAt = [this](int x) {
+        const QPoint place(x, window->grid().rowViewportPosition(3) + 5);
+        QTest::mouseMove(window->grid().viewport(), place);
+        QCoreApplication::processEvents();
+        return window->grid().viewport()->toolTip();
+    };
+    EXPECT_EQ(tipAt(60), "银行存款 / 工商银行 / 人民币户");
+    EXPECT_EQ(tipAt(20), "");
+}
+
 TEST_F(ChartTest, OpensHelpAboutItself) {
     open();
     window->choose("帮助主题");
