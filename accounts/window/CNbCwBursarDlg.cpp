@@ -226,6 +226,8 @@ bool CNbCwBursarDlg::OnCommand(int command) {
         {chart_command::copy, &CNbCwBursarDlg::OnMenuCopy},
         {chart_command::find, &CNbCwBursarDlg::OnMenuFind},
         {chart_command::whereUsed, &CNbCwBursarDlg::OnMenuWhereUsed},
+        {chart_command::importChart, &CNbCwBursarDlg::OnMenuImport},
+        {chart_command::exportChart, &CNbCwBursarDlg::OnMenuExport},
         {chart_command::help, &CNbCwBursarDlg::OnMenuHelp},
         {chart_command::exit, &CNbCwBursarDlg::OnMenuExit},
         {chart_command::refurbish, &CNbCwBursarDlg::OnMenuRefurbish},

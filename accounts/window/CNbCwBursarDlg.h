@@ -64,6 +64,8 @@ class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
     void OnMenuFind();
     void OnMenuRefurbish();  // sic
     void OnMenuWhereUsed();
+    void OnMenuImport();
+    void OnMenuExport();
     void OnMenuHelp();
     void OnMenuSearch();
     void OnMenuAbout();

@@ -1,13 +1,18 @@
 // The commands of the chart that change accounts or print them.
 
+#include <fmt/format.h>
+
+#include <QFileDialog>
 #include <algorithm>
 
 #include "accounts/account_form.h"
 #include "accounts/account_texts.h"
+#include "accounts/import_texts.h"
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "accounts/window/account_window.h"
 #include "accounts/window/chart_model.h"
 #include "accounts/window/designation_window.h"
+#include "accounts/window/import_window.h"
 #include "accounts/window/print_range_window.h"
 #include "accounts/window/used_window.h"
 #include "data/lookups/existence.h"
@@ -15,6 +20,13 @@
 
 using chengheng::AccountForm;
 using chengheng::CodeLevels;
+namespace import_texts = chengheng::import_texts;
+
+namespace {
+
+QString shown(const char* text) { return QString::fromUtf8(text); }
+
+}  // namespace
 
 bool CNbCwBursarDlg::isStillThere(const std::string& code) {
     const int existence = SelectDatabase() ? CodeIsExist(code) : -1;
@@ -90,6 +102,28 @@ void CNbCwBursarDlg::OnMenuAppoint() {
 }
 
 void CNbCwBursarDlg::OnMenuWhereUsed() { chengheng::UsedWindow(currentCode(), this).DoModal(); }
+
+void CNbCwBursarDlg::OnMenuImport() {
+    const QString file = QFileDialog::getOpenFileName(this, shown(import_texts::openTitle), {},
+                                                      shown(import_texts::fileFilter), nullptr,
+                                                      QFileDialog::DontUseNativeDialog);
+    if (file.isEmpty()) return;
+    chengheng::ChartImport import(messages());
+    auto plan = import.plan(file.toStdString());
+    if (!plan) return;
+    chengheng::ImportWindow window(import, std::move(*plan), file.toStdString(), this);
+    if (window.DoModal() == Accepted) listActiveCategory();
+}
+
+void CNbCwBursarDlg::OnMenuExport() {
+    const QString file = QFileDialog::getSaveFileName(
+        this, shown(import_texts::saveTitle), shown(import_texts::defaultFile),
+        shown(import_texts::fileFilter), nullptr, QFileDialog::DontUseNativeDialog);
+    if (file.isEmpty()) return;
+    if (chengheng::exportChart(messages(), file.toStdString()) != chengheng::Outcome::done) return;
+    messages().tell(
+        {.text = fmt::format(fmt::runtime(import_texts::exported), file.toStdString())});
+}
 
 void CNbCwBursarDlg::printChart(chengheng::ReportOutput output) {
     chengheng::PrintRangeWindow window(CodeLevels(m_levelPattern).count(), this);

@@ -8,8 +8,8 @@
 namespace chengheng {
 
 inline constexpr MenuItemResource chartFileItems[] = {
-    {chart_command::print, "打印\tCtrl+P"},
-    {chart_command::preview, "打印预览"},
+    {chart_command::print, "打印\tCtrl+P"},  {chart_command::preview, "打印预览"},    {0, ""},
+    {chart_command::importChart, "导入..."}, {chart_command::exportChart, "导出..."}, {0, ""},
     {chart_command::exit, "退出"},
 };
 inline constexpr MenuItemResource chartEditItems[] = {
