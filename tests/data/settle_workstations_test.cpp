@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "host/services/function_at_work.h"
 #include "settle/settle_form.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/other_workstation.h"
@@ -64,6 +65,23 @@ TEST_P(SettleWorkstations, OneThatIsAtWorkKeepsTheOthersChangeOut) {
     m_other.unlock("Settle", LockMode::exclusive);
     EXPECT_TRUE(m_form.save());
     EXPECT_EQ(m_books.stored(), (Texts{"1 1 现款 0", "2 2 支票 1"}));
+}
+
+TEST_P(SettleWorkstations, OneThatWaitsReadsWhoIsAtWorkAndWithWhichFunction) {
+    const auto functionShown = [this] {
+        EXPECT_NE(m_books.database.SQLLock("Settle", 2, 1), 0);
+        m_other.send("lock 2 0 Settle");
+        const LockHolder holder = m_other.answer().holder;
+        m_books.database.SQLUnLock("Settle", 2);
+        EXPECT_EQ(holder.operatorName, "王芳");
+        return holder.function;
+    };
+    const FunctionAtWork outer("会计科目");
+    {
+        const FunctionAtWork inner("结算方式");
+        EXPECT_EQ(functionShown(), "结算方式");
+    }
+    EXPECT_EQ(functionShown(), "会计科目");
 }
 
 TEST_P(SettleWorkstations, AVoucherBeingWrittenKeepsADeletionOut) {

@@ -31,7 +31,8 @@ struct SettleBooks {
     CNbCwDB database;
     RecordingMessages messages;
     HostMessages installed{messages};
-    HostSession session{{.database = &database, .databaseName = "books"}};
+    HostSession session{
+        {.database = &database, .databaseName = "books", .logonUser = {1, 1, 1, 1, "王芳"}}};
 };
 
 }  // namespace chengheng

@@ -299,6 +299,35 @@ TEST_F(SettleWindowTest, OffersAFilterFromTwentyMethodsOn) {
     EXPECT_EQ(shownInput(), "27 方式27");
 }
 
+TEST_F(SettleWindowTest, EnterAndDownLeadFromTheFilterIntoItsList) {
+    Texts methods;
+    for (int each = 10; each < 40; ++each)
+        methods.push_back(std::to_string(each) + " 方式" + std::to_string(each) + " 0");
+    open(methods);
+    auto& filter = control<QLineEdit>("filter");
+    for (const auto& [key, wanted, shown] :
+         {std::tuple{Qt::Key_Return, "27", "27 方式27"}, {Qt::Key_Down, "31", "31 方式31"}}) {
+        filter.setFocus();
+        filter.selectAll();
+        QTest::keyClicks(&filter, wanted);
+        press(key);
+        EXPECT_EQ(window->focusWidget(), &tree());
+        EXPECT_EQ(shownInput(), shown);
+    }
+}
+
+TEST_F(SettleWindowTest, GoesThroughTheTreeWithTabWhileAddingWithoutSelecting) {
+    open({"1 现金 0"});
+    press(Qt::Key_N, Qt::ControlModifier);
+    type(number(), "2");
+    press(Qt::Key_Backtab);
+    EXPECT_EQ(window->focusWidget(), &tree());
+    EXPECT_EQ(shownInput(), "2 ");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(window->focusWidget(), &number());
+    EXPECT_TRUE(books.messages.texts().empty());
+}
+
 TEST_F(SettleWindowTest, ReadsItsListAgainWhenAMethodHasGone) {
     open({"1 现金 0", "2 支票 1", "3 汇兑 0"});
     books.run("DELETE Settle WHERE lId = 2");

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeView>
@@ -67,13 +68,13 @@ constexpr ToolButton tools[] = {
 };
 
 constexpr int treeCharacters = 16;  ///< width of the tree at first
-constexpr int formCharacters = 26;
+constexpr int formCharacters = 32;
 constexpr int openingLines = 22;
 
 }  // namespace
 
 ListFormDialog::ListFormDialog(const ListFormWindow& window, QWidget* parent)
-    : CNxMiddleDialog(window.templateNumber, parent), m_window(window) {}
+    : CNxMiddleDialog(window.templateNumber, parent), m_window(window), m_atWork(window.title) {}
 
 ListFormDialog::~ListFormDialog() = default;
 
@@ -132,8 +133,10 @@ QWidget* ListFormDialog::buildList() {
     column->addWidget(m_tree);
 
     // Not within the event of the mouse or key: a question may come up.
-    connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             guarded([this] { followTree(); }), Qt::QueuedConnection);
+    auto* down = new QShortcut(Qt::Key_Down, m_filter, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(down, &QShortcut::activated, this, guarded([this] { enterTree(); }));
     connect(m_filter, &QLineEdit::textChanged, this, guarded([this] {
                 if (m_isShowing) return;
                 form().filter(m_filter->text().toStdString());
@@ -232,10 +235,16 @@ void ListFormDialog::showState() {
 }
 
 void ListFormDialog::followTree() {
-    const int id = m_leaves->idAt(m_tree->currentIndex());
+    const int id = selectedLeaf();
     if (m_isCarryingOut || id == 0 || id == form().selectedId()) return;
     carryOut([this, id] { form().select(id); });
     if (form().hasUnsavedInput()) returnToInput();
+}
+
+/// From the filter into what it shows.
+void ListFormDialog::enterTree() {
+    m_tree->setFocus(Qt::TabFocusReason);
+    if (selectedLeaf() == 0) m_tree->setCurrentIndex(m_leaves->index(0));
 }
 
 int ListFormDialog::selectedLeaf() const {
@@ -255,7 +264,9 @@ void ListFormDialog::moveOn() {
 }
 
 void ListFormDialog::OnOK() {
-    if (form().canSave()) {
+    if (m_filter->hasFocus()) {
+        enterTree();
+    } else if (form().canSave()) {
         carryOut([this] { form().save(); });
     } else {
         moveOn();

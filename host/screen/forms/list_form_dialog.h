@@ -5,6 +5,7 @@
 #include "host/forms/list_form.h"
 #include "host/screen/CNxMiddleDialog.h"
 #include "host/screen/window_commands.h"
+#include "host/services/function_at_work.h"
 #include "print/report_printer.h"
 
 class QFormLayout;
@@ -73,11 +74,13 @@ class ListFormDialog : public CNxMiddleDialog {
     void showForm();
     void showState();
     void followTree();
+    void enterTree();
     void moveOn();
     void returnToInput();
     int selectedLeaf() const;
 
     const ListFormWindow m_window;
+    const FunctionAtWork m_atWork;
     std::unique_ptr<WindowCommands> m_commands;
     LeafModel* m_leaves = nullptr;
     QTreeView* m_tree = nullptr;
