@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/support/account_actions.h"
+#include "tests/support/engine_cases.h"
+
+using namespace chengheng;
+
+namespace {
+
+constexpr int tooManyCalls = 500;
+
+class AccountFaults : public testing::TestWithParam<EngineCase> {};
+
+/// Lets the n-th call of an action fail, n = 1, 2, ..., until it is done. After each failure the
+/// chart is as before, the operator knows, and no lock is held.
+void failEachCall(const EngineCase& kind, const AccountAction& action, Failure failure) {
+    AccountBooks books(freshLocation(kind));
+    prepareActions(books);
+    const auto before = books.chart();
+    Outcome outcome = Outcome::failed;
+    int failures = 0;
+    for (int call = 1; outcome != Outcome::done && call < tooManyCalls; ++call) {
+        books.messages().forget();
+        books.engine().failCall(call, failure);
+        outcome = action.run(books);
+        const bool hasFailed = books.engine().hasFailed();
+        books.engine().failCall(0);
+        ASSERT_NE(books.database().DBSelect("books"), 0);
+        EXPECT_NE(outcome == Outcome::done, hasFailed) << action.name << " call " << call;
+        EXPECT_FALSE(books.holdsLocks()) << action.name << " call " << call;
+        EXPECT_FALSE(books.engine().inTransaction());
+        if (outcome == Outcome::done) break;
+        ++failures;
+        ASSERT_EQ(books.chart(), before) << action.name << " call " << call;
+        EXPECT_EQ(books.faults(), std::vector<std::string>{});
+    }
+    EXPECT_EQ(outcome, Outcome::done) << action.name;
+    EXPECT_NE(books.chart(), before) << action.name;
+    EXPECT_GT(failures, 3) << action.name;
+    EXPECT_EQ(books.faults(), std::vector<std::string>{});
+}
+
+/// The chart that books of a place hold; the test fails when they are not sound.
+std::vector<std::string> soundChart(const std::string& location) {
+    AccountBooks books(location, false);
+    EXPECT_EQ(books.faults(), std::vector<std::string>{});
+    EXPECT_NE(books.database().SQLLock("AccSum Code", 2, 0), 0) << "the dead hold nothing";
+    return books.chart();
+}
+
+/// Runs the action in a process that dies before its n-th call; true when it lived to the end.
+bool runAndDie(const std::string& location, const AccountAction& action, int call) {
+    const pid_t child = fork();
+    if (child == 0) {
+        AccountBooks books(location, false);
+        books.engine().dieAtCall(call);
+        _exit(action.run(books) == Outcome::done ? 0 : 1);
+    }
+    int result = 0;
+    waitpid(child, &result, 0);
+    EXPECT_TRUE(WIFSIGNALED(result) || WEXITSTATUS(result) == 0) << action.name;
+    return WIFEXITED(result);
+}
+
+}  // namespace
+
+TEST_P(AccountFaults, LeaveTheChartAsItWasWhateverCallFails) {
+    for (const AccountAction& action : accountActions())
+        for (const Failure failure : {Failure::full, Failure::lost})
+            failEachCall(GetParam(), action, failure);
+}
+
+CHENGHENG_ON_ALL_ENGINES(AccountFaults);
+
+namespace {
+
+class AccountCrashes : public testing::TestWithParam<EngineCase> {};
+
+}  // namespace
+
+TEST_P(AccountCrashes, LeaveTheOldChartOrTheNewOne) {
+    for (const AccountAction& action : accountActions()) {
+        const std::string location = freshLocation(GetParam());
+        std::vector<std::string> before;
+        {
+            AccountBooks books(location);
+            prepareActions(books);
+            before = books.chart();
+        }
+        int call = 1;
+        while (!runAndDie(location, action, call) && call < tooManyCalls) {
+            ASSERT_EQ(soundChart(location), before) << action.name << " died at call " << call;
+            ++call;
+        }
+        EXPECT_GT(call, 5) << action.name;
+        EXPECT_NE(soundChart(location), before) << action.name;
+    }
+}
+
+CHENGHENG_ON_SHARED_ENGINES(AccountCrashes);
