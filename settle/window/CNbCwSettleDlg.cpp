@@ -28,7 +28,7 @@ CNbCwSettleDlg::~CNbCwSettleDlg() {
     });
 }
 
-void CNbCwSettleDlg::AddFields() {
+void CNbCwSettleDlg::addFields() {
     m_number = addEdit(settle_texts::number, 'U', settleNumberField, settleNumberWidth);
     m_name = addEdit(settle_texts::name, 'M', settleNameField, settleNameWidth);
     m_usesChequeRegister = new QCheckBox(QString::fromUtf8(settle_texts::usesChequeRegister));
@@ -51,6 +51,6 @@ void CNbCwSettleDlg::DoDataExchange(bool isSaving) {
     m_usesChequeRegister->setChecked(input.usesChequeRegister);
 }
 
-void CNbCwSettleDlg::PrintList(ReportOutput output) {
+void CNbCwSettleDlg::printRecords(ReportOutput output) {
     printList(settlementList(), output, messages());
 }

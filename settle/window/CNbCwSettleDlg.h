@@ -16,9 +16,9 @@ class CNbCwSettleDlg : public chengheng::ListFormDialog {
 
   protected:
     chengheng::ListForm& form() override { return m_form; }
-    void AddFields() override;
+    void addFields() override;
     void DoDataExchange(bool isSaving) override;
-    void PrintList(chengheng::ReportOutput output) override;
+    void printRecords(chengheng::ReportOutput output) override;
 
   private:
     chengheng::SettleForm m_form;

@@ -96,7 +96,7 @@ void ListFormDialog::buildControls() {
     splitter->addWidget(buildForm());
     splitter->setStretchFactor(1, 1);
     column->addWidget(splitter, 1);
-    AddFields();
+    addFields();
     setTabOrder(m_fields.last(), m_ok);
 
     const int character = fontMetrics().horizontalAdvance(QChar(0x5E10));

@@ -42,8 +42,8 @@ class ListFormDialog : public CNxMiddleDialog {
 
     virtual ListForm& form() = 0;
     /// Adds the fields, by addEdit and addField, in the order of the Tab key.
-    virtual void AddFields() = 0;
-    virtual void PrintList(ReportOutput output) = 0;
+    virtual void addFields() = 0;
+    virtual void printRecords(ReportOutput output) = 0;
 
     /// A field with its label, reached by Alt and the key; its name is that of what it holds.
     LimitedEdit* addEdit(const char* label, char key, const char* name, int limit);
@@ -57,8 +57,8 @@ class ListFormDialog : public CNxMiddleDialog {
     void OnCancel() override;
     bool OnCommand(int command) override;
 
-    void OnMenuPreview() { PrintList(ReportOutput::preview); }
-    void OnMenuPrint() { PrintList(ReportOutput::print); }
+    void OnMenuPreview() { printRecords(ReportOutput::preview); }
+    void OnMenuPrint() { printRecords(ReportOutput::print); }
     void OnMenuInsert();
     void OnMenuDelete();
     void OnMenuHelp() { OnHelpInfo(); }
