@@ -110,7 +110,6 @@ inline constexpr const char* rowsRefused = "有 {} 行被拒绝,没有导入。\
 inline constexpr const char* planOutdated = "预览之后帐套中的资料已有改动,没有导入。\n请重新预览。";
 inline constexpr const char* askAcceptance = "有 {} 行需要确认,全部接受并导入吗?";
 inline constexpr const char* importCancelled = "导入已取消,科目没有改动。";
-inline constexpr const char* fileKindUnknown = "文件名“{}”应以 .csv 或 .xlsx 结尾。";
 inline constexpr const char* fateAdded = "新增";
 inline constexpr const char* fateChanged = "修改";
 inline constexpr const char* fateUnchanged = "不变";

@@ -13,6 +13,7 @@
 #include "data/text.h"
 #include "host/services/open_books.h"
 #include "host/sheets/sheet_files.h"
+#include "host/sheets/sheet_texts.h"
 
 namespace chengheng {
 namespace {
@@ -83,10 +84,6 @@ std::size_t rowsWithQuestions(const ImportPlan& plan) {
         plan.rows, [](const PlannedRow& row) { return !row.questions.empty(); }));
 }
 
-bool endsInAnyCase(std::string_view text, std::string_view end) {
-    return text.size() >= end.size() && isSameInAnyCase(text.substr(text.size() - end.size()), end);
-}
-
 }  // namespace
 
 std::optional<ImportPlan> ChartImport::plan(const std::string& path) {
@@ -136,14 +133,14 @@ Result ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportProgress
 }
 
 Outcome exportChart(IMessages& messages, const std::string& path) {
-    const bool isCsv = endsInAnyCase(path, ".csv");
-    if (!isCsv && !endsInAnyCase(path, ".xlsx"))
-        return told(messages, refusal(fmt::format(fmt::runtime(texts::fileKindUnknown), path)));
+    if (!isSheetName(path))
+        return told(messages,
+                    refusal(fmt::format(fmt::runtime(sheet_texts::fileKindUnknown), path)));
     ChartState state;
     if (!selectOpenBooks() || !readChartState(*g_pDB, state))
         return told(messages, Result::failed());
     const Sheet sheet = chartSheet(state.accounts, state.currencies);
-    const SheetOutcome failure = isCsv ? writeCsv(sheet, path) : writeXlsx(sheet, path);
+    const SheetOutcome failure = writeSheet(sheet, path);
     if (!failure) return Outcome::done;
     return told(messages,
                 {Outcome::failed,

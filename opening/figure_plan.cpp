@@ -1,10 +1,13 @@
 #include "opening/figure_plan.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 
 #include "data/numbers.h"
 #include "data/text.h"
+#include "host/sheets/sheet_failure.h"
 #include "opening/amount_text.h"
 #include "opening/opening_texts.h"
 
@@ -89,6 +92,17 @@ PlannedCell plannedFigure(const OpeningSheet& sheet, std::size_t place, Measure 
     Round(planned.figure.value, decimalsOf(measure));
     judge(planned, sheet, account);
     return planned;
+}
+
+std::string plannedCellText(const PlannedCell& cell) {
+    const int decimals = decimalsOf(cell.figure.measure);
+    const std::string what =
+        cell.reason.empty()
+            ? fmt::format(fmt::runtime(texts::figureChange), cell.code,
+                          ftoaWithSap(cell.before, decimals),
+                          ftoaWithSap(cell.figure.value, decimals))
+            : fmt::format(fmt::runtime(texts::cellReason), cell.code, cell.reason, cell.text);
+    return SheetFailure{what, cell.row + 1, cell.column + 1}.text();
 }
 
 FigurePlan planPaste(const OpeningSheet& sheet, std::size_t line, std::size_t column,

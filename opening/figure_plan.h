@@ -51,6 +51,9 @@ PlannedCell plannedFigure(const OpeningSheet& sheet, std::size_t place, Measure 
 /// A cell that is refused for a reason of its own.
 PlannedCell refusedCell(const Cell& cell, std::string reason);
 
+/// "第 3 行 B 列:1001 0.00 → 5.00", or with the reason why it is ignored or refused.
+std::string plannedCellText(const PlannedCell& cell);
+
 /// Whether a cell holds nothing but blanks.
 bool isBlankCell(const Cell& cell);
 

@@ -66,6 +66,8 @@ inline constexpr const char* departmentsFirst = "请先定义部门目录";
 inline constexpr const char* projectClassesFirst = "请先定义项目大类";
 inline constexpr const char* unitsFirst = "请先定义单位目录";
 
+inline constexpr const char* figureChange = "{} {} → {}";
+inline constexpr const char* cellReason = "{} {}(“{}”)";
 inline constexpr const char* currencyHeading = "外币币别";
 inline constexpr const char* unitHeading = "计量单位";
 inline constexpr const char* noHeadings =

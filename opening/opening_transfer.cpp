@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "data/text.h"
+#include "host/sheets/sheet_files.h"
 #include "opening/opening_texts.h"
 
 namespace chengheng {
@@ -205,6 +206,14 @@ SheetOutcome planOpeningImport(const OpeningSheet& sheet, const Sheet& file, Fig
     for (std::size_t row = columns->headingRow + 1; row < file.rows.size(); ++row)
         planner.planRow(row);
     return std::nullopt;
+}
+
+SheetOutcome planImportedFile(const OpeningSheet& sheet, const std::string& path,
+                              FigurePlan& plan) {
+    Sheet file;
+    if (SheetOutcome failure = readSheet(path, file)) return failure;
+    const SheetOutcome failure = planOpeningImport(sheet, file, plan);
+    return failure ? whileReading(*failure, path) : failure;
 }
 
 }  // namespace chengheng

@@ -18,4 +18,7 @@ Sheet exportedOpenings(const OpeningSheet& sheet);
 /// is another than the account's. The failure is one of the whole file: it has no heading row.
 SheetOutcome planOpeningImport(const OpeningSheet& sheet, const Sheet& file, FigurePlan& plan);
 
+/// The same of a CSV or XLSX file.
+SheetOutcome planImportedFile(const OpeningSheet& sheet, const std::string& path, FigurePlan& plan);
+
 }  // namespace chengheng

@@ -1,14 +1,19 @@
 #include "opening/opening_work.h"
 
+#include <fmt/format.h>
+
 #include "data/host_database.h"
 #include "data/lookups/CGetData.h"
 #include "data/unit_of_work.h"
 #include "host/services/last_failure.h"
 #include "host/services/open_books.h"
+#include "host/sheets/sheet_files.h"
+#include "host/sheets/sheet_texts.h"
 #include "opening/amount_text.h"
 #include "opening/auxiliary_directories.h"
 #include "opening/direction_adjust.h"
 #include "opening/opening_texts.h"
+#include "opening/opening_transfer.h"
 #include "opening/saving.h"
 #include "opening/zero_row_sweep.h"
 
@@ -77,6 +82,25 @@ bool OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
 
 bool OpeningWork::apply(const FigurePlan& plan) {
     return plan.mayBeApplied() && writeFigures(plan.figures());
+}
+
+std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {
+    FigurePlan plan;
+    const SheetOutcome failure = planImportedFile(sheet(), path, plan);
+    if (!failure) return plan;
+    m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning, .beep = true});
+    return std::nullopt;
+}
+
+bool OpeningWork::exportTo(const std::string& path) {
+    const auto tell = [this](std::string text) {
+        m_messages.tell({.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
+        return false;
+    };
+    if (!isSheetName(path))
+        return tell(fmt::format(fmt::runtime(sheet_texts::fileKindUnknown), path));
+    const SheetOutcome failure = writeSheet(exportedOpenings(sheet()), path);
+    return !failure || tell(failure->text());
 }
 
 bool OpeningWork::goTo(const EditStep* step, void (EditJournal::*arrived)()) {

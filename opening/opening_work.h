@@ -51,6 +51,10 @@ class OpeningWork {
     bool writeFigures(const std::vector<TypedFigure>& figures);
     /// A paste or an import as it was shown; false as well when a cell of it is refused.
     bool apply(const FigurePlan& plan);
+    /// What the cells of a CSV or XLSX file become; nothing when it cannot be read.
+    std::optional<FigurePlan> planImport(const std::string& path);
+    /// Writes the sheet as such a file, by the end of its name.
+    bool exportTo(const std::string& path);
     bool undo();
     bool redo();
 

@@ -5,6 +5,7 @@
 
 #include "data/platform/staged_file.h"
 #include "data/platform/system_error.h"
+#include "data/text.h"
 #include "host/books/owned_files.h"
 #include "host/sheets/delimited_text.h"
 #include "host/sheets/sheet_limits.h"
@@ -15,6 +16,13 @@
 
 namespace chengheng {
 namespace {
+
+constexpr std::string_view csvEnd = ".csv";
+constexpr std::string_view xlsxEnd = ".xlsx";
+
+bool endsInAnyCase(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && isSameInAnyCase(text.substr(text.size() - end.size()), end);
+}
 
 Status writeText(const std::string& text, const std::string& path) {
     errno = 0;
@@ -71,6 +79,14 @@ SheetOutcome writeXlsx(const Sheet& sheet, const std::string& path) {
         SheetOutcome failure = makeWorkbook(sheet, draft);
         return failure ? failure : compare(sheet, draft);
     });
+}
+
+bool isSheetName(std::string_view path) {
+    return endsInAnyCase(path, csvEnd) || endsInAnyCase(path, xlsxEnd);
+}
+
+SheetOutcome writeSheet(const Sheet& sheet, const std::string& path) {
+    return endsInAnyCase(path, csvEnd) ? writeCsv(sheet, path) : writeXlsx(sheet, path);
 }
 
 SheetOutcome readSheet(const std::string& path, Sheet& sheet) {

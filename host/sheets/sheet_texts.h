@@ -17,6 +17,8 @@ inline constexpr const char* fileFailed = "读写时出错。请检查磁盘后�
 inline constexpr const char* fileTooLong = "文件超过 {} MB,太大了。请拆分后重试。";
 
 inline constexpr const char* notText = "单元格内容不是有效的文字,不能写入表格文件。";
+/// The name of the file takes the place of {}.
+inline constexpr const char* fileKindUnknown = "文件名“{}”应以 .csv 或 .xlsx 结尾。";
 inline constexpr const char* notNumber = "单元格的数值不是有效的数字,不能写入表格文件。";
 inline constexpr const char* textTooLong =
     "单元格内容超过 {} 个字符,XLSX 文件放不下。请改用 CSV 文件。";

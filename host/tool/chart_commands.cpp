@@ -22,19 +22,6 @@ struct ChartOptions {
     bool isJson = false;
 };
 
-ExitCode exitCode(Outcome outcome) {
-    switch (outcome) {
-        case Outcome::done:
-            return ExitCode::done;
-        case Outcome::refused:
-            return ExitCode::wrongInput;
-        case Outcome::stale:
-        case Outcome::failed:
-            break;
-    }
-    return ExitCode::failed;
-}
-
 const char* fateWord(RowFate fate) {
     switch (fate) {
         case RowFate::added:
@@ -100,7 +87,7 @@ ExitCode importChart(Tool& tool, const ChartOptions& options) {
     if (wasAsked) tool.err << tool_texts::notAccepted << '\n';
     if (outcome == Outcome::done && !options.isJson)
         tool.out << fmt::format(fmt::runtime(tool_texts::imported), options.file) << '\n';
-    return exitCode(outcome);
+    return exitCodeOf(outcome);
 }
 
 ExitCode writeChart(Tool& tool, const ChartOptions& options) {
@@ -111,7 +98,7 @@ ExitCode writeChart(Tool& tool, const ChartOptions& options) {
     const Outcome outcome = exportChart(messages, options.file);
     if (outcome == Outcome::done)
         tool.out << fmt::format(fmt::runtime(tool_texts::exported), options.file) << '\n';
-    return exitCode(outcome);
+    return exitCodeOf(outcome);
 }
 
 }  // namespace

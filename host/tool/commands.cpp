@@ -18,6 +18,19 @@ std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location) {
     return nullptr;
 }
 
+ExitCode exitCodeOf(Outcome outcome) {
+    switch (outcome) {
+        case Outcome::done:
+            return ExitCode::done;
+        case Outcome::refused:
+            return ExitCode::wrongInput;
+        case Outcome::stale:
+        case Outcome::failed:
+            break;
+    }
+    return ExitCode::failed;
+}
+
 ExitCode tellFailure(Tool& tool, const Status& status, const std::string& location) {
     tool.err << failureText(status, location) << '\n';
     return ExitCode::failed;

@@ -5,6 +5,7 @@
 
 #include "data/engines/engine.h"
 #include "host/books/refusal.h"
+#include "host/services/record_change.h"
 #include "host/tool/tool.h"
 
 namespace CLI {
@@ -25,12 +26,17 @@ void addRestoreCommand(CLI::App& app, Tool& tool);
 void addCopyCommand(CLI::App& app, Tool& tool);
 void addImportChartCommand(CLI::App& app, Tool& tool);
 void addExportChartCommand(CLI::App& app, Tool& tool);
+void addTrialBalanceCommand(CLI::App& app, Tool& tool);
+void addImportOpeningCommand(CLI::App& app, Tool& tool);
+void addExportOpeningCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.
 
 /// Opens the books at a location, or says why not and gives null.
 std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location);
 
+/// What an action on the books returns; it has said what there was to say.
+ExitCode exitCodeOf(Outcome outcome);
 /// Says what failed at a location.
 ExitCode tellFailure(Tool& tool, const Status& status, const std::string& location);
 /// Says why something was refused.

@@ -25,9 +25,11 @@ void setUp(CLI::App& app) {
     app.require_subcommand(1);
 }
 
-constexpr std::array addCommands{addNewCommand,   addDemoCommand,        addInfoCommand,
-                                 addCheckCommand, addBackupCommand,      addRestoreCommand,
-                                 addCopyCommand,  addImportChartCommand, addExportChartCommand};
+constexpr std::array addCommands{
+    addNewCommand,          addDemoCommand,          addInfoCommand,
+    addCheckCommand,        addBackupCommand,        addRestoreCommand,
+    addCopyCommand,         addImportChartCommand,   addExportChartCommand,
+    addTrialBalanceCommand, addImportOpeningCommand, addExportOpeningCommand};
 
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     CLI::App app(tool_texts::summary, "chbooks");

@@ -14,7 +14,7 @@ inline constexpr const char* footer =
     "\n"
     "退出码:\n"
     "  0  完成\n"
-    "  1  检查发现了问题\n"
+    "  1  检查发现了问题,或试算不平衡\n"
     "  2  命令行有误\n"
     "  3  帐套、文件或服务器出错(不存在、不是帐套、已损坏、版本太新、只读、占用、\n"
     "     连不上、磁盘已满),什么都没有改变\n"
@@ -104,6 +104,17 @@ inline constexpr const char* notAccepted = "没有导入。确认无误后请加
 inline constexpr const char* exportChartCommand = "把科目导出为表格文件,可以原样导入";
 inline constexpr const char* exportFileArgument = "要写入的文件,以 .csv 或 .xlsx 结尾";
 inline constexpr const char* exported = "科目已导出到“{}”。";
+
+inline constexpr const char* trialBalanceCommand = "试算平衡:各类科目的期初余额、合计与结果";
+inline constexpr const char* importOpeningCommand = "从表格文件导入期初余额,按科目编码对应";
+inline constexpr const char* openingFileArgument =
+    "CSV 或 XLSX 文件,标题行中有“科目编码”和“期初余额”等列";
+inline constexpr const char* dryRunCells = "只列出每一格的处理结果,不改动帐套";
+inline constexpr const char* cellSummary =
+    "改动 {} 格,不变 {} 格,上级科目不计 {} 格,拒绝 {} 格。\n";
+inline constexpr const char* cellsRefused = "没有导入。请修改文件后重试。";
+inline constexpr const char* exportOpeningCommand = "把期初余额导出为表格文件,可以原样导入";
+inline constexpr const char* openingExported = "期初余额已导出到“{}”。";
 
 /// What is wrong with a command line; the name is that of the parser's error.
 std::string wrongUsage(std::string_view errorName, std::string_view detail);

@@ -1,0 +1,135 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "host/tool/tool.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/opening_books.h"
+#include "tests/support/small_books.h"
+
+namespace {
+
+using namespace chengheng;
+using testing::HasSubstr;
+
+// The numbers that scripts rely on.
+constexpr int done = 0;
+constexpr int notBalanced = 1;
+constexpr int wrongUsage = 2;
+constexpr int failed = 3;
+constexpr int wrongInput = 5;
+
+struct ToolRun {
+    int code;
+    std::string out;
+    std::string err;
+};
+
+/// The small books: 1001 and 1122 with 400.10 on the debit side, 2202 with 400.10.
+class OpeningCommands : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override { fillSmallBooks(*openForTest(m_books)); }
+
+    static ToolRun chbooks(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "chbooks");
+        std::vector<const char*> words;
+        for (const std::string& argument : arguments) words.push_back(argument.c_str());
+        std::ostringstream out;
+        std::ostringstream err;
+        const int code = runTool(static_cast<int>(words.size()), words.data(), out, err);
+        return {code, out.str(), err.str()};
+    }
+    std::string file(const std::string& name, const std::string& content) const {
+        std::ofstream(m_folder + name) << content;
+        return m_folder + name;
+    }
+    ToolRun import(const std::string& content, std::vector<std::string> more = {}) const {
+        std::vector<std::string> arguments{"import-opening", m_books, file("opening.csv", content)};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return chbooks(arguments);
+    }
+    ToolRun trialBalance() const { return chbooks({"trial-balance", m_books}); }
+
+    std::string m_books = freshLocation(GetParam());
+    std::string m_folder = freshFolder() + "/";
+};
+
+TEST_P(OpeningCommands, PrintTheFiveTextsOfTheTrialBalance) {
+    const ToolRun run = trialBalance();
+    EXPECT_EQ(run.code, done);
+    EXPECT_EQ(run.out,
+              "资产 = 借\t400.10\n\n"
+              "负债 = 贷\t400.10\n\n"
+              "合计 = 借\t400.10\n"
+              "合计 = 贷\t400.10\n"
+              "试算结果平衡\n");
+    EXPECT_EQ(run.err, "");
+}
+
+TEST_P(OpeningCommands, TellBooksThatDoNotBalanceByTheExitCode) {
+    ASSERT_EQ(import("科目编码,期初余额\n1001,300.5\n").code, done);
+    const ToolRun run = trialBalance();
+    EXPECT_EQ(run.code, notBalanced);
+    EXPECT_THAT(run.out, HasSubstr("试算结果不平衡,差额为0.50\n"));
+    EXPECT_THAT(chbooks({"trial-balance", m_books, "--json"}).out,
+                HasSubstr("\"result\": \"试算结果不平衡,差额为0.50\""));
+}
+
+TEST_P(OpeningCommands, ExportFilesThatReadBackUnchanged) {
+    for (const char* name : {"out.csv", "out.xlsx"}) {
+        const std::string path = m_folder + name;
+        ASSERT_EQ(chbooks({"export-opening", m_books, path}).code, done) << name;
+        const ToolRun run = chbooks({"import-opening", m_books, path});
+        EXPECT_EQ(run.code, done) << name;
+        EXPECT_EQ(run.out, "改动 0 格,不变 5 格,上级科目不计 2 格,拒绝 0 格。\n") << name;
+    }
+}
+
+TEST_P(OpeningCommands, ShowWhatADryRunWouldChangeAndChangeNothing) {
+    const ToolRun run =
+        import("科目编码,期初余额,外币期初余额\n1001,\"1,000.00\",\n10020101,7,1\n", {"--dry-run"});
+    EXPECT_EQ(run.code, done);
+    EXPECT_EQ(run.out,
+              "第 2 行 B 列:1001 300.00 → 1,000.00\n"
+              "第 3 行 B 列:10020101 0.00 → 7.00\n"
+              "第 3 行 C 列:10020101 0.00 → 1.00\n"
+              "改动 3 格,不变 0 格,上级科目不计 0 格,拒绝 0 格。\n");
+    EXPECT_EQ(trialBalance().code, done);
+}
+
+TEST_P(OpeningCommands, ImportTheFiguresAndTheSumsAboveThem) {
+    EXPECT_EQ(import("科目编码,期初余额\n1001,293\n10020101,7\n").code, done);
+    EXPECT_EQ(trialBalance().code, done);
+    EXPECT_EQ(chbooks({"check", m_books}).code, done);
+    OpeningTestBooks books(m_books, OpeningLayout::simple, false);
+    EXPECT_TRUE(books.work().refresh());
+    EXPECT_EQ(books.shown("1002"), "7.00");
+    EXPECT_EQ(books.whatASaveWouldChange(), std::vector<std::string>{});
+}
+
+TEST_P(OpeningCommands, ImportAllOrNothing) {
+    const ToolRun run = import("科目编码,期初余额\n1001,293\n9999,7\n1122,5\n");
+    EXPECT_EQ(run.code, wrongInput);
+    EXPECT_THAT(run.out, HasSubstr("第 3 行 A 列:9999 没有这个科目(“9999”)\n"));
+    EXPECT_THAT(run.out,
+                HasSubstr("第 4 行 B 列:1122 辅助科目的期初余额请在辅助期初中录入(“5”)\n"));
+    EXPECT_EQ(run.err, "没有导入。请修改文件后重试。\n");
+    EXPECT_EQ(trialBalance().code, done);
+}
+
+TEST_P(OpeningCommands, RefuseFilesThatAreNoneOfTheirs) {
+    const ToolRun run = import("1001,5\n");
+    EXPECT_EQ(run.code, failed);
+    EXPECT_THAT(run.err, HasSubstr("没有找到标题行。"));
+    EXPECT_EQ(chbooks({"import-opening", m_books, m_folder + "none.csv"}).code, failed);
+    EXPECT_EQ(chbooks({"export-opening", m_books, m_folder + "out.doc"}).code, wrongInput);
+    EXPECT_EQ(chbooks({"export-opening", m_books, m_folder + "none/out.csv"}).code, failed);
+    EXPECT_EQ(chbooks({"export-opening", m_books}).code, wrongUsage);
+    EXPECT_EQ(chbooks({"trial-balance", m_folder + "none.db"}).code, failed);
+}
+
+CHENGHENG_ON_SHARED_ENGINES(OpeningCommands);
+
+}  // namespace
