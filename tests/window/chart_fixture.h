@@ -64,6 +64,8 @@ class OpenChart : public CNbCwBursarDlg {
         QCoreApplication::processEvents();
     }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        // A closed dialog gives the keyboard back only when the event loop turns.
+        if (!isActiveWindow()) showActive(*this);
         QTest::keyClick(focusWidget() ? focusWidget() : this, key, modifiers);
         QCoreApplication::processEvents();
     }

@@ -1,0 +1,110 @@
+#include "accounts/chart_screen.h"
+
+#include <gtest/gtest.h>
+
+#include "accounts/chart_commands.h"
+#include "accounts/chart_search.h"
+#include "data/lookups/cached_records.h"
+#include "tests/support/account_books.h"
+#include "tests/support/engine_cases.h"
+
+using namespace chengheng;
+
+namespace {
+
+using Codes = std::vector<std::string>;
+
+class ChartScreenTest : public testing::TestWithParam<EngineCase> {
+  protected:
+    ChartScreenTest() {
+        for (const char* code : {"1002", "100201", "1001", "10A0", "10a0", "1122"}) books.add(code);
+    }
+    Codes codes() const {
+        Codes listed;
+        for (int row = 0; row < screen.count(); ++row) listed.push_back(screen.codeAt(row));
+        return listed;
+    }
+
+    AccountBooks books{freshLocation(GetParam())};
+    BookLookups lookups{g_lpszNbZwDBName};
+    ChartScreen screen;
+};
+
+CHENGHENG_ON_ALL_ENGINES(ChartScreenTest);
+
+}  // namespace
+
+TEST_P(ChartScreenTest, ListsCodesByteByByte) {
+    ASSERT_TRUE(screen.load("全部"));
+    EXPECT_EQ(codes(), (Codes{"1001", "1002", "100201", "10A0", "10a0", "1122"}));
+    for (int row = 0; row < screen.count(); ++row) {
+        EXPECT_EQ(screen.placeOf(screen.codeAt(row)), row);
+        EXPECT_EQ(screen.rowOfCode(screen.codeAt(row)), row);
+    }
+    EXPECT_EQ(screen.placeOf("1003"), 3);
+    EXPECT_EQ(screen.rowOfCode("1003"), -1);
+}
+
+TEST_P(ChartScreenTest, ListsAClassWhateverItsNameHolds) {
+    _CodeInfo account = books.account("1122");
+    account.sType = "O'Brien %_\\";
+    books.edit(account);
+    ASSERT_TRUE(screen.load(account.sType));
+    EXPECT_EQ(codes(), Codes{"1122"});
+    EXPECT_TRUE(screen.isListed(account));
+    EXPECT_FALSE(screen.isListed(books.account("1001")));
+    ASSERT_TRUE(screen.load("没有"));
+    EXPECT_TRUE(screen.isEmpty());
+    EXPECT_EQ(screen.countText(), "0");
+    EXPECT_EQ(screen.text(0, ListColumn::code), "");
+}
+
+TEST_P(ChartScreenTest, IsEmptyAfterAReadingThatFailed) {
+    ASSERT_TRUE(screen.load("全部"));
+    books.engine().failCall(2, Failure::full);
+    EXPECT_FALSE(screen.load("全部"));
+    EXPECT_TRUE(screen.isEmpty());
+}
+
+TEST_P(ChartScreenTest, FindsTheFirstWholeCodeOrNameInAnyCase) {
+    ASSERT_TRUE(screen.load("全部"));
+    EXPECT_EQ(screen.find(" 1122"), 5);
+    EXPECT_EQ(screen.find("10a0"), 3);
+    EXPECT_EQ(screen.find("科目"), 0);
+    EXPECT_EQ(screen.find("112"), std::nullopt);
+    EXPECT_EQ(screen.find("1122 "), std::nullopt);
+    EXPECT_EQ(screen.find(""), std::nullopt);
+}
+
+TEST_P(ChartScreenTest, GoesRoundTheMatchesOfASearch) {
+    ASSERT_TRUE(screen.load("全部"));
+    ChartSearch search(screen);
+    EXPECT_FALSE(search.isActive());
+    EXPECT_EQ(search.matchFrom(0), -1);
+    search.type("1002");
+    EXPECT_EQ(search.matchCount(), 2);
+    EXPECT_EQ(search.matchFrom(0), 1);
+    EXPECT_EQ(search.matchFrom(3), 1);
+    EXPECT_EQ(search.matchBefore(1), 2);
+    EXPECT_EQ(search.numberOf(2), 2);
+    EXPECT_EQ(search.numberOf(3), 0);
+    screen.remove(1);
+    search.repeat();
+    EXPECT_EQ(search.matchCount(), 1);
+}
+
+TEST_P(ChartScreenTest, NamesTheAccountsAbove) {
+    ASSERT_TRUE(screen.load("全部"));
+    EXPECT_EQ(screen.path(2), "科目 / 科目");
+    EXPECT_EQ(screen.path(0), "科目");
+    EXPECT_EQ(screen.path(9), "");
+}
+
+TEST(ChartCommands, WorkOnAnAccountExceptThoseThatAnEmptyChartNeeds) {
+    for (const int command : {chart_command::print, chart_command::preview, chart_command::remove,
+                              chart_command::modify, chart_command::copy, chart_command::find})
+        EXPECT_TRUE(ChartScreen::needsAccount(command)) << command;
+    for (const int command : {chart_command::insert, chart_command::appoint, chart_command::exit,
+                              chart_command::refurbish, chart_command::importChart})
+        EXPECT_FALSE(ChartScreen::needsAccount(command)) << command;
+}
