@@ -27,10 +27,13 @@ Refusal noCashAccount(const DeletionFacts& facts) {
 }
 
 Refusal notUsed(const DeletionFacts& facts) {
-    for (const UsePlace place : usePlaces)
-        if (facts.chart.isUsed(place, facts.idsWithBelow, SumsUse::anyRow))
-            return AccountRefusal{{.text = account_texts::usedWithBelow(place)},
-                                  facts.account.sCode};
+    for (const UsePlace place : usePlaces) {
+        if (!facts.chart.isUsed(place, facts.idsWithBelow, SumsUse::anyRow)) continue;
+        AccountRefusal refusal;
+        refusal.notice.text = account_texts::usedWithBelow(place);
+        refusal.usedCode = facts.account.sCode;
+        return refusal;
+    }
     return std::nullopt;
 }
 
