@@ -19,7 +19,7 @@ namespace chengheng {
 namespace {
 
 constexpr int usedTemplate = 128;
-constexpr QSize openingSize(760, 420);
+constexpr QSize openingSize(800, 420);
 constexpr int placesWidth = 180;
 constexpr int columnCharacters = 14;
 

@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QScrollBar>
 
 #include "print/report_printer.h"
 #include "tests/window/chart_fixture.h"
@@ -116,6 +117,20 @@ TEST_F(ChartChangesTest, ShowsWhereTheCurrentAccountIsUsed) {
         EXPECT_EQ(list.windowTitle(), "科目使用情况");
         const auto labels = list.findChildren<QLabel*>();
         EXPECT_EQ(labels[0]->text(), "科目 1001 及其下级科目没有在任何地方使用。");
+        QTest::keyClick(&list, Qt::Key_Escape);
+    });
+    window->choose("使用情况");
+}
+
+TEST_F(ChartChangesTest, ShowsEveryFigureOfASumWithoutScrollingSideways) {
+    addSomeAccounts();
+    books.addEmptySums("1001");
+    open();
+    const NextModal used([](QWidget& list) {
+        QCoreApplication::processEvents();
+        const auto* grid = list.findChild<CVCF1*>();
+        EXPECT_EQ(grid->model()->columnCount(), 5);
+        EXPECT_EQ(grid->horizontalScrollBar()->maximum(), 0);
         QTest::keyClick(&list, Qt::Key_Escape);
     });
     window->choose("使用情况");
