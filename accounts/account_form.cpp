@@ -24,8 +24,12 @@ std::vector<std::string> codesBelow(std::string_view parent) {
     return codes;
 }
 
+std::vector<_zCodeClassInfo> knownClasses() {
+    return AccountService::classes().value_or(std::vector<_zCodeClassInfo>());
+}
+
 bool isClass(std::string_view name) {
-    const auto classes = AccountService::classes();
+    const auto classes = knownClasses();
     return std::ranges::find(classes, name, &_zCodeClassInfo::sClsName) != classes.end();
 }
 
@@ -43,24 +47,31 @@ void AccountForm::beginNew(std::string_view parent, std::string_view className) 
     m_opened.code = proposedBelow(parent);
     if (m_opened.code.empty()) m_opened.code = proposedBeside(parent);
     m_opened.className = m_isClassGiven ? std::string(className) : classFor(m_opened.code);
+    // An account without a class would stand on no tab but that of all accounts.
+    const auto classes = knownClasses();
+    if (m_opened.className.empty() && !classes.empty())
+        m_opened.className = classes.front().sClsName;
 }
 
-bool AccountForm::beginCopy(std::string_view code) {
-    const auto account = AccountService::find(code);
-    if (!account) return false;
+Outcome AccountForm::beginCopy(std::string_view code) {
+    _CodeInfo account;
+    const Outcome outcome = AccountService::find(code, account);
+    if (outcome != Outcome::done) return outcome;
     m_shown.reset();
     m_place = code;
     m_isClassGiven = true;
-    beginSibling(copyOf(*account), code);
-    return true;
+    beginSibling(copyOf(account), code);
+    return outcome;
 }
 
-bool AccountForm::beginModification(std::string_view code) {
-    m_shown = AccountService::find(code);
-    if (!m_shown) return false;
+Outcome AccountForm::beginModification(std::string_view code) {
+    _CodeInfo account;
+    const Outcome outcome = AccountService::find(code, account);
+    if (outcome != Outcome::done) return outcome;
+    m_shown = account;
     m_place = code;
-    m_opened = entryOf(*m_shown);
-    return true;
+    m_opened = entryOf(account);
+    return outcome;
 }
 
 void AccountForm::beginSibling(const AccountEntry& like, std::string_view code) {
@@ -77,7 +88,9 @@ std::string AccountForm::proposedBeside(std::string_view code) const {
     return proposedSibling(m_levels, codesBelow(m_levels.parentOf(code)), code);
 }
 
-bool AccountForm::isChanged(const AccountEntry& typed) const { return tidied(typed) != m_opened; }
+bool AccountForm::isChanged(const AccountEntry& typed) const {
+    return tidied(typed) != tidied(m_opened);
+}
 
 AccountChange AccountForm::save(const AccountEntry& typed) {
     if (!isAdding()) {
@@ -115,7 +128,7 @@ std::string AccountForm::neighbour(Step step) const {
     return {};
 }
 
-bool AccountForm::goTo(std::string_view code) {
+Outcome AccountForm::goTo(std::string_view code) {
     return isAdding() ? beginCopy(code) : beginModification(code);
 }
 
@@ -130,10 +143,11 @@ std::string AccountForm::classFor(std::string_view code) const {
     if (m_isClassGiven) return {};
     const std::string parent = m_levels.parentOf(code);
     if (!parent.empty()) {
-        const auto account = AccountService::find(parent);
-        return account ? account->sType : std::string();
+        _CodeInfo account;
+        const bool isThere = AccountService::find(parent, account) == Outcome::done;
+        return isThere ? account.sType : std::string();
     }
-    const auto classes = AccountService::classes();
+    const auto classes = knownClasses();
     const auto number = code.empty() ? 0 : code.front() - '0';
     if (m_levels.gradeOf(code) != 1 || number < 1 || number > static_cast<int>(classes.size())) {
         return {};

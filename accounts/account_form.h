@@ -27,10 +27,11 @@ class AccountForm {
     /// Begins a new account below `parent`, of the class named; a class that is none of the
     /// list, or an empty chart, leaves it to the proposals.
     void beginNew(std::string_view parent, std::string_view className);
-    /// Begins a new account with the settings of another one; false when that is gone.
-    bool beginCopy(std::string_view code);
-    /// Begins modifying an account; false when it is gone.
-    bool beginModification(std::string_view code);
+    /// Begins a new account with the settings of another one, which is read anew as by
+    /// AccountService::find; not done, the form is as before.
+    Outcome beginCopy(std::string_view code);
+    /// Begins modifying an account, read in the same way.
+    Outcome beginModification(std::string_view code);
 
     bool isAdding() const { return !m_shown; }
     /// What the fields begin with.
@@ -43,8 +44,8 @@ class AccountForm {
 
     /// The account that an arrow leads to; empty when there is none.
     std::string neighbour(Step step) const;
-    /// Goes there, without regard to what has been typed; false when that account is gone.
-    bool goTo(std::string_view code);
+    /// Goes there, without regard to what has been typed, by a copy or a modification.
+    Outcome goTo(std::string_view code);
 
     /// The mnemonic proposed for a name: empty when the name gives none.
     static std::string mnemonicFor(std::string_view name);

@@ -129,12 +129,20 @@ AccountChange AccountService::remove(std::string_view code, std::string_view nam
     return change;
 }
 
-std::optional<_CodeInfo> AccountService::find(std::string_view code) {
-    return selectOpenBooks() ? StoredChart(*g_pDB).accountOf(code) : std::nullopt;
+Outcome AccountService::find(std::string_view code, _CodeInfo& account) {
+    if (!selectOpenBooks()) return Outcome::failed;
+    StoredChart chart(*g_pDB);
+    auto found = chart.accountOf(code);
+    if (!found) return chart.isRead() ? Outcome::stale : Outcome::failed;
+    account = std::move(*found);
+    return Outcome::done;
 }
 
-std::vector<_zCodeClassInfo> AccountService::classes() {
-    return selectOpenBooks() ? StoredChart(*g_pDB).classes() : std::vector<_zCodeClassInfo>();
+std::optional<std::vector<_zCodeClassInfo>> AccountService::classes() {
+    if (!selectOpenBooks()) return std::nullopt;
+    StoredChart chart(*g_pDB);
+    auto classes = chart.classes();
+    return chart.isRead() ? std::optional(std::move(classes)) : std::nullopt;
 }
 
 }  // namespace chengheng

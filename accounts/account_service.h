@@ -42,10 +42,11 @@ class AccountService {
     /// without a word.
     AccountChange remove(std::string_view code, std::string_view name);
 
-    /// The account of a code as it is stored; nothing when there is none or it cannot be read.
-    static std::optional<_CodeInfo> find(std::string_view code);
-    /// The account classes in the order of the list; empty when they cannot be read.
-    static std::vector<_zCodeClassInfo> classes();
+    /// Reads the account of a code as it is stored; stale when there is none, failed when it
+    /// cannot be read. Tells nothing.
+    static Outcome find(std::string_view code, _CodeInfo& account);
+    /// The account classes in the order of the list; nothing when they cannot be read.
+    static std::optional<std::vector<_zCodeClassInfo>> classes();
 
   private:
     IMessages& m_messages;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "accounts/account_entry.h"
+#include "accounts/account_sql.h"
 #include "accounts/chart_commands.h"
 #include "accounts/chart_sql.h"
 #include "accounts/chart_texts.h"
@@ -30,7 +31,7 @@ bool isSameForFinding(std::string_view shown, std::string_view wanted) {
 
 bool ChartScreen::readClasses() {
     m_tabs.clear();
-    const RowLease<_zCodeClassInfo> classes(*g_pDB, nullptr);
+    const RowLease<_zCodeClassInfo> classes(*g_pDB, account_sql::allClasses);
     if (!classes.isFound()) return false;
     m_tabs.emplace_back(chart_texts::allAccounts);
     for (const _zCodeClassInfo* accountClass : classes.rows()) {

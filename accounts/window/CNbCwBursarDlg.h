@@ -7,6 +7,7 @@
 #include "accounts/chart_search.h"
 #include "host/screen/CNxMiddleDialog.h"
 #include "host/screen/module_export.h"
+#include "host/services/record_change.h"
 #include "print/report_printer.h"
 
 class CVCF1;
@@ -90,6 +91,8 @@ class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
     void listAgain();
     /// Whether the account is there; the operator is told when it is not.
     bool isStillThere(const std::string& code);
+    /// Whether reading the account was done; the operator is told when it was not.
+    bool isRead(chengheng::Outcome outcome, const std::string& code);
     void tellGone(const std::string& code);
     void runAccountWindow(chengheng::AccountForm& form);
     void showSaved(const _CodeInfo& account);

@@ -20,6 +20,7 @@
 
 using chengheng::AccountForm;
 using chengheng::CodeLevels;
+using chengheng::Outcome;
 namespace import_texts = chengheng::import_texts;
 
 namespace {
@@ -30,9 +31,14 @@ QString shown(const char* text) { return QString::fromUtf8(text); }
 
 bool CNbCwBursarDlg::isStillThere(const std::string& code) {
     const int existence = SelectDatabase() ? CodeIsExist(code) : -1;
-    if (existence < 0) TellFailure();
-    if (existence > 0) tellGone(code);
-    return existence == 0;
+    if (existence < 0) return isRead(Outcome::failed, code);
+    return isRead(existence == 0 ? Outcome::done : Outcome::stale, code);
+}
+
+bool CNbCwBursarDlg::isRead(Outcome outcome, const std::string& code) {
+    if (outcome == Outcome::failed) TellFailure();
+    if (outcome == Outcome::stale) tellGone(code);
+    return outcome == Outcome::done;
 }
 
 void CNbCwBursarDlg::tellGone(const std::string& code) {
@@ -74,14 +80,14 @@ void CNbCwBursarDlg::OnMenuCopy() {
     const std::string code = currentCode();
     if (!isStillThere(code)) return;
     AccountForm form(messages(), CodeLevels(m_levelPattern), m_screen);
-    if (form.beginCopy(code)) runAccountWindow(form);
+    if (isRead(form.beginCopy(code), code)) runAccountWindow(form);
 }
 
 void CNbCwBursarDlg::OnMenuModify() {
     const std::string code = currentCode();
     if (!isStillThere(code)) return;
     AccountForm form(messages(), CodeLevels(m_levelPattern), m_screen);
-    if (form.beginModification(code)) runAccountWindow(form);
+    if (isRead(form.beginModification(code), code)) runAccountWindow(form);
 }
 
 void CNbCwBursarDlg::OnMenuDelete() {

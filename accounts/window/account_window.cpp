@@ -75,6 +75,16 @@ AccountWindow::AccountWindow(AccountForm& form, Observers observers, QWidget* pa
 
 AccountWindow::~AccountWindow() = default;
 
+bool AccountWindow::OnCreate() {
+    auto classes = AccountService::classes();
+    if (classes && CGetData::LoadCYRENCYINFOMemoryMapTable(g_lpszNbZwDBName) >= 0) {
+        m_classes = std::move(*classes);
+        return true;
+    }
+    TellFailure();
+    return false;
+}
+
 bool AccountWindow::OnInitDialog() {
     fillLists();
     connectFields();
@@ -84,10 +94,9 @@ bool AccountWindow::OnInitDialog() {
 }
 
 void AccountWindow::fillLists() {
-    for (const _zCodeClassInfo& accountClass : AccountService::classes())
+    for (const _zCodeClassInfo& accountClass : m_classes)
         m_ui->sType->addItem(shown(accountClass.sClsName));
     for (const char* page : account_texts::ledgerPages) m_ui->sPage->addItem(shown(page));
-    CGetData::LoadCYRENCYINFOMemoryMapTable(g_lpszNbZwDBName);
     for (const _CyrencyInfo& currency : cachedCurrencies())
         m_ui->byExchId->addItem(shown(currency.sExchName), currency.lId);
 }
@@ -278,11 +287,13 @@ void AccountWindow::move(AccountForm::Step step) {
     if (!mayLeaveInput()) return;
     const std::string code = m_form.neighbour(step);
     if (code.empty()) return;
-    if (!m_form.goTo(code)) {
+    const Outcome outcome = m_form.goTo(code);
+    if (outcome == Outcome::failed) TellFailure();
+    if (outcome == Outcome::stale) {
         m_hasMetForeignChange = true;
         messages().tell({.text = account_texts::deletedMeanwhile(code)});
-        return;
     }
+    if (outcome != Outcome::done) return;
     showForm();
     m_observers.moved(code);
 }

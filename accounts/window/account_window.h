@@ -34,6 +34,8 @@ class AccountWindow final : public CNxMiddleDialog {
     bool hasMetForeignChange() const { return m_hasMetForeignChange; }
 
   protected:
+    /// False, told, when what its lists hold cannot be read.
+    bool OnCreate() override;
     bool OnInitDialog() override;
     void OnOK() override;
     void OnCancel() override;
@@ -61,6 +63,7 @@ class AccountWindow final : public CNxMiddleDialog {
     AccountForm& m_form;
     Observers m_observers;
     std::unique_ptr<Ui::AccountWindow> m_ui;
+    std::vector<_zCodeClassInfo> m_classes;
     AccountEntry m_typed;
     std::string m_proposedMnemonic;
     std::string m_usedCode;

@@ -10,11 +10,11 @@ namespace {
 Outcome add(AccountBooks& books) { return books.service().add(assetEntry("220201")).outcome; }
 
 Outcome renumber(AccountBooks& books) {
-    const auto shown = AccountService::find("100101");
-    if (!shown) return Outcome::failed;
-    AccountEntry entry = entryOf(*shown);
+    _CodeInfo shown;
+    if (AccountService::find("100101", shown) != Outcome::done) return Outcome::failed;
+    AccountEntry entry = entryOf(shown);
     entry.code = "220207";
-    return books.service().modify(*shown, entry).outcome;
+    return books.service().modify(shown, entry).outcome;
 }
 
 Outcome remove(AccountBooks& books) {

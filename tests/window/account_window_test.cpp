@@ -41,6 +41,8 @@ class Hands {
         click("confirm");
     }
     bool isOpen() const { return m_window.isVisible(); }
+    /// Asks the dialog, not the application, whose focus comes later than the window.
+    void pressWhereTheFocusIs(Qt::Key key) const { QTest::keyClick(m_window.focusWidget(), key); }
     std::string focus() const { return m_window.focusWidget()->objectName().toStdString(); }
 
   private:
@@ -401,7 +403,7 @@ TEST_F(AccountWindowTest, WalksItsFieldsWithEnterAndSavesInTheLast) {
         hands.type("sCode", "1122");
         for (const char* name : {"sCode", "sName", "sType", "sPage"}) {
             if (QString(name) == "sName") hands.type("sName", "应收帐款");
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            hands.pressWhereTheFocusIs(Qt::Key_Return);
         }
         EXPECT_EQ(hands.focus(), "sHelp");
         QTest::keyClick(&hands.edit("sHelp"), Qt::Key_Return);
@@ -485,4 +487,92 @@ TEST_F(AccountWindowTest, ClosesWhenTheAccountWasDeletedElsewhereAndListsTheChar
     });
     EXPECT_EQ(books.messages().onlyNotice().text, "科目(100202)已经删除!");
     EXPECT_EQ(codes().size(), 5);
+}
+
+TEST_F(AccountWindowTest, GoesOnModifyingItsAccountWhenTheOneItsArrowLeadsToIsGone) {
+    addSomeAccounts();
+    open();
+    in("修改", [&](const Hands& hands) {
+        books.run("DELETE Code WHERE sCode = '1002'");
+        hands.click("next");
+        EXPECT_EQ(books.messages().onlyNotice().text, "科目(1002)已经删除!");
+        EXPECT_EQ(hands.text("sCode"), "1001");
+        hands.type("sName", "现金");
+        hands.click("confirm");
+        EXPECT_FALSE(hands.isOpen());
+    });
+    EXPECT_EQ(books.account("1001").sName, "现金");
+    EXPECT_EQ(codes(), (Texts{"1001", "100201", "10020101", "100202", "2202"}));
+}
+
+TEST_F(AccountWindowTest, CallsNoAccountDeletedThatItsArrowsCouldNotRead) {
+    addSomeAccounts();
+    open();
+    in("修改", [&](const Hands& hands) {
+        for (const int call : {1, 2}) {
+            books.engine().failCall(call, Failure::full);
+            hands.click("next");
+            EXPECT_TRUE(books.engine().hasFailed());
+            books.engine().failCall(0);
+            const std::string text = books.messages().onlyNotice().text;
+            EXPECT_FALSE(text.empty());
+            EXPECT_EQ(text.find("已经删除"), text.npos);
+            EXPECT_EQ(hands.text("sCode"), "1001");
+            books.messages().forget();
+        }
+    });
+}
+
+TEST_F(AccountWindowTest, TellsWhyItDoesNotOpenWhenTheDatabaseFails) {
+    addSomeAccounts();
+    open();
+    for (const char* command : {"修改", "复制"}) {
+        books.engine().failCall(0);
+        int calls = 0;
+        in(command, [&](const Hands&) { calls = books.engine().calls(); });
+        ASSERT_GE(calls, 6);
+        // The last calls of a copy look for a free code, which is only proposed.
+        for (int call = 1; call <= 4; ++call) {
+            books.engine().failCall(call, Failure::full);
+            window->choose(command);
+            EXPECT_TRUE(books.engine().hasFailed());
+            books.engine().failCall(0);
+            EXPECT_FALSE(books.messages().onlyNotice().text.empty()) << command << call;
+            books.messages().forget();
+        }
+    }
+}
+
+TEST_F(AccountWindowTest, HasAClassFromTheStartThoughNothingProposesOne) {
+    open();
+    in("增加", [](const Hands& hands) {
+        EXPECT_EQ(hands.list("sType").currentText(), "资产");
+        hands.type("sCode", "2202");
+        EXPECT_EQ(hands.list("sType").currentText(), "负债");
+        hands.type("sCode", "9001");
+        EXPECT_EQ(hands.list("sType").currentText(), "负债");
+    });
+}
+
+TEST_F(AccountWindowTest, TakesBlanksThatWereStoredForNoChange) {
+    addSomeAccounts();
+    change("1001", [](_CodeInfo& account) { account.sName = "库存现金  "; });
+    open();
+    in("修改", [](const Hands& hands) {
+        QTest::keyClick(&hands.edit("sName"), Qt::Key_Escape);
+        EXPECT_FALSE(hands.isOpen());
+    });
+    EXPECT_TRUE(books.messages().texts().empty());
+}
+
+TEST_F(AccountWindowTest, ListsTheClassesInTheOrderOfTheTabs) {
+    addSomeAccounts();
+    books.run("UPDATE zCodeClass SET lNum = 3 WHERE sClsName = '资产'");
+    open();
+    EXPECT_EQ(window->tabs().tabText(1), "负债");
+    EXPECT_EQ(window->tabs().tabText(2), "资产");
+    in("修改", [](const Hands& hands) {
+        EXPECT_EQ(hands.list("sType").itemText(0), "负债");
+        EXPECT_EQ(hands.list("sType").itemText(1), "资产");
+    });
 }
