@@ -1,6 +1,5 @@
 #include "accounts/where_used_sql.h"
 
-#include "accounts/account_sql.h"
 #include "data/format/sql_format.h"
 
 namespace chengheng::where_used_sql {
@@ -42,11 +41,22 @@ PlaceRows rowsOf(UsePlace place) {
             "LEFT JOIN ProjClass m ON m.sClsCode = u.sItemId", "u.lId"};
 }
 
+/// The rows of any of the accounts, as one term: an engine does not take thousands of them
+/// joined by OR.
+std::string ofAny(std::span<const int> accountIds) {
+    std::string condition;
+    for (const int id : accountIds) {
+        condition += condition.empty() ? "lCodeId IN ( " : ", ";
+        appendSql(condition, "%d", id);
+    }
+    return condition + " )";
+}
+
 }  // namespace
 
 std::string count(UsePlace place, std::span<const int> accountIds) {
     return formatSql("SELECT count(*) FROM %s WHERE %s", SqlFragment{rowsOf(place).table},
-                     SqlFragment{account_sql::ofAccounts(accountIds)});
+                     SqlFragment{ofAny(accountIds)});
 }
 
 std::string rows(UsePlace place, std::span<const int> accountIds, int most) {
@@ -55,7 +65,7 @@ std::string rows(UsePlace place, std::span<const int> accountIds, int most) {
         "SELECT %s FROM %s u LEFT JOIN Code c ON c.lId = u.lCodeId %s WHERE %s ORDER "
         "BY %s LIMIT %d",
         SqlFragment{found.columns}, SqlFragment{found.table}, SqlFragment{found.joined},
-        SqlFragment{account_sql::ofAccounts(accountIds)}, SqlFragment{found.order}, most);
+        SqlFragment{ofAny(accountIds)}, SqlFragment{found.order}, most);
 }
 
 std::string accountsIn(UsePlace place) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "accounts/account_sql.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 
@@ -64,6 +65,18 @@ TEST_P(WhereUsed, CountsWhatTheAccountsBelowHoldToo) {
     ASSERT_EQ(sections.size(), 1u);
     EXPECT_EQ(sections[0].count, 1);
     EXPECT_EQ(sections[0].rows[0][0], "100101");
+}
+
+TEST_P(WhereUsed, SearchesForThousandsOfAccountsBelow) {
+    const int firstId = m_books.add("1001") + 1;
+    std::vector<_CodeInfo> below(3000);
+    for (std::size_t at = 0; at < below.size(); ++at)
+        below[at].sCode = "1001" + std::to_string(10000 + at);
+    m_books.run(account_sql::addAccounts(below, firstId));
+    m_books.use(UsePlace::posted, below.back().sCode);
+    const auto sections = uses("1001");
+    ASSERT_EQ(sections.size(), 1u);
+    EXPECT_EQ(sections[0].rows[0][0], below.back().sCode);
 }
 
 TEST_P(WhereUsed, ListsNoMoreThanOneReadsAndCountsAll) {
