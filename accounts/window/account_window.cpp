@@ -104,7 +104,8 @@ void AccountWindow::fillLists() {
 void AccountWindow::connectFields() {
     connect(m_ui->sCode, &QLineEdit::textChanged, this, guarded([this] { followCode(); }));
     connect(m_ui->sName, &QLineEdit::textChanged, this, guarded([this] { followName(); }));
-    connect(m_ui->sHelp, &QLineEdit::textEdited, this, [this](const QString& text) {
+    connect(m_ui->sHelp, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (m_isShowing || text == text.toUpper()) return;
         const int position = m_ui->sHelp->cursorPosition();
         m_ui->sHelp->setText(text.toUpper());
         m_ui->sHelp->setCursorPosition(position);

@@ -576,3 +576,20 @@ TEST_F(AccountWindowTest, ListsTheClassesInTheOrderOfTheTabs) {
         EXPECT_EQ(hands.list("sType").itemText(1), "资产");
     });
 }
+
+TEST_F(AccountWindowTest, PutsEveryInputOfTheMnemonicIntoCapitalsButNotWhatIsStored) {
+    addSomeAccounts();
+    change("1001", [](_CodeInfo& account) { account.sHelp = "kcxj"; });
+    open();
+    in("修改", [](const Hands& hands) {
+        EXPECT_EQ(hands.text("sHelp"), "kcxj");
+        QLineEdit& field = hands.edit("sHelp");
+        QTest::keyClicks(&field, "a");
+        EXPECT_EQ(hands.text("sHelp"), "KCXJA");
+        field.setText("xj");
+        EXPECT_EQ(hands.text("sHelp"), "XJ");
+        field.setCursorPosition(1);
+        QTest::keyClicks(&field, "bc");
+        EXPECT_EQ(hands.text("sHelp"), "XBCJ");
+    });
+}
