@@ -173,16 +173,29 @@ std::optional<std::size_t> OpeningSheet::nextEditable(std::size_t line, int dire
     return std::nullopt;
 }
 
+bool OpeningSheet::isMatch(std::size_t line, std::string_view text) const {
+    const OpeningAccount& account = accountOfLine(line);
+    return m_lines[line].isMain() &&
+           (account.code.starts_with(text) || containsInAnyCase(account.name, text));
+}
+
 std::optional<std::size_t> OpeningSheet::find(std::string_view text,
                                               std::optional<std::size_t> after) const {
-    if (text.empty() || m_lines.empty()) return std::nullopt;
+    if (text.empty()) return std::nullopt;
     const std::size_t first = after ? *after + 1 : 0;
     for (std::size_t step = 0; step < m_lines.size(); ++step) {
         const std::size_t line = (first + step) % m_lines.size();
-        const OpeningAccount& account = accountOfLine(line);
-        if (m_lines[line].isMain() &&
-            (account.code.starts_with(text) || containsInAnyCase(account.name, text)))
-            return line;
+        if (isMatch(line, text)) return line;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> OpeningSheet::findBefore(std::string_view text,
+                                                    std::size_t before) const {
+    if (text.empty()) return std::nullopt;
+    for (std::size_t step = 1; step <= m_lines.size(); ++step) {
+        const std::size_t line = (before + m_lines.size() - step) % m_lines.size();
+        if (isMatch(line, text)) return line;
     }
     return std::nullopt;
 }

@@ -85,6 +85,8 @@ class OpeningSheet {
     /// The next main line after one, then from the top, whose code begins with the text or whose
     /// name holds it.
     std::optional<std::size_t> find(std::string_view text, std::optional<std::size_t> after) const;
+    /// The same backwards from before a line, then from the bottom.
+    std::optional<std::size_t> findBefore(std::string_view text, std::size_t before) const;
 
     /// Sets the figures of the accounts that have others below them to the sums of those.
     void rollUp();
@@ -95,6 +97,7 @@ class OpeningSheet {
     std::vector<std::size_t> linesAround(std::size_t place) const;
 
   private:
+    bool isMatch(std::size_t line, std::string_view text) const;
     std::string unitText(const OpeningLine& line) const;
     std::string figureText(const OpeningLine& line, BalanceFigure figure) const;
     double hiddenFigure(const OpeningLine& line, Measure measure) const;

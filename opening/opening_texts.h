@@ -6,6 +6,21 @@ namespace chengheng::opening_texts {
 inline constexpr const char* title = "期初余额录入";
 inline constexpr const char* browsing = "浏览,只读";
 
+inline constexpr const char* mode = "状态";
+inline constexpr const char* calendar = "调用会记日历";  // sic
+inline constexpr const char* calculator = "调用计算器";
+inline constexpr const char* carryForward = "结转上年余额";
+inline constexpr const char* refreshing = "正在刷新期初数据,请稍候.....";
+inline constexpr const char* accountingYear = "会计年度:{}";
+inline constexpr const char* searchLabel = "查找(&Q):";
+inline constexpr const char* searchHint = "编码或名称";
+inline constexpr const char* searchNothing = "没有匹配的科目";
+/// The running line.
+inline constexpr const char* debitSum = "借方合计:{}";
+inline constexpr const char* creditSum = "贷方合计:{}";
+inline constexpr const char* difference = "差额:{}";
+inline constexpr const char* figuresDisagreeHere = "期初余额与年初余额和累计发生额不符";
+
 inline constexpr const char* code = "科目编码";
 inline constexpr const char* name = "科目名称";
 inline constexpr const char* direction = "借/贷";

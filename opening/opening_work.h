@@ -40,8 +40,11 @@ class OpeningWork {
     bool mayAdjustDirection() const { return !isBrowsing(); }
     /// Only empty books take over last year's balances.
     bool mayCarryForward() const { return !isBrowsing() && !m_books.hasSums; }
-    bool canUndo() const { return m_journal.toUndo() != nullptr; }
-    bool canRedo() const { return m_journal.toRedo() != nullptr; }
+    /// What an undo or redo would change; null when there is nothing to.
+    const EditStep* stepToUndo() const { return m_journal.toUndo(); }
+    const EditStep* stepToRedo() const { return m_journal.toRedo(); }
+    bool canUndo() const { return stepToUndo() != nullptr; }
+    bool canRedo() const { return stepToRedo() != nullptr; }
 
     /// A cell is being edited: from now on there is something to save.
     void beginEdit() { m_isChanged = true; }

@@ -16,6 +16,14 @@ inline constexpr const char* helpPage = "帮助内容";
 inline constexpr const char* helpNothingFound = "没有找到相关内容";
 inline constexpr const char* helpCommand = "帮助(&H)";
 
+inline constexpr const char* balanceTitle = "试算平衡";
+inline constexpr const char* debitClasses = "借方科目";
+inline constexpr const char* creditClasses = "贷方科目";
+inline constexpr const char* debitTotal = "借方合计";
+inline constexpr const char* creditTotal = "贷方合计";
+inline constexpr const char* balanceResult = "试算结果";
+inline constexpr const char* balanceCauses = "可能原因(&C)...";
+
 inline constexpr const char* confirm = "确定";
 inline constexpr const char* cancel = "取消";
 inline constexpr const char* pickerCode = "编码";

@@ -1,6 +1,7 @@
 #include "setting/window/hub_windows.h"
 
 #include "accounts/window/CNbCwBursarDlg.h"
+#include "opening/window/CNbCwBegleftDlg.h"
 #include "setting/window/unbuilt_functions.h"
 #include "settle/window/CNbCwSettleDlg.h"
 
@@ -21,7 +22,7 @@ constexpr Launcher launchers[] = {
     {HubFunction::divide, tellUnbuilt<HubFunction::divide>},
     {HubFunction::bursar, runModally<CNbCwBursarDlg>},
     {HubFunction::exchange, tellUnbuilt<HubFunction::exchange>},
-    {HubFunction::begleft, tellUnbuilt<HubFunction::begleft>},
+    {HubFunction::begleft, runModally<CNbCwBegleftDlg>},
     {HubFunction::species, tellUnbuilt<HubFunction::species>},
     {HubFunction::method, runModally<CNbCwSettleDlg>},
 };

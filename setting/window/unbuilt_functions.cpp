@@ -26,17 +26,19 @@ const char* titleOf(HubFunction function) {
     return "";
 }
 
-void tell(IMessages& messages, const char* title) {
+}  // namespace
+
+void tellUnbuilt(IMessages& messages, const char* title) {
     messages.tell({.text = fmt::format(fmt::runtime(hub_texts::unbuiltFunction), title),
                    .icon = MessageIcon::information});
 }
 
-}  // namespace
-
-void tellUnbuilt(IMessages& messages, HubFunction function) { tell(messages, titleOf(function)); }
+void tellUnbuilt(IMessages& messages, HubFunction function) {
+    tellUnbuilt(messages, titleOf(function));
+}
 
 int runUnbuiltWizard(IMessages& messages) {
-    tell(messages, hub_texts::presetWizard);
+    tellUnbuilt(messages, hub_texts::presetWizard);
     return 0;
 }
 

@@ -38,6 +38,11 @@ class OpenHub : public CNbCwSettingDlg {
     }
 };
 
+inline void closeOpeningBalances(QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), "期初余额录入");
+    window.close();
+}
+
 /// An empty set of books in memory with foreign currency, no voucher type, and 王芳 logged on,
 /// who is supervisor; a recorded operator answers for the host.
 class HubTest : public testing::Test {
@@ -49,6 +54,7 @@ class HubTest : public testing::Test {
         ASSERT_NE(m_database.DBSelect("books"), 0);
         m_parameters.bFgn = 1;
         CGetData::m_pzAccountMInfo = &m_parameters;
+        run("INSERT INTO zAccountM (lId, dtStart, sCodeLen) VALUES(1, '2026-01-01', '4222')");
         logOn(1);
     }
     void TearDown() override { CGetData::m_pzAccountMInfo = nullptr; }

@@ -85,15 +85,22 @@ TEST_F(HubTest, OpensTheRegionInFocusWithEnterAndSpace) {
 TEST_F(HubTest, OpensItsRegionsWithTheDigits) {
     OpenHub hub;
     hub.showAndFocus();
-    const std::string told[] = {unbuilt("财务分工"), "分类数据为空!", unbuilt("汇率管理"),
-                                unbuilt("期初余额录入"), unbuilt("凭证类别预置向导")};
-    int digit = 1;
-    for (const std::string& text : told) {
-        QTest::keyClick(hub.focusWidget(), static_cast<char>('0' + digit++));
+    const std::pair<char, std::string> told[] = {{'1', unbuilt("财务分工")},
+                                                 {'2', "分类数据为空!"},
+                                                 {'3', unbuilt("汇率管理")},
+                                                 {'5', unbuilt("凭证类别预置向导")}};
+    for (const auto& [digit, text] : told) {
+        QTest::keyClick(hub.focusWidget(), digit);
         QCoreApplication::processEvents();
         EXPECT_EQ(m_messages.onlyNotice().text, text);
         m_messages.forget();
     }
+    {
+        NextModal operatorHands(closeOpeningBalances);
+        QTest::keyClick(hub.focusWidget(), '4');
+        QCoreApplication::processEvents();
+    }
+    hub.showAndFocus();
     {
         NextModal operatorHands(closeSettlementMethods);
         QTest::keyClick(hub.focusWidget(), '6');
@@ -151,10 +158,12 @@ TEST_F(HubTest, RunsNoCommandWhenThePointerIsReleasedElsewhere) {
 TEST_F(HubTest, OpensOneWindowForTwoPressesInARow) {
     OpenHub hub;
     hub.showAndFocus();
+    NextModal operatorHands(closeOpeningBalances);
     QTest::mouseClick(hub.region(298), Qt::LeftButton);
     QTest::mouseClick(hub.region(32778), Qt::LeftButton);
     QCoreApplication::processEvents();
-    EXPECT_EQ(m_messages.onlyNotice().text, unbuilt("期初余额录入"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(HubTest, HasAMenuOfItsFunctionsUnderTheRightButton) {
@@ -193,9 +202,9 @@ TEST_F(HubTest, RunsTheFunctionChosenInItsMenu) {
     OpenHub hub;
     hub.showAndFocus();
     rightClick(hub, {300, 40});
+    NextModal operatorHands(closeOpeningBalances);
     QTest::keyClick(menuOf(hub), '4');
     QCoreApplication::processEvents();
-    EXPECT_EQ(m_messages.onlyNotice().text, unbuilt("期初余额录入"));
     EXPECT_EQ(menuOf(hub), nullptr);
 }
 

@@ -13,8 +13,7 @@ std::string unbuilt(const char* name) { return "“" + std::string(name) + "”�
 }  // namespace
 
 TEST_F(HubTest, SaysOfEachFunctionWithoutAWindowThatItIsNotReady) {
-    const std::pair<int, const char*> functions[] = {
-        {32776, "财务分工"}, {200, "汇率管理"}, {298, "期初余额录入"}};
+    const std::pair<int, const char*> functions[] = {{32776, "财务分工"}, {200, "汇率管理"}};
     OpenHub hub;
     hub.show();
     const auto windows = QApplication::topLevelWidgets().size();
@@ -35,6 +34,17 @@ TEST_F(HubTest, OpensTheSettlementMethods) {
         window.close();
     });
     hub.clickRegion(32778);
+    EXPECT_TRUE(m_messages.texts().empty());
+}
+
+TEST_F(HubTest, OpensTheOpeningBalances) {
+    OpenHub hub;
+    hub.show();
+    NextModal operatorHands([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "期初余额录入");
+        window.close();
+    });
+    hub.clickRegion(298);
     EXPECT_TRUE(m_messages.texts().empty());
 }
 

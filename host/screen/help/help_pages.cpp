@@ -16,6 +16,7 @@ constexpr HelpPage pages[] = {
     {197780, "键盘操作", ":/help/keyboard.html"},
     {197781, "操作员与权限", ":/help/rights.html"},
     {chartHelpContext, "会计科目", ":/help/chart.html"},
+    {openingHelpContext, "期初余额录入", ":/help/opening.html"},
     {settleHelpContext, "结算方式", ":/help/settle.html"},
 };
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace chengheng {
+
+/// A text being typed and where in it the next letter goes, counted in bytes.
+struct TypedText {
+    std::string text;
+    std::size_t cursor = 0;
+
+    bool operator==(const TypedText&) const = default;
+};
+
+/// The text with thousands separators, the cursor behind the same digit as before. What is not
+/// a plain number, such as a sum "=1200+350", stays as it is.
+TypedText withSeparators(const TypedText& typed);
+
+}  // namespace chengheng

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/screen/CNxMiddleDialog.h"
+#include "opening/opening_work.h"
+#include "opening/window/figure_editor.h"
+#include "print/report_printer.h"
+
+class CVCF1;
+class QLabel;
+class QLineEdit;
+namespace chengheng {
+class OpeningModel;
+class SearchBar;
+class WindowCommands;
+}  // namespace chengheng
+
+/// The opening balances (期初余额录入): the whole chart in a grid, figures typed into its end
+/// accounts, and the commands on them. What is typed is in the books when the edit ends.
+class CNbCwBegleftDlg : public CNxMiddleDialog {
+    Q_OBJECT
+
+  public:
+    explicit CNbCwBegleftDlg(QWidget* parent = nullptr);
+    ~CNbCwBegleftDlg() override;
+
+    bool OnHelpInfo() override;
+
+  protected:
+    /// False, told, when the books could not be read.
+    bool OnCreate() override;
+    bool OnInitDialog() override;
+    bool OnCommand(int command) override;
+    /// Enter outside the grid does nothing.
+    void OnOK() override {}
+    void OnCancel() override;
+    bool PreTranslateMessage(QEvent& event) override;
+    bool WindowProc(QEvent& event) override;
+
+    void OnMenuPrint();
+    void OnMenuPreview();
+    void OnMenuExit();
+    /// Turns the direction of the current account.
+    void OnMenuAdjust();
+    void OnMenuCarry();
+    void OnMenuRefurbish();  // sic
+    void OnMenuBalance();
+    void OnMenuFind();
+    void OnMenuHelp();
+    void OnMenuSearch();
+    void OnMenuAbout();
+    void OnMenuUndo();
+    void OnMenuRedo();
+    void OnMenuClear();
+    void OnMenuAuxiliary();
+    void OnMenuCalendar();
+    void OnMenuCalculator();
+
+  private:
+    /// A figure's cell, whatever line it stands on by now.
+    struct Place {
+        std::int32_t accountId = 0;
+        chengheng::Measure measure = chengheng::Measure::money;
+        int column = 0;
+    };
+
+    void buildControls();
+    QWidget* buildHeading();
+    QWidget* buildTotals();
+    void connectGrid();
+    void connectEditor();
+    void connectSearch();
+    void keyPressed(int key);
+
+    const chengheng::OpeningSheet& sheet() const { return m_work.sheet(); }
+    bool hasLine() const;
+    std::size_t currentLine() const;
+    std::size_t openingColumn() const;
+    std::optional<Place> currentPlace() const;
+    void goTo(const Place& place);
+    void goToLine(std::optional<std::size_t> line);
+    void moveOn(chengheng::NextCell to);
+    void moveSideways(int direction);
+
+    /// Ends an edit that is under way, as leaving its cell would.
+    void finishEditing();
+    void endEdit(const QModelIndex& index, const QString& text);
+    /// Does something with the sheet and shows what has become of it.
+    bool change(const std::function<bool()>& work);
+    void showFigures();
+    void showTotals();
+    void reflectCommands();
+    void goToStep(const chengheng::EditStep& step);
+    bool retrace(const chengheng::EditStep* step, bool (chengheng::OpeningWork::*how)());
+    void goToMatch(std::optional<std::size_t> line);
+    void print(chengheng::ReportOutput output);
+    void tryClose();
+
+    chengheng::OpeningWork m_work{messages()};
+    std::unique_ptr<chengheng::OpeningModel> m_model;
+    std::unique_ptr<chengheng::WindowCommands> m_commands;
+    std::uint64_t m_shownReadings = 0;
+    bool m_isRefused = false;  ///< the edit that ended last was not written
+
+    CVCF1* m_grid = nullptr;
+    chengheng::FigureEditor* m_editor = nullptr;
+    QLineEdit* m_mode = nullptr;
+    QLabel* m_debits = nullptr;
+    QLabel* m_credits = nullptr;
+    QLabel* m_difference = nullptr;
+    chengheng::SearchBar* m_searchBar = nullptr;
+};

@@ -1,0 +1,233 @@
+// Moving in the grid, changing figures, and the commands on the whole of them.
+
+#include <algorithm>
+
+#include "host/screen/CBalanceTableDlg.h"
+#include "host/screen/CVCF1.h"
+#include "host/screen/help/help_pages.h"
+#include "host/screen/help/help_window.h"
+#include "host/screen/search_bar.h"
+#include "host/screen/wait_window.h"
+#include "opening/opening_commands.h"
+#include "opening/opening_report.h"
+#include "opening/opening_texts.h"
+#include "opening/window/CNbCwBegleftDlg.h"
+#include "opening/window/opening_model.h"
+#include "setting/window/unbuilt_functions.h"
+
+namespace opening_texts = chengheng::opening_texts;
+using chengheng::EditStep;
+using chengheng::NextCell;
+using chengheng::OpeningWork;
+
+bool CNbCwBegleftDlg::hasLine() const {
+    const QModelIndex index = m_grid->currentIndex();
+    return index.isValid() && static_cast<std::size_t>(index.row()) < sheet().lineCount();
+}
+
+std::size_t CNbCwBegleftDlg::currentLine() const {
+    return static_cast<std::size_t>(m_grid->currentIndex().row());
+}
+
+std::size_t CNbCwBegleftDlg::openingColumn() const {
+    return chengheng::placeOf(chengheng::OpeningField::opening, sheet().layout());
+}
+
+std::optional<CNbCwBegleftDlg::Place> CNbCwBegleftDlg::currentPlace() const {
+    if (!hasLine()) return std::nullopt;
+    const chengheng::OpeningLine& line = sheet().line(currentLine());
+    return Place{sheet().accountOfLine(currentLine()).id, line.measure,
+                 m_grid->currentIndex().column()};
+}
+
+void CNbCwBegleftDlg::goTo(const Place& place) {
+    const auto account = sheet().placeOfId(place.accountId);
+    if (!account) {
+        m_grid->setCurrentIndex(m_model->index(0, place.column));
+        return;
+    }
+    const auto line = sheet().lineOf(*account, place.measure);
+    const std::size_t found = line ? *line : sheet().accounts()[*account].firstLine;
+    m_grid->setCurrentIndex(m_model->index(static_cast<int>(found), place.column));
+}
+
+void CNbCwBegleftDlg::goToLine(std::optional<std::size_t> line) {
+    if (line) m_grid->setCurrentRow(static_cast<int>(*line));
+}
+
+void CNbCwBegleftDlg::moveSideways(int direction) {
+    const std::size_t line = currentLine();
+    const int columns = m_model->columnCount();
+    for (int column = m_grid->currentIndex().column() + direction; column >= 0 && column < columns;
+         column += direction) {
+        if (!sheet().isEditable(line, static_cast<std::size_t>(column))) continue;
+        m_grid->setCurrentIndex(m_model->index(static_cast<int>(line), column));
+        return;
+    }
+    const auto next = sheet().nextEditable(line, direction);
+    if (!next) return;
+    const std::size_t first = openingColumn() + 1 - sheet().figures().size();
+    const std::size_t column = direction > 0 ? first : openingColumn();
+    m_grid->setCurrentIndex(m_model->index(static_cast<int>(*next), static_cast<int>(column)));
+}
+
+void CNbCwBegleftDlg::moveOn(NextCell to) {
+    if (!hasLine()) return;
+    const int row = m_grid->currentRow();
+    switch (to) {
+        case NextCell::nextEditable:
+            goToLine(sheet().nextEditable(currentLine(), 1));
+            break;
+        case NextCell::previousEditable:
+            goToLine(sheet().nextEditable(currentLine(), -1));
+            break;
+        case NextCell::below:
+            m_grid->setCurrentRow(row + 1);
+            break;
+        case NextCell::above:
+            m_grid->setCurrentRow(row - 1);
+            break;
+        case NextCell::right:
+            moveSideways(1);
+            break;
+        case NextCell::left:
+            moveSideways(-1);
+            break;
+        case NextCell::none:
+            break;
+    }
+}
+
+void CNbCwBegleftDlg::keyPressed(int key) {
+    if (!hasLine()) return;
+    const auto column = static_cast<std::size_t>(m_grid->currentIndex().column());
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (chengheng::figureOf(sheet().columns()[column].field) == nullptr)
+            m_grid->setCurrentIndex(
+                m_model->index(m_grid->currentRow(), static_cast<int>(openingColumn())));
+        moveOn(NextCell::nextEditable);
+    } else if (key == Qt::Key_F2 && sheet().opensAuxiliary(currentLine(), column)) {
+        PostCommand(chengheng::opening_command::auxiliary);
+    }
+}
+
+void CNbCwBegleftDlg::finishEditing() {
+    const QWidget* focus = focusWidget();
+    if (focus != nullptr && focus != m_grid && m_grid->isAncestorOf(focus)) m_grid->setFocus();
+}
+
+bool CNbCwBegleftDlg::change(const std::function<bool()>& work) {
+    const bool isDone = work();
+    showFigures();
+    return isDone;
+}
+
+void CNbCwBegleftDlg::endEdit(const QModelIndex& index, const QString& text) {
+    m_isRefused = !change([&] {
+        return m_work.endEdit(static_cast<std::size_t>(index.row()),
+                              static_cast<std::size_t>(index.column()), text.toStdString());
+    });
+}
+
+void CNbCwBegleftDlg::goToStep(const EditStep& step) {
+    const chengheng::CellChange& first = step.front();
+    const auto columns = sheet().columns();
+    const auto column = std::ranges::find(
+        columns, first.figure,
+        [](const chengheng::OpeningColumn& each) { return chengheng::figureOf(each.field); });
+    goTo({first.accountId, first.measure, static_cast<int>(column - columns.begin())});
+}
+
+bool CNbCwBegleftDlg::retrace(const EditStep* step, bool (OpeningWork::*how)()) {
+    if (step == nullptr) return false;
+    const EditStep changed = *step;
+    if (!change([&] { return (m_work.*how)(); })) return false;
+    goToStep(changed);
+    return true;
+}
+
+void CNbCwBegleftDlg::OnMenuUndo() { retrace(m_work.stepToUndo(), &OpeningWork::undo); }
+
+void CNbCwBegleftDlg::OnMenuRedo() { retrace(m_work.stepToRedo(), &OpeningWork::redo); }
+
+void CNbCwBegleftDlg::OnMenuClear() {
+    std::vector<chengheng::TypedFigure> figures;
+    for (const QModelIndex& index : m_grid->selectionModel()->selectedIndexes()) {
+        const auto line = static_cast<std::size_t>(index.row());
+        const auto column = static_cast<std::size_t>(index.column());
+        if (sheet().isEditable(line, column))
+            figures.push_back({sheet().accountOfLine(line).id, sheet().line(line).measure,
+                               chengheng::figureOf(sheet().columns()[column].field), 0});
+    }
+    if (!figures.empty()) change([&] { return m_work.writeFigures(figures); });
+}
+
+void CNbCwBegleftDlg::tryClose() {
+    finishEditing();
+    const bool mayClose = m_work.mayClose();
+    if (mayClose) {
+        EndDialog(Rejected);
+    } else {
+        showFigures();
+    }
+}
+
+void CNbCwBegleftDlg::OnMenuExit() { tryClose(); }
+
+void CNbCwBegleftDlg::OnMenuAdjust() {
+    if (!hasLine()) return;
+    change([&] { return m_work.adjustDirection(currentLine()); });
+}
+
+void CNbCwBegleftDlg::OnMenuCarry() {
+    chengheng::tellUnbuilt(messages(), opening_texts::carryForward);
+}
+
+void CNbCwBegleftDlg::OnMenuAuxiliary() {
+    if (!hasLine()) return;
+    const auto kind = m_work.auxiliaryToOpen(
+        currentLine(), static_cast<std::size_t>(m_grid->currentIndex().column()));
+    if (kind == chengheng::AuxiliaryKind::none) return;
+    chengheng::tellUnbuilt(messages(), chengheng::auxiliaryText(kind));
+    change([&] { return m_work.afterAuxiliary(); });
+}
+
+void CNbCwBegleftDlg::OnMenuRefurbish() {
+    const chengheng::WaitWindow window(QString::fromUtf8(opening_texts::refreshing), this);
+    change([&] { return m_work.refresh(); });
+}
+
+void CNbCwBegleftDlg::OnMenuBalance() {
+    const chengheng::TrialBalance balance = m_work.trialBalance();
+    showFigures();
+    const chengheng::TrialBalanceTexts texts = balance.texts();
+    CBalanceTableDlg(texts.inOrder(), false, this).DoModal();
+}
+
+void CNbCwBegleftDlg::OnMenuFind() { m_searchBar->setFocus(); }
+
+void CNbCwBegleftDlg::print(chengheng::ReportOutput output) {
+    chengheng::hostReportPrinter().put(chengheng::openingReport(sheet(), m_work.accountingYear()),
+                                       output);
+}
+
+void CNbCwBegleftDlg::OnMenuPrint() { print(chengheng::ReportOutput::print); }
+
+void CNbCwBegleftDlg::OnMenuPreview() { print(chengheng::ReportOutput::preview); }
+
+void CNbCwBegleftDlg::OnMenuHelp() { chengheng::showHelp(chengheng::openingHelpContext, *this); }
+
+void CNbCwBegleftDlg::OnMenuSearch() {
+    chengheng::showHelp(chengheng::openingHelpContext, *this).startSearch();
+}
+
+void CNbCwBegleftDlg::OnMenuAbout() {}
+
+void CNbCwBegleftDlg::OnMenuCalendar() { messages().tell({.text = opening_texts::calendar}); }
+
+void CNbCwBegleftDlg::OnMenuCalculator() { messages().tell({.text = opening_texts::calculator}); }
+
+bool CNbCwBegleftDlg::OnHelpInfo() {
+    OnMenuHelp();
+    return true;
+}

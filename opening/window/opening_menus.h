@@ -1,0 +1,54 @@
+#pragma once
+
+#include "host/screen/window_commands.h"
+#include "opening/opening_commands.h"
+
+namespace chengheng {
+
+inline constexpr MenuItemResource openingFileItems[] = {
+    {opening_command::preview, "打印预览"},
+    {opening_command::print, "打印\tCtrl+P"},
+    {0, ""},
+    {opening_command::exit, "退出"},
+};
+inline constexpr MenuItemResource openingEditItems[] = {
+    {opening_command::adjustDirection, "调余额方向"},
+    {0, ""},
+    {opening_command::carryForward, "结转上年余额"},
+    {0, ""},
+    {opening_command::undo, "撤销\tCtrl+Z"},
+    {opening_command::redo, "重做\tCtrl+Y"},
+    {opening_command::clear, "清零\tDel"},
+};
+inline constexpr MenuItemResource openingViewItems[] = {
+    {opening_command::refurbish, "刷新"},
+    {opening_command::trialBalance, "试算平衡"},
+    {0, ""},
+    {opening_command::find, "查找\tCtrl+K"},
+};
+inline constexpr MenuItemResource openingHelpItems[] = {
+    {opening_command::help, "帮助主题"},
+    {opening_command::search, "搜索"},
+    {0, ""},
+    {opening_command::about, "关于..."},
+};
+inline constexpr WindowMenu openingMenus[] = {
+    {"文件(&F)", openingFileItems},
+    {"编辑(&E)", openingEditItems},
+    {"查看(&V)", openingViewItems},
+    {"帮助(&H)", openingHelpItems},
+};
+
+/// The menu of a right click on the grid.
+inline constexpr int openingContextCommands[] = {
+    opening_command::undo,
+    opening_command::redo,
+    opening_command::clear,
+    0,
+    opening_command::find,
+    opening_command::trialBalance,
+    0,
+    opening_command::adjustDirection,
+};
+
+}  // namespace chengheng

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <vector>
+
+#include "host/screen/grid_model.h"
+#include "opening/opening_work.h"
+
+namespace chengheng {
+
+namespace opening_colours {
+
+inline constexpr QColor parent{0xe0, 0xff, 0xe0};
+inline constexpr QColor endAccount{0xff, 0xff, 0xff};
+inline constexpr QColor auxiliary{0x00, 0xff, 0xff};
+/// An opening balance that does not follow from the other figures of its line.
+inline constexpr QColor disagreeing{0xff, 0xd2, 0xc8};
+inline constexpr QColor negative{0xc0, 0x10, 0x10};
+
+}  // namespace opening_colours
+
+/// The opening balances in their grid: a line for each line of the sheet.
+class OpeningModel final : public GridModel {
+    Q_OBJECT
+
+  public:
+    /// The work must outlive the model.
+    explicit OpeningModel(const OpeningWork& work);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+    /// What it shows was read anew: lines may have come, gone or moved.
+    void tellReadAnew();
+    /// Any figure may have changed.
+    void tellFiguresChanged();
+
+  protected:
+    QString text(int row, int column) const override;
+    QColor background(int row, int column) const override;
+    QColor foreground(int row, int column) const override;
+
+  private:
+    void takeColumns();
+    const OpeningSheet& sheet() const { return m_work.sheet(); }
+    bool isThere(int row, int column) const;
+    /// Whether the cell is the opening balance of a line whose figures do not agree.
+    bool isMarked(int row, int column) const;
+
+    const OpeningWork& m_work;
+    std::vector<GridColumn> m_columns;
+    int m_lines = 0;
+};
+
+}  // namespace chengheng

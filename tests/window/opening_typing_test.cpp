@@ -1,0 +1,206 @@
+#include "tests/window/opening_fixture.h"
+
+using namespace chengheng;
+
+namespace {
+
+/// Typing into a small chart, with the keyboard on the first opening balance.
+class OpeningTypingTest : public OpeningWindowTest {
+  protected:
+    void SetUp() override {
+        make();
+        addSomeAccounts();
+    }
+};
+
+std::string numbered(int number) { return std::to_string(1000 + number); }
+
+}  // namespace
+
+TEST_F(OpeningTypingTest, BeginsAnEditByTypingAndGoesOnWithEnter) {
+    open();
+    window->type("1234567.5");
+    ASSERT_TRUE(window->isEditing());
+    EXPECT_EQ(window->editor()->text(), "1,234,567.5");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(0, opening), "1,234,567.50");
+    EXPECT_EQ(window->grid().currentRow(), 2);
+    EXPECT_EQ(books->openings("1001").substr(0, 11), "1=1234567.5");
+    window->type("100");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(1, opening), "100.00");
+    EXPECT_EQ(window->grid().currentRow(), 3);
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->grid().currentRow(), 4);
+}
+
+TEST_F(OpeningTypingTest, RestoresWithEscapeWhatWasThere) {
+    books->addRows("1001", 12, 50);
+    open();
+    window->type("99");
+    window->press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isEditing());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->cell(0, opening), "50.00");
+    EXPECT_FALSE(window->isEnabled("撤销"));
+}
+
+TEST_F(OpeningTypingTest, EditsWithF2WhatIsThere) {
+    books->addRows("1001", 12, 1250);
+    open();
+    window->press(Qt::Key_F2);
+    ASSERT_TRUE(window->isEditing());
+    EXPECT_EQ(window->editor()->text(), "1,250.00");
+    window->press(Qt::Key_Return);
+    EXPECT_FALSE(window->isEnabled("撤销"));
+}
+
+TEST_F(OpeningTypingTest, ReckonsSumsAndShowsNegativesInRed) {
+    open();
+    window->type("=1200+350*2");
+    window->press(Qt::Key_Down);
+    EXPECT_EQ(window->cell(0, opening), "1,900.00");
+    EXPECT_EQ(window->grid().currentRow(), 1);
+    window->press(Qt::Key_Up);
+    window->type("-3");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(0, opening), "-3.00");
+    EXPECT_GT(window->colour(0, opening, Qt::ForegroundRole).red(), 150);
+}
+
+TEST_F(OpeningTypingTest, DoesNotEditAccountsAboveOthers) {
+    open();
+    window->stand(1, opening);
+    window->type("5");
+    EXPECT_FALSE(window->isEditing());
+    EXPECT_EQ(window->focusWidget(), &window->grid());
+}
+
+TEST_F(OpeningTypingTest, KeepsTheRunningTotals) {
+    open();
+    window->type("300");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->label("debits"), "借方合计:300.00");
+    EXPECT_EQ(window->label("credits"), "贷方合计:0.00");
+    EXPECT_EQ(window->label("difference"), "差额:300.00");
+    window->stand(4, opening);
+    window->type("300");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->label("credits"), "贷方合计:300.00");
+    EXPECT_EQ(window->label("difference"), "差额:0.00");
+}
+
+TEST_F(OpeningTypingTest, WritesAnEditThatAClickElsewhereEnds) {
+    open();
+    window->type("7");
+    const auto cell = window->grid().visualRect(window->grid().model()->index(3, opening));
+    QTest::mouseClick(window->grid().viewport(), Qt::LeftButton, {}, cell.center());
+    EXPECT_FALSE(window->isEditing());
+    EXPECT_EQ(window->cell(0, opening), "7.00");
+}
+
+TEST_F(OpeningTypingTest, WritesAnEditBeforeACommandRuns) {
+    open();
+    window->type("7");
+    window->press(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_EQ(window->cell(0, opening), "7.00");
+    EXPECT_EQ(window->focusWidget(), &window->searchField());
+}
+
+TEST_F(OpeningTypingTest, StaysOnAFigureThatWasNotWritten) {
+    open();
+    window->type("99999999999999");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(messages().texts().size(), 1);
+    EXPECT_EQ(window->grid().currentRow(), 0);
+    EXPECT_EQ(window->cell(0, opening), "0.00");
+}
+
+TEST_F(OpeningTypingTest, ClearsTheSelectedFiguresAsOneStep) {
+    books->addRows("100201", 12, 5);
+    books->addRows("100202", 12, 6);
+    open();
+    window->stand(2, opening);
+    window->press(Qt::Key_Down, Qt::ShiftModifier);
+    window->press(Qt::Key_Delete);
+    EXPECT_EQ(window->column(opening), (Texts{"0.00", "0.00", "0.00", "0.00", "0.00"}));
+    window->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->column(opening), (Texts{"0.00", "11.00", "5.00", "6.00", "0.00"}));
+}
+
+TEST_F(OpeningTypingTest, FillsTheOpeningBalanceFromTheFiguresOfTheYear) {
+    make(OpeningLayout::midYear);
+    addSomeAccounts();
+    open();
+    constexpr int yearStart = 4;
+    window->stand(0, yearStart);
+    for (const char* figure : {"1000", "300", "50"}) {
+        window->type(figure);
+        window->press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(window->cell(0, 7), "1,250.00");
+    EXPECT_EQ(window->grid().currentIndex().column(), 7);
+    window->press(Qt::Key_Tab);
+    window->type("9");
+    window->press(Qt::Key_Return);
+    window->stand(0, 7);
+    window->type("9");
+    window->press(Qt::Key_Return);
+    EXPECT_NE(window->colour(0, 7), QColor(Qt::white));
+    EXPECT_EQ(window->colour(0, yearStart), QColor(Qt::white));
+}
+
+TEST_F(OpeningTypingTest, AsksBeforeBooksThatDoNotBalanceAreLeft) {
+    open();
+    window->type("12.5");
+    window->press(Qt::Key_Return);
+    messages().willAnswer("期初余额试算不平衡,差额为12.50,是否退出?", Answer::no);
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    messages().willAnswer("期初余额试算不平衡,差额为12.50,是否退出?", Answer::yes);
+    window->press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(messages().questions()[0].icon, MessageIcon::information);
+    EXPECT_EQ(messages().questions()[0].caption, "澄恒财务软件");
+    open();
+    EXPECT_EQ(window->cell(0, opening), "12.50");
+}
+
+TEST_F(OpeningTypingTest, WritesTheEditThatClosingEndsAndLeavesBalancedBooksUnasked) {
+    open();
+    window->type("8");
+    window->press(Qt::Key_Return);
+    window->stand(4, opening);
+    window->type("8");
+    window->choose("退出");
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(messages().texts().empty());
+    EXPECT_EQ(books->openings("2202").substr(0, 3), "1=8");
+}
+
+TEST_F(OpeningTypingTest, TypesTwoHundredBalancesAndUndoesAndRedoesFifty) {
+    make();
+    std::vector<std::string> codes;
+    for (int number = 0; number < 200; ++number) codes.push_back(numbered(number));
+    books->addAccounts(codes);
+    open();
+    for (int number = 0; number < 200; ++number) {
+        window->type(std::to_string(number + 1));
+        window->press(Qt::Key_Return);
+    }
+    EXPECT_EQ(window->label("debits"), "借方合计:20,100.00");
+    const Texts typed = window->column(opening);
+    EXPECT_EQ(typed[199], "200.00");
+    for (int step = 0; step < 50; ++step) window->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->cell(149, opening), "150.00");
+    EXPECT_EQ(window->cell(150, opening), "0.00");
+    EXPECT_EQ(window->grid().currentRow(), 150);
+    EXPECT_EQ(window->label("debits"), "借方合计:11,325.00");
+    for (int step = 0; step < 50; ++step) window->press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(window->column(opening), typed);
+    EXPECT_FALSE(window->isEnabled("重做"));
+    messages().willAnswer(Answer::yes);
+    window->close();
+    open();
+    EXPECT_EQ(window->column(opening), typed);
+}

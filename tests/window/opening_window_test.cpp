@@ -1,0 +1,266 @@
+#include <QFrame>
+#include <QPlainTextEdit>
+
+#include "host/screen/CBalanceTableDlg.h"
+#include "host/screen/help/help_window.h"
+#include "host/screen/wait_window.h"
+#include "tests/support/recording_printer.h"
+#include "tests/window/opening_fixture.h"
+
+using namespace chengheng;
+
+namespace {
+
+constexpr const char* bookTexts[] = {"科目编码", "科目名称", "借/贷", "币别/计量"};
+
+QStringList menuTexts(const OpenOpenings& window, int menu) {
+    QStringList texts;
+    for (const QAction* item : window.findChild<QMenuBar*>()->actions()[menu]->menu()->actions())
+        texts.append(item->isSeparator() ? "|" : item->text());
+    return texts;
+}
+
+std::vector<std::string> shownHeaders(const OpenOpenings& window) {
+    std::vector<std::string> headers;
+    for (int column = 0; column < window.grid().model()->columnCount(); ++column)
+        if (!window.grid().isColumnHidden(column))
+            headers.push_back(
+                window.grid().model()->headerData(column, Qt::Horizontal).toString().toStdString());
+    return headers;
+}
+
+}  // namespace
+
+TEST_F(OpeningWindowTest, ListsTheChartWithItsFiguresInCodeOrder) {
+    make();
+    addSomeAccounts();
+    books->addRows("100201", 12, 1234.5);
+    open();
+    EXPECT_EQ(window->windowTitle(), "期初余额录入");
+    EXPECT_EQ(window->column(0), (Texts{"1001", "1002", "100201", "100202", "2202"}));
+    EXPECT_EQ(window->column(1),
+              (Texts{"科目1001", "科目1002", " 科目100201", " 科目100202", "科目2202"}));
+    EXPECT_EQ(window->column(2), (Texts{"借", "借", "借", "借", "贷"}));
+    EXPECT_EQ(window->column(opening), (Texts{"0.00", "1,234.50", "1,234.50", "0.00", "0.00"}));
+    EXPECT_EQ(window->mode(), "");
+    EXPECT_EQ(window->grid().font().pointSize(), 9);
+}
+
+TEST_F(OpeningWindowTest, ShowsFiveColumnsForBooksThatBeginInJanuary) {
+    make();
+    addSomeAccounts();
+    open();
+    Texts wanted(std::begin(bookTexts), std::end(bookTexts));
+    wanted.push_back("期初余额");
+    EXPECT_EQ(shownHeaders(*window), wanted);
+    EXPECT_EQ(window->grid().model()->columnCount(), 13);
+}
+
+TEST_F(OpeningWindowTest, ShowsYearStartAndMovementsForBooksThatBeginInMarch) {
+    make(OpeningLayout::midYear);
+    addSomeAccounts();
+    open();
+    Texts wanted(std::begin(bookTexts), std::end(bookTexts));
+    for (const char* each : {"年初余额", "累计借方", "累计贷方", "期初余额"})
+        wanted.push_back(each);
+    EXPECT_EQ(shownHeaders(*window), wanted);
+    EXPECT_EQ(window->grid().model()->columnCount(), 16);
+}
+
+TEST_F(OpeningWindowTest, HasItsMenusInTheStatedOrder) {
+    make();
+    open();
+    QStringList captions;
+    for (const QAction* menu : window->findChild<QMenuBar*>()->actions()) captions << menu->text();
+    EXPECT_EQ(captions, (QStringList{"文件(&F)", "编辑(&E)", "查看(&V)", "帮助(&H)"}));
+    EXPECT_EQ(menuTexts(*window, 0).mid(0, 3), (QStringList{"打印预览", "打印", "|"}));
+    EXPECT_EQ(menuTexts(*window, 0).last(), "退出");
+    EXPECT_EQ(menuTexts(*window, 1).mid(0, 3), (QStringList{"调余额方向", "|", "结转上年余额"}));
+    EXPECT_EQ(menuTexts(*window, 2).mid(0, 4), (QStringList{"刷新", "试算平衡", "|", "查找"}));
+    EXPECT_EQ(menuTexts(*window, 3), (QStringList{"帮助主题", "搜索", "|", "关于..."}));
+    EXPECT_EQ(window->action("打印")->shortcut(), QKeySequence("Ctrl+P"));
+    EXPECT_EQ(window->action("查找")->shortcut(), QKeySequence("Ctrl+K"));
+}
+
+TEST_F(OpeningWindowTest, ExplainsItsColoursInALegend) {
+    make();
+    books->addAccounts({"1001", "1002", "100201"});
+    books->change("1001", "sAssBook = 'B'");
+    open();
+    const QColor auxiliary(0, 255, 255);
+    const QColor parent(0xe0, 0xff, 0xe0);
+    EXPECT_EQ(window->colour(0, 0), auxiliary);
+    EXPECT_EQ(window->colour(1, opening), parent);
+    EXPECT_EQ(window->colour(2, opening), QColor(Qt::white));
+    QStringList texts;
+    for (const QLabel* label : window->findChildren<QLabel*>()) texts << label->text();
+    for (const char* text : {"非末级科目", "末级科目", "辅助科目"})
+        EXPECT_TRUE(texts.contains(text)) << text;
+    QList<QColor> samples;
+    for (const QFrame* frame : window->findChildren<QFrame*>())
+        if (frame->autoFillBackground() && frame->metaObject() == &QFrame::staticMetaObject)
+            samples << frame->palette().color(QPalette::Window);
+    EXPECT_EQ(samples, (QList<QColor>{parent, Qt::white, auxiliary}));
+}
+
+TEST_F(OpeningWindowTest, IsOnlyForBrowsingOnceThereIsAVoucher) {
+    make();
+    addSomeAccounts();
+    books->addVoucher();
+    open();
+    EXPECT_EQ(window->mode(), "浏览,只读");
+    EXPECT_FALSE(window->isEnabled("调余额方向"));
+    EXPECT_FALSE(window->isEnabled("结转上年余额"));
+    window->stand(0, opening);
+    window->type("5");
+    EXPECT_FALSE(window->isEditing());
+    window->press(Qt::Key_F2);
+    EXPECT_FALSE(window->isEditing());
+    EXPECT_TRUE(books->rows().empty());
+}
+
+TEST_F(OpeningWindowTest, BecomesOneForBrowsingByARefreshAfterAVoucherCame) {
+    make();
+    addSomeAccounts();
+    open();
+    books->addVoucher();
+    window->choose("刷新");
+    EXPECT_EQ(window->mode(), "浏览,只读");
+}
+
+TEST_F(OpeningWindowTest, CarriesForwardOnlyIntoBooksWithoutSums) {
+    make();
+    addSomeAccounts();
+    open();
+    EXPECT_TRUE(window->isEnabled("结转上年余额"));
+    window->choose("结转上年余额");
+    EXPECT_EQ(messages().onlyNotice().text, "“结转上年余额”尚未完成,暂不能使用。");
+    books->addRows("1001", 12, 5);
+    window->choose("刷新");
+    EXPECT_FALSE(window->isEnabled("结转上年余额"));
+    EXPECT_TRUE(window->isEnabled("调余额方向"));
+}
+
+TEST_F(OpeningWindowTest, AnswersTheKeysOfCalendarAndCalculator) {
+    make();
+    addSomeAccounts();
+    open();
+    window->press(Qt::Key_F8);
+    EXPECT_TRUE(messages().texts().empty());
+    window->press(Qt::Key_F7);
+    window->press(Qt::Key_F9);
+    EXPECT_EQ(messages().texts(), (Texts{"调用会记日历", "调用计算器"}));
+    for (const Notice& notice : messages().notices()) {
+        EXPECT_EQ(notice.icon, MessageIcon::information);
+        EXPECT_EQ(notice.caption, "澄恒财务软件");
+    }
+}
+
+TEST_F(OpeningWindowTest, ShowsTheTrialBalanceInFiveTexts) {
+    make();
+    addSomeAccounts();
+    books->addRows("1001", 12, 100);
+    books->addRows("2202", 12, 100);
+    open();
+    Texts texts;
+    const NextModal result([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "试算平衡");
+        for (const QPlainTextEdit* field : dialog.findChildren<QPlainTextEdit*>())
+            texts.push_back(field->toPlainText().toStdString());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    window->choose("试算平衡");
+    EXPECT_EQ(texts, (Texts{"资产 = 借\t100.00\n\n", "负债 = 贷\t100.00\n\n", "合计 = 借\t100.00",
+                            "合计 = 贷\t100.00", "试算结果平衡"}));
+}
+
+TEST_F(OpeningWindowTest, TurnsTheDirectionOfATopLevelAccountAfterAsking) {
+    make();
+    addSomeAccounts();
+    open();
+    window->stand(2, opening);
+    window->choose("调余额方向");
+    EXPECT_EQ(messages().onlyNotice().text, "只能在总帐科目调整余额方向!");
+    messages().forget();
+    window->stand(1, opening);
+    messages().willAnswer("是否调整 科目1002(1002) 科目的余额方向?\n\t    借--->贷", Answer::no);
+    window->choose("调余额方向");
+    EXPECT_EQ(window->column(2), (Texts{"借", "借", "借", "借", "贷"}));
+    messages().willAnswer(Answer::yes);
+    window->choose("调余额方向");
+    EXPECT_EQ(window->column(2), (Texts{"借", "贷", "贷", "贷", "贷"}));
+    EXPECT_EQ(messages().questions()[0].caption, "调整余额方向");
+}
+
+TEST_F(OpeningWindowTest, ChecksTheDirectoriesBeforeAnAuxiliaryWindow) {
+    make();
+    books->addAccounts({"1001"});
+    books->change("1001", "sAssBook = 'A'");
+    open();
+    const auto middle = window->grid().visualRect(window->grid().model()->index(0, opening));
+    const auto doubleClick = [&] {
+        QTest::mouseClick(window->grid().viewport(), Qt::LeftButton, {}, middle.center());
+        QTest::mouseDClick(window->grid().viewport(), Qt::LeftButton, {}, middle.center());
+        QCoreApplication::processEvents();
+    };
+    doubleClick();
+    EXPECT_EQ(messages().onlyNotice().text, "请先定义个人目录");
+    messages().forget();
+    books->books().run("INSERT Person (lId) VALUES(1)\r\nINSERT Dept (lId) VALUES(1)");
+    doubleClick();
+    EXPECT_EQ(messages().onlyNotice().text, "“个人往来”尚未完成,暂不能使用。");
+    messages().forget();
+    window->press(Qt::Key_F2);
+    EXPECT_EQ(messages().onlyNotice().text, "“个人往来”尚未完成,暂不能使用。");
+}
+
+TEST_F(OpeningWindowTest, FindsAccountsByCodeOrNameFromWhereItStands) {
+    make();
+    addSomeAccounts();
+    open();
+    window->press(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_EQ(window->focusWidget(), &window->searchField());
+    typeText(&window->searchField(), "1002");
+    EXPECT_EQ(window->grid().currentRow(), 1);
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->grid().currentRow(), 2);
+    window->press(Qt::Key_Up);
+    EXPECT_EQ(window->grid().currentRow(), 1);
+    window->press(Qt::Key_Up);
+    EXPECT_EQ(window->grid().currentRow(), 3);
+    window->searchField().selectAll();
+    typeText(&window->searchField(), "没有");
+    EXPECT_EQ(window->label("searchResult"), "没有匹配的科目");
+    window->press(Qt::Key_Escape);
+    EXPECT_EQ(window->focusWidget(), &window->grid());
+    EXPECT_EQ(window->grid().currentIndex().column(), opening);
+}
+
+TEST_F(OpeningWindowTest, PrintsTheGridUnderTheAccountingYear) {
+    make();
+    addSomeAccounts();
+    books->addRows("1001", 12, 1234.5);
+    RecordingPrinter printer;
+    const HostReportPrinter host(printer);
+    open();
+    window->choose("打印预览");
+    window->press(Qt::Key_P, Qt::ControlModifier);
+    ASSERT_EQ(printer.outputs.size(), 2);
+    EXPECT_EQ(printer.outputs[0].kind, ReportOutput::preview);
+    EXPECT_EQ(printer.outputs[1].kind, ReportOutput::print);
+    const Report& report = printer.outputs[0].report;
+    EXPECT_EQ(report.title, "期初余额录入");
+    EXPECT_EQ(report.lines[0].left, "会计年度:2026");
+    EXPECT_EQ(report.columns.size(), 5);
+    EXPECT_EQ(report.rowCount(), 5);
+    EXPECT_EQ(report.cell(0, 0), "1001");
+    EXPECT_EQ(report.cell(0, 4), "1,234.50");
+}
+
+TEST_F(OpeningWindowTest, DoesNotOpenOnBooksThatCannotBeRead) {
+    make();
+    books->books().engine().failCall(1, Failure::lost);
+    OpenOpenings unopened;
+    EXPECT_EQ(unopened.DoModal(), QDialog::Rejected);
+    EXPECT_EQ(messages().texts().size(), 1);
+}
