@@ -21,6 +21,32 @@ inline constexpr const char* creditSum = "贷方合计:{}";
 inline constexpr const char* difference = "差额:{}";
 inline constexpr const char* figuresDisagreeHere = "期初余额与年初余额和累计发生额不符";
 
+inline constexpr const char* pasteTitle = "粘贴期初余额";
+inline constexpr const char* importTitle = "导入期初余额";
+inline constexpr const char* exportTitle = "导出期初余额";
+inline constexpr const char* exportFile = "期初余额.xlsx";
+inline constexpr const char* fileFilter = "表格文件 (*.csv *.xlsx)";
+inline constexpr const char* importedFile = "文件:{}";
+inline constexpr const char* imported = "导入完成:修改 {} 个金额。";
+inline constexpr const char* exported = "期初余额已导出到“{}”。";
+inline constexpr const char* nothingToPaste = "没有可以录入的内容。";
+/// What a paste or an import becomes.
+inline constexpr const char* planCells = "录入预览";
+inline constexpr const char* planSummary = "修改 {} 格,不变 {} 格,略过 {} 格,拒绝 {} 格。";
+inline constexpr const char* planRefused = "有被拒绝的单元格,全部不能写入。请改正后重试。";
+inline constexpr const char* planHasNothing = "没有需要写入的内容。";
+inline constexpr const char* planReady = "请核对后按“写入”,所有金额将一次写入。";
+inline constexpr const char* planApply = "写入";
+inline constexpr const char* fateChanged = "修改";
+inline constexpr const char* fateUnchanged = "不变";
+inline constexpr const char* fateIgnored = "略过";
+inline constexpr const char* fateRefused = "拒绝";
+inline constexpr const char* causesTitle = "不平衡的可能原因";
+inline constexpr const char* causesHeading = "差额为 {},可能的原因(仅供参考):";
+inline constexpr const char* noCauses = "差额为 {},没有找到可能的原因。";
+inline constexpr const char* goToAccount = "转到科目";
+inline constexpr const char* close = "关闭";
+
 inline constexpr const char* code = "科目编码";
 inline constexpr const char* name = "科目名称";
 inline constexpr const char* direction = "借/贷";

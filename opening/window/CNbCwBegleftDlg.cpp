@@ -55,7 +55,8 @@ QWidget* colourSample(const QColor& colour, QWidget* parent) {
 
 }  // namespace
 
-CNbCwBegleftDlg::CNbCwBegleftDlg(QWidget* parent) : CNxMiddleDialog(openingTemplate, parent) {
+CNbCwBegleftDlg::CNbCwBegleftDlg(QWidget* parent)
+    : CNxMiddleDialog(openingTemplate, parent), m_atWork(opening_texts::title) {
     setWindowTitle(shown(opening_texts::title));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
 }
@@ -233,7 +234,9 @@ void CNbCwBegleftDlg::reflectCommands() {
     m_commands->setEnabled(opening_command::carryForward, m_work.mayCarryForward());
     m_commands->setEnabled(opening_command::undo, m_work.canUndo());
     m_commands->setEnabled(opening_command::redo, m_work.canRedo());
-    m_commands->setEnabled(opening_command::clear, !m_work.isBrowsing());
+    for (const int command :
+         {opening_command::clear, opening_command::paste, opening_command::importFigures})
+        m_commands->setEnabled(command, !m_work.isBrowsing());
 }
 
 void CNbCwBegleftDlg::OnCancel() { tryClose(); }
@@ -281,6 +284,11 @@ bool CNbCwBegleftDlg::OnCommand(int command) {
         {opening_command::undo, &CNbCwBegleftDlg::OnMenuUndo},
         {opening_command::redo, &CNbCwBegleftDlg::OnMenuRedo},
         {opening_command::clear, &CNbCwBegleftDlg::OnMenuClear},
+        {opening_command::copy, &CNbCwBegleftDlg::OnMenuCopy},
+        {opening_command::paste, &CNbCwBegleftDlg::OnMenuPaste},
+        {opening_command::importFigures, &CNbCwBegleftDlg::OnMenuImport},
+        {opening_command::exportFigures, &CNbCwBegleftDlg::OnMenuExport},
+        {opening_command::causes, &CNbCwBegleftDlg::OnMenuCauses},
         {opening_command::auxiliary, &CNbCwBegleftDlg::OnMenuAuxiliary},
         {opening_command::calendar, &CNbCwBegleftDlg::OnMenuCalendar},
         {opening_command::calculator, &CNbCwBegleftDlg::OnMenuCalculator},

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/screen/CNxMiddleDialog.h"
+#include "host/services/function_at_work.h"
 #include "opening/opening_work.h"
 #include "opening/window/figure_editor.h"
 #include "print/report_printer.h"
@@ -56,6 +57,11 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     void OnMenuUndo();
     void OnMenuRedo();
     void OnMenuClear();
+    void OnMenuCopy();
+    void OnMenuPaste();
+    void OnMenuImport();
+    void OnMenuExport();
+    void OnMenuCauses();
     void OnMenuAuxiliary();
     void OnMenuCalendar();
     void OnMenuCalculator();
@@ -96,10 +102,14 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     void reflectCommands();
     void goToStep(const chengheng::EditStep& step);
     bool retrace(const chengheng::EditStep* step, bool (chengheng::OpeningWork::*how)());
+    /// Shows a plan and writes it when the operator wants it.
+    bool applyPlan(const chengheng::FigurePlan& plan, const char* title,
+                   const std::string& heading);
     void goToMatch(std::optional<std::size_t> line);
     void print(chengheng::ReportOutput output);
     void tryClose();
 
+    const chengheng::FunctionAtWork m_atWork;
     chengheng::OpeningWork m_work{messages()};
     std::unique_ptr<chengheng::OpeningModel> m_model;
     std::unique_ptr<chengheng::WindowCommands> m_commands;

@@ -201,7 +201,8 @@ void CNbCwBegleftDlg::OnMenuBalance() {
     const chengheng::TrialBalance balance = m_work.trialBalance();
     showFigures();
     const chengheng::TrialBalanceTexts texts = balance.texts();
-    CBalanceTableDlg(texts.inOrder(), false, this).DoModal();
+    CBalanceTableDlg result(texts.inOrder(), !balance.isBalanced(), this);
+    if (result.DoModal() == CBalanceTableDlg::causesWanted) OnMenuCauses();
 }
 
 void CNbCwBegleftDlg::OnMenuFind() { m_searchBar->setFocus(); }

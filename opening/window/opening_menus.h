@@ -9,6 +9,9 @@ inline constexpr MenuItemResource openingFileItems[] = {
     {opening_command::preview, "打印预览"},
     {opening_command::print, "打印\tCtrl+P"},
     {0, ""},
+    {opening_command::importFigures, "导入..."},
+    {opening_command::exportFigures, "导出..."},
+    {0, ""},
     {opening_command::exit, "退出"},
 };
 inline constexpr MenuItemResource openingEditItems[] = {
@@ -18,13 +21,14 @@ inline constexpr MenuItemResource openingEditItems[] = {
     {0, ""},
     {opening_command::undo, "撤销\tCtrl+Z"},
     {opening_command::redo, "重做\tCtrl+Y"},
+    {0, ""},
+    {opening_command::copy, "复制\tCtrl+C"},
+    {opening_command::paste, "粘贴\tCtrl+V"},
     {opening_command::clear, "清零\tDel"},
 };
 inline constexpr MenuItemResource openingViewItems[] = {
-    {opening_command::refurbish, "刷新"},
-    {opening_command::trialBalance, "试算平衡"},
-    {0, ""},
-    {opening_command::find, "查找\tCtrl+K"},
+    {opening_command::refurbish, "刷新"},    {opening_command::trialBalance, "试算平衡"},   {0, ""},
+    {opening_command::find, "查找\tCtrl+K"}, {opening_command::causes, "不平衡的可能原因"},
 };
 inline constexpr MenuItemResource openingHelpItems[] = {
     {opening_command::help, "帮助主题"},
@@ -43,6 +47,9 @@ inline constexpr WindowMenu openingMenus[] = {
 inline constexpr int openingContextCommands[] = {
     opening_command::undo,
     opening_command::redo,
+    0,
+    opening_command::copy,
+    opening_command::paste,
     opening_command::clear,
     0,
     opening_command::find,

@@ -1,0 +1,73 @@
+#include "opening/window/causes_window.h"
+
+#include <fmt/format.h>
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QStringListModel>
+#include <QVBoxLayout>
+
+#include "data/numbers.h"
+#include "opening/opening_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int causesTemplate = 129;
+constexpr QSize openingSize(640, 400);
+
+QString shown(const char* text) { return QString::fromUtf8(text); }
+QString shown(const std::string& text) { return QString::fromStdString(text); }
+
+}  // namespace
+
+CausesWindow::CausesWindow(double difference, std::vector<ImbalanceCause> causes, QWidget* parent)
+    : CNxMiddleDialog(causesTemplate, parent), m_causes(std::move(causes)) {
+    setWindowTitle(shown(opening_texts::causesTitle));
+    buildControls(difference);
+    resize(openingSize);
+}
+
+void CausesWindow::buildControls(double difference) {
+    const char* heading = m_causes.empty() ? opening_texts::noCauses : opening_texts::causesHeading;
+    auto* label =
+        new QLabel(shown(fmt::format(fmt::runtime(heading), ftoaWithSap(difference, 2))), this);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    QStringList lines;
+    for (const ImbalanceCause& cause : m_causes) lines.append(shown(cause.text));
+    m_list = new QListView(this);
+    m_list->setModel(new QStringListModel(lines, this));
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setAccessibleName(shown(opening_texts::causesTitle));
+    m_list->setWordWrap(true);
+    auto* buttons = new QDialogButtonBox(this);
+    m_goes = buttons->addButton(shown(opening_texts::goToAccount), QDialogButtonBox::AcceptRole);
+    m_goes->setDefault(true);
+    buttons->addButton(shown(opening_texts::close), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] { OnOK(); });
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    connect(m_list, &QListView::doubleClicked, this, [this] { OnOK(); });
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { m_goes->setEnabled(chosenPlace().has_value()); });
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(label);
+    rows->addWidget(m_list, 1);
+    rows->addWidget(buttons);
+    m_list->setCurrentIndex(m_list->model()->index(0, 0));
+    m_goes->setEnabled(chosenPlace().has_value());
+    m_list->setFocus();
+}
+
+std::optional<std::size_t> CausesWindow::chosenPlace() const {
+    const int row = m_list->currentIndex().row();
+    return row < 0 ? std::nullopt : m_causes[static_cast<std::size_t>(row)].place;
+}
+
+void CausesWindow::OnOK() {
+    if (chosenPlace()) EndDialog(Accepted);
+}
+
+}  // namespace chengheng
