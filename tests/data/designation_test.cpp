@@ -117,6 +117,17 @@ TEST_P(Designations, TakeWildcardsInACodeAsTheyStand) {
     EXPECT_EQ(marks(), "1002 bank RE, 100201 bank RE, 10020101 bank RE, 1122 B");
 }
 
+TEST_P(Designations, OfACodeOfOneDigitMarkEveryCodeThatBeginsWithIt) {
+    m_books.add("1", "资产");
+    m_books.add("2", "银行");
+    m_books.messages().willAnswer(Answer::ok);
+    EXPECT_TRUE(designate("1   资产", "2   银行"));
+    EXPECT_EQ(marks(),
+              "1001 cash R, 100101 cash R, 1002 cash R, 100201 cash R, 10020101 cash R, "
+              "1003 cash R, 1122 cash R");
+    EXPECT_EQ(m_books.account("2").sAssBook, "RE");
+}
+
 TEST_P(Designations, OfferTheTopLevelInCodeOrderAndSelectWhatIsDesignated) {
     DesignationService service(m_books.messages());
     EXPECT_EQ(service.choices().accounts,
