@@ -16,7 +16,7 @@ namespace texts = chengheng::screen_texts;
 constexpr int balanceTemplate = 126;
 constexpr int classCharacters = 44;
 constexpr int classLines = 13;
-constexpr int tabCharacters = 4;
+constexpr int tabCharacters = 18;
 
 struct Field {
     const char* name;

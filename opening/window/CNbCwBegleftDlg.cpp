@@ -4,9 +4,11 @@
 
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -25,7 +27,8 @@ using chengheng::SearchBar;
 namespace {
 
 constexpr int openingTemplate = 125;
-constexpr QSize openingSize(960, 640);
+constexpr QSize openingSize(860, 640);
+constexpr int besideColumns = 48;
 constexpr int gridPoints = 9;
 constexpr int margin = 8;
 constexpr int spacing = 16;
@@ -70,11 +73,17 @@ bool CNbCwBegleftDlg::OnInitDialog() {
     connectGrid();
     connectEditor();
     connectSearch();
-    resize(openingSize);
+    resize(fittingSize());
     showFigures();
-    m_grid->setCurrentIndex(m_model->index(0, static_cast<int>(openingColumn())));
+    m_grid->setCurrentIndex(m_model->index(0, static_cast<int>(firstFigureColumn())));
     m_grid->setFocus();
     return false;
+}
+
+QSize CNbCwBegleftDlg::fittingSize() const {
+    const int wanted = m_grid->horizontalHeader()->length() + besideColumns;
+    const int room = screen()->availableGeometry().width() - besideColumns;
+    return {std::max(openingSize.width(), std::min(wanted, room)), openingSize.height()};
 }
 
 void CNbCwBegleftDlg::buildControls() {
@@ -139,6 +148,10 @@ QWidget* CNbCwBegleftDlg::buildTotals() {
     m_credits->setObjectName(QStringLiteral("credits"));
     m_difference->setObjectName(QStringLiteral("difference"));
     line->addStretch(1);
+    m_account = new QLabel(totals);
+    m_account->setObjectName(QStringLiteral("account"));
+    m_account->setTextFormat(Qt::PlainText);
+    line->addWidget(m_account);
     return totals;
 }
 
@@ -148,6 +161,8 @@ void CNbCwBegleftDlg::connectGrid() {
                                    static_cast<std::size_t>(index.column())))
             PostCommand(opening_command::auxiliary);
     });
+    connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { showAccount(); });
     connect(m_grid, &CVCF1::keyDown, this,
             [this](int key) { guarded([this, key] { keyPressed(key); })(); });
     connect(m_grid, &CVCF1::customContextMenuRequested, this, [this](QPoint position) {
@@ -212,6 +227,12 @@ void CNbCwBegleftDlg::showFigures() {
     }
     showTotals();
     reflectCommands();
+}
+
+void CNbCwBegleftDlg::showAccount() {
+    if (!hasLine()) return;
+    const chengheng::OpeningAccount& account = sheet().accountOfLine(currentLine());
+    m_account->setText(shown(account.code + ' ' + account.name));
 }
 
 void CNbCwBegleftDlg::showTotals() {

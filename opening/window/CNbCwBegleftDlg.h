@@ -74,6 +74,8 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
         int column = 0;
     };
 
+    /// As wide as the columns, where the screen has room for them.
+    QSize fittingSize() const;
     void buildControls();
     QWidget* buildHeading();
     QWidget* buildTotals();
@@ -86,6 +88,7 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     bool hasLine() const;
     std::size_t currentLine() const;
     std::size_t openingColumn() const;
+    std::size_t firstFigureColumn() const;
     std::optional<Place> currentPlace() const;
     void goTo(const Place& place);
     void goToLine(std::optional<std::size_t> line);
@@ -99,6 +102,8 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     bool change(const std::function<bool()>& work);
     void showFigures();
     void showTotals();
+    /// Names the account that the keyboard is on: its columns may be out of sight.
+    void showAccount();
     void reflectCommands();
     void goToStep(const chengheng::EditStep& step);
     bool retrace(const chengheng::EditStep* step, bool (chengheng::OpeningWork::*how)());
@@ -122,5 +127,6 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     QLabel* m_debits = nullptr;
     QLabel* m_credits = nullptr;
     QLabel* m_difference = nullptr;
+    QLabel* m_account = nullptr;
     chengheng::SearchBar* m_searchBar = nullptr;
 };

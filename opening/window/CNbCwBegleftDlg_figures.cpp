@@ -33,6 +33,10 @@ std::size_t CNbCwBegleftDlg::openingColumn() const {
     return chengheng::placeOf(chengheng::OpeningField::opening, sheet().layout());
 }
 
+std::size_t CNbCwBegleftDlg::firstFigureColumn() const {
+    return openingColumn() + 1 - sheet().figures().size();
+}
+
 std::optional<CNbCwBegleftDlg::Place> CNbCwBegleftDlg::currentPlace() const {
     if (!hasLine()) return std::nullopt;
     const chengheng::OpeningLine& line = sheet().line(currentLine());
@@ -66,8 +70,7 @@ void CNbCwBegleftDlg::moveSideways(int direction) {
     }
     const auto next = sheet().nextEditable(line, direction);
     if (!next) return;
-    const std::size_t first = openingColumn() + 1 - sheet().figures().size();
-    const std::size_t column = direction > 0 ? first : openingColumn();
+    const std::size_t column = direction > 0 ? firstFigureColumn() : openingColumn();
     m_grid->setCurrentIndex(m_model->index(static_cast<int>(*next), static_cast<int>(column)));
 }
 
@@ -104,7 +107,7 @@ void CNbCwBegleftDlg::keyPressed(int key) {
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         if (chengheng::figureOf(sheet().columns()[column].field) == nullptr)
             m_grid->setCurrentIndex(
-                m_model->index(m_grid->currentRow(), static_cast<int>(openingColumn())));
+                m_model->index(m_grid->currentRow(), static_cast<int>(firstFigureColumn())));
         moveOn(NextCell::nextEditable);
     } else if (key == Qt::Key_F2 && sheet().opensAuxiliary(currentLine(), column)) {
         PostCommand(chengheng::opening_command::auxiliary);

@@ -77,7 +77,8 @@ void FigureEditor::setModelData(QWidget* editor, QAbstractItemModel*,
 
 void FigureEditor::end(QWidget* editor, NextCell to) {
     emit commitData(editor);
-    emit closeEditor(editor, NoHint);
+    // Lines that were read anew have closed it.
+    if (editor->isVisible()) emit closeEditor(editor, NoHint);
     emit movedOn(to);
 }
 

@@ -128,6 +128,51 @@ TEST_F(OpeningTypingTest, ClearsTheSelectedFiguresAsOneStep) {
     EXPECT_EQ(window->column(opening), (Texts{"0.00", "11.00", "5.00", "6.00", "0.00"}));
 }
 
+TEST_F(OpeningTypingTest, TakesForeignCurrencyAndQuantityInLinesOfTheirOwn) {
+    books->addAccounts({"1211"});
+    books->change("1211", "byExchId = 1, bAmount = 1, sUnit = '吨'");
+    open();
+    EXPECT_EQ(window->column(0),
+              (Texts{"1001", "1002", "100201", "100202", "1211", "", "", "2202"}));
+    EXPECT_EQ(window->cell(4, 3), "本位币");
+    EXPECT_EQ(window->cell(5, 3), "美元");
+    EXPECT_EQ(window->cell(6, 3), "吨");
+    window->stand(4, opening);
+    for (int line = 0; line < 3; ++line) {
+        window->type("1.234567");
+        window->press(Qt::Key_Return);
+    }
+    EXPECT_EQ(window->cell(4, opening), "1.23");
+    EXPECT_EQ(window->cell(5, opening), "1.23");
+    EXPECT_EQ(window->cell(6, opening), "1.23457");
+    EXPECT_EQ(window->grid().currentRow(), 7);
+    EXPECT_EQ(books->rowsOf("1211")[0].substr(books->rowsOf("1211")[0].find("1211")),
+              "1211 1 begin 1.23 quantity 1.23457 foreign 1.23");
+}
+
+TEST_F(OpeningTypingTest, KeepsItsPlaceWhenARefreshBringsNewAccounts) {
+    open();
+    window->stand(3, opening);
+    books->addAccounts({"1003"});
+    books->addRows("100202", 12, 40);
+    window->choose("刷新");
+    EXPECT_EQ(window->column(0), (Texts{"1001", "1002", "100201", "100202", "1003", "2202"}));
+    EXPECT_EQ(window->grid().currentRow(), 3);
+    EXPECT_EQ(window->cell(3, opening), "40.00");
+    EXPECT_EQ(window->cell(1, opening), "40.00");
+}
+
+TEST_F(OpeningTypingTest, TellsThatVouchersCameWhileItWasOpenAndBecomesOneForBrowsing) {
+    open();
+    books->addVoucher();
+    window->type("5");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(messages().onlyNotice().text, "帐套中已有凭证,期初余额只能浏览,本次操作没有保存。");
+    EXPECT_EQ(window->mode(), "浏览,只读");
+    EXPECT_EQ(window->cell(0, opening), "0.00");
+    EXPECT_TRUE(books->rows().empty());
+}
+
 TEST_F(OpeningTypingTest, FillsTheOpeningBalanceFromTheFiguresOfTheYear) {
     make(OpeningLayout::midYear);
     addSomeAccounts();

@@ -65,6 +65,9 @@ TEST_F(OpeningWindowTest, ShowsYearStartAndMovementsForBooksThatBeginInMarch) {
         wanted.push_back(each);
     EXPECT_EQ(shownHeaders(*window), wanted);
     EXPECT_EQ(window->grid().model()->columnCount(), 16);
+    EXPECT_EQ(window->grid().currentIndex().column(), 4);
+    window->press(Qt::Key_Down);
+    EXPECT_EQ(window->label("account"), "1002 科目1002");
 }
 
 TEST_F(OpeningWindowTest, HasItsMenusInTheStatedOrder) {
