@@ -5,6 +5,11 @@
 # nbcwsetting (the windows; it exports only what cmake/module_exports.map names).
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport Svg)
+pkg_check_modules(QPDF REQUIRED IMPORTED_TARGET libqpdf)
+
+# The library asks which form of its smart pointers is meant; 4 is the standard one.
+set_source_files_properties(host/screen/report/pdf_texts.cpp
+    PROPERTIES COMPILE_DEFINITIONS POINTERHOLDER_TRANSITION=4)
 
 function(qt_target target)
     set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON AUTOUIC ON)
@@ -12,7 +17,8 @@ endfunction()
 
 folder_sources(host_sources host/screen/*.cpp host/screen/*/*.cpp host/screen/*/*.qrc)
 add_library(books_host STATIC ${host_sources})
-target_link_libraries(books_host PUBLIC books_rules Qt6::Widgets Qt6::PrintSupport Qt6::Svg)
+target_link_libraries(books_host
+    PUBLIC books_rules Qt6::Widgets Qt6::PrintSupport Qt6::Svg PRIVATE PkgConfig::QPDF)
 qt_target(books_host)
 
 set(window_patterns)

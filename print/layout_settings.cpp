@@ -164,6 +164,7 @@ constexpr std::array settings{
     LayoutSetting{"fonts", "heading", setFont<FontRole::heading>},
     LayoutSetting{"fonts", "column", setFont<FontRole::column>},
     LayoutSetting{"fonts", "cell", setFont<FontRole::cell>},
+    LayoutSetting{"fonts", "figure", setFont<FontRole::figure>},
     LayoutSetting{"fonts", "edge", setFont<FontRole::edge>},
     LayoutSetting{"header", "left", setPart<&Layout::header, &Line::left>},
     LayoutSetting{"header", "middle", setPart<&Layout::header, &Line::middle>},

@@ -18,9 +18,10 @@ struct LayoutFont {
     bool operator==(const LayoutFont&) const = default;
 };
 
-/// What of a page is set in which font.
-enum class FontRole : std::uint8_t { title, heading, column, cell, edge };
-inline constexpr std::size_t fontRoleCount = 5;
+/// What of a page is set in which font. Figures are what stands at the right of its column:
+/// their digits are to be of one width, which those of a face with serifs often are not.
+enum class FontRole : std::uint8_t { title, heading, column, cell, figure, edge };
+inline constexpr std::size_t fontRoleCount = 6;
 
 /// A line of a page in three parts. The texts name facts in braces: {title}, {company},
 /// {books}, {operator}, {date}, {page}, {pages}.
@@ -59,6 +60,7 @@ struct ReportLayout {
                                                  {FontFamily::song, 9, false},
                                                  {FontFamily::hei, 9, false},
                                                  {FontFamily::song, 9, false},
+                                                 {FontFamily::hei, 9, false},
                                                  {FontFamily::song, 8, false}}};
 
     LayoutLine header{.height = 6};

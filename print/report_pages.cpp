@@ -18,6 +18,7 @@ ReportPages::ReportPages(const CReport& report, const ITextMeasure& measure)
       m_frame(report),
       m_table(tableWidths(report, measure, m_frame.room())),
       m_cells(measure, FontRole::cell, m_table.scale),
+      m_figures(measure, FontRole::figure, m_table.scale),
       m_headings(measure, FontRole::column, m_table.scale),
       m_columnHeight(report.layout().columnHeight * m_table.scale) {
     const double padding = report.layout().padding * m_table.scale;
@@ -28,6 +29,14 @@ ReportPages::ReportPages(const CReport& report, const ITextMeasure& measure)
                                                      sideRoom(m_table.widths[column], padding),
                                                      mostHeadingLines));
     m_columnHeight += static_cast<double>(lines - 1) * m_headings.lineHeight();
+}
+
+FontRole ReportPages::fontOf(std::size_t column) const {
+    return m_report.alignment(column) == Alignment::right ? FontRole::figure : FontRole::cell;
+}
+
+const CellSetter& ReportPages::setterOf(std::size_t column) const {
+    return fontOf(column) == FontRole::figure ? m_figures : m_cells;
 }
 
 std::size_t ReportPages::mostLines() const {
@@ -47,8 +56,8 @@ double ReportPages::heightOf(std::size_t row) const {
     if (most > 1) {
         const double padding = layout.padding * m_table.scale;
         for (std::size_t column = 0; column < m_report.columnCount(); ++column)
-            lines =
-                std::max(lines, m_cells.lineCount(m_report.cell(row, column),
+            lines = std::max(
+                lines, setterOf(column).lineCount(m_report.cell(row, column),
                                                   sideRoom(m_table.widths[column], padding), most));
     }
     return layout.rowHeight * m_table.scale + static_cast<double>(lines - 1) * m_cells.lineHeight();
@@ -135,10 +144,11 @@ void ReportPages::drawRow(PageDrawing& page, const Strip& strip, std::size_t row
                             .width = sideRoom(width, padding),
                             .height = height,
                             .text = {},
-                            .font = FontRole::cell,
+                            .font = fontOf(column),
                             .scale = m_table.scale,
                             .alignment = m_report.alignment(column)};
-        drawCell(page, box, m_cells.lines(m_report.cell(row, column), box.width, mostLines()),
+        drawCell(page, box,
+                 setterOf(column).lines(m_report.cell(row, column), box.width, mostLines()),
                  m_cells.lineHeight());
         left += width;
     }

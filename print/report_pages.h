@@ -33,6 +33,8 @@ class ReportPages {
     double pageHeight() const { return m_frame.height; }
 
   private:
+    FontRole fontOf(std::size_t column) const;
+    const CellSetter& setterOf(std::size_t column) const;
     std::size_t mostLines() const;
     double heightOf(std::size_t row) const;
     std::size_t bandEnd(std::size_t band) const;
@@ -47,6 +49,7 @@ class ReportPages {
     PageFrame m_frame;
     TableWidths m_table;
     CellSetter m_cells;
+    CellSetter m_figures;
     CellSetter m_headings;
     double m_columnHeight;
     std::vector<std::size_t> m_bands{0};  ///< the first row of each page, strips aside

@@ -22,7 +22,7 @@ double widestCell(const CReport& report, std::size_t column, const ITextMeasure&
             widest = cell;
         }
     }
-    return measure.width(FontRole::cell, widest);
+    return measure.width(FontRole::figure, widest);
 }
 
 /// The width the template gives; figures get more where they need it, since a figure that is

@@ -43,4 +43,18 @@ QFont headingFont(int pixels) {
     return font;
 }
 
+QFont songFont() {
+    QFont font;
+    font.setFamilies({"SimSun", "宋体", "Noto Serif CJK SC", "Source Han Serif SC",
+                      "Noto Sans CJK SC", "serif"});
+    return font;
+}
+
+QFont heiFont() {
+    QFont font;
+    font.setFamilies({"SimHei", "黑体", "Noto Sans CJK SC", "Source Han Sans SC",
+                      "WenQuanYi Zen Hei", "sans-serif"});
+    return font;
+}
+
 }  // namespace chengheng

@@ -14,4 +14,9 @@ QFont pictureFont(int pixels);
 /// The font of headings, with serifs.
 QFont headingFont(int pixels);
 
+// Faces of type on paper, of no size yet: 宋体 with serifs, 黑体 without, or the nearest ones.
+
+QFont songFont();
+QFont heiFont();
+
 }  // namespace chengheng

@@ -47,7 +47,11 @@ struct ReportPagesTest : testing::Test {
         return found;
     }
     static std::vector<std::string> cells(const PageDrawing& page) {
-        return texts(page, FontRole::cell);
+        std::vector<std::string> found;
+        for (const DrawnText& text : page.texts)
+            if (text.font == FontRole::cell || text.font == FontRole::figure)
+                found.push_back(text.text);
+        return found;
     }
     static DrawnText textOf(const PageDrawing& page, const std::string& wanted) {
         for (const DrawnText& text : page.texts)
@@ -181,6 +185,7 @@ TEST_F(ReportPagesTest, NeverCutAFigure) {
     const auto pages = draw(report);
     EXPECT_THAT(cells(pages[0]), ElementsAre("甲…", "1,234,567,890.00"));
     EXPECT_EQ(textOf(pages[0], "1,234,567,890.00").alignment, Alignment::right);
+    EXPECT_EQ(textOf(pages[0], "1,234,567,890.00").font, FontRole::figure);
 }
 
 TEST_F(ReportPagesTest, CarryLongTextsOnWhereTheLayoutWraps) {

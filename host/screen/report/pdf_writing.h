@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/screen/report/report_document.h"
+#include "host/sheets/sheet_failure.h"
+
+namespace chengheng {
+
+/// How writing a PDF file ended. A file that was there already is replaced as a whole, or not
+/// touched.
+enum class PdfOutcome { written, cancelled, failed };
+
+/// Writes all pages, with fonts embedded and texts that can be searched. After `failed`, the
+/// failure says why.
+PdfOutcome writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress,
+                    SheetFailure& failure);
+
+}  // namespace chengheng
