@@ -63,8 +63,11 @@ std::string withFacts(std::string_view text, const PageFacts& facts) {
     while (!text.empty()) {
         const Piece piece = takePiece(text);
         result += piece.before;
-        if (const Fact* fact = piece.hasName ? factOf(piece.name) : nullptr)
-            result += fact->text(facts);
+        const Fact* const fact = piece.hasName ? factOf(piece.name) : nullptr;
+        if (fact == nullptr) continue;
+        const std::string named = fact->text(facts);
+        if (named.empty()) return {};
+        result += named;
     }
     return result;
 }
@@ -81,7 +84,8 @@ std::string factsFault(std::string_view text) {
 }
 
 std::string paperDate(const Date& date) {
-    return fmt::format("{:04}.{:02}.{:02}", date.year, date.month, date.day);
+    return !date.isSet() ? std::string()
+                         : fmt::format("{:04}.{:02}.{:02}", date.year, date.month, date.day);
 }
 
 }  // namespace chengheng

@@ -22,11 +22,8 @@ double headingHeight(const CReport& report) {
 /// Puts lines of text onto a page from top to bottom.
 class LineWriter {
   public:
-    LineWriter(PageDrawing& drawing, const PageFrame& frame, const PageFacts& facts)
-        : m_drawing(drawing), m_frame(frame), m_facts(facts), m_top(0) {}
-
-    double top() const { return m_top; }
-    void moveTo(double top) { m_top = top; }
+    LineWriter(PageDrawing& drawing, const PageFrame& frame, const PageFacts& facts, double top)
+        : m_drawing(drawing), m_frame(frame), m_facts(facts), m_top(top) {}
 
     void whole(const std::string& text, FontRole font, double height, Alignment alignment) {
         if (!text.empty())
@@ -77,13 +74,11 @@ PageFrame::PageFrame(const CReport& report) {
     tableTop = std::min(tableTop, tableBottom - layout.columnHeight - layout.rowHeight);
 }
 
-void drawAround(PageDrawing& drawing, const CReport& report, std::size_t page,
-                std::size_t pageCount) {
+void drawAboveTable(PageDrawing& drawing, const CReport& report, const PageNumber& number) {
     const ReportLayout& layout = report.layout();
     const PageFrame frame(report);
-    const PageFacts facts{report.title(), report.extension().facts, page, pageCount};
-    LineWriter writer(drawing, frame, facts);
-    writer.moveTo(layout.marginTop);
+    const PageFacts facts{report.title(), report.extension().facts, number.page, number.count};
+    LineWriter writer(drawing, frame, facts, layout.marginTop);
     writer.facts(layout.header, FontRole::edge);
     if (!layout.header.isEmpty()) writer.rule(layout.header.rule);
     const double lineHeight = layout.heading.height;
@@ -96,7 +91,13 @@ void drawAround(PageDrawing& drawing, const CReport& report, std::size_t page,
     for (const HeadingLine& line : report.extension().lines)
         writer.parts(line.left, line.middle, line.right, FontRole::heading, lineHeight);
     writer.rule(layout.heading.rule);
-    writer.moveTo(frame.tableBottom);
+}
+
+void drawBelowTable(PageDrawing& drawing, const CReport& report, const PageNumber& number) {
+    const ReportLayout& layout = report.layout();
+    const PageFrame frame(report);
+    const PageFacts facts{report.title(), report.extension().facts, number.page, number.count};
+    LineWriter writer(drawing, frame, facts, frame.tableBottom);
     if (!layout.footer.isEmpty()) writer.rule(layout.footer.rule);
     writer.facts(layout.footer, FontRole::edge);
 }

@@ -21,9 +21,15 @@ struct PageFrame {
     double room() const { return right - left; }
 };
 
-/// Draws header, title, heading lines and footer. Pages are counted from 1; a count of 0 is not
-/// known yet.
-void drawAround(PageDrawing& drawing, const CReport& report, std::size_t page,
-                std::size_t pageCount);
+/// Which page of how many, counted from 1; a count of 0 is not known yet.
+struct PageNumber {
+    std::size_t page;
+    std::size_t count;
+};
+
+/// Draws header, title and heading lines.
+void drawAboveTable(PageDrawing& drawing, const CReport& report, const PageNumber& number);
+/// Draws the footer.
+void drawBelowTable(PageDrawing& drawing, const CReport& report, const PageNumber& number);
 
 }  // namespace chengheng

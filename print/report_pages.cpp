@@ -79,14 +79,25 @@ std::size_t ReportPages::bandEnd(std::size_t band) const {
     return band + 1 < m_bands.size() ? m_bands[band + 1] : m_nextRow;
 }
 
+PageNumber ReportPages::numberOf(std::size_t page) const {
+    return {page + 1, isComplete() ? pageCount() : 0};
+}
+
+PageRows ReportPages::rowsOn(std::size_t page) const {
+    const std::size_t band = page / m_table.strips.size();
+    return {m_bands[band], bandEnd(band), m_table.strips[page % m_table.strips.size()]};
+}
+
 PageDrawing ReportPages::draw(std::size_t page) const {
     PageDrawing drawing{.width = m_frame.width, .height = m_frame.height, .texts = {}, .rules = {}};
-    drawAround(drawing, m_report, page + 1, isComplete() ? pageCount() : 0);
-    drawTable(drawing, m_table.strips[page % m_table.strips.size()], page / m_table.strips.size());
+    drawAboveTable(drawing, m_report, numberOf(page));
+    drawTable(drawing, rowsOn(page));
+    drawBelowTable(drawing, m_report, numberOf(page));
     return drawing;
 }
 
-void ReportPages::drawTable(PageDrawing& page, const Strip& strip, std::size_t band) const {
+void ReportPages::drawTable(PageDrawing& page, const PageRows& rows) const {
+    const Strip& strip = rows.columns;
     const ReportLayout& layout = m_report.layout();
     const double width = m_table.stripWidth(strip);
     const double left = m_frame.left + std::max(m_frame.room() - width, 0.0) / 2;
@@ -94,8 +105,8 @@ void ReportPages::drawTable(PageDrawing& page, const Strip& strip, std::size_t b
         if (rule > 0) page.rules.push_back({left, y, left + width, y, rule});
     };
     double y = drawHeadings(page, strip, left);
-    for (std::size_t row = m_bands[band]; row < bandEnd(band); ++row) {
-        across(y, row == m_bands[band] ? layout.columnRule : layout.rowRule);
+    for (std::size_t row = rows.first; row < rows.end; ++row) {
+        across(y, row == rows.first ? layout.columnRule : layout.rowRule);
         const double height = heightOf(row);
         drawRow(page, strip, row, left, y, height);
         y += height;

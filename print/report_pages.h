@@ -11,6 +11,13 @@
 
 namespace chengheng {
 
+/// The part of a table that stands on one page.
+struct PageRows {
+    std::size_t first;
+    std::size_t end;
+    const Strip& columns;
+};
+
 /// The pages of a report. Rows are laid out a portion at a time, so that the first pages can
 /// be seen while the last are not counted yet. The strips of a wide table follow one another
 /// before the next rows come. Report and measure outlive it.
@@ -28,6 +35,8 @@ class ReportPages {
     std::size_t pageCount() const { return m_bands.size() * m_table.strips.size(); }
     /// Pages are counted from 0.
     PageDrawing draw(std::size_t page) const;
+    PageNumber numberOf(std::size_t page) const;
+    PageRows rowsOn(std::size_t page) const;
 
     double pageWidth() const { return m_frame.width; }
     double pageHeight() const { return m_frame.height; }
@@ -38,7 +47,7 @@ class ReportPages {
     std::size_t mostLines() const;
     double heightOf(std::size_t row) const;
     std::size_t bandEnd(std::size_t band) const;
-    void drawTable(PageDrawing& page, const Strip& strip, std::size_t band) const;
+    void drawTable(PageDrawing& page, const PageRows& rows) const;
     double drawHeadings(PageDrawing& page, const Strip& strip, double left) const;
     void drawRow(PageDrawing& page, const Strip& strip, std::size_t row, double left, double top,
                  double height) const;

@@ -5,9 +5,9 @@
 
 #include "data/engines/open_engine.h"
 #include "host/books/workstation.h"
+#include "host/screen/background_work.h"
 #include "host/screen/enter_moves_on.h"
 #include "host/screen/guarded.h"
-#include "host/shell/background_work.h"
 #include "host/shell/form_style.h"
 #include "host/shell/shell_texts.h"
 #include "ui_new_books_window.h"

@@ -16,6 +16,7 @@
 #include "host/books/workstation.h"
 #include "host/screen/application.h"
 #include "host/screen/message_boxes.h"
+#include "host/screen/report/screen_report_printer.h"
 #include "host/services/host_messages.h"
 #include "host/shell/connection_loss.h"
 #include "host/shell/lock_wait_box.h"
@@ -55,6 +56,8 @@ struct Program {
 
     MessageBoxes boxes;
     HostMessages hostMessages{boxes};
+    ScreenReportPrinter printer;
+    HostReportPrinter hostPrinter{printer};
     LockWaitBox waitBox;
     CNbCwDB database;
     WrongTries tries;

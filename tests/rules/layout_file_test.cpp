@@ -187,6 +187,13 @@ TEST(PageFacts, AreNotLookedForInWhatTheyStandFor) {
     EXPECT_EQ(withFacts("{title}", {"{page}{", {}, 1, 1}), "{page}{");
 }
 
+TEST(PageFacts, LeaveOutATextThatNamesWhatTheReportDoesNotHave) {
+    const PageFacts facts{"会计科目", {}, 1, 1};
+    EXPECT_EQ(withFacts("编制单位:{company}", facts), "");
+    EXPECT_EQ(withFacts("打印日期:{date}", facts), "");
+    EXPECT_EQ(withFacts("{title} {page}", facts), "会计科目 1");
+}
+
 TEST(PageFacts, ShowDotsForACountOfPagesThatIsNotKnownYet) {
     EXPECT_EQ(withFacts("第{page}页 共{pages}页", {"", {}, 3, 0}), "第3页 共…页");
 }

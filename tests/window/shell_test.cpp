@@ -11,8 +11,8 @@
 #include <thread>
 
 #include "host/books/books_creation.h"
+#include "host/screen/background_work.h"
 #include "host/services/host_globals.h"
-#include "host/shell/background_work.h"
 #include "host/shell/connection_loss.h"
 #include "host/shell/lock_wait_box.h"
 #include "host/shell/program.h"

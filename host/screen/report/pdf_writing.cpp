@@ -30,37 +30,32 @@ ReadableCodes codesOf(const ReportDocument& document) {
     return readableCodes(fonts);
 }
 
-std::vector<std::size_t> allPages(const ReportDocument& document) {
-    std::vector<std::size_t> pages(document.pages().pageCount());
-    std::iota(pages.begin(), pages.end(), std::size_t{0});
-    return pages;
-}
-
-bool paintInto(QFile& file, const ReportDocument& document, const WorkProgress& progress) {
+bool paintInto(QFile& file, const ReportDocument& document, std::span<const std::size_t> pages,
+               const WorkProgress& progress) {
     QPdfWriter writer(&file);
     writer.setResolution(dotsPerInch);
     writer.setPageLayout(document.paper());
     writer.setTitle(titleOf(document.report()));
     writer.setCreator(QString::fromUtf8(screen_texts::productName));
-    return document.paintPages(writer, allPages(document), progress);
+    return document.paintPages(writer, pages, progress);
 }
 
 }  // namespace
 
-PdfOutcome writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress,
-                    SheetFailure& failure) {
+PdfOutcome writePdf(const ReportDocument& document, std::span<const std::size_t> pages,
+                    const std::string& path, const WorkProgress& progress, SheetFailure& failure) {
     bool isCancelled = false;
     const auto watched = [&](std::size_t done, std::size_t all) {
         isCancelled = isCancelled || !progress(done, all);
         return !isCancelled;
     };
-    if (!document.layOutAll(watched)) return PdfOutcome::cancelled;
     StagedFile staged(path);
     Status status = staged.status();
     const std::string painted = staged.path() + ".painted";
     if (status) {
         QFile file(QString::fromStdString(painted));
-        bool isPainted = file.open(QIODevice::WriteOnly) && paintInto(file, document, watched);
+        bool isPainted =
+            file.open(QIODevice::WriteOnly) && paintInto(file, document, pages, watched);
         if (isCancelled) return PdfOutcome::cancelled;
         isPainted = isPainted && file.flush() && file.error() == QFileDevice::NoError;
         if (!isPainted) status = statusOf(file);
@@ -70,6 +65,14 @@ PdfOutcome writePdf(ReportDocument& document, const std::string& path, const Wor
     if (status) return PdfOutcome::written;
     failure = whileWriting(status, path);
     return PdfOutcome::failed;
+}
+
+PdfOutcome writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress,
+                    SheetFailure& failure) {
+    if (!document.layOutAll(progress)) return PdfOutcome::cancelled;
+    std::vector<std::size_t> pages(document.pages().pageCount());
+    std::iota(pages.begin(), pages.end(), std::size_t{0});
+    return writePdf(document, pages, path, progress, failure);
 }
 
 }  // namespace chengheng

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "host/screen/report/report_document.h"
 #include "host/sheets/sheet_failure.h"
 
@@ -9,8 +11,12 @@ namespace chengheng {
 /// touched.
 enum class PdfOutcome { written, cancelled, failed };
 
-/// Writes all pages, with fonts embedded and texts that can be searched. After `failed`, the
-/// failure says why.
+/// Writes pages, counted from 0, with fonts embedded and texts that can be searched. After
+/// `failed`, the failure says why.
+PdfOutcome writePdf(const ReportDocument& document, std::span<const std::size_t> pages,
+                    const std::string& path, const WorkProgress& progress, SheetFailure& failure);
+
+/// The same with all pages of the document, which is laid out before.
 PdfOutcome writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress,
                     SheetFailure& failure);
 

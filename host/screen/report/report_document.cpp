@@ -88,14 +88,25 @@ QPageLayout ReportDocument::paper() const {
 }
 
 QString ReportDocument::readText(std::size_t page) const {
-    QString read;
-    double top = -1;
-    for (const DrawnText& text : m_pages.draw(page).texts) {
-        const bool isNewLine = text.top != std::exchange(top, text.top);
-        if (!read.isEmpty()) read += isNewLine ? QLatin1Char('\n') : QLatin1Char('\t');
-        read += QString::fromStdString(text.text);
-    }
-    return read;
+    std::string read;
+    PageDrawing around;
+    drawAboveTable(around, m_report, m_pages.numberOf(page));
+    for (const DrawnText& text : around.texts) read += text.text + '\n';
+    const PageRows rows = m_pages.rowsOn(page);
+    const auto readRow = [&](const auto& textOf) {
+        const char* separator = "";
+        for (const std::size_t column : rows.columns) {
+            read.append(std::exchange(separator, "\t")).append(textOf(column));
+        }
+        read += '\n';
+    };
+    readRow([&](std::size_t column) { return m_report.heading(column); });
+    for (std::size_t row = rows.first; row < rows.end; ++row)
+        readRow([&](std::size_t column) { return m_report.cell(row, column); });
+    around.texts.clear();
+    drawBelowTable(around, m_report, m_pages.numberOf(page));
+    for (const DrawnText& text : around.texts) read += text.text + '\n';
+    return QString::fromStdString(read);
 }
 
 }  // namespace chengheng

@@ -35,7 +35,7 @@ class ReportDocument {
                     const WorkProgress& progress) const;
     /// Paper and direction, without margins: these are the layout's.
     QPageLayout paper() const;
-    /// What a page reads, cells parted by tabs, for whoever cannot see the picture.
+    /// What a page reads, a row a line, cells parted by tabs, for whoever cannot see the picture.
     QString readText(std::size_t page) const;
 
   private:

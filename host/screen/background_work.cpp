@@ -1,4 +1,4 @@
-#include "host/shell/background_work.h"
+#include "host/screen/background_work.h"
 
 #include <QApplication>
 #include <QEventLoop>

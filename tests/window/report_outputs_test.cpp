@@ -1,0 +1,262 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "data/numbers.h"
+#include "host/screen/report/pdf_texts.h"
+#include "host/screen/report/pdf_writing.h"
+#include "host/screen/report/report_export.h"
+#include "host/screen/report/report_printing.h"
+#include "host/sheets/sheet_files.h"
+#include "tests/support/recording_messages.h"
+#include "tests/support/run_program.h"
+#include "tests/support/sample_report.h"
+#include "tests/window/next_modal.h"
+
+namespace {
+
+using namespace chengheng;
+using testing::ContainsRegex;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// A list with what lists hold: codes with zeros in front, names with radicals among their
+/// characters, marks, amounts.
+Report richReport() {
+    Report report = sampleReport({10, 30, 16, 20});
+    report.columns[2].alignment = Alignment::center;
+    report.columns[3].alignment = Alignment::right;
+    report.addRow({"01", "现金(方式一)", {}, "1,234.50"});
+    report.addRow({"02", "转帐支票", "√", "-0.05"});
+    report.addRow({"0301", "长期门市见页", "√", {}});
+    report.addRow({"99", "O'Brien & <Co>", {}, "98,765,432,109.00"});
+    return report;
+}
+
+void withDocument(const Report& report, const std::function<void(ReportDocument&)>& work) {
+    const auto notice = runReport(report, [&](CReport& engine) {
+        ReportDocument document(engine);
+        document.pages().layOut();
+        work(document);
+    });
+    if (notice) ADD_FAILURE() << notice->text;
+}
+
+std::string readPdf(const std::string& path) {
+    return runProgram({"/usr/bin/env", "pdftotext", "-layout", "-enc", "UTF-8", path, "-"}).out;
+}
+
+/// The words of a text, whatever stands between them, up to the end of the first page.
+std::vector<std::string> words(const std::string& text) {
+    std::vector<std::string> found(1);
+    for (const char letter : text) {
+        const bool isBetween = letter == ' ' || letter == '\n' || letter == '\t' || letter == '\f';
+        if (!isBetween)
+            found.back() += letter;
+        else if (!found.back().empty())
+            found.emplace_back();
+    }
+    if (found.back().empty()) found.pop_back();
+    return found;
+}
+
+/// Everything between the column headings and the footer, as words.
+std::vector<std::string> cellWords(const std::string& text) {
+    auto all = words(text);
+    const auto first = std::ranges::find(all, "栏4");
+    const auto last = std::ranges::find(all, "帐套:示例帐套");
+    EXPECT_NE(first, all.end()) << text;
+    EXPECT_NE(last, all.end()) << text;
+    return {first + 1, last};
+}
+
+std::vector<std::string> cellWords(const Report& report) {
+    std::string text;
+    for (const ReportCell& cell : report.cells) text += cell.value_or("") + " ";
+    return words(text);
+}
+
+bool everyPageGoesOn(std::size_t, std::size_t) { return true; }
+
+/// Prints through the print dialog, into a file.
+void printTo(const std::string& path, ReportDocument& document) {
+    RecordingMessages messages;
+    const NextModal choosing([&](QWidget& box) {
+        auto* dialog = qobject_cast<QPrintDialog*>(&box);
+        ASSERT_TRUE(dialog);
+        auto* file = dialog->findChild<QLineEdit*>("filename");
+        ASSERT_TRUE(file);
+        file->setText(QString::fromStdString(path));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    EXPECT_TRUE(printDocument(document, nullptr, messages));
+    EXPECT_THAT(messages.texts(), ElementsAre());
+}
+
+/// The cells of a spreadsheet file as the report shows them, headings left aside.
+std::vector<std::string> sheetWords(const std::string& path) {
+    Sheet sheet;
+    EXPECT_FALSE(readSheet(path, sheet)) << path;
+    std::string text;
+    for (std::size_t row = 1; row < sheet.rows.size(); ++row)
+        for (std::size_t column = 0; column < sheet.columnCount(); ++column) {
+            std::string cell = cellText(sheet.at(row, column));
+            if (column == 3 && !cell.empty())
+                cell = ftoaWithSap(QString::fromStdString(cell).toDouble(), 2);
+            text += cell + " ";
+        }
+    return words(text);
+}
+
+TEST(ReportOutputs, AgreeOnTheCells) {
+    const Report report = richReport();
+    const auto wanted = cellWords(report);
+    const std::string folder = freshFolder();
+    withDocument(report, [&](ReportDocument& document) {
+        SheetFailure failure;
+        EXPECT_EQ(cellWords(document.readText(0).toStdString()), wanted) << "preview";
+        ASSERT_EQ(writePdf(document, folder + "/a.pdf", everyPageGoesOn, failure),
+                  PdfOutcome::written);
+        EXPECT_EQ(cellWords(readPdf(folder + "/a.pdf")), wanted) << "PDF";
+        printTo(folder + "/printed.pdf", document);
+        EXPECT_EQ(cellWords(readPdf(folder + "/printed.pdf")), wanted) << "print";
+        for (const auto& [kind, name] :
+             {std::pair{ExportKind::xlsx, "/a.xlsx"}, std::pair{ExportKind::csv, "/a.csv"}}) {
+            ASSERT_EQ(exportDocument(document, kind, folder + name, nullptr, failure),
+                      ExportOutcome::written);
+            EXPECT_EQ(sheetWords(folder + name), wanted) << name;
+        }
+    });
+}
+
+TEST(ReportOutputs, KeepCodesAsTextsAndMakeAmountsNumbersInASpreadsheet) {
+    const std::string path = freshFolder() + "/a.xlsx";
+    withDocument(richReport(), [&](ReportDocument& document) {
+        SheetFailure failure;
+        ASSERT_EQ(exportDocument(document, ExportKind::xlsx, path, nullptr, failure),
+                  ExportOutcome::written);
+    });
+    Sheet sheet;
+    ASSERT_FALSE(readSheet(path, sheet));
+    EXPECT_EQ(sheet.at(0, 0), Cell::of(std::string("栏1")));
+    EXPECT_EQ(sheet.at(1, 0), Cell::of(std::string("01")));
+    EXPECT_TRUE(sheet.at(1, 3).isNumber());
+    EXPECT_DOUBLE_EQ(sheet.at(1, 3).number, 1234.5);
+    EXPECT_TRUE(sheet.at(1, 2).isAbsent());
+}
+
+TEST(PdfFile, EmbedsTheFontsItUses) {
+    const std::string path = freshFolder() + "/a.pdf";
+    withDocument(richReport(), [&](ReportDocument& document) {
+        SheetFailure failure;
+        ASSERT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::written);
+    });
+    std::istringstream fonts(runProgram({"/usr/bin/env", "pdffonts", path}).out);
+    int count = 0;
+    for (std::string line; std::getline(fonts, line);) {
+        if (line.starts_with("name") || line.starts_with("---")) continue;
+        ++count;
+        const auto columns = words(line);
+        ASSERT_GE(columns.size(), 5U);
+        EXPECT_EQ(columns[columns.size() - 5], "yes") << line;  // embedded
+        EXPECT_EQ(columns[columns.size() - 3], "yes") << line;  // with a text map
+    }
+    EXPECT_GE(count, 2);
+}
+
+TEST(PdfFile, HoldsThePagesAndTheirPaper) {
+    Report report = sampleReport({10});
+    addNumberedRows(report, 100);
+    report.page = {.paper = 11, .isPortrait = false};
+    const std::string path = freshFolder() + "/a.pdf";
+    withDocument(report, [&](ReportDocument& document) {
+        SheetFailure failure;
+        ASSERT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::written);
+        const std::string facts = runProgram({"/usr/bin/env", "pdfinfo", path}).out;
+        EXPECT_THAT(facts,
+                    ContainsRegex("Pages: +" + std::to_string(document.pages().pageCount())));
+        EXPECT_THAT(facts, ContainsRegex("Page size: +59[0-9.]+ x 4[12][0-9.]+ pts"));
+        EXPECT_THAT(facts, HasSubstr("结算方式一览表"));
+    });
+}
+
+TEST(PdfFile, ThatIsGivenUpLeavesTheOldOneAsItWas) {
+    Report report = sampleReport({10});
+    addNumberedRows(report, 200);
+    const std::string folder = freshFolder();
+    const std::string path = folder + "/a.pdf";
+    std::ofstream(path) << "old";
+    withDocument(report, [&](ReportDocument& document) {
+        SheetFailure failure;
+        const auto afterTwo = [](std::size_t done, std::size_t) { return done < 2; };
+        EXPECT_EQ(writePdf(document, path, afterTwo, failure), PdfOutcome::cancelled);
+    });
+    std::ifstream file(path);
+    EXPECT_EQ((std::string{std::istreambuf_iterator<char>(file), {}}), "old");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+}
+
+TEST(PdfFile, WhoseFolderIsMissingSaysSo) {
+    withDocument(sampleReport({10}), [&](ReportDocument& document) {
+        SheetFailure failure;
+        EXPECT_EQ(writePdf(document, freshFolder() + "/none/a.pdf", everyPageGoesOn, failure),
+                  PdfOutcome::failed);
+        EXPECT_THAT(failure.text(), HasSubstr("所在的文件夹不存在"));
+    });
+}
+
+TEST(PdfTexts, BecomeReadableInBothFormsOfARange) {
+    const ReadableCodes codes{{0x2F45, 0x65B9}, {0x9, 0x20}};
+    EXPECT_EQ(withReadableCodes("<2F45> x\n2 beginbfrange\n<0000> <0000> <2F45>\n"
+                                "<0001> <0003> [<7ED3> <2F45> <0009> ]\nendbfrange\n<2F45>\n",
+                                codes),
+              "<2F45> x\n2 beginbfrange\n<0000> <0000> [<65B9> ]\n"
+              "<0001> <0003> [<7ED3> <65B9> <0020> ]\nendbfrange\n<2F45>\n");
+    EXPECT_EQ(withReadableCodes("1 beginbfrange\n<0001> <0003> <2F44>\n", codes),
+              "1 beginbfrange\n<0001> <0003> [<2F44> <65B9> <2F46> ]\n");
+}
+
+TEST(PdfTexts, LeaveALineAloneThatIsNoRange) {
+    for (const char* line : {"<0001>", "<0001> <0002> [<7ED3> ]", "<01> <02> <03>",
+                             "<0002> <0001> <7ED3>", "<000G> <0001> <7ED3>", "<0001", ""}) {
+        const std::string map = std::string("1 beginbfrange\n") + line + "\n";
+        EXPECT_EQ(withReadableCodes(map, {}), map);
+    }
+}
+
+TEST(PdfTexts, SayWhatIsNoPdfFile) {
+    const std::string folder = freshFolder();
+    std::ofstream(folder + "/a") << "no file of that kind";
+    EXPECT_FALSE(copyWithReadableTexts(folder + "/a", folder + "/b", {}));
+    EXPECT_FALSE(copyWithReadableTexts(folder + "/none", folder + "/b", {}));
+}
+
+TEST(PrintedPages, FollowRangeOrderAndCopiesOfThePrinter) {
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    EXPECT_THAT(wantedPages(printer, 3), ElementsAre(0, 1, 2));
+    printer.setPrintRange(QPrinter::PageRange);
+    printer.setFromTo(2, 9);
+    EXPECT_THAT(wantedPages(printer, 3), ElementsAre(1, 2));
+    printer.setFromTo(5, 9);
+    EXPECT_THAT(wantedPages(printer, 3), ElementsAre());
+    printer.setPrintRange(QPrinter::CurrentPage);
+    EXPECT_THAT(wantedPages(printer, 3, 1), ElementsAre(1));
+    printer.setPrintRange(QPrinter::AllPages);
+    printer.setCopyCount(2);
+    ASSERT_FALSE(printer.supportsMultipleCopies());
+    printer.setCollateCopies(true);
+    EXPECT_THAT(wantedPages(printer, 2), ElementsAre(0, 1, 0, 1));
+    printer.setCollateCopies(false);
+    EXPECT_THAT(wantedPages(printer, 2), ElementsAre(0, 0, 1, 1));
+    printer.setPageOrder(QPrinter::LastPageFirst);
+    EXPECT_THAT(wantedPages(printer, 2), ElementsAre(1, 1, 0, 0));
+}
+
+}  // namespace
