@@ -15,6 +15,9 @@ inline constexpr const char* noPrinter = "本程序没有打印功能。";
 inline constexpr const char* checkMark = "√";
 inline constexpr const char* foreignTimesRate = "原币*汇率 = 本位币";
 inline constexpr const char* foreignByRate = "原币/汇率 = 本位币";
+inline constexpr const char* debitRequired = "借方必有";
+inline constexpr const char* creditRequired = "贷方必有";
+inline constexpr const char* bothForbidden = "借贷必无";
 inline constexpr const char* currencyLine = "外币:{}({})";
 
 // Heading lines.

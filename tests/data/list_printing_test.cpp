@@ -10,7 +10,9 @@
 #include "host/books/workstation.h"
 #include "host/services/host_globals.h"
 #include "host/services/host_messages.h"
+#include "print/currency_list.h"
 #include "print/settlement_list.h"
+#include "print/voucher_type_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
 #include "tests/support/made_books.h"
@@ -24,6 +26,8 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+const _CyrencyInfo dollar{7, 7, "USD", "美元", 1, 5, 0};
 
 /// New books with their templates, and 王芳 at work on them.
 class ListPrinting : public testing::TestWithParam<EngineCase> {
@@ -168,6 +172,60 @@ TEST_P(ListPrinting, SaysOnceWhyAndPrintsNothingWhicheverReadingFails) {
         m_messages.forget();
     }
     EXPECT_EQ(onlyReport().rowCount(), 3u);
+}
+
+TEST_P(ListPrinting, PrintsVoucherTypesWithTheirRestrictions) {
+    run("DELETE Sign\n"
+        "INSERT Sign VALUES(1, '收', '收款凭证', 1, '1001', '1002')\n"
+        "INSERT Sign VALUES(2, '付', '付款凭证', 2, '1001', '1002')\n"
+        "INSERT Sign VALUES(3, '转', '转帐凭证', 3, '1001', '1002')\n"
+        "INSERT Sign VALUES(4, '记', '记帐凭证', 0, '', '')");
+    print(voucherTypeList());
+    EXPECT_EQ(onlyReport().title, "凭证类别一览表");
+    EXPECT_THAT(rowTexts(onlyReport()),
+                ElementsAre("收|收款凭证|借方必有|1001|1002", "付|付款凭证|贷方必有|1001|1002",
+                            "转|转帐凭证|借贷必无|1001|1002", "记|记帐凭证|-|-|-"));
+}
+
+TEST_P(ListPrinting, PrintsCurrenciesWithTheWayTheyAreConverted) {
+    run("DELETE Cyrency\n"
+        "INSERT Cyrency VALUES(1, 1, 'USD', '美元', 1, 5, 0.00001)\n"
+        "INSERT Cyrency VALUES(2, 2, 'JPY', '日元', 0, 2, 0)\n"
+        "INSERT Cyrency VALUES(3, 3, 'EUR', '欧元', 1, 9, 100000)");
+    print(currencyList());
+    EXPECT_EQ(onlyReport().title, "外币一览表");
+    EXPECT_THAT(rowTexts(onlyReport()), ElementsAre("USD|美元|原币*汇率 = 本位币|5|0.00001",
+                                                    "JPY|日元|原币/汇率 = 本位币|2|0",
+                                                    "EUR|欧元|原币*汇率 = 本位币|9|100000"));
+}
+
+TEST_P(ListPrinting, PrintsTheFixedRatesOfACurrencyByMonth) {
+    run("INSERT ExchgFix VALUES(901, 7, '2026-02-01', 2, 1234.5, 0)\n"
+        "INSERT ExchgFix VALUES(902, 7, '2026-01-01', 1, 7.123456, 7.2)\n"
+        "INSERT ExchgFix VALUES(903, 8, '2026-03-01', 3, 1, 1)");
+    print(rateList(RateKind::fixed, dollar));
+    EXPECT_EQ(onlyReport().title, "固定汇率一览表");
+    EXPECT_THAT(columnTexts(onlyReport()), ElementsAre("月份 14", "记帐汇率 20", "调整汇率 20"));
+    EXPECT_EQ(onlyReport().lines.at(0).left, "外币:美元(USD)");
+    EXPECT_THAT(rowTexts(onlyReport()),
+                ElementsAre("2026.01|7.12346|7.20000", "2026.02|1,234.50000|-"));
+}
+
+TEST_P(ListPrinting, PrintsTheFloatingRatesOfAMonthOrOfTheYearByDay) {
+    run("INSERT ExchgFlt VALUES(901, 7, '2026-02-28', 2, 7.5, 0)\n"
+        "INSERT ExchgFlt VALUES(902, 7, '2026-02-01', 2, 7.25, 7.2)\n"
+        "INSERT ExchgFlt VALUES(903, 7, '2026-03-01', 3, 0, 0)\n"
+        "INSERT ExchgFlt VALUES(904, 8, '2026-02-01', 2, 1, 1)");
+    print(rateList(RateKind::floating, dollar, 2));
+    print(rateList(RateKind::floating, dollar));
+    ASSERT_EQ(m_printer.outputs.size(), 2u);
+    const Report& month = m_printer.outputs[0].report;
+    EXPECT_EQ(month.title, "浮动汇率一览表");
+    EXPECT_EQ(month.columns.at(0).heading, "日期");
+    EXPECT_THAT(rowTexts(month), ElementsAre("2026.02.01|7.25000|7.20000", "2026.02.28|7.50000|-"));
+    EXPECT_THAT(
+        rowTexts(m_printer.outputs[1].report),
+        ElementsAre("2026.02.01|7.25000|7.20000", "2026.02.28|7.50000|-", "2026.03.01|-|-"));
 }
 
 TEST_P(ListPrinting, SaysThatThereIsNoPrinterWhereNoneIsInstalled) {
