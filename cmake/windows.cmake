@@ -72,6 +72,10 @@ set_target_properties(nbcwsetting PROPERTIES
     LINKER_LANGUAGE CXX LINK_DEPENDS ${CMAKE_SOURCE_DIR}/cmake/module_exports.map)
 set_target_properties(chenghenghost PROPERTIES LINKER_LANGUAGE CXX)
 
+# The command-line tool once more, with the pages of reports.
+add_executable(chbooks-pdf host/program/pdf/main.cpp)
+target_link_libraries(chbooks-pdf PRIVATE chbooks_tool books_host)
+
 if(EXISTS ${CMAKE_SOURCE_DIR}/host/program/main.cpp)
     folder_sources(program_sources host/program/*.cpp)
     add_executable(chengheng ${program_sources})

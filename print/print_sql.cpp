@@ -23,8 +23,4 @@ std::string floatingRatesOf(std::int32_t currency, int month) {
                : formatSql("byExchId = %d AND byPeroid = %d ORDER BY dtDate", currency, month);
 }
 
-std::string currencyWith(const std::string& symbol) {
-    return formatSql("sExchCode = '%s'", symbol);
-}
-
 }  // namespace chengheng::print_sql

@@ -13,8 +13,6 @@ std::string fieldColumnsOf(std::int32_t templateNumber);
 /// The rates of a currency: by month, and by day of a month (0: of the whole year).
 std::string fixedRatesOf(std::int32_t currency);
 std::string floatingRatesOf(std::int32_t currency, int month);
-/// The currency with a symbol.
-std::string currencyWith(const std::string& symbol);
 
 inline constexpr const char* inOrderOfIds = "lId > 0 ORDER BY lId";
 

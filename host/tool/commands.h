@@ -29,6 +29,7 @@ void addExportChartCommand(CLI::App& app, Tool& tool);
 void addTrialBalanceCommand(CLI::App& app, Tool& tool);
 void addImportOpeningCommand(CLI::App& app, Tool& tool);
 void addExportOpeningCommand(CLI::App& app, Tool& tool);
+void addPrintCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.
 

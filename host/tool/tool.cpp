@@ -26,10 +26,10 @@ void setUp(CLI::App& app) {
 }
 
 constexpr std::array addCommands{
-    addNewCommand,          addDemoCommand,          addInfoCommand,
-    addCheckCommand,        addBackupCommand,        addRestoreCommand,
-    addCopyCommand,         addImportChartCommand,   addExportChartCommand,
-    addTrialBalanceCommand, addImportOpeningCommand, addExportOpeningCommand};
+    addNewCommand,         addDemoCommand,         addInfoCommand,          addCheckCommand,
+    addBackupCommand,      addRestoreCommand,      addCopyCommand,          addImportChartCommand,
+    addExportChartCommand, addTrialBalanceCommand, addImportOpeningCommand, addExportOpeningCommand,
+    addPrintCommand};
 
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     CLI::App app(tool_texts::summary, "chbooks");
@@ -53,8 +53,9 @@ ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
 
 }  // namespace
 
-int runTool(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
-    Tool tool{out, err, {}};
+int runTool(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
+            const PdfWriter& writePdf) {
+    Tool tool{out, err, {}, writePdf, {argv + 1, argv + argc}};
     return static_cast<int>(readAndRun(argc, argv, tool));
 }
 

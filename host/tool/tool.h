@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <iosfwd>
+#include <string>
+#include <vector>
 
 #include "host/tool/exit_codes.h"
 
@@ -9,7 +11,15 @@ namespace CLI {
 class App;
 }
 
+class CReport;
+
 namespace chengheng {
+
+struct Tool;
+
+/// Writes a finished report as a PDF file, or says why not.
+using PdfWriter =
+    std::function<ExitCode(Tool& tool, const CReport& report, const std::string& path)>;
 
 /// What the commands of the tool share. A command's own part of the command line sets
 /// `action`, which runs when the whole line has been read.
@@ -17,9 +27,12 @@ struct Tool {
     std::ostream& out;
     std::ostream& err;
     std::function<ExitCode()> action;
+    PdfWriter writePdf;                    ///< none in a program that paints no pages
+    std::vector<std::string> commandLine;  ///< what follows the program's name
 };
 
 /// Runs one command line and gives the exit code. All text is UTF-8, whatever the locale.
-int runTool(int argc, const char* const* argv, std::ostream& out, std::ostream& err);
+int runTool(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
+            const PdfWriter& writePdf = {});
 
 }  // namespace chengheng

@@ -21,8 +21,10 @@ Answer ToolMessages::ask(const Question& question) {
     return m_acceptsAll ? Answer::yes : Answer::no;
 }
 
-ToolSession::ToolSession(std::unique_ptr<Engine> engine, const std::string& location)
-    : m_session(SessionFacts{.database = &m_database, .databaseName = databaseName}) {
+ToolSession::ToolSession(std::unique_ptr<Engine> engine, const std::string& location,
+                         const std::string& setName)
+    : m_session(
+          SessionFacts{.database = &m_database, .databaseName = databaseName, .setName = setName}) {
     m_database.adopt(std::move(engine), shownLocation(location).c_str(), databaseName);
 }
 

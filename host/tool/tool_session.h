@@ -27,7 +27,8 @@ class ToolMessages final : public IMessages {
 /// Books open for the services that work on g_pDB, as long as it lives.
 class ToolSession {
   public:
-    ToolSession(std::unique_ptr<Engine> engine, const std::string& location);
+    ToolSession(std::unique_ptr<Engine> engine, const std::string& location,
+                const std::string& setName = {});
 
   private:
     CNbCwDB m_database;

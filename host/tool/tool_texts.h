@@ -116,6 +116,25 @@ inline constexpr const char* cellsRefused = "没有导入。请修改文件后�
 inline constexpr const char* exportOpeningCommand = "把期初余额导出为表格文件,可以原样导入";
 inline constexpr const char* openingExported = "期初余额已导出到“{}”。";
 
+inline constexpr const char* printCommand = "把列表写成 PDF、XLSX 或 CSV 文件,与窗口打印的相同";
+inline constexpr const char* listArgument =
+    "列表:settle(结算方式)、sign(凭证类别)、currency(外币)、fixed-rates(固定汇率)、\n"
+    "floating-rates(浮动汇率)、accounts(会计科目)";
+inline constexpr const char* pdfOption = "写成 PDF 文件";
+inline constexpr const char* xlsxOption = "写成 XLSX 文件";
+inline constexpr const char* csvOption = "写成 CSV 文件";
+inline constexpr const char* currencyOption = "汇率列表的币符";
+inline constexpr const char* monthOption = "浮动汇率的月份,1到12;省略时为全年";
+inline constexpr const char* unknownList =
+    "不认识列表“{}”。\n请用 settle、sign、currency、fixed-rates、floating-rates 或 accounts。";
+inline constexpr const char* onePrintFile = "请用 --pdf、--xlsx、--csv 之一指定要写入的文件。";
+inline constexpr const char* currencyMissing = "打印汇率时,请用 --currency 指定币符。";
+inline constexpr const char* currencyUnknown = "帐套中没有币符为“{}”的外币。";
+inline constexpr const char* reportWritten = "“{}”已写入“{}”。";
+inline constexpr const char* pdfProgramMissing =
+    "没有写 PDF 文件的程序“{}”({})。\n请安装带图形界面的部分,或改用 --xlsx、--csv。";
+inline constexpr const char* pdfProgramBroken = "程序“{}”中途停止,没有写成 PDF 文件。";
+
 /// What is wrong with a command line; the name is that of the parser's error.
 std::string wrongUsage(std::string_view errorName, std::string_view detail);
 
