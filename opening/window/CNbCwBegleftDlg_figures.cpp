@@ -1,15 +1,17 @@
 // Moving in the grid, changing figures, and the commands on the whole of them.
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "host/screen/CBalanceTableDlg.h"
 #include "host/screen/CVCF1.h"
 #include "host/screen/help/help_pages.h"
 #include "host/screen/help/help_window.h"
+#include "host/screen/report/CNxGridControl.h"
 #include "host/screen/search_bar.h"
 #include "host/screen/wait_window.h"
 #include "opening/opening_commands.h"
-#include "opening/opening_report.h"
 #include "opening/opening_texts.h"
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "opening/window/opening_model.h"
@@ -211,8 +213,9 @@ void CNbCwBegleftDlg::OnMenuBalance() {
 void CNbCwBegleftDlg::OnMenuFind() { m_searchBar->setFocus(); }
 
 void CNbCwBegleftDlg::print(chengheng::ReportOutput output) {
-    chengheng::hostReportPrinter().put(chengheng::openingReport(sheet(), m_work.accountingYear()),
-                                       output);
+    const std::string year =
+        fmt::format(fmt::runtime(opening_texts::accountingYear), m_work.accountingYear());
+    CNxGridControl::PrintOrPreview(*m_grid, {opening_texts::title, year}, static_cast<int>(output));
 }
 
 void CNbCwBegleftDlg::OnMenuPrint() { print(chengheng::ReportOutput::print); }

@@ -254,10 +254,31 @@ TEST_F(OpeningWindowTest, PrintsTheGridUnderTheAccountingYear) {
     const Report& report = printer.outputs[0].report;
     EXPECT_EQ(report.title, "期初余额录入");
     EXPECT_EQ(report.lines[0].left, "会计年度:2026");
+    EXPECT_EQ(report.lines.size(), 1);
+    EXPECT_TRUE(report.facts.day.isSet());
+    EXPECT_TRUE(report.page.isPortrait);
     EXPECT_EQ(report.columns.size(), 5);
     EXPECT_EQ(report.rowCount(), 5);
     EXPECT_EQ(report.cell(0, 0), "1001");
     EXPECT_EQ(report.cell(0, 4), "1,234.50");
+}
+
+TEST_F(OpeningWindowTest, PrintsExtraLinesAndAllFourFiguresOnTurnedPages) {
+    make(OpeningLayout::midYear);
+    addSomeAccounts();
+    books->change("1001", "bAmount = 1");
+    RecordingPrinter printer;
+    const HostReportPrinter host(printer);
+    open();
+    window->choose("打印");
+    ASSERT_EQ(printer.outputs.size(), 1);
+    const Report& report = printer.outputs[0].report;
+    EXPECT_FALSE(report.page.isPortrait);
+    EXPECT_EQ(report.columns.size(), 8);
+    EXPECT_EQ(report.columns[7].width, 20);
+    EXPECT_EQ(report.columns[7].alignment, Alignment::right);
+    EXPECT_EQ(report.rowCount(), 6);
+    EXPECT_EQ(report.cell(1, 0), "");
 }
 
 TEST_F(OpeningWindowTest, DoesNotOpenOnBooksThatCannotBeRead) {

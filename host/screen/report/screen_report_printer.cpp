@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "host/screen/report/CNxGridControl.h"
 #include "host/screen/report/CenRptSkill.h"
 #include "host/services/host_messages.h"
 #include "print/report_run.h"
@@ -9,9 +10,15 @@
 namespace chengheng {
 namespace {
 
+/// While another program has the keyboard, no window of ours is the active one.
+QWidget* frontWindow() {
+    QWidget* const active = QApplication::activeWindow();
+    return active != nullptr ? active : g_lpHead->owner.data();
+}
+
 void run(const Report& report, ReportOutput output) {
     const auto notice = runReport(report, [output](CReport& engine) {
-        CenRptSkill(engine, static_cast<int>(output), QApplication::activeWindow());
+        CenRptSkill(engine, static_cast<int>(output), frontWindow());
     });
     if (notice) hostMessages().tell(*notice);
 }
