@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 
 #include "data/CNbCwDB.h"
@@ -53,18 +54,18 @@ Result readMethod(int id, _SettleInfo& method) {
 Result refuseClash(const _SettleInfo& wanted, std::span<const Leaf> leaves) {
     // An answer that cannot be read refuses, too, and is then told as the failure it is.
     bool hasFailed = false;
-    const auto isStored = [&hasFailed](const std::string& condition) {
-        const auto found = hasRows<_SettleInfo>(*g_pDB, condition);
-        hasFailed = !found;
-        return found.value_or(true);
+    const auto hasOther = [&](const std::string& condition) {
+        const RowLease<_SettleInfo> lease(*g_pDB, condition.c_str());
+        hasFailed = !lease.isRead();
+        return hasFailed || std::ranges::any_of(lease.rows(), [&](const _SettleInfo* row) {
+                   return row->lId != wanted.lId;
+               });
     };
     const auto refusal = settleClash(
         {.wanted = wanted,
          .leaves = leaves,
-         .hasStoredNumber =
-             [&](auto number) { return isStored(settle_sql::ofOtherNumber(number, wanted.lId)); },
-         .hasStoredName =
-             [&](auto name) { return isStored(settle_sql::ofOtherName(name, wanted.lId)); }});
+         .hasStoredNumber = [&](auto number) { return hasOther(settle_sql::ofNumber(number)); },
+         .hasStoredName = [&](auto name) { return hasOther(settle_sql::ofName(name)); }});
     if (hasFailed) return Result::failed();
     return refusal ? Result::refused(*refusal) : Result::done();
 }

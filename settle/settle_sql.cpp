@@ -10,12 +10,6 @@ std::string ofNoteMethod(std::string_view number) {
     return formatSql("sNoteMethod = '%s'", number);
 }
 
-std::string ofOtherNumber(std::string_view number, int id) {
-    return formatSql("sStlId = '%s' AND lId <> %d", number, id);
-}
-
-std::string ofOtherName(std::string_view name, int id) {
-    return formatSql("sSettle = '%s' AND lId <> %d", name, id);
-}
+std::string ofName(std::string_view name) { return formatSql("sSettle = '%s'", name); }
 
 }  // namespace chengheng::settle_sql

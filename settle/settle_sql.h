@@ -11,8 +11,7 @@ inline constexpr const char* inOrder = "ORDER BY lId";
 std::string ofNumber(std::string_view number);
 /// Of an entry of a bank statement that refers to a method.
 std::string ofNoteMethod(std::string_view number);
-/// Of a method other than the one of the id.
-std::string ofOtherNumber(std::string_view number, int id);
-std::string ofOtherName(std::string_view name, int id);
+/// Of a method.
+std::string ofName(std::string_view name);
 
 }  // namespace chengheng::settle_sql
