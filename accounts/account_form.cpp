@@ -93,7 +93,7 @@ bool AccountForm::isChanged(const AccountEntry& typed) const {
 }
 
 AccountChange AccountForm::save(const AccountEntry& typed) {
-    if (!isAdding()) {
+    if (m_shown) {
         AccountChange change = m_service.modify(*m_shown, typed);
         if (change.outcome != Outcome::done) return change;
         m_shown = change.account;

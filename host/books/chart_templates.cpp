@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <utility>
 
 #include "accounts/account_texts.h"
@@ -48,9 +49,16 @@ std::optional<std::vector<ChartAccount>> readChart(std::string_view file) {
     return accounts;
 }
 
+/// A chart that the program brings along; one that cannot be read is a fault of the program.
+std::vector<ChartAccount> builtInChart(ChartTemplate chart) {
+    auto accounts = readChart(chartFile(chart));
+    if (!accounts) throw std::logic_error("a chart of the program cannot be read");
+    return std::move(*accounts);
+}
+
 const std::vector<ChartAccount>& chartAccounts(ChartTemplate chart) {
-    static const auto small = readChart(chartFile(ChartTemplate::smallEnterprise)).value();
-    static const auto enterprise = readChart(chartFile(ChartTemplate::enterprise)).value();
+    static const auto small = builtInChart(ChartTemplate::smallEnterprise);
+    static const auto enterprise = builtInChart(ChartTemplate::enterprise);
     static const std::vector<ChartAccount> none;
     switch (chart) {
         case ChartTemplate::smallEnterprise:
