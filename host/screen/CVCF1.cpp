@@ -4,8 +4,10 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <algorithm>
 
+#include "host/screen/frozen_columns.h"
 #include "host/screen/grid_model.h"
 
 namespace {
@@ -44,6 +46,34 @@ CVCF1::CVCF1(const QString& name, Unit unit, QWidget* parent) : QTableView(paren
 void CVCF1::setGridModel(chengheng::GridModel* model) {
     setModel(model);
     fitColumns();
+}
+
+void CVCF1::setFrozenColumns(int count) {
+    m_frozen = new chengheng::FrozenColumns(*this, count);
+    m_frozen->follow();
+}
+
+void CVCF1::updateGeometries() {
+    QTableView::updateGeometries();
+    if (m_frozen) m_frozen->follow();
+}
+
+void CVCF1::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    if (m_frozen && dx != 0) m_frozen->follow();
+}
+
+void CVCF1::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    QScrollBar& sideways = *horizontalScrollBar();
+    const int before = sideways.value();
+    QTableView::scrollTo(index, hint);
+    if (!m_frozen) return;
+    if (m_frozen->isFrozen(index.column())) {
+        if (m_frozen->coveredWidth() > 0) sideways.setValue(before);
+        return;
+    }
+    const int hidden = m_frozen->coveredWidth() - columnViewportPosition(index.column());
+    if (hidden > 0) sideways.setValue(sideways.value() - hidden);
 }
 
 void CVCF1::fitRowHeight() {
@@ -117,7 +147,7 @@ void CVCF1::keyPressEvent(QKeyEvent* event) {
     }
     // Enter is the grid's own: the window's default button is for its other fields.
     if (isEnter) event->accept();
-    emit keyDown(event->key());
+    emit keyDown(event->key(), event->modifiers());
 }
 
 void CVCF1::keyReleaseEvent(QKeyEvent* event) {

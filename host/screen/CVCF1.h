@@ -3,8 +3,9 @@
 #include <QTableView>
 
 namespace chengheng {
+class FrozenColumns;
 class GridModel;
-}
+}  // namespace chengheng
 
 /// The grid of the function windows: a table of fixed row heights over a GridModel, quick with
 /// tens of thousands of rows. It knows the keyboard (arrows, pages, Home and End, Ctrl+C) and
@@ -21,6 +22,9 @@ class CVCF1 : public QTableView {
 
     /// Takes over widths and hidden columns. The model is not owned and must outlive the grid.
     void setGridModel(chengheng::GridModel* model);
+    /// So many of the first columns stay in sight while the others are scrolled sideways. The
+    /// model must have been set.
+    void setFrozenColumns(int count);
 
     /// The row the operator stands on; -1 when there is none.
     int currentRow() const { return currentIndex().row(); }
@@ -34,10 +38,12 @@ class CVCF1 : public QTableView {
     void copySelection() const;
 
     void keyboardSearch(const QString& text) override;
+    /// Brings a cell out from under the frozen columns, too.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   signals:
     /// Every key, also one that the grid used itself; it has its new place by then.
-    void keyDown(int key);
+    void keyDown(int key, Qt::KeyboardModifiers modifiers);
     void keyUp(int key);
     void mouseDown(QPoint position);
     void mouseMoved(QPoint position);
@@ -50,6 +56,8 @@ class CVCF1 : public QTableView {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
 
   private:
     void fitRowHeight();
@@ -57,4 +65,5 @@ class CVCF1 : public QTableView {
     bool goToEdge(const QKeyEvent& event);
 
     Unit m_unit;
+    chengheng::FrozenColumns* m_frozen = nullptr;
 };
