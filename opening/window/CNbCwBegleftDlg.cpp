@@ -30,6 +30,7 @@ constexpr int openingTemplate = 125;
 constexpr QSize openingSize(860, 640);
 constexpr int besideColumns = 48;
 constexpr int gridPoints = 9;
+constexpr int frozenColumns = 2;  // code and name
 constexpr int margin = 8;
 constexpr int spacing = 16;
 constexpr QSize samplePixels(22, 14);
@@ -93,6 +94,7 @@ void CNbCwBegleftDlg::buildControls() {
     m_grid->setObjectName(QStringLiteral("openings"));
     m_grid->setFont(gridFont());
     m_grid->setGridModel(m_model.get());
+    m_grid->setFrozenColumns(frozenColumns);
     m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
     m_editor = new chengheng::FigureEditor(m_grid);
     m_grid->setItemDelegate(m_editor);
@@ -104,8 +106,8 @@ void CNbCwBegleftDlg::buildControls() {
     rows->addWidget(buildHeading());
     rows->addWidget(m_grid, 1);
     rows->addWidget(buildTotals());
-    setTabOrder(m_grid, m_searchBar);
-    setTabOrder(m_searchBar, m_mode);
+    setTabOrder(m_grid, m_searchBar->focusProxy());
+    setTabOrder(m_searchBar->focusProxy(), m_mode);
 }
 
 QWidget* CNbCwBegleftDlg::buildHeading() {
@@ -163,8 +165,9 @@ void CNbCwBegleftDlg::connectGrid() {
     });
     connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { showAccount(); });
-    connect(m_grid, &CVCF1::keyDown, this,
-            [this](int key) { guarded([this, key] { keyPressed(key); })(); });
+    connect(m_grid, &CVCF1::keyDown, this, [this](int key, Qt::KeyboardModifiers modifiers) {
+        guarded([=, this] { keyPressed(key, modifiers); })();
+    });
     connect(m_grid, &CVCF1::customContextMenuRequested, this, [this](QPoint position) {
         m_commands->popUp(chengheng::openingContextCommands,
                           m_grid->viewport()->mapToGlobal(position));
@@ -233,6 +236,8 @@ void CNbCwBegleftDlg::showAccount() {
     if (!hasLine()) return;
     const chengheng::OpeningAccount& account = sheet().accountOfLine(currentLine());
     m_account->setText(shown(account.code + ' ' + account.name));
+    m_commands->setEnabled(opening_command::auxiliary,
+                           sheet().opensAuxiliary(currentLine(), openingColumn()));
 }
 
 void CNbCwBegleftDlg::showTotals() {
@@ -278,6 +283,12 @@ bool CNbCwBegleftDlg::PreTranslateMessage(QEvent& event) {
     }
 }
 
+bool CNbCwBegleftDlg::focusNextPrevChild(bool isForward) {
+    const bool isInGrid = m_grid && m_grid->hasFocus() && hasLine();
+    return (isInGrid && moveSideways(isForward ? 1 : -1)) ||
+           CNxMiddleDialog::focusNextPrevChild(isForward);
+}
+
 bool CNbCwBegleftDlg::WindowProc(QEvent& event) {
     if (event.type() != QEvent::Close || isEnded()) return CNxMiddleDialog::WindowProc(event);
     event.ignore();
@@ -316,7 +327,6 @@ bool CNbCwBegleftDlg::OnCommand(int command) {
     };
     const auto found = std::ranges::find(handlers, command, &Handler::command);
     if (found == std::end(handlers)) return CNxMiddleDialog::OnCommand(command);
-    finishEditing();
-    (this->*found->handle)();
+    if (finishEditing()) (this->*found->handle)();
     return true;
 }

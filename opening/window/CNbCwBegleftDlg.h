@@ -41,6 +41,8 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     void OnCancel() override;
     bool PreTranslateMessage(QEvent& event) override;
     bool WindowProc(QEvent& event) override;
+    /// Tab goes from figure to figure before it leaves the grid.
+    bool focusNextPrevChild(bool isForward) override;
 
     void OnMenuPrint();
     void OnMenuPreview();
@@ -82,22 +84,26 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     void connectGrid();
     void connectEditor();
     void connectSearch();
-    void keyPressed(int key);
+    void keyPressed(int key, Qt::KeyboardModifiers modifiers);
 
     const chengheng::OpeningSheet& sheet() const { return m_work.sheet(); }
     bool hasLine() const;
     std::size_t currentLine() const;
     std::size_t openingColumn() const;
     std::size_t firstFigureColumn() const;
+    Place placeAt(const QModelIndex& index) const;
     std::optional<Place> currentPlace() const;
     void goTo(const Place& place);
     void goToLine(std::optional<std::size_t> line);
     void moveOn(chengheng::NextCell to);
-    void moveSideways(int direction);
+    /// False where there is no further figure.
+    bool moveSideways(int direction);
 
-    /// Ends an edit that is under way, as leaving its cell would.
-    void finishEditing();
+    /// Ends an edit that is under way, as leaving its cell would; false when it was not written.
+    bool finishEditing();
     void endEdit(const QModelIndex& index, const QString& text);
+    /// Goes back to a figure that was not written, with what was typed for it.
+    void takeUpAgain(const Place& place, const QString& text);
     /// Does something with the sheet and shows what has become of it.
     bool change(const std::function<bool()>& work);
     void showFigures();

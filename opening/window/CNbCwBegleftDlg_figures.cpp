@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "host/books/launch_options.h"
+#include "host/forms/form_texts.h"
 #include "host/screen/CBalanceTableDlg.h"
 #include "host/screen/CVCF1.h"
 #include "host/screen/help/help_pages.h"
@@ -39,11 +41,14 @@ std::size_t CNbCwBegleftDlg::firstFigureColumn() const {
     return openingColumn() + 1 - sheet().figures().size();
 }
 
+CNbCwBegleftDlg::Place CNbCwBegleftDlg::placeAt(const QModelIndex& index) const {
+    const auto line = static_cast<std::size_t>(index.row());
+    return {sheet().accountOfLine(line).id, sheet().line(line).measure, index.column()};
+}
+
 std::optional<CNbCwBegleftDlg::Place> CNbCwBegleftDlg::currentPlace() const {
     if (!hasLine()) return std::nullopt;
-    const chengheng::OpeningLine& line = sheet().line(currentLine());
-    return Place{sheet().accountOfLine(currentLine()).id, line.measure,
-                 m_grid->currentIndex().column()};
+    return placeAt(m_grid->currentIndex());
 }
 
 void CNbCwBegleftDlg::goTo(const Place& place) {
@@ -61,19 +66,20 @@ void CNbCwBegleftDlg::goToLine(std::optional<std::size_t> line) {
     if (line) m_grid->setCurrentRow(static_cast<int>(*line));
 }
 
-void CNbCwBegleftDlg::moveSideways(int direction) {
+bool CNbCwBegleftDlg::moveSideways(int direction) {
     const std::size_t line = currentLine();
     const int columns = m_model->columnCount();
     for (int column = m_grid->currentIndex().column() + direction; column >= 0 && column < columns;
          column += direction) {
         if (!sheet().isEditable(line, static_cast<std::size_t>(column))) continue;
         m_grid->setCurrentIndex(m_model->index(static_cast<int>(line), column));
-        return;
+        return true;
     }
     const auto next = sheet().nextEditable(line, direction);
-    if (!next) return;
+    if (!next) return false;
     const std::size_t column = direction > 0 ? firstFigureColumn() : openingColumn();
     m_grid->setCurrentIndex(m_model->index(static_cast<int>(*next), static_cast<int>(column)));
+    return true;
 }
 
 void CNbCwBegleftDlg::moveOn(NextCell to) {
@@ -103,22 +109,25 @@ void CNbCwBegleftDlg::moveOn(NextCell to) {
     }
 }
 
-void CNbCwBegleftDlg::keyPressed(int key) {
+void CNbCwBegleftDlg::keyPressed(int key, Qt::KeyboardModifiers modifiers) {
     if (!hasLine()) return;
     const auto column = static_cast<std::size_t>(m_grid->currentIndex().column());
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         if (chengheng::figureOf(sheet().columns()[column].field) == nullptr)
             m_grid->setCurrentIndex(
                 m_model->index(m_grid->currentRow(), static_cast<int>(firstFigureColumn())));
-        moveOn(NextCell::nextEditable);
+        const bool isBack = (modifiers & Qt::ShiftModifier) != 0;
+        moveOn(isBack ? NextCell::previousEditable : NextCell::nextEditable);
     } else if (key == Qt::Key_F2 && sheet().opensAuxiliary(currentLine(), column)) {
         PostCommand(chengheng::opening_command::auxiliary);
     }
 }
 
-void CNbCwBegleftDlg::finishEditing() {
+bool CNbCwBegleftDlg::finishEditing() {
+    m_isRefused = false;
     const QWidget* focus = focusWidget();
     if (focus != nullptr && focus != m_grid && m_grid->isAncestorOf(focus)) m_grid->setFocus();
+    return !m_isRefused;
 }
 
 bool CNbCwBegleftDlg::change(const std::function<bool()>& work) {
@@ -128,10 +137,24 @@ bool CNbCwBegleftDlg::change(const std::function<bool()>& work) {
 }
 
 void CNbCwBegleftDlg::endEdit(const QModelIndex& index, const QString& text) {
+    const Place place = placeAt(index);
     m_isRefused = !change([&] {
         return m_work.endEdit(static_cast<std::size_t>(index.row()),
                               static_cast<std::size_t>(index.column()), text.toStdString());
     });
+    if (!m_isRefused) return;
+    // Once the editor that ends now has closed.
+    const auto again = guarded([this, place, text] { takeUpAgain(place, text); });
+    QMetaObject::invokeMethod(this, again, Qt::QueuedConnection);
+}
+
+void CNbCwBegleftDlg::takeUpAgain(const Place& place, const QString& text) {
+    if (isEnded() || !sheet().placeOfId(place.accountId)) return;
+    goTo(place);
+    m_grid->setFocus();
+    if (!sheet().isEditable(currentLine(), static_cast<std::size_t>(place.column))) return;
+    m_grid->edit(m_grid->currentIndex());
+    m_editor->takeUp(m_grid->indexWidget(m_grid->currentIndex()), text);
 }
 
 void CNbCwBegleftDlg::goToStep(const EditStep& step) {
@@ -168,7 +191,7 @@ void CNbCwBegleftDlg::OnMenuClear() {
 }
 
 void CNbCwBegleftDlg::tryClose() {
-    finishEditing();
+    if (!finishEditing()) return;
     const bool mayClose = m_work.mayClose();
     if (mayClose) {
         EndDialog(Rejected);
@@ -190,8 +213,7 @@ void CNbCwBegleftDlg::OnMenuCarry() {
 
 void CNbCwBegleftDlg::OnMenuAuxiliary() {
     if (!hasLine()) return;
-    const auto kind = m_work.auxiliaryToOpen(
-        currentLine(), static_cast<std::size_t>(m_grid->currentIndex().column()));
+    const auto kind = m_work.auxiliaryToOpen(currentLine(), openingColumn());
     if (kind == chengheng::AuxiliaryKind::none) return;
     chengheng::tellUnbuilt(messages(), chengheng::auxiliaryText(kind));
     change([&] { return m_work.afterAuxiliary(); });
@@ -228,7 +250,10 @@ void CNbCwBegleftDlg::OnMenuSearch() {
     chengheng::showHelp(chengheng::openingHelpContext, *this).startSearch();
 }
 
-void CNbCwBegleftDlg::OnMenuAbout() {}
+void CNbCwBegleftDlg::OnMenuAbout() {
+    messages().tell(
+        {.text = fmt::format(chengheng::form_texts::aboutProgram, chengheng::programVersion())});
+}
 
 void CNbCwBegleftDlg::OnMenuCalendar() { messages().tell({.text = opening_texts::calendar}); }
 

@@ -75,6 +75,13 @@ void FigureEditor::setModelData(QWidget* editor, QAbstractItemModel*,
     emit typed(index, field->text());
 }
 
+void FigureEditor::takeUp(QWidget* editor, const QString& text) const {
+    auto* field = qobject_cast<QLineEdit*>(editor);
+    if (field == nullptr) return;
+    field->setText(text);
+    field->setModified(true);
+}
+
 void FigureEditor::end(QWidget* editor, NextCell to) {
     emit commitData(editor);
     // Lines that were read anew have closed it.

@@ -20,6 +20,8 @@ class FigureEditor final : public QStyledItemDelegate {
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
+    /// Goes on with a text that was typed before, where there is an editor.
+    void takeUp(QWidget* editor, const QString& text) const;
 
   signals:
     /// An edit has begun.

@@ -25,6 +25,8 @@ inline constexpr MenuItemResource openingEditItems[] = {
     {opening_command::copy, "复制\tCtrl+C"},
     {opening_command::paste, "粘贴\tCtrl+V"},
     {opening_command::clear, "清零\tDel"},
+    {0, ""},
+    {opening_command::auxiliary, "录入辅助期初"},
 };
 inline constexpr MenuItemResource openingViewItems[] = {
     {opening_command::refurbish, "刷新"},    {opening_command::trialBalance, "试算平衡"},   {0, ""},
@@ -52,10 +54,13 @@ inline constexpr int openingContextCommands[] = {
     opening_command::paste,
     opening_command::clear,
     0,
-    opening_command::find,
-    opening_command::trialBalance,
-    0,
+    opening_command::auxiliary,
     opening_command::adjustDirection,
+    0,
+    opening_command::find,
+    opening_command::refurbish,
+    opening_command::trialBalance,
+    opening_command::causes,
 };
 
 }  // namespace chengheng

@@ -58,20 +58,30 @@ class OpenOpenings : public CNbCwBegleftDlg {
     bool isEnabled(const QString& text) const { return action(text)->isEnabled(); }
     void choose(const QString& text) {
         action(text)->trigger();
-        QCoreApplication::processEvents();
+        letEventsTurn();
     }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         // A window above it may have gone just now.
         if (!isActiveWindow()) showActive(*this);
         QTest::keyClick(focusWidget() ? focusWidget() : this, key, modifiers);
+        letEventsTurn();
+    }
+    /// What is posted while events are handled waits for the next turn.
+    static void letEventsTurn() {
+        QCoreApplication::processEvents();
         QCoreApplication::processEvents();
     }
     /// Types letter by letter where the keyboard is.
     void type(const std::string& text) {
         for (const char letter : text) QTest::keyClick(focusWidget(), letter);
     }
-    QLineEdit* editor() const { return findChild<QLineEdit*>("figure"); }
-    bool isEditing() const { return editor() != nullptr && editor()->isVisible(); }
+    /// The one on the screen: editors that have closed linger for a while.
+    QLineEdit* editor() const {
+        for (auto* field : findChildren<QLineEdit*>("figure"))
+            if (field->isVisible()) return field;
+        return nullptr;
+    }
+    bool isEditing() const { return editor() != nullptr; }
 };
 
 /// The opening balance window on books of the pattern 4222; a recorded operator answers.

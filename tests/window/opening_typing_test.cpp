@@ -34,6 +34,57 @@ TEST_F(OpeningTypingTest, BeginsAnEditByTypingAndGoesOnWithEnter) {
     EXPECT_EQ(window->grid().currentRow(), 4);
 }
 
+TEST_F(OpeningTypingTest, GoesBackWithShiftAndEnterWhetherItEditsOrNot) {
+    open();
+    window->stand(4, opening);
+    window->press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(window->grid().currentRow(), 3);
+    window->type("5");
+    window->press(Qt::Key_Enter, Qt::ShiftModifier | Qt::KeypadModifier);
+    EXPECT_EQ(window->cell(3, opening), "5.00");
+    EXPECT_EQ(window->grid().currentRow(), 2);
+    window->press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(window->grid().currentRow(), 0);
+    window->press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(window->grid().currentRow(), 0);
+}
+
+TEST_F(OpeningTypingTest, GoesToTheEdgesOfTheSheetWithHomeAndEnd) {
+    open();
+    window->stand(2, opening);
+    window->press(Qt::Key_Home);
+    EXPECT_EQ(window->grid().currentIndex().column(), 0);
+    EXPECT_EQ(window->grid().currentRow(), 2);
+    window->press(Qt::Key_End);
+    EXPECT_EQ(window->grid().currentIndex().column(), opening);
+    window->press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(window->grid().currentRow(), 4);
+    EXPECT_EQ(window->grid().currentIndex().column(), opening);
+    window->press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(window->grid().currentRow(), 0);
+    EXPECT_EQ(window->grid().currentIndex().column(), 0);
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->grid().currentRow(), 2);
+    EXPECT_EQ(window->grid().currentIndex().column(), opening);
+}
+
+TEST_F(OpeningTypingTest, GoesFromFigureToFigureWithTabAndLeavesTheGridBehindTheLast) {
+    open();
+    for (const int row : {2, 3, 4}) {
+        window->press(Qt::Key_Tab);
+        EXPECT_EQ(window->grid().currentRow(), row);
+        EXPECT_TRUE(window->grid().hasFocus());
+    }
+    window->press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(window->grid().currentRow(), 3);
+    window->press(Qt::Key_Tab);
+    window->press(Qt::Key_Tab);
+    EXPECT_TRUE(window->searchField().hasFocus());
+    window->press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(window->grid().hasFocus());
+    EXPECT_EQ(window->grid().currentRow(), 4);
+}
+
 TEST_F(OpeningTypingTest, RestoresWithEscapeWhatWasThere) {
     books->addRows("1001", 12, 50);
     open();
@@ -107,13 +158,48 @@ TEST_F(OpeningTypingTest, WritesAnEditBeforeACommandRuns) {
     EXPECT_EQ(window->focusWidget(), &window->searchField());
 }
 
-TEST_F(OpeningTypingTest, StaysOnAFigureThatWasNotWritten) {
+TEST_F(OpeningTypingTest, KeepsWhatWasTypedForAFigureThatWasNotWritten) {
     open();
     window->type("99999999999999");
     window->press(Qt::Key_Return);
     EXPECT_EQ(messages().texts().size(), 1);
     EXPECT_EQ(window->grid().currentRow(), 0);
+    ASSERT_TRUE(window->isEditing());
+    EXPECT_EQ(window->editor()->text(), "99,999,999,999,999");
+    window->press(Qt::Key_Backspace);
+    window->press(Qt::Key_Backspace);
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(0, opening), "999,999,999,999.00");
+    EXPECT_EQ(window->grid().currentRow(), 2);
+}
+
+TEST_F(OpeningTypingTest, ReturnsToAFigureThatWasNotWrittenWhenAClickLeftIt) {
+    open();
+    window->type("99999999999999");
+    const auto cell = window->grid().visualRect(window->grid().model()->index(3, opening));
+    QTest::mouseClick(window->grid().viewport(), Qt::LeftButton, {}, cell.center());
+    OpenOpenings::letEventsTurn();
+    EXPECT_EQ(window->grid().currentRow(), 0);
+    ASSERT_TRUE(window->isEditing());
+    EXPECT_EQ(window->editor()->text(), "99,999,999,999,999");
+    window->press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isEditing());
     EXPECT_EQ(window->cell(0, opening), "0.00");
+}
+
+TEST_F(OpeningTypingTest, RunsNoCommandAndStaysOpenWhileAFigureIsNotWritten) {
+    open();
+    window->type("99999999999999");
+    window->choose("退出");
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(messages().texts().size(), 1);
+    ASSERT_TRUE(window->isEditing());
+    window->choose("试算平衡");
+    EXPECT_EQ(messages().texts().size(), 2);
+    EXPECT_TRUE(window->isEditing());
+    window->press(Qt::Key_Escape);
+    window->choose("退出");
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(OpeningTypingTest, ClearsTheSelectedFiguresAsOneStep) {

@@ -1,7 +1,10 @@
+#include <QApplication>
 #include <QFrame>
 #include <QPlainTextEdit>
+#include <QTimer>
 
 #include "host/screen/CBalanceTableDlg.h"
+#include "host/screen/frozen_columns.h"
 #include "host/screen/help/help_window.h"
 #include "host/screen/wait_window.h"
 #include "tests/support/recording_printer.h"
@@ -68,6 +71,18 @@ TEST_F(OpeningWindowTest, ShowsYearStartAndMovementsForBooksThatBeginInMarch) {
     EXPECT_EQ(window->grid().currentIndex().column(), 4);
     window->press(Qt::Key_Down);
     EXPECT_EQ(window->label("account"), "1002 科目1002");
+}
+
+TEST_F(OpeningWindowTest, KeepsCodeAndNameInSightWhileItIsScrolledSideways) {
+    make(OpeningLayout::midYear);
+    addSomeAccounts();
+    open();
+    window->resize(780, 500);
+    window->stand(0, 7);
+    const auto& frozen = *window->findChild<FrozenColumns*>();
+    EXPECT_TRUE(frozen.isVisible());
+    EXPECT_FALSE(frozen.isColumnHidden(1));
+    EXPECT_TRUE(frozen.isColumnHidden(2));
 }
 
 TEST_F(OpeningWindowTest, HasItsMenusInTheStatedOrder) {
@@ -215,6 +230,43 @@ TEST_F(OpeningWindowTest, ChecksTheDirectoriesBeforeAnAuxiliaryWindow) {
     messages().forget();
     window->press(Qt::Key_F2);
     EXPECT_EQ(messages().onlyNotice().text, "“个人往来”尚未完成,暂不能使用。");
+}
+
+TEST_F(OpeningWindowTest, OpensTheAuxiliaryFiguresOfTheCurrentAccountFromItsMenusToo) {
+    make();
+    books->addAccounts({"1001", "1002"});
+    books->change("1002", "sAssBook = 'C'");
+    open();
+    EXPECT_FALSE(window->isEnabled("录入辅助期初"));
+    window->stand(1, 1);
+    EXPECT_TRUE(window->isEnabled("录入辅助期初"));
+    window->choose("录入辅助期初");
+    EXPECT_EQ(messages().onlyNotice().text, "请先定义部门目录");
+}
+
+TEST_F(OpeningWindowTest, OffersItsCommandsOnARightClick) {
+    make();
+    addSomeAccounts();
+    open();
+    QStringList texts;
+    QTimer::singleShot(50, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        for (const QAction* item : menu->actions())
+            texts << (item->isSeparator() ? "|" : item->text() + (item->isEnabled() ? "" : "-"));
+        menu->close();
+    });
+    emit window->grid().customContextMenuRequested({50, 50});
+    EXPECT_EQ(texts,
+              (QStringList{"撤销-", "重做-", "|", "复制", "粘贴", "清零", "|", "录入辅助期初-",
+                           "调余额方向", "|", "查找", "刷新", "试算平衡", "不平衡的可能原因"}));
+}
+
+TEST_F(OpeningWindowTest, SaysWhichProgramItBelongsTo) {
+    make();
+    open();
+    window->choose("关于...");
+    EXPECT_EQ(messages().onlyNotice().text.substr(0, 18), "澄恒财务软件");
 }
 
 TEST_F(OpeningWindowTest, FindsAccountsByCodeOrNameFromWhereItStands) {
