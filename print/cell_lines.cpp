@@ -1,6 +1,7 @@
 #include "print/cell_lines.h"
 
 #include <algorithm>
+#include <array>
 
 #include "data/text.h"
 
@@ -29,11 +30,27 @@ bool isPlain(std::string_view text) {
         text, [](char byte) { return static_cast<unsigned char>(byte) < 0x20U || byte == 0x7F; });
 }
 
-/// The place at or before `end` where a line may end: not inside a word that began on it.
+bool isInsideCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+/// A line begins with none of these, as Chinese is set.
+bool beginsWithClosingSign(std::string_view text) {
+    constexpr std::array<std::string_view, 13> signs{"、", "，", "。", "；", "：", "？", "！",
+                                                     "）", "》", "】", "”",  "’",  ")"};
+    return std::ranges::any_of(signs,
+                               [&](std::string_view sign) { return text.starts_with(sign); });
+}
+
+bool mayBreakAt(std::string_view text, std::size_t place) {
+    if (isInsideCharacter(text[place]) || beginsWithClosingSign(text.substr(place))) return false;
+    return !isWordByte(text[place - 1]) || !isWordByte(text[place]);
+}
+
+/// The place at or before `end` where a line may end: not inside a word that began on it, nor
+/// before a closing sign.
 std::size_t breakBefore(std::string_view text, std::size_t end) {
     if (end >= text.size()) return end;
     std::size_t place = end;
-    while (place > 0 && isWordByte(text[place - 1]) && isWordByte(text[place])) --place;
+    while (place > 0 && !mayBreakAt(text, place)) --place;
     return place > 0 ? place : end;
 }
 

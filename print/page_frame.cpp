@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "print/cell_lines.h"
 #include "print/page_facts.h"
 
 namespace chengheng {
@@ -19,27 +20,45 @@ double headingHeight(const CReport& report) {
     return height + layout.heading.height * static_cast<double>(report.extension().lines.size());
 }
 
+/// Widths of a line's three texts.
+struct PartWidths {
+    double left;
+    double middle;
+    double right;
+};
+
+/// How much of a line each text may take, by how much each would. The middle one keeps the
+/// middle; of the others the shorter is the last to be cut.
+PartWidths sharedOut(const PartWidths& wanted, double room) {
+    constexpr double gap = 3;  // millimetres
+    if (wanted.middle > 0) {
+        const double side = std::max((room - std::min(wanted.middle, room / 2)) / 2 - gap, 0.0);
+        const double beside = std::min(std::max(wanted.left, wanted.right), side);
+        return {side, beside > 0 ? room - 2 * (beside + gap) : room, side};
+    }
+    if (wanted.left == 0 || wanted.right == 0) return {room, 0, room};
+    const double half = (room - gap) / 2;
+    return {room - gap - std::min(wanted.right, std::max(half, room - gap - wanted.left)), 0,
+            room - gap - std::min(wanted.left, std::max(half, room - gap - wanted.right))};
+}
+
 /// Puts lines of text onto a page from top to bottom.
 class LineWriter {
   public:
-    LineWriter(PageDrawing& drawing, const PageFrame& frame, const PageFacts& facts, double top)
-        : m_drawing(drawing), m_frame(frame), m_facts(facts), m_top(top) {}
+    LineWriter(PageDrawing& drawing, const PageFrame& frame, const ITextMeasure& measure,
+               const PageFacts& facts, double top)
+        : m_drawing(drawing), m_frame(frame), m_measure(measure), m_facts(facts), m_top(top) {}
 
-    void whole(const std::string& text, FontRole font, double height, Alignment alignment) {
-        if (!text.empty())
-            m_drawing.texts.push_back({.left = m_frame.left,
-                                       .top = m_top,
-                                       .width = m_frame.room(),
-                                       .height = height,
-                                       .text = text,
-                                       .font = font,
-                                       .alignment = alignment});
-    }
     void parts(const std::string& left, const std::string& middle, const std::string& right,
                FontRole font, double height) {
-        whole(left, font, height, Alignment::left);
-        whole(middle, font, height, Alignment::center);
-        whole(right, font, height, Alignment::right);
+        const auto width = [&](const std::string& text) {
+            return text.empty() ? 0 : m_measure.width(font, text);
+        };
+        const PartWidths widths =
+            sharedOut({width(left), width(middle), width(right)}, m_frame.room());
+        part(left, font, height, Alignment::left, widths.left);
+        part(middle, font, height, Alignment::center, widths.middle);
+        part(right, font, height, Alignment::right, widths.right);
         m_top += height;
     }
     void facts(const LayoutLine& line, FontRole font) {
@@ -53,8 +72,22 @@ class LineWriter {
     }
 
   private:
+    void part(const std::string& text, FontRole font, double height, Alignment alignment,
+              double width) {
+        if (text.empty()) return;
+        const CellSetter setter(m_measure, font, 1);
+        m_drawing.texts.push_back({.left = m_frame.left,
+                                   .top = m_top,
+                                   .width = m_frame.room(),
+                                   .height = height,
+                                   .text = setter.lines(text, width, 1).front(),
+                                   .font = font,
+                                   .alignment = alignment});
+    }
+
     PageDrawing& m_drawing;
     const PageFrame& m_frame;
+    const ITextMeasure& m_measure;
     const PageFacts& m_facts;
     double m_top;
 };
@@ -74,11 +107,12 @@ PageFrame::PageFrame(const CReport& report) {
     tableTop = std::min(tableTop, tableBottom - layout.columnHeight - layout.rowHeight);
 }
 
-void drawAboveTable(PageDrawing& drawing, const CReport& report, const PageNumber& number) {
+void drawAboveTable(PageDrawing& drawing, const CReport& report, const ITextMeasure& measure,
+                    const PageNumber& number) {
     const ReportLayout& layout = report.layout();
     const PageFrame frame(report);
     const PageFacts facts{report.title(), report.extension().facts, number.page, number.count};
-    LineWriter writer(drawing, frame, facts, layout.marginTop);
+    LineWriter writer(drawing, frame, measure, facts, layout.marginTop);
     writer.facts(layout.header, FontRole::edge);
     if (!layout.header.isEmpty()) writer.rule(layout.header.rule);
     const double lineHeight = layout.heading.height;
@@ -93,11 +127,12 @@ void drawAboveTable(PageDrawing& drawing, const CReport& report, const PageNumbe
     writer.rule(layout.heading.rule);
 }
 
-void drawBelowTable(PageDrawing& drawing, const CReport& report, const PageNumber& number) {
+void drawBelowTable(PageDrawing& drawing, const CReport& report, const ITextMeasure& measure,
+                    const PageNumber& number) {
     const ReportLayout& layout = report.layout();
     const PageFrame frame(report);
     const PageFacts facts{report.title(), report.extension().facts, number.page, number.count};
-    LineWriter writer(drawing, frame, facts, frame.tableBottom);
+    LineWriter writer(drawing, frame, measure, facts, frame.tableBottom);
     if (!layout.footer.isEmpty()) writer.rule(layout.footer.rule);
     writer.facts(layout.footer, FontRole::edge);
 }

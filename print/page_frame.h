@@ -4,6 +4,7 @@
 
 #include "print/CReport.h"
 #include "print/page_drawing.h"
+#include "print/text_measure.h"
 
 namespace chengheng {
 
@@ -27,9 +28,12 @@ struct PageNumber {
     std::size_t count;
 };
 
-/// Draws header, title and heading lines.
-void drawAboveTable(PageDrawing& drawing, const CReport& report, const PageNumber& number);
-/// Draws the footer.
-void drawBelowTable(PageDrawing& drawing, const CReport& report, const PageNumber& number);
+/// Draws header, title and heading lines. A text that would run into another one or off the
+/// page is cut.
+void drawAboveTable(PageDrawing& drawing, const CReport& report, const ITextMeasure& measure,
+                    const PageNumber& number);
+/// Draws the footer, likewise.
+void drawBelowTable(PageDrawing& drawing, const CReport& report, const ITextMeasure& measure,
+                    const PageNumber& number);
 
 }  // namespace chengheng

@@ -15,6 +15,7 @@ double sideRoom(double width, double padding) { return std::max(width - 2 * padd
 
 ReportPages::ReportPages(const CReport& report, const ITextMeasure& measure)
     : m_report(report),
+      m_measure(measure),
       m_frame(report),
       m_table(tableWidths(report, measure, m_frame.room())),
       m_cells(measure, FontRole::cell, m_table.scale),
@@ -90,9 +91,9 @@ PageRows ReportPages::rowsOn(std::size_t page) const {
 
 PageDrawing ReportPages::draw(std::size_t page) const {
     PageDrawing drawing{.width = m_frame.width, .height = m_frame.height, .texts = {}, .rules = {}};
-    drawAboveTable(drawing, m_report, numberOf(page));
+    drawAboveTable(drawing, m_report, m_measure, numberOf(page));
     drawTable(drawing, rowsOn(page));
-    drawBelowTable(drawing, m_report, numberOf(page));
+    drawBelowTable(drawing, m_report, m_measure, numberOf(page));
     return drawing;
 }
 

@@ -55,6 +55,7 @@ class ReportPages {
                   double lineHeight) const;
 
     const CReport& m_report;
+    const ITextMeasure& m_measure;
     PageFrame m_frame;
     TableWidths m_table;
     CellSetter m_cells;

@@ -84,6 +84,16 @@ TableWidths inStrips(const ReportLayout& layout, double scale, std::vector<doubl
     return table;
 }
 
+/// Strips that were shrunk to be fewer grow again until the widest fills the page.
+TableWidths filling(TableWidths table, double room) {
+    double widest = 0;
+    for (const Strip& strip : table.strips) widest = std::max(widest, table.stripWidth(strip));
+    const double growth = std::min(1 / table.scale, room / widest);
+    table.scale *= growth;
+    for (double& width : table.widths) width *= growth;
+    return table;
+}
+
 }  // namespace
 
 double TableWidths::stripWidth(const Strip& strip) const {
@@ -102,7 +112,7 @@ TableWidths tableWidths(const CReport& report, const ITextMeasure& measure, doub
     if (fitting >= layout.leastScale) return {fitting, times(natural, fitting), oneStrip};
     auto large = inStrips(layout, 1, natural, room);
     auto small = inStrips(layout, layout.leastScale, times(natural, layout.leastScale), room);
-    return small.strips.size() < large.strips.size() ? small : large;
+    return small.strips.size() < large.strips.size() ? filling(std::move(small), room) : large;
 }
 
 }  // namespace chengheng

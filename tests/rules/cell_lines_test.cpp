@@ -46,6 +46,11 @@ TEST_F(CellLines, KeepWordsAndNumbersWholeWhereTheyHaveAPlace) {
     EXPECT_THAT(lines("金额1234.50元整", 9, 2), ElementsAre("金额", "1234.50…"));
 }
 
+TEST_F(CellLines, BeginNoLineWithAClosingSign) {
+    EXPECT_THAT(lines("部门目录、部门总帐", 8, 3), ElementsAre("部门目", "录、部门", "总帐"));
+    EXPECT_THAT(lines("甲、乙", 2, 3), ElementsAre("甲", "、", "乙"));
+}
+
 TEST_F(CellLines, BreakAWordThatIsLongerThanALine) {
     EXPECT_THAT(lines("abcdefghij", 4, 3), ElementsAre("abcd", "efgh", "ij"));
 }

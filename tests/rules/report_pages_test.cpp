@@ -161,8 +161,17 @@ TEST_F(ReportPagesTest, ShrinkStripsOnlyWhereThatSavesPages) {
     Report report = sampleReport({90, 90, 90, 90, 90});
     addNumberedRows(report, 1);
     const auto pages = draw(report);
-    EXPECT_EQ(pages.size(), 4U);
-    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").scale, 0.5);
+    ASSERT_EQ(pages.size(), 4U);
+    EXPECT_LT(textOf(pages[0], "1-1").scale, 1);
+}
+
+TEST_F(ReportPagesTest, GrowStripsAgainUntilTheWidestFillsThePage) {
+    Report report = sampleReport({90, 90, 90, 90, 90});
+    addNumberedRows(report, 1);
+    const auto pages = draw(report);
+    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").scale, 200.0 / 360);
+    EXPECT_NEAR(textOf(pages[0], "1-1").left, 10, 1e-9);
+    EXPECT_NEAR(textOf(pages[0], "1-2").width, 100, 1e-9);
 }
 
 TEST_F(ReportPagesTest, KeepEveryStripWithinThePage) {
@@ -219,6 +228,42 @@ TEST_F(ReportPagesTest, ShowHeadingLinesUnderTheTitle) {
     const auto page = draw(report)[0];
     EXPECT_THAT(texts(page, FontRole::heading), ElementsAre("科目:1122", "打印日期:2026.05.31"));
     EXPECT_EQ(textOf(page, "打印日期:2026.05.31").alignment, Alignment::right);
+}
+
+TEST_F(ReportPagesTest, CutALongTextThatWouldRunIntoTheOneBesideIt) {
+    Report report = sampleReport({10});
+    const std::string longName(200, 'x');
+    report.lines = {
+        {longName, {}, "打印日期:2026.05.31"}, {"左", {}, longName}, {longName, {}, {}}};
+    const auto headings = texts(draw(report)[0], FontRole::heading);
+    ASSERT_EQ(headings.size(), 5U);
+    // 159 mm are left beside the date; a Latin character takes 2, the ellipsis 4.
+    EXPECT_EQ(headings[0], std::string(77, 'x') + "…");
+    EXPECT_EQ(headings[1], "打印日期:2026.05.31");
+    EXPECT_EQ(headings[2], "左");
+    EXPECT_EQ(headings[3], std::string(94, 'x') + "…");
+    EXPECT_EQ(headings[4], std::string(98, 'x') + "…");
+}
+
+TEST_F(ReportPagesTest, LeaveTwoLongTextsOfALineHalfOfItEach) {
+    Report report = sampleReport({10});
+    report.lines = {{std::string(200, 'x'), {}, std::string(200, 'y')}};
+    EXPECT_THAT(texts(draw(report)[0], FontRole::heading),
+                ElementsAre(std::string(47, 'x') + "…", std::string(47, 'y') + "…"));
+}
+
+TEST_F(ReportPagesTest, KeepThePageNumberFreeOfLongNamesBesideIt) {
+    Report report = sampleReport({10});
+    report.facts.setName = std::string(200, 'x');
+    const auto page = draw(report, "left = {books}\nright = {operator}\n")[0];
+    EXPECT_THAT(texts(page, FontRole::edge),
+                ElementsAre(std::string(45, 'x') + "…", "1/1", "王芳"));
+}
+
+TEST_F(ReportPagesTest, CutATitleThatIsWiderThanThePage) {
+    Report report = sampleReport({10});
+    report.title = std::string(200, 'x');
+    EXPECT_THAT(texts(draw(report)[0], FontRole::title), ElementsAre(std::string(98, 'x') + "…"));
 }
 
 TEST_F(ReportPagesTest, LayOutAPortionAtATimeAndKnowTheirCountAtTheEnd) {

@@ -90,7 +90,7 @@ QPageLayout ReportDocument::paper() const {
 QString ReportDocument::readText(std::size_t page) const {
     std::string read;
     PageDrawing around;
-    drawAboveTable(around, m_report, m_pages.numberOf(page));
+    drawAboveTable(around, m_report, m_measure, m_pages.numberOf(page));
     for (const DrawnText& text : around.texts) read += text.text + '\n';
     const PageRows rows = m_pages.rowsOn(page);
     const auto readRow = [&](const auto& textOf) {
@@ -104,7 +104,7 @@ QString ReportDocument::readText(std::size_t page) const {
     for (std::size_t row = rows.first; row < rows.end; ++row)
         readRow([&](std::size_t column) { return m_report.cell(row, column); });
     around.texts.clear();
-    drawBelowTable(around, m_report, m_pages.numberOf(page));
+    drawBelowTable(around, m_report, m_measure, m_pages.numberOf(page));
     for (const DrawnText& text : around.texts) read += text.text + '\n';
     return QString::fromStdString(read);
 }
