@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 
 #include "data/platform/system_error.h"
 
@@ -53,6 +54,14 @@ StagedFile::StagedFile(std::string target) : m_target(std::move(target)) {
 StagedFile::~StagedFile() {
     std::error_code ignored;  // a folder left over is no harm
     if (!m_folder.empty()) std::filesystem::remove_all(m_folder, ignored);
+}
+
+Status StagedFile::write(std::string_view bytes) const {
+    errno = 0;
+    std::ofstream file(m_path, std::ios::binary);
+    file << bytes;
+    file.close();
+    return file ? Status::done() : systemFailure(errno, m_path);
 }
 
 // A link fails where a file stands already; a rename replaces it. Either is all or nothing.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "data/status.h"
 
@@ -20,6 +21,8 @@ class StagedFile {
     const Status& status() const { return m_status; }
     /// Where to make the file.
     const std::string& path() const { return m_path; }
+    /// Makes it of these bytes.
+    Status write(std::string_view bytes) const;
 
     /// Flushes the finished file to the disk and moves it to its place. A file that is
     /// already there is replaced or, when that is not wanted, a refusal. A database whose log

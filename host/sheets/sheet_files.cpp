@@ -1,10 +1,6 @@
 #include "host/sheets/sheet_files.h"
 
-#include <cerrno>
-#include <fstream>
-
 #include "data/platform/staged_file.h"
-#include "data/platform/system_error.h"
 #include "data/text.h"
 #include "host/books/owned_files.h"
 #include "host/sheets/delimited_text.h"
@@ -24,20 +20,12 @@ bool endsInAnyCase(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && isSameInAnyCase(text.substr(text.size() - end.size()), end);
 }
 
-Status writeText(const std::string& text, const std::string& path) {
-    errno = 0;
-    std::ofstream file(path, std::ios::binary);
-    file << text;
-    file.close();
-    return file ? Status::done() : systemFailure(errno, path);
-}
-
 /// Makes a file beside its place with `make`, and puts it there.
 template <class Make>
 SheetOutcome writeFile(const std::string& path, const Make& make) {
     StagedFile staged(path);
     if (!staged.status()) return whileWriting(staged.status(), path);
-    if (SheetOutcome failure = make(staged.path())) return whileWriting(*failure, path);
+    if (SheetOutcome failure = make(staged)) return whileWriting(*failure, path);
     const Status status = staged.place(true);
     return status ? SheetOutcome() : whileWriting(status, path);
 }
@@ -68,16 +56,16 @@ SheetOutcome compare(const Sheet& sheet, const std::string& path) {
 SheetOutcome writeCsv(const Sheet& sheet, const std::string& path) {
     std::string text;
     if (SheetOutcome failure = csvText(sheet, text)) return whileWriting(*failure, path);
-    return writeFile(path, [&](const std::string& draft) {
-        const Status status = writeText(text, draft);
+    return writeFile(path, [&](const StagedFile& draft) {
+        const Status status = draft.write(text);
         return status ? SheetOutcome() : whileWriting(status, path);
     });
 }
 
 SheetOutcome writeXlsx(const Sheet& sheet, const std::string& path) {
-    return writeFile(path, [&](const std::string& draft) {
-        SheetOutcome failure = makeWorkbook(sheet, draft);
-        return failure ? failure : compare(sheet, draft);
+    return writeFile(path, [&](const StagedFile& draft) {
+        SheetOutcome failure = makeWorkbook(sheet, draft.path());
+        return failure ? failure : compare(sheet, draft.path());
     });
 }
 

@@ -190,8 +190,8 @@ class SettleCrashes : public testing::TestWithParam<EngineCase> {
         SettleBooks(location).insert({"1 现金 0", "2 支票 1"});
         return location;
     }
-    /// Kills a save before each of its calls in turn, until one survives.
-    void killAtEachCall(const std::function<void(SettleForm&)>& save, const Texts& saved) {
+    /// Kills a change before each of its calls in turn, until one survives.
+    void killAtEachCall(const std::function<void(Trouble&)>& change, const Texts& changed) {
         const Texts before{"1 1 现金 0", "2 2 支票 1"};
         std::string location = makeBooks();
         int undone = 0;
@@ -201,10 +201,10 @@ class SettleCrashes : public testing::TestWithParam<EngineCase> {
                 Trouble trouble(std::move(engine));
                 trouble.form.open();
                 trouble.engine.dieAtCall(number);
-                save(trouble.form);
+                change(trouble);
             });
             const Texts stored = storedAfterwards(location);
-            EXPECT_TRUE(stored == before || stored == saved) << "call " << number;
+            EXPECT_TRUE(stored == before || stored == changed) << "call " << number;
             if (stored == before) {
                 EXPECT_TRUE(isKilled);
                 ++undone;
@@ -213,27 +213,36 @@ class SettleCrashes : public testing::TestWithParam<EngineCase> {
             }
         }
         EXPECT_FALSE(isKilled);
-        EXPECT_GT(undone, 4) << "calls before the save counts";
+        EXPECT_GT(undone, 4) << "calls before the change counts";
     }
 };
 
 TEST_P(SettleCrashes, LeaveAnAdditionWholeOrUndone) {
     killAtEachCall(
-        [](SettleForm& form) {
-            form.startAdding();
-            form.input = {"3", "汇兑", true};
-            form.save();
+        [](Trouble& trouble) {
+            trouble.form.startAdding();
+            trouble.form.input = {"3", "汇兑", true};
+            trouble.form.save();
         },
         {"1 1 现金 0", "2 2 支票 1", "3 3 汇兑 1"});
 }
 
 TEST_P(SettleCrashes, LeaveAModificationWholeOrUndone) {
     killAtEachCall(
-        [](SettleForm& form) {
-            form.input = {"7", "现款", true};
-            form.save();
+        [](Trouble& trouble) {
+            trouble.form.input = {"7", "现款", true};
+            trouble.form.save();
         },
         {"1 7 现款 1", "2 2 支票 1"});
+}
+
+TEST_P(SettleCrashes, LeaveADeletionWholeOrUndone) {
+    killAtEachCall(
+        [](Trouble& trouble) {
+            trouble.books.messages.willAnswer(Answer::yes);
+            trouble.form.remove(1);
+        },
+        {"2 2 支票 1"});
 }
 
 CHENGHENG_ON_SHARED_ENGINES(SettleCrashes);

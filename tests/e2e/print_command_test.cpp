@@ -96,6 +96,7 @@ TEST_P(PrintCommand, WritesPagesThatCanBeSearchedWithoutAScreen) {
     const ProgramRun printed = print({"settle", m_books, "--pdf", path});
     EXPECT_EQ(printed.exitCode, done) << printed.err;
     EXPECT_EQ(printed.out, "“结算方式一览表”已写入“" + path + "”。\n");
+    EXPECT_EQ(printed.err, "");
     const std::string text =
         run({"/usr/bin/env", "pdftotext", "-layout", "-enc", "UTF-8", path, "-"}).out;
     for (const char* part : {"结算方式一览表", "09", "转帐支票", "√", "示例帐套"})

@@ -1,15 +1,14 @@
 #include "host/sheets/sheet_files.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <clocale>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 
 #include "tests/support/comma_locale.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/small_disk.h"
 
 namespace chengheng {
 namespace {
@@ -162,27 +161,6 @@ TEST(SheetFiles, FileTooLongToBeReadIsRefused) {
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->reason, "文件超过 64 MB,太大了。请拆分后重试。");
 }
-
-/// While it lives, no file of this process grows beyond a size: the disk is full.
-class SmallDisk {
-  public:
-    explicit SmallDisk(rlim_t size) {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit small{size, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        static_cast<void>(std::signal(SIGXFSZ, m_handler));
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-
-  private:
-    rlimit m_before{};
-    void (*m_handler)(int) = nullptr;
-};
 
 /// What is left of a file and its folder after writing on a disk with too little room.
 void expectOldFileKept(WriteSheet write, rlim_t room) {

@@ -17,6 +17,7 @@
 #include "tests/support/recording_messages.h"
 #include "tests/support/run_program.h"
 #include "tests/support/sample_report.h"
+#include "tests/support/small_disk.h"
 #include "tests/window/next_modal.h"
 
 namespace {
@@ -211,6 +212,29 @@ TEST(PdfFile, WhoseFolderIsMissingSaysSo) {
     });
 }
 
+TEST(PdfFile, ThatHasNoRoomOnTheDiskSaysSoAndLeavesTheOldOne) {
+    Report report = sampleReport({10, 10});
+    addNumberedRows(report, 300);
+    const std::string folder = freshFolder();
+    const std::string path = folder + "/a.pdf";
+    std::ofstream(path) << "old";
+    withDocument(report, [&](ReportDocument& document) {
+        for (const rlim_t room : {0U, 10U, 1000U, 5000U, 20'000U}) {
+            SheetFailure failure;
+            {
+                const SmallDisk disk(room);
+                EXPECT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::failed);
+            }
+            EXPECT_THAT(failure.text(), HasSubstr("磁盘")) << room;
+            EXPECT_THAT(failure.text(), HasSubstr(path + "”,原有的文件保持不变。")) << room;
+            EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+        }
+        SheetFailure failure;
+        EXPECT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::written);
+        EXPECT_GT(std::filesystem::file_size(path), 20'000U);
+    });
+}
+
 TEST(PdfTexts, BecomeReadableInBothFormsOfARange) {
     const ReadableCodes codes{{0x2F45, 0x65B9}, {0x9, 0x20}};
     EXPECT_EQ(withReadableCodes("<2F45> x\n2 beginbfrange\n<0000> <0000> <2F45>\n"
@@ -231,10 +255,8 @@ TEST(PdfTexts, LeaveALineAloneThatIsNoRange) {
 }
 
 TEST(PdfTexts, SayWhatIsNoPdfFile) {
-    const std::string folder = freshFolder();
-    std::ofstream(folder + "/a") << "no file of that kind";
-    EXPECT_FALSE(copyWithReadableTexts(folder + "/a", folder + "/b", {}));
-    EXPECT_FALSE(copyWithReadableTexts(folder + "/none", folder + "/b", {}));
+    for (std::string bytes : {"no file of that kind", ""})
+        EXPECT_EQ(makeTextsReadable(bytes, {}).failure, Failure::damaged);
 }
 
 TEST(PrintedPages, FollowRangeOrderAndCopiesOfThePrinter) {

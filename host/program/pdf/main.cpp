@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLoggingCategory>
 #include <cstdlib>
 #include <iostream>
 
@@ -25,6 +26,9 @@ chengheng::ExitCode writeFile(chengheng::Tool& tool, const CReport& report,
 int main(int count, char** arguments) {
     // Pages are painted without a screen, wherever the program was started.
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    // What the toolkit misses on a server, such as a folder for sockets, is no matter of pages;
+    // whether they were written is told by the tool.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     std::string name = "chbooks-pdf";
     char* names[] = {name.data(), nullptr};
     int nameCount = 1;

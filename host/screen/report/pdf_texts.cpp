@@ -6,12 +6,11 @@
 #include <QString>
 #include <algorithm>
 #include <charconv>
+#include <memory>
 #include <optional>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFWriter.hh>
 #include <vector>
-
-#include "data/platform/system_error.h"
 
 namespace chengheng {
 namespace {
@@ -74,11 +73,6 @@ std::string readableRange(std::string_view line, const ReadableCodes& codes) {
     return text + "]";
 }
 
-bool isFailed(QPDF& pdf) {
-    const auto warnings = pdf.getWarnings();
-    return !warnings.empty();
-}
-
 void makeReadable(QPDF& pdf, const ReadableCodes& codes) {
     for (QPDFObjectHandle& object : pdf.getAllObjects()) {
         if (!object.isDictionary() || !object.hasKey("/ToUnicode")) continue;
@@ -130,19 +124,22 @@ std::string withReadableCodes(std::string_view textMap, const ReadableCodes& cod
     return result;
 }
 
-Status copyWithReadableTexts(const std::string& from, const std::string& to,
-                             const ReadableCodes& codes) {
-    errno = 0;
+// The library does not tell when a file does not take its last bytes, so it writes into memory.
+Status makeTextsReadable(std::string& pdf, const ReadableCodes& codes) {
     try {
-        QPDF pdf;
-        pdf.setSuppressWarnings(true);
-        pdf.processFile(from.c_str());
-        makeReadable(pdf, codes);
-        QPDFWriter writer(pdf, to.c_str());
+        QPDF document;
+        document.setSuppressWarnings(true);
+        document.processMemoryFile("", pdf.data(), pdf.size());
+        makeReadable(document, codes);
+        QPDFWriter writer(document);
+        writer.setOutputMemory();
         writer.write();
-        if (isFailed(pdf)) return Status::of(Failure::damaged, pdf.getWarnings().front().what());
+        if (document.anyWarnings())
+            return Status::of(Failure::damaged, document.getWarnings().front().what());
+        const std::shared_ptr<Buffer> written = writer.getBufferSharedPointer();
+        pdf.assign(reinterpret_cast<const char*>(written->getBuffer()), written->getSize());
     } catch (const std::exception& error) {
-        return Status::of(failureOfSystemError(errno), error.what());
+        return Status::of(Failure::damaged, error.what());
     }
     return Status::done();
 }

@@ -22,8 +22,7 @@ ReadableCodes readableCodes(std::span<const QFont> fonts);
 /// A text map with readable characters.
 std::string withReadableCodes(std::string_view textMap, const ReadableCodes& codes);
 
-/// Copies a PDF file, its text maps with readable characters.
-Status copyWithReadableTexts(const std::string& from, const std::string& to,
-                             const ReadableCodes& codes);
+/// Makes a PDF file, as bytes, anew with readable characters in its text maps.
+Status makeTextsReadable(std::string& pdf, const ReadableCodes& codes);
 
 }  // namespace chengheng

@@ -1,12 +1,13 @@
 #include "host/screen/report/pdf_writing.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QPdfWriter>
 #include <numeric>
 #include <vector>
 
 #include "data/platform/staged_file.h"
 #include "host/screen/report/pdf_texts.h"
+#include "host/screen/report/report_texts.h"
 #include "host/screen/screen_texts.h"
 
 namespace chengheng {
@@ -16,13 +17,6 @@ constexpr int dotsPerInch = 1200;
 
 QString titleOf(const CReport& report) { return QString::fromStdString(report.title()); }
 
-/// Why the system did not take the file's bytes.
-Status statusOf(const QFile& file) {
-    const bool isFull =
-        file.error() == QFileDevice::ResourceError || file.error() == QFileDevice::WriteError;
-    return Status::of(isFull ? Failure::full : Failure::refused, file.errorString().toStdString());
-}
-
 ReadableCodes codesOf(const ReportDocument& document) {
     std::vector<QFont> fonts;
     for (const LayoutFont& font : document.report().layout().fonts)
@@ -30,14 +24,19 @@ ReadableCodes codesOf(const ReportDocument& document) {
     return readableCodes(fonts);
 }
 
-bool paintInto(QFile& file, const ReportDocument& document, std::span<const std::size_t> pages,
+/// The toolkit tells nobody when a file does not take its bytes, so it paints into memory.
+bool paintInto(std::string& pdf, const ReportDocument& document, std::span<const std::size_t> pages,
                const WorkProgress& progress) {
-    QPdfWriter writer(&file);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
     writer.setResolution(dotsPerInch);
     writer.setPageLayout(document.paper());
     writer.setTitle(titleOf(document.report()));
     writer.setCreator(QString::fromUtf8(screen_texts::productName));
-    return document.paintPages(writer, pages, progress);
+    const bool isPainted = document.paintPages(writer, pages, progress);
+    pdf = buffer.data().toStdString();
+    return isPainted;
 }
 
 }  // namespace
@@ -51,16 +50,12 @@ PdfOutcome writePdf(const ReportDocument& document, std::span<const std::size_t>
     };
     StagedFile staged(path);
     Status status = staged.status();
-    const std::string painted = staged.path() + ".painted";
-    if (status) {
-        QFile file(QString::fromStdString(painted));
-        bool isPainted =
-            file.open(QIODevice::WriteOnly) && paintInto(file, document, pages, watched);
-        if (isCancelled) return PdfOutcome::cancelled;
-        isPainted = isPainted && file.flush() && file.error() == QFileDevice::NoError;
-        if (!isPainted) status = statusOf(file);
-    }
-    if (status) status = copyWithReadableTexts(painted, staged.path(), codesOf(document));
+    std::string pdf;
+    if (status && !paintInto(pdf, document, pages, watched))
+        status = Status::of(Failure::damaged, report_texts::notPainted);
+    if (isCancelled) return PdfOutcome::cancelled;
+    if (status) status = makeTextsReadable(pdf, codesOf(document));
+    if (status) status = staged.write(pdf);
     if (status) status = staged.place(true);
     if (status) return PdfOutcome::written;
     failure = whileWriting(status, path);

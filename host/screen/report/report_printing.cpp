@@ -38,7 +38,8 @@ std::string put(const ReportDocument& document, QPrinter& printer,
             writePdf(document, pages, path, progress, failure) == PdfOutcome::failed;
         return isFailed ? failure.text() : std::string();
     }
-    const bool isPrinted = document.paintPages(printer, pages, progress);
+    const bool isPrinted =
+        document.paintPages(printer, pages, progress) && printer.printerState() != QPrinter::Error;
     if (!isPrinted) printer.abort();
     return isPrinted ? std::string() : report_texts::printFailed;
 }
