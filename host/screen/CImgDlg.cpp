@@ -32,7 +32,7 @@ void CImgDlg::InsertCmdImage(const _RCII& record) {
         region->setAccessibleName(region->text());
     }
     if (record.bTabStop == 0) region->setFocusPolicy(Qt::NoFocus);
-    m_regions.push_back({record, region});
+    m_regions.push_back({record, *region});
     connectRegion(*region);
     region->show();
 }
@@ -60,14 +60,14 @@ void CImgDlg::connectRegion(HotRegion& region) {
 
 HotRegion* CImgDlg::regionAt(QPoint point) const {
     for (const InsertedRegion& inserted : m_regions) {
-        if (inserted.region->geometry().contains(point)) return inserted.region;
+        if (inserted.region.geometry().contains(point)) return &inserted.region;
     }
     return nullptr;
 }
 
 void CImgDlg::light(const HotRegion* lit) {
     for (const InsertedRegion& inserted : m_regions) {
-        inserted.region->setHighlighted(inserted.region == lit && inserted.record.bHighlight != 0);
+        inserted.region.setHighlighted(&inserted.region == lit && inserted.record.bHighlight != 0);
     }
 }
 

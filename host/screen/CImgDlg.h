@@ -54,7 +54,7 @@ class CImgDlg : public chengheng::DialogFrame {
 
     struct InsertedRegion {
         _RCII record;
-        chengheng::HotRegion* region;
+        chengheng::HotRegion& region;
     };
     std::vector<InsertedRegion> m_regions;
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <cstdint>
 
@@ -117,7 +118,7 @@ class Converter {
     }
 
   private:
-    bool isOpen() const { return m_converter != reinterpret_cast<iconv_t>(-1); }
+    bool isOpen() const { return std::bit_cast<std::intptr_t>(m_converter) != -1; }
 
     iconv_t m_converter;
 };

@@ -64,7 +64,7 @@ void XlsxCellsHandler::end(std::string_view name) {
 
 void XlsxCellsHandler::text(std::string_view piece) {
     if (!m_isInCell) return;
-    if (m_isInValue) *m_value += piece;
+    if (m_isInValue && m_value) *m_value += piece;
     m_inline.text(piece);
     if (SheetOutcome failure = m_budget.take(0, piece.size())) fail(*failure);
 }
@@ -110,7 +110,7 @@ Cell XlsxCellsHandler::readCell() {
     if (m_kind == "inlineStr") return Cell::of(m_inline.take());
     if (m_hasFormula && !m_value) return refuse(sheet_texts::formulaWithoutResult);
     if (!m_value) return {};
-    if (m_kind.empty() || m_kind == "n") return readNumber();
+    if (m_kind.empty() || m_kind == "n") return readNumber(*m_value);
     if (m_kind == "str") return Cell::of(unescapedFromXlsx(*m_value));
     if (m_kind == "e" || m_kind == "d") return Cell::of(*m_value);
     if (m_kind == "b") return Cell::of(std::string(*m_value == "1" ? "TRUE" : "FALSE"));
@@ -120,9 +120,9 @@ Cell XlsxCellsHandler::readCell() {
     return text != nullptr ? Cell::of(*text) : refuse(sheet_texts::unreadableCell);
 }
 
-Cell XlsxCellsHandler::readNumber() {
+Cell XlsxCellsHandler::readNumber(std::string_view value) {
     constexpr std::size_t longestShown = 40;
-    const std::string_view digits = withoutBlanksAround(*m_value);
+    const std::string_view digits = withoutBlanksAround(value);
     if (digits.empty()) return {};
     const auto number = numberOf<double>(digits);
     if (!number || !std::isfinite(*number))

@@ -35,7 +35,7 @@ class XlsxCellsHandler : public XmlHandler {
     void startCell(const XmlAttributes& attributes);
     void endCell();
     Cell readCell();
-    Cell readNumber();
+    Cell readNumber(std::string_view value);
     Cell refuse(std::string reason);
 
     const XlsxShared& m_shared;

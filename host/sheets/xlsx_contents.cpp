@@ -92,7 +92,7 @@ std::string relationshipsPartOf(const std::string& part) {
     return part.substr(0, nameAt) + "_rels/" + part.substr(nameAt) + ".rels";
 }
 
-std::string existing(const XlsxPackage& package, std::string part) {
+std::string existing(const XlsxPackage& package, const std::string& part) {
     return !part.empty() && package.hasPart(part) ? part : std::string();
 }
 

@@ -33,12 +33,12 @@ class ListFormDialog : public CNxMiddleDialog {
     Q_OBJECT
 
   public:
+    ~ListFormDialog() override;
     bool OnHelpInfo() override;
     void reject() override;
 
   protected:
     ListFormDialog(const ListFormWindow& window, QWidget* parent);
-    ~ListFormDialog() override;
 
     virtual ListForm& form() = 0;
     /// Adds the fields, by addEdit and addField, in the order of the Tab key.
