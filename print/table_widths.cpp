@@ -84,13 +84,11 @@ TableWidths inStrips(const ReportLayout& layout, double scale, std::vector<doubl
     return table;
 }
 
-/// Strips that were shrunk to be fewer grow again until the widest fills the page.
-TableWidths filling(TableWidths table, double room) {
+/// Widens the columns of strips until the widest strip fills the page, where the layout allows.
+TableWidths widened(TableWidths table, const ReportLayout& layout, double room) {
     double widest = 0;
     for (const Strip& strip : table.strips) widest = std::max(widest, table.stripWidth(strip));
-    const double growth = std::min(1 / table.scale, room / widest);
-    table.scale *= growth;
-    for (double& width : table.widths) width *= growth;
+    table.widths = times(std::move(table.widths), std::min(room / widest, layout.mostStretch));
     return table;
 }
 
@@ -112,7 +110,8 @@ TableWidths tableWidths(const CReport& report, const ITextMeasure& measure, doub
     if (fitting >= layout.leastScale) return {fitting, times(natural, fitting), oneStrip};
     auto large = inStrips(layout, 1, natural, room);
     auto small = inStrips(layout, layout.leastScale, times(natural, layout.leastScale), room);
-    return small.strips.size() < large.strips.size() ? filling(std::move(small), room) : large;
+    const bool isSmall = small.strips.size() < large.strips.size();
+    return widened(std::move(isSmall ? small : large), layout, room);
 }
 
 }  // namespace chengheng

@@ -165,13 +165,23 @@ TEST_F(ReportPagesTest, ShrinkStripsOnlyWhereThatSavesPages) {
     EXPECT_LT(textOf(pages[0], "1-1").scale, 1);
 }
 
-TEST_F(ReportPagesTest, GrowStripsAgainUntilTheWidestFillsThePage) {
+TEST_F(ReportPagesTest, WidenTheColumnsOfStripsUntilTheyFillThePage) {
     Report report = sampleReport({90, 90, 90, 90, 90});
     addNumberedRows(report, 1);
-    const auto pages = draw(report);
-    EXPECT_DOUBLE_EQ(textOf(pages[0], "1-1").scale, 200.0 / 360);
-    EXPECT_NEAR(textOf(pages[0], "1-1").left, 10, 1e-9);
-    EXPECT_NEAR(textOf(pages[0], "1-2").width, 100, 1e-9);
+    auto wide = std::string(plainPage);
+    wide.replace(wide.find("stretch=100"), 11, "stretch=200");
+    const OwnLayout layout(wide);
+    runReport(report, [&](CReport& engine) {
+        engine.extension().page.byPaper = 0;
+        StructRPTExt(engine);
+        ReportPages pages(engine, measure);
+        pages.layOut();
+        EXPECT_EQ(pages.pageCount(), 4U);
+        const DrawnText cell = textOf(pages.draw(0), "1-2");
+        EXPECT_NEAR(cell.left, 110, 1e-9);
+        EXPECT_NEAR(cell.width, 100, 1e-9);
+        EXPECT_DOUBLE_EQ(cell.scale, 0.5);
+    });
 }
 
 TEST_F(ReportPagesTest, KeepEveryStripWithinThePage) {
