@@ -57,7 +57,7 @@ if(NOT CHENGHENG_SANITIZE)
         script_test(exports
             ${tools}/check_exports $<TARGET_FILE:nbcwsetting> CNbCwSettingDlg CNbCwBursarDlg
             --host $<TARGET_FILE:chenghenghost>
-            g_pDB g_lpszNbZwDBName g_lpArgument g_lpLogonUserInfo g_pDlgWnd)
+            g_pDB g_lpszNbZwDBName g_lpArgument g_lpLogonUserInfo g_pDlgWnd g_lpHead g_nLine)
     endif()
 endif()
 
