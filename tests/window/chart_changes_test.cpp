@@ -1,21 +1,12 @@
 #include <QComboBox>
 #include <QScrollBar>
 
-#include "print/report_printer.h"
+#include "tests/support/recording_printer.h"
 #include "tests/window/chart_fixture.h"
 
 using namespace chengheng;
 
 namespace {
-
-class RecordingPrinter final : public IReportPrinter {
-  public:
-    void print(const Report& report) override { printed.push_back(report); }
-    void preview(const Report& report) override { previewed.push_back(report); }
-
-    std::vector<Report> printed;
-    std::vector<Report> previewed;
-};
 
 std::vector<std::string> codesOf(const Report& report) {
     std::vector<std::string> codes;
@@ -191,12 +182,14 @@ TEST_F(ChartChangesTest, PrintsAndPreviewsTheAccountsOfARange) {
         const NextModal range([](QWidget& dialog) { press(dialog, "确定"); });
         window->press(Qt::Key_P, Qt::ControlModifier);
     }
-    ASSERT_EQ(printer.printed.size(), 1);
-    EXPECT_EQ(printer.printed[0].title, "会计科目一览表");
-    EXPECT_EQ(codesOf(printer.printed[0]), codes());
-    EXPECT_EQ(printer.printed[0].cell(3, 2), "    人民币户");
-    EXPECT_EQ(printer.printed[0].cell(4, 3), "美元");
-    EXPECT_EQ(printer.printed[0].cell(5, 4), "单位往来");
+    ASSERT_EQ(printer.outputs.size(), 1);
+    EXPECT_EQ(printer.outputs[0].kind, ReportOutput::print);
+    const Report printed = printer.outputs[0].report;
+    EXPECT_EQ(printed.title, "会计科目一览表");
+    EXPECT_EQ(codesOf(printed), codes());
+    EXPECT_EQ(printed.cell(3, 2), "    人民币户");
+    EXPECT_EQ(printed.cell(4, 3), "美元");
+    EXPECT_EQ(printed.cell(5, 4), "单位往来");
     {
         const NextModal range([](QWidget& dialog) {
             const auto fields = dialog.findChildren<QLineEdit*>();
@@ -208,8 +201,9 @@ TEST_F(ChartChangesTest, PrintsAndPreviewsTheAccountsOfARange) {
         });
         window->choose("打印预览");
     }
-    ASSERT_EQ(printer.previewed.size(), 1);
-    EXPECT_EQ(codesOf(printer.previewed[0]), (Texts{"1002", "100201", "100202"}));
+    ASSERT_EQ(printer.outputs.size(), 2);
+    EXPECT_EQ(printer.outputs[1].kind, ReportOutput::preview);
+    EXPECT_EQ(codesOf(printer.outputs[1].report), (Texts{"1002", "100201", "100202"}));
 }
 
 TEST_F(ChartChangesTest, PrintsNothingWhenTheRangeIsGivenUpOrReversed) {
@@ -227,5 +221,5 @@ TEST_F(ChartChangesTest, PrintsNothingWhenTheRangeIsGivenUpOrReversed) {
     });
     window->choose("打印");
     EXPECT_EQ(books.messages().onlyNotice().text, "终止级次不能小于起始级次!");
-    EXPECT_TRUE(printer.printed.empty());
+    EXPECT_TRUE(printer.outputs.empty());
 }

@@ -3,22 +3,12 @@
 #include <QComboBox>
 #include <map>
 
-#include "print/report_printer.h"
+#include "tests/support/recording_printer.h"
 #include "tests/window/chart_fixture.h"
 
 using namespace chengheng;
 
 namespace {
-
-/// Keeps how many rows each report had.
-class CountingPrinter final : public IReportPrinter {
-  public:
-    void print(const Report& report) override { printed.push_back(report.rowCount()); }
-    void preview(const Report& report) override { previewed.push_back(report.rowCount()); }
-
-    std::vector<std::size_t> printed;
-    std::vector<std::size_t> previewed;
-};
 
 /// A key where the keyboard is in a window.
 void key(QWidget& window, Qt::Key which, Qt::KeyboardModifiers modifiers = {}) {
@@ -82,7 +72,7 @@ class ChartLifeTest : public ChartTest {
     }
     void expectSound() { EXPECT_EQ(books.faults(), Texts{}); }
 
-    CountingPrinter printer;
+    RecordingPrinter printer;
     HostReportPrinter host{printer};
 };
 
@@ -142,7 +132,10 @@ TEST_F(ChartLifeTest, CopiesModifiesFindsDeletesDesignatesAndPrintsWhatItHolds) 
     with(Qt::Key_P, Qt::ControlModifier, accept);
     const NextModal range(accept);
     window->choose("打印预览");
-    EXPECT_EQ(printer.printed, std::vector<std::size_t>{40});
-    EXPECT_EQ(printer.previewed, std::vector<std::size_t>{40});
+    ASSERT_EQ(printer.outputs.size(), 2);
+    EXPECT_EQ(printer.outputs[0].kind, ReportOutput::print);
+    EXPECT_EQ(printer.outputs[0].report.rowCount(), 40);
+    EXPECT_EQ(printer.outputs[1].kind, ReportOutput::preview);
+    EXPECT_EQ(printer.outputs[1].report.rowCount(), 40);
     expectSound();
 }

@@ -11,11 +11,14 @@
 #include <QLabel>
 #include <QPrintDialog>
 #include <QProgressBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
+#include <filesystem>
 #include <fstream>
+#include <optional>
 
 #include "host/screen/report/CenRptSkill.h"
 #include "host/screen/report/screen_report_printer.h"
@@ -236,6 +239,28 @@ TEST_F(ReportPreviewTest, WritesNothingWhenTheChoiceOfAFileIsGivenUp) {
         const NextModal choosing([](QWidget& box) { box.close(); });
         action(window, "导出PDF")->trigger();
         EXPECT_FALSE(hasLabel(window, "导出已取消,没有写入文件。"));
+    });
+}
+
+TEST_F(ReportPreviewTest, ShowsHowFarALongExportIsAndLeavesNoFileWhenItIsCancelled) {
+    previewRows(20'000, [this](ReportPreview& window) {
+        const std::string folder = freshFolder();
+        std::optional<NextModal> progress;
+        const NextModal choosing([&](QWidget& box) {
+            auto* dialog = qobject_cast<QFileDialog*>(&box);
+            ASSERT_TRUE(dialog);
+            dialog->selectFile(QString::fromStdString(folder + "/list.pdf"));
+            QMetaObject::invokeMethod(dialog, "accept");
+            progress.emplace([](QWidget& shown) {
+                EXPECT_TRUE(qobject_cast<QProgressDialog*>(&shown));
+                QTest::mouseClick(shown.findChild<QPushButton*>(), Qt::LeftButton);
+            });
+        });
+        action(window, "导出PDF")->trigger();
+        EXPECT_TRUE(progress && progress->hasCome());
+        EXPECT_TRUE(std::filesystem::is_empty(folder));
+        EXPECT_TRUE(hasLabel(window, "导出已取消,没有写入文件。"));
+        EXPECT_THAT(messages.texts(), IsEmpty());
     });
 }
 
