@@ -36,9 +36,9 @@ Fitness fitnessOf(char separator, std::string_view sample, bool isCut) {
     Fitness best;
     for (const auto& [length, lines] : linesOfLength)
         best = std::max(best, Fitness{false, lines, length});
-    const bool isCutQuote =
-        isCut && reader.failure() && reader.failure()->reason == sheet_texts::quoteNotClosed;
-    best.isClean = !reader.hasBareQuote() && (!reader.failure() || isCutQuote);
+    const SheetOutcome& failure = reader.failure();
+    const bool isCutQuote = isCut && failure && failure->reason == sheet_texts::quoteNotClosed;
+    best.isClean = !reader.hasBareQuote() && (!failure || isCutQuote);
     return best;
 }
 

@@ -52,7 +52,7 @@ SheetOutcome readCsv(std::string_view bytes, Sheet& sheet) {
     SheetOutcome failure = readRows(reader, sheet);
     if (!isWhole && !failure) failure = unknownEncodingAfter(reader, text);
     // A quote left open by a text that breaks off is not what is the matter with it.
-    if (!isWhole && failure->reason == sheet_texts::quoteNotClosed)
+    if (!isWhole && failure && failure->reason == sheet_texts::quoteNotClosed)
         failure->reason = sheet_texts::unknownEncoding;
     return finished(std::move(failure), sheet);
 }

@@ -20,8 +20,9 @@ constexpr Form block{'\t', "\n", "\t\r\n", "\""};
 
 std::string digitsOf(const Sheet& sheet, const Cell& cell, std::size_t column) {
     if (!cell.isNumber()) return cell.text;
-    const bool isFixed = column < sheet.columns.size() && sheet.columns[column].decimals;
-    return isFixed ? ftoa(cell.number, *sheet.columns[column].decimals) : cellText(cell);
+    const auto decimals =
+        column < sheet.columns.size() ? sheet.columns[column].decimals : std::nullopt;
+    return decimals ? ftoa(cell.number, *decimals) : cellText(cell);
 }
 
 bool isQuoted(std::string_view cell, const Form& form) {

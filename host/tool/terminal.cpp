@@ -34,14 +34,14 @@ class SilentTerminal {
     SilentTerminal& operator=(const SilentTerminal&) = delete;
 
     bool isReady() const { return m_isReady; }
-    void show(std::string_view text) {
+    void show(std::string_view text) const {
         while (!text.empty()) {
             const ssize_t written = write(m_file, text.data(), text.size());
             if (written < 0 && errno != EINTR) return;
             if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
         }
     }
-    bool readKey(char& key) {
+    bool readKey(char& key) const {
         while (true) {
             const ssize_t got = read(m_file, &key, 1);
             if (got >= 0 || errno != EINTR) return got == 1;

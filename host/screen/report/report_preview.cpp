@@ -63,7 +63,7 @@ ReportPreview::ReportPreview(ReportDocument& document, QWidget* parent)
 }
 
 QAction* ReportPreview::addAction(QToolBar& bar, const char* caption, const char* picture,
-                                  QKeySequence key, std::function<void()> work) {
+                                  const QKeySequence& key, std::function<void()> work) {
     QAction* action = bar.addAction(toolIcon(picture), QString::fromUtf8(caption));
     action->setShortcut(key);
     connect(action, &QAction::triggered, this, guarded(std::move(work)));

@@ -32,8 +32,8 @@ class ReportPreview final : public DialogFrame {
     void addPageControls(QToolBar& bar);
     void addZoomControls(QToolBar& bar);
     void buildStatus();
-    QAction* addAction(QToolBar& bar, const char* text, const char* picture, QKeySequence key,
-                       std::function<void()> work);
+    QAction* addAction(QToolBar& bar, const char* text, const char* picture,
+                       const QKeySequence& key, std::function<void()> work);
 
     void layOutSome();
     void stopLayingOut();
