@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <algorithm>
 
 #include "host/screen/fonts.h"
@@ -14,11 +15,21 @@
 namespace chengheng {
 namespace {
 
+constexpr QSize frameRoom(16, 48);  // for what the desktop puts around a window
+
 bool hasDefaultButton(const QDialog& dialog) {
     const auto buttons = dialog.findChildren<QPushButton*>();
     return std::any_of(buttons.begin(), buttons.end(), [](const QPushButton* button) {
         return button->isDefault() && button->isVisible();
     });
+}
+
+/// A size that was asked for and is larger than the screen would put buttons out of reach.
+void fitToScreen(QDialog& dialog) {
+    if (!dialog.testAttribute(Qt::WA_Resized)) return;
+    const QSize room = dialog.screen()->availableGeometry().size();
+    const QSize fitting = dialog.size().boundedTo(room - frameRoom);
+    if (fitting != dialog.size()) dialog.resize(fitting);
 }
 
 }  // namespace
@@ -55,6 +66,7 @@ int DialogFrame::exec() {
 
 void DialogFrame::setVisible(bool visible) {
     if (visible && !initialise()) return;
+    if (visible && !isVisible()) fitToScreen(*this);
     QDialog::setVisible(visible);
 }
 

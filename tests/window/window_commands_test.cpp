@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QMenuBar>
+#include <QScreen>
 #include <QTest>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -107,4 +108,13 @@ TEST(ToolPictures, AreThereForEveryNameInUse) {
         EXPECT_FALSE(icon.pixmap(44, 44).isNull()) << name;
     }
     EXPECT_TRUE(toolIcon("nothing").isNull());
+}
+
+TEST(Dialogs, OpenNoLargerThanTheScreen) {
+    CommandWindow window;
+    window.resize(4000, 3000);
+    showActive(window);
+    const QSize room = window.screen()->availableGeometry().size();
+    EXPECT_LE(window.width(), room.width());
+    EXPECT_LE(window.height(), room.height());
 }
