@@ -138,6 +138,21 @@ bool CVCF1::goToEdge(const QKeyEvent& event) {
     return true;
 }
 
+QItemSelectionModel::SelectionFlags CVCF1::selectionCommand(const QModelIndex& index,
+                                                            const QEvent* event) const {
+    // Shift extends what is selected with Ctrl, too: Ctrl+Shift+End to the end of the sheet.
+    if (event && event->type() == QEvent::KeyPress) {
+        constexpr auto both = Qt::ControlModifier | Qt::ShiftModifier;
+        const auto modifiers = static_cast<const QKeyEvent*>(event)->modifiers();
+        if ((modifiers & both) == both) {
+            QKeyEvent extending(QEvent::KeyPress, static_cast<const QKeyEvent*>(event)->key(),
+                                modifiers & ~Qt::ControlModifier);
+            return QTableView::selectionCommand(index, &extending);
+        }
+    }
+    return QTableView::selectionCommand(index, event);
+}
+
 void CVCF1::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->matches(QKeySequence::Copy)) {

@@ -57,6 +57,8 @@ class CVCF1 : public QTableView {
     void mouseMoveEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void updateGeometries() override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
     void scrollContentsBy(int dx, int dy) override;
 
   private:

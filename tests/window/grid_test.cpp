@@ -172,6 +172,19 @@ TEST(GridOfCells, SelectsSingleCellsAndKeepsTheColumn) {
     EXPECT_EQ(grid.selectedText(), "1,234.50\n");
 }
 
+TEST(GridOfCells, ExtendsWhatIsSelectedToTheEndOfTheSheet) {
+    NumberedRows model(10);
+    CVCF1 grid("期初余额", CVCF1::Unit::cell);
+    grid.setGridModel(&model);
+    showActive(grid);
+    grid.setCurrentIndex(model.index(7, 1));
+    QTest::keyClick(&grid, Qt::Key_End, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(grid.currentIndex(), model.index(9, 3));
+    EXPECT_EQ(grid.selectedText(), "1007\t1,234.50\n1008\t1,234.50\n1009\t1,234.50\n");
+    QTest::keyClick(&grid, Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(grid.selectedText(), "1\n");
+}
+
 TEST(LargeGrid, AsksOnlyForTheRowsInSight) {
     NumberedRows model(50'000);
     CVCF1 grid("会计科目", CVCF1::Unit::row);
