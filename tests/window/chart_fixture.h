@@ -2,13 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QTabBar>
-#include <QTest>
 #include <functional>
 #include <string>
 #include <vector>
@@ -17,57 +13,26 @@
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
-#include "host/screen/CVCF1.h"
 #include "host/services/host_messages.h"
 #include "tests/support/account_books.h"
+#include "tests/window/grid_window.h"
 #include "tests/window/next_modal.h"
-#include "tests/window/typing.h"
 
 namespace chengheng {
 
 /// A chart of accounts whose inside a test can reach.
-class OpenChart : public CNbCwBursarDlg {
+class OpenChart : public GridWindow<CNbCwBursarDlg> {
   public:
-    using CNbCwBursarDlg::CNbCwBursarDlg;
     using CNbCwBursarDlg::OnCommand;
+    using GridWindow::GridWindow;
 
-    CVCF1& grid() const { return *findChild<CVCF1*>("chart"); }
     QTabBar& tabs() const { return *findChild<QTabBar*>(); }
-    QLineEdit& searchField() const { return *findChild<QLineEdit*>("search"); }
-
-    std::string cell(int row, int column) const {
-        return grid().model()->index(row, column).data().toString().toStdString();
-    }
-    std::vector<std::string> column(int column) const {
-        std::vector<std::string> texts;
-        for (int row = 0; row < grid().model()->rowCount(); ++row)
-            texts.push_back(cell(row, column));
-        return texts;
-    }
     std::string currentCode() const { return cell(grid().currentRow(), 1); }
     bool hasLabel(const QString& text) const {
         const auto labels = findChildren<QLabel*>();
         return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
             return label->isVisible() && label->text() == text;
         });
-    }
-    QAction* action(const QString& text) const {
-        for (QAction* menu : findChild<QMenuBar*>()->actions())
-            for (QAction* item : menu->menu()->actions())
-                if (item->text() == text) return item;
-        return nullptr;
-    }
-    bool isEnabled(const QString& text) const { return action(text)->isEnabled(); }
-    /// Chooses a command of the menu and lets it run to its end.
-    void choose(const QString& text) {
-        action(text)->trigger();
-        QCoreApplication::processEvents();
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        // A closed dialog gives the keyboard back only when the event loop turns.
-        if (!isActiveWindow()) showActive(*this);
-        QTest::keyClick(focusWidget() ? focusWidget() : this, key, modifiers);
-        QCoreApplication::processEvents();
     }
 };
 

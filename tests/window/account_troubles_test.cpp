@@ -1,0 +1,61 @@
+#include <QListView>
+
+#include "tests/window/account_fixture.h"
+
+using namespace chengheng;
+
+TEST_F(AccountWindowTest, OpensWhereAnAccountIsUsedAfterARefusalBecauseOfIt) {
+    addSomeAccounts();
+    books.use(UsePlace::posted, "1001");
+    open();
+    in("增加", [&](const Hands& hands) {
+        EXPECT_FALSE(hands.button("usedButton").isVisible());
+        hands.add("100101", "人民币");
+        expectRefusal("科目 1001 在[已记帐凭证]中已使用,不能增加下级科目!");
+        ASSERT_TRUE(hands.button("usedButton").isVisible());
+        const NextModal used([](QWidget& list) {
+            EXPECT_EQ(list.windowTitle(), "科目使用情况");
+            auto* places = list.findChild<QListView*>();
+            EXPECT_EQ(places->model()->index(0, 0).data().toString(), "已记帐凭证 (1)");
+            EXPECT_EQ(list.findChild<CVCF1*>()->model()->rowCount(), 1);
+            QTest::keyClick(&list, Qt::Key_Escape);
+        });
+        hands.click("usedButton");
+        hands.add("1122", "应收帐款");
+        EXPECT_FALSE(hands.button("usedButton").isVisible());
+    });
+}
+
+TEST_F(AccountWindowTest, ClosesWhenTheAccountWasDeletedElsewhereAndListsTheChartAgain) {
+    addSomeAccounts();
+    open();
+    window->grid().setCurrentRow(4);
+    in("修改", [&](const Hands& hands) {
+        books.run("DELETE Code WHERE sCode = '100202'");
+        hands.type("sName", "中信银行");
+        hands.click("confirm");
+        EXPECT_FALSE(hands.isOpen());
+    });
+    EXPECT_EQ(books.messages().onlyNotice().text, "科目(100202)已经删除!");
+    EXPECT_EQ(codes().size(), 5);
+}
+
+TEST_F(AccountWindowTest, TellsWhyItDoesNotOpenWhenTheDatabaseFails) {
+    addSomeAccounts();
+    open();
+    for (const char* command : {"修改", "复制"}) {
+        books.engine().failCall(0);
+        int calls = 0;
+        in(command, [&](const Hands&) { calls = books.engine().calls(); });
+        ASSERT_GE(calls, 6);
+        // The last calls of a copy look for a free code, which is only proposed.
+        for (int call = 1; call <= 4; ++call) {
+            books.engine().failCall(call, Failure::full);
+            window->choose(command);
+            EXPECT_TRUE(books.engine().hasFailed());
+            books.engine().failCall(0);
+            EXPECT_FALSE(books.messages().onlyNotice().text.empty()) << command << call;
+            books.messages().forget();
+        }
+    }
+}
