@@ -8,12 +8,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "data/numbers.h"
 #include "host/screen/CVCF1.h"
+#include "host/screen/elided_label.h"
 #include "host/screen/fonts.h"
 #include "host/screen/search_bar.h"
 #include "opening/opening_texts.h"
@@ -76,15 +76,15 @@ bool CNbCwBegleftDlg::OnInitDialog() {
     connectSearch();
     resize(fittingSize());
     showFigures();
-    m_grid->setCurrentIndex(m_model->index(0, static_cast<int>(firstFigureColumn())));
+    const auto line = static_cast<int>(firstLine());
+    m_grid->setCurrentIndex(m_model->index(line, static_cast<int>(firstFigureColumn())));
     m_grid->setFocus();
     return false;
 }
 
 QSize CNbCwBegleftDlg::fittingSize() const {
     const int wanted = m_grid->horizontalHeader()->length() + besideColumns;
-    const int room = screen()->availableGeometry().width() - besideColumns;
-    return {std::max(openingSize.width(), std::min(wanted, room)), openingSize.height()};
+    return {std::max(openingSize.width(), wanted), openingSize.height()};
 }
 
 void CNbCwBegleftDlg::buildControls() {
@@ -118,6 +118,9 @@ QWidget* CNbCwBegleftDlg::buildHeading() {
     m_mode->setObjectName(QStringLiteral("mode"));
     m_mode->setAccessibleName(shown(opening_texts::mode));
     m_mode->setReadOnly(true);
+    QPalette colours = m_mode->palette();
+    colours.setColor(QPalette::Base, palette().color(QPalette::Window));
+    m_mode->setPalette(colours);
     m_mode->setFixedWidth(modeCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     line->addWidget(m_mode);
     const std::pair<const char*, QColor> legend[] = {
@@ -149,11 +152,10 @@ QWidget* CNbCwBegleftDlg::buildTotals() {
     m_debits->setObjectName(QStringLiteral("debits"));
     m_credits->setObjectName(QStringLiteral("credits"));
     m_difference->setObjectName(QStringLiteral("difference"));
-    line->addStretch(1);
-    m_account = new QLabel(totals);
+    m_account = new chengheng::ElidedLabel(totals);
     m_account->setObjectName(QStringLiteral("account"));
-    m_account->setTextFormat(Qt::PlainText);
-    line->addWidget(m_account);
+    m_account->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    line->addWidget(m_account, 1);
     return totals;
 }
 

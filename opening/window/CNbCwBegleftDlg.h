@@ -76,7 +76,7 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
         int column = 0;
     };
 
-    /// As wide as the columns, where the screen has room for them.
+    /// As wide as the columns.
     QSize fittingSize() const;
     void buildControls();
     QWidget* buildHeading();
@@ -89,6 +89,8 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     const chengheng::OpeningSheet& sheet() const { return m_work.sheet(); }
     bool hasLine() const;
     std::size_t currentLine() const;
+    /// Where the typing begins: the first line that takes a figure.
+    std::size_t firstLine() const;
     std::size_t openingColumn() const;
     std::size_t firstFigureColumn() const;
     Place placeAt(const QModelIndex& index) const;

@@ -33,6 +33,11 @@ std::size_t CNbCwBegleftDlg::currentLine() const {
     return static_cast<std::size_t>(m_grid->currentIndex().row());
 }
 
+std::size_t CNbCwBegleftDlg::firstLine() const {
+    if (sheet().lineCount() == 0 || sheet().isEditable(0, openingColumn())) return 0;
+    return sheet().nextEditable(0, 1).value_or(0);
+}
+
 std::size_t CNbCwBegleftDlg::openingColumn() const {
     return chengheng::placeOf(chengheng::OpeningField::opening, sheet().layout());
 }

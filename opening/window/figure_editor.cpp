@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include "host/screen/colours.h"
 #include "opening/typing_separators.h"
 
 namespace chengheng {
@@ -56,6 +57,9 @@ QWidget* FigureEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&
     field->setAlignment(Qt::AlignRight);
     field->setMaxLength(longestText);
     field->setFrame(false);
+    QPalette palette = field->palette();
+    palette.setColor(QPalette::Base, colours::found);
+    field->setPalette(palette);
     connect(field, &QLineEdit::textEdited, field, [field] { separate(*field); });
     emit begun();
     return field;

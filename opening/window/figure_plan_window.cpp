@@ -24,15 +24,15 @@ namespace {
 namespace texts = opening_texts;
 
 constexpr int planTemplate = 127;
-constexpr QSize openingSize(860, 520);
+constexpr QSize openingSize(900, 520);
 constexpr std::array planColumns{
-    GridColumn{"单元格", 9},
-    GridColumn{"结果", 8, CellAlignment::centre},
-    GridColumn{"科目编码", 18},
-    GridColumn{"内容", 18},
-    GridColumn{"原来", 20, CellAlignment::number},
-    GridColumn{"改为", 20, CellAlignment::number},
-    GridColumn{"说明", 30},
+    GridColumn{"单元格", 8},
+    GridColumn{"结果", 6, CellAlignment::centre},
+    GridColumn{"科目编码", 14},
+    GridColumn{"内容", 16},
+    GridColumn{"原来", 18, CellAlignment::number},
+    GridColumn{"改为", 18, CellAlignment::number},
+    GridColumn{"说明", 26},
 };
 
 QString shown(const char* text) { return QString::fromUtf8(text); }

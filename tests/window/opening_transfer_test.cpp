@@ -94,6 +94,34 @@ TEST_F(OpeningTransferTest, CopiesTheSelectedCells) {
     EXPECT_EQ(QApplication::clipboard()->text(), "1,234.50\n0.00\n");
 }
 
+TEST_F(OpeningTransferTest, CopiesABlockWithoutItsHiddenColumns) {
+    books->addRows("100201", 12, 1234.5);
+    open();
+    window->stand(1, 0);
+    window->press(Qt::Key_Down, Qt::ShiftModifier);
+    window->press(Qt::Key_End, Qt::ShiftModifier);
+    window->press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              "1002\t科目1002\t借\t\t1,234.50\n100201\t 科目100201\t借\t\t1,234.50\n");
+}
+
+TEST_F(OpeningTransferTest, PastesABlockOfBooksThatBeginMidYear) {
+    make(OpeningLayout::midYear);
+    addSomeAccounts();
+    open();
+    paste("100\t20\t5\t115\n\n1\t2\t3\t0\n", [](QWidget& plan) {
+        EXPECT_TRUE(hasLabelText(plan, "修改 7 格,不变 1 格,略过 0 格,拒绝 0 格。"));
+        EXPECT_EQ(planCell(plan, 3, 0), "D1");
+        pressButton(plan, "写入");
+    });
+    EXPECT_EQ(window->cell(0, 4), "100.00");
+    EXPECT_EQ(window->cell(0, 7), "115.00");
+    EXPECT_EQ(window->cell(2, 7), "0.00");
+    EXPECT_EQ(window->cell(1, 6), "3.00");
+    window->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->column(7), zeros);
+}
+
 TEST_F(OpeningTransferTest, ExportsAFileThatImportsAgain) {
     books->addRows("1001", 12, 1234.5);
     const std::string path = freshFolder() + "/openings.csv";

@@ -330,8 +330,30 @@ TEST_F(OpeningTypingTest, TypesTwoHundredBalancesAndUndoesAndRedoesFifty) {
     for (int step = 0; step < 50; ++step) window->press(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(window->column(opening), typed);
     EXPECT_FALSE(window->isEnabled("重做"));
+    messages().willAnswer(Answer::no);
+    window->close();
+    EXPECT_TRUE(window->isVisible());
     messages().willAnswer(Answer::yes);
     window->close();
+    EXPECT_FALSE(window->isVisible());
     open();
     EXPECT_EQ(window->column(opening), typed);
+}
+
+TEST_F(OpeningTypingTest, LosesNothingThatAnotherWorkstationTypesMeanwhile) {
+    open();
+    OpeningWork other(messages());
+    ASSERT_TRUE(other.refresh());
+    window->stand(2, opening);
+    window->type("5");
+    EXPECT_TRUE(other.endEdit(3, opening, "7"));
+    EXPECT_TRUE(other.endEdit(0, opening, "1"));
+    ASSERT_TRUE(window->isEditing());
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->column(opening), (Texts{"1.00", "12.00", "5.00", "7.00", "0.00"}));
+    EXPECT_EQ(window->grid().currentRow(), 3);
+    EXPECT_EQ(window->label("debits"), "借方合计:13.00");
+    EXPECT_TRUE(other.refresh());
+    EXPECT_EQ(other.sheet().text(1, opening), "12.00");
+    EXPECT_TRUE(messages().texts().empty());
 }

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QFrame>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QTimer>
 
 #include "host/screen/CBalanceTableDlg.h"
@@ -83,6 +84,30 @@ TEST_F(OpeningWindowTest, KeepsCodeAndNameInSightWhileItIsScrolledSideways) {
     EXPECT_TRUE(frozen.isVisible());
     EXPECT_FALSE(frozen.isColumnHidden(1));
     EXPECT_TRUE(frozen.isColumnHidden(2));
+}
+
+TEST_F(OpeningWindowTest, BeginsOnTheFirstAccountThatTakesAFigure) {
+    make();
+    books->addAccounts({"1001", "1002", "100201"});
+    books->change("1001", "sAssBook = 'B'");
+    open();
+    EXPECT_EQ(window->grid().currentRow(), 2);
+    EXPECT_EQ(window->grid().currentIndex().column(), opening);
+    window->type("5");
+    EXPECT_TRUE(window->isEditing());
+    window->press(Qt::Key_Escape);
+}
+
+TEST_F(OpeningWindowTest, KeepsItsWidthHoweverLongTheNameOfAnAccountIs) {
+    make(OpeningLayout::midYear);
+    books->addAccounts({"1001"});
+    const std::string name(200, 'W');
+    books->change("1001", "sName = '" + name + "'");
+    open();
+    EXPECT_EQ(window->label("account"), "1001 " + name);
+    EXPECT_LT(window->minimumSizeHint().width(), 800);
+    EXPECT_LE(window->width(), window->screen()->availableGeometry().width());
+    EXPECT_LE(window->height(), window->screen()->availableGeometry().height());
 }
 
 TEST_F(OpeningWindowTest, HasItsMenusInTheStatedOrder) {
