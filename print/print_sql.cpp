@@ -5,12 +5,14 @@
 namespace chengheng::print_sql {
 
 std::string columnsOf(std::int32_t templateNumber) {
-    return formatSql("select sColName, byWidth from ZWPrintSub where lTieId = %d", templateNumber);
+    return formatSql("select sColName, byWidth from ZWPrintSub where lTieId = %d ORDER BY lId",
+                     templateNumber);
 }
 
 std::string fieldColumnsOf(std::int32_t templateNumber) {
-    return formatSql("select sColName, sFiled, byWidth from ZWPrintSub where lTieId = %d",
-                     templateNumber);
+    return formatSql(
+        "select sColName, sFiled, byWidth from ZWPrintSub where lTieId = %d ORDER BY lId",
+        templateNumber);
 }
 
 std::string fixedRatesOf(std::int32_t currency) {

@@ -5,7 +5,8 @@
 
 namespace chengheng::print_sql {
 
-/// Heading and width of a template's columns, in their order.
+/// Heading and width of a template's columns, in the order of their ids: left to itself a server
+/// gives a changed row last.
 std::string columnsOf(std::int32_t templateNumber);
 /// The same with the field that fills each.
 std::string fieldColumnsOf(std::int32_t templateNumber);

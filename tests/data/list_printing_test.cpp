@@ -19,6 +19,7 @@
 #include "tests/support/recording_messages.h"
 #include "tests/support/recording_printer.h"
 #include "tests/support/report_rows.h"
+#include "tests/support/small_books.h"
 
 namespace chengheng {
 namespace {
@@ -126,6 +127,29 @@ TEST_P(ListPrinting, KeepsTheOrderOfTheTemplatesColumnsAndLeavesTheRestEmpty) {
     print(settlementList());
     EXPECT_THAT(columnTexts(onlyReport()), ElementsAre("A 3", "B 4", "C 5", "D 6"));
     EXPECT_EQ(rowTexts(onlyReport()).at(1), "2|转帐支票|√|-");
+}
+
+TEST_P(ListPrinting, KeepsTheColumnsInTheirOrderWhenOneOfThemWasWidened) {
+    addMethods();
+    // A server that knows how small the table is reads it as it lies, changed rows last.
+    runScript(m_engine->real(), "ANALYZE");
+    run("UPDATE ZWPrintSub SET byWidth = 12 WHERE lTieId = 35 AND sColName = '方式号'");
+    print(settlementList());
+    EXPECT_THAT(columnTexts(onlyReport()),
+                ElementsAre("方式号 12", "方式名 30", "使用支票登记簿 18"));
+    EXPECT_EQ(rowTexts(onlyReport()).at(1), "2|转帐支票|√");
+}
+
+TEST_P(ListPrinting, PrintsEveryColumnWhateverWidthTheTemplateGivesIt) {
+    addMethods();
+    for (const char* width : {"0", "255"}) {
+        run(std::string("UPDATE ZWPrintSub SET byWidth = ") + width + " WHERE lTieId = 35");
+        print(settlementList());
+        const Report& report = m_printer.outputs.back().report;
+        for (const ReportColumn& column : report.columns)
+            EXPECT_EQ(std::to_string(column.width), width);
+        EXPECT_EQ(report.rowCount(), 3u);
+    }
 }
 
 TEST_P(ListPrinting, TurnsThePageForATemplateThatIsNotUpright) {
