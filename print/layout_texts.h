@@ -7,6 +7,8 @@ inline constexpr const char* faultyFile = "版面文件“{}”第{}行有误:{}
 inline constexpr const char* missingFile =
     "找不到版面文件“{}”。\n请重新安装程序,或把版面文件放回原处。";
 inline constexpr const char* unreadableFile = "无法读取版面文件“{}”。\n详细信息:{}";
+inline constexpr const char* noRoomOnPaper =
+    "打印模板的纸上,除去版面文件“{}”的页边、页眉、标题和页脚后,没有地方放表格。\n没有打印。";
 
 inline constexpr const char* notUtf8 = "不是UTF-8文字";
 inline constexpr const char* noVersion = "第一个内容应该是“rpn 1”";

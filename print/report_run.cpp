@@ -1,6 +1,10 @@
 #include "print/report_run.h"
 
+#include <fmt/format.h>
+
 #include "host/services/GetPrintFile.h"
+#include "print/layout_settings.h"
+#include "print/layout_texts.h"
 
 namespace chengheng {
 namespace {
@@ -23,18 +27,21 @@ struct ReportArrays {
     std::vector<const char*> cells;
 };
 
+Notice warning(std::string text) {
+    return {.text = std::move(text), .icon = MessageIcon::warning, .beep = true};
+}
+
 }  // namespace
 
 std::optional<Notice> runReport(const Report& report,
                                 const std::function<void(CReport& report)>& put) {
     const ReportArrays arrays(report);
+    const std::string layoutFile = GetPrintFile(report.layoutFile.c_str());
     CReport engine;
     const int result = engine.StructTheRpt(
-        GetPrintFile(report.layoutFile.c_str()).c_str(), arrays.cells.data(),
-        static_cast<int>(arrays.cells.size()), static_cast<int>(arrays.headings.size()),
-        arrays.headings.data(), arrays.widths.data(), 0);
-    if (result != 0)
-        return Notice{.text = engine.fault(), .icon = MessageIcon::warning, .beep = true};
+        layoutFile.c_str(), arrays.cells.data(), static_cast<int>(arrays.cells.size()),
+        static_cast<int>(arrays.headings.size()), arrays.headings.data(), arrays.widths.data(), 0);
+    if (result != 0) return warning(engine.fault());
     ReportExtension& extension = StructRPTExt(engine);
     extension.page = {.byPaper = report.page.paper,
                       .bSetting = report.page.isPortrait ? uprightPage : turnedPage,
@@ -47,6 +54,9 @@ std::optional<Notice> runReport(const Report& report,
     engine.setHeadingLine(1, report.title);
     engine.setHeadingLine(2, "");
     StructRPTExt(engine);
+    // The file has room on its own paper; the template may name a smaller one.
+    if (!hasRoomForTable(engine.layout()))
+        return warning(fmt::format(fmt::runtime(layout_texts::noRoomOnPaper), layoutFile));
     put(engine);
     return std::nullopt;
 }

@@ -87,6 +87,17 @@ TEST(ReportRun, SaysWhyAndPutsNothingWhenTheLayoutFileIsBroken) {
     EXPECT_THAT(notice->text, HasSubstr("Normal.rpn”第3行有误:“A9”应该是"));
 }
 
+TEST(ReportRun, SaysWhyAndPutsNothingWhenTheTemplatesPaperLeavesNoRoomForTheTable) {
+    const OwnLayout layout("rpn 1\n[page]\nmargins = 10 85 10 85\n");
+    Report report = sampleReport({10});
+    EXPECT_FALSE(runReport(report, [](CReport&) {}));
+    report.page.paper = 11;
+    const auto notice = runReport(report, [](CReport&) { FAIL() << "A5 has no room"; });
+    ASSERT_TRUE(notice);
+    EXPECT_THAT(notice->text, HasSubstr("Normal.rpn"));
+    EXPECT_THAT(notice->text, HasSubstr("没有地方放表格"));
+}
+
 TEST(ReportRun, TakesTheLayoutFileThatTheReportNames) {
     const OwnLayout layout("rpn 1\n[page]\npaper = A5\n", "DivideW.rpn");
     Report report = sampleReport({10});
