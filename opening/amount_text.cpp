@@ -19,9 +19,10 @@ struct Rewriting {
     char to;
 };
 
-constexpr std::array rewritings{Rewriting{"。", '.'}, Rewriting{"　", ' '}, Rewriting{"−", '-'},
-                                Rewriting{"×", '*'},  Rewriting{"÷", '/'},  Rewriting{"￥", ' '},
-                                Rewriting{"¥", ' '}};
+constexpr std::array rewritings{
+    Rewriting{"。", '.'}, Rewriting{"　", ' '}, Rewriting{"−", '-'},  Rewriting{"×", '*'},
+    Rewriting{"÷", '/'},  Rewriting{"￥", ' '}, Rewriting{"¥", ' '},  Rewriting{"\u00A0", ' '},
+    Rewriting{"\t", ' '}, Rewriting{"\n", ' '}, Rewriting{"\r", ' '}, Rewriting{"\u2028", ' '}};
 
 /// The wide forms of the letters "!" to "~" are U+FF01 to U+FF5E.
 std::optional<char> narrowForm(std::string_view text) {

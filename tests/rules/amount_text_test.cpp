@@ -35,6 +35,9 @@ TEST(TypedAmounts, RoundHalfAwayFromZero) {
 TEST(Amounts, AreReadWithSignsSeparatorsAndBlanks) {
     EXPECT_EQ(read("1234.5"), 1234.5);
     EXPECT_EQ(read(" -1,234,567.89 "), -1234567.89);
+    EXPECT_EQ(read("1,234.50\r\n"), 1234.5);
+    EXPECT_EQ(read("\t5\u00A0"), 5);
+    EXPECT_EQ(readAmount("1\n2"), std::nullopt);
     EXPECT_EQ(read("+12"), 12);
     EXPECT_EQ(read("12,3"), 123);
     EXPECT_EQ(read(".5"), 0.5);
