@@ -165,6 +165,16 @@ void CVCF1::keyPressEvent(QKeyEvent* event) {
     emit keyDown(event->key(), event->modifiers());
 }
 
+void CVCF1::inputMethodEvent(QInputMethodEvent* event) {
+    const QWidget* before = indexWidget(currentIndex());
+    QTableView::inputMethodEvent(event);
+    // A text that was not composed first, such as a wide digit, opens an editor and is lost.
+    QWidget* editor = indexWidget(currentIndex());
+    const bool isWhole = !event->commitString().isEmpty() && event->preeditString().isEmpty();
+    if (isWhole && editor != nullptr && before == nullptr)
+        QCoreApplication::sendEvent(editor, event);
+}
+
 void CVCF1::keyReleaseEvent(QKeyEvent* event) {
     QTableView::keyReleaseEvent(event);
     if (!event->isAutoRepeat()) emit keyUp(event->key());

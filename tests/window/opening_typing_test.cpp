@@ -1,3 +1,6 @@
+#include <QApplication>
+#include <QClipboard>
+
 #include "tests/window/opening_fixture.h"
 
 using namespace chengheng;
@@ -117,6 +120,35 @@ TEST_F(OpeningTypingTest, ReckonsSumsAndShowsNegativesInRed) {
     window->press(Qt::Key_Return);
     EXPECT_EQ(window->cell(0, opening), "-3.00");
     EXPECT_GT(window->colour(0, opening, Qt::ForegroundRole).red(), 150);
+}
+
+TEST_F(OpeningTypingTest, TakesTheWideDigitsOfAnInputMethod) {
+    open();
+    typeText(&window->grid(), "１２３４．５");
+    ASSERT_TRUE(window->isEditing());
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(0, opening), "1,234.50");
+    typeText(&window->grid(), "＝１０＋５");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(2, opening), "15.00");
+}
+
+TEST_F(OpeningTypingTest, TakesACellOfASpreadsheetThatIsPastedIntoAnEdit) {
+    open();
+    QApplication::clipboard()->setText("1,234.50\n");
+    window->press(Qt::Key_F2);
+    window->press(Qt::Key_V, Qt::ControlModifier);
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(0, opening), "1,234.50");
+}
+
+TEST_F(OpeningTypingTest, GoesOnFromAnEditWithThePageKeys) {
+    open();
+    window->type("5");
+    window->press(Qt::Key_PageDown);
+    EXPECT_FALSE(window->isEditing());
+    EXPECT_EQ(window->cell(0, opening), "5.00");
+    EXPECT_EQ(window->grid().currentRow(), 4);
 }
 
 TEST_F(OpeningTypingTest, DoesNotEditAccountsAboveOthers) {

@@ -287,6 +287,23 @@ TEST_F(OpeningWindowTest, OffersItsCommandsOnARightClick) {
                            "调余额方向", "|", "查找", "刷新", "试算平衡", "不平衡的可能原因"}));
 }
 
+TEST_F(OpeningWindowTest, KeepsTheSelectionThatARightClickFallsOn) {
+    make();
+    addSomeAccounts();
+    open();
+    window->stand(2, opening);
+    window->press(Qt::Key_Down, Qt::ShiftModifier);
+    const auto middle = [&](int row) {
+        return window->grid().visualRect(window->grid().model()->index(row, opening)).center();
+    };
+    const auto selected = [&] { return window->grid().selectionModel()->selectedIndexes().size(); };
+    QTest::mouseClick(window->grid().viewport(), Qt::RightButton, {}, middle(2));
+    EXPECT_EQ(selected(), 2);
+    QTest::mouseClick(window->grid().viewport(), Qt::RightButton, {}, middle(4));
+    EXPECT_EQ(selected(), 1);
+    EXPECT_EQ(window->grid().currentRow(), 4);
+}
+
 TEST_F(OpeningWindowTest, SaysWhichProgramItBelongsTo) {
     make();
     open();
