@@ -14,6 +14,7 @@
 #include "opening/direction_adjust.h"
 #include "opening/opening_texts.h"
 #include "opening/opening_transfer.h"
+#include "opening/posting.h"
 #include "opening/saving.h"
 #include "opening/zero_row_sweep.h"
 
@@ -23,6 +24,7 @@ namespace {
 Status sweepAndRead(OpeningBooks& books) {
     UnitOfWork unit(*g_pDB);
     Status status = unit.status();
+    if (status) status = holdSums(*g_pDB);
     if (status) status = sweepZeroRows(*g_pDB);
     if (status) status = readOpeningBooks(*g_pDB, books);
     return status ? unit.commit() : status;

@@ -86,6 +86,12 @@ std::string postingBatch(const OpeningAccount& account, const StoredSums& stored
     return batch;
 }
 
+Status holdSums(CNbCwDB& database) {
+    // In a unit of work the row of the last id stays with who reads it.
+    database.AccSum_GetLastId();
+    return database.lastStatus();
+}
+
 Status readStoredSums(CNbCwDB& database, const OpeningAccount& account, OpeningLayout layout,
                       StoredSums& stored) {
     const std::string condition =

@@ -44,6 +44,10 @@ bool deservesRows(const OpeningAccount& account, OpeningLayout layout);
 std::string postingBatch(const OpeningAccount& account, const StoredSums& stored,
                          OpeningLayout layout, std::int32_t lastId);
 
+/// To be called first in a unit of work that writes rows by what it reads: whoever does the same
+/// at another workstation waits for the end of this unit.
+Status holdSums(CNbCwDB& database);
+
 /// The rows of an account in the selected database.
 Status readStoredSums(CNbCwDB& database, const OpeningAccount& account, OpeningLayout layout,
                       StoredSums& stored);

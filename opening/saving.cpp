@@ -19,6 +19,7 @@ Status saveOpeningBooks(CNbCwDB& database, OpeningBooks& books) {
     UnitOfWork unit(database);
     OpeningBooks read;
     Status status = unit.status();
+    if (status) status = holdSums(database);
     if (status) status = sweepZeroRows(database);
     if (status) status = readOpeningBooks(database, read);
     if (status && !read.sheet.isBrowsing()) status = postParents(database, read.sheet);

@@ -111,7 +111,7 @@ Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& 
 
 Result StepWriter::run(const StepMaker& make) {
     bool isBrowsing = false;
-    if (!readIsBrowsing(*g_pDB, isBrowsing)) return Result::failed();
+    if (!holdSums(*g_pDB) || !readIsBrowsing(*g_pDB, isBrowsing)) return Result::failed();
     if (isBrowsing) return Result::stale({.text = opening_texts::vouchersMeanwhile});
     m_step = make(m_books.sheet);
     if (m_step.empty()) return Result::done();

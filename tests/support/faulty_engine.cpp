@@ -43,6 +43,7 @@ void FaultyEngine::failCall(int number, Failure failure) {
 Status FaultyEngine::enter() {
     ++m_calls;
     if (m_calls == m_dieAt) raise(SIGKILL);
+    if (m_calls == m_happensAt) m_happening();
     if (m_isLost) return Status::of(Failure::lost, explanation);
     if (m_calls != m_failAt) return Status::done();
     m_isLost = m_failure == Failure::lost;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "data/engines/engine.h"
 
@@ -21,6 +23,11 @@ class FaultyEngine final : public Engine {
     void failCall(int number, Failure failure = Failure::full);
     /// The process ends before the n-th call from now on, as a power failure would end it.
     void dieAtCall(int number) { m_dieAt = m_calls + number; }
+    /// Something happens before the n-th call from now on; 0 lets nothing happen.
+    void beforeCall(int number, std::function<void()> happening) {
+        m_happensAt = m_calls + number;
+        m_happening = std::move(happening);
+    }
     /// Calls since the last failCall.
     int calls() const { return m_calls; }
     /// Whether the call that was to fail was reached.
@@ -61,6 +68,8 @@ class FaultyEngine final : public Engine {
     Failure m_failure = Failure::none;
     int m_failAt = 0;
     int m_dieAt = 0;
+    int m_happensAt = 0;
+    std::function<void()> m_happening;
     int m_calls = 0;
     bool m_isLost = false;
 };
