@@ -46,6 +46,12 @@ class EditJournal {
     /// That this has happened.
     void undone() { --m_done; }
     void redone() { ++m_done; }
+    /// That it never will.
+    void forgetUndo() {
+        --m_done;
+        forgetRedo();
+    }
+    void forgetRedo() { m_steps.erase(m_steps.begin() + static_cast<std::ptrdiff_t>(m_done)); }
 
   private:
     std::vector<EditStep> m_steps;

@@ -50,8 +50,10 @@ class ExactSum {
 
     void addInexact(double amount) {
         const double sum = m_rest + amount;
-        m_lost += std::fabs(m_rest) >= std::fabs(amount) ? (m_rest - sum) + amount
-                                                         : (amount - sum) + m_rest;
+        // Beyond all numbers nothing is lost.
+        if (std::isfinite(sum))
+            m_lost += std::fabs(m_rest) >= std::fabs(amount) ? (m_rest - sum) + amount
+                                                             : (amount - sum) + m_rest;
         m_rest = sum;
     }
     ExactSum& addSum(const ExactSum& other, int sign) {

@@ -56,12 +56,12 @@ bool OpeningWork::refresh() {
     return true;
 }
 
-bool OpeningWork::write(const StepMaker& make, EditStep& written) {
+Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
     StepWriter writer(m_books);
     const Outcome outcome = writer.write(m_messages, make, written);
     if (writer.hasReadAnew()) ++m_readings;
     if (outcome == Outcome::stale) refresh();
-    return outcome == Outcome::done;
+    return outcome;
 }
 
 bool OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
@@ -77,7 +77,7 @@ bool OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
     if (typedStep(sheet(), figures).empty()) return true;
     EditStep written;
     const auto make = [&](const OpeningSheet& current) { return typedStep(current, figures); };
-    if (!write(make, written)) return false;
+    if (write(make, written) != Outcome::done) return false;
     m_journal.add(std::move(written));
     return true;
 }
@@ -105,24 +105,25 @@ bool OpeningWork::exportTo(const std::string& path) {
     return !failure || tell(failure->text());
 }
 
-bool OpeningWork::goTo(const EditStep* step, void (EditJournal::*arrived)()) {
+bool OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),
+                       void (EditJournal::*forget)()) {
     m_isChanged = true;
     EditStep written;
-    if (!write([step](const OpeningSheet&) { return *step; }, written)) return false;
-    (m_journal.*arrived)();
-    return true;
+    const Outcome outcome = write([&step](const OpeningSheet&) { return step; }, written);
+    if (outcome == Outcome::done) (m_journal.*arrived)();
+    // Vouchers may go again.
+    if (outcome == Outcome::stale && !isBrowsing()) (m_journal.*forget)();
+    return outcome == Outcome::done;
 }
 
 bool OpeningWork::undo() {
-    if (!canUndo()) return false;
-    const EditStep back = reversed(*m_journal.toUndo());
-    return goTo(&back, &EditJournal::undone);
+    return canUndo() &&
+           goTo(reversed(*m_journal.toUndo()), &EditJournal::undone, &EditJournal::forgetUndo);
 }
 
 bool OpeningWork::redo() {
-    if (!canRedo()) return false;
-    const EditStep again = *m_journal.toRedo();
-    return goTo(&again, &EditJournal::redone);
+    return canRedo() &&
+           goTo(EditStep(*m_journal.toRedo()), &EditJournal::redone, &EditJournal::forgetRedo);
 }
 
 TrialBalance OpeningWork::trialBalance() {

@@ -58,6 +58,7 @@ class OpeningWork {
     std::optional<FigurePlan> planImport(const std::string& path);
     /// Writes the sheet as such a file, by the end of its name.
     bool exportTo(const std::string& path);
+    /// A step whose accounts or figures another workstation has changed is told and forgotten.
     bool undo();
     bool redo();
 
@@ -82,8 +83,8 @@ class OpeningWork {
     bool mayClose();
 
   private:
-    bool write(const StepMaker& make, EditStep& written);
-    bool goTo(const EditStep* step, void (EditJournal::*arrived)());
+    Outcome write(const StepMaker& make, EditStep& written);
+    bool goTo(const EditStep& step, void (EditJournal::*arrived)(), void (EditJournal::*forget)());
 
     IMessages& m_messages;
     OpeningBooks m_books;

@@ -20,12 +20,14 @@ constexpr LockLists lockLists{"Code", "AccSum"};
 /// From here on reading everything anew costs less than comparing row by row.
 constexpr std::size_t manyChanges = 64;
 
+/// A figure that is no longer what the step replaces was typed by somebody else.
 bool isAllowed(const OpeningSheet& sheet, const CellChange& change) {
     const auto place = sheet.placeOfId(change.accountId);
     if (!place) return false;
     const OpeningAccount& account = sheet.accounts()[*place];
     return account.isEnd && !account.isAuxiliary() && account.keeps(change.measure) &&
-           std::ranges::count(sheet.figures(), change.figure) == 1;
+           std::ranges::count(sheet.figures(), change.figure) == 1 &&
+           account.balance(change.measure).*change.figure == change.before;
 }
 
 bool areAllowed(const OpeningSheet& sheet, const EditStep& step) {
@@ -33,16 +35,32 @@ bool areAllowed(const OpeningSheet& sheet, const EditStep& step) {
         step, [&sheet](const CellChange& change) { return isAllowed(sheet, change); });
 }
 
-bool isTooLarge(const CellChange& change) { return std::fabs(change.after) >= leastTooLarge; }
+/// Whether an amount means in one sheet what it means in the other.
+bool isSameMeaning(const OpeningAccount& one, const OpeningAccount& other) {
+    return one.code == other.code && one.isDebit == other.isDebit &&
+           one.currency == other.currency && one.hasQuantity == other.hasQuantity;
+}
 
-/// Sets the figures and notes what they replace.
-void apply(OpeningSheet& sheet, EditStep& step) {
+/// Whether the step's accounts are in the fresh sheet what they are in the one it was made for.
+bool areSameAccounts(const OpeningSheet& sheet, const OpeningSheet& fresh, const EditStep& step) {
+    return std::ranges::all_of(step, [&](const CellChange& change) {
+        const auto place = sheet.placeOfId(change.accountId);
+        const auto freshPlace = fresh.placeOfId(change.accountId);
+        return place && freshPlace &&
+               isSameMeaning(sheet.accounts()[*place], fresh.accounts()[*freshPlace]);
+    });
+}
+
+bool isTooLarge(const EditStep& step) {
+    return std::ranges::any_of(
+        step, [](const CellChange& change) { return std::fabs(change.after) >= leastTooLarge; });
+}
+
+void setFigures(OpeningSheet& sheet, const EditStep& step) {
     std::set<std::size_t> changed;
-    for (CellChange& change : step) {
+    for (const CellChange& change : step) {
         const std::size_t place = *sheet.placeOfId(change.accountId);
-        double& figure = sheet.accounts()[place].balance(change.measure).*change.figure;
-        change.before = figure;
-        figure = change.after;
+        sheet.accounts()[place].balance(change.measure).*change.figure = change.after;
         changed.insert(place);
     }
     if (changed.size() >= manyChanges) return sheet.rollUp();
@@ -115,20 +133,20 @@ Result StepWriter::run(const StepMaker& make) {
     if (isBrowsing) return Result::stale({.text = opening_texts::vouchersMeanwhile});
     m_step = make(m_books.sheet);
     if (m_step.empty()) return Result::done();
-    if (std::ranges::any_of(m_step, isTooLarge))
-        return Result::refused({.text = opening_texts::tooLarge, .beep = true});
     bool isCurrent = m_step.size() < manyChanges && areAllowed(m_books.sheet, m_step);
     if (isCurrent && !compareWithStored(isCurrent)) return Result::failed();
     if (!isCurrent) {
         m_fresh.emplace();
         if (!readOpeningBooks(*g_pDB, *m_fresh)) return Result::failed();
         m_step = make(m_fresh->sheet);
-        if (!areAllowed(m_fresh->sheet, m_step))
+        if (!areAllowed(m_fresh->sheet, m_step) ||
+            !areSameAccounts(m_books.sheet, m_fresh->sheet, m_step))
             return Result::stale({.text = opening_texts::chartMeanwhile});
         collectPlaces(m_fresh->sheet);
     }
+    if (isTooLarge(m_step)) return Result::refused({.text = opening_texts::tooLarge, .beep = true});
     OpeningSheet& sheet = m_fresh ? m_fresh->sheet : m_books.sheet;
-    apply(sheet, m_step);
+    setFigures(sheet, m_step);
     return post(sheet) ? Result::done() : Result::failed();
 }
 

@@ -175,6 +175,44 @@ TEST_P(Opening, RefusesAnEditOfAnAccountDeletedMeanwhile) {
     EXPECT_EQ(m_books.rows(), Texts{});
 }
 
+TEST_P(Opening, RefusesAnEditOfAnAccountWhoseMeaningAnotherWorkstationChanged) {
+    for (const char* change : {"bDirect = 0", "byExchId = 1", "sCode = '1009'"}) {
+        m_books.change("1001", change);
+        EXPECT_FALSE(m_books.type("1001", "5")) << change;
+        EXPECT_EQ(messages().texts(), Texts{opening_texts::chartMeanwhile}) << change;
+        EXPECT_EQ(m_books.rows(), Texts{}) << change;
+        messages().forget();
+    }
+    EXPECT_TRUE(m_books.type("1009", "5"));
+}
+
+TEST_P(Opening, UndoesNothingThatAnotherWorkstationTypedOver) {
+    m_books.type("1001", "1");
+    m_books.type("1405", "2");
+    m_books.books().run("UPDATE AccSum SET mBegin = 9 WHERE lCodeId = " +
+                        std::to_string(m_books.idOf("1405")));
+    EXPECT_FALSE(work().undo());
+    EXPECT_EQ(messages().texts(), Texts{opening_texts::chartMeanwhile});
+    EXPECT_EQ(m_books.shown("1405"), "9.00");
+    EXPECT_TRUE(work().undo()) << "the step before";
+    EXPECT_EQ(m_books.openings("1001"), allPeriods("0"));
+    m_books.books().run("UPDATE AccSum SET mBegin = 8 WHERE lCodeId = " +
+                        std::to_string(m_books.idOf("1001")));
+    EXPECT_FALSE(work().redo());
+    EXPECT_EQ(m_books.openings("1001"), allPeriods("8"));
+    EXPECT_FALSE(work().canRedo());
+}
+
+TEST_P(Opening, KeepsAStepToBeUndoneWhileVouchersAreThere) {
+    m_books.type("1001", "1");
+    m_books.addVoucher();
+    EXPECT_FALSE(work().undo());
+    EXPECT_EQ(messages().texts(), Texts{opening_texts::vouchersMeanwhile});
+    m_books.books().run("DELETE FROM RegMain WHERE lId > 0");
+    work().refresh();
+    EXPECT_TRUE(work().undo());
+}
+
 TEST_P(Opening, AllowsTheCarryForwardOnlyIntoEmptyBooks) {
     EXPECT_TRUE(work().mayCarryForward());
     m_books.type("1001", "5");
@@ -343,6 +381,15 @@ TEST_P(MidYearOpening, KeepsTheFiguresOfForeignCurrency) {
     EXPECT_EQ(m_books.shown("100202", foreign), "7.00");
     EXPECT_EQ(m_books.rowsOf("100202")[0], "1: 100202 1 foreign 5 received 2");
     EXPECT_EQ(m_books.rowsOf("100202")[1], "2: 100202 2 foreign 7");
+}
+
+TEST_P(MidYearOpening, RefusesAnOpeningThatBecomesTooLargeWithWhatAnotherWorkstationTyped) {
+    type("100201", "1", OpeningField::yearStart);
+    m_books.books().run("UPDATE AccSum SET mBegin = 9e12 WHERE lCodeId = " +
+                        std::to_string(m_books.idOf("100201")));
+    EXPECT_FALSE(type("100201", "9000000000000", OpeningField::debit));
+    EXPECT_EQ(m_books.messages().texts(), Texts{opening_texts::tooLarge});
+    EXPECT_EQ(m_books.rowsOf("100201")[0], "1: 100201 1 begin 9000000000000");
 }
 
 TEST_P(MidYearOpening, TurnsADirectionByTheOpeningBalanceAlone) {

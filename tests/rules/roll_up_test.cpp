@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <random>
 
 #include "data/numbers.h"
@@ -197,6 +198,19 @@ TEST(ExactSums, CarryAlongWhatOtherAmountsLose) {
     sum.add(0.001);
     sum.subtract(1e15 + 0.125);
     EXPECT_DOUBLE_EQ(sum.value(), 0.001);
+}
+
+TEST(ExactSums, AreInfiniteWhereAnAmountIs) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    MoneySum sum;
+    sum.add(5);
+    sum.add(-infinity);
+    sum.add(0.001);
+    EXPECT_EQ(sum.value(), -infinity);
+    MoneySum largest;
+    largest.add(1.7e308);
+    largest.add(1.7e308);
+    EXPECT_EQ(largest.value(), infinity);
 }
 
 TEST(ExactSums, AddSumsToSums) {

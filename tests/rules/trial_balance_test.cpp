@@ -151,6 +151,12 @@ TEST(TrialBalances, BalanceWithinAHundredThousandth) {
     EXPECT_TRUE(withTotals(100, 100.000009).isBalanced());
 }
 
+TEST(TrialBalances, StillBalanceAtAHundredThousandth) {
+    EXPECT_TRUE(withTotals(0.00001, 0).isBalanced());
+    EXPECT_TRUE(withTotals(0, 0.00001).isBalanced());
+    EXPECT_FALSE(withTotals(0.0000100001, 0).isBalanced());
+}
+
 TEST(TrialBalances, DoNotBalanceBeyondItAndThenShowADifferenceOfNothing) {
     const TrialBalance balance = withTotals(100.00002, 100);
     EXPECT_FALSE(balance.isBalanced());
