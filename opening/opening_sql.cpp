@@ -88,8 +88,10 @@ void setLastId(std::string& batch, std::int32_t lastId) {
     appendSql(batch, "Update ABIdTable Set lLastId = %d Where sTable = 'AccSum'", lastId);
 }
 
-std::string deleteSumsOfAccounts(std::string_view accountIds) {
-    return formatSql("DELETE FROM AccSum WHERE lCodeId in ( %s )", SqlFragment{accountIds});
+std::string deleteSumsOfAccounts(std::span<const std::string_view> accountIds) {
+    std::string ids;
+    for (const std::string_view id : accountIds) ids.append(ids.empty() ? "" : ",").append(id);
+    return formatSql("DELETE FROM AccSum WHERE lCodeId in ( %s )", SqlFragment{ids});
 }
 
 void deleteAuxiliary(std::string& batch, const AuxiliaryKey& key) {

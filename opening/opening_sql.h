@@ -52,8 +52,7 @@ inline constexpr const char* auxiliarySizes =
     "+ abs(mFBegin)+abs(mFDebt)+abs(mFCredit)), lCodeId, lItemId, lDeptId, lPersonId, lEnterId, "
     "sItemId FROM AssAcc GROUP BY lCodeId, lItemId, lDeptId, lPersonId, lEnterId, sItemId";
 
-/// The ids are joined by commas.
-std::string deleteSumsOfAccounts(std::string_view accountIds);
+std::string deleteSumsOfAccounts(std::span<const std::string_view> accountIds);
 
 /// One combination of dimensions, its cells as the query gave them.
 struct AuxiliaryKey {

@@ -18,11 +18,13 @@ Status postParents(CNbCwDB& database, const OpeningSheet& sheet) {
 Status saveOpeningBooks(CNbCwDB& database, OpeningBooks& books) {
     UnitOfWork unit(database);
     OpeningBooks read;
+    bool isBrowsing = false;
     Status status = unit.status();
     if (status) status = holdSums(database);
-    if (status) status = sweepZeroRows(database);
+    if (status) status = readIsBrowsing(database, isBrowsing);
+    if (status && !isBrowsing) status = sweepZeroRows(database);
     if (status) status = readOpeningBooks(database, read);
-    if (status && !read.sheet.isBrowsing()) status = postParents(database, read.sheet);
+    if (status && !isBrowsing) status = postParents(database, read.sheet);
     if (status) status = unit.commit();
     if (status) books = std::move(read);
     return status;

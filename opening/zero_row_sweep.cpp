@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "opening/opening_sql.h"
 
@@ -42,17 +43,16 @@ Status run(CNbCwDB& database, const std::string& batch) {
 }
 
 Status sweepAccounts(CNbCwDB& database) {
-    std::string ids;
+    std::string batch;
     {
         const TextCells sizes(database, opening_sql::sumSizes);
         if (!sizes.isRead()) return database.lastStatus();
-        for (int row = 0; row < sizes.rows(); ++row) {
-            if (!isZero(sizes.cell(row, 0))) continue;
-            if (!ids.empty()) ids += ',';
-            ids += textOf(sizes.cell(row, 1));
-        }
+        std::vector<std::string_view> ids;
+        for (int row = 0; row < sizes.rows(); ++row)
+            if (isZero(sizes.cell(row, 0))) ids.push_back(textOf(sizes.cell(row, 1)));
+        if (!ids.empty()) batch = opening_sql::deleteSumsOfAccounts(ids);
     }
-    return ids.empty() ? Status::done() : run(database, opening_sql::deleteSumsOfAccounts(ids));
+    return run(database, batch);
 }
 
 Status sweepAuxiliary(CNbCwDB& database) {

@@ -172,6 +172,46 @@ TEST_P(Sweep, RemovesAccountsWithNothingInAnyRow) {
     EXPECT_EQ(m_books.rowsOf("1122").size(), 12u);
 }
 
+TEST_P(Sweep, KeepsAnAccountForAnyOneOfItsFigures) {
+    for (const char* figure : {"mBegin", "mDebet", "mCredit", "dAmtBegin", "dAmtDebet",
+                               "dAmtCredit", "mFgnBegin", "mFgnDebet", "mFgnCredit"}) {
+        m_books.books().run("DELETE FROM AccSum");
+        m_books.addRows("1001", 12);
+        m_books.addRows("1002", 12);
+        m_books.books().run(
+            std::string("UPDATE AccSum SET ") + figure +
+            formatSql(" = -0.01 WHERE lCodeId = %d AND byPeroid = 12", m_books.idOf("1001")));
+        sweep();
+        EXPECT_EQ(m_books.rowsOf("1001").size(), 12u) << figure;
+        EXPECT_EQ(m_books.rowsOf("1002"), Texts{}) << figure;
+    }
+}
+
+TEST_P(Sweep, KeepsAuxiliarySumsForAnyOneOfTheirFigures) {
+    for (const char* figure : {"mBegin", "mDebt", "mCredit", "dBegin", "dDebt", "dCredit",
+                               "mFBegin", "mFDebt", "mFCredit"}) {
+        m_books.books().run("DELETE FROM AssAcc");
+        addAuxiliary("7", "01", 0);
+        addAuxiliary("8", "01", 0);
+        m_books.books().run(std::string("UPDATE AssAcc SET ") + figure +
+                            " = -0.01 WHERE lPersonId = 8");
+        sweep();
+        EXPECT_EQ(auxiliaryIds(), std::vector<int>{m_lastId}) << figure;
+    }
+}
+
+TEST_P(Sweep, RunsWithASave) {
+    m_books.addRows("1001", 12);
+    addAuxiliary("7", "01", 0);
+    m_books.work().refresh();
+    m_books.addRows("1002", 12);
+    addAuxiliary("8", "01", 0);
+    m_books.work().beginEdit();
+    EXPECT_TRUE(m_books.work().save());
+    EXPECT_EQ(m_books.rows(), Texts{});
+    EXPECT_EQ(auxiliaryIds().size(), 0u);
+}
+
 TEST_P(Sweep, DeletesNothingWhereNothingIsEmpty) {
     sweep();
     m_books.addRows("1001", 12, 5);

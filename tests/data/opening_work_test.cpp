@@ -150,6 +150,28 @@ TEST_P(Opening, KeepsParentsAsTheyAreStoredWhileBrowsing) {
     EXPECT_EQ(m_books.openings("1002"), allPeriods("77"));
 }
 
+TEST_P(Opening, StaysEditableWithVouchersOfNoPeriod) {
+    m_books.addVoucher();
+    m_books.books().run("UPDATE RegMain SET byPeroid = 0");
+    work().refresh();
+    EXPECT_FALSE(work().isBrowsing());
+    EXPECT_TRUE(m_books.type("1001", "5"));
+}
+
+TEST_P(Opening, SavesAndSweepsNothingOnceAVoucherIsThere) {
+    m_books.type("100202", "5");
+    m_books.books().run(
+        formatSql("UPDATE AccSum SET mBegin = 77 WHERE lCodeId = %d", m_books.idOf("1002")));
+    m_books.addRows("1001", 12);
+    m_books.addVoucher();
+    const auto before = m_books.rows();
+    EXPECT_TRUE(work().save());
+    EXPECT_TRUE(work().isBrowsing());
+    EXPECT_TRUE(work().save());
+    EXPECT_TRUE(work().afterAuxiliary());
+    EXPECT_EQ(m_books.rows(), before);
+}
+
 TEST_P(Opening, RefusesAnEditAfterAnotherWorkstationEnteredAVoucher) {
     m_books.addVoucher();
     EXPECT_FALSE(m_books.type("1001", "5"));
@@ -240,6 +262,21 @@ TEST_P(Opening, ShowsTheSameTotalsInTheRunningLineAndTheTrialBalance) {
     EXPECT_EQ(texts.result, "试算结果不平衡,差额为40.00");
 }
 
+TEST_P(Opening, ReadsTheClassesAnewInTheOrderOfTheirNumbers) {
+    m_books.type("1001", "100");
+    m_books.books().run(
+        "DELETE FROM zCodeClass WHERE lId > 0\r\n"
+        "INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) VALUES (1, 6, '资产', 1)\r\n"
+        "INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) VALUES (2, 2, '乙', 1)\r\n"
+        "INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) VALUES (3, 1, '甲', 1)\r\n"
+        "INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) VALUES (4, 3, '丙', 1)\r\n"
+        "INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) VALUES (5, 4, '丁', 1)\r\n"
+        "INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) VALUES (0, 5, '无', 1)");
+    EXPECT_EQ(work().trialBalance().texts().debitClasses,
+              "甲 = 平\t0.00\r\n\r\n乙 = 平\t0.00\r\n\r\n丙 = 平\t0.00\r\n\r\n"
+              "丁 = 平\t0.00\r\n\r\n资产 = 借\t100.00\r\n\r\n");
+}
+
 TEST_P(Opening, BalancesWithoutAccountClasses) {
     m_books.type("1001", "100");
     m_books.books().run("DELETE FROM zCodeClass WHERE lId > 0");
@@ -252,6 +289,19 @@ TEST_P(Opening, ClosesAndSavesBalancedBooksWithoutAQuestion) {
     m_books.type("2001", "100");
     EXPECT_TRUE(work().mayClose());
     EXPECT_TRUE(messages().texts().empty());
+}
+
+TEST_P(Opening, RefreshesAndSavesBalancedBooksOnClosing) {
+    m_books.addRows("1405", 12);
+    EXPECT_TRUE(work().mayClose());
+    EXPECT_EQ(m_books.rows(), Texts{}) << "swept, though nothing was changed";
+    m_books.type("100202", "100");
+    m_books.type("2001", "100");
+    m_books.books().run(formatSql("DELETE FROM AccSum WHERE lCodeId = %d", m_books.idOf("1002")));
+    const auto readings = work().readings();
+    EXPECT_TRUE(work().mayClose());
+    EXPECT_EQ(work().readings(), readings + 2);
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
 }
 
 TEST_P(Opening, AsksBeforeClosingUnbalancedBooksAndStaysOnNo) {
@@ -315,6 +365,19 @@ TEST_P(Opening, MayBeClosedUnsavedWhenSavingFails) {
 }
 
 CHENGHENG_ON_ALL_ENGINES(Opening);
+
+class OpeningLayouts : public testing::TestWithParam<EngineCase> {};
+
+TEST_P(OpeningLayouts, AreSimpleOnlyInBooksThatBeginInJanuary) {
+    OpeningTestBooks books(freshLocation(GetParam()));
+    for (int month = 1; month <= 12; ++month) {
+        books.books().run(formatSql("UPDATE zAccountM SET dtStart = '2026/%d/1'", month));
+        EXPECT_TRUE(books.work().refresh());
+        EXPECT_EQ(books.work().sheet().layout() == OpeningLayout::simple, month == 1) << month;
+    }
+}
+
+CHENGHENG_ON_ALL_ENGINES(OpeningLayouts);
 
 class MidYearOpening : public testing::TestWithParam<EngineCase> {
   protected:

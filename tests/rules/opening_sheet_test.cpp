@@ -127,6 +127,18 @@ TEST(OpeningSheets, FormatMoneyWithTwoAndQuantitiesWithFiveDecimals) {
     EXPECT_EQ(valueOf(sheet, 0, OpeningField::quantity), 12.5);
 }
 
+TEST(OpeningSheets, KeepTheHiddenCellsOfAnAccountOnItsMainLine) {
+    OpeningSheet sheet = sheetOf({AccountDraft{"1405"}.foreign(1).countedIn("件")});
+    sheet.accounts()[0].balance(Measure::foreign).opening = 1000;
+    sheet.accounts()[0].balance(Measure::quantity).opening = 12.5;
+    EXPECT_EQ(shown(sheet, 0, OpeningField::type), "资产");
+    for (const std::size_t line : {1u, 2u}) {
+        EXPECT_EQ(shown(sheet, line, OpeningField::type), "");
+        EXPECT_EQ(valueOf(sheet, line, OpeningField::foreign), 0);
+        EXPECT_EQ(valueOf(sheet, line, OpeningField::quantity), 0);
+    }
+}
+
 TEST(OpeningSheets, MarkEndAccountsByOneOnTheirMainLineOnly) {
     const OpeningSheet sheet = sheetOf({{"1002"}, AccountDraft{"100201"}.foreign(1)});
     EXPECT_EQ(valueOf(sheet, 0, OpeningField::isEnd), 0.0);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "opening/edit_journal.h"
 #include "opening/opening_sql.h"
 #include "tests/support/opening_accounts.h"
@@ -180,6 +182,29 @@ TEST(EditSteps, AreTakenBackFromTheLastChangeOn) {
     const EditStep expected{{1, Measure::money, &Balance::opening, 4, 3},
                             {1, Measure::money, &Balance::debit, 2, 1}};
     EXPECT_EQ(reversed(step), expected);
+}
+
+TEST(OpeningConditions, AreThoseOfTheBooks) {
+    EXPECT_STREQ(opening_sql::accountsInOrder, "lId > 0 ORDER BY sCode");
+    EXPECT_STREQ(opening_sql::classesInOrder, "lId > 0 ORDER BY lNum");
+    EXPECT_STREQ(opening_sql::firstPeriod, "byPeroid = 1 AND mBegin is not NULL ORDER BY lCodeId");
+    EXPECT_STREQ(opening_sql::vouchers, "byPeroid>0");
+    EXPECT_EQ(opening_sql::sumsOf(7), "lCodeId = 7");
+    EXPECT_EQ(opening_sql::sumsOfInOrder(7), "lCodeId = 7 ORDER BY byPeroid");
+}
+
+TEST(Sweeps, AskForTheSizesOfAllFigures) {
+    EXPECT_STREQ(opening_sql::sumSizes,
+                 "SELECT Sum( abs(mBegin)+abs(mDebet)+abs(mCredit)+abs(dAmtBegin)+abs(dAmtDebet)"
+                 "+abs(dAmtCredit) + abs(mFgnBegin)+abs(mFgnDebet)+abs(mFgnCredit)), lCodeId "
+                 "FROM AccSum GROUP BY lCodeId");
+    EXPECT_STREQ(opening_sql::auxiliarySizes,
+                 "SELECT Sum( abs(mBegin)+abs(mDebt)+abs(mCredit)+abs(dBegin)+abs(dDebt)"
+                 "+abs(dCredit) + abs(mFBegin)+abs(mFDebt)+abs(mFCredit)), lCodeId, lItemId, "
+                 "lDeptId, lPersonId, lEnterId, sItemId FROM AssAcc GROUP BY lCodeId, lItemId, "
+                 "lDeptId, lPersonId, lEnterId, sItemId");
+    EXPECT_EQ(opening_sql::deleteSumsOfAccounts(std::array<std::string_view, 2>{"1", "22"}),
+              "DELETE FROM AccSum WHERE lCodeId in ( 1,22 )");
 }
 
 TEST(Sweeps, NameAPersonThatIsNotKnownWithoutComparing) {

@@ -67,6 +67,16 @@ TEST(TrialBalances, ShowClassesOfTheOtherSideByTheirSize) {
     EXPECT_EQ(texts.creditClasses, "负债 = 借\t3.00\r\n\r\n");
 }
 
+TEST(TrialBalances, TakeAClassOfAnyOtherDirectionThanOneAsACreditClass) {
+    for (const std::int16_t direction : {0, 2, -1}) {
+        Classes classes = firstClasses(2);
+        classes[1].bDirect = direction;
+        const TrialBalance balance = balanceOf({creditOf("2001", 30)}, classes);
+        EXPECT_EQ(balance.creditTotal(), 30) << direction;
+        EXPECT_EQ(balance.debitTotal(), 0) << direction;
+    }
+}
+
 TEST(TrialBalances, KeepAllClassesUpToFive) {
     for (const std::size_t count : {1u, 2u, 5u})
         EXPECT_EQ(balanceOf({}, firstClasses(count)).classes().size(), count);
