@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
+
+#include <stdexcept>
 
 #include "tests/support/account_actions.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/killed_process.h"
 
 using namespace chengheng;
 
@@ -50,18 +51,13 @@ std::vector<std::string> soundChart(const std::string& location) {
     return books.chart();
 }
 
-/// Runs the action in a process that dies before its n-th call; true when it lived to the end.
-bool runAndDie(const std::string& location, const AccountAction& action, int call) {
-    const pid_t child = fork();
-    if (child == 0) {
+/// Runs the action in a process that dies before its n-th call; false when it lived to the end.
+bool diesAtCall(const std::string& location, const AccountAction& action, int call) {
+    return isKilledAtWork([&] {
         AccountBooks books(location, false);
         books.engine().dieAtCall(call);
-        _exit(action.run(books) == Outcome::done ? 0 : 1);
-    }
-    int result = 0;
-    waitpid(child, &result, 0);
-    EXPECT_TRUE(WIFSIGNALED(result) || WEXITSTATUS(result) == 0) << action.name;
-    return WIFEXITED(result);
+        if (action.run(books) != Outcome::done) throw std::runtime_error(action.name);
+    });
 }
 
 }  // namespace
@@ -90,7 +86,7 @@ TEST_P(AccountCrashes, LeaveTheOldChartOrTheNewOne) {
             before = books.chart();
         }
         int call = 1;
-        while (!runAndDie(location, action, call) && call < tooManyCalls) {
+        while (diesAtCall(location, action, call) && call < tooManyCalls) {
             ASSERT_EQ(soundChart(location), before) << action.name << " died at call " << call;
             ++call;
         }

@@ -3,8 +3,6 @@
 // the new.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <stdexcept>
@@ -13,6 +11,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/killed_process.h"
 #include "tests/support/opening_books.h"
+#include "tests/support/waiting_process.h"
 
 namespace {
 
@@ -196,17 +195,15 @@ TEST_P(TypingWorkstations, AtDifferentAccountsAtOnceLoseNothing) {
         for (int at = 0; at < 2 * edits; ++at)
             books.addAccounts({"1002" + std::to_string(10 + at)});
     }
-    const pid_t child = fork();
-    if (child == 0) {
+    WaitingProcess other([&] {
         OpeningTestBooks books(location, OpeningLayout::simple, false);
-        _exit(typeEverySecond(books, 1) ? 0 : 1);
-    }
+        return typeEverySecond(books, 1);
+    });
     OpeningTestBooks books(location, OpeningLayout::simple, false);
+    other.start(std::chrono::milliseconds(0));
     EXPECT_TRUE(typeEverySecond(books, 0));
     EXPECT_TRUE(books.messages().texts().empty());
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_TRUE(other.hasSucceeded());
     EXPECT_EQ(books.whatASaveWouldChange(), Texts{});
     EXPECT_TRUE(books.work().refresh());
     for (int at = 0; at < 2 * edits; ++at)

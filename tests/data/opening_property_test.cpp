@@ -7,6 +7,7 @@
 #include <random>
 
 #include "host/sheets/delimited_text.h"
+#include "opening/direction_adjust.h"
 #include "opening/opening_texts.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
@@ -33,6 +34,9 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         books.books().run("UPDATE Code SET byExchId = 1 WHERE lId > 4 AND lId < 9");
         books.books().run("UPDATE Code SET bAmount = 1, sUnit = '件' WHERE lId > 6");
         books.books().run("UPDATE Code SET bDirect = 0, sType = '负债' WHERE sCode LIKE '2%'");
+        books.books().run("UPDATE Code SET sAssBook = 'C' WHERE lId = 3 OR lId = 8");
+        books.books().run("INSERT INTO Dept (lId, sDeptName) VALUES (1, '财务部')");
+        books.books().run("UPDATE ABIdTable SET lLastId = 1000 WHERE sTable = 'AssAcc'");
     }
     std::string amount() {
         const int cents = static_cast<int>(below(400)) - 200;
@@ -62,6 +66,37 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         const std::size_t line = below(other.sheet().lineCount());
         const std::size_t column = placeOf(OpeningField::opening, other.sheet().layout());
         EXPECT_EQ(other.endEdit(line, column, amount()), other.sheet().isEditable(line, column));
+        m_isOutdated = true;
+    }
+    /// As an auxiliary window gives an account its sums: all of one department.
+    void giveAuxiliarySums(OpeningTestBooks& books, const OpeningAccount& account) {
+        const double sum = static_cast<double>(below(400)) / 100;
+        if (books.rowsOf(account.code).empty()) books.addRows(account.code, 12);
+        books.books().run(
+            formatSql("UPDATE AccSum SET mBegin = %lf WHERE lCodeId = %d\r\n"
+                      "DELETE FROM AssAcc WHERE lCodeId = %d",
+                      sum, account.id, account.id));
+        for (int period = 1; period <= 12; ++period)
+            books.books().run(
+                formatSql("INSERT INTO AssAcc (lId, lCodeId, byPeroid, lDeptId, "
+                          "mBegin) VALUES (%d, %d, %d, 1, %lf)",
+                          account.id * 12 + period, account.id, period, sum));
+    }
+    void writeAuxiliary(OpeningTestBooks& books) {
+        for (const OpeningAccount& account : books.work().sheet().accounts())
+            if (account.isAuxiliary() && below(2) == 0) giveAuxiliarySums(books, account);
+        EXPECT_TRUE(books.work().afterAuxiliary());
+        m_isOutdated = false;
+    }
+    void turnDirection(OpeningTestBooks& books) {
+        const OpeningSheet& sheet = books.work().sheet();
+        const std::size_t line = below(sheet.lineCount());
+        if (directionRefusal(sheet, CodeLevels("4222"), line)) return;
+        const bool wasDebit = sheet.accountOfLine(line).isDebit;
+        books.messages().willAnswer(Answer::yes);
+        EXPECT_TRUE(books.work().adjustDirection(line));
+        EXPECT_NE(sheet.accountOfLine(line).isDebit, wasDebit);
+        books.messages().forget();
     }
     /// Refused only where another workstation has typed over what the step left there.
     void goBackOrOn(OpeningTestBooks& books, const EditStep* step, bool (OpeningWork::*go)()) {
@@ -80,7 +115,7 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
     }
     void act(OpeningTestBooks& books) {
         OpeningWork& work = books.work();
-        const std::size_t choice = below(12);
+        const std::size_t choice = below(14);
         if (choice < 5)
             type(books);
         else if (choice < 7)
@@ -92,36 +127,51 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         else if (choice == 9)
             EXPECT_TRUE(work.save());
         else if (choice == 10)
-            EXPECT_TRUE(work.refresh());
-        else
+            refresh(books);
+        else if (choice == 11)
             typeElsewhere(books);
+        else if (choice == 12)
+            writeAuxiliary(books);
+        else
+            turnDirection(books);
+    }
+    void refresh(OpeningTestBooks& books) {
+        EXPECT_TRUE(books.work().refresh());
+        m_isOutdated = false;
     }
     void check(OpeningTestBooks& books) {
         ASSERT_EQ(books.whatASaveWouldChange(), Texts{});
         ASSERT_EQ(books.books().faults(), Texts{});
         ASSERT_EQ(books.messages().texts(), Texts{});
+        if (!m_isOutdated) checkSheet(books);
     }
     void checkSheet(OpeningTestBooks& books) {
         OpeningBooks stored;
         ASSERT_TRUE(readOpeningBooks(books.database(), stored));
         const auto shown = books.work().sheet().accounts();
-        for (std::size_t place = 0; place < shown.size(); ++place)
-            ASSERT_EQ(shown[place].balances, stored.sheet.accounts()[place].balances);
+        ASSERT_EQ(shown.size(), stored.sheet.accounts().size());
+        for (std::size_t place = 0; place < shown.size(); ++place) {
+            const OpeningAccount& account = stored.sheet.accounts()[place];
+            ASSERT_EQ(shown[place].balances, account.balances) << account.code;
+            ASSERT_EQ(shown[place].isDebit, account.isDebit) << account.code;
+        }
     }
     void runEdits(OpeningLayout layout, unsigned seed) {
         m_random.seed(seed);
         OpeningTestBooks books(freshLocation(GetParam()), layout);
         makeChart(books);
-        ASSERT_TRUE(books.work().refresh());
+        refresh(books);
         for (int step = 0; step < 40 && !HasFatalFailure(); ++step) {
             act(books);
             check(books);
         }
-        EXPECT_TRUE(books.work().refresh());
+        refresh(books);
         checkSheet(books);
     }
 
     std::mt19937 m_random;
+    /// Another workstation has typed since the window read the books.
+    bool m_isOutdated = false;
 };
 
 TEST_P(RandomEdits, LeaveTheBooksAsASaveWould) {

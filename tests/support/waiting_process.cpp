@@ -12,7 +12,6 @@
 namespace chengheng {
 namespace {
 
-constexpr int aMoment = 60;
 constexpr char go = 'g';
 
 int workWhenTold(int line, const std::function<bool()>& work) {
@@ -46,12 +45,12 @@ WaitingProcess::~WaitingProcess() {
     if (m_process > 0) waitpid(m_process, nullptr, 0);
 }
 
-void WaitingProcess::start() {
+void WaitingProcess::start(std::chrono::milliseconds moment) {
     if (send(m_line, &go, 1, MSG_NOSIGNAL) != 1)
         throw std::runtime_error("the other process does not listen");
     // The line breaks when the process ends.
     pollfd end{m_line, POLLIN, 0};
-    poll(&end, 1, aMoment);
+    poll(&end, 1, static_cast<int>(moment.count()));
 }
 
 bool WaitingProcess::hasSucceeded() {

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <functional>
 
 namespace chengheng {
@@ -17,7 +18,7 @@ class WaitingProcess {
     WaitingProcess& operator=(const WaitingProcess&) = delete;
 
     /// Starts the work and gives it a moment to end. It may be kept from that by the caller.
-    void start();
+    void start(std::chrono::milliseconds moment = std::chrono::milliseconds(60));
     /// Waits for the end of the work.
     bool hasSucceeded();
 
