@@ -58,7 +58,9 @@ template <>
 struct TableOf<_AccSumInfo> {
     static constexpr const char* name = "AccSum";
     static constexpr const char* idRow = "AccSum";
-    static constexpr std::array<const char*, 1> indexes{"lCodeId, byPeroid"};
+    /// The opening balances are one row in twelve.
+    static constexpr std::array<const char*, 2> indexes{"lCodeId, byPeroid",
+                                                        "lCodeId WHERE byPeroid = 1"};
     static constexpr auto columns = std::tuple{
         column("lId", &_AccSumInfo::lId),
         column("lCodeId", &_AccSumInfo::lCodeId),

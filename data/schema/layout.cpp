@@ -1,5 +1,6 @@
 #include "data/schema/layout.h"
 
+#include <algorithm>
 #include <set>
 #include <vector>
 
@@ -11,14 +12,23 @@ std::string columnLine(const ColumnInfo& column, const EngineDialect& dialect) {
     return column.name + " " + dialect.columnDeclaration(column.type) + key;
 }
 
-/// "AccSum_lCodeId_byPeroid" for the columns "lCodeId, byPeroid" of AccSum.
-std::string indexName(const std::string& table, const std::string& columns) {
-    std::string name = table + "_";
-    for (const char letter : columns) {
-        if (letter == ',') name += '_';
-        if (letter != ',' && letter != ' ') name += letter;
+/// "AccSum_lCodeId_byPeroid" for the index "lCodeId, byPeroid" of AccSum.
+std::string indexName(const std::string& table, const std::string& index) {
+    std::string name = table;
+    bool isInWord = false;
+    for (const char letter : index) {
+        const bool isOfWord = letter != ',' && letter != ' ' && letter != '=';
+        if (isOfWord && !isInWord) name += '_';
+        if (isOfWord) name += letter;
+        isInWord = isOfWord;
     }
     return name;
+}
+
+std::string createIndexSql(const std::string& table, const std::string& index) {
+    const std::size_t columnsEnd = std::min(index.find(" WHERE "), index.size());
+    return "CREATE INDEX " + indexName(table, index) + " ON " + table + " (" +
+           index.substr(0, columnsEnd) + ")" + index.substr(columnsEnd) + ";\n";
 }
 
 std::string columnNames(const TableInfo& table) {
@@ -81,9 +91,7 @@ std::string createTableSql(const TableInfo& table, const EngineDialect& dialect)
     for (const ColumnInfo& column : table.columns)
         columns += (columns.empty() ? "" : ", ") + columnLine(column, dialect);
     std::string sql = "CREATE TABLE " + table.name + " (" + columns + ");\n";
-    for (const std::string& index : table.indexes)
-        sql += "CREATE INDEX " + indexName(table.name, index) + " ON " + table.name + " (" + index +
-               ");\n";
+    for (const std::string& index : table.indexes) sql += createIndexSql(table.name, index);
     return sql;
 }
 

@@ -18,7 +18,7 @@ struct TableInfo {
     std::string name;
     std::string idRow;                 ///< its counter in ABIdTable; empty: it has none
     std::vector<ColumnInfo> columns;   ///< in the order of positional inserts
-    std::vector<std::string> indexes;  ///< each a list of columns
+    std::vector<std::string> indexes;  ///< each a list of columns, of some rows when WHERE follows
 };
 
 /// The version of the layout that this program writes.

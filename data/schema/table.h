@@ -59,8 +59,8 @@ constexpr ColumnType columnTypeOf() {
 }
 
 /// The declaration of the table that holds a record type. Each specialisation gives
-/// `name`, `columns` (a tuple, in the table's order), `indexes` (column lists) and `idRow`
-/// (the name of its counter in ABIdTable, empty when it has none).
+/// `name`, `columns` (a tuple, in the table's order), `indexes` (column lists, each of all rows or
+/// of those WHERE ...) and `idRow` (the name of its counter in ABIdTable, empty when it has none).
 template <class Record>
 struct TableOf;
 

@@ -99,6 +99,12 @@ TEST_P(Layout, ASecondLayoutInOneDatabaseIsRefusedAndChangesNothing) {
     EXPECT_EQ(readCell(*m_engine, "SELECT count(*) FROM BooksFormat"), "1");
 }
 
+TEST_P(Layout, BooksWithoutAnIndexPassTheCheck) {
+    create();
+    ASSERT_TRUE(runSql(*m_engine, "DROP INDEX AccSum_lCodeId_WHERE_byPeroid_1").isDone());
+    EXPECT_TRUE(checkLayout(*m_engine).isDone());
+}
+
 TEST_P(Layout, TheItemTableOfAProjectClassIsMadeTheSameWay) {
     const TableInfo items = projectItemTable("07");
     ASSERT_TRUE(m_engine->script(createTableSql(items, m_engine->dialect())));
@@ -110,11 +116,14 @@ CHENGHENG_ON_ALL_ENGINES(Layout);
 
 TEST(CreateTableSql, NamesEachIndexAfterItsTableAndColumns) {
     const EngineDialect dialect{"", "", [](ColumnType) { return std::string("INTEGER"); }};
-    const TableInfo table{
-        "T", "", {{"lId", ColumnType::integer}, {"byA", ColumnType::byte}}, {"lId, byA"}};
+    const TableInfo table{"T",
+                          "",
+                          {{"lId", ColumnType::integer}, {"byA", ColumnType::byte}},
+                          {"lId, byA", "lId WHERE byA = 1"}};
     EXPECT_EQ(createTableSql(table, dialect),
               "CREATE TABLE T (lId INTEGER PRIMARY KEY, byA INTEGER);\n"
-              "CREATE INDEX T_lId_byA ON T (lId, byA);\n");
+              "CREATE INDEX T_lId_byA ON T (lId, byA);\n"
+              "CREATE INDEX T_lId_WHERE_byA_1 ON T (lId) WHERE byA = 1;\n");
 }
 
 }  // namespace
