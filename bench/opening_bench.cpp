@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "bench/grouped_books.h"
 #include "bench/raw_codes.h"
-#include "bench/sample_books.h"
 #include "bench/timing.h"
 #include "data/unit_of_work.h"
 #include "host/services/host_globals.h"
@@ -20,40 +20,9 @@ namespace {
 
 using bench::require;
 
-constexpr int accountsInAGroup = 20;
 constexpr std::size_t editedLine = 7;
 /// The floor edits another group: its sums are not those of the accounts below.
 constexpr int rawEdited[] = {41, 48};
-
-/// The sums of one account as a program that knows nothing but the engine would keep them.
-struct RawAccount {
-    char code[20];
-    bool isEnd;
-    double money, foreign, quantity;
-};
-
-bool isBelow(const char* code, const char* above) {
-    return std::strncmp(code, above, std::strlen(above)) == 0;
-}
-
-/// Linear in code order: each end account is added to every account above it.
-void rollUpRaw(std::vector<RawAccount>& accounts) {
-    RawAccount* open[16];
-    int depth = 0;
-    for (RawAccount& account : accounts) {
-        while (depth > 0 && !isBelow(account.code, open[depth - 1]->code)) --depth;
-        if (!account.isEnd) {
-            account.money = account.foreign = account.quantity = 0;
-            open[depth++] = &account;
-            continue;
-        }
-        for (int above = 0; above < depth; ++above) {
-            open[above]->money += account.money;
-            open[above]->foreign += account.foreign;
-            open[above]->quantity += account.quantity;
-        }
-    }
-}
 
 class SilentMessages : public chengheng::IMessages {
   public:
@@ -61,25 +30,11 @@ class SilentMessages : public chengheng::IMessages {
     chengheng::Answer ask(const chengheng::Question&) override { return chengheng::Answer::no; }
 };
 
-/// Sample books whose accounts stand in groups of twenty, the first of each above the others.
 class OpeningBench {
   public:
     explicit OpeningBench(int accounts)
-        : m_books(accounts), m_session({.database = &m_books.database(), .databaseName = "books"}) {
-        const std::string group = std::to_string(accountsInAGroup);
-        m_books.run(
-            "INSERT INTO zAccountM (lId, dtStart, sCodeLen, lYear) "
-            "VALUES (1, '2026-01-01', '52', 2026)");
-        m_books.run(
-            "INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) "
-            "VALUES (1, 1, '资产', 1)");
-        m_books.run("UPDATE Code SET sAssBook = '', bEnd = (lId - 1) % " + group +
-                    " <> 0, sCode = (10000 + (lId - 1) / " + group + ") || CASE (lId - 1) % " +
-                    group + " WHEN 0 THEN '' ELSE 10 + (lId - 1) % " + group + " END");
-        m_books.run("UPDATE ABIdTable SET lLastId = " + std::to_string(m_books.rows()) +
-                    " WHERE sTable = 'AccSum'");
-        m_books.run("ANALYZE");
-    }
+        : m_books(accounts),
+          m_session({.database = &m_books.database(), .databaseName = "books"}) {}
 
     void run() {
         reading();
@@ -94,38 +49,11 @@ class OpeningBench {
     std::string of(const char* work) const {
         return std::string(work) + ", " + std::to_string(m_books.accounts()) + " accounts";
     }
-    bool isParent(int id) const { return (id - 1) % accountsInAGroup == 0; }
-
-    std::vector<RawAccount> readRaw() {
-        sqlite3_stmt* codes =
-            bench::prepare(m_books.raw(), "SELECT * FROM Code WHERE lId > 0 ORDER BY sCode");
-        const auto rows = bench::rawCodes(codes);
-        sqlite3_finalize(codes);
-        std::vector<int> places(rows.size() + 1);
-        std::vector<RawAccount> accounts(rows.size());
-        for (std::size_t place = 0; place < rows.size(); ++place) {
-            places[static_cast<std::size_t>(rows[place].id)] = static_cast<int>(place);
-            std::memcpy(accounts[place].code, rows[place].code, sizeof rows[place].code);
-            accounts[place].isEnd = rows[place].end != 0;
-        }
-        sqlite3_stmt* sums = bench::prepare(
-            m_books.raw(),
-            "SELECT * FROM AccSum WHERE byPeroid = 1 AND mBegin IS NOT NULL ORDER BY lCodeId");
-        while (sqlite3_step(sums) == SQLITE_ROW) {
-            RawAccount& account = accounts[static_cast<std::size_t>(
-                places[static_cast<std::size_t>(sqlite3_column_int(sums, 1))])];
-            account.money = sqlite3_column_double(sums, 3);
-            account.quantity = sqlite3_column_double(sums, 6);
-            account.foreign = sqlite3_column_double(sums, 9);
-        }
-        sqlite3_finalize(sums);
-        rollUpRaw(accounts);
-        return accounts;
-    }
     void reading() {
         bench::Pair pair;
         pair.floor = [this] {
-            require(readRaw().size() == static_cast<std::size_t>(m_books.accounts()), "raw read");
+            require(m_books.readRaw().size() == static_cast<std::size_t>(m_books.accounts()),
+                    "raw read");
         };
         pair.ours = [this] {
             require(m_books.database().DBSelect("books") != 0, "selecting");
@@ -136,11 +64,11 @@ class OpeningBench {
 
     void changeParents() {
         m_books.run("UPDATE AccSum SET mBegin = mBegin + 1 WHERE (lCodeId - 1) % " +
-                    std::to_string(accountsInAGroup) + " = 0");
+                    std::to_string(bench::accountsInAGroup) + " = 0");
     }
     void deleteParents() {
-        m_books.run("DELETE FROM AccSum WHERE (lCodeId - 1) % " + std::to_string(accountsInAGroup) +
-                    " = 0");
+        m_books.run("DELETE FROM AccSum WHERE (lCodeId - 1) % " +
+                    std::to_string(bench::accountsInAGroup) + " = 0");
     }
     void updateRaw(sqlite3_stmt* update, sqlite3_stmt*, int id) {
         sqlite3_bind_double(update, 1, id * 1.5);
@@ -171,7 +99,7 @@ class OpeningBench {
             bench::prepare(raw, "INSERT INTO AccSum VALUES(?,?,?,?,0.0,0.0,?,0.0,0.0,0.0,0.0,0.0)");
         m_books.run("BEGIN IMMEDIATE");
         for (int id = 1; id <= m_books.accounts(); ++id) {
-            if (!isParent(id)) continue;
+            if (!bench::isAboveOthers(id)) continue;
             sqlite3_bind_int(read, 1, id);
             while (sqlite3_step(read) == SQLITE_ROW) m_readRows += sqlite3_column_int(read, 2) > 0;
             sqlite3_reset(read);
@@ -230,7 +158,7 @@ class OpeningBench {
         bench::reportTimes(of("one edit, keystroke to durable"), pair, 1.5, 15);
     }
 
-    bench::SampleBooks m_books;
+    bench::GroupedBooks m_books;
     chengheng::HostSession m_session;
     chengheng::OpeningBooks m_read;
     int m_lastId = 0;
@@ -240,11 +168,11 @@ class OpeningBench {
 
 void benchRollUp(int count) {
     std::vector<chengheng::OpeningAccount> accounts(static_cast<std::size_t>(count));
-    std::vector<RawAccount> raw(accounts.size());
+    std::vector<bench::RawAccount> raw(accounts.size());
     for (std::size_t place = 0; place < accounts.size(); ++place) {
-        const std::size_t number = place % accountsInAGroup;
+        const std::size_t number = place % bench::accountsInAGroup;
         chengheng::OpeningAccount& account = accounts[place];
-        account.code = std::to_string(100000 + place / accountsInAGroup) +
+        account.code = std::to_string(100000 + place / bench::accountsInAGroup) +
                        (number == 0 ? "" : std::to_string(10 + number));
         account.isEnd = number != 0;
         account.balance(chengheng::Measure::money).opening = static_cast<double>(place) * 1.25;
@@ -253,7 +181,7 @@ void benchRollUp(int count) {
         raw[place].money = account.opening();
     }
     bench::Pair pair;
-    pair.floor = [&] { rollUpRaw(raw); };
+    pair.floor = [&] { bench::rollUpRaw(raw); };
     pair.ours = [&] { chengheng::rollUp(accounts, chengheng::OpeningLayout::simple); };
     bench::reportTimes("roll-up, " + std::to_string(count) + " accounts", pair, 1.5, 9);
 }

@@ -20,6 +20,8 @@ class SampleBooks {
     CNbCwDB& database() { return m_database; }
     /// A second connection, for the floor.
     sqlite3* raw() { return m_raw; }
+    /// The file Nbzw.db is in it; goes with the books.
+    const std::string& folder() const { return m_folder; }
     int accounts() const { return m_accounts; }
     int rows() const { return m_accounts * 12; }
     /// Runs a statement on the floor's connection.

@@ -14,8 +14,8 @@ struct Pair {
     std::function<void()> reset = [] {};
 };
 
-/// Times the pair a few times and prints "name, ours, floor, ratio, target" with the medians
-/// in milliseconds.
+/// Times the pair a few times and prints "name, ours, floor, ratio, target" with the least
+/// times in milliseconds.
 void reportTimes(const std::string& name, const Pair& pair, double target, int runs = 5);
 
 /// Prints the same line for amounts in mebibytes.

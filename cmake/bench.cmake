@@ -15,3 +15,6 @@ foreach(program ${bench_programs})
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/programs)
 endforeach()
+
+target_compile_definitions(peers_bench PRIVATE CHENGHENG_CHBOOKS="$<TARGET_FILE:chbooks>")
+add_dependencies(peers_bench chbooks)
