@@ -259,6 +259,16 @@ TEST(PdfTexts, SayWhatIsNoPdfFile) {
         EXPECT_EQ(makeTextsReadable(bytes, {}).failure, Failure::damaged);
 }
 
+TEST(ReadPages, KeepARowOnALineWhateverItsTextsHold) {
+    Report report = sampleReport({10, 30});
+    report.columns[0].heading = "方\n向";
+    report.addRow({"第一行\n第二行", "甲\t乙 100% \"丙\""});
+    withDocument(report, [](ReportDocument& document) {
+        EXPECT_THAT(document.readText(0).toStdString(),
+                    HasSubstr("\n方 向\t栏2\n第一行 第二行\t甲 乙 100% \"丙\"\n"));
+    });
+}
+
 TEST(PrintedPages, FollowRangeOrderAndCopiesOfThePrinter) {
     QPrinter printer;
     printer.setOutputFormat(QPrinter::PdfFormat);

@@ -2,6 +2,7 @@
 
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <limits>
 #include <utility>
 
 namespace chengheng {
@@ -93,10 +94,15 @@ QString ReportDocument::readText(std::size_t page) const {
     drawAboveTable(around, m_report, m_measure, m_pages.numberOf(page));
     for (const DrawnText& text : around.texts) read += text.text + '\n';
     const PageRows rows = m_pages.rowsOn(page);
+    // Tabs and line ends of a text would be taken for those between the cells.
+    const CellSetter setter(m_measure, FontRole::cell, 1);
+    const auto inOneLine = [&](std::string_view text) {
+        return setter.lines(text, std::numeric_limits<double>::max(), 1).front();
+    };
     const auto readRow = [&](const auto& textOf) {
         const char* separator = "";
         for (const std::size_t column : rows.columns) {
-            read.append(std::exchange(separator, "\t")).append(textOf(column));
+            read.append(std::exchange(separator, "\t")).append(inOneLine(textOf(column)));
         }
         read += '\n';
     };
