@@ -142,12 +142,11 @@ TEST_P(ListPrinting, KeepsTheColumnsInTheirOrderWhenOneOfThemWasWidened) {
 
 TEST_P(ListPrinting, PrintsEveryColumnWhateverWidthTheTemplateGivesIt) {
     addMethods();
-    for (const char* width : {"0", "255"}) {
-        run(std::string("UPDATE ZWPrintSub SET byWidth = ") + width + " WHERE lTieId = 35");
+    for (const auto& [stored, width] : {std::pair{"-5", 0}, {"0", 0}, {"255", 255}, {"300", 255}}) {
+        run(std::string("UPDATE ZWPrintSub SET byWidth = ") + stored + " WHERE lTieId = 35");
         print(settlementList());
         const Report& report = m_printer.outputs.back().report;
-        for (const ReportColumn& column : report.columns)
-            EXPECT_EQ(std::to_string(column.width), width);
+        for (const ReportColumn& column : report.columns) EXPECT_EQ(column.width, width) << stored;
         EXPECT_EQ(report.rowCount(), 3u);
     }
 }

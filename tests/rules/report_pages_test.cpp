@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <tuple>
+
 #include "tests/support/plain_measure.h"
 #include "tests/support/sample_report.h"
 
@@ -238,6 +241,55 @@ TEST_F(ReportPagesTest, ShowHeadingLinesUnderTheTitle) {
     const auto page = draw(report)[0];
     EXPECT_THAT(texts(page, FontRole::heading), ElementsAre("科目:1122", "打印日期:2026.05.31"));
     EXPECT_EQ(textOf(page, "打印日期:2026.05.31").alignment, Alignment::right);
+}
+
+TEST_F(ReportPagesTest, StandHeaderTitleHeadingAndFooterInTheirOrderWithTheirRules) {
+    const OwnLayout layout(
+        "rpn 1\n[page]\npaper = 220 x 160\nmargins = 10 10 10 10\n"
+        "[header]\nleft = {books}\nheight = 6\nrule = 0.3\n[title]\nheight = 10\n"
+        "[heading]\nmiddle = {company}\nheight = 5\nrule = 0.4\n"
+        "[footer]\nright = {operator}\nheight = 8\nrule = 0.5\n");
+    runReport(sampleReport({10}), [&](CReport& engine) {
+        engine.extension().page.byPaper = 0;
+        engine.setHeadingLine(0, "上一行");
+        engine.setHeadingLine(2, "下一行");
+        StructRPTExt(engine);
+        const PageDrawing page = ReportPages(engine, measure).draw(0);
+        for (const auto& [text, top, alignment] : {std::tuple{"示例帐套", 10, Alignment::left},
+                                                   {"上一行", 16, Alignment::center},
+                                                   {"结算方式一览表", 21, Alignment::center},
+                                                   {"下一行", 31, Alignment::center},
+                                                   {"恒源公司", 36, Alignment::center},
+                                                   {"栏1", 43, Alignment::center},
+                                                   {"王芳", 142, Alignment::right}}) {
+            EXPECT_DOUBLE_EQ(textOf(page, text).top, top) << text;
+            EXPECT_EQ(textOf(page, text).alignment, alignment) << text;
+        }
+        for (const auto& [width, height] : {std::pair{0.3, 16}, {0.4, 41}, {0.5, 142}}) {
+            const auto rule = std::ranges::find(page.rules, width, &DrawnRule::width);
+            ASSERT_NE(rule, page.rules.end()) << width;
+            EXPECT_DOUBLE_EQ(rule->fromY, height);
+            EXPECT_DOUBLE_EQ(rule->toX - rule->fromX, 200);
+        }
+    });
+}
+
+TEST_F(ReportPagesTest, LeaveTheTableARowHoweverMuchStandsAboveIt) {
+    Report report = sampleReport({10});
+    addNumberedRows(report, 3);
+    report.lines.assign(40, {"科目:1122"});
+    auto lines = std::string(plainPage);
+    lines.replace(lines.find("[heading]\nheight=0"), 18, "[heading]\nheight=9");
+    const OwnLayout layout(lines);
+    runReport(report, [&](CReport& engine) {
+        engine.extension().page.byPaper = 0;
+        StructRPTExt(engine);
+        ReportPages pages(engine, measure);
+        pages.layOut();
+        ASSERT_EQ(pages.pageCount(), 3U);
+        EXPECT_THAT(cells(pages.draw(2)), ElementsAre("3-1"));
+        EXPECT_DOUBLE_EQ(textOf(pages.draw(2), "3-1").top, 160 - 10 - 20 - 10 + 3);
+    });
 }
 
 TEST_F(ReportPagesTest, CutALongTextThatWouldRunIntoTheOneBesideIt) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/services/GetPrintFile.h"
 #include "tests/support/sample_report.h"
 
 namespace chengheng {
@@ -117,9 +118,13 @@ TEST(ReportEngine, RefusesAMatrixThatIsNotFullRows) {
     const char* headings[] = {"甲", "乙"};
     const int widths[] = {4, 4};
     CReport report;
-    EXPECT_NE(report.StructTheRpt("Normal.rpn", cells, 3, 2, headings, widths, 0), 0);
+    const std::string layoutFile = GetPrintFile("Normal.rpn");
+    EXPECT_NE(report.StructTheRpt(layoutFile.c_str(), cells, 3, 2, headings, widths, 0), 0);
     EXPECT_EQ(report.rowCount(), 0U);
-    EXPECT_NE(report.fault(), "");
+    EXPECT_EQ(report.fault(), "报表的栏目与内容不相符,没有打印。");
+    EXPECT_EQ(report.StructTheRpt(layoutFile.c_str(), cells, 2, 2, headings, widths, 0), 0);
+    EXPECT_EQ(report.rowCount(), 1U);
+    EXPECT_EQ(report.fault(), "");
 }
 
 }  // namespace

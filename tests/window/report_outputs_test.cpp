@@ -4,8 +4,12 @@
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTest>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 
 #include "data/numbers.h"
@@ -85,17 +89,20 @@ std::vector<std::string> cellWords(const Report& report) {
 
 bool everyPageGoesOn(std::size_t, std::size_t) { return true; }
 
+/// Fills in the print dialog so that it prints into a file.
+void chooseFile(QWidget& box, const std::string& path) {
+    auto* dialog = qobject_cast<QPrintDialog*>(&box);
+    ASSERT_TRUE(dialog);
+    auto* file = dialog->findChild<QLineEdit*>("filename");
+    ASSERT_TRUE(file);
+    file->setText(QString::fromStdString(path));
+    QMetaObject::invokeMethod(dialog, "accept");
+}
+
 /// Prints through the print dialog, into a file.
 void printTo(const std::string& path, ReportDocument& document) {
     RecordingMessages messages;
-    const NextModal choosing([&](QWidget& box) {
-        auto* dialog = qobject_cast<QPrintDialog*>(&box);
-        ASSERT_TRUE(dialog);
-        auto* file = dialog->findChild<QLineEdit*>("filename");
-        ASSERT_TRUE(file);
-        file->setText(QString::fromStdString(path));
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
+    const NextModal choosing([&](QWidget& box) { chooseFile(box, path); });
     EXPECT_TRUE(printDocument(document, nullptr, messages));
     EXPECT_THAT(messages.texts(), ElementsAre());
 }
@@ -257,6 +264,42 @@ TEST(PdfTexts, LeaveALineAloneThatIsNoRange) {
 TEST(PdfTexts, SayWhatIsNoPdfFile) {
     for (std::string bytes : {"no file of that kind", ""})
         EXPECT_EQ(makeTextsReadable(bytes, {}).failure, Failure::damaged);
+}
+
+TEST(PrintedPages, ThatAreCancelledOnTheWaySaySoAndLeaveNoFile) {
+    Report report = sampleReport({10, 30});
+    addNumberedRows(report, 20'000);
+    const std::string folder = freshFolder();
+    withDocument(report, [&](ReportDocument& document) {
+        RecordingMessages messages;
+        std::optional<NextModal> progress;
+        const NextModal choosing([&](QWidget& box) {
+            chooseFile(box, folder + "/printed.pdf");
+            progress.emplace([](QWidget& shown) {
+                EXPECT_TRUE(qobject_cast<QProgressDialog*>(&shown));
+                QTest::mouseClick(shown.findChild<QPushButton*>(), Qt::LeftButton);
+            });
+        });
+        EXPECT_FALSE(printDocument(document, nullptr, messages));
+        EXPECT_TRUE(progress && progress->hasCome());
+        EXPECT_EQ(messages.onlyNotice().text, "打印已取消。已经送出的页面可能仍会打印。");
+    });
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+TEST(PrintedPages, ThatCannotBeWrittenSayWhyWithABeep) {
+    const std::string folder = freshFolder();
+    withDocument(richReport(), [&](ReportDocument& document) {
+        RecordingMessages messages;
+        const NextModal choosing([&](QWidget& box) {
+            chooseFile(box, folder + "/printed.pdf");
+            std::filesystem::remove_all(folder);
+        });
+        EXPECT_FALSE(printDocument(document, nullptr, messages));
+        EXPECT_THAT(messages.onlyNotice().text, HasSubstr("所在的文件夹不存在"));
+        EXPECT_EQ(messages.onlyNotice().icon, MessageIcon::warning);
+        EXPECT_TRUE(messages.onlyNotice().beep);
+    });
 }
 
 TEST(ReadPages, KeepARowOnALineWhateverItsTextsHold) {

@@ -112,9 +112,12 @@ TEST_F(SettleWindowTest, EnablesItsButtonWhileSomethingCompleteIsChanged) {
 }
 
 TEST_F(SettleWindowTest, EnablesItsButtonForAnAdditionWithNumberAndName) {
-    open({"1 现金 0"});
+    books.run("INSERT RegSub (lId, sStlId) VALUES(1, '1')");
+    open({"1 现金 1"});
+    EXPECT_TRUE(isMarkedUsed());
     press(Qt::Key_N, Qt::ControlModifier);
-    EXPECT_EQ(shownInput(), " ");
+    EXPECT_EQ(shownInput(), " ") << "the box is cleared, too";
+    EXPECT_FALSE(isMarkedUsed());
     EXPECT_TRUE(number().hasFocus());
     EXPECT_FALSE(canDelete());
     EXPECT_EQ(selectedLeaf(), "");
@@ -181,9 +184,11 @@ TEST_F(SettleWindowTest, AsksBeforeAnAdditionIsLeft) {
     books.messages.willAnswer(discard, Answer::no);
     press(Qt::Key_N, Qt::ControlModifier);
     EXPECT_EQ(shownInput(), "2 ");
+    type(name(), "支票");
     books.messages.willAnswer(discard, Answer::yes);
     press(Qt::Key_N, Qt::ControlModifier);
     EXPECT_EQ(shownInput(), " ");
+    EXPECT_TRUE(number().hasFocus());
 }
 
 TEST_F(SettleWindowTest, AsksBeforeItClosesOverUnsavedInput) {
