@@ -35,6 +35,11 @@ bool areAllowed(const OpeningSheet& sheet, const EditStep& step) {
         step, [&sheet](const CellChange& change) { return isAllowed(sheet, change); });
 }
 
+/// Where the account of an allowed change stands.
+std::size_t placeOf(const OpeningSheet& sheet, const CellChange& change) {
+    return sheet.placeOfId(change.accountId).value();  // NOLINT(bugprone-unchecked-optional-access)
+}
+
 /// Whether an amount means in one sheet what it means in the other.
 bool isSameMeaning(const OpeningAccount& one, const OpeningAccount& other) {
     return one.code == other.code && one.isDebit == other.isDebit &&
@@ -59,7 +64,7 @@ bool isTooLarge(const EditStep& step) {
 void setFigures(OpeningSheet& sheet, const EditStep& step) {
     std::set<std::size_t> changed;
     for (const CellChange& change : step) {
-        const std::size_t place = *sheet.placeOfId(change.accountId);
+        const std::size_t place = placeOf(sheet, change);
         sheet.accounts()[place].balance(change.measure).*change.figure = change.after;
         changed.insert(place);
     }
@@ -154,7 +159,7 @@ void StepWriter::collectPlaces(const OpeningSheet& sheet) {
     std::set<std::size_t> changed;
     std::set<std::size_t, std::greater<>> above;
     for (const CellChange& change : m_step) {
-        const std::size_t place = *sheet.placeOfId(change.accountId);
+        const std::size_t place = placeOf(sheet, change);
         if (!changed.insert(place).second) continue;
         for (const std::size_t each : ancestorsOf(sheet.accounts(), place)) above.insert(each);
     }
