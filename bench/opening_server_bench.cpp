@@ -172,6 +172,7 @@ class ServerOpeningBench {
         bench::Pair pair;
         pair.floor = [this] { sweepRaw(); };
         pair.ours = [this] {
+            require(m_database.DBSelect("books") != 0, "selecting");
             chengheng::UnitOfWork unit(m_database);
             require(chengheng::sweepZeroRows(m_database).isDone(), "sweeping");
         };
