@@ -14,8 +14,11 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSet>
 #include <QSpinBox>
 #include <QTest>
+#include <QToolBar>
+#include <QToolButton>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -122,6 +125,64 @@ TEST_F(ReportPreviewTest, TurnsPagesByTheKeyboard) {
         EXPECT_EQ(view(window).page(), 1U);
         press(window, Qt::Key_End, Qt::ControlModifier);
         EXPECT_EQ(view(window).page(), 2U);
+    });
+}
+
+TEST_F(ReportPreviewTest, EnterLeadsFromAPageNumberToThatPageAndLeavesThePreviewOpen) {
+    previewRows(100, [](ReportPreview& window) {
+        auto* number = window.findChild<QSpinBox*>();
+        number->setFocus();
+        number->selectAll();
+        press(window, Qt::Key_3);
+        press(window, Qt::Key_Return);
+        EXPECT_EQ(view(window).page(), 2U);
+        EXPECT_TRUE(view(window).hasFocus());
+        press(window, Qt::Key_Return);
+        EXPECT_TRUE(window.isVisible());
+    });
+}
+
+TEST_F(ReportPreviewTest, TabReachesEveryCommandThatEnterThenCarriesOut) {
+    previewRows(100, [](ReportPreview& window) {
+        window.resize(2000, 600);
+        action(window, "下一页")->trigger();
+        const auto* bar = window.findChild<QToolBar*>();
+        QSet<QWidget*> reached;
+        for (int step = 0; step < 30; ++step) {
+            press(window, Qt::Key_Tab);
+            reached.insert(QApplication::focusWidget());
+        }
+        for (QAction* each : bar->actions()) {
+            if (qobject_cast<QToolButton*>(bar->widgetForAction(each)) == nullptr) continue;
+            EXPECT_TRUE(reached.contains(bar->widgetForAction(each))) << each->text().toStdString();
+        }
+        bar->widgetForAction(action(window, "首页"))->setFocus();
+        press(window, Qt::Key_Return);
+        EXPECT_EQ(view(window).page(), 0U);
+        bar->widgetForAction(action(window, "末页"))->setFocus();
+        press(window, Qt::Key_Space);
+        EXPECT_EQ(view(window).page(), 2U);
+    });
+}
+
+TEST_F(ReportPreviewTest, KeysOfItsCommandsWorkHoweverNarrowItIs) {
+    previewRows(1, [](ReportPreview& window) {
+        window.resize(300, 600);
+        auto* zoom = window.findChild<QComboBox*>();
+        zoom->setCurrentText("100%");
+        press(window, Qt::Key_Plus, Qt::ControlModifier);
+        EXPECT_EQ(zoom->currentText(), "125%");
+        const NextModal asking([](QWidget& box) {
+            EXPECT_TRUE(qobject_cast<QPrintDialog*>(&box));
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        press(window, Qt::Key_P, Qt::AltModifier);
+        EXPECT_TRUE(asking.hasCome());
+    });
+    previewRows(1, [](ReportPreview& window) {
+        window.resize(300, 600);
+        press(window, Qt::Key_C, Qt::AltModifier);
+        EXPECT_FALSE(window.isVisible());
     });
 }
 

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QSpinBox>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -65,8 +66,12 @@ ReportPreview::ReportPreview(ReportDocument& document, QWidget* parent)
 QAction* ReportPreview::addAction(QToolBar& bar, const char* caption, const char* picture,
                                   const QKeySequence& key, std::function<void()> work) {
     QAction* action = bar.addAction(toolIcon(picture), QString::fromUtf8(caption));
-    action->setShortcut(key);
+    action->setShortcuts({key, QKeySequence::mnemonic(action->text())});
     connect(action, &QAction::triggered, this, guarded(std::move(work)));
+    // Its keys hold where the tool bar has no room for its button, too.
+    QWidget::addAction(action);
+    // A tool button of its own accord is for the mouse alone.
+    bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
 }
 
@@ -154,6 +159,14 @@ void ReportPreview::layOutSome() {
     // Its own rows may have come, and the count of pages is known only at the end.
     const bool isLast = m_view->page() + 1 >= m_document.pages().pageCount();
     if (m_document.pages().isComplete() || isLast) m_view->refresh();
+}
+
+/// Enter leads from the page number and the zoom back to the pages and presses a tool button.
+void ReportPreview::OnOK() {
+    if (auto* button = qobject_cast<QToolButton*>(focusWidget()))
+        button->click();
+    else
+        m_view->setFocus();
 }
 
 void ReportPreview::stopLayingOut() {

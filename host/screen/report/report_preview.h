@@ -27,6 +27,9 @@ class ReportPreview final : public DialogFrame {
     /// The document outlives it.
     ReportPreview(ReportDocument& document, QWidget* parent);
 
+  protected:
+    void OnOK() override;
+
   private:
     void buildToolBar();
     void addPageControls(QToolBar& bar);
