@@ -55,7 +55,8 @@ class ListPrinting : public testing::TestWithParam<EngineCase> {
     void addMethods() {
         run("INSERT Settle VALUES(1, '1', '现金', 0)\n"
             "INSERT Settle VALUES(2, '2', '转帐支票', 1)\n"
-            "INSERT Settle VALUES(3, '3', 'O''Brien %', 3)");
+            "INSERT Settle VALUES(3, '3', 'O''Brien %', 3)\n"
+            "INSERT Settle VALUES(4, '4', '电汇', 2)");
     }
     void print(const PrintedList& list, ReportOutput output = ReportOutput::print) {
         printList(list, output, m_messages, m_printer);
@@ -87,7 +88,8 @@ TEST_P(ListPrinting, TakesTitlePageAndColumnsFromTheTemplate) {
 TEST_P(ListPrinting, FillsNumberNameAndTheMarkOfTheChequeRegister) {
     addMethods();
     print(settlementList());
-    EXPECT_THAT(rowTexts(onlyReport()), ElementsAre("1|现金|-", "2|转帐支票|√", "3|O'Brien %|√"));
+    EXPECT_THAT(rowTexts(onlyReport()),
+                ElementsAre("1|现金|-", "2|转帐支票|√", "3|O'Brien %|√", "4|电汇|-"));
     EXPECT_THAT(m_messages.texts(), IsEmpty());
 }
 
@@ -97,7 +99,7 @@ TEST_P(ListPrinting, ReadsTheListAnewEachTime) {
     print(settlementList());
     ASSERT_EQ(m_printer.outputs.size(), 2u);
     EXPECT_EQ(m_printer.outputs[0].report.rowCount(), 0u);
-    EXPECT_EQ(m_printer.outputs[1].report.rowCount(), 3u);
+    EXPECT_EQ(m_printer.outputs[1].report.rowCount(), 4u);
 }
 
 TEST_P(ListPrinting, TellsThePrinterWhichOfTheTwoCommandsItWas) {
@@ -147,7 +149,7 @@ TEST_P(ListPrinting, PrintsEveryColumnWhateverWidthTheTemplateGivesIt) {
         print(settlementList());
         const Report& report = m_printer.outputs.back().report;
         for (const ReportColumn& column : report.columns) EXPECT_EQ(column.width, width) << stored;
-        EXPECT_EQ(report.rowCount(), 3u);
+        EXPECT_EQ(report.rowCount(), 4u);
     }
 }
 
@@ -194,7 +196,7 @@ TEST_P(ListPrinting, SaysOnceWhyAndPrintsNothingWhicheverReadingFails) {
         EXPECT_THAT(m_printer.outputs, IsEmpty()) << call;
         m_messages.forget();
     }
-    EXPECT_EQ(onlyReport().rowCount(), 3u);
+    EXPECT_EQ(onlyReport().rowCount(), 4u);
 }
 
 TEST_P(ListPrinting, PrintsVoucherTypesWithTheirRestrictions) {

@@ -58,6 +58,8 @@ class SettleTrouble : public testing::TestWithParam<EngineCase> {
                 EXPECT_FALSE(trouble.books.holdsLocks()) << "call " << number;
                 EXPECT_EQ(!trouble.books.messages.notices().empty(), hasFailed)
                     << "call " << number;
+                for (const Notice& notice : trouble.books.messages.notices())
+                    EXPECT_EQ(notice.icon, MessageIcon::warning) << notice.text;
                 ASSERT_NE(trouble.books.database.DBSelect("books"), 0);
                 EXPECT_EQ(trouble.books.stored() != before, isDone) << "call " << number;
                 EXPECT_TRUE(isDone || hasFailed);

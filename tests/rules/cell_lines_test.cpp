@@ -49,6 +49,9 @@ TEST_F(CellLines, KeepWordsAndNumbersWholeWhereTheyHaveAPlace) {
 TEST_F(CellLines, BeginNoLineWithAClosingSign) {
     EXPECT_THAT(lines("部门目录、部门总帐", 8, 3), ElementsAre("部门目", "录、部门", "总帐"));
     EXPECT_THAT(lines("甲、乙", 2, 3), ElementsAre("甲", "、", "乙"));
+    for (const std::string sign :
+         {"、", "，", "。", "；", "：", "？", "！", "）", "》", "】", "”", "’", ")"})
+        EXPECT_THAT(lines("甲乙丙" + sign + "丁", 6, 3), ElementsAre("甲乙", "丙" + sign + "丁"));
 }
 
 TEST_F(CellLines, BreakAWordThatIsLongerThanALine) {

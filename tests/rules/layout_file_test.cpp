@@ -149,6 +149,13 @@ TEST(LayoutFile, IsNamedWhenItIsMissingOrNoFile) {
     EXPECT_THAT(readLayoutFile(freshFolder(), layout).value_or(""), HasSubstr("版面文件"));
 }
 
+TEST(LayoutFile, IsNamedWhenItIsFarTooLongForOne) {
+    const std::string path = fileWith("rpn 1\n#" + std::string(64 * 1024, 'x'));
+    ReportLayout layout;
+    EXPECT_THAT(readLayoutFile(path, layout).value_or(""),
+                HasSubstr("无法读取版面文件“" + path + "”"));
+}
+
 TEST(LayoutFile, OfTheProgramIsFoundAndSound) {
     for (const char* name : {"Normal.rpn", "DivideW.rpn"}) {
         ReportLayout layout;

@@ -226,6 +226,7 @@ TEST_F(ListFormTest, AsksBeforeInputIsLostAndReturnsToIt) {
     EXPECT_EQ(form.selectedId(), 1);
     EXPECT_EQ(messages.questions()[0].preset, Answer::no);
     EXPECT_EQ(messages.questions()[0].buttons, AnswerButtons::yesNo);
+    EXPECT_EQ(messages.questions()[0].icon, MessageIcon::warning);
 }
 
 TEST_F(ListFormTest, GivesInputUpWhenTheOperatorAgrees) {

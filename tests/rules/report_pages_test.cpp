@@ -1,5 +1,6 @@
 #include "print/report_pages.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,6 +20,7 @@ using testing::ElementsAre;
 using testing::Ge;
 using testing::Le;
 using testing::Not;
+using testing::UnorderedElementsAre;
 
 /// 200 mm of width for the table, rows of 10 mm, 10 of them on a page.
 constexpr const char* plainPage =
@@ -62,6 +64,14 @@ struct ReportPagesTest : testing::Test {
         ADD_FAILURE() << wanted << " is not on the page";
         return {};
     }
+    /// "60,20-160,20 0.5", from left and from the top.
+    static std::vector<std::string> ruleTexts(const PageDrawing& page) {
+        std::vector<std::string> found;
+        for (const DrawnRule& rule : page.rules)
+            found.push_back(fmt::format("{:g},{:g}-{:g},{:g} {:g}", rule.fromX, rule.fromY,
+                                        rule.toX, rule.toY, rule.width));
+        return found;
+    }
     PlainMeasure measure;
 };
 
@@ -73,6 +83,41 @@ TEST_F(ReportPagesTest, HoldHeadingsAndFrameOfAListWithoutRows) {
     EXPECT_THAT(texts(pages[0], FontRole::edge), ElementsAre("1/1"));
     EXPECT_THAT(cells(pages[0]), ElementsAre());
     EXPECT_GE(pages[0].rules.size(), 4U);
+}
+
+TEST_F(ReportPagesTest, FrameTheTableAndPartItsHeadingsColumnsAndRows) {
+    Report report = sampleReport({20, 30});
+    addNumberedRows(report, 2);
+    EXPECT_THAT(ruleTexts(draw(report)[0]),
+                UnorderedElementsAre("60,20-160,20 0.5", "60,50-160,50 0.5", "60,20-60,50 0.5",
+                                     "160,20-160,50 0.5", "60,30-160,30 0.1", "60,40-160,40 0.2",
+                                     "100,20-100,50 0.1"));
+}
+
+TEST_F(ReportPagesTest, CarryALongColumnHeadingOnInAHigherRowOfHeadings) {
+    Report report = sampleReport({8, 8});
+    report.columns[0].heading = "会计科目名称";
+    addNumberedRows(report, 1);
+    const PageDrawing page = draw(report)[0];
+    EXPECT_THAT(texts(page, FontRole::column), ElementsAre("会计科目", "名称", "栏2"));
+    EXPECT_DOUBLE_EQ(textOf(page, "会计科目").top, 20 + (14 - 8) / 2.0);
+    EXPECT_DOUBLE_EQ(textOf(page, "栏2").top, 20 + (14 - 4) / 2.0);
+    EXPECT_DOUBLE_EQ(textOf(page, "1-1").top, 34 + (10 - 4) / 2.0);
+}
+
+TEST_F(ReportPagesTest, MoveTheTableDownForALineAboveOrBelowTheTitle) {
+    auto lines = std::string(plainPage);
+    lines.replace(lines.find("[heading]\nheight=0"), 18, "[heading]\nheight=9");
+    const OwnLayout layout(lines);
+    for (const std::size_t line : {0U, 2U})
+        runReport(sampleReport({10}), [&](CReport& engine) {
+            engine.extension().page.byPaper = 0;
+            engine.setHeadingLine(line, "一行");
+            StructRPTExt(engine);
+            const PageDrawing page = ReportPages(engine, measure).draw(0);
+            EXPECT_DOUBLE_EQ(textOf(page, "一行").top, line == 0 ? 10 : 20);
+            EXPECT_DOUBLE_EQ(textOf(page, "栏1").top, 29 + (10 - 4) / 2.0);
+        });
 }
 
 TEST_F(ReportPagesTest, TakeAsManyRowsAsThePageHasRoomFor) {

@@ -59,6 +59,20 @@ TEST(ReportRun, LeavesThePaperToTheLayoutFileWhereTheTemplateNamesNoneThatIsKnow
     }
 }
 
+TEST(ReportRun, KnowsPapersByTheNumbersOfThePrintSystems) {
+    const std::tuple<std::uint8_t, double, double> papers[] = {
+        {1, 215.9, 279.4}, {5, 215.9, 355.6}, {8, 297, 420}, {9, 210, 297},
+        {11, 148, 210},    {12, 257, 364},    {13, 182, 257}};
+    for (const auto& [number, width, height] : papers) {
+        Report report = sampleReport({10});
+        report.page.paper = number;
+        runReport(report, [&](CReport& engine) {
+            EXPECT_EQ(engine.layout().paperWidth, width) << int{number};
+            EXPECT_EQ(engine.layout().paperHeight, height) << int{number};
+        });
+    }
+}
+
 TEST(ReportRun, AlignsEachColumnAsItIsRecorded) {
     Report report = sampleReport({10, 10, 10});
     report.columns[1].alignment = Alignment::right;
@@ -75,6 +89,9 @@ TEST(ReportRun, AlignsEachColumnAsItIsRecorded) {
         _SetColWordAlign(1, 9);
         _SetColWordAlign(1, -1);
         EXPECT_EQ(engine.alignment(2), Alignment::left);
+        _SetColWordAlign(1, 3);
+        EXPECT_EQ(engine.alignment(1), Alignment::left);
+        EXPECT_EQ(engine.alignment(2), Alignment::center);
     });
     EXPECT_EQ(CReport::current(), nullptr);
     _SetColWordAlign(1, 0);
@@ -111,6 +128,16 @@ TEST(ReportRun, RefusesAReportWithoutColumns) {
     const auto notice = runReport(Report(), [](CReport&) { FAIL(); });
     ASSERT_TRUE(notice);
     EXPECT_THAT(notice->text, HasSubstr("栏目"));
+}
+
+TEST(ReportEngine, ShrinksATableOnlyWhereThePageRecordAllowsIt) {
+    const OwnLayout layout("rpn 1\n[page]\nshrink = 60\n");
+    runReport(sampleReport({10}), [](CReport& engine) {
+        EXPECT_DOUBLE_EQ(engine.layout().leastScale, 0.6);
+        engine.extension().page.bFit = 0;
+        StructRPTExt(engine);
+        EXPECT_DOUBLE_EQ(engine.layout().leastScale, 1);
+    });
 }
 
 TEST(ReportEngine, RefusesAMatrixThatIsNotFullRows) {

@@ -19,6 +19,7 @@
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWheelEvent>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -34,6 +35,7 @@
 namespace {
 
 using namespace chengheng;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -71,6 +73,14 @@ struct ReportPreviewTest : testing::Test {
     static void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers with = {}) {
         QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &window, key,
                         with);
+    }
+
+    static void turnWheel(const QWidget& window, int steps, Qt::KeyboardModifiers with = {}) {
+        QWidget* pages = view(window).viewport();
+        const QPointF middle = pages->rect().center();
+        QWheelEvent turning(middle, pages->mapToGlobal(middle), {}, {0, 120 * steps}, Qt::NoButton,
+                            with, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(pages, &turning);
     }
 
     RecordingMessages messages;
@@ -197,6 +207,28 @@ TEST_F(ReportPreviewTest, ScrollsALargePageToItsEndBeforeItTurns) {
     });
 }
 
+TEST_F(ReportPreviewTest, TheWheelTurnsAtTheEdgeOfAPageAndEnlargesWithCtrl) {
+    previewRows(100, [](ReportPreview& window) {
+        turnWheel(window, -1);
+        EXPECT_EQ(view(window).page(), 1U);
+        turnWheel(window, 1);
+        EXPECT_EQ(view(window).page(), 0U);
+        auto* zoom = window.findChild<QComboBox*>();
+        zoom->setCurrentText("150%");
+        turnWheel(window, -1);
+        EXPECT_EQ(view(window).page(), 0U) << "the page goes on below";
+        turnWheel(window, 1, Qt::ControlModifier);
+        EXPECT_EQ(zoom->currentText(), "200%");
+        turnWheel(window, -1, Qt::ControlModifier);
+        EXPECT_EQ(zoom->currentText(), "150%");
+        action(window, "下一页")->trigger();
+        turnWheel(window, 1);
+        EXPECT_EQ(view(window).page(), 0U);
+        const QScrollBar* bar = view(window).verticalScrollBar();
+        EXPECT_EQ(bar->value(), bar->maximum()) << "back at the end of the page before";
+    });
+}
+
 TEST_F(ReportPreviewTest, EnlargesByChoiceAndByKey) {
     previewRows(10, [](ReportPreview& window) {
         auto* zoom = window.findChild<QComboBox*>();
@@ -292,6 +324,24 @@ TEST_F(ReportPreviewTest, ExportsToAFileChosenByTheOperator) {
         EXPECT_EQ(text, "\xEF\xBB\xBF栏1,栏2\r\n1-1,1-2\r\n2-1,2-2\r\n3-1,3-2\r\n");
         EXPECT_TRUE(hasLabel(window, QString::fromStdString("已导出到“" + path + "”。")));
         EXPECT_THAT(messages.texts(), IsEmpty());
+    });
+}
+
+TEST_F(ReportPreviewTest, OffersATitleAsANameThatEverySystemTakesAndAddsTheSuffix) {
+    Report report = sampleReport({10});
+    report.title = " 1/2月:\"甲\"表?";
+    preview(report, [](ReportPreview& window) {
+        const std::string folder = freshFolder();
+        const NextModal choosing([&](QWidget& box) {
+            auto* dialog = qobject_cast<QFileDialog*>(&box);
+            ASSERT_TRUE(dialog);
+            EXPECT_THAT(dialog->selectedFiles().value(0).toStdString(),
+                        EndsWith("/1_2月__甲_表_.csv"));
+            dialog->selectFile(QString::fromStdString(folder + "/list"));
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        action(window, "导出CSV")->trigger();
+        EXPECT_TRUE(std::filesystem::exists(folder + "/list.csv"));
     });
 }
 

@@ -321,6 +321,36 @@ TEST_F(SettleWindowTest, EnterAndDownLeadFromTheFilterIntoItsList) {
     }
 }
 
+TEST_F(SettleWindowTest, DownFromTheFilterKeepsALeafThatIsSelectedAlready) {
+    Texts methods;
+    for (int each = 10; each < 40; ++each)
+        methods.push_back(std::to_string(each) + " 方式" + std::to_string(each) + " 0");
+    open(methods);
+    auto& filter = control<QLineEdit>("filter");
+    filter.setFocus();
+    QTest::keyClicks(&filter, "7");
+    clickLeaf(1);
+    filter.setFocus();
+    press(Qt::Key_Down);
+    EXPECT_EQ(window->focusWidget(), &tree());
+    EXPECT_EQ(selectedLeaf(), "27 方式27");
+}
+
+TEST_F(SettleWindowTest, LeavesOutACommandThatComesWhileItAsks) {
+    open({"1 现金 0", "2 支票 1"});
+    type(name(), "现款");
+    books.messages.willAnswer(discard, Answer::no);
+    books.messages.whileShown([this](const std::string&) {
+        command("增加").trigger();
+        settle();
+    });
+    clickLeaf(1);
+    EXPECT_EQ(shownInput(), "1 现款");
+    EXPECT_EQ(books.messages.questions().size(), 1u);
+    books.messages.whileShown({});
+    type(name(), "现金");
+}
+
 TEST_F(SettleWindowTest, GoesThroughTheTreeWithTabWhileAddingWithoutSelecting) {
     open({"1 现金 0"});
     press(Qt::Key_N, Qt::ControlModifier);
