@@ -205,6 +205,21 @@ TEST_F(ReportPagesTest, CutAMuchTooWideTableIntoStripsThatBeginWithTheFirstColum
     EXPECT_THAT(texts(pages[3], FontRole::edge), ElementsAre("4/4"));
 }
 
+TEST_F(ReportPagesTest, OfAListTellTheCodeInEveryStripThoughTheLevelStandsBeforeIt) {
+    Report report = sampleReport({6, 18, 40, 40, 40, 40});
+    addNumberedRows(report, 3);
+    runReport(report, [this](CReport& engine) {
+        ReportPages pages(engine, measure);
+        pages.layOut();
+        ASSERT_GT(pages.pageCount(), 1U);
+        for (std::size_t page = 0; page < pages.pageCount(); ++page) {
+            const auto headings = texts(pages.draw(page), FontRole::column);
+            EXPECT_THAT(std::vector(headings.begin(), headings.begin() + 2),
+                        ElementsAre("栏1", "栏2"));
+        }
+    });
+}
+
 TEST_F(ReportPagesTest, ShrinkStripsOnlyWhereThatSavesPages) {
     Report report = sampleReport({90, 90, 90, 90, 90});
     addNumberedRows(report, 1);
