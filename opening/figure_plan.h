@@ -39,7 +39,8 @@ struct FigurePlan {
     bool mayBeApplied() const {
         return count(CellFate::refused) == 0 && count(CellFate::changed) > 0;
     }
-    /// The figures of the cells that change something.
+    /// The figures of the cells that change something, and the opening balances that are given
+    /// as they are: they follow no movement that is given with them.
     std::vector<TypedFigure> figures() const;
 };
 

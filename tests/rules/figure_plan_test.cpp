@@ -63,8 +63,8 @@ TEST(Pastes, GoDownTheLinesAndPassOverSums) {
                                     "2,0 100201 changed 1200.51", "3,0 100201 changed 7",
                                     "4,0 1122 unchanged", "6,0 1403 changed 1.23457"}));
     EXPECT_TRUE(plan.mayBeApplied());
-    EXPECT_EQ(plan.figures().size(), 3u);
-    EXPECT_EQ(plan.figures()[1].measure, Measure::foreign);
+    EXPECT_EQ(plan.count(CellFate::changed), 3u);
+    EXPECT_EQ(plan.figures()[2].measure, Measure::foreign);
 }
 
 TEST(Pastes, AreRefusedAsAWholeForOneCellThatIsNoNumber) {
@@ -115,6 +115,29 @@ TEST(TypedFigures, FillTheOpeningOnceForAllMovementsOfALine) {
                             {3, Measure::money, &Balance::credit, 0, 3},
                             {3, Measure::money, &Balance::opening, 0, 9}};
     EXPECT_EQ(step, expected);
+}
+
+TEST(Pastes, KeepAnOpeningThatIsGivenAsItIsThoughItsMovementsChange) {
+    OpeningSheet sheet = pasteSheet(midYear);
+    const std::size_t yearStart = placeOf(OpeningField::yearStart, midYear);
+    sheet.accounts()[2].balance(Measure::money) = {100, 0, 0, 100};
+    const FigurePlan plan = planPaste(sheet, 2, yearStart, blockOf("100\t50\t0\t100"));
+    EXPECT_EQ(fatesOf(plan), (Texts{"0,0 100201 unchanged", "0,1 100201 changed 50",
+                                    "0,2 100201 unchanged", "0,3 100201 unchanged"}));
+    const EditStep expected{{3, Measure::money, &Balance::debit, 0, 50}};
+    EXPECT_EQ(typedStep(sheet, plan.figures()), expected);
+    const FigurePlan follows = planPaste(sheet, 2, yearStart, blockOf("100\t50"));
+    EXPECT_EQ(typedStep(sheet, follows.figures()).back().after, 150);
+}
+
+TEST(Pastes, OfOpeningsAsTheyAreMakeNoStepWhereNothingMayBeTyped) {
+    const OpeningSheet sheet = pasteSheet(midYear);
+    const FigurePlan plan =
+        planPaste(sheet, 4, placeOf(OpeningField::yearStart, midYear), blockOf("0\t0\t0\t70\n1"));
+    EXPECT_EQ(plan.count(CellFate::refused), 0u);
+    const EditStep step = typedStep(sheet, plan.figures());
+    ASSERT_EQ(step.size(), 2u);
+    for (const CellChange& change : step) EXPECT_EQ(change.accountId, 5);
 }
 
 TEST(TypedFigures, ThatChangeNothingMakeNoStep) {

@@ -56,6 +56,9 @@ TEST(OpeningColumns, HaveTheirWidths) {
     for (const OpeningColumn& column : openingColumns(OpeningLayout::simple))
         widths.push_back(column.width);
     EXPECT_EQ(widths, (std::vector<int>{20, 30, 8, 18, 30, 10, 10, 10, 10, 10, 10, 10, 10}));
+    widths.insert(widths.begin() + 4, {30, 30, 30});
+    for (std::size_t at = 0; const OpeningColumn& column : openingColumns(midYear))
+        EXPECT_EQ(column.width, widths[at++]) << column.header;
 }
 
 TEST(AuxiliaryKinds, AreNamedByTheFirstFittingLetters) {
