@@ -5,7 +5,6 @@
 #include "data/CNbCwDB.h"
 #include "data/host_database.h"
 #include "data/text.h"
-#include "host/services/record_change.h"
 #include "opening/opening_texts.h"
 
 namespace chengheng {
@@ -18,26 +17,39 @@ constexpr LockLists lockLists{"AssSum AccSum Cyrency UnRegMain UnRegSug",  // si
 
 const char* directionText(bool isDebit) { return isDebit ? texts::debit : texts::credit; }
 
-void turn(OpeningSheet& sheet, const std::vector<std::size_t>& places, bool isDebit) {
-    for (const std::size_t place : places) sheet.accounts()[place].isDebit = isDebit;
+/// An account that is gone is passed over.
+Result resultOfStoring(int operationResult) {
+    if (operationResult == 0 || g_pDB->lastStatus().failure == Failure::missing)
+        return Result::done();
+    return Result::failed();
 }
 
 Result storeDirection(std::int32_t accountId, bool isDebit) {
     _CodeInfo* row = nullptr;
-    if (g_pDB->Code_GetInfo(row, accountId) != 0)
-        return g_pDB->lastStatus().failure == Failure::missing ? Result::done() : Result::failed();
+    if (const int read = g_pDB->Code_GetInfo(row, accountId); read != 0)
+        return resultOfStoring(read);
     _CodeInfo account = *row;
     account.bDirect = isDebit ? 1 : 0;
-    const bool isDone = g_pDB->Code_Edit(account) == 0;
-    const Result result = isDone ? Result::done() : Result::failed();
+    const Result result = resultOfStoring(g_pDB->Code_Edit(account));
     g_pDB->Code_ReleaseAllBuffer();
     return result;
 }
 
-Result storeDirections(const OpeningSheet& sheet, const std::vector<std::size_t>& places,
-                       bool isDebit) {
-    for (const std::size_t place : places) {
-        const Result result = storeDirection(sheet.accounts()[place].id, isDebit);
+/// Turns an account of the books as they are now; it must be the one that was asked about.
+Result turn(OpeningBooks& books, const OpeningAccount& asked) {
+    if (!readOpeningBooks(*g_pDB, books)) return Result::failed();
+    OpeningSheet& sheet = books.sheet;
+    if (sheet.isBrowsing()) return Result::stale({.text = texts::vouchersMeanwhile});
+    const auto place = sheet.placeOfId(asked.id);
+    if (!place || sheet.accounts()[*place].code != asked.code ||
+        sheet.accounts()[*place].isDebit != asked.isDebit)
+        return Result::stale({.text = texts::chartMeanwhile});
+    const std::size_t line = sheet.accounts()[*place].firstLine;
+    if (const auto refusal = directionRefusal(sheet, CodeLevels(books.levelPattern), line))
+        return Result::stale(*refusal);
+    for (const std::size_t each : directionSubtree(sheet, line)) {
+        sheet.accounts()[each].isDebit = !asked.isDebit;
+        const Result result = storeDirection(sheet.accounts()[each].id, !asked.isDebit);
         if (result.outcome != Outcome::done) return result;
     }
     return Result::done();
@@ -70,25 +82,15 @@ std::vector<std::size_t> directionSubtree(const OpeningSheet& sheet, std::size_t
     return places;
 }
 
-bool adjustDirection(OpeningSheet& sheet, const CodeLevels& levels, std::size_t line,
-                     IMessages& messages) {
-    if (const auto refusal = directionRefusal(sheet, levels, line)) {
-        messages.tell(*refusal);
-        return false;
-    }
-    if (messages.ask(directionQuestion(sheet, line)) != Answer::yes) return false;
-    const std::vector<std::size_t> places = directionSubtree(sheet, line);
-    std::vector<bool> before;
-    for (const std::size_t place : places) before.push_back(sheet.accounts()[place].isDebit);
-    const bool isDebit = !sheet.accountOfLine(line).isDebit;
-    const Outcome outcome = changeRecords(messages, lockLists, [&] {
-        turn(sheet, places, isDebit);
-        return storeDirections(sheet, places, isDebit);
-    });
-    if (outcome == Outcome::done) return true;
-    for (std::size_t at = 0; at < places.size(); ++at)
-        sheet.accounts()[places[at]].isDebit = before[at];
-    return false;
+Outcome adjustDirection(OpeningBooks& books, std::size_t line, IMessages& messages) {
+    if (const auto refusal = directionRefusal(books.sheet, CodeLevels(books.levelPattern), line))
+        return told(messages, Result::refused(*refusal));
+    if (messages.ask(directionQuestion(books.sheet, line)) != Answer::yes) return Outcome::refused;
+    OpeningBooks fresh;
+    const OpeningAccount asked = books.sheet.accountOfLine(line);
+    const Outcome outcome = changeRecords(messages, lockLists, [&] { return turn(fresh, asked); });
+    if (outcome == Outcome::done) books = std::move(fresh);
+    return outcome;
 }
 
 }  // namespace chengheng

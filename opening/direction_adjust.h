@@ -6,7 +6,8 @@
 
 #include "accounts/code_levels.h"
 #include "host/messages/messages.h"
-#include "opening/opening_sheet.h"
+#include "host/services/record_change.h"
+#include "opening/opening_reading.h"
 
 namespace chengheng {
 
@@ -23,9 +24,9 @@ Question directionQuestion(const OpeningSheet& sheet, std::size_t line);
 std::vector<std::size_t> directionSubtree(const OpeningSheet& sheet, std::size_t line);
 
 /// Turns the direction of the account on a line in the sheet and in the open set of books, under
-/// the locks and in one unit of work. Accounts that are gone meanwhile are left out. False when
-/// the operator did not want it or it failed: then both are as before, and the operator knows.
-bool adjustDirection(OpeningSheet& sheet, const CodeLevels& levels, std::size_t line,
-                     IMessages& messages);
+/// the locks and in one unit of work. There the books are read anew: what another workstation
+/// typed since is no reason to give it another meaning, and accounts that came since turn too.
+/// Unless it is done, the sheet is as before, and the operator knows.
+Outcome adjustDirection(OpeningBooks& books, std::size_t line, IMessages& messages);
 
 }  // namespace chengheng

@@ -138,9 +138,10 @@ TrialBalance OpeningWork::trialBalance() {
 bool OpeningWork::adjustDirection(std::size_t line) {
     if (!mayAdjustDirection()) return false;
     m_books.sheet.rollUp();
-    if (!chengheng::adjustDirection(m_books.sheet, CodeLevels(m_books.levelPattern), line,
-                                    m_messages))
-        return false;
+    const Outcome outcome = chengheng::adjustDirection(m_books, line, m_messages);
+    if (outcome == Outcome::stale) refresh();
+    if (outcome != Outcome::done) return false;
+    ++m_readings;
     if (CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) < 0)
         m_messages.tell(lastFailureNotice());
     return true;

@@ -114,6 +114,72 @@ TEST_P(Directions, AreTurnedUnderTheLocksInTheirOrder) {
                      "unlock AssSum AccSum Cyrency UnRegMain UnRegSug 1", "unlock Code 2"}));
 }
 
+TEST_P(Directions, StayWhenABalanceCameWhileTheOperatorWasAsked) {
+    messages().willAnswer(Answer::yes);
+    messages().whileShown([this](const std::string& text) {
+        if (text.starts_with("是否调整")) m_books.addRows("100202", 12, 5);
+    });
+    EXPECT_FALSE(adjust("1002"));
+    EXPECT_EQ(messages().notices().back().text, "该科目已有期初数据,不能调整余额方向!");
+    EXPECT_EQ(directions(), m_before);
+    EXPECT_EQ(m_books.shown("1002"), "5.00");
+}
+
+TEST_P(Directions, StayWhenAVoucherCameWhileTheOperatorWasAsked) {
+    messages().willAnswer(Answer::yes);
+    messages().whileShown([this](const std::string& text) {
+        if (text.starts_with("是否调整")) m_books.addVoucher();
+    });
+    EXPECT_FALSE(adjust("1002"));
+    EXPECT_EQ(messages().notices().back().text,
+              "帐套中已有凭证,期初余额只能浏览,本次操作没有保存。");
+    EXPECT_EQ(directions(), m_before);
+    EXPECT_TRUE(m_books.work().isBrowsing());
+}
+
+TEST_P(Directions, StayWhenTheAccountIsNoLongerWhatTheOperatorSaw) {
+    for (const char* change : {"sCode = '1009'", "bDirect = 0", "lId = 900"}) {
+        OpeningTestBooks books(freshLocation(GetParam()));
+        books.addAccounts({"1001", "1002"});
+        ASSERT_TRUE(books.work().refresh());
+        books.change("1001", change);
+        books.messages().willAnswer(Answer::yes);
+        EXPECT_FALSE(books.work().adjustDirection(0)) << change;
+        EXPECT_EQ(books.messages().notices().back().text,
+                  "科目已被其他工作站修改,本次操作没有保存,表格已重新读入。");
+        EXPECT_EQ(books.books().account("1002").bDirect, 1);
+    }
+}
+
+TEST_P(Directions, TurnAccountsThatCameMeanwhileToo) {
+    m_books.addAccounts({"100203"});
+    messages().willAnswer(Answer::yes);
+    EXPECT_TRUE(adjust("1002"));
+    EXPECT_EQ(m_books.books().account("100203").bDirect, 0);
+    EXPECT_EQ(m_books.shown("100203", Measure::money, OpeningField::direction), "贷");
+}
+
+TEST_P(Directions, PassOverAnAccountThatGoesWhileTheyTurn) {
+    bool isMet = true;
+    int call = 1;
+    for (; isMet && call < 100; ++call) {
+        OpeningTestBooks books(freshLocation(GetParam()));
+        books.addAccounts({"1002", "100201", "100202"});
+        ASSERT_TRUE(books.work().refresh());
+        books.messages().willAnswer(Answer::yes);
+        isMet = false;
+        books.books().engine().beforeCall(call, [&] {
+            isMet = true;
+            books.books().run("DELETE FROM Code WHERE sCode = '100202'");
+        });
+        EXPECT_TRUE(books.work().adjustDirection(0)) << call;
+        books.books().engine().beforeCall(0, {});
+        EXPECT_TRUE(books.messages().notices().empty()) << call;
+        EXPECT_EQ(books.books().account("100201").bDirect, 0) << call;
+    }
+    EXPECT_GT(call, 8);
+}
+
 TEST_P(Directions, PassOverAnAccountThatIsGone) {
     m_books.books().run("DELETE FROM Code WHERE sCode = '10020101'");
     messages().willAnswer(Answer::yes);
