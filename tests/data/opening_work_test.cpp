@@ -304,6 +304,26 @@ TEST_P(Opening, RefreshesAndSavesBalancedBooksOnClosing) {
     EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
 }
 
+TEST_P(Opening, KeepsTheRowsOfASumThatBecameZeroWhenItClosesBalanced) {
+    m_books.addRows("1002", 12, 9);
+    work().beginEdit();
+    EXPECT_TRUE(work().mayClose());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("0"));
+}
+
+TEST_P(Opening, TakesTheTrialBalanceOfFiguresAsTheyAreLoadedWhileBrowsing) {
+    m_books.type("100202", "5");
+    m_books.books().run(
+        formatSql("UPDATE AccSum SET mBegin = 77 WHERE lCodeId = %d", m_books.idOf("1002")));
+    m_books.addVoucher();
+    work().refresh();
+    EXPECT_EQ(work().trialBalance().debitTotal(), 5);
+    EXPECT_EQ(m_books.shown("1002"), "77.00");
+    messages().willAnswer("期初余额试算不平衡,差额为5.00,是否退出?", Answer::no);
+    EXPECT_FALSE(work().mayClose());
+    EXPECT_EQ(m_books.shown("1002"), "77.00");
+}
+
 TEST_P(Opening, AsksBeforeClosingUnbalancedBooksAndStaysOnNo) {
     m_books.type("1001", "100");
     messages().willAnswer("期初余额试算不平衡,差额为100.00,是否退出?", Answer::no);
