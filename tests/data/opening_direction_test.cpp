@@ -4,6 +4,8 @@
 
 #include <map>
 
+#include "data/lookups/CGetData.h"
+#include "data/lookups/cached_records.h"
 #include "opening/auxiliary_directories.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
@@ -46,6 +48,14 @@ TEST_P(Directions, TurnWithAllAccountsBelowAfterAsking) {
     EXPECT_EQ(question.caption, "调整余额方向");
     EXPECT_EQ(question.icon, MessageIcon::question);
     EXPECT_EQ(question.buttons, AnswerButtons::yesNo);
+}
+
+TEST_P(Directions, AreTheNewOnesInTheLookupsOfTheHost) {
+    const BookLookups lookups("books");
+    ASSERT_EQ(CGetData::GetCODEINFOByCode("1002")->bDirect, 1);
+    messages().willAnswer(Answer::yes);
+    EXPECT_TRUE(adjust("1002"));
+    EXPECT_EQ(CGetData::GetCODEINFOByCode("1002")->bDirect, 0);
 }
 
 TEST_P(Directions, TurnBackFromCreditToDebit) {

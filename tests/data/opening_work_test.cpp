@@ -208,6 +208,13 @@ TEST_P(Opening, RefusesAnEditOfAnAccountWhoseMeaningAnotherWorkstationChanged) {
     EXPECT_TRUE(m_books.type("1009", "5"));
 }
 
+TEST_P(Opening, RefusesAnEditOfAnAccountThatBecameAuxiliaryMeanwhile) {
+    m_books.change("1001", "sAssBook = 'B'");
+    EXPECT_FALSE(m_books.type("1001", "5"));
+    EXPECT_EQ(messages().texts(), Texts{opening_texts::chartMeanwhile});
+    EXPECT_EQ(m_books.rows(), Texts{});
+}
+
 TEST_P(Opening, UndoesNothingThatAnotherWorkstationTypedOver) {
     m_books.type("1001", "1");
     m_books.type("1405", "2");
@@ -364,6 +371,24 @@ TEST_P(Opening, TakesOverAndRollsUpWhatAnAuxiliaryWindowWrote) {
     EXPECT_EQ(m_books.openings("1002"), "");
 }
 
+TEST_P(Opening, SavesAfterAPasteOrAnUndoThatFollowedAnAuxiliaryWindow) {
+    const std::string withoutParent =
+        formatSql("DELETE FROM AccSum WHERE lCodeId = %d", m_books.idOf("1002"));
+    EXPECT_TRUE(work().afterAuxiliary());
+    EXPECT_TRUE(
+        work().writeFigures({{m_books.idOf("10020101"), Measure::money, &Balance::opening, 3},
+                             {m_books.idOf("100202"), Measure::money, &Balance::opening, 5}}));
+    m_books.books().run(withoutParent);
+    EXPECT_TRUE(work().save());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("8"));
+    m_books.type("100202", "6");
+    EXPECT_TRUE(work().afterAuxiliary());
+    EXPECT_TRUE(work().undo());
+    m_books.books().run(withoutParent);
+    EXPECT_TRUE(work().save());
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("8"));
+}
+
 TEST_P(Opening, TellsWhyTheBooksCannotBeReadAndKeepsTheSheet) {
     const std::size_t lines = work().sheet().lineCount();
     m_books.books().engine().failCall(3);
@@ -382,6 +407,15 @@ TEST_P(Opening, MayBeClosedUnsavedWhenSavingFails) {
     });
     EXPECT_TRUE(work().mayClose());
     EXPECT_EQ(messages().texts().size(), 3u);
+    EXPECT_EQ(messages().questions().back().preset, Answer::no);
+}
+
+TEST_P(Opening, ClosesUnaskedWhenNothingWasChangedThoughTheBooksCannotBeRead) {
+    m_books.books().engine().failCall(2);
+    EXPECT_TRUE(work().mayClose());
+    m_books.books().engine().failCall(0);
+    EXPECT_TRUE(messages().questions().empty());
+    EXPECT_FALSE(messages().notices().empty());
 }
 
 CHENGHENG_ON_ALL_ENGINES(Opening);

@@ -199,6 +199,20 @@ TEST_F(OpeningWindowTest, AnswersTheKeysOfCalendarAndCalculator) {
     }
 }
 
+TEST_F(OpeningWindowTest, KeepsTheKeyF8ToItself) {
+    make();
+    addSomeAccounts();
+    open();
+    const auto isTaken = [this](Qt::Key key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&*window, &event);
+        return event.isAccepted();
+    };
+    EXPECT_TRUE(isTaken(Qt::Key_F8));
+    EXPECT_FALSE(isTaken(Qt::Key_F6));
+    EXPECT_TRUE(messages().texts().empty());
+}
+
 TEST_F(OpeningWindowTest, ShowsTheTrialBalanceInFiveTexts) {
     make();
     addSomeAccounts();
@@ -255,6 +269,33 @@ TEST_F(OpeningWindowTest, ChecksTheDirectoriesBeforeAnAuxiliaryWindow) {
     messages().forget();
     window->press(Qt::Key_F2);
     EXPECT_EQ(messages().onlyNotice().text, "“个人往来”尚未完成,暂不能使用。");
+}
+
+TEST_F(OpeningWindowTest, OpensAuxiliaryFiguresWhileBrowsingAndSavesNothingAfterwards) {
+    make();
+    books->addAccounts({"1001", "1002", "100201"});
+    books->change("100201", "sAssBook = 'C'");
+    books->addRows("100201", 12, 5);
+    books->books().run("INSERT Dept (lId) VALUES(1)");
+    books->addVoucher();
+    open();
+    window->stand(2, opening);
+    window->choose("录入辅助期初");
+    EXPECT_EQ(messages().onlyNotice().text, "“部门核算”尚未完成,暂不能使用。");
+    EXPECT_EQ(books->openings("1002"), "");
+}
+
+TEST_F(OpeningWindowTest, SavesAfterAnAuxiliaryWindow) {
+    make();
+    books->addAccounts({"1002", "100201"});
+    books->change("100201", "sAssBook = 'C'");
+    books->books().run("INSERT Dept (lId) VALUES(1)");
+    open();
+    books->addRows("100201", 12, 5);
+    window->stand(1, opening);
+    window->choose("录入辅助期初");
+    EXPECT_EQ(window->column(opening), (Texts{"5.00", "5.00"}));
+    EXPECT_EQ(books->openings("1002").substr(0, 7), "1=5 2=5");
 }
 
 TEST_F(OpeningWindowTest, OpensTheAuxiliaryFiguresOfTheCurrentAccountFromItsMenusToo) {
