@@ -75,6 +75,31 @@ TEST_P(OpeningCommands, TellBooksThatDoNotBalanceByTheExitCode) {
     EXPECT_THAT(run.out, HasSubstr("试算结果不平衡,差额为0.50\n"));
     EXPECT_THAT(chbooks({"trial-balance", m_books, "--json"}).out,
                 HasSubstr("\"result\": \"试算结果不平衡,差额为0.50\""));
+    ASSERT_EQ(import("科目编码,期初余额\n1001,0\n").code, done);
+    const std::string json = chbooks({"trial-balance", m_books, "--json"}).out;
+    EXPECT_THAT(json, HasSubstr("\"difference\": 300.0,"));
+    EXPECT_THAT(json, HasSubstr("\"balanced\": false"));
+}
+
+TEST_P(OpeningCommands, KeepTheFourFiguresOfBooksThatBeginMidYear) {
+    OpeningTestBooks(m_books, OpeningLayout::simple, false)
+        .books()
+        .run("UPDATE zAccountM SET dtStart = '2026/3/1' WHERE lId = 1");
+    EXPECT_EQ(import("科目编码,年初余额,累计借方,累计贷方,期初余额\n"
+                     "10020101,100,30,10,99\n"
+                     "1001,50,5,,\n")
+                  .code,
+              done);
+    const std::string path = m_folder + "out.csv";
+    ASSERT_EQ(chbooks({"export-opening", m_books, path}).code, done);
+    std::ifstream exported(path);
+    const std::string text{std::istreambuf_iterator<char>(exported), {}};
+    EXPECT_THAT(text, HasSubstr("100.00,30.00,10.00,99.00"));
+    EXPECT_THAT(text, HasSubstr("50.00,5.00,0.00,55.00"));
+    EXPECT_EQ(chbooks({"check", m_books}).code, done);
+    const ToolRun again = chbooks({"import-opening", m_books, path});
+    EXPECT_EQ(again.code, done);
+    EXPECT_THAT(again.out, HasSubstr("改动 0 格"));
 }
 
 TEST_P(OpeningCommands, ExportFilesThatReadBackUnchanged) {

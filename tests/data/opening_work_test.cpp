@@ -291,6 +291,29 @@ TEST_P(Opening, BalancesWithoutAccountClasses) {
     EXPECT_TRUE(messages().texts().empty());
 }
 
+TEST_P(Opening, BalancesAndTellsWhyWhenTheClassesCannotBeRead) {
+    m_books.type("1001", "100");
+    m_books.books().engine().failCall(1);
+    EXPECT_EQ(work().trialBalance().texts().result, "试算结果平衡");
+    m_books.books().engine().failCall(0);
+    EXPECT_EQ(messages().texts().size(), 1u);
+    EXPECT_EQ(work().trialBalance().texts().result, "试算结果不平衡,差额为100.00");
+}
+
+TEST_P(Opening, WritesAndRollsUpManyFiguresAtOnce) {
+    std::vector<TypedFigure> figures;
+    for (int number = 10; number < 90; ++number) {
+        const std::string code = "1002" + std::to_string(number);
+        m_books.addAccounts({code});
+        figures.push_back({m_books.idOf(code), Measure::money, &Balance::opening, 0.01});
+    }
+    ASSERT_TRUE(work().refresh());
+    EXPECT_TRUE(work().writeFigures(figures));
+    EXPECT_EQ(m_books.shown("1002"), "0.80");
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("0.8"));
+    EXPECT_EQ(m_books.whatASaveWouldChange(), Texts{});
+}
+
 TEST_P(Opening, ClosesAndSavesBalancedBooksWithoutAQuestion) {
     m_books.type("1001", "100");
     m_books.type("2001", "100");
