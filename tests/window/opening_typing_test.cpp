@@ -166,11 +166,16 @@ TEST_F(OpeningTypingTest, KeepsTheRunningTotals) {
     EXPECT_EQ(window->label("debits"), "借方合计:300.00");
     EXPECT_EQ(window->label("credits"), "贷方合计:0.00");
     EXPECT_EQ(window->label("difference"), "差额:300.00");
+    const auto redness = [this] {
+        return window->findChild<QLabel*>("difference")->palette().windowText().color().red();
+    };
+    EXPECT_GT(redness(), 150);
     window->stand(4, opening);
     window->type("300");
     window->press(Qt::Key_Return);
     EXPECT_EQ(window->label("credits"), "贷方合计:300.00");
     EXPECT_EQ(window->label("difference"), "差额:0.00");
+    EXPECT_LT(redness(), 100);
 }
 
 TEST_F(OpeningTypingTest, WritesAnEditThatAClickElsewhereEnds) {
@@ -311,6 +316,11 @@ TEST_F(OpeningTypingTest, FillsTheOpeningBalanceFromTheFiguresOfTheYear) {
     window->press(Qt::Key_Return);
     EXPECT_NE(window->colour(0, 7), QColor(Qt::white));
     EXPECT_EQ(window->colour(0, yearStart), QColor(Qt::white));
+    const auto tipAt = [this](int column) {
+        return window->grid().model()->index(0, column).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(tipAt(7), "期初余额与年初余额和累计发生额不符");
+    EXPECT_EQ(tipAt(yearStart), "");
 }
 
 TEST_F(OpeningTypingTest, AsksBeforeBooksThatDoNotBalanceAreLeft) {

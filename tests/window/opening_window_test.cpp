@@ -152,6 +152,8 @@ TEST_F(OpeningWindowTest, IsOnlyForBrowsingOnceThereIsAVoucher) {
     books->addVoucher();
     open();
     EXPECT_EQ(window->mode(), "浏览,只读");
+    EXPECT_TRUE(window->findChild<QLineEdit*>("mode")->isReadOnly());
+    EXPECT_FALSE(window->isEnabled("清零"));
     EXPECT_FALSE(window->isEnabled("调余额方向"));
     EXPECT_FALSE(window->isEnabled("结转上年余额"));
     window->stand(0, opening);
@@ -254,12 +256,15 @@ TEST_F(OpeningWindowTest, ChecksTheDirectoriesBeforeAnAuxiliaryWindow) {
     books->addAccounts({"1001"});
     books->change("1001", "sAssBook = 'A'");
     open();
-    const auto middle = window->grid().visualRect(window->grid().model()->index(0, opening));
+    auto middle = window->grid().visualRect(window->grid().model()->index(0, 1));
     const auto doubleClick = [&] {
         QTest::mouseClick(window->grid().viewport(), Qt::LeftButton, {}, middle.center());
         QTest::mouseDClick(window->grid().viewport(), Qt::LeftButton, {}, middle.center());
         QCoreApplication::processEvents();
     };
+    doubleClick();
+    EXPECT_TRUE(messages().texts().empty());
+    middle = window->grid().visualRect(window->grid().model()->index(0, opening));
     doubleClick();
     EXPECT_EQ(messages().onlyNotice().text, "请先定义个人目录");
     messages().forget();
@@ -343,6 +348,39 @@ TEST_F(OpeningWindowTest, KeepsTheSelectionThatARightClickFallsOn) {
     QTest::mouseClick(window->grid().viewport(), Qt::RightButton, {}, middle(4));
     EXPECT_EQ(selected(), 1);
     EXPECT_EQ(window->grid().currentRow(), 4);
+}
+
+TEST_F(OpeningWindowTest, OpensHelpAboutItself) {
+    make();
+    open();
+    const auto shownTitle = [this] {
+        const auto* help = window->findChild<HelpWindow*>();
+        return help == nullptr ? QString() : help->shownTitle();
+    };
+    window->press(Qt::Key_F1);
+    EXPECT_EQ(shownTitle(), "期初余额录入");
+    window->findChild<HelpWindow*>()->close();
+    OpenOpenings::letEventsTurn();
+    window->choose("帮助主题");
+    EXPECT_EQ(shownTitle(), "期初余额录入");
+    window->choose("搜索");
+    EXPECT_TRUE(window->findChild<HelpWindow*>()->findChild<QLineEdit*>()->hasFocus());
+}
+
+TEST_F(OpeningWindowTest, SaysThatItReadsTheFiguresAgain) {
+    make();
+    addSomeAccounts();
+    open();
+    bool hasWaited = false;
+    QTimer::singleShot(100, [&] {
+        for (QWidget* shown : QApplication::topLevelWidgets()) {
+            if (!dynamic_cast<WaitWindow*>(shown) || !shown->isVisible()) continue;
+            hasWaited = true;
+            EXPECT_EQ(shown->findChild<QLabel*>()->text(), "正在刷新期初数据,请稍候.....");
+        }
+    });
+    window->choose("刷新");
+    EXPECT_TRUE(hasWaited);
 }
 
 TEST_F(OpeningWindowTest, SaysWhichProgramItBelongsTo) {
