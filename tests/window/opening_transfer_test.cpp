@@ -78,6 +78,14 @@ TEST_F(OpeningTransferTest, PastesASingleFigureWhereItStands) {
     EXPECT_EQ(figures()[0], "12.35");
 }
 
+TEST_F(OpeningTransferTest, PastesFromTheFirstOfTheSelectedCellsOn) {
+    open();
+    window->stand(2, opening);
+    window->press(Qt::Key_Down, Qt::ShiftModifier);
+    paste("3\n4\n", [](QWidget& plan) { pressButton(plan, "写入"); });
+    EXPECT_EQ(figures(), (Texts{"0.00", "7.00", "3.00", "4.00", "0.00"}));
+}
+
 TEST_F(OpeningTransferTest, SaysThatThereIsNothingToPaste) {
     open();
     QApplication::clipboard()->setText("");

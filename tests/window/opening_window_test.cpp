@@ -226,6 +226,8 @@ TEST_F(OpeningWindowTest, ShowsTheTrialBalanceInFiveTexts) {
         EXPECT_EQ(dialog.windowTitle(), "试算平衡");
         for (const QPlainTextEdit* field : dialog.findChildren<QPlainTextEdit*>())
             texts.push_back(field->toPlainText().toStdString());
+        for (const QPushButton* button : dialog.findChildren<QPushButton*>())
+            EXPECT_NE(button->text(), "可能原因(&C)...");
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     window->choose("试算平衡");
