@@ -231,6 +231,16 @@ TEST(OpeningImports, RefuseFiguresThatTheAccountDoesNotKeep) {
                                     "1,3 1001 unchanged"}));
 }
 
+TEST(OpeningImports, TakeCodesThatASpreadsheetKeepsAsNumbers) {
+    Sheet file;
+    file.rows = {{Cell::of("科目编码"), Cell::of("期初余额")},
+                 {Cell::of(1001.0), Cell::of(0.1 + 0.2)},
+                 {Cell::of(100201.0), Cell::of(" (1,200.00) ")}};
+    FigurePlan plan;
+    EXPECT_FALSE(planOpeningImport(pasteSheet(), file, plan));
+    EXPECT_EQ(fatesOf(plan), (Texts{"1,1 1001 changed 0.3", "2,1 100201 changed -1200"}));
+}
+
 TEST(OpeningImports, NeedAHeadingRow) {
     FigurePlan plan;
     Sheet file;
