@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 
 #include "tests/window/typing.h"
 
@@ -38,6 +39,15 @@ TEST_F(LimitedEditTest, TakesSoManyCharactersOfAnyKind) {
     EXPECT_EQ(text(), "支1𠮷票");
     QCoreApplication::processEvents();
     EXPECT_EQ(cuts, 0);
+}
+
+TEST_F(LimitedEditTest, TakesTheKeyOfADeletionThatIsOffAndKeepsItsText) {
+    edit.showText("甲乙");
+    edit.selectAll();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_D, Qt::ControlModifier);
+    QCoreApplication::sendEvent(&edit, &key);
+    EXPECT_EQ(text(), "甲乙");
+    EXPECT_TRUE(key.isAccepted()) << "nobody else is to take it";
 }
 
 TEST_F(LimitedEditTest, CutsWhatIsPastedAndLeavesTheRestWhole) {

@@ -54,6 +54,11 @@ void LimitedEdit::showText(const QString& text) {
 }
 
 void LimitedEdit::keyPressEvent(QKeyEvent* event) {
+    // Some desktops delete by Ctrl+D. It is the key of 删除, and comes here while that is off.
+    if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier) {
+        event->accept();
+        return;
+    }
     const QScopedValueRollback typing(m_isTyping, !event->matches(QKeySequence::Paste));
     QLineEdit::keyPressEvent(event);
 }

@@ -6,7 +6,7 @@ namespace chengheng {
 
 /// A field of one line for so many characters, each counted as it is seen, one of four bytes
 /// too. A key typed into a full field does nothing; of a longer text put in, as by pasting,
-/// there remains what fits.
+/// there remains what fits. Ctrl+D never changes it.
 class LimitedEdit : public QLineEdit {
     Q_OBJECT
 
