@@ -43,24 +43,29 @@ struct PrintOptions {
 struct NamedList {
     std::string_view name;
     bool isOfCurrency;
+    bool isOfDays;  ///< of the whole year or of a month
     PrintedList (*list)(const PrintOptions& options, const _CyrencyInfo& currency);
 };
 
 using Options = PrintOptions;
 using Currency = _CyrencyInfo;
 constexpr std::array lists{
-    NamedList{"settle", false, [](const Options&, const Currency&) { return settlementList(); }},
-    NamedList{"sign", false, [](const Options&, const Currency&) { return voucherTypeList(); }},
-    NamedList{"currency", false, [](const Options&, const Currency&) { return currencyList(); }},
-    NamedList{"fixed-rates", true,
+    NamedList{"settle", false, false,
+              [](const Options&, const Currency&) { return settlementList(); }},
+    NamedList{"sign", false, false,
+              [](const Options&, const Currency&) { return voucherTypeList(); }},
+    NamedList{"currency", false, false,
+              [](const Options&, const Currency&) { return currencyList(); }},
+    NamedList{"fixed-rates", true, false,
               [](const Options&, const Currency& currency) {
                   return rateList(RateKind::fixed, currency);
               }},
-    NamedList{"floating-rates", true,
+    NamedList{"floating-rates", true, true,
               [](const Options& options, const Currency& currency) {
                   return rateList(RateKind::floating, currency, options.month);
               }},
-    NamedList{"accounts", false, [](const Options&, const Currency&) { return chartList(); }},
+    NamedList{"accounts", false, false,
+              [](const Options&, const Currency&) { return chartList(); }},
 };
 
 ExitCode tell(Tool& tool, ExitCode code, const char* text, const std::string& value = {}) {
@@ -115,6 +120,10 @@ ExitCode print(Tool& tool, const PrintOptions& options) {
         return tell(tool, ExitCode::wrongInput, tool_texts::unknownList, options.list);
     if (named->isOfCurrency && options.currency.empty())
         return tell(tool, ExitCode::wrongUsage, tool_texts::currencyMissing);
+    if (!named->isOfCurrency && !options.currency.empty())
+        return tell(tool, ExitCode::wrongUsage, tool_texts::currencyUnused, options.list);
+    if (!named->isOfDays && options.month != 0)
+        return tell(tool, ExitCode::wrongUsage, tool_texts::monthUnused, options.list);
     if (!options.pdf.empty() && !tool.writePdf) return runPdfProgram(tool);
     auto engine = openBooks(tool, options.books);
     if (engine == nullptr) return ExitCode::failed;

@@ -129,6 +129,8 @@ inline constexpr const char* unknownList =
     "不认识列表“{}”。\n请用 settle、sign、currency、fixed-rates、floating-rates 或 accounts。";
 inline constexpr const char* onePrintFile = "请用 --pdf、--xlsx、--csv 之一指定要写入的文件。";
 inline constexpr const char* currencyMissing = "打印汇率时,请用 --currency 指定币符。";
+inline constexpr const char* currencyUnused = "--currency 只用于汇率列表,打印列表“{}”时请去掉。";
+inline constexpr const char* monthUnused = "--month 只用于 floating-rates,打印列表“{}”时请去掉。";
 inline constexpr const char* currencyUnknown = "帐套中没有币符为“{}”的外币。";
 inline constexpr const char* reportWritten = "“{}”已写入“{}”。";
 inline constexpr const char* pdfProgramMissing =

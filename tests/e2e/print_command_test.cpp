@@ -130,6 +130,13 @@ TEST_P(PrintCommand, SaysWhatIsWrongWithTheCommandLine) {
     EXPECT_THAT(print({"settle", m_books}).err, HasSubstr("--pdf、--xlsx、--csv"));
     EXPECT_EQ(print({"settle", m_books, "--csv", path, "--xlsx", path}).exitCode, wrongUsage);
     EXPECT_EQ(print({"fixed-rates", m_books, "--csv", path}).exitCode, wrongUsage);
+    const ProgramRun dollars = print({"settle", m_books, "--csv", path, "--currency", "USD"});
+    EXPECT_EQ(dollars.exitCode, wrongUsage);
+    EXPECT_EQ(dollars.err, "--currency 只用于汇率列表,打印列表“settle”时请去掉。\n");
+    const ProgramRun march =
+        print({"fixed-rates", m_books, "--csv", path, "--currency", "USD", "--month", "3"});
+    EXPECT_EQ(march.exitCode, wrongUsage);
+    EXPECT_EQ(march.err, "--month 只用于 floating-rates,打印列表“fixed-rates”时请去掉。\n");
     const ProgramRun unknown = print({"ledger", m_books, "--csv", path});
     EXPECT_EQ(unknown.exitCode, wrongInput);
     EXPECT_THAT(unknown.err, HasSubstr("不认识列表“ledger”"));
