@@ -434,11 +434,18 @@ TEST_P(Opening, MayBeClosedUnsavedWhenSavingFails) {
 }
 
 TEST_P(Opening, ClosesUnaskedWhenNothingWasChangedThoughTheBooksCannotBeRead) {
-    m_books.books().engine().failCall(2);
-    EXPECT_TRUE(work().mayClose());
-    m_books.books().engine().failCall(0);
-    EXPECT_TRUE(messages().questions().empty());
-    EXPECT_FALSE(messages().notices().empty());
+    bool hasFailed = true;
+    int call = 1;
+    for (; hasFailed && call < 100; ++call) {
+        messages().forget();
+        m_books.books().engine().failCall(call);
+        EXPECT_TRUE(work().mayClose()) << call;
+        hasFailed = m_books.books().engine().hasFailed();
+        m_books.books().engine().failCall(0);
+        EXPECT_TRUE(messages().questions().empty()) << call;
+        EXPECT_EQ(messages().notices().size(), hasFailed ? 1u : 0u) << call;
+    }
+    EXPECT_GT(call, 8);
 }
 
 CHENGHENG_ON_ALL_ENGINES(Opening);
