@@ -26,6 +26,13 @@ std::string rowText(const _AccSumInfo& row, const std::string& code) {
 
 }  // namespace
 
+std::string allPeriods(const std::string& value) {
+    std::string text;
+    for (int period = 1; period <= 12; ++period)
+        text += (period > 1 ? " " : "") + std::to_string(period) + "=" + value;
+    return text;
+}
+
 OpeningTestBooks::OpeningTestBooks(const std::string& location, OpeningLayout layout, bool isNew)
     : m_books(location, isNew) {
     if (isNew && layout == OpeningLayout::midYear)

@@ -9,6 +9,9 @@
 
 namespace chengheng {
 
+/// What openings() gives when every period has the value: "1=5 2=5 ... 12=5".
+std::string allPeriods(const std::string& value);
+
 /// Books whose opening balances are typed. Those that begin mid-year begin in March.
 class OpeningTestBooks {
   public:
