@@ -8,6 +8,7 @@
 
 #include "bench/grouped_books.h"
 #include "bench/raw_codes.h"
+#include "bench/silent_messages.h"
 #include "bench/timing.h"
 #include "data/unit_of_work.h"
 #include "host/services/host_globals.h"
@@ -23,12 +24,6 @@ using bench::require;
 constexpr std::size_t editedLine = 7;
 /// The floor edits another group: its sums are not those of the accounts below.
 constexpr int rawEdited[] = {41, 48};
-
-class SilentMessages : public chengheng::IMessages {
-  public:
-    void tell(const chengheng::Notice& notice) override { require(false, notice.text.c_str()); }
-    chengheng::Answer ask(const chengheng::Question&) override { return chengheng::Answer::no; }
-};
 
 class OpeningBench {
   public:
@@ -142,7 +137,7 @@ class OpeningBench {
         sqlite3_finalize(update);
     }
     void editing() {
-        SilentMessages messages;
+        bench::SilentMessages messages;
         chengheng::OpeningWork work(messages);
         require(work.refresh(), "reading the window");
         const std::size_t column =

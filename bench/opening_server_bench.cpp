@@ -10,6 +10,7 @@
 
 #include "bench/grouped_books.h"
 #include "bench/raw_server.h"
+#include "bench/silent_messages.h"
 #include "bench/timing.h"
 #include "data/unit_of_work.h"
 #include "host/services/host_globals.h"
@@ -28,12 +29,6 @@ constexpr std::size_t editedLine = 7;
 /// The floor edits another group: its sums are not those of the accounts below.
 constexpr int rawEdited[] = {41, 48};
 constexpr const char* schema = "opening_bench";
-
-class SilentMessages : public chengheng::IMessages {
-  public:
-    void tell(const chengheng::Notice& notice) override { require(false, notice.text.c_str()); }
-    chengheng::Answer ask(const chengheng::Question&) override { return chengheng::Answer::no; }
-};
 
 /// The books of GroupedBooks on a server.
 class ServerOpeningBench {
@@ -142,7 +137,7 @@ class ServerOpeningBench {
         m_raw.run("COMMIT");
     }
     void editing() {
-        SilentMessages messages;
+        bench::SilentMessages messages;
         chengheng::OpeningWork work(messages);
         const std::size_t column =
             chengheng::placeOf(chengheng::OpeningField::opening, chengheng::OpeningLayout::simple);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "bench/timing.h"
+#include "host/messages/messages.h"
+
+namespace bench {
+
+/// Expects to hear nothing; a notice ends the measuring.
+class SilentMessages : public chengheng::IMessages {
+  public:
+    void tell(const chengheng::Notice& notice) override { require(false, notice.text.c_str()); }
+    chengheng::Answer ask(const chengheng::Question&) override { return chengheng::Answer::no; }
+};
+
+}  // namespace bench
