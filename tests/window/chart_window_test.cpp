@@ -4,8 +4,8 @@
 #include <QToolButton>
 
 #include "host/screen/help/help_window.h"
-#include "host/screen/wait_window.h"
 #include "tests/window/chart_fixture.h"
+#include "tests/window/wait_watch.h"
 
 using namespace chengheng;
 
@@ -215,16 +215,9 @@ TEST_F(ChartTest, ReadsTheTabAgainAndGoesToItsTop) {
     open();
     window->grid().setCurrentRow(3);
     books.add("1003", "其他货币资金");
-    bool hasWaited = false;
-    QTimer::singleShot(100, [&] {
-        for (QWidget* shown : QApplication::topLevelWidgets()) {
-            if (!dynamic_cast<WaitWindow*>(shown) || !shown->isVisible()) continue;
-            hasWaited = true;
-            EXPECT_EQ(shown->findChild<QLabel*>()->text(), "正在刷新期初数据,请稍侯.....");
-        }
-    });
+    const WaitWatch watch;
     window->choose("刷新");
-    EXPECT_TRUE(hasWaited);
+    EXPECT_EQ(watch.text(), "正在刷新期初数据,请稍侯.....");
     EXPECT_EQ(codes().size(), 7);
     EXPECT_EQ(window->grid().currentRow(), 0);
 }

@@ -7,9 +7,9 @@
 #include "host/screen/CBalanceTableDlg.h"
 #include "host/screen/frozen_columns.h"
 #include "host/screen/help/help_window.h"
-#include "host/screen/wait_window.h"
 #include "tests/support/recording_printer.h"
 #include "tests/window/opening_fixture.h"
+#include "tests/window/wait_watch.h"
 
 using namespace chengheng;
 
@@ -373,16 +373,9 @@ TEST_F(OpeningWindowTest, SaysThatItReadsTheFiguresAgain) {
     make();
     addSomeAccounts();
     open();
-    bool hasWaited = false;
-    QTimer::singleShot(100, [&] {
-        for (QWidget* shown : QApplication::topLevelWidgets()) {
-            if (!dynamic_cast<WaitWindow*>(shown) || !shown->isVisible()) continue;
-            hasWaited = true;
-            EXPECT_EQ(shown->findChild<QLabel*>()->text(), "正在刷新期初数据,请稍候.....");
-        }
-    });
+    const WaitWatch watch;
     window->choose("刷新");
-    EXPECT_TRUE(hasWaited);
+    EXPECT_EQ(watch.text(), "正在刷新期初数据,请稍候.....");
 }
 
 TEST_F(OpeningWindowTest, SaysWhichProgramItBelongsTo) {
