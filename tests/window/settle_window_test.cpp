@@ -15,6 +15,13 @@ std::string textOf(const QAction& action) { return action.text().toStdString(); 
 
 }  // namespace
 
+Texts numberedMethods(int first, int end) {
+    Texts methods;
+    for (int each = first; each < end; ++each)
+        methods.push_back(std::to_string(each) + " 方式" + std::to_string(each) + " 0");
+    return methods;
+}
+
 TEST_F(SettleWindowTest, OpensWithTheFirstMethodInItsForm) {
     open({"1 现金 0", "2 支票 1"});
     EXPECT_EQ(window->windowTitle(), "结算方式");
@@ -284,10 +291,7 @@ TEST_F(SettleWindowTest, ShowsAStoredNameThatIsTooLongAsItIs) {
 }
 
 TEST_F(SettleWindowTest, OffersAFilterFromTwentyMethodsOn) {
-    Texts methods;
-    for (int each = 10; each < 29; ++each)
-        methods.push_back(std::to_string(each) + " 方式" + std::to_string(each) + " 0");
-    open(methods);
+    open(numberedMethods(10, 29));
     auto& filter = control<QLineEdit>("filter");
     EXPECT_FALSE(filter.isVisible());
     add("aa", "Visa卡");
@@ -305,10 +309,7 @@ TEST_F(SettleWindowTest, OffersAFilterFromTwentyMethodsOn) {
 }
 
 TEST_F(SettleWindowTest, EnterAndDownLeadFromTheFilterIntoItsList) {
-    Texts methods;
-    for (int each = 10; each < 40; ++each)
-        methods.push_back(std::to_string(each) + " 方式" + std::to_string(each) + " 0");
-    open(methods);
+    open(numberedMethods(10, 40));
     auto& filter = control<QLineEdit>("filter");
     for (const auto& [key, wanted, shown] :
          {std::tuple{Qt::Key_Return, "27", "27 方式27"}, {Qt::Key_Down, "31", "31 方式31"}}) {
@@ -322,10 +323,7 @@ TEST_F(SettleWindowTest, EnterAndDownLeadFromTheFilterIntoItsList) {
 }
 
 TEST_F(SettleWindowTest, DownFromTheFilterKeepsALeafThatIsSelectedAlready) {
-    Texts methods;
-    for (int each = 10; each < 40; ++each)
-        methods.push_back(std::to_string(each) + " 方式" + std::to_string(each) + " 0");
-    open(methods);
+    open(numberedMethods(10, 40));
     auto& filter = control<QLineEdit>("filter");
     filter.setFocus();
     QTest::keyClicks(&filter, "7");
