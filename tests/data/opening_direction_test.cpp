@@ -130,6 +130,7 @@ TEST_P(Directions, StayWhenABalanceCameWhileTheOperatorWasAsked) {
         if (text.starts_with("是否调整")) m_books.addRows("100202", 12, 5);
     });
     EXPECT_FALSE(adjust("1002"));
+    ASSERT_EQ(messages().notices().size(), 1u);
     EXPECT_EQ(messages().notices().back().text, "该科目已有期初数据,不能调整余额方向!");
     EXPECT_EQ(directions(), m_before);
     EXPECT_EQ(m_books.shown("1002"), "5.00");
@@ -141,6 +142,7 @@ TEST_P(Directions, StayWhenAVoucherCameWhileTheOperatorWasAsked) {
         if (text.starts_with("是否调整")) m_books.addVoucher();
     });
     EXPECT_FALSE(adjust("1002"));
+    ASSERT_EQ(messages().notices().size(), 1u);
     EXPECT_EQ(messages().notices().back().text,
               "帐套中已有凭证,期初余额只能浏览,本次操作没有保存。");
     EXPECT_EQ(directions(), m_before);
@@ -155,6 +157,7 @@ TEST_P(Directions, StayWhenTheAccountIsNoLongerWhatTheOperatorSaw) {
         books.change("1001", change);
         books.messages().willAnswer(Answer::yes);
         EXPECT_FALSE(books.work().adjustDirection(0)) << change;
+        ASSERT_EQ(books.messages().notices().size(), 1u) << change;
         EXPECT_EQ(books.messages().notices().back().text,
                   "科目已被其他工作站修改,本次操作没有保存,表格已重新读入。");
         EXPECT_EQ(books.books().account("1002").bDirect, 1);
