@@ -31,7 +31,7 @@ target_link_libraries(books_rules
     PUBLIC books_data
     PRIVATE PkgConfig::SODIUM PkgConfig::XLSXWRITER PkgConfig::ZIP EXPAT::EXPAT CLI11::CLI11
         nlohmann_json::nlohmann_json ICU::i18n ICU::uc)
-set_source_files_properties(host/books/launch_options.cpp
+set_source_files_properties(data/platform/program_version.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_VERSION="${PROJECT_VERSION}")
 
 # Layout files lie beside the programs, where GetPrintFile finds them.
@@ -46,6 +46,5 @@ list(REMOVE_ITEM tool_sources ${CMAKE_SOURCE_DIR}/host/tool/main.cpp)
 add_library(chbooks_tool STATIC ${tool_sources})
 target_link_libraries(chbooks_tool
     PUBLIC books_rules PRIVATE CLI11::CLI11 nlohmann_json::nlohmann_json)
-target_compile_definitions(chbooks_tool PRIVATE CHENGHENG_VERSION="${PROJECT_VERSION}")
 add_executable(chbooks host/tool/main.cpp)
 target_link_libraries(chbooks PRIVATE chbooks_tool)

@@ -8,8 +8,6 @@ inline constexpr const char* productName = "澄恒财务软件";
 inline constexpr const char* noSupervisor = "你没有[主管]权限!";
 inline constexpr const char* noForeignCurrency =
     "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!";
-/// The name of the function whose window is missing takes the place of {}.
-inline constexpr const char* unbuiltFunction = "“{}”尚未完成,暂不能使用。";
 
 inline constexpr const char* divide = "财务分工";
 inline constexpr const char* bursar = "会计科目";

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "data/dialect/batch_reader.h"
-#include "data/engines/engine.h"
+#include "data/dialect/engine_dialect.h"
+#include "data/engines/value.h"
+#include "data/status.h"
 
 namespace chengheng {
 

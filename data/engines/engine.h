@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "data/dialect/engine_dialect.h"
 #include "data/engines/value.h"
 #include "data/locks/lock_service.h"
-#include "data/schema/table.h"
 #include "data/status.h"
 
 namespace chengheng {
@@ -44,14 +44,9 @@ class Cursor {
         int column) const = 0;  ///< NULL reads as ""; dates as "2026-01-05"
 };
 
-/// What a statement must look like on an engine.
-struct EngineDialect {
-    /// Follows a LIKE pattern so that a backslash takes the meaning off % and _.
-    std::string_view likeEscape;
-    /// Follows a select of an id counter inside a unit of work, to keep others from it.
-    std::string_view rowLock;
-    /// The type of a column with its collation and default, as it stands in CREATE TABLE.
-    std::string (*columnDeclaration)(ColumnType type);
+enum class OpenMode {
+    existing,  ///< the database must be there
+    create,    ///< a new, empty one is made; fails when it is there already
 };
 
 /// What an engine tells about itself and the database it holds.

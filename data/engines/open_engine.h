@@ -9,11 +9,6 @@
 
 namespace chengheng {
 
-enum class OpenMode {
-    existing,  ///< the database must be there
-    create,    ///< a new, empty one is made; fails when it is there already
-};
-
 /// Connects to a database: the path of a file, ":memory:", or
 /// "postgresql://user@host:port/database?schema=name". Tells nothing about what lies in it.
 Status openEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine);

@@ -7,6 +7,7 @@
 #include <array>
 #include <string_view>
 
+#include "data/platform/program_version.h"
 #include "host/books/launch_texts.h"
 
 namespace chengheng {
@@ -47,8 +48,6 @@ std::vector<std::string> takeLaunchArguments(std::vector<std::string>& arguments
 }
 
 }  // namespace
-
-const char* programVersion() { return CHENGHENG_VERSION; }
 
 LaunchReading readLaunchOptions(std::vector<std::string> arguments) {
     LaunchReading reading;

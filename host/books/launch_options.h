@@ -39,9 +39,6 @@ struct LaunchReading {
     std::string text;                 ///< help, version, or what is wrong
 };
 
-/// "0.1.0"
-const char* programVersion();
-
 /// Reads the arguments after the program's name.
 LaunchReading readLaunchOptions(std::vector<std::string> arguments);
 

@@ -7,6 +7,9 @@ inline constexpr const char* unexpectedError =
     "“{}”中发生意外错误:{}\n\n本次操作没有完成,此前已保存的数据不受影响。";
 inline constexpr const char* unknownError = "原因不明";
 
+/// The name of the function whose window is missing takes the place of {}.
+inline constexpr const char* unbuiltFunction = "“{}”尚未完成,暂不能使用。";
+
 inline constexpr const char* productName = "澄恒财务软件";
 
 inline constexpr const char* helpTitle = "帮助 - 澄恒财务软件";

@@ -3,7 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <array>
 #include <ostream>
+#include <string>
 
+#include "data/platform/program_version.h"
 #include "host/tool/commands.h"
 #include "host/tool/tool_texts.h"
 
@@ -20,7 +22,7 @@ void setUp(CLI::App& app) {
     formatter->label("REQUIRED", "(必需)");
     app.option_defaults()->group(tool_texts::optionGroup);
     app.set_help_flag("-h,--help", tool_texts::helpOption);
-    app.set_version_flag("--version", "chbooks " CHENGHENG_VERSION, tool_texts::versionOption);
+    app.set_version_flag("--version", std::string("chbooks ") + programVersion(), tool_texts::versionOption);
     app.footer(tool_texts::footer);
     app.require_subcommand(1);
 }

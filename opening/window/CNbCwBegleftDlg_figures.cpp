@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "host/books/launch_options.h"
+#include "data/platform/program_version.h"
 #include "host/forms/form_texts.h"
 #include "host/screen/CBalanceTableDlg.h"
 #include "host/screen/CVCF1.h"
@@ -12,12 +12,12 @@
 #include "host/screen/help/help_window.h"
 #include "host/screen/report/CNxGridControl.h"
 #include "host/screen/search_bar.h"
+#include "host/screen/unbuilt.h"
 #include "host/screen/wait_window.h"
 #include "opening/opening_commands.h"
 #include "opening/opening_texts.h"
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "opening/window/opening_model.h"
-#include "setting/window/unbuilt_functions.h"
 
 namespace opening_texts = chengheng::opening_texts;
 using chengheng::EditStep;

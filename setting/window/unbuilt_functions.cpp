@@ -1,7 +1,6 @@
 #include "setting/window/unbuilt_functions.h"
 
-#include <fmt/format.h>
-
+#include "host/screen/unbuilt.h"
 #include "setting/hub_texts.h"
 
 namespace chengheng {
@@ -27,11 +26,6 @@ const char* titleOf(HubFunction function) {
 }
 
 }  // namespace
-
-void tellUnbuilt(IMessages& messages, const char* title) {
-    messages.tell({.text = fmt::format(fmt::runtime(hub_texts::unbuiltFunction), title),
-                   .icon = MessageIcon::information});
-}
 
 void tellUnbuilt(IMessages& messages, HubFunction function) {
     tellUnbuilt(messages, titleOf(function));

@@ -7,8 +7,6 @@ namespace chengheng {
 // Functions of the module that have no window yet, each standing in for its window: it opens
 // nothing and says so.
 
-/// Says that what bears this title has no window yet.
-void tellUnbuilt(IMessages& messages, const char* title);
 void tellUnbuilt(IMessages& messages, HubFunction function);
 
 template <HubFunction function>

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "data/engines/open_engine.h"
+#include "data/engines/engine.h"
 #include "data/status.h"
 
 namespace chengheng {

@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "data/engines/engine.h"
-#include "data/engines/open_engine.h"
 #include "data/status.h"
 
 namespace chengheng {

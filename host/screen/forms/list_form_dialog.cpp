@@ -14,7 +14,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include "host/books/launch_options.h"
+#include "data/platform/program_version.h"
 #include "host/forms/form_texts.h"
 #include "host/screen/colours.h"
 #include "host/screen/forms/leaf_model.h"

@@ -1,0 +1,7 @@
+#include "data/platform/program_version.h"
+
+namespace chengheng {
+
+const char* programVersion() { return CHENGHENG_VERSION; }
+
+}  // namespace chengheng
