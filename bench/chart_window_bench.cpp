@@ -5,17 +5,17 @@
 #include <optional>
 #include <string>
 
-#include "accounts/chart_commands.h"
-#include "accounts/chart_screen.h"
+#include "accounts/screen/chart_commands.h"
+#include "accounts/screen/chart_screen.h"
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "accounts/window/chart_model.h"
 #include "bench/raw_codes.h"
 #include "bench/sample_books.h"
 #include "bench/timing.h"
 #include "data/lookups/cached_records.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/application.h"
-#include "host/services/host_globals.h"
+#include "screen/application.h"
+#include "screen/grid/CVCF1.h"
+#include "session/host_globals.h"
 
 namespace {
 

@@ -10,12 +10,12 @@
 #include "bench/raw_codes.h"
 #include "bench/silent_messages.h"
 #include "bench/timing.h"
-#include "data/unit_of_work.h"
-#include "host/services/host_globals.h"
-#include "opening/opening_work.h"
-#include "opening/posting.h"
-#include "opening/roll_up.h"
-#include "opening/saving.h"
+#include "data/access/unit_of_work.h"
+#include "opening/screen/opening_work.h"
+#include "opening/sheet/roll_up.h"
+#include "opening/storing/posting.h"
+#include "opening/storing/saving.h"
+#include "session/host_globals.h"
 
 namespace {
 

@@ -12,13 +12,13 @@
 #include "bench/raw_server.h"
 #include "bench/silent_messages.h"
 #include "bench/timing.h"
-#include "data/unit_of_work.h"
-#include "host/services/host_globals.h"
-#include "opening/opening_sql.h"
-#include "opening/opening_work.h"
-#include "opening/roll_up.h"
-#include "opening/saving.h"
-#include "opening/zero_row_sweep.h"
+#include "data/access/unit_of_work.h"
+#include "opening/screen/opening_work.h"
+#include "opening/sheet/roll_up.h"
+#include "opening/storing/opening_sql.h"
+#include "opening/storing/saving.h"
+#include "opening/storing/zero_row_sweep.h"
+#include "session/host_globals.h"
 
 namespace {
 

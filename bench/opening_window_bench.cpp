@@ -11,11 +11,11 @@
 #include "bench/raw_codes.h"
 #include "bench/timing.h"
 #include "data/lookups/cached_records.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/application.h"
-#include "host/services/host_globals.h"
-#include "opening/opening_sql.h"
+#include "opening/storing/opening_sql.h"
 #include "opening/window/CNbCwBegleftDlg.h"
+#include "screen/application.h"
+#include "screen/grid/CVCF1.h"
+#include "session/host_globals.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/CNbCwDB.h"
+#include "data/access/CNbCwDB.h"
 
 namespace bench {
 

@@ -7,8 +7,8 @@
 #include "bench/post_all.h"
 #include "bench/sample_books.h"
 #include "bench/timing.h"
-#include "data/format/sql_format.h"
-#include "data/unit_of_work.h"
+#include "data/access/unit_of_work.h"
+#include "data/sql/sql_format.h"
 
 namespace {
 

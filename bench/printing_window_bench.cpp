@@ -5,12 +5,12 @@
 #include <functional>
 #include <string>
 
+#include "base/system/this_process.h"
 #include "bench/timing.h"
-#include "data/platform/this_process.h"
-#include "host/screen/application.h"
-#include "host/screen/report/pdf_writing.h"
-#include "host/screen/report/report_preview.h"
-#include "print/report_run.h"
+#include "report/engine/report_run.h"
+#include "screen/application.h"
+#include "screen/report/pdf_writing.h"
+#include "screen/report/report_preview.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "bench/timing.h"
-#include "data/format/sql_format.h"
+#include "data/sql/sql_format.h"
 
 namespace bench {
 

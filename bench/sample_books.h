@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "data/CNbCwDB.h"
+#include "data/access/CNbCwDB.h"
 
 namespace bench {
 

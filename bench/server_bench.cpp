@@ -7,7 +7,7 @@
 #include "bench/post_all.h"
 #include "bench/raw_server.h"
 #include "bench/timing.h"
-#include "data/CNbCwDB.h"
+#include "data/access/CNbCwDB.h"
 
 namespace {
 

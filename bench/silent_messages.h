@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/messages/messages.h"
 #include "bench/timing.h"
-#include "host/messages/messages.h"
 
 namespace bench {
 

@@ -8,9 +8,10 @@ list(REMOVE_ITEM bench_support ${bench_programs})
 foreach(program ${bench_programs})
     get_filename_component(name ${program} NAME_WE)
     add_executable(${name} ${program} ${bench_support})
-    target_link_libraries(${name} PRIVATE books_rules SQLite::SQLite3 PostgreSQL::PostgreSQL)
+    target_link_libraries(${name} PRIVATE
+        ${TOP_PLAIN_FOLDER} SQLite::SQLite3 PostgreSQL::PostgreSQL)
     if(name MATCHES "_window_bench$")
-        target_link_libraries(${name} PRIVATE books_windows)
+        target_link_libraries(${name} PRIVATE ${TOP_WINDOW_FOLDER})
     endif()
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/programs)

@@ -5,22 +5,33 @@ find_package(Threads REQUIRED)
 
 folder_sources(support_sources tests/support/*.cpp)
 add_library(test_support STATIC ${support_sources})
-target_link_libraries(test_support PUBLIC books_rules GTest::gtest GTest::gmock Threads::Threads
+target_compile_options(test_support PUBLIC
+    # A fixture in a file of its own may lie in a namespace without a name, compiled together too.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+target_link_libraries(test_support
+    PUBLIC ${TOP_PLAIN_FOLDER} GTest::gtest GTest::gmock Threads::Threads
     PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL PkgConfig::ZIP)
 set_source_files_properties(tests/rules/schema_page_test.cpp tests/support/private_postgres.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 
 # The other workstation of tests with several processes.
 add_executable(test_workstation tests/workstation/main.cpp)
-target_link_libraries(test_workstation PRIVATE books_data)
+target_link_libraries(test_workstation PRIVATE data_transfer)
 target_compile_definitions(test_support
     PRIVATE CHENGHENG_TEST_WORKSTATION="$<TARGET_FILE:test_workstation>")
 add_dependencies(test_support test_workstation)
 
+# Some of a layer's sources at a time are compiled together, their common headers once.
+function(compile_tests_together target headers)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+    target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/${headers}.h)
+endfunction()
+
 foreach(layer rules data)
     folder_sources(sources tests/${layer}/*.cpp tests/${layer}/*/*.cpp)
     add_executable(test_${layer} ${sources})
-    target_link_libraries(test_${layer} PRIVATE test_support chbooks_tool GTest::gtest_main)
+    target_link_libraries(test_${layer} PRIVATE test_support tool GTest::gtest_main)
+    compile_tests_together(test_${layer} common_test_headers)
     add_test(NAME ${layer} COMMAND test_${layer})
     set_tests_properties(${layer} PROPERTIES LABELS ${layer})
 endforeach()
@@ -66,8 +77,9 @@ if(CHENGHENG_WINDOWS)
     folder_sources(sources tests/window/*.cpp tests/window/*/*.cpp)
     add_executable(test_window ${sources})
     target_link_libraries(test_window PRIVATE
-        test_support chengheng_shell books_windows Qt6::Test)
+        test_support shell ${TOP_WINDOW_FOLDER} Qt6::Test)
     qt_target(test_window)
+    compile_tests_together(test_window common_window_test_headers)
     add_test(NAME window COMMAND test_window)
     set_tests_properties(window PROPERTIES
         LABELS window ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1")

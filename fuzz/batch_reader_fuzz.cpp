@@ -1,8 +1,8 @@
 #include <string>
 #include <vector>
 
-#include "data/dialect/translation.h"
-#include "data/dialect/utf8.h"
+#include "base/values/utf8.h"
+#include "data/sql/translation.h"
 #include "fuzz/fuzz_support.h"
 
 // Any text as a batch: it is read or refused, always the same way, and what is read can be

@@ -1,9 +1,9 @@
 // Reads any bytes as the list of the sets of books: what is read is written and read back the
 // same, and a list that cannot be read stays as it is.
 
-#include "host/books/books_registry.h"
+#include "books/list/books_registry.h"
 
-#include "data/dialect/utf8.h"
+#include "base/values/utf8.h"
 #include "fuzz/fuzz_support.h"
 
 using namespace chengheng;

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "books/making/chart_templates.h"
 #include "fuzz/fuzz_support.h"
-#include "host/books/chart_templates.h"
 
 using namespace chengheng;
 

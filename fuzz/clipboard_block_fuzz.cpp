@@ -2,7 +2,7 @@
 // what is read is written and read back the same.
 
 #include "fuzz/fuzz_sheet.h"
-#include "host/sheets/delimited_text.h"
+#include "sheets/delimited/delimited_text.h"
 
 using namespace chengheng;
 

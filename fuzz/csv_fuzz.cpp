@@ -1,7 +1,7 @@
 // Reads any bytes as a CSV file: what is read is written and read back the same.
 
 #include "fuzz/fuzz_sheet.h"
-#include "host/sheets/delimited_text.h"
+#include "sheets/delimited/delimited_text.h"
 
 using namespace chengheng;
 

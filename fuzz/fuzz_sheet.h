@@ -1,10 +1,10 @@
 #pragma once
 
-#include "data/dialect/utf8.h"
+#include "base/values/utf8.h"
 #include "fuzz/fuzz_support.h"
-#include "host/sheets/sheet.h"
-#include "host/sheets/sheet_failure.h"
-#include "host/sheets/sheet_limits.h"
+#include "sheets/sheet.h"
+#include "sheets/sheet_failure.h"
+#include "sheets/sheet_limits.h"
 
 namespace chengheng {
 

@@ -1,14 +1,14 @@
 // Reads any bytes as a layout file: it is used with values in their ranges, or refused with a
 // line of it and a reason, and a refused one leaves the layout as it was.
 
-#include "print/layout_file.h"
+#include "report/layout/layout_file.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "data/dialect/utf8.h"
+#include "base/values/utf8.h"
 #include "fuzz/fuzz_support.h"
-#include "print/page_facts.h"
+#include "report/layout/page_facts.h"
 
 namespace {
 

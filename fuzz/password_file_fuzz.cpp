@@ -1,6 +1,6 @@
 // Reads any bytes as a password file: the password is its first line, or there is none.
 
-#include "host/books/password_file.h"
+#include "books/logon/password_file.h"
 
 #include "fuzz/fuzz_support.h"
 

@@ -2,7 +2,7 @@
 // the parts hold is the matter of xlsx_parts_fuzz.
 
 #include "fuzz/fuzz_sheet.h"
-#include "host/sheets/xlsx_reading.h"
+#include "sheets/xlsx/xlsx_reading.h"
 
 using namespace chengheng;
 

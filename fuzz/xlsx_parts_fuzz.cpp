@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "fuzz/fuzz_sheet.h"
-#include "host/sheets/xlsx_reading.h"
+#include "sheets/xlsx/xlsx_reading.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <iterator>
 
-#include "data/CNbCwDB.h"
+#include "base/values/text.h"
+#include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
-#include "data/text.h"
-#include "host/services/CCheckAuth.h"
-#include "host/services/host_globals.h"
+#include "session/host_globals.h"
+#include "session/rights/CCheckAuth.h"
 #include "setting/hub_texts.h"
 
 namespace chengheng {

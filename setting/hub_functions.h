@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "host/messages/messages.h"
+#include "base/messages/messages.h"
 
 namespace chengheng {
 

@@ -1,6 +1,6 @@
 #include "setting/hub_status.h"
 
-#include "host/services/host_globals.h"
+#include "session/host_globals.h"
 #include "setting/hub_texts.h"
 
 namespace chengheng {

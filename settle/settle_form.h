@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/forms/list_form.h"
+#include "forms/list_form.h"
 #include "settle/settle_rules.h"
 #include "settle/settle_service.h"
 

@@ -1,6 +1,6 @@
 #include "settle/settle_rules.h"
 
-#include "data/text.h"
+#include "base/values/text.h"
 #include "settle/settle_texts.h"
 
 namespace chengheng {

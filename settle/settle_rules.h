@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "data/records/settlement.h"
-#include "host/forms/leaf_list.h"
-#include "host/messages/messages.h"
+#include "base/messages/messages.h"
+#include "data/tables/settlement.h"
+#include "forms/leaf_list.h"
 
 namespace chengheng {
 

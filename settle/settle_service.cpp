@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <array>
 
-#include "data/CNbCwDB.h"
-#include "data/host_database.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/host_database.h"
+#include "data/access/row_lease.h"
 #include "data/lookups/existence.h"
-#include "data/row_lease.h"
-#include "host/services/last_failure.h"
-#include "host/services/open_books.h"
+#include "session/last_failure.h"
+#include "session/open_books.h"
 #include "settle/settle_rules.h"
 #include "settle/settle_sql.h"
 #include "settle/settle_texts.h"

@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
-#include "data/records/settlement.h"
-#include "host/forms/leaf_list.h"
-#include "host/services/record_change.h"
+#include "data/tables/settlement.h"
+#include "forms/leaf_list.h"
+#include "session/record_change.h"
 
 namespace chengheng {
 

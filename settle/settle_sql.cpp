@@ -1,6 +1,6 @@
 #include "settle/settle_sql.h"
 
-#include "data/format/sql_format.h"
+#include "data/sql/sql_format.h"
 
 namespace chengheng::settle_sql {
 

@@ -4,12 +4,11 @@ import re
 from functools import cached_property
 
 from cpp_text import functions, read_cpp
+from house import HOUSE
 
 COLUMNS, FUNCTION_LINES = 100, 70
 SOURCE_LINES, HEADER_LINES, TEST_LINES = 500, 200, 800
 
-FUNCTION_FOLDERS = ("setting", "accounts", "opening", "currency", "vouchertype", "settle",
-                    "operators", "print")
 SCRIPT_NAMES = ("run", "check", ".ci/run")
 
 
@@ -42,13 +41,12 @@ class Source:
 
 
 def is_without_qt(path):
-    folder = path.split("/")
-    if folder[0] in FUNCTION_FOLDERS:
-        return "window" not in folder
     if path.endswith("_window_bench.cpp"):
         return False
-    return path.startswith(("data/", "host/books/", "host/forms/", "host/services/", "host/sheets/",
-                            "host/tool/", "tests/rules/", "tests/data/", "bench/", "fuzz/"))
+    folder = HOUSE.folder_of(path)
+    if folder:
+        return not HOUSE.has_qt(folder)
+    return path.startswith(("tests/rules/", "tests/data/", "bench/", "fuzz/"))
 
 
 def may_hold_sql(path):
@@ -100,10 +98,10 @@ def pragma_once(source):
 def message_boxes(source):
     if not source.is_cpp or source.is_test:
         return
-    if source.path.startswith("host/screen/message_boxes."):
+    if source.path.startswith("screen/message_boxes."):
         return
     for number, _ in source.code_matches(r"\bQMessageBox\b"):
-        yield number, "QMessageBox outside host/screen/message_boxes; talk through IMessages"
+        yield number, "QMessageBox outside screen/message_boxes; talk through IMessages"
 
 
 SQL = re.compile(
@@ -141,11 +139,34 @@ def qt_at_its_place(source):
 CHINESE = re.compile("[\u2e80-\u9fff\uff00-\uffef]")
 
 
+TEXTLESS = ("base/values/", "base/system/", "data/")
+
+
 def no_texts_in_data(source):
-    if not source.is_cpp or not source.path.startswith("data/"):
+    if not source.is_cpp or not source.path.startswith(TEXTLESS):
         return
     for number, text in source.string_matches(CHINESE):
-        yield number, f"a text for the operator ('{text}') in data/; return a status instead"
+        yield number, f"a text for the operator ('{text}') in a low folder; return a status instead"
+
+
+def arrows_run_down(source):
+    own = source.is_cpp and HOUSE.folder_of(source.path)
+    if not own:
+        return
+    for number, line in enumerate(source.lines, 1):
+        match = re.match(r'\s*#\s*include\s*"([^"]+)"', line)
+        fault = match and HOUSE.fault_of_arrow(own, match[1])
+        if fault:
+            yield number, fault
+
+
+OUTSIDE_THE_FOLDERS = ("tests/", "bench/", "fuzz/", "program/", "cmake/")
+
+
+def lies_in_a_folder(source):
+    if source.is_cpp and not source.path.startswith(OUTSIDE_THE_FOLDERS):
+        if not HOUSE.folder_of(source.path):
+            yield 1, "lies in no folder of cmake/folders.txt"
 
 
 def left_over_marks(source):
@@ -178,7 +199,7 @@ def no_machine_paths(source):
 
 ALL_RULES = (line_length, function_length, file_length, white_space, pragma_once, message_boxes,
              sql_at_its_place, locale_independence, qt_at_its_place, no_texts_in_data,
-             left_over_marks, own_words, no_machine_paths)
+             arrows_run_down, lies_in_a_folder, left_over_marks, own_words, no_machine_paths)
 
 
 def faults(source):

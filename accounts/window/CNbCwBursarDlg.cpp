@@ -11,27 +11,29 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "accounts/chart_texts.h"
+#include "accounts/screen/chart_texts.h"
 #include "accounts/window/chart_menus.h"
 #include "accounts/window/chart_model.h"
 #include "accounts/window/find_account_window.h"
 #include "data/lookups/CGetData.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/fonts.h"
-#include "host/screen/help/help_pages.h"
-#include "host/screen/help/help_window.h"
-#include "host/screen/search_bar.h"
-#include "host/screen/wait_window.h"
-#include "host/services/host_globals.h"
+#include "screen/fonts.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/help/help_pages.h"
+#include "screen/help/help_window.h"
+#include "screen/search_bar.h"
+#include "screen/shown.h"
+#include "screen/wait_window.h"
+#include "session/host_globals.h"
 
 namespace chart_command = chengheng::chart_command;
 namespace chart_texts = chengheng::chart_texts;
 using chengheng::MessageIcon;
+using chengheng::shown;
 
 namespace {
 
 constexpr int bursarTemplate = 124;
-constexpr QSize openingSize(900, 620);
+constexpr QSize chartWindowSize(900, 620);
 constexpr int nameColumn = static_cast<int>(chengheng::ListColumn::name);
 constexpr int headingPixels = 12;
 constexpr int headingSpacing = 24;
@@ -41,10 +43,6 @@ constexpr int rowsTop = 31;
 constexpr int rowsLeft = 38;
 
 bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-
-QString shown(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
 
@@ -72,7 +70,7 @@ bool CNbCwBursarDlg::OnInitDialog() {
     buildControls();
     connectGrid();
     connectSearch();
-    resize(openingSize);
+    resize(chartWindowSize);
     OnInitMessage(chart_texts::allAccounts);
     m_grid->setFocus();
     return false;

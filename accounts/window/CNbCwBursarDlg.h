@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 
-#include "accounts/chart_screen.h"
-#include "accounts/chart_search.h"
-#include "host/screen/CNxMiddleDialog.h"
-#include "host/screen/module_export.h"
-#include "host/services/record_change.h"
-#include "print/report_printer.h"
+#include "accounts/screen/chart_screen.h"
+#include "accounts/screen/chart_search.h"
+#include "report/output/report_printer.h"
+#include "screen/CNxMiddleDialog.h"
+#include "screen/module_export.h"
+#include "session/record_change.h"
 
 class CVCF1;
 class QLabel;

@@ -5,9 +5,9 @@
 #include <QFileDialog>
 #include <algorithm>
 
-#include "accounts/account_form.h"
-#include "accounts/account_texts.h"
-#include "accounts/import_texts.h"
+#include "accounts/chart/account_texts.h"
+#include "accounts/screen/account_form.h"
+#include "accounts/transfer/import_texts.h"
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "accounts/window/account_window.h"
 #include "accounts/window/chart_model.h"
@@ -16,18 +16,14 @@
 #include "accounts/window/print_range_window.h"
 #include "accounts/window/used_window.h"
 #include "data/lookups/existence.h"
-#include "host/screen/CVCF1.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/shown.h"
 
 using chengheng::AccountForm;
 using chengheng::CodeLevels;
 using chengheng::Outcome;
+using chengheng::shown;
 namespace import_texts = chengheng::import_texts;
-
-namespace {
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-
-}  // namespace
 
 bool CNbCwBursarDlg::isStillThere(const std::string& code) {
     const int existence = SelectDatabase() ? CodeIsExist(code) : -1;

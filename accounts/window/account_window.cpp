@@ -4,15 +4,16 @@
 #include <algorithm>
 #include <array>
 
-#include "accounts/account_dialog_texts.h"
-#include "accounts/account_texts.h"
+#include "accounts/chart/account_texts.h"
+#include "accounts/screen/account_dialog_texts.h"
 #include "accounts/window/used_window.h"
-#include "data/host_database.h"
+#include "data/access/host_database.h"
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
-#include "host/forms/form_texts.h"
-#include "host/screen/enter_moves_on.h"
-#include "host/screen/picker_window.h"
+#include "forms/form_texts.h"
+#include "screen/enter_moves_on.h"
+#include "screen/grid/picker_window.h"
+#include "screen/shown.h"
 #include "ui_account_window.h"
 
 namespace chengheng {
@@ -41,9 +42,6 @@ constexpr std::array bookBoxes{
     BookBox{&Ui::AccountWindow::isJournal, &AuxiliaryBooks::isJournal, nullptr, {}},
     BookBox{&Ui::AccountWindow::isBank, &AuxiliaryBooks::isBank, nullptr, {}},
 };
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-QString shown(const std::string& text) { return QString::fromStdString(text); }
 
 /// Selects a text in a list; one that is not in it is added, so that nothing stored is lost.
 void select(QComboBox* list, const std::string& text) {

@@ -3,9 +3,9 @@
 #include <functional>
 #include <memory>
 
-#include "accounts/account_directories.h"
-#include "accounts/account_form.h"
-#include "host/screen/CNxMiddleDialog.h"
+#include "accounts/screen/account_directories.h"
+#include "accounts/screen/account_form.h"
+#include "screen/CNxMiddleDialog.h"
 
 class QCheckBox;
 class QToolButton;

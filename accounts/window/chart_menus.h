@@ -2,8 +2,8 @@
 
 #include <span>
 
-#include "accounts/chart_commands.h"
-#include "host/screen/window_commands.h"
+#include "accounts/screen/chart_commands.h"
+#include "screen/window_commands.h"
 
 namespace chengheng {
 

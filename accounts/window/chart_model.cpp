@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 
-#include "host/screen/colours.h"
+#include "screen/colours.h"
 
 namespace chengheng {
 namespace {
 
-constexpr std::array chartColumns{
+constexpr std::array shownColumns{
     GridColumn{"级\n次", 4, CellAlignment::centre},
     GridColumn{"科目编码", 18},
     GridColumn{"科目名称 ", 34},
@@ -19,7 +19,7 @@ constexpr std::array chartColumns{
 }  // namespace
 
 ChartModel::ChartModel(ChartScreen& screen, ChartSearch& search)
-    : GridModel(chartColumns), m_screen(screen), m_search(search) {}
+    : GridModel(shownColumns), m_screen(screen), m_search(search) {}
 
 int ChartModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : std::max(1, m_screen.count());

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "accounts/chart_screen.h"
-#include "accounts/chart_search.h"
-#include "host/screen/grid_model.h"
+#include "accounts/screen/chart_screen.h"
+#include "accounts/screen/chart_search.h"
+#include "screen/grid/grid_model.h"
 
 namespace chengheng {
 

@@ -8,9 +8,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "accounts/account_dialog_texts.h"
-#include "host/screen/resources.h"
-#include "host/screen/screen_texts.h"
+#include "accounts/screen/account_dialog_texts.h"
+#include "screen/resources.h"
+#include "screen/screen_texts.h"
+#include "screen/shown.h"
 
 namespace chengheng {
 namespace {
@@ -18,8 +19,6 @@ namespace {
 constexpr int designationTemplate = 129;
 constexpr int pictureSize = 64;
 constexpr int listCharacters = 34;
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
 
 void fill(QComboBox* list, const DesignationChoices& choices, int chosen) {
     for (const std::string& account : choices.accounts)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "accounts/designation.h"
-#include "host/screen/CNxMiddleDialog.h"
+#include "accounts/changing/designation.h"
+#include "screen/CNxMiddleDialog.h"
 
 class QComboBox;
 

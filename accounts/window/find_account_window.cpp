@@ -6,21 +6,21 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "accounts/chart_texts.h"
-#include "host/screen/screen_texts.h"
+#include "accounts/screen/chart_texts.h"
+#include "screen/screen_texts.h"
 
 namespace chengheng {
 namespace {
 
 constexpr int findTemplate = 125;
-constexpr int fieldCharacters = 28;
+constexpr int wantedCharacters = 28;
 
 }  // namespace
 
 FindAccountWindow::FindAccountWindow(QWidget* parent)
     : DialogFrame(findTemplate, parent), m_field(new QLineEdit(this)) {
     setWindowTitle(QString::fromUtf8(chart_texts::findTitle));
-    m_field->setMinimumWidth(fieldCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
+    m_field->setMinimumWidth(wantedCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     auto* form = new QFormLayout;
     form->addRow(QString::fromUtf8(chart_texts::findLabel), m_field);
     auto* buttons = new QDialogButtonBox(this);

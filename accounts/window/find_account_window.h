@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/screen/dialog_frame.h"
+#include "screen/dialog_frame.h"
 
 class QLineEdit;
 

@@ -11,18 +11,19 @@
 #include <algorithm>
 #include <array>
 
-#include "accounts/import_texts.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/colours.h"
-#include "host/screen/grid_model.h"
-#include "host/screen/screen_texts.h"
-#include "host/screen/wait_window.h"
+#include "accounts/transfer/import_texts.h"
+#include "screen/colours.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/grid/grid_model.h"
+#include "screen/screen_texts.h"
+#include "screen/shown.h"
+#include "screen/wait_window.h"
 
 namespace chengheng {
 namespace {
 
 constexpr int importTemplate = 132;
-constexpr QSize openingSize(860, 520);
+constexpr QSize importWindowSize(860, 520);
 constexpr std::size_t paintedRows = 64;
 constexpr std::array planColumns{
     GridColumn{"行", 6, CellAlignment::number},
@@ -31,9 +32,6 @@ constexpr std::array planColumns{
     GridColumn{"科目名称", 30},
     GridColumn{"说明", 40},
 };
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-QString shown(const std::string& text) { return QString::fromStdString(text); }
 
 template <class... Values>
 std::string filled(const char* text, const Values&... values) {
@@ -97,7 +95,7 @@ ImportWindow::ImportWindow(ChartImport& import, ImportPlan plan, const std::stri
       m_rows(std::make_unique<PlannedRows>(m_plan)) {
     setWindowTitle(shown(import_texts::title));
     buildControls(file);
-    resize(openingSize);
+    resize(importWindowSize);
 }
 
 ImportWindow::~ImportWindow() = default;

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "accounts/chart_import.h"
-#include "host/screen/CNxMiddleDialog.h"
+#include "accounts/transfer/chart_import.h"
+#include "screen/CNxMiddleDialog.h"
 
 namespace chengheng {
 class PlannedRows;

@@ -8,16 +8,15 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "accounts/account_dialog_texts.h"
-#include "host/screen/screen_texts.h"
+#include "accounts/screen/account_dialog_texts.h"
+#include "screen/screen_texts.h"
+#include "screen/shown.h"
 
 namespace chengheng {
 namespace {
 
 constexpr int printRangeTemplate = 131;
 constexpr int fieldCharacters = 24;
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
 
 }  // namespace
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "accounts/chart_screen.h"
-#include "host/screen/CNxMiddleDialog.h"
-#include "print/chart_list.h"
+#include "accounts/printing/chart_list.h"
+#include "accounts/screen/chart_screen.h"
+#include "screen/CNxMiddleDialog.h"
 
 class QLineEdit;
 class QSpinBox;

@@ -11,20 +11,18 @@
 #include <QStringListModel>
 #include <QVBoxLayout>
 
-#include "accounts/account_dialog_texts.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/grid_model.h"
+#include "accounts/screen/account_dialog_texts.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/grid/grid_model.h"
+#include "screen/shown.h"
 
 namespace chengheng {
 namespace {
 
 constexpr int usedTemplate = 128;
-constexpr QSize openingSize(800, 420);
+constexpr QSize usedWindowSize(800, 420);
 constexpr int placesWidth = 180;
 constexpr int columnCharacters = 14;
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-QString shown(const std::string& text) { return QString::fromStdString(text); }
 
 /// Whether a column holds amounts, told by its first cell: "1,234.50".
 bool holdsAmounts(const UseSection& section, std::size_t column) {
@@ -83,7 +81,7 @@ bool UsedWindow::OnInitDialog() {
         return false;
     }
     buildControls();
-    resize(openingSize);
+    resize(usedWindowSize);
     return true;
 }
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "accounts/where_used.h"
-#include "host/screen/CNxMiddleDialog.h"
+#include "accounts/screen/where_used.h"
+#include "screen/CNxMiddleDialog.h"
 
 class CVCF1;
 class QLabel;

@@ -5,7 +5,6 @@
 namespace chengheng {
 namespace {
 
-constexpr std::string_view writeCounterSql = "UPDATE ABIdTable SET lLastId = $1 WHERE sTable = $2";
 constexpr std::string_view savepointSql = "SAVEPOINT batch";
 constexpr std::string_view releaseSql = "RELEASE SAVEPOINT batch";
 constexpr const char* backToSavepointSql = "ROLLBACK TO SAVEPOINT batch; RELEASE SAVEPOINT batch";

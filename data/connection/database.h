@@ -8,7 +8,7 @@
 
 #include "data/connection/id_counters.h"
 #include "data/connection/statement_cache.h"
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

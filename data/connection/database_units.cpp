@@ -3,7 +3,6 @@
 namespace chengheng {
 namespace {
 
-constexpr std::string_view writeCounterSql = "UPDATE ABIdTable SET lLastId = $1 WHERE sTable = $2";
 constexpr std::string_view readCounterSql = "SELECT lLastId FROM ABIdTable WHERE sTable = $1";
 
 }  // namespace

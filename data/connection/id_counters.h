@@ -6,6 +6,10 @@
 
 namespace chengheng {
 
+/// Stores $1 as the last id of the table $2.
+inline constexpr std::string_view writeCounterSql =
+    "UPDATE ABIdTable SET lLastId = $1 WHERE sTable = $2";
+
 /// The counters of ABIdTable as an open unit of work knows them. New values are held back
 /// here and written once at its end: a row written again and again inside one transaction
 /// grows slower with every version of it.

@@ -7,9 +7,9 @@
 #include <tuple>
 #include <vector>
 
-#include "data/date.h"
-#include "data/engines/engine.h"
-#include "data/schema/table.h"
+#include "base/values/date.h"
+#include "data/engine/engine.h"
+#include "data/tables/table.h"
 
 namespace chengheng {
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "data/dialect/translation.h"
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
+#include "data/sql/translation.h"
 
 namespace chengheng {
 

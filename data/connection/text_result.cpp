@@ -5,7 +5,7 @@
 #include <cstring>
 #include <new>
 
-#include "data/numbers.h"
+#include "base/values/numbers.h"
 
 namespace chengheng {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-#include "data/engines/engine.h"
-#include "data/records/text_row.h"
+#include "data/engine/engine.h"
+#include "data/tables/text_row.h"
 
 namespace chengheng {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "data/engines/engine.h"
-#include "data/status.h"
+#include "base/values/status.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

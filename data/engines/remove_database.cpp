@@ -3,8 +3,8 @@
 #include <array>
 #include <filesystem>
 
+#include "base/system/system_error.h"
 #include "data/engines/open_engine.h"
-#include "data/platform/system_error.h"
 
 namespace chengheng {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "data/status.h"
+#include "base/values/status.h"
 
 namespace chengheng {
 

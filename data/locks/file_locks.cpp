@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <thread>
 
-#include "data/platform/this_process.h"
+#include "base/system/this_process.h"
 
 namespace chengheng {
 namespace {

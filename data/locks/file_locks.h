@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "data/locks/byte_range_lock.h"
 #include "data/locks/held_locks.h"
 #include "data/locks/lock_record.h"
-#include "data/platform/byte_range_lock.h"
 
 namespace chengheng {
 

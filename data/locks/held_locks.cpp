@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "data/text.h"
+#include "base/values/text.h"
 
 namespace chengheng {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/locks/lock_service.h"
+#include "data/engine/lock_service.h"
 
 namespace chengheng {
 

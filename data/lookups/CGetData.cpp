@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/values/text.h"
 #include "data/lookups/id_lookups.h"
-#include "data/text.h"
 
 using chengheng::Directory;
 

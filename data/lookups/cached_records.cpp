@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "data/host_database.h"
+#include "data/access/host_database.h"
+#include "data/access/row_lease.h"
 #include "data/lookups/CGetData.h"
-#include "data/row_lease.h"
 
 const _zAccountMInfo* CGetData::m_pzAccountMInfo = nullptr;
 std::vector<std::string> CGetData::m_csaSignTable;

@@ -2,8 +2,8 @@
 
 #include <span>
 
-#include "data/records/all_records.h"
-#include "data/status.h"
+#include "base/values/status.h"
+#include "data/tables/all_records.h"
 
 namespace chengheng {
 

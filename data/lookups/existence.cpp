@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "data/format/sql_format.h"
-#include "data/host_database.h"
+#include "data/access/host_database.h"
 #include "data/lookups/one_cell.h"
+#include "data/sql/sql_format.h"
 
 using chengheng::formatSql;
 

@@ -2,9 +2,9 @@
 
 #include <charconv>
 
-#include "data/format/sql_format.h"
-#include "data/host_database.h"
+#include "data/access/host_database.h"
 #include "data/lookups/one_cell.h"
+#include "data/sql/sql_format.h"
 
 namespace chengheng {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/CNbCwDB.h"
+#include "data/access/CNbCwDB.h"
 
 namespace chengheng {
 

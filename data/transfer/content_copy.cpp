@@ -2,7 +2,7 @@
 
 #include <deque>
 
-#include "data/schema/layout.h"
+#include "data/layout/layout.h"
 #include "data/transfer/stored_tables.h"
 
 namespace chengheng {

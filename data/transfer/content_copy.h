@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

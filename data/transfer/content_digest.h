@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "data/engines/engine.h"
-#include "data/schema/schema.h"
+#include "data/engine/engine.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 

@@ -11,18 +11,20 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "data/numbers.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/elided_label.h"
-#include "host/screen/fonts.h"
-#include "host/screen/search_bar.h"
-#include "opening/opening_texts.h"
+#include "base/values/numbers.h"
+#include "opening/sheet/opening_texts.h"
 #include "opening/window/opening_menus.h"
 #include "opening/window/opening_model.h"
+#include "screen/elided_label.h"
+#include "screen/fonts.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/search_bar.h"
+#include "screen/shown.h"
 
 namespace opening_command = chengheng::opening_command;
 namespace opening_texts = chengheng::opening_texts;
 using chengheng::SearchBar;
+using chengheng::shown;
 
 namespace {
 
@@ -35,10 +37,6 @@ constexpr int margin = 8;
 constexpr int spacing = 16;
 constexpr QSize samplePixels(22, 14);
 constexpr int modeCharacters = 12;
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-
-QString shown(const std::string& text) { return QString::fromStdString(text); }
 
 QFont gridFont() {
     QFont font = chengheng::windowFont();

@@ -5,11 +5,11 @@
 #include <optional>
 #include <string>
 
-#include "host/screen/CNxMiddleDialog.h"
-#include "host/services/function_at_work.h"
-#include "opening/opening_work.h"
+#include "opening/screen/opening_work.h"
 #include "opening/window/figure_editor.h"
-#include "print/report_printer.h"
+#include "report/output/report_printer.h"
+#include "screen/CNxMiddleDialog.h"
+#include "session/function_at_work.h"
 
 class CVCF1;
 class QLabel;

@@ -4,20 +4,20 @@
 
 #include <algorithm>
 
-#include "data/platform/program_version.h"
-#include "host/forms/form_texts.h"
-#include "host/screen/CBalanceTableDlg.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/help/help_pages.h"
-#include "host/screen/help/help_window.h"
-#include "host/screen/report/CNxGridControl.h"
-#include "host/screen/search_bar.h"
-#include "host/screen/unbuilt.h"
-#include "host/screen/wait_window.h"
-#include "opening/opening_commands.h"
-#include "opening/opening_texts.h"
+#include "base/system/program_version.h"
+#include "forms/form_texts.h"
+#include "opening/screen/opening_commands.h"
+#include "opening/sheet/opening_texts.h"
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "opening/window/opening_model.h"
+#include "screen/CBalanceTableDlg.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/help/help_pages.h"
+#include "screen/help/help_window.h"
+#include "screen/report/CNxGridControl.h"
+#include "screen/search_bar.h"
+#include "screen/unbuilt.h"
+#include "screen/wait_window.h"
 
 namespace opening_texts = chengheng::opening_texts;
 using chengheng::EditStep;

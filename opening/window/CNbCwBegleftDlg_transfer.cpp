@@ -7,21 +7,21 @@
 #include <QFileDialog>
 #include <algorithm>
 
-#include "host/screen/CVCF1.h"
-#include "host/sheets/delimited_text.h"
-#include "opening/opening_texts.h"
+#include "opening/sheet/opening_texts.h"
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "opening/window/causes_window.h"
 #include "opening/window/figure_plan_window.h"
 #include "opening/window/opening_model.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/shown.h"
+#include "sheets/delimited/delimited_text.h"
 
 namespace opening_texts = chengheng::opening_texts;
 using chengheng::CellFate;
 using chengheng::FigurePlan;
+using chengheng::shown;
 
 namespace {
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
 
 template <class Value>
 std::string filled(const char* text, const Value& value) {

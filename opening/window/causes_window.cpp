@@ -9,17 +9,15 @@
 #include <QStringListModel>
 #include <QVBoxLayout>
 
-#include "data/numbers.h"
-#include "opening/opening_texts.h"
+#include "base/values/numbers.h"
+#include "opening/sheet/opening_texts.h"
+#include "screen/shown.h"
 
 namespace chengheng {
 namespace {
 
 constexpr int causesTemplate = 129;
-constexpr QSize openingSize(640, 400);
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-QString shown(const std::string& text) { return QString::fromStdString(text); }
+constexpr QSize causesWindowSize(640, 400);
 
 }  // namespace
 
@@ -27,7 +25,7 @@ CausesWindow::CausesWindow(double difference, std::vector<ImbalanceCause> causes
     : CNxMiddleDialog(causesTemplate, parent), m_causes(std::move(causes)) {
     setWindowTitle(shown(opening_texts::causesTitle));
     buildControls(difference);
-    resize(openingSize);
+    resize(causesWindowSize);
 }
 
 void CausesWindow::buildControls(double difference) {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <vector>
 
-#include "host/screen/CNxMiddleDialog.h"
-#include "opening/imbalance_causes.h"
+#include "opening/balance/imbalance_causes.h"
+#include "screen/CNxMiddleDialog.h"
 
 class QListView;
 class QPushButton;

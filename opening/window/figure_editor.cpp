@@ -3,8 +3,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-#include "host/screen/colours.h"
-#include "opening/typing_separators.h"
+#include "opening/editing/typing_separators.h"
+#include "screen/colours.h"
 
 namespace chengheng {
 namespace {

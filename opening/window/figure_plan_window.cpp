@@ -10,13 +10,14 @@
 #include <algorithm>
 #include <array>
 
-#include "data/numbers.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/colours.h"
-#include "host/screen/grid_model.h"
-#include "host/screen/screen_texts.h"
-#include "host/sheets/sheet.h"
-#include "opening/opening_texts.h"
+#include "base/values/numbers.h"
+#include "opening/sheet/opening_texts.h"
+#include "screen/colours.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/grid/grid_model.h"
+#include "screen/screen_texts.h"
+#include "screen/shown.h"
+#include "sheets/sheet.h"
 
 namespace chengheng {
 namespace {
@@ -24,7 +25,7 @@ namespace {
 namespace texts = opening_texts;
 
 constexpr int planTemplate = 127;
-constexpr QSize openingSize(900, 520);
+constexpr QSize planWindowSize(900, 520);
 constexpr std::array planColumns{
     GridColumn{"单元格", 8},
     GridColumn{"结果", 6, CellAlignment::centre},
@@ -34,9 +35,6 @@ constexpr std::array planColumns{
     GridColumn{"改为", 18, CellAlignment::number},
     GridColumn{"说明", 26},
 };
-
-QString shown(const char* text) { return QString::fromUtf8(text); }
-QString shown(const std::string& text) { return QString::fromStdString(text); }
 
 const char* fateTitle(CellFate fate) {
     switch (fate) {
@@ -117,7 +115,7 @@ FigurePlanWindow::FigurePlanWindow(const char* title, const std::string& heading
       m_rows(std::make_unique<PlannedFigures>(m_plan)) {
     setWindowTitle(shown(title));
     buildControls(heading);
-    resize(openingSize);
+    resize(planWindowSize);
 }
 
 FigurePlanWindow::~FigurePlanWindow() = default;

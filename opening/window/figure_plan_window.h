@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "host/screen/CNxMiddleDialog.h"
-#include "opening/figure_plan.h"
+#include "opening/editing/figure_plan.h"
+#include "screen/CNxMiddleDialog.h"
 
 namespace chengheng {
 class PlannedFigures;

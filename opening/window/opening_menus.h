@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/screen/window_commands.h"
-#include "opening/opening_commands.h"
+#include "opening/screen/opening_commands.h"
+#include "screen/window_commands.h"
 
 namespace chengheng {
 

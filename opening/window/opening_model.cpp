@@ -1,6 +1,6 @@
 #include "opening/window/opening_model.h"
 
-#include "opening/opening_texts.h"
+#include "opening/sheet/opening_texts.h"
 
 namespace chengheng {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "host/screen/grid_model.h"
-#include "opening/opening_work.h"
+#include "opening/screen/opening_work.h"
+#include "screen/grid/grid_model.h"
 
 namespace chengheng {
 

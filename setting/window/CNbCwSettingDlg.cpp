@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/screen/current_dialog.h"
-#include "host/screen/help/help_pages.h"
-#include "host/screen/help/help_window.h"
-#include "host/screen/resources.h"
-#include "host/services/host_globals.h"
+#include "screen/current_dialog.h"
+#include "screen/help/help_pages.h"
+#include "screen/help/help_window.h"
+#include "screen/resources.h"
+#include "session/host_globals.h"
 #include "setting/hub_functions.h"
 #include "setting/hub_texts.h"
 #include "setting/window/hub_labels.h"

@@ -3,9 +3,9 @@
 #include <QImage>
 #include <QPixmap>
 
-#include "host/screen/CImgDlg.h"
-#include "host/screen/CProcess.h"
-#include "host/screen/module_export.h"
+#include "screen/CProcess.h"
+#include "screen/module_export.h"
+#include "screen/picture/CImgDlg.h"
 
 /// The settings hub (基础设置): a picture whose regions open the functions of the module.
 /// With the launch argument for it, opening the hub opens only the opening balances.

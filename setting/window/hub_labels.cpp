@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-#include "host/screen/colours.h"
-#include "host/screen/fonts.h"
+#include "screen/colours.h"
+#include "screen/fonts.h"
 #include "setting/hub_status.h"
 #include "setting/hub_texts.h"
 

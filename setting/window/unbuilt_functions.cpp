@@ -1,6 +1,6 @@
 #include "setting/window/unbuilt_functions.h"
 
-#include "host/screen/unbuilt.h"
+#include "screen/unbuilt.h"
 #include "setting/hub_texts.h"
 
 namespace chengheng {

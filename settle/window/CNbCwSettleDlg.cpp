@@ -3,12 +3,12 @@
 #include <QCheckBox>
 
 #include "data/lookups/CGetData.h"
-#include "host/screen/forms/limited_edit.h"
-#include "host/screen/help/help_pages.h"
-#include "host/services/host_globals.h"
-#include "print/list_printing.h"
-#include "print/settlement_list.h"
+#include "report/output/list_printing.h"
+#include "screen/forms/limited_edit.h"
+#include "screen/help/help_pages.h"
+#include "session/host_globals.h"
 #include "settle/settle_texts.h"
+#include "settle/settlement_list.h"
 
 using namespace chengheng;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/screen/forms/list_form_dialog.h"
+#include "screen/forms/list_form_dialog.h"
 #include "settle/settle_form.h"
 
 class QCheckBox;

@@ -5,11 +5,11 @@
 #include <map>
 #include <random>
 
-#include "accounts/account_sql.h"
-#include "accounts/chart_import.h"
-#include "accounts/designation.h"
-#include "data/row_lease.h"
-#include "host/sheets/delimited_text.h"
+#include "accounts/changing/designation.h"
+#include "accounts/chart/account_sql.h"
+#include "accounts/transfer/chart_import.h"
+#include "data/access/row_lease.h"
+#include "sheets/delimited/delimited_text.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 

@@ -1,4 +1,4 @@
-#include "accounts/account_service.h"
+#include "accounts/changing/account_service.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,9 @@
 
 #include <chrono>
 
-#include "accounts/chart_import.h"
-#include "accounts/designation.h"
-#include "host/sheets/delimited_text.h"
+#include "accounts/changing/designation.h"
+#include "accounts/transfer/chart_import.h"
+#include "sheets/delimited/delimited_text.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "data/CNbCwDB.h"
-#include "data/row_lease.h"
-#include "data/unit_of_work.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/row_lease.h"
+#include "data/access/unit_of_work.h"
 #include "tests/support/engine_cases.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "host/books/books_creation.h"
+#include "books/making/books_creation.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -6,12 +6,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "data/row_lease.h"
-#include "host/books/chart_templates.h"
-#include "host/books/integrity_check.h"
-#include "host/books/passwords.h"
-#include "host/books/print_templates.h"
-#include "operators/rights_list.h"
+#include "books/checking/integrity_check.h"
+#include "books/making/chart_templates.h"
+#include "data/access/row_lease.h"
+#include "report/output/print_templates.h"
+#include "session/rights/passwords.h"
+#include "session/rights/rights_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"

@@ -1,4 +1,4 @@
-#include "host/books/books_session.h"
+#include "books/logon/books_session.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/system/workstation.h"
+#include "data/access/row_lease.h"
 #include "data/lookups/CGetData.h"
-#include "data/row_lease.h"
-#include "host/books/failure_texts.h"
-#include "host/books/workstation.h"
+#include "session/failure_texts.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"

@@ -1,9 +1,9 @@
-#include "host/books/books_summary.h"
+#include "books/checking/books_summary.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "data/schema/schema.h"
+#include "data/tables/schema.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/small_books.h"
 

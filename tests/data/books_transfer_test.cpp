@@ -1,4 +1,4 @@
-#include "host/books/books_transfer.h"
+#include "books/copying/books_transfer.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,8 +29,6 @@ using chengheng::RefusalKind;
 using chengheng::runScript;
 using testing::HasSubstr;
 
-using Outcome = std::optional<Refusal>;
-
 std::string makeSmallBooks(const EngineCase& kind) {
     const std::string location = freshLocation(kind);
     fillSmallBooks(*openForTest(location));
@@ -44,9 +42,11 @@ std::vector<chengheng::TableDigest> contentOf(const std::string& location) {
     return digests;
 }
 
-std::string textOf(const Outcome& refusal) { return refusal ? refusal->notice.text : "done"; }
+std::string textOf(const std::optional<Refusal>& refusal) {
+    return refusal ? refusal->notice.text : "done";
+}
 
-RefusalKind kindOf(const Outcome& refusal) {
+RefusalKind kindOf(const std::optional<Refusal>& refusal) {
     return refusal ? refusal->kind : throw std::logic_error("nothing was refused");
 }
 
@@ -101,7 +101,7 @@ TEST_P(Backup, TakesNoNoticeOfWhatIsNotYetCommitted) {
 
 TEST_P(Backup, OverAnExistingFileIsRefusedWithoutForce) {
     std::ofstream(m_file) << "kept";
-    const Outcome refusal = backUpBooks(m_books, m_file, Overwrite::refuse);
+    const std::optional<Refusal> refusal = backUpBooks(m_books, m_file, Overwrite::refuse);
     EXPECT_EQ(kindOf(refusal), RefusalKind::alreadyThere);
     EXPECT_THAT(textOf(refusal), HasSubstr(m_file));
     EXPECT_EQ(files::file_size(m_file), 4U);
@@ -117,19 +117,21 @@ TEST_P(Backup, DoesNotReplaceAFileThatAProgramHasOpen) {
     const std::string other = makeSmallBooks(EngineCase{"sqliteFile"});
     const auto reader = openForTest(other, OpenMode::existing);
     EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
-    const Outcome refusal = backUpBooks(m_books, other, Overwrite::replace);
+    const std::optional<Refusal> refusal = backUpBooks(m_books, other, Overwrite::replace);
     EXPECT_THAT(textOf(refusal), HasSubstr("正在使用"));
     EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
 }
 
 TEST_P(Backup, IntoAFolderThatIsMissingIsRefused) {
-    const Outcome refusal = backUpBooks(m_books, m_folder + "/none/b.db", Overwrite::refuse);
+    const std::optional<Refusal> refusal =
+        backUpBooks(m_books, m_folder + "/none/b.db", Overwrite::refuse);
     EXPECT_EQ(kindOf(refusal), RefusalKind::wrongInput);
     EXPECT_THAT(textOf(refusal), HasSubstr("文件夹不存在"));
 }
 
 TEST_P(Backup, OfWhatIsNotThereSaysSoAndLeavesNothing) {
-    const Outcome refusal = backUpBooks(freshLocation(GetParam()), m_file, Overwrite::refuse);
+    const std::optional<Refusal> refusal =
+        backUpBooks(freshLocation(GetParam()), m_file, Overwrite::refuse);
     EXPECT_EQ(kindOf(refusal), RefusalKind::failed);
     EXPECT_TRUE(namesIn(m_folder).empty());
 }
@@ -140,7 +142,8 @@ TEST(BackupFile, OfCorruptBooksIsRefusedAndLeavesNothing) {
     const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
     overwriteMiddle(books);
     const std::string folder = freshFolder();
-    const Outcome refusal = chengheng::backUpBooks(books, folder + "/b.db", Overwrite::refuse);
+    const std::optional<Refusal> refusal =
+        chengheng::backUpBooks(books, folder + "/b.db", Overwrite::refuse);
     EXPECT_THAT(textOf(refusal), HasSubstr("已损坏"));
     EXPECT_TRUE(namesIn(folder).empty());
 }
@@ -153,7 +156,8 @@ TEST(BackupFile, OnADiskThatFillsUpLeavesNothing) {
     int failures = 0;
     for (int room = 0; !isDone; room += 11) {
         disk.fail(chengheng::FailingDisk::Fault::full, room);
-        const Outcome refusal = chengheng::backUpBooks(books, folder + "/b.db", Overwrite::refuse);
+        const std::optional<Refusal> refusal =
+            chengheng::backUpBooks(books, folder + "/b.db", Overwrite::refuse);
         disk.repair();
         isDone = !refusal;
         EXPECT_EQ(namesIn(folder).empty(), !isDone) << room;
@@ -173,7 +177,7 @@ TEST(BackupFile, OntoItselfIsRefusedEvenByAnotherSpelling) {
 }
 
 TEST(BackupFile, OnAServerIsRefusedWithoutShowingThePassword) {
-    const Outcome refusal =
+    const std::optional<Refusal> refusal =
         chengheng::backUpBooks("a.db", "postgresql://u:geheim@h/d?schema=s", Overwrite::refuse);
     EXPECT_EQ(kindOf(refusal), RefusalKind::wrongInput);
     EXPECT_THAT(textOf(refusal), testing::Not(HasSubstr("geheim")));
@@ -221,7 +225,7 @@ TEST_P(BooksCopy, BooksThatSomebodyHoldsAreNotReplaced) {
     const auto holder = openForTest(m_target, OpenMode::existing);
     holder->locks().setIdentity({"王五", "会计科目"});
     ASSERT_TRUE(holder->locks().lock("Code", LockMode::shared, false).isDone());
-    const Outcome refusal = copyBooks(m_source, m_target, Overwrite::replace);
+    const std::optional<Refusal> refusal = copyBooks(m_source, m_target, Overwrite::replace);
     EXPECT_THAT(textOf(refusal), HasSubstr("王五"));
     EXPECT_EQ(contentOf(m_target), before);
     holder->locks().unlock("Code", LockMode::shared);
@@ -269,14 +273,14 @@ TEST_P(Restore, MakesNewBooksWhereNoneAre) {
 
 TEST_P(Restore, CorruptBackupIsRefusedAndTheBooksStay) {
     overwriteMiddle(m_file);
-    const Outcome refusal = restoreBooks(m_file, m_books, Overwrite::replace);
+    const std::optional<Refusal> refusal = restoreBooks(m_file, m_books, Overwrite::replace);
     EXPECT_THAT(textOf(refusal), HasSubstr("已损坏"));
     EXPECT_EQ(contentOf(m_books), m_content);
 }
 
 TEST_P(Restore, FileThatIsNoBackupIsRefused) {
     std::ofstream(m_file, std::ios::trunc) << "no books at all";
-    const Outcome refusal = restoreBooks(m_file, m_books, Overwrite::replace);
+    const std::optional<Refusal> refusal = restoreBooks(m_file, m_books, Overwrite::replace);
     EXPECT_THAT(textOf(refusal), HasSubstr("不是帐套文件"));
     EXPECT_EQ(contentOf(m_books), m_content);
 }
@@ -293,7 +297,8 @@ TEST(RestoreFile, OnADiskThatFillsUpLeavesTheBooksAsTheyWere) {
     int failures = 0;
     for (int room = 0; !isDone; room += 11) {
         disk.fail(chengheng::FailingDisk::Fault::full, room);
-        const Outcome refusal = chengheng::restoreBooks(file, books, Overwrite::replace);
+        const std::optional<Refusal> refusal =
+            chengheng::restoreBooks(file, books, Overwrite::replace);
         disk.repair();
         isDone = !refusal;
         if (!refusal) break;

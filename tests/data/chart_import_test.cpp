@@ -1,12 +1,12 @@
-#include "accounts/chart_import.h"
+#include "accounts/transfer/chart_import.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "host/books/chart_templates.h"
-#include "host/sheets/delimited_text.h"
+#include "books/making/chart_templates.h"
+#include "sheets/delimited/delimited_text.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 

@@ -1,9 +1,9 @@
-#include "accounts/chart_screen.h"
+#include "accounts/screen/chart_screen.h"
 
 #include <gtest/gtest.h>
 
-#include "accounts/chart_commands.h"
-#include "accounts/chart_search.h"
+#include "accounts/screen/chart_commands.h"
+#include "accounts/screen/chart_search.h"
 #include "data/lookups/cached_records.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"

@@ -1,13 +1,13 @@
-#include "host/services/CCheckAuth.h"
+#include "session/rights/CCheckAuth.h"
 
 #include <gtest/gtest.h>
 
 #include <optional>
 
-#include "data/CNbCwDB.h"
-#include "host/services/host_globals.h"
-#include "host/services/host_messages.h"
-#include "operators/rights_list.h"
+#include "data/access/CNbCwDB.h"
+#include "session/host_globals.h"
+#include "session/host_messages.h"
+#include "session/rights/rights_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/recording_messages.h"
 

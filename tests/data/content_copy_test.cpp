@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "data/schema/layout.h"
+#include "data/layout/layout.h"
 #include "data/transfer/content_copy.h"
 #include "data/transfer/content_digest.h"
 #include "tests/support/engine_cases.h"

@@ -1,4 +1,4 @@
-#include "host/books/demo_books.h"
+#include "books/demo/demo_books.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <set>
 
-#include "data/CNbCwDB.h"
-#include "data/row_lease.h"
+#include "books/checking/integrity_check.h"
+#include "books/demo/demo_data.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/row_lease.h"
 #include "data/transfer/content_digest.h"
-#include "host/books/demo_data.h"
-#include "host/books/integrity_check.h"
-#include "operators/rights_list.h"
+#include "session/rights/rights_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"

@@ -1,4 +1,4 @@
-#include "accounts/designation.h"
+#include "accounts/changing/designation.h"
 
 #include <gtest/gtest.h>
 

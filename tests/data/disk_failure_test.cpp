@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "data/schema/layout.h"
+#include "data/layout/layout.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"

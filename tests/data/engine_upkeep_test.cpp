@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "data/schema/layout.h"
+#include "data/layout/layout.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 

@@ -2,11 +2,11 @@
 
 #include <functional>
 
-#include "data/CNbCwDB.h"
-#include "data/row_lease.h"
-#include "data/schema/layout.h"
-#include "data/table_locks.h"
-#include "data/unit_of_work.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/row_lease.h"
+#include "data/access/table_locks.h"
+#include "data/access/unit_of_work.h"
+#include "data/layout/layout.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
 

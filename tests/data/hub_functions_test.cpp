@@ -4,10 +4,10 @@
 
 #include <optional>
 
-#include "data/CNbCwDB.h"
+#include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
-#include "host/services/host_globals.h"
-#include "host/services/host_messages.h"
+#include "session/host_globals.h"
+#include "session/host_messages.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/recording_messages.h"
 

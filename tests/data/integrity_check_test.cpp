@@ -1,4 +1,4 @@
-#include "host/books/integrity_check.h"
+#include "books/checking/integrity_check.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "data/schema/schema.h"
+#include "data/tables/schema.h"
 #include "data/transfer/content_copy.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/small_books.h"

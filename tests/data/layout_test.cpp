@@ -1,4 +1,4 @@
-#include "data/schema/layout.h"
+#include "data/layout/layout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,18 +1,17 @@
-#include "print/list_printing.h"
+#include "report/output/list_printing.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <optional>
 
-#include "data/CNbCwDB.h"
+#include "base/system/workstation.h"
+#include "currency/currency_list.h"
+#include "data/access/CNbCwDB.h"
 #include "data/lookups/cached_records.h"
-#include "host/books/workstation.h"
-#include "host/services/host_globals.h"
-#include "host/services/host_messages.h"
-#include "print/currency_list.h"
-#include "print/settlement_list.h"
-#include "print/voucher_type_list.h"
+#include "session/host_globals.h"
+#include "session/host_messages.h"
+#include "settle/settlement_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
 #include "tests/support/made_books.h"
@@ -20,6 +19,7 @@
 #include "tests/support/recording_printer.h"
 #include "tests/support/report_rows.h"
 #include "tests/support/small_books.h"
+#include "vouchertype/voucher_type_list.h"
 
 namespace chengheng {
 namespace {

@@ -12,8 +12,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr LockMode shared = LockMode::shared;
-constexpr LockMode exclusive = LockMode::exclusive;
+using LockMode::exclusive;
+using LockMode::shared;
 
 class TwoWorkstations : public testing::TestWithParam<EngineCase> {
   protected:

@@ -1,4 +1,4 @@
-#include "data/locks/lock_service.h"
+#include "data/engine/lock_service.h"
 
 #include <gtest/gtest.h>
 
@@ -90,8 +90,7 @@ class TwoConnections : public testing::TestWithParam<EngineCase> {
 };
 
 TEST_P(TwoConnections, ShareALockInModeOneAndExcludeEachOtherOtherwise) {
-    constexpr LockMode shared = LockMode::shared;
-    constexpr LockMode exclusive = LockMode::exclusive;
+    using LockMode::shared, LockMode::exclusive;
     for (const LockMode held : {shared, exclusive}) {
         for (const LockMode wanted : {shared, exclusive}) {
             ASSERT_TRUE(first().lock("Code", held, true));

@@ -2,14 +2,14 @@
 
 #include <array>
 
-#include "data/CNbCwDB.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/row_lease.h"
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
 #include "data/lookups/existence.h"
-#include "data/row_lease.h"
-#include "host/services/CyrencyIsExist.h"
-#include "host/services/host_globals.h"
-#include "host/services/host_messages.h"
+#include "session/CyrencyIsExist.h"
+#include "session/host_globals.h"
+#include "session/host_messages.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/recording_messages.h"
 

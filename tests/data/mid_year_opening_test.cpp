@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "opening/opening_texts.h"
-#include "opening/opening_work.h"
+#include "opening/screen/opening_work.h"
+#include "opening/sheet/opening_texts.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
 

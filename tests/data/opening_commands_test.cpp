@@ -4,10 +4,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/tool/tool.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
 #include "tests/support/small_books.h"
+#include "tool/tool.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "opening/direction_adjust.h"
+#include "opening/direction/direction_adjust.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
-#include "opening/auxiliary_directories.h"
+#include "opening/auxiliary/auxiliary_directories.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
 

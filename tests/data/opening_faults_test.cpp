@@ -7,7 +7,7 @@
 #include <csignal>
 #include <stdexcept>
 
-#include "host/sheets/delimited_text.h"
+#include "sheets/delimited/delimited_text.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/killed_process.h"
 #include "tests/support/opening_books.h"
@@ -34,11 +34,6 @@ bool paste(OpeningTestBooks& books) {
 }
 
 /// With work to do: the rows of one parent are gone, those of another too few.
-bool save(OpeningTestBooks& books) {
-    books.work().beginEdit();
-    return books.work().save();
-}
-
 bool undo(OpeningTestBooks& books) { return books.work().undo(); }
 
 constexpr Action actions[] = {{"Edit", edit}, {"Paste", paste}, {"Save", save}};

@@ -16,11 +16,6 @@ bool typeSeven(OpeningTestBooks& books) { return books.type("100201", "7"); }
 
 bool refresh(OpeningTestBooks& books) { return books.work().refresh(); }
 
-bool save(OpeningTestBooks& books) {
-    books.work().beginEdit();
-    return books.work().save();
-}
-
 class MeetingWorkstations : public testing::TestWithParam<EngineCase> {
   protected:
     using Action = bool (*)(OpeningTestBooks& books);

@@ -1,11 +1,11 @@
-#include "opening/posting.h"
+#include "opening/storing/posting.h"
 
 #include <gtest/gtest.h>
 
-#include "data/row_lease.h"
-#include "data/unit_of_work.h"
-#include "opening/saving.h"
-#include "opening/zero_row_sweep.h"
+#include "data/access/row_lease.h"
+#include "data/access/unit_of_work.h"
+#include "opening/storing/saving.h"
+#include "opening/storing/zero_row_sweep.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
 
@@ -14,7 +14,7 @@ namespace {
 using namespace chengheng;
 using Texts = std::vector<std::string>;
 
-constexpr auto midYear = OpeningLayout::midYear;
+using OpeningLayout::midYear;
 
 /// "10: 1002 1 begin 5 ..." for twelve periods; the first period may differ.
 Texts twelveRows(int firstId, const std::string& code, const std::string& figures,

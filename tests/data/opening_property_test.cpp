@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <random>
 
-#include "host/sheets/delimited_text.h"
-#include "opening/direction_adjust.h"
-#include "opening/opening_texts.h"
+#include "opening/direction/direction_adjust.h"
+#include "opening/sheet/opening_texts.h"
+#include "sheets/delimited/delimited_text.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
 

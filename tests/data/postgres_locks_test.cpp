@@ -9,8 +9,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr LockMode shared = LockMode::shared;
-constexpr LockMode exclusive = LockMode::exclusive;
+using LockMode::exclusive;
+using LockMode::shared;
 
 /// Does something at each question, and goes on until the last one.
 struct BusyWaiter : LockWaiter {

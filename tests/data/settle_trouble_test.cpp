@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "data/schema/layout.h"
+#include "data/layout/layout.h"
 #include "settle/settle_form.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/killed_process.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/services/function_at_work.h"
+#include "session/function_at_work.h"
 #include "settle/settle_form.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/other_workstation.h"

@@ -1,4 +1,4 @@
-#include "data/platform/staged_file.h"
+#include "base/system/staged_file.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "data/CNbCwDB.h"
-#include "data/row_lease.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/row_lease.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/small_books.h"
 

@@ -1,4 +1,4 @@
-#include "data/table_locks.h"
+#include "data/access/table_locks.h"
 
 #include <gtest/gtest.h>
 

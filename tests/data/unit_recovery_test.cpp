@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "data/CNbCwDB.h"
-#include "data/row_lease.h"
-#include "data/table_locks.h"
-#include "data/unit_of_work.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/row_lease.h"
+#include "data/access/table_locks.h"
+#include "data/access/unit_of_work.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/private_postgres.h"
 

@@ -1,8 +1,8 @@
-#include "accounts/where_used.h"
+#include "accounts/screen/where_used.h"
 
 #include <gtest/gtest.h>
 
-#include "accounts/account_sql.h"
+#include "accounts/chart/account_sql.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 

@@ -1,4 +1,4 @@
-#include "accounts/account_checks.h"
+#include "accounts/rules/account_checks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "accounts/account_entry.h"
+#include "accounts/chart/account_entry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "accounts/account_search.h"
+#include "accounts/screen/account_search.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "accounts/account_sql.h"
+#include "accounts/chart/account_sql.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "opening/amount_text.h"
+#include "opening/editing/amount_text.h"
 
 #include <gtest/gtest.h>
 

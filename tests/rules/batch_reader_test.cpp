@@ -1,4 +1,4 @@
-#include "data/dialect/batch_reader.h"
+#include "data/sql/batch_reader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "data/format/sql_format.h"
+#include "data/sql/sql_format.h"
 #include "tests/support/read_statements.h"
 
 namespace chengheng {

@@ -1,4 +1,4 @@
-#include "host/books/books_registry.h"
+#include "books/list/books_registry.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -7,7 +7,7 @@
 #include <fstream>
 #include <thread>
 
-#include "host/books/password_file.h"
+#include "books/logon/password_file.h"
 #include "tests/support/engine_cases.h"
 
 namespace chengheng {

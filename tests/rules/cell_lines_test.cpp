@@ -1,4 +1,4 @@
-#include "print/cell_lines.h"
+#include "report/engine/cell_lines.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "accounts/chart_sheet.h"
+#include "accounts/transfer/chart_sheet.h"
 
 #include <gtest/gtest.h>
 
-#include "host/sheets/delimited_text.h"
+#include "sheets/delimited/delimited_text.h"
 
 using namespace chengheng;
 

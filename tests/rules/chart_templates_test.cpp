@@ -1,4 +1,4 @@
-#include "host/books/chart_templates.h"
+#include "books/making/chart_templates.h"
 
 #include <gtest/gtest.h>
 

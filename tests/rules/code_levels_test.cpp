@@ -1,4 +1,4 @@
-#include "accounts/code_levels.h"
+#include "accounts/codes/code_levels.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "accounts/code_structure_check.h"
+#include "accounts/rules/code_structure_check.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "accounts/account_texts.h"
-#include "data/text.h"
+#include "accounts/chart/account_texts.h"
+#include "base/values/text.h"
 
 using namespace chengheng;
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "host/sheets/delimited_reader.h"
-#include "host/sheets/delimited_text.h"
-#include "host/sheets/text_encoding.h"
+#include "sheets/delimited/delimited_reader.h"
+#include "sheets/delimited/delimited_text.h"
+#include "sheets/text_encoding.h"
 
 namespace chengheng {
 namespace {

@@ -1,4 +1,4 @@
-#include "accounts/deletion_checks.h"
+#include "accounts/rules/deletion_checks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/books/failure_texts.h"
+#include "session/failure_texts.h"
 
 #include <gtest/gtest.h>
 

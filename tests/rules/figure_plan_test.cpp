@@ -1,9 +1,9 @@
-#include "opening/figure_plan.h"
+#include "opening/editing/figure_plan.h"
 
 #include <gtest/gtest.h>
 
-#include "host/sheets/delimited_text.h"
-#include "opening/opening_transfer.h"
+#include "opening/editing/opening_transfer.h"
+#include "sheets/delimited/delimited_text.h"
 #include "tests/support/opening_accounts.h"
 
 using namespace chengheng;
@@ -11,7 +11,7 @@ using Texts = std::vector<std::string>;
 
 namespace {
 
-constexpr auto midYear = OpeningLayout::midYear;
+using OpeningLayout::midYear;
 
 Sheet blockOf(std::string_view text) {
     Sheet block;

@@ -1,4 +1,4 @@
-#include "host/services/host_globals.h"
+#include "session/host_globals.h"
 
 #include <gtest/gtest.h>
 

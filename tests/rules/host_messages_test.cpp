@@ -1,4 +1,4 @@
-#include "host/services/host_messages.h"
+#include "session/host_messages.h"
 
 #include <gtest/gtest.h>
 

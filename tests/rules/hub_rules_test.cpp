@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "host/services/host_globals.h"
+#include "session/host_globals.h"
 #include "setting/hub_functions.h"
 #include "setting/hub_status.h"
 #include "tests/support/recording_messages.h"

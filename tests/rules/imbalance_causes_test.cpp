@@ -1,4 +1,4 @@
-#include "opening/imbalance_causes.h"
+#include "opening/balance/imbalance_causes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "accounts/import_plan.h"
+#include "accounts/transfer/import_plan.h"
 
 #include <gtest/gtest.h>
 
 #include <fmt/format.h>
 
-#include "host/sheets/delimited_text.h"
+#include "sheets/delimited/delimited_text.h"
 
 using namespace chengheng;
 

@@ -1,4 +1,4 @@
-#include "host/forms/input_limit.h"
+#include "forms/input_limit.h"
 
 #include <gtest/gtest.h>
 

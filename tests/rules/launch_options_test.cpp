@@ -1,4 +1,4 @@
-#include "host/books/launch_options.h"
+#include "books/logon/launch_options.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "print/layout_file.h"
+#include "report/layout/layout_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "host/services/GetPrintFile.h"
-#include "print/page_facts.h"
+#include "report/layout/page_facts.h"
+#include "session/GetPrintFile.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/environment.h"
 

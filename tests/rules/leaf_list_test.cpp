@@ -1,4 +1,4 @@
-#include "host/forms/leaf_list.h"
+#include "forms/leaf_list.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/forms/list_form.h"
+#include "forms/list_form.h"
 
 #include <gtest/gtest.h>
 

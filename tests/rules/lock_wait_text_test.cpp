@@ -1,4 +1,4 @@
-#include "host/books/lock_wait_text.h"
+#include "session/lock_wait_text.h"
 
 #include <gtest/gtest.h>
 

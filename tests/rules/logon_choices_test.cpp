@@ -1,4 +1,4 @@
-#include "host/books/logon_choices.h"
+#include "books/logon/logon_choices.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "accounts/mnemonic.h"
+#include "accounts/codes/mnemonic.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <string>
 
-#include "host/books/chart_templates.h"
+#include "books/making/chart_templates.h"
 
 using namespace chengheng;
 

@@ -1,4 +1,4 @@
-#include "host/books/new_books.h"
+#include "books/making/new_books.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "data/numbers.h"
+#include "base/values/numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,15 +1,15 @@
-#include "opening/opening_sheet.h"
+#include "opening/sheet/opening_sheet.h"
 
 #include <gtest/gtest.h>
 
-#include "opening/opening_texts.h"
+#include "opening/sheet/opening_texts.h"
 #include "tests/support/opening_accounts.h"
 
 using namespace chengheng;
 
 namespace {
 
-constexpr auto midYear = OpeningLayout::midYear;
+using OpeningLayout::midYear;
 
 std::vector<std::string> headersOf(OpeningLayout layout) {
     std::vector<std::string> headers;

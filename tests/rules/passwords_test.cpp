@@ -1,10 +1,10 @@
-#include "host/books/passwords.h"
+#include "session/rights/passwords.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 
-#include "host/books/wrong_tries.h"
+#include "books/logon/wrong_tries.h"
 
 namespace chengheng {
 namespace {

@@ -1,11 +1,11 @@
-#include "opening/posting.h"
+#include "opening/storing/posting.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 
-#include "opening/edit_journal.h"
-#include "opening/opening_sql.h"
+#include "opening/sheet/edit_journal.h"
+#include "opening/storing/opening_sql.h"
 #include "tests/support/opening_accounts.h"
 
 using namespace chengheng;
@@ -13,7 +13,7 @@ using namespace chengheng;
 namespace {
 
 constexpr auto simple = OpeningLayout::simple;
-constexpr auto midYear = OpeningLayout::midYear;
+using OpeningLayout::midYear;
 
 /// Account 7 with figures in every place.
 OpeningAccount fullAccount(bool isEnd) {

@@ -1,4 +1,4 @@
-#include "accounts/proposed_code.h"
+#include "accounts/codes/proposed_code.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "print/report_pages.h"
+#include "report/engine/report_pages.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>

@@ -1,9 +1,9 @@
-#include "print/report_run.h"
+#include "report/engine/report_run.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/services/GetPrintFile.h"
+#include "session/GetPrintFile.h"
 #include "tests/support/sample_report.h"
 
 namespace chengheng {

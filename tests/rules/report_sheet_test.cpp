@@ -1,4 +1,4 @@
-#include "print/report_sheet.h"
+#include "report/output/report_sheet.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
-#include "opening/roll_up.h"
+#include "opening/sheet/roll_up.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <random>
 
-#include "data/numbers.h"
-#include "opening/exact_sum.h"
+#include "base/values/exact_sum.h"
+#include "base/values/numbers.h"
 #include "tests/support/opening_accounts.h"
 
 using namespace chengheng;

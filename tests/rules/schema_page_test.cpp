@@ -12,7 +12,7 @@ namespace {
 const std::filesystem::path sourceFolder = CHENGHENG_SOURCE_FOLDER;
 
 TEST(SchemaPage, TellsTheMeaningThatTheRecordHeadersTell) {
-    const RecordNotes notes = readRecordNotes(sourceFolder / "data/records");
+    const RecordNotes notes = readRecordNotes(sourceFolder / "data/tables");
     EXPECT_EQ(notes.at("Code.sCode"), "code, unique, the sort key");
     EXPECT_EQ(notes.at("Code.sAssBook"),
               "auxiliary letters: A person, B unit, C department, D project, E bank book, "
@@ -24,7 +24,7 @@ TEST(SchemaPage, TellsTheMeaningThatTheRecordHeadersTell) {
 
 TEST(SchemaPage, IsTheOneThatIsKeptInDocs) {
     const std::filesystem::path kept = sourceFolder / "docs/schema.md";
-    const std::string page = schemaPage(readRecordNotes(sourceFolder / "data/records"));
+    const std::string page = schemaPage(readRecordNotes(sourceFolder / "data/tables"));
     if (std::getenv("CHENGHENG_WRITE_DOCS")) std::ofstream(kept) << page;
     std::ifstream file(kept);
     const std::string text{std::istreambuf_iterator<char>(file), {}};

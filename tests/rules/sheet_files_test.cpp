@@ -1,4 +1,4 @@
-#include "host/sheets/sheet_files.h"
+#include "sheets/files/sheet_files.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include <fstream>
 #include <limits>
 
-#include "host/sheets/delimited_text.h"
-#include "host/sheets/sheet_files.h"
+#include "sheets/delimited/delimited_text.h"
+#include "sheets/files/sheet_files.h"
 #include "tests/support/engine_cases.h"
 
 namespace chengheng {

@@ -1,4 +1,4 @@
-#include "data/format/sql_format.h"
+#include "data/sql/sql_format.h"
 
 #include <gtest/gtest.h>
 

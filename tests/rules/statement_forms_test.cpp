@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/dialect/translation.h"
+#include "data/sql/translation.h"
 
 namespace chengheng {
 namespace {

@@ -1,4 +1,4 @@
-#include "data/text.h"
+#include "base/values/text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "data/dialect/translation.h"
+#include "data/sql/translation.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

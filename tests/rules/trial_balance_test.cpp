@@ -1,4 +1,4 @@
-#include "opening/trial_balance.h"
+#include "opening/balance/trial_balance.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "opening/typing_separators.h"
+#include "opening/editing/typing_separators.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "host/sheets/xlsx_reading.h"
+#include "sheets/xlsx/xlsx_reading.h"
 
 #include <gtest/gtest.h>
 
-#include "host/sheets/xlsx_contents.h"
-#include "host/sheets/xlsx_number_formats.h"
+#include "sheets/xlsx/xlsx_contents.h"
+#include "sheets/xlsx/xlsx_number_formats.h"
 #include "tests/support/made_workbook.h"
 
 namespace chengheng {

@@ -1,8 +1,8 @@
 #include "tests/support/account_actions.h"
 
-#include "accounts/chart_import.h"
-#include "accounts/designation.h"
-#include "host/sheets/delimited_text.h"
+#include "accounts/changing/designation.h"
+#include "accounts/transfer/chart_import.h"
+#include "sheets/delimited/delimited_text.h"
 
 namespace chengheng {
 namespace {

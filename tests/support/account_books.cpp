@@ -5,11 +5,11 @@
 
 #include <stdexcept>
 
-#include "accounts/account_locks.h"
-#include "accounts/account_sql.h"
-#include "data/row_lease.h"
-#include "data/schema/layout.h"
-#include "host/books/integrity_check.h"
+#include "accounts/changing/account_locks.h"
+#include "accounts/chart/account_sql.h"
+#include "books/checking/integrity_check.h"
+#include "data/access/row_lease.h"
+#include "data/layout/layout.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/small_books.h"
 

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "accounts/account_service.h"
-#include "accounts/account_use.h"
-#include "data/CNbCwDB.h"
-#include "host/services/host_globals.h"
+#include "accounts/changing/account_service.h"
+#include "accounts/chart/account_use.h"
+#include "data/access/CNbCwDB.h"
+#include "session/host_globals.h"
 #include "tests/support/faulty_engine.h"
 #include "tests/support/logged_locks.h"
 #include "tests/support/recording_messages.h"

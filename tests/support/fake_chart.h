@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "accounts/chart_facts.h"
+#include "accounts/chart/chart_facts.h"
 
 namespace chengheng {
 

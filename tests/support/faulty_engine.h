@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "data/locks/lock_service.h"
+#include "data/engine/lock_service.h"
 
 namespace chengheng {
 

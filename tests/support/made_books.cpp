@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "host/books/books_creation.h"
+#include "books/making/books_creation.h"
 
 namespace chengheng {
 

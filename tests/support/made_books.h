@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/books/new_books.h"
+#include "books/making/new_books.h"
 
 namespace chengheng {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "opening/opening_sheet.h"
+#include "opening/sheet/opening_sheet.h"
 
 namespace chengheng {
 

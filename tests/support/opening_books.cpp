@@ -6,9 +6,9 @@
 #include <map>
 #include <stdexcept>
 
-#include "data/row_lease.h"
-#include "data/unit_of_work.h"
-#include "opening/saving.h"
+#include "data/access/row_lease.h"
+#include "data/access/unit_of_work.h"
+#include "opening/storing/saving.h"
 
 namespace chengheng {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "opening/opening_work.h"
+#include "opening/screen/opening_work.h"
 #include "tests/support/account_books.h"
 
 namespace chengheng {
@@ -56,5 +56,11 @@ class OpeningTestBooks {
     AccountBooks m_books;
     OpeningWork m_work{m_books.messages()};
 };
+
+/// Begins an edit and saves, as the window does on leaving it.
+inline bool save(OpeningTestBooks& books) {
+    books.work().beginEdit();
+    return books.work().save();
+}
 
 }  // namespace chengheng

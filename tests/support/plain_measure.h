@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/sheets/text_measures.h"
-#include "print/text_measure.h"
+#include "report/engine/text_measure.h"
+#include "sheets/text_measures.h"
 
 namespace chengheng {
 

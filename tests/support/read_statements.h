@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/dialect/batch_reader.h"
+#include "data/sql/batch_reader.h"
 
 namespace chengheng {
 

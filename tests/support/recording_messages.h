@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/messages/messages.h"
+#include "base/messages/messages.h"
 
 namespace chengheng {
 

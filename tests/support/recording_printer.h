@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "print/report_printer.h"
+#include "report/output/report_printer.h"
 
 namespace chengheng {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "print/report.h"
+#include "report/layout/report.h"
 
 namespace chengheng {
 

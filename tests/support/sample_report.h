@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "print/report_run.h"
+#include "report/engine/report_run.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/environment.h"
 

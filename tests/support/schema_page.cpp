@@ -6,7 +6,7 @@
 #include <regex>
 #include <set>
 
-#include "data/schema/schema.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 namespace {
@@ -97,7 +97,7 @@ std::string tableSection(const TableInfo& table, const RecordNotes& notes) {
 const char* const introduction =
     R"(# The tables of a set of books
 
-Made from the declarations in `data/records/`; do not edit. A test compares this page with
+Made from the declarations in `data/tables/`; do not edit. A test compares this page with
 them and says how to write it anew.
 
 Columns stand in the order of positional inserts. Every column has a default, so that an

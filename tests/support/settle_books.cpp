@@ -3,7 +3,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "data/row_lease.h"
+#include "data/access/row_lease.h"
 
 namespace chengheng {
 namespace {

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "data/CNbCwDB.h"
-#include "data/engines/engine.h"
-#include "host/services/host_globals.h"
-#include "host/services/host_messages.h"
+#include "data/access/CNbCwDB.h"
+#include "data/engine/engine.h"
+#include "session/host_globals.h"
+#include "session/host_messages.h"
 #include "tests/support/recording_messages.h"
 
 namespace chengheng {

@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
-#include "data/date.h"
-#include "data/schema/layout.h"
-#include "data/schema/schema.h"
+#include "base/values/date.h"
+#include "data/layout/layout.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 namespace {

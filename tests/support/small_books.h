@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

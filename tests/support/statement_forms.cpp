@@ -2,7 +2,7 @@
 
 #include <initializer_list>
 
-#include "data/format/sql_format.h"
+#include "data/sql/sql_format.h"
 
 namespace chengheng {
 namespace {

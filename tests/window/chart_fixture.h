@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "accounts/chart_commands.h"
+#include "accounts/screen/chart_commands.h"
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
-#include "host/services/host_messages.h"
+#include "session/host_messages.h"
 #include "tests/support/account_books.h"
 #include "tests/window/grid_window.h"
 #include "tests/window/next_modal.h"

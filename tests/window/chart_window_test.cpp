@@ -3,7 +3,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "host/screen/help/help_window.h"
+#include "screen/help/help_window.h"
 #include "tests/window/chart_fixture.h"
 #include "tests/window/wait_watch.h"
 

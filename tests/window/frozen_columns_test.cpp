@@ -1,4 +1,4 @@
-#include "host/screen/frozen_columns.h"
+#include "screen/grid/frozen_columns.h"
 
 #include <gtest/gtest.h>
 
@@ -8,15 +8,15 @@
 #include <array>
 #include <memory>
 
-#include "host/screen/CVCF1.h"
-#include "host/screen/grid_model.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/grid/grid_model.h"
 #include "tests/window/typing.h"
 
 using namespace chengheng;
 
 namespace {
 
-constexpr std::array columns{
+constexpr std::array frozenColumns{
     GridColumn{"科目编码", 10},
     GridColumn{"科目名称", 14},
     GridColumn{"年初余额", 30},
@@ -28,7 +28,7 @@ constexpr std::array columns{
 
 class NamedCells final : public GridModel {
   public:
-    NamedCells() : GridModel(columns) {}
+    NamedCells() : GridModel(frozenColumns) {}
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : 200;
     }

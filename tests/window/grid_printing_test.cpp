@@ -7,11 +7,11 @@
 #include <array>
 #include <optional>
 
-#include "host/books/workstation.h"
-#include "host/screen/CVCF1.h"
-#include "host/screen/grid_model.h"
-#include "host/screen/report/CNxGridControl.h"
-#include "print/page_facts.h"
+#include "base/system/workstation.h"
+#include "report/layout/page_facts.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/grid/grid_model.h"
+#include "screen/report/CNxGridControl.h"
 #include "tests/support/recording_printer.h"
 
 using namespace chengheng;

@@ -8,8 +8,8 @@
 #include <QTest>
 #include <array>
 
-#include "host/screen/CVCF1.h"
-#include "host/screen/grid_model.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/grid/grid_model.h"
 #include "tests/window/typing.h"
 
 using namespace chengheng;

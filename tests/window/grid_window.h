@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/screen/CVCF1.h"
+#include "screen/grid/CVCF1.h"
 #include "tests/window/typing.h"
 
 namespace chengheng {

@@ -1,4 +1,4 @@
-#include "host/screen/help/help_window.h"
+#include "screen/help/help_window.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QTextBrowser>
 
-#include "host/screen/help/help_pages.h"
+#include "screen/help/help_pages.h"
 
 using namespace chengheng;
 

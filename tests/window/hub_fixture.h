@@ -7,10 +7,10 @@
 #include <optional>
 #include <string>
 
-#include "data/CNbCwDB.h"
+#include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
-#include "host/services/host_globals.h"
-#include "host/services/host_messages.h"
+#include "session/host_globals.h"
+#include "session/host_messages.h"
 #include "setting/window/CNbCwSettingDlg.h"
 #include "tests/support/recording_messages.h"
 
@@ -78,5 +78,10 @@ class HubTest : public testing::Test {
     _zAccountMInfo m_parameters;
     std::optional<HostSession> m_session;
 };
+
+/// What the program says in place of a window that it does not have yet.
+inline std::string unbuilt(const char* name) {
+    return "“" + std::string(name) + "”尚未完成,暂不能使用。";
+}
 
 }  // namespace chengheng

@@ -4,17 +4,15 @@
 #include <QMenu>
 #include <stdexcept>
 
-#include "host/screen/help/help_window.h"
-#include "host/screen/hot_region.h"
-#include "host/screen/message_boxes.h"
+#include "screen/help/help_window.h"
+#include "screen/message_boxes.h"
+#include "screen/picture/hot_region.h"
 #include "tests/window/hub_fixture.h"
 #include "tests/window/next_modal.h"
 
 using namespace chengheng;
 
 namespace {
-
-std::string unbuilt(const char* name) { return "“" + std::string(name) + "”尚未完成,暂不能使用。"; }
 
 void closeSettlementMethods(QWidget& window) {
     EXPECT_EQ(window.windowTitle(), "结算方式");

@@ -6,12 +6,6 @@
 
 using namespace chengheng;
 
-namespace {
-
-std::string unbuilt(const char* name) { return "“" + std::string(name) + "”尚未完成,暂不能使用。"; }
-
-}  // namespace
-
 TEST_F(HubTest, SaysOfEachFunctionWithoutAWindowThatItIsNotReady) {
     const std::pair<int, const char*> functions[] = {{32776, "财务分工"}, {200, "汇率管理"}};
     OpenHub hub;

@@ -1,9 +1,9 @@
 #include <QLabel>
 #include <QScreen>
 
-#include "host/screen/current_dialog.h"
-#include "host/screen/hot_region.h"
-#include "host/screen/resources.h"
+#include "screen/current_dialog.h"
+#include "screen/picture/hot_region.h"
+#include "screen/resources.h"
 #include "tests/window/hub_fixture.h"
 #include "tests/window/next_modal.h"
 

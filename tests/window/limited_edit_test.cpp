@@ -1,4 +1,4 @@
-#include "host/screen/forms/limited_edit.h"
+#include "screen/forms/limited_edit.h"
 
 #include <gtest/gtest.h>
 

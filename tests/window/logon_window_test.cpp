@@ -1,4 +1,4 @@
-#include "host/shell/logon_window.h"
+#include "shell/logon_window.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +11,9 @@
 #include <QTest>
 #include <fstream>
 
-#include "host/books/books_creation.h"
-#include "host/books/failure_texts.h"
-#include "host/screen/message_boxes.h"
+#include "books/making/books_creation.h"
+#include "screen/message_boxes.h"
+#include "session/failure_texts.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_books.h"
 #include "tests/support/recording_messages.h"

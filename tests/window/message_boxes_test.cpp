@@ -1,4 +1,4 @@
-#include "host/screen/message_boxes.h"
+#include "screen/message_boxes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/shell/new_books_window.h"
+#include "shell/new_books_window.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 #include <QSpinBox>
 #include <QTest>
 
-#include "data/CNbCwDB.h"
-#include "host/books/known_books.h"
+#include "books/logon/known_books.h"
+#include "data/access/CNbCwDB.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/recording_messages.h"
 #include "tests/window/typing.h"

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "host/services/host_messages.h"
 #include "opening/window/CNbCwBegleftDlg.h"
+#include "session/host_messages.h"
 #include "tests/support/opening_books.h"
 #include "tests/window/grid_window.h"
 #include "tests/window/next_modal.h"

@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 
-#include "data/host_database.h"
+#include "data/access/host_database.h"
 #include "tests/window/opening_fixture.h"
 #include "tests/window/plan_hands.h"
 

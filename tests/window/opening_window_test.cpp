@@ -4,9 +4,9 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "host/screen/CBalanceTableDlg.h"
-#include "host/screen/frozen_columns.h"
-#include "host/screen/help/help_window.h"
+#include "screen/CBalanceTableDlg.h"
+#include "screen/grid/frozen_columns.h"
+#include "screen/help/help_window.h"
 #include "tests/support/recording_printer.h"
 #include "tests/window/opening_fixture.h"
 #include "tests/window/wait_watch.h"

@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "host/screen/CVCF1.h"
+#include "screen/grid/CVCF1.h"
 
 namespace chengheng {
 

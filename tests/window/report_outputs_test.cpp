@@ -12,12 +12,12 @@
 #include <optional>
 #include <sstream>
 
-#include "data/numbers.h"
-#include "host/screen/report/pdf_texts.h"
-#include "host/screen/report/pdf_writing.h"
-#include "host/screen/report/report_export.h"
-#include "host/screen/report/report_printing.h"
-#include "host/sheets/sheet_files.h"
+#include "base/values/numbers.h"
+#include "screen/report/pdf_texts.h"
+#include "screen/report/pdf_writing.h"
+#include "screen/report/report_export.h"
+#include "screen/report/report_printing.h"
+#include "sheets/files/sheet_files.h"
 #include "tests/support/recording_messages.h"
 #include "tests/support/run_program.h"
 #include "tests/support/sample_report.h"

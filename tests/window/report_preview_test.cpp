@@ -1,4 +1,4 @@
-#include "host/screen/report/report_preview.h"
+#include "screen/report/report_preview.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,9 +24,9 @@
 #include <fstream>
 #include <optional>
 
-#include "host/screen/report/CenRptSkill.h"
-#include "host/screen/report/screen_report_printer.h"
-#include "host/services/host_messages.h"
+#include "screen/report/CenRptSkill.h"
+#include "screen/report/screen_report_printer.h"
+#include "session/host_messages.h"
 #include "tests/support/recording_messages.h"
 #include "tests/support/sample_report.h"
 #include "tests/window/next_modal.h"

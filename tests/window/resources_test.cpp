@@ -1,11 +1,11 @@
-#include "host/screen/resources.h"
+#include "screen/resources.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QSvgRenderer>
 
-#include "host/screen/fonts.h"
+#include "screen/fonts.h"
 
 using namespace chengheng;
 

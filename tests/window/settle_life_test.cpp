@@ -1,5 +1,5 @@
-#include "host/screen/help/help_window.h"
-#include "host/screen/message_boxes.h"
+#include "screen/help/help_window.h"
+#include "screen/message_boxes.h"
 #include "tests/support/recording_printer.h"
 #include "tests/support/report_rows.h"
 #include "tests/window/next_modal.h"

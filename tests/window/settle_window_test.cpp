@@ -1,6 +1,6 @@
 #include <QElapsedTimer>
 
-#include "data/unit_of_work.h"
+#include "data/access/unit_of_work.h"
 #include "tests/window/settle_fixture.h"
 
 using namespace chengheng;

@@ -10,12 +10,12 @@
 #include <stdexcept>
 #include <thread>
 
-#include "host/books/books_creation.h"
-#include "host/screen/background_work.h"
-#include "host/services/host_globals.h"
-#include "host/shell/connection_loss.h"
-#include "host/shell/lock_wait_box.h"
-#include "host/shell/program.h"
+#include "books/making/books_creation.h"
+#include "screen/background_work.h"
+#include "session/host_globals.h"
+#include "shell/connection_loss.h"
+#include "shell/lock_wait_box.h"
+#include "shell/program.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_books.h"
 #include "tests/support/other_workstation.h"

@@ -5,7 +5,7 @@
 #include <QTimer>
 #include <string>
 
-#include "host/screen/wait_window.h"
+#include "screen/wait_window.h"
 
 namespace chengheng {
 

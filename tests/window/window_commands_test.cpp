@@ -1,4 +1,4 @@
-#include "host/screen/window_commands.h"
+#include "screen/window_commands.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 #include <vector>
 
-#include "host/screen/dialog_frame.h"
+#include "screen/dialog_frame.h"
 #include "tests/window/typing.h"
 
 using namespace chengheng;

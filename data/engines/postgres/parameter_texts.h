@@ -3,8 +3,8 @@
 #include <span>
 #include <vector>
 
-#include "data/engines/value.h"
-#include "data/status.h"
+#include "base/values/status.h"
+#include "data/sql/value.h"
 
 namespace chengheng {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/status.h"
+#include "base/values/status.h"
 
 namespace chengheng {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/values/status.h"
 #include "data/engines/postgres/postgres_address.h"
-#include "data/status.h"
 
 namespace chengheng {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 #include "data/engines/postgres/postgres_connection.h"
 
 namespace chengheng {

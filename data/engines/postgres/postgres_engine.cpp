@@ -4,10 +4,10 @@
 
 #include "data/engines/postgres/postgres_cursor.h"
 #include "data/engines/postgres/postgres_dialect.h"
+#include "data/engines/postgres/postgres_locks.h"
 #include "data/engines/postgres/postgres_pipeline.h"
 #include "data/engines/postgres/postgres_transaction.h"
 #include "data/engines/postgres/postgres_upkeep.h"
-#include "data/locks/postgres_locks.h"
 
 namespace chengheng {
 namespace {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

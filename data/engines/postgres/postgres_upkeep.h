@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 #include "data/engines/postgres/postgres_transaction.h"
 
 namespace chengheng {

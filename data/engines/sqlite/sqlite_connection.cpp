@@ -5,8 +5,8 @@
 #include <cstring>
 #include <filesystem>
 
+#include "base/system/owner_only_file.h"
 #include "data/engines/sqlite/sqlite_failure.h"
-#include "data/platform/owner_only_file.h"
 
 namespace chengheng {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "data/engines/engine.h"
-#include "data/status.h"
+#include "base/values/status.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

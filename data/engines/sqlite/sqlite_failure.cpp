@@ -1,6 +1,6 @@
 #include "data/engines/sqlite/sqlite_failure.h"
 
-#include "data/platform/system_error.h"
+#include "base/system/system_error.h"
 
 namespace chengheng {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-#include "data/status.h"
+#include "base/values/status.h"
 
 namespace chengheng {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-#include "data/engines/engine.h"
+#include "data/engine/engine.h"
 
 namespace chengheng {
 

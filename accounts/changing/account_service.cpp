@@ -1,0 +1,148 @@
+#include "accounts/changing/account_service.h"
+
+#include "accounts/changing/account_locks.h"
+#include "accounts/changing/chart_writing.h"
+#include "accounts/chart/account_texts.h"
+#include "accounts/chart/stored_chart.h"
+#include "accounts/rules/account_record.h"
+#include "accounts/rules/deletion_checks.h"
+#include "data/access/host_database.h"
+#include "data/lookups/existence.h"
+#include "session/open_books.h"
+
+namespace chengheng {
+namespace {
+
+Result refused(const AccountRefusal& refusal, AccountChange& change) {
+    change.focusField = refusal.notice.focusField;
+    change.usedCode = refusal.usedCode;
+    return Result::refused(refusal.notice);
+}
+
+/// Asks one question after the other; the first one answered with Cancel ends the action.
+Result askAll(IMessages& messages, const std::vector<AccountQuestion>& questions,
+              AccountChange& change) {
+    for (const AccountQuestion& asked : questions) {
+        if (messages.ask(asked.question) == Answer::ok) continue;
+        change.focusField = asked.focusField;
+        return {Outcome::refused};
+    }
+    return Result::done();
+}
+
+Result addChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
+                  AccountChange& change) {
+    const auto refusal = firstRefusal(additionChecks(), facts);
+    if (!chart.isRead()) return Result::failed();
+    if (refusal) return refused(*refusal, change);
+    Result asked = askAll(messages, additionQuestions(facts), change);
+    if (asked.outcome != Outcome::done) return asked;
+    _CodeInfo& account = change.account;
+    account = newAccount(facts);
+    if (!chart.isRead()) return Result::failed();
+    return inOneUnit([&] {
+        return inTurn(
+            {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parentCode()); }});
+    });
+}
+
+Result modifyChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
+                     AccountChange& change) {
+    const auto refusal = firstRefusal(modificationChecks(), facts);
+    if (!chart.isRead()) return Result::failed();
+    if (refusal) return refused(*refusal, change);
+    const auto questions = modificationQuestions(facts);
+    if (!chart.isRead()) return Result::failed();
+    Result asked = askAll(messages, questions, change);
+    if (asked.outcome != Outcome::done) return asked;
+    _CodeInfo& account = change.account;
+    account = modifiedAccount(facts);
+    const auto write = [&] { return editAccount(account); };
+    if (!facts.isCodeChanged()) return inOneUnit(write);
+    return inOneUnit([&] {
+        const std::string parentBefore = facts.levels.parentOf(facts.before->sCode);
+        return inTurn({write, [&] { return endsAgainWithoutChildren(parentBefore); },
+                       [&] { return endsNoMore(facts.parentCode()); }});
+    });
+}
+
+Result removeChecked(std::string_view code, const CodeLevels& levels, AccountChange& change) {
+    const int existence = CodeIsExist(code);
+    if (existence < 0) return Result::failed();
+    if (existence > 0) return {Outcome::stale};
+    StoredChart chart(*g_pDB);
+    const auto account = chart.accountOf(code);
+    if (!account) return Result::failed();
+    const auto refusal = deletionRefusal({*account, chart.idsWithBelow(code), chart});
+    if (!chart.isRead()) return Result::failed();
+    if (refusal) return refused(*refusal, change);
+    change.account = *account;
+    return inOneUnit([&] {
+        return inTurn({[&] { return deleteAccount(account->lId); },
+                       [&] { return endsAgainWithoutChildren(levels.parentOf(code)); }});
+    });
+}
+
+}  // namespace
+
+AccountChange AccountService::add(const AccountEntry& entry) {
+    AccountChange change;
+    change.outcome = underLocks(m_messages, account_locks::inOrder, [&] {
+        StoredChart chart(*g_pDB);
+        const auto classes = chart.classes();
+        const AccountFacts facts{tidied(entry), nullptr, m_levels, classes, chart};
+        return addChecked(m_messages, facts, chart, change);
+    });
+    return change;
+}
+
+AccountChange AccountService::modify(const _CodeInfo& shown, const AccountEntry& entry) {
+    AccountChange change;
+    change.outcome = underLocks(m_messages, account_locks::inOrder, [&] {
+        StoredChart chart(*g_pDB);
+        const auto stored = chart.accountOfId(shown.lId);
+        const auto classes = chart.classes();
+        if (!chart.isRead()) return Result::failed();
+        if (!stored)
+            return Result::stale(
+                {.text = account_texts::deletedMeanwhile(shown.sCode), .beep = true});
+        if (entryOf(*stored) != entryOf(shown))
+            return Result::stale(
+                {.text = account_texts::changedMeanwhile(shown.sCode), .beep = true});
+        const AccountFacts facts{tidied(entry), &*stored, m_levels, classes, chart};
+        return modifyChecked(m_messages, facts, chart, change);
+    });
+    return change;
+}
+
+AccountChange AccountService::remove(std::string_view code, std::string_view name) {
+    AccountChange change;
+    const Question question{.text = account_texts::askDeletion(code, name),
+                            .buttons = AnswerButtons::okCancel,
+                            .preset = Answer::ok};
+    if (m_messages.ask(question) != Answer::ok) {
+        change.outcome = Outcome::refused;
+        return change;
+    }
+    change.outcome = underLocks(m_messages, account_locks::ofDeletion,
+                                [&] { return removeChecked(code, m_levels, change); });
+    return change;
+}
+
+Outcome AccountService::find(std::string_view code, _CodeInfo& account) {
+    if (!selectOpenBooks()) return Outcome::failed;
+    StoredChart chart(*g_pDB);
+    auto found = chart.accountOf(code);
+    if (!found) return chart.isRead() ? Outcome::stale : Outcome::failed;
+    account = std::move(*found);
+    return Outcome::done;
+}
+
+std::optional<std::vector<_zCodeClassInfo>> AccountService::classes() {
+    if (!selectOpenBooks()) return std::nullopt;
+    StoredChart chart(*g_pDB);
+    auto classes = chart.classes();
+    return chart.isRead() ? std::optional(std::move(classes)) : std::nullopt;
+}
+
+}  // namespace chengheng

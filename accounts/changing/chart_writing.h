@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "data/tables/accounts.h"
+#include "session/record_change.h"
+
+namespace chengheng {
+
+// The writes of a change of the chart, on g_pDB inside a unit of work.
+
+/// Runs the steps until one is not done.
+Result inTurn(std::initializer_list<std::function<Result()>> steps);
+
+/// Adds the account and gives it its id.
+Result addAccount(_CodeInfo& account);
+Result editAccount(const _CodeInfo& account);
+Result deleteAccount(int id);
+
+/// The account of a code got a child; an empty code is no account.
+Result endsNoMore(const std::string& code);
+/// It lost a child, maybe its last.
+Result endsAgainWithoutChildren(const std::string& code);
+
+}  // namespace chengheng

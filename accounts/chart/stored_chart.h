@@ -1,0 +1,39 @@
+#pragma once
+
+#include "accounts/chart/chart_facts.h"
+#include "data/access/CNbCwDB.h"
+
+namespace chengheng {
+
+/// The chart as it stands in the selected database. After a failed reading nothing more is
+/// read and no answer counts; why it failed stays the last failure of the database.
+class StoredChart final : public IChartFacts {
+  public:
+    explicit StoredChart(CNbCwDB& database) : m_database(database) {}
+
+    bool isRead() const { return m_isRead; }
+
+    std::optional<_CodeInfo> accountOf(std::string_view code) override;
+    bool isMnemonicTaken(std::string_view mnemonic, int exceptAccountId) override;
+    bool hasCurrency(int currencyId) override;
+    bool hasChildren(std::string_view code) override;
+    bool isUsed(UsePlace place, const std::vector<int>& accountIds, SumsUse sums) override;
+
+    std::optional<_CodeInfo> accountOfId(int id);
+    /// Ids of the account of a code and of those below it.
+    std::vector<int> idsWithBelow(std::string_view code);
+    bool hasAccountsBelow(std::string_view code);
+    std::vector<_zCodeClassInfo> classes();
+    std::vector<_CodeInfo> accounts(const std::string& condition);
+
+  private:
+    template <class Record>
+    std::vector<Record> read(const std::string& condition);
+    template <class Record>
+    bool hasRow(const std::string& condition);
+
+    CNbCwDB& m_database;
+    bool m_isRead = true;
+};
+
+}  // namespace chengheng

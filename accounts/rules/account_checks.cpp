@@ -1,0 +1,210 @@
+#include "accounts/rules/account_checks.h"
+
+#include <algorithm>
+#include <array>
+
+#include "accounts/chart/account_texts.h"
+#include "accounts/rules/code_structure_check.h"
+
+namespace chengheng {
+namespace {
+
+using account_texts::Accounting;
+using Refusal = std::optional<AccountRefusal>;
+
+/// Every refusal of an entry beeps and shows the information picture.
+AccountRefusal entryRefusal(std::string text, const char* field, std::string usedCode = {}) {
+    return {{.text = std::move(text), .beep = true, .focusField = field}, std::move(usedCode)};
+}
+
+Refusal refusalIf(bool isRefused, const char* text, const char* field) {
+    if (!isRefused) return std::nullopt;
+    return entryRefusal(text, field);
+}
+
+/// Whether an account other than the one being saved has the code. The account itself is no
+/// parent of its own new code either.
+bool isOtherAccount(const AccountFacts& facts, std::string_view code) {
+    const auto found = facts.chart.accountOf(code);
+    return found && (facts.before == nullptr || found->lId != facts.before->lId);
+}
+
+CodeFacts codeFacts(const AccountFacts& facts) {
+    const auto isOther = [&facts](std::string_view code) { return isOtherAccount(facts, code); };
+    return {facts.entry.code, facts.levels, isOther, isOther};
+}
+
+Refusal ofNotice(std::optional<Notice> notice) {
+    if (!notice) return std::nullopt;
+    return AccountRefusal{std::move(*notice)};
+}
+
+Refusal wholeCode(const AccountFacts& facts) { return ofNotice(codeRefusal(codeFacts(facts))); }
+
+Refusal codeText(const AccountFacts& facts) { return ofNotice(codeTextRefusal(codeFacts(facts))); }
+
+Refusal codePlace(const AccountFacts& facts) {
+    return ofNotice(codePlaceRefusal(codeFacts(facts)));
+}
+
+Refusal uniqueCode(const AccountFacts& facts) {
+    return refusalIf(isOtherAccount(facts, facts.entry.code), account_texts::codeNotUnique,
+                     account_field::code);
+}
+
+Refusal noChildren(const AccountFacts& facts) {
+    const std::string& code = facts.before->sCode;
+    if (!facts.isCodeChanged() || !facts.chart.hasChildren(code)) return std::nullopt;
+    return entryRefusal(account_texts::hasChildren(code), account_field::code);
+}
+
+Refusal notUsed(const AccountFacts& facts) {
+    if (!facts.isCodeChanged()) return std::nullopt;
+    const std::string& code = facts.before->sCode;
+    for (const UsePlace place : usePlaces)
+        if (facts.chart.isUsed(place, {facts.before->lId}, SumsUse::anyRow))
+            return entryRefusal(account_texts::used(code, place), account_field::code, code);
+    return std::nullopt;
+}
+
+Refusal name(const AccountFacts& facts) {
+    return refusalIf(facts.entry.name.empty(), account_texts::nameMissing, account_field::name);
+}
+
+Refusal mnemonic(const AccountFacts& facts) {
+    const std::string& entered = facts.entry.mnemonic;
+    const bool isTaken =
+        !entered.empty() && facts.chart.isMnemonicTaken(entered, facts.accountId());
+    return refusalIf(isTaken, account_texts::mnemonicTaken, account_field::mnemonic);
+}
+
+Refusal chosenCurrency(const AccountFacts& facts) {
+    return refusalIf(facts.entry.keepsForeign && facts.entry.currencyId == 0,
+                     account_texts::currencyMissing, account_field::currency);
+}
+
+Refusal existingCurrency(const AccountFacts& facts) {
+    const AccountEntry& entry = facts.entry;
+    const bool isGone =
+        entry.keepsForeign && entry.currencyId != 0 && !facts.chart.hasCurrency(entry.currencyId);
+    return refusalIf(isGone, account_texts::currencyGone, account_field::currency);
+}
+
+Refusal unit(const AccountFacts& facts) {
+    return refusalIf(facts.entry.keepsQuantity && facts.entry.unit.empty(),
+                     account_texts::unitMissing, account_field::unit);
+}
+
+Refusal unusedParent(const AccountFacts& facts, std::span<const UsePlace> places) {
+    const std::string code = facts.parentCode();
+    if (code.empty() || !facts.isCodeChanged()) return std::nullopt;
+    const auto parent = facts.chart.accountOf(code);
+    if (!parent) return std::nullopt;
+    for (const UsePlace place : places)
+        if (facts.chart.isUsed(place, {parent->lId}, SumsUse::openingMoney))
+            return entryRefusal(account_texts::parentUsed(code, place), account_field::code, code);
+    return std::nullopt;
+}
+
+Refusal parentOfAdded(const AccountFacts& facts) { return unusedParent(facts, placesOfParent); }
+
+Refusal parentOfModified(const AccountFacts& facts) { return unusedParent(facts, usePlaces); }
+
+constexpr std::array additions{
+    AccountCheck{"code", wholeCode},
+    AccountCheck{"name", name},
+    AccountCheck{"mnemonic", mnemonic},
+    AccountCheck{"currency is chosen", chosenCurrency},
+    AccountCheck{"currency is there", existingCurrency},
+    AccountCheck{"unit", unit},
+    AccountCheck{"parent is not used", parentOfAdded},
+};
+
+constexpr std::array modifications{
+    AccountCheck{"code is there, without a blank", codeText},
+    AccountCheck{"code is unique", uniqueCode},
+    AccountCheck{"changed code has no children", noChildren},
+    AccountCheck{"changed code is not used", notUsed},
+    AccountCheck{"code has its place", codePlace},
+    AccountCheck{"name", name},
+    AccountCheck{"mnemonic", mnemonic},
+    AccountCheck{"currency is there", existingCurrency},
+    AccountCheck{"currency is chosen", chosenCurrency},
+    AccountCheck{"unit", unit},
+    AccountCheck{"new parent is not used", parentOfModified},
+};
+
+/// The kinds of accounting that an entry changes, in the order in which they are asked about.
+std::vector<Accounting> changedKinds(const AccountEntry& before, const AccountEntry& entry) {
+    const auto currencyOf = [](const AccountEntry& side) {
+        return side.keepsForeign ? side.currencyId : 0;
+    };
+    const auto dimensionsOf = [](const AccountEntry& side) {
+        const AuxiliaryBooks& books = side.books;
+        return std::array{books.byPerson, books.byUnit, books.byDepartment, books.byProject};
+    };
+    const auto unitOf = [](const AccountEntry& side) {
+        return side.keepsQuantity ? std::optional(side.unit) : std::nullopt;
+    };
+    std::vector<Accounting> kinds;
+    if (currencyOf(before) != currencyOf(entry)) kinds.push_back(Accounting::foreign);
+    if (dimensionsOf(before) != dimensionsOf(entry)) kinds.push_back(Accounting::auxiliary);
+    if (unitOf(before) != unitOf(entry)) kinds.push_back(Accounting::quantity);
+    return kinds;
+}
+
+constexpr const char* fieldOf(Accounting kind) {
+    switch (kind) {
+        case Accounting::foreign:
+            return account_field::currency;
+        case Accounting::auxiliary:
+            return account_field::auxiliary;
+        case Accounting::quantity:
+            break;
+    }
+    return account_field::quantity;
+}
+
+}  // namespace
+
+int AccountFacts::categoryNumber() const {
+    const auto found = std::ranges::find(classes, entry.className, &_zCodeClassInfo::sClsName);
+    return found == classes.end() ? 0 : static_cast<int>(found - classes.begin()) + 1;
+}
+
+std::span<const AccountCheck> additionChecks() { return additions; }
+std::span<const AccountCheck> modificationChecks() { return modifications; }
+
+std::optional<AccountRefusal> firstRefusal(std::span<const AccountCheck> checks,
+                                           const AccountFacts& facts) {
+    for (const AccountCheck& check : checks)
+        if (Refusal refusal = check.refusal(facts)) return refusal;
+    return std::nullopt;
+}
+
+std::vector<AccountQuestion> additionQuestions(const AccountFacts& facts) {
+    if (!departsFromCategory(facts.levels, facts.entry.code, facts.categoryNumber())) return {};
+    const Question question{.text = account_texts::codeDepartsFromCategory,
+                            .buttons = AnswerButtons::okCancel,
+                            .preset = Answer::ok};
+    return {{question, account_field::code}};
+}
+
+std::vector<AccountQuestion> modificationQuestions(const AccountFacts& facts) {
+    const auto kinds = changedKinds(entryOf(*facts.before), facts.entry);
+    if (kinds.empty()) return {};
+    std::vector<AccountQuestion> questions;
+    for (const UsePlace place : usePlaces) {
+        if (!facts.chart.isUsed(place, {facts.before->lId}, SumsUse::anyRow)) continue;
+        for (const Accounting kind : kinds)
+            questions.push_back(
+                {{.text = account_texts::changeOfUsed(facts.before->sCode, place, kind),
+                  .buttons = AnswerButtons::okCancel,
+                  .icon = MessageIcon::stop,
+                  .preset = Answer::cancel},
+                 fieldOf(kind)});
+    }
+    return questions;
+}
+
+}  // namespace chengheng

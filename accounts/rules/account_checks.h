@@ -1,0 +1,59 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "accounts/chart/account_entry.h"
+#include "accounts/chart/chart_facts.h"
+#include "accounts/codes/code_levels.h"
+#include "base/messages/messages.h"
+
+namespace chengheng {
+
+/// What the checks of an addition or modification look at.
+struct AccountFacts {
+    AccountEntry entry;                 ///< tidied
+    const _CodeInfo* before = nullptr;  ///< the account modified; null: a new one
+    const CodeLevels& levels;
+    const std::vector<_zCodeClassInfo>& classes;  ///< in the order of the list
+    IChartFacts& chart;
+
+    bool isCodeChanged() const { return before == nullptr || before->sCode != entry.code; }
+    int accountId() const { return before == nullptr ? 0 : before->lId; }
+    std::string parentCode() const { return levels.parentOf(entry.code); }
+    /// Position in the list plus one; 0 for a class that is not in it.
+    int categoryNumber() const;
+};
+
+/// Why an entry was refused.
+struct AccountRefusal {
+    Notice notice;
+    /// The account whose use in the ledger stands in the way; empty for any other refusal.
+    std::string usedCode = {};
+};
+
+struct AccountCheck {
+    const char* name;
+    std::optional<AccountRefusal> (*refusal)(const AccountFacts& facts);
+};
+
+/// In the order in which they are told.
+std::span<const AccountCheck> additionChecks();
+std::span<const AccountCheck> modificationChecks();
+
+/// The first refusal; nothing when the entry may be saved.
+std::optional<AccountRefusal> firstRefusal(std::span<const AccountCheck> checks,
+                                           const AccountFacts& facts);
+
+/// What is asked before an entry that nothing refuses is saved: OK goes on to the next
+/// question, Cancel stops the save.
+struct AccountQuestion {
+    Question question;
+    const char* focusField;  ///< after Cancel
+};
+std::vector<AccountQuestion> additionQuestions(const AccountFacts& facts);
+std::vector<AccountQuestion> modificationQuestions(const AccountFacts& facts);
+
+}  // namespace chengheng

@@ -1,0 +1,125 @@
+#include "accounts/screen/where_used.h"
+
+#include <charconv>
+#include <cstring>
+#include <span>
+
+#include "accounts/chart/account_texts.h"
+#include "accounts/chart/stored_chart.h"
+#include "accounts/chart/where_used_sql.h"
+#include "base/values/numbers.h"
+#include "data/access/host_database.h"
+#include "data/lookups/one_cell.h"
+#include "session/open_books.h"
+
+namespace chengheng {
+namespace {
+
+enum class Shown { asItIs, amount, direction };
+
+struct UseColumn {
+    const char* heading;
+    Shown shown = Shown::asItIs;
+};
+
+constexpr UseColumn voucherColumns[]{{account_texts::codeColumn},
+                                     {account_texts::periodColumn},
+                                     {account_texts::dateColumn},
+                                     {account_texts::signColumn},
+                                     {account_texts::numberColumn},
+                                     {account_texts::digestColumn},
+                                     {account_texts::directionColumn, Shown::direction},
+                                     {account_texts::amountColumn, Shown::amount}};
+constexpr UseColumn sumColumns[]{{account_texts::codeColumn},
+                                 {account_texts::periodColumn},
+                                 {account_texts::openingColumn, Shown::amount},
+                                 {account_texts::debitColumn, Shown::amount},
+                                 {account_texts::creditColumn, Shown::amount}};
+constexpr UseColumn frequentColumns[]{{account_texts::codeColumn},
+                                      {account_texts::frequentColumn},
+                                      {account_texts::digestColumn},
+                                      {account_texts::directionColumn, Shown::direction},
+                                      {account_texts::amountColumn, Shown::amount}};
+constexpr UseColumn digestColumns[]{{account_texts::codeColumn}, {account_texts::digestColumn}};
+constexpr UseColumn transferColumns[]{{account_texts::codeColumn},
+                                      {account_texts::transferColumn},
+                                      {account_texts::digestColumn},
+                                      {account_texts::directionColumn, Shown::direction}};
+constexpr UseColumn projectColumns[]{{account_texts::codeColumn},
+                                     {account_texts::projectCodeColumn},
+                                     {account_texts::projectColumn}};
+
+std::span<const UseColumn> columnsOf(UsePlace place) {
+    switch (place) {
+        case UsePlace::unposted:
+        case UsePlace::posted:
+            return voucherColumns;
+        case UsePlace::sums:
+            return sumColumns;
+        case UsePlace::frequentVouchers:
+            return frequentColumns;
+        case UsePlace::digests:
+            return digestColumns;
+        case UsePlace::transfers:
+            return transferColumns;
+        case UsePlace::projects:
+            break;
+    }
+    return projectColumns;
+}
+
+std::string shownText(const char* cell, Shown shown) {
+    if (cell == nullptr) return {};
+    double number = 0;
+    std::from_chars(cell, cell + std::strlen(cell), number);
+    switch (shown) {
+        case Shown::asItIs:
+            break;
+        case Shown::amount:
+            return ftoaWithSap(number, 2);
+        case Shown::direction:
+            return number != 0 ? account_texts::debit : account_texts::credit;
+    }
+    return cell;
+}
+
+bool readRows(std::span<const int> ids, UseSection& section) {
+    const auto columns = columnsOf(section.place);
+    for (const UseColumn& column : columns) section.headings.emplace_back(column.heading);
+    char** cells = nullptr;
+    int columnCount = 0;
+    int rowCount = 0;
+    const std::string select = where_used_sql::rows(section.place, ids, mostUsesListed);
+    if (g_pDB->QRYGetData(select, cells, columnCount, rowCount) != 0) return false;
+    for (int row = 0; row < rowCount; ++row) {
+        std::vector<std::string>& texts = section.rows.emplace_back();
+        for (std::size_t column = 0; column < columns.size(); ++column)
+            texts.push_back(shownText(cells[row * columnCount + static_cast<int>(column)],
+                                      columns[column].shown));
+    }
+    g_pDB->QRYReleaseBuffer(cells, columnCount, rowCount);
+    return true;
+}
+
+}  // namespace
+
+bool findUses(std::string_view code, std::vector<UseSection>& sections) {
+    sections.clear();
+    if (!selectOpenBooks()) return false;
+    StoredChart chart(*g_pDB);
+    const std::vector<int> ids = chart.idsWithBelow(code);
+    if (ids.empty()) return chart.isRead();
+    for (const UsePlace place : usePlaces) {
+        const OneCell cell = readOneCell(*g_pDB, where_used_sql::count(place, ids));
+        if (!cell.isRead) return false;
+        UseSection section{.place = place, .title = placeTitle(place)};
+        const std::string text = cell.text.value_or("0");
+        std::from_chars(text.data(), text.data() + text.size(), section.count);
+        if (section.count == 0) continue;
+        if (!readRows(ids, section)) return false;
+        sections.push_back(std::move(section));
+    }
+    return true;
+}
+
+}  // namespace chengheng

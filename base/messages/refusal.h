@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "base/messages/messages.h"
+
+namespace chengheng {
+
+enum class RefusalKind {
+    wrongInput,    ///< what a person gave cannot be
+    alreadyThere,  ///< what was to be made exists
+    failed,        ///< a file, a server or the machine failed
+};
+
+/// Why books were not made, opened or logged on to.
+struct Refusal {
+    RefusalKind kind = RefusalKind::failed;
+    Notice notice;
+};
+
+/// Wrong input: a beep, the warning picture and the focus on the field.
+inline Refusal inputRefusal(std::string text, const char* field) {
+    return {
+        RefusalKind::wrongInput,
+        {.text = std::move(text), .icon = MessageIcon::warning, .beep = true, .focusField = field}};
+}
+
+inline Refusal existsRefusal(std::string text, const char* field) {
+    Refusal refusal = inputRefusal(std::move(text), field);
+    refusal.kind = RefusalKind::alreadyThere;
+    return refusal;
+}
+
+inline Refusal failureRefusal(std::string text, const char* field = "") {
+    return {
+        RefusalKind::failed,
+        {.text = std::move(text), .icon = MessageIcon::stop, .beep = true, .focusField = field}};
+}
+
+}  // namespace chengheng

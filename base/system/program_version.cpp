@@ -1,0 +1,7 @@
+#include "base/system/program_version.h"
+
+namespace chengheng {
+
+const char* programVersion() { return CHENGHENG_VERSION; }
+
+}  // namespace chengheng

@@ -1,0 +1,73 @@
+#include "base/system/workstation.h"
+
+#include <pwd.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+
+namespace chengheng {
+namespace {
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::string() : value;
+}
+
+std::string userFolder() {
+    if (const std::string home = environment("HOME"); !home.empty()) return home;
+    const passwd* user = getpwuid(getuid());
+    return user == nullptr || user->pw_dir == nullptr ? std::string() : user->pw_dir;
+}
+
+/// The name of the program a process runs; empty when it cannot be told.
+std::string programOf(const std::string& process) {
+    std::ifstream file("/proc/" + process + "/comm");
+    std::string name;
+    std::getline(file, name);
+    return name;
+}
+
+std::tm localTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local;
+}
+
+}  // namespace
+
+std::string booksHome() {
+    if (std::string own = environment("CHENGHENG_HOME"); !own.empty()) return own;
+    // A relative path in the variable counts as none given.
+    if (const std::string data = environment("XDG_DATA_HOME"); data.starts_with('/'))
+        return data + "/chengheng";
+    const std::string user = userFolder();
+    return user.empty() ? std::string() : user + "/.local/share/chengheng";
+}
+
+std::int32_t ownProcess() { return static_cast<std::int32_t>(getpid()); }
+
+bool isOwnProgramAlive(std::int32_t process) {
+    if (process <= 0) return false;
+    if (kill(process, 0) != 0 && errno == ESRCH) return false;
+    // A number is given again to other programs; one that cannot be looked at counts as ours.
+    const std::string found = programOf(std::to_string(process));
+    return found.empty() || found == programOf("self");
+}
+
+Date today() {
+    const std::tm local = localTime();
+    return {static_cast<std::int16_t>(local.tm_year + 1900),
+            static_cast<std::uint8_t>(local.tm_mon + 1), static_cast<std::uint8_t>(local.tm_mday)};
+}
+
+ClockTime timeOfDay() {
+    const std::tm local = localTime();
+    return {local.tm_hour, local.tm_min, local.tm_sec};
+}
+
+}  // namespace chengheng

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/system/this_process.h"
+#include "base/values/date.h"
+#include "base/values/status.h"
+
+namespace chengheng {
+
+// This workstation, its user and its processes.
+
+/// The folder of the registry and of the sets of books made without a place of their own:
+/// CHENGHENG_HOME, else "chengheng" in the user's data directory. Empty when there is none.
+std::string booksHome();
+
+std::int32_t ownProcess();
+
+/// Whether a process of this workstation lives and runs the same program as this one.
+bool isOwnProgramAlive(std::int32_t process);
+
+/// The day by the local calendar.
+Date today();
+
+/// The hour, minute and second by the local clock.
+struct ClockTime {
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+ClockTime timeOfDay();
+
+}  // namespace chengheng

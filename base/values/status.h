@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace chengheng {
+
+/// Why a data operation did not happen. The caller turns it into words; see
+/// session/failure_texts.h for the Chinese message of each.
+enum class Failure {
+    none,
+    missing,       ///< the file, schema or record is not there
+    foreign,       ///< a file or schema that does not hold a set of books
+    damaged,       ///< the database reports corruption
+    readOnly,      ///< the file or server refuses writing
+    newerVersion,  ///< written by a newer program
+    unreachable,   ///< the server cannot be reached or refuses the log-on
+    lost,          ///< the connection broke during use
+    full,          ///< no room left on the disk
+    busy,          ///< another connection holds the database
+    unreadable,    ///< a statement or condition that cannot be read
+    refused,       ///< the engine refused the statement
+    notOpen,       ///< no database of that name is open or selected
+    crossedWait,   ///< two workstations wait for each other's locks
+    cancelled,     ///< the operator gave up waiting
+};
+
+/// Outcome of a data operation: done, or a failure with the engine's own detail.
+struct [[nodiscard]] Status {
+    Failure failure = Failure::none;
+    std::string detail;
+
+    static Status done() { return {}; }
+    static Status of(Failure failure, std::string detail = {}) {
+        return {failure, std::move(detail)};
+    }
+    bool isDone() const { return failure == Failure::none; }
+    explicit operator bool() const { return isDone(); }
+};
+
+}  // namespace chengheng

@@ -1,0 +1,115 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "base/values/date.h"
+#include "base/values/numbers.h"
+#include "books/checking/integrity_parts.h"
+#include "books/checking/integrity_sql.h"
+#include "books/checking/integrity_texts.h"
+#include "data/transfer/stored_tables.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int periodsInAYear = 12;
+
+struct Figure {
+    const char* title;
+    int decimals;  ///< to which the books round it
+};
+
+constexpr std::array<Figure, 9> figures{{{"期初金额", 2},
+                                         {"借方金额", 2},
+                                         {"贷方金额", 2},
+                                         {"期初数量", 5},
+                                         {"借方数量", 5},
+                                         {"贷方数量", 5},
+                                         {"期初外币", 2},
+                                         {"借方外币", 2},
+                                         {"贷方外币", 2}}};
+
+using Figures = std::array<double, figures.size()>;
+using FiguresByPeriod = std::map<std::pair<int, int>, Figures>;
+
+/// By account and period.
+Status readFigures(Engine& engine, const char* sql, FiguresByPeriod& sums) {
+    return forEachRow(engine, sql, {}, [&sums](const Cursor& row) {
+        Figures& values =
+            sums[{static_cast<int>(row.integer(0)), static_cast<int>(row.integer(1))}];
+        for (std::size_t at = 0; at < values.size(); ++at)
+            values[at] = row.real(static_cast<int>(at) + 2);
+        return Status::done();
+    });
+}
+
+/// Half of the last decimal the books keep, and what adding up many large doubles may lose.
+bool areEqual(double one, double other, int decimals) {
+    const double half = 0.5 * std::pow(10.0, -decimals);
+    return std::abs(one - other) < half + 1e-12 * std::abs(one);
+}
+
+bool hasAuxiliaryDimension(const CheckedAccount& account) {
+    return account.letters.find_first_of("ABCD") != std::string::npos;
+}
+
+void compare(const CheckedAccount& account, int period, const Figures& sums,
+             const Figures& auxiliary, FaultList& faults) {
+    for (std::size_t at = 0; at < figures.size(); ++at) {
+        const auto [title, decimals] = figures[at];
+        if (!areEqual(sums[at], auxiliary[at], decimals))
+            faults.add(integrity_texts::sumsDiffer(account, period, title, ftoa(sums[at], decimals),
+                                                   ftoa(auxiliary[at], decimals)));
+    }
+}
+
+/// "1, 2, 2, 14".
+std::string listed(const std::vector<int>& periods) {
+    std::string text;
+    for (const int period : periods) text += (text.empty() ? "" : ", ") + std::to_string(period);
+    return text;
+}
+
+bool isFullYear(const std::vector<int>& periods) {
+    if (periods.size() != periodsInAYear) return false;
+    for (int period = 1; period <= periodsInAYear; ++period)
+        if (periods[static_cast<std::size_t>(period - 1)] != period) return false;
+    return true;
+}
+
+}  // namespace
+
+Status checkPeriodSums(CheckedBooks& books, FaultList& faults) {
+    std::map<int, std::vector<int>> periods;
+    const Status status =
+        forEachRow(books.engine(), integrity_sql::periods, {}, [&periods](const Cursor& row) {
+            periods[static_cast<int>(row.integer(0))].push_back(static_cast<int>(row.integer(1)));
+            return Status::done();
+        });
+    for (const auto& [id, found] : periods) {
+        const CheckedAccount* account = books.findAccount(id);
+        if (account != nullptr && !isFullYear(found))
+            faults.add(integrity_texts::wrongPeriods(*account, listed(found)));
+    }
+    return status;
+}
+
+Status checkAuxiliarySums(CheckedBooks& books, FaultList& faults) {
+    FiguresByPeriod sums;
+    FiguresByPeriod auxiliary;
+    Status status = readFigures(books.engine(), integrity_sql::accountFigures, sums);
+    if (status) status = readFigures(books.engine(), integrity_sql::auxiliaryFigures, auxiliary);
+    if (!status) return status;
+    for (const CheckedAccount& account : books.accounts()) {
+        if (!account.isEnd || !hasAuxiliaryDimension(account)) continue;
+        for (int period = 1; period <= periodsInAYear; ++period)
+            compare(account, period, sums[{account.id, period}], auxiliary[{account.id, period}],
+                    faults);
+    }
+    return Status::done();
+}
+
+}  // namespace chengheng

@@ -1,0 +1,113 @@
+#include "books/checking/integrity_check.h"
+
+#include <array>
+
+#include "books/checking/integrity_parts.h"
+#include "books/checking/integrity_sql.h"
+#include "books/checking/integrity_texts.h"
+#include "data/transfer/stored_tables.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::array<IntegrityCheck, 17> checks{{
+    {"engine", integrity_texts::engineTitle, checkEngine},
+    {"parameters", integrity_texts::parametersTitle, checkParameters},
+    {"idCounters", integrity_texts::idCountersTitle, checkIdCounters},
+    {"sharedIds", integrity_texts::sharedIdsTitle, checkSharedIds},
+    {"uniqueCodes", integrity_texts::uniqueCodesTitle, checkUniqueCodes},
+    {"codePattern", integrity_texts::codePatternTitle, checkCodePattern},
+    {"grades", integrity_texts::gradesTitle, checkGrades},
+    {"parents", integrity_texts::parentsTitle, checkParents},
+    {"endAccounts", integrity_texts::endAccountsTitle, checkEndAccounts},
+    {"uniqueMnemonics", integrity_texts::uniqueMnemonicsTitle, checkUniqueMnemonics},
+    {"references", integrity_texts::referencesTitle, checkReferences},
+    {"projectItems", integrity_texts::projectItemsTitle, checkProjectItems},
+    {"operators", integrity_texts::operatorsTitle, checkOperators},
+    {"periodSums", integrity_texts::periodSumsTitle, checkPeriodSums},
+    {"auxiliarySums", integrity_texts::auxiliarySumsTitle, checkAuxiliarySums},
+    {"fixedRates", integrity_texts::fixedRatesTitle, checkFixedRates},
+    {"floatingRates", integrity_texts::floatingRatesTitle, checkFloatingRates},
+}};
+
+Status run(const IntegrityCheck& check, CheckedBooks& books, std::vector<IntegrityFault>& faults) {
+    FaultList list(faults, check.name);
+    return check.run(books, list);
+}
+
+Status runAll(CheckedBooks& books, std::vector<IntegrityFault>& faults) {
+    Status status = run(checks.front(), books, faults);
+    // Nothing that is read from a corrupt database can be relied on.
+    if (!status || !faults.empty()) return status;
+    status = books.read();
+    for (const IntegrityCheck& check : std::span(checks).subspan(1))
+        if (status) status = run(check, books, faults);
+    return status;
+}
+
+}  // namespace
+
+Status CheckedBooks::read() {
+    Status status = readParameters();
+    return status ? readAccounts() : status;
+}
+
+Status CheckedBooks::readParameters() {
+    return forEachRow(m_engine, integrity_sql::parameters, {}, [this](const Cursor& row) {
+        if (m_parameterRows++ == 0) {
+            m_pattern = row.text(0);
+            m_levels = CodeLevels(m_pattern);
+        }
+        return Status::done();
+    });
+}
+
+Status CheckedBooks::readAccounts() {
+    return forEachRow(m_engine, integrity_sql::accounts, {}, [this](const Cursor& row) {
+        CheckedAccount account;
+        account.id = static_cast<int>(row.integer(0));
+        account.code = row.text(1);
+        account.name = row.text(2);
+        account.className = row.text(3);
+        account.grade = static_cast<int>(row.integer(4));
+        account.isEnd = row.integer(5) != 0;
+        account.letters = row.text(6);
+        account.mnemonic = row.text(7);
+        m_accountById.emplace(account.id, m_accounts.size());
+        m_accounts.push_back(std::move(account));
+        return Status::done();
+    });
+}
+
+const CheckedAccount* CheckedBooks::findAccount(int id) const {
+    const auto found = m_accountById.find(id);
+    return found == m_accountById.end() ? nullptr : &m_accounts[found->second];
+}
+
+std::span<const IntegrityCheck> integrityChecks() { return checks; }
+
+Status checkIntegrity(Engine& engine, std::vector<IntegrityFault>& faults) {
+    Status status = engine.beginReading();
+    if (!status) return status;
+    CheckedBooks books(engine);
+    status = runAll(books, faults);
+    const Status ended = engine.rollback();
+    return status ? ended : status;
+}
+
+Status checkEngine(CheckedBooks& books, FaultList& faults) {
+    std::vector<std::string> found;
+    const Status status = books.engine().verify(found);
+    for (const std::string& fault : found) faults.add(integrity_texts::engineFault(fault));
+    return status;
+}
+
+Status checkParameters(CheckedBooks& books, FaultList& faults) {
+    if (books.parameterRows() != 1)
+        faults.add(integrity_texts::parameterRows(books.parameterRows()));
+    if (books.parameterRows() > 0 && !isLevelPattern(books.pattern()))
+        faults.add(integrity_texts::wrongPattern(books.pattern()));
+    return Status::done();
+}
+
+}  // namespace chengheng

@@ -1,0 +1,242 @@
+#include "books/copying/books_transfer.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+#include "base/system/staged_file.h"
+#include "books/copying/transfer_texts.h"
+#include "data/engines/open_engine.h"
+#include "data/engines/remove_database.h"
+#include "data/layout/layout.h"
+#include "data/transfer/content_copy.h"
+#include "data/transfer/content_digest.h"
+#include "session/failure_texts.h"
+
+namespace chengheng {
+namespace {
+
+using Digests = std::vector<TableDigest>;
+namespace files = std::filesystem;
+
+Refusal failure(const Status& status, const std::string& location) {
+    return failureRefusal(failureText(status, location));
+}
+
+Refusal difference(const std::string& location) {
+    return failureRefusal(fmt::format(transfer_texts::copyDiffers, shownLocation(location)));
+}
+
+bool isSamePlace(const std::string& one, const std::string& other) {
+    if (one == other) return true;
+    if (isServerAddress(one) || isServerAddress(other)) return false;
+    std::error_code unseen;
+    return files::equivalent(one, other, unseen);
+}
+
+std::optional<Refusal> verified(Engine& engine, const std::string& location) {
+    std::vector<std::string> faults;
+    if (Status status = engine.verify(faults); !status) return failure(status, location);
+    if (faults.empty()) return std::nullopt;
+    return failureRefusal(
+        fmt::format(transfer_texts::sourceDamaged, shownLocation(location), faults.front()));
+}
+
+Status openBooks(const std::string& location, std::unique_ptr<Engine>& engine) {
+    const Status status = openEngine(location, OpenMode::existing, engine);
+    return status ? checkLayout(*engine) : status;
+}
+
+/// A set of books that is read as it stands at one moment.
+class Source {
+  public:
+    explicit Source(std::string location) : m_location(std::move(location)) {}
+    ~Source() {
+        // Nothing was written; a connection that is gone has ended the transaction itself.
+        if (m_isReading) static_cast<void>(m_engine->rollback().isDone());
+    }
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
+
+    std::optional<Refusal> open() {
+        Status status = openBooks(m_location, m_engine);
+        if (!status) return failure(status, m_location);
+        if (std::optional<Refusal> refusal = verified(*m_engine, m_location)) return refusal;
+        status = m_engine->beginReading();
+        m_isReading = status.isDone();
+        if (status) status = digestContent(*m_engine, m_digests);
+        if (!status) return failure(status, m_location);
+        return std::nullopt;
+    }
+    const std::string& location() const { return m_location; }
+    Engine& engine() { return *m_engine; }
+    const Digests& digests() const { return m_digests; }
+
+  private:
+    std::string m_location;
+    std::unique_ptr<Engine> m_engine;
+    Digests m_digests;
+    bool m_isReading = false;
+};
+
+enum class Tables { present, missing };
+
+/// Brings the source's content into the target and compares the two, in one transaction.
+std::optional<Refusal> fill(Source& source, Engine& target, const std::string& location,
+                            Tables tables) {
+    Status status = target.begin();
+    if (!status) return failure(status, location);
+    if (tables == Tables::missing) status = createTables(target);
+    if (status) status = replaceContent(source.engine(), target);
+    Digests digests;
+    if (status) status = digestContent(target, digests);
+    const bool isEqual = digests == source.digests();
+    if (status && isEqual) {
+        status = target.commit();
+        return status ? std::optional<Refusal>() : failure(status, location);
+    }
+    if (Status undone = target.rollback(); !undone && !status)
+        status.detail += "; " + undone.detail;
+    return status ? difference(source.location()) : failure(status, location);
+}
+
+/// Makes the tables and the content of a new database; leaves an empty one when it fails.
+std::optional<Refusal> makeCopy(Source& source, const std::string& location) {
+    std::unique_ptr<Engine> target;
+    const Status status = openEngine(location, OpenMode::create, target);
+    return status ? fill(source, *target, location, Tables::missing) : failure(status, location);
+}
+
+/// The same on a server that has no such schema yet; what comes to nothing is removed.
+std::optional<Refusal> makeSchema(Source& source, const std::string& address) {
+    std::optional<Refusal> refusal = makeCopy(source, address);
+    // The failure told is the one that came first.
+    if (refusal) static_cast<void>(removeDatabase(address).isDone());
+    return refusal;
+}
+
+bool isEmptySchema(Engine& engine, const std::string& address) {
+    std::unique_ptr<Engine> created;
+    bool hasBooks = true;
+    const Status status = engine.hasTable("BooksFormat", hasBooks);
+    return status && !hasBooks && isServerAddress(address) &&
+           openEngine(address, OpenMode::create, created).isDone();
+}
+
+/// Opens a finished copy as anybody will and compares it with the source once more.
+std::optional<Refusal> provenCopy(const Source& source, const std::string& path,
+                                  const std::string& file) {
+    std::unique_ptr<Engine> copy;
+    Status status = openBooks(path, copy);
+    if (!status) return failure(status, file);
+    if (std::optional<Refusal> refusal = verified(*copy, file)) return refusal;
+    Digests digests;
+    status = digestContent(*copy, digests);
+    if (!status) return failure(status, file);
+    return digests == source.digests() ? std::optional<Refusal>() : difference(source.location());
+}
+
+/// Whether a program has the file open. Opening and closing it takes away the log that one
+/// which broke off left behind.
+bool isInUse(const std::string& file) {
+    std::unique_ptr<Engine> engine;
+    static_cast<void>(openEngine(file, OpenMode::existing, engine).isDone());
+    engine.reset();
+    std::error_code unseen;
+    return files::exists(file + "-wal", unseen);
+}
+
+/// Writes the source into a file that appears only when it is whole and proven.
+std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwrite overwrite) {
+    StagedFile staged(file);
+    if (staged.status().failure == Failure::missing)
+        return inputRefusal(fmt::format(transfer_texts::folderMissing, file), "");
+    if (!staged.status()) return failure(staged.status(), file);
+    const std::optional<Status> copied = source.engine().copyToFile(staged.path());
+    if (copied && !*copied) return failure(*copied, file);
+    if (!copied) {
+        if (std::optional<Refusal> refusal = makeCopy(source, staged.path())) return refusal;
+    }
+    if (std::optional<Refusal> refusal = provenCopy(source, staged.path(), file)) return refusal;
+    const bool replaces = overwrite == Overwrite::replace;
+    std::error_code unseen;
+    if (replaces && files::exists(file, unseen) && isInUse(file))
+        return failureRefusal(fmt::format(transfer_texts::fileInUse, file));
+    const Status status = staged.place(replaces);
+    if (status.failure == Failure::refused)
+        return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
+    return status ? std::optional<Refusal>() : failure(status, file);
+}
+
+/// The names of all tables, for a lock on the books as a whole.
+std::string allTableNames() {
+    std::string names;
+    for (const TableInfo& table : allTables()) names += (names.empty() ? "" : " ") + table.name;
+    return names;
+}
+
+std::optional<Refusal> replaceBooks(Source& source, Engine& target, const std::string& location) {
+    const std::string tables = allTableNames();
+    LockService& locks = target.locks();
+    const Status locked = locks.lock(tables, LockMode::exclusive, false);
+    if (locked.failure == Failure::busy)
+        return failureRefusal(fmt::format(transfer_texts::booksInUse, shownLocation(location),
+                                          locks.lastHolder().operatorName,
+                                          locks.lastHolder().station));
+    if (!locked) return failure(locked, location);
+    std::optional<Refusal> refusal = fill(source, target, location, Tables::present);
+    locks.unlock(tables, LockMode::exclusive);
+    return refusal;
+}
+
+std::optional<Refusal> transfer(Source& source, const std::string& target, Overwrite overwrite) {
+    std::unique_ptr<Engine> existing;
+    Status status = openEngine(target, OpenMode::existing, existing);
+    if (status.failure == Failure::missing) {
+        if (isServerAddress(target)) return makeSchema(source, target);
+        return writeFile(source, target, Overwrite::refuse);
+    }
+    if (status && isEmptySchema(*existing, target)) return makeCopy(source, target);
+    if (status) status = checkLayout(*existing);
+    if (!status) return failure(status, target);
+    if (overwrite == Overwrite::refuse)
+        return existsRefusal(fmt::format(transfer_texts::booksExist, shownLocation(target)), "");
+    return replaceBooks(source, *existing, target);
+}
+
+}  // namespace
+
+std::optional<Refusal> backUpBooks(const std::string& location, const std::string& file,
+                                   Overwrite overwrite) {
+    if (isServerAddress(file))
+        return inputRefusal(fmt::format(transfer_texts::backupToServer, shownLocation(file)), "");
+    if (isSamePlace(location, file))
+        return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(file)), "");
+    std::error_code unseen;
+    if (overwrite == Overwrite::refuse && files::exists(file, unseen))
+        return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
+    Source source(location);
+    if (std::optional<Refusal> refusal = source.open()) return refusal;
+    return writeFile(source, file, overwrite);
+}
+
+std::optional<Refusal> restoreBooks(const std::string& file, const std::string& target,
+                                    Overwrite overwrite) {
+    if (isServerAddress(file))
+        return inputRefusal(
+            fmt::format(transfer_texts::backupFromServerAddress, shownLocation(file)), "");
+    return copyBooks(file, target, overwrite);
+}
+
+std::optional<Refusal> copyBooks(const std::string& location, const std::string& target,
+                                 Overwrite overwrite) {
+    if (isSamePlace(location, target))
+        return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(target)), "");
+    Source source(location);
+    if (std::optional<Refusal> refusal = source.open()) return refusal;
+    return transfer(source, target, overwrite);
+}
+
+}  // namespace chengheng

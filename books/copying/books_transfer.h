@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "base/messages/refusal.h"
+
+namespace chengheng {
+
+/// Whether what stands at the target already may be replaced.
+enum class Overwrite { refuse, replace };
+
+// Each of these takes the source as it stands at one moment, whoever goes on working with
+// it; compares source and result row by row through digests before the result counts; and
+// leaves the target as it was when anything fails. A location is the path of a file or the
+// address of a schema.
+
+/// Writes a set of books into a file of its own, which is a set of books in turn.
+std::optional<Refusal> backUpBooks(const std::string& source, const std::string& file,
+                                   Overwrite overwrite);
+
+/// Makes a set of books, or replaces the whole content of one, from a backup.
+std::optional<Refusal> restoreBooks(const std::string& file, const std::string& target,
+                                    Overwrite overwrite);
+
+/// The same from another set of books, on whatever engines the two lie.
+std::optional<Refusal> copyBooks(const std::string& source, const std::string& target,
+                                 Overwrite overwrite);
+
+}  // namespace chengheng

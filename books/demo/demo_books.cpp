@@ -1,0 +1,99 @@
+#include "books/demo/demo_books.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <filesystem>
+
+#include "base/system/staged_file.h"
+#include "books/copying/transfer_texts.h"
+#include "books/demo/demo_parts.h"
+#include "books/list/books_texts.h"
+#include "books/making/books_creation.h"
+#include "data/access/unit_of_work.h"
+#include "data/engines/open_engine.h"
+#include "data/engines/remove_database.h"
+#include "data/layout/layout.h"
+#include "session/failure_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr const char* databaseName = "demo";
+constexpr std::int32_t onlySet = 1;
+
+/// In the order in which later ones refer to earlier ones.
+constexpr std::array steps{writeDemoCurrencies,  writeDemoAccounts,     writeDemoDirectories,
+                           writeDemoProjects,    writeDemoVoucherTypes, writeDemoOperators,
+                           writeDemoDefinitions, writeDemoOpenings};
+
+NewBooks demoFacts() {
+    return {.name = demo::setName,
+            .company = demo::company,
+            .year = demo::year,
+            .levelPattern = demo::levelPattern,
+            .hasForeignCurrency = true,
+            .chart = ChartTemplate::smallEnterprise,
+            .supervisor = demo::supervisor};
+}
+
+/// Everything the books hold, in one unit of work.
+Status fill(CNbCwDB& database, PasswordCost cost) {
+    const std::string hash = hashPassword(demo::password, cost);
+    if (hash.empty()) return Status::of(Failure::full, "no memory to hash a password");
+    UnitOfWork unit(database);
+    Status status = unit.status();
+    if (status) status = fillNewBooks(database, demoFacts(), onlySet, hash);
+    DemoBooks books(database, cost);
+    for (const auto step : steps)
+        if (status) status = step(books);
+    return status ? unit.commit() : status;
+}
+
+Status fillNew(std::unique_ptr<Engine> engine, const std::string& location, PasswordCost cost) {
+    if (Status made = createLayout(*engine); !made) return made;
+    CNbCwDB database;
+    database.adopt(std::move(engine), shownLocation(location).c_str(), databaseName);
+    return database.DBSelect(databaseName) != 0 ? fill(database, cost) : database.lastStatus();
+}
+
+Refusal existingRefusal(const std::string& location) {
+    return existsRefusal(fmt::format(books_texts::placeExists, shownLocation(location)), "");
+}
+
+/// Makes the books where nothing is, and removes what comes to nothing. The place may be
+/// another one than the location that is told.
+std::optional<Refusal> makeAt(const std::string& place, const std::string& location,
+                              PasswordCost cost) {
+    std::unique_ptr<Engine> engine;
+    Status status = openEngine(place, OpenMode::create, engine);
+    if (status.failure == Failure::refused) return existingRefusal(location);
+    if (!status) return failureRefusal(failureText(status, location));
+    status = fillNew(std::move(engine), location, cost);
+    if (status) return std::nullopt;
+    // The failure told is the one that came first.
+    static_cast<void>(removeDatabase(place).isDone());
+    return failureRefusal(failureText(status, location));
+}
+
+std::optional<Refusal> makeFile(const std::string& path, PasswordCost cost) {
+    const std::string folder = std::filesystem::path(path).parent_path();
+    if (const Status made = makeOwnedFolder(folder); !made)
+        return failureRefusal(failureText(made, path));
+    std::error_code unseen;
+    if (std::filesystem::exists(path, unseen)) return existingRefusal(path);
+    StagedFile staged(path);
+    if (!staged.status()) return failureRefusal(failureText(staged.status(), path));
+    if (std::optional<Refusal> refusal = makeAt(staged.path(), path, cost)) return refusal;
+    const Status placed = staged.place(false);
+    if (placed.failure == Failure::refused) return existingRefusal(path);
+    return placed ? std::optional<Refusal>() : failureRefusal(failureText(placed, path));
+}
+
+}  // namespace
+
+std::optional<Refusal> makeDemoBooks(const std::string& location, PasswordCost cost) {
+    return isServerAddress(location) ? makeAt(location, location, cost) : makeFile(location, cost);
+}
+
+}  // namespace chengheng

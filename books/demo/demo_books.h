@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "base/messages/refusal.h"
+#include "session/rights/passwords.h"
+
+namespace chengheng {
+
+/// Makes the demo books, whole or not at all: the small trading firm of demo_data.h. Two runs
+/// give equal books but for the salts of the passwords. The location is the path of a file or
+/// the address of a schema; nothing may be there yet.
+std::optional<Refusal> makeDemoBooks(const std::string& location,
+                                     PasswordCost cost = PasswordCost::usual);
+
+}  // namespace chengheng

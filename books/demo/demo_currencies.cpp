@@ -1,0 +1,68 @@
+#include "base/values/numbers.h"
+#include "books/demo/demo_parts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::int16_t multiplied = 1;  ///< foreign × rate = home
+constexpr float largestDifference = 0.00001F;
+constexpr int months = 12;
+
+Date dayOf(int month, int day) {
+    return {demo::year, static_cast<std::uint8_t>(month), static_cast<std::uint8_t>(day)};
+}
+
+/// A rate on a day: a little beside the month's, and always the same.
+double floatingRate(const demo::Currency& currency, double monthlyRate, int month, int day) {
+    constexpr int swing = 21;
+    constexpr double step = 0.0005;
+    const int swung = (day * 8 + month * 5) % swing - swing / 2;
+    double rate = monthlyRate + swung * step;
+    Round(rate, currency.rateDecimals);
+    return rate;
+}
+
+template <class Rate>
+Rate rateOn(const Date& day, std::int32_t currencyId, double bookkeeping, double adjustment) {
+    Rate rate;
+    rate.byExchId = static_cast<std::uint8_t>(currencyId);
+    rate.dtDate = day;
+    rate.byPeroid = day.month;
+    rate.dRate = bookkeeping;
+    rate.dAdjustRate = adjustment;
+    return rate;
+}
+
+/// The adjustment rate of a month is the bookkeeping rate of the next.
+Status writeMonth(DemoBooks& books, const demo::Currency& currency, std::int32_t id, int month) {
+    const double rate = currency.monthlyRates[static_cast<std::size_t>(month - 1)];
+    const double next = currency.monthlyRates[static_cast<std::size_t>(month % months)];
+    Status status = books.add(rateOn<_ExchgFixInfo>(dayOf(month, 1), id, rate, next));
+    for (int day = 1; status && day <= daysInMonth(demo::year, month); ++day)
+        status = books.add(rateOn<_ExchgFltInfo>(dayOf(month, day), id,
+                                                 floatingRate(currency, rate, month, day), 0));
+    return status;
+}
+
+}  // namespace
+
+Status writeDemoCurrencies(DemoBooks& books) {
+    Status status = Status::done();
+    std::uint8_t sequence = 0;
+    for (const demo::Currency& currency : demo::currencies()) {
+        _CyrencyInfo record;
+        record.bySeq = ++sequence;
+        record.sExchCode = currency.symbol;
+        record.sExchName = currency.name;
+        record.bMode = multiplied;
+        record.byDecimal = currency.rateDecimals;
+        record.fMaxError = largestDifference;
+        if (status) status = books.addNamed(record, currency.symbol);
+        const std::int32_t id = books.idOf<_CyrencyInfo>(currency.symbol);
+        for (int month = 1; status && month <= months; ++month)
+            status = writeMonth(books, currency, id, month);
+    }
+    return status;
+}
+
+}  // namespace chengheng

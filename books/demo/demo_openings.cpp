@@ -1,0 +1,158 @@
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
+#include "accounts/codes/code_levels.h"
+#include "base/values/numbers.h"
+#include "books/demo/demo_parts.h"
+#include "books/demo/demo_sql.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int periods = 12;
+constexpr int moneyDecimals = 2;
+constexpr int quantityDecimals = 5;
+constexpr const char* entryVoucherType = "转";
+constexpr const char* bookkeeper = "李明";
+
+/// The day before the books begin.
+constexpr Date entryDate{demo::year - 1, 12, 31};
+
+struct Sums {
+    double money = 0;
+    double foreign = 0;
+    double quantity = 0;
+};
+using SumsByCode = std::map<std::string, Sums>;
+
+/// An opening entry is a voucher of one line in no period.
+_RegMainInfo headerOf(const DemoBooks& books, std::int32_t number) {
+    _RegMainInfo header;
+    header.dtDate = entryDate;
+    header.sSign = entryVoucherType;
+    header.lNumber = number;
+    header.lUBill = books.idOf<_UsersInfo>(bookkeeper);
+    return header;
+}
+
+_RegSubInfo lineOf(const DemoBooks& books, const demo::Entry& entry, std::int32_t header) {
+    const _CodeInfo& account = books.accounts.at(entry.code);
+    const std::string_view person = entry.person;
+    _RegSubInfo line;
+    line.lTieId = header;
+    line.lLine = 1;
+    line.sDigest = entry.digest;
+    line.lCodeId = account.lId;
+    line.bDirect = account.bDirect;
+    line.mMoney = entry.money;
+    line.lDeptId = books.idOf<_DeptInfo>(entry.department);
+    if (!person.empty()) line.lPersonId = books.idOf<_PersonInfo>(person);
+    line.lEnterId = books.idOf<_EnterInfo>(entry.unit);
+    if (const auto item = books.items.find(entry.item); item != books.items.end()) {
+        line.lItemId = item->second.id;
+        line.sItemId = item->second.classCode;
+    }
+    line.sStlId = entry.settlement;
+    line.bBegin = 1;
+    return line;
+}
+
+_AssAccInfo auxiliaryOf(const _RegSubInfo& line) {
+    _AssAccInfo sums;
+    sums.lCodeId = line.lCodeId;
+    sums.lItemId = line.lItemId;
+    sums.lDeptId = line.lDeptId;
+    sums.lPersonId = line.lPersonId;
+    sums.lEnterId = line.lEnterId;
+    sums.sItemId = line.sItemId;
+    return sums;
+}
+
+auto dimensionsOf(const _AssAccInfo& sums) {
+    return std::tie(sums.lCodeId, sums.lItemId, sums.lDeptId, sums.lPersonId, sums.lEnterId,
+                    sums.sItemId);
+}
+
+/// The auxiliary sums of the entries, one for each combination of dimensions.
+void addToAuxiliary(std::vector<_AssAccInfo>& auxiliary, const _RegSubInfo& line) {
+    const _AssAccInfo wanted = auxiliaryOf(line);
+    auto found = std::ranges::find_if(auxiliary, [&wanted](const _AssAccInfo& sums) {
+        return dimensionsOf(sums) == dimensionsOf(wanted);
+    });
+    if (found == auxiliary.end()) found = auxiliary.insert(found, wanted);
+    found->mBegin += line.mMoney;
+    Round(found->mBegin, moneyDecimals);
+}
+
+Status writeEntries(DemoBooks& books, std::vector<_AssAccInfo>& auxiliary) {
+    std::int32_t header = 0;
+    std::int32_t lastLine = 0;
+    std::int32_t number = 0;
+    for (const demo::Entry& entry : demo::entries()) {
+        if (Status status = books.add(headerOf(books, ++number), header); !status) return status;
+        const _RegSubInfo line = lineOf(books, entry, header);
+        if (Status status = books.add(line, lastLine); !status) return status;
+        addToAuxiliary(auxiliary, line);
+    }
+    return books.run(demo_sql::voucherCounters(header, lastLine));
+}
+
+Status writeAuxiliary(DemoBooks& books, const std::vector<_AssAccInfo>& auxiliary) {
+    Status status = Status::done();
+    for (_AssAccInfo sums : auxiliary) {
+        for (int period = 1; status && period <= periods; ++period) {
+            sums.byPeroid = static_cast<std::uint8_t>(period);
+            status = books.add(sums);
+        }
+    }
+    return status;
+}
+
+/// Each balance counts for its own account and for every one above it.
+SumsByCode rolledUp() {
+    const CodeLevels levels(demo::levelPattern);
+    SumsByCode sums;
+    const auto addUp = [&](std::string code, const Sums& part) {
+        for (; !code.empty(); code = levels.parentOf(code)) {
+            Sums& whole = sums[code];
+            whole.money += part.money;
+            whole.foreign += part.foreign;
+            whole.quantity += part.quantity;
+            Round(whole.money, moneyDecimals);
+            Round(whole.foreign, moneyDecimals);
+            Round(whole.quantity, quantityDecimals);
+        }
+    };
+    for (const demo::Opening& opening : demo::openings())
+        addUp(opening.code, {opening.money, opening.foreign, opening.quantity});
+    for (const demo::Entry& entry : demo::entries()) addUp(entry.code, {entry.money, 0, 0});
+    return sums;
+}
+
+Status writeSums(DemoBooks& books, const std::string& code, const Sums& sums) {
+    _AccSumInfo row;
+    row.lCodeId = books.accounts.at(code).lId;
+    row.mBegin = sums.money;
+    row.mFgnBegin = sums.foreign;
+    row.dAmtBegin = sums.quantity;
+    Status status = Status::done();
+    for (int period = 1; status && period <= periods; ++period) {
+        row.byPeroid = static_cast<std::uint8_t>(period);
+        status = books.add(row);
+    }
+    return status;
+}
+
+}  // namespace
+
+Status writeDemoOpenings(DemoBooks& books) {
+    std::vector<_AssAccInfo> auxiliary;
+    Status status = writeEntries(books, auxiliary);
+    if (status) status = writeAuxiliary(books, auxiliary);
+    for (const auto& [code, sums] : rolledUp())
+        if (status) status = writeSums(books, code, sums);
+    return status;
+}
+
+}  // namespace chengheng

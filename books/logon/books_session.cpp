@@ -1,0 +1,212 @@
+#include "books/logon/books_session.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "base/system/workstation.h"
+#include "books/list/books_texts.h"
+#include "books/making/books_sql.h"
+#include "books/making/new_books.h"
+#include "data/access/row_lease.h"
+#include "data/access/unit_of_work.h"
+#include "data/engines/open_engine.h"
+#include "session/failure_texts.h"
+#include "session/rights/passwords.h"
+
+namespace chengheng {
+namespace {
+
+constexpr const char* databaseFile = "Nbzw.db";
+
+/// A read that found no rows is no failure here: what is missing is told by name.
+bool hasFailed(const Status& status) { return !status && status.failure != Failure::missing; }
+
+std::optional<Refusal> inputsRefusal(const LogonRequest& request) {
+    if (request.location.empty())
+        return inputRefusal(books_texts::locationMissing, books_field::location);
+    if (request.operatorName.empty())
+        return inputRefusal(books_texts::operatorMissing, books_field::operatorName);
+    return std::nullopt;
+}
+
+std::optional<Refusal> dateRefusal(const std::optional<Date>& date, const DayRange& days) {
+    if (!date || days.holds(*date)) return std::nullopt;
+    return inputRefusal(fmt::format(books_texts::dateOutsideYear, isoText(*date),
+                                    isoText(days.first), isoText(days.last)),
+                        books_field::date);
+}
+
+/// The ids of rows that programs of this workstation left behind; "1, 2, 3".
+std::string staleIds(const std::vector<_LoginInfo>& rows) {
+    std::string ids;
+    for (const _LoginInfo& row : rows)
+        if (!isOwnProgramAlive(row.lProcess))
+            ids += (ids.empty() ? "" : ", ") + std::to_string(row.lId);
+    return ids;
+}
+
+SystemTime momentOf(const Date& day) {
+    const ClockTime time = timeOfDay();
+    return {day, static_cast<std::uint8_t>(time.hour), static_cast<std::uint8_t>(time.minute),
+            static_cast<std::uint8_t>(time.second)};
+}
+
+}  // namespace
+
+struct BooksSession::Candidate {
+    /// Closes the database again unless the log-on succeeds, and goes back to the one before.
+    explicit Candidate(CNbCwDB& opened) : database(opened), before(opened.selectedName()) {}
+    ~Candidate() {
+        if (name.empty()) return;
+        database.DBClose(name.c_str());
+        if (!before.empty()) database.DBSelect(before.c_str());
+    }
+    Candidate(const Candidate&) = delete;
+    Candidate& operator=(const Candidate&) = delete;
+
+    Refusal failure() const {
+        return failureRefusal(failureText(database.lastStatus(), location), books_field::location);
+    }
+
+    CNbCwDB& database;
+    std::string before;
+    std::string name;  ///< of the database, once it is open
+    std::string location;
+    _zAccountMInfo parameters;
+    _UsersInfo user;
+    std::int32_t rightsId = 0;
+    Date date;
+    std::int32_t logonId = 0;
+};
+
+DayRange daysOfYear(int year) {
+    const auto number = static_cast<std::int16_t>(year);
+    return {{number, 1, 1}, {number, 12, 31}};
+}
+
+std::string locationOfBooks(const std::string& given) {
+    if (given.empty() || isServerAddress(given)) return given;
+    std::error_code unseen;
+    const std::filesystem::path path = std::filesystem::absolute(given, unseen).lexically_normal();
+    return std::filesystem::is_directory(path, unseen) ? path / databaseFile : path;
+}
+
+BooksSession::BooksSession(CNbCwDB& database, WrongTries& tries)
+    : m_database(database), m_tries(tries) {}
+
+BooksSession::~BooksSession() { logOff(); }
+
+std::optional<Refusal> BooksSession::logOn(const LogonRequest& request) {
+    if (std::optional<Refusal> refusal = inputsRefusal(request)) return refusal;
+    Candidate candidate(m_database);
+    candidate.location = locationOfBooks(request.location);
+    if (std::optional<Refusal> refusal = openBooks(candidate)) return refusal;
+    if (std::optional<Refusal> refusal = checkOperator(request, candidate)) return refusal;
+    const DayRange days = daysOfYear(candidate.parameters.lYear);
+    if (std::optional<Refusal> refusal = dateRefusal(request.date, days)) return refusal;
+    candidate.date = request.date.value_or(days.nearest(today()));
+    if (std::optional<Refusal> refusal = enterLogon(candidate)) return refusal;
+    return begin(request, candidate);
+}
+
+std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
+    const std::string name = fmt::format("books{}", ++m_opened);
+    NbCwDBInfo info;
+    if (m_database.DBOpen(info, candidate.location.c_str(), name.c_str(), 1) == 0)
+        return candidate.failure();
+    candidate.name = name;
+    if (m_database.DBSelect(name.c_str()) == 0) return candidate.failure();
+    const auto parameters = readRows<_zAccountMInfo>(m_database, "lId > 0");
+    if (hasFailed(m_database.lastStatus())) return candidate.failure();
+    if (parameters.empty())
+        return failureRefusal(fmt::format(books_texts::operatorsUnreadable,
+                                          chengheng::shownLocation(candidate.location)),
+                              books_field::location);
+    candidate.parameters = parameters.front();
+    return std::nullopt;
+}
+
+std::optional<Refusal> BooksSession::checkOperator(const LogonRequest& request,
+                                                   Candidate& candidate) {
+    const auto wait = m_tries.waitLeft(candidate.location, request.operatorName);
+    if (wait.count() > 0) {
+        const auto seconds = std::chrono::ceil<std::chrono::seconds>(wait).count();
+        return inputRefusal(fmt::format(books_texts::logonDelayed, seconds), books_field::password);
+    }
+    const auto users =
+        readRows<_UsersInfo>(m_database, books_sql::ofOperator(request.operatorName).c_str());
+    if (hasFailed(m_database.lastStatus())) return candidate.failure();
+    if (users.empty() || !isPasswordOf(users.front().sPassword, request.password)) {
+        m_tries.noteWrong(candidate.location, request.operatorName);
+        return inputRefusal(books_texts::logonRefused, books_field::password);
+    }
+    m_tries.noteRight(candidate.location, request.operatorName);
+    candidate.user = users.front();
+    const auto rights = readRows<_UserAuthInfo>(
+        m_database, books_sql::ofRightsOwner(candidate.user.lUserId).c_str());
+    if (hasFailed(m_database.lastStatus())) return candidate.failure();
+    if (!rights.empty()) candidate.rightsId = rights.front().lId;
+    return std::nullopt;
+}
+
+std::optional<Refusal> BooksSession::enterLogon(Candidate& candidate) {
+    const std::string station = stationName();
+    UnitOfWork unit(m_database);
+    if (!unit.isOpen()) return candidate.failure();
+    const auto rows = readRows<_LoginInfo>(m_database, books_sql::ofStation(station).c_str());
+    if (hasFailed(m_database.lastStatus())) return candidate.failure();
+    const std::string stale = staleIds(rows);
+    if (!stale.empty() &&
+        m_database.QRYDelete("LoginInfoTbl", books_sql::ofLogons(stale).c_str()) != 0)
+        return candidate.failure();
+    const _LoginInfo own{.lAccId = candidate.parameters.lId,
+                         .sUser = candidate.user.sUserName,
+                         .sStation = station,
+                         .lProcess = ownProcess(),
+                         .dtLogon = candidate.date};
+    if (m_database.add<_LoginInfo>(own, candidate.logonId) != 0) return candidate.failure();
+    if (!unit.commit()) return candidate.failure();
+    return std::nullopt;
+}
+
+std::optional<Refusal> BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
+    logOff();
+    m_database.DBSelect(candidate.name.c_str());
+    m_database.setLockIdentity({candidate.user.sUserName, ""});
+    m_session = std::make_unique<HostSession>(SessionFacts{
+        .database = &m_database,
+        .databaseName = candidate.name,
+        .setName = candidate.parameters.sName,
+        .accountId = candidate.parameters.lId,
+        .launchArgument = request.launchArgument,
+        .logonUser = {candidate.user.lId, candidate.user.lUserId, candidate.rightsId,
+                      candidate.user.bManager != 0 ? 1 : 0, candidate.user.sUserName},
+        .logonTime = momentOf(candidate.date),
+    });
+    m_shownLocation = chengheng::shownLocation(candidate.location);
+    m_logonId = candidate.logonId;
+    candidate.name.clear();
+    m_lookups = std::make_unique<BookLookups>(g_lpszNbZwDBName);
+    if (m_lookups->status()) return std::nullopt;
+    const Status failed = m_lookups->status();
+    logOff();
+    return failureRefusal(failureText(failed, candidate.location), books_field::location);
+}
+
+void BooksSession::logOff() {
+    if (m_session == nullptr) return;
+    const std::string name = m_session->facts().databaseName;
+    // A row that a lost server keeps is removed by the next log-on from this workstation.
+    if (m_database.DBSelect(name.c_str()) != 0)
+        m_database.QRYDelete("LoginInfoTbl",
+                             books_sql::ofLogons(std::to_string(m_logonId)).c_str());
+    m_lookups.reset();
+    m_session.reset();
+    m_database.DBClose(name.c_str());
+    m_shownLocation.clear();
+    m_logonId = 0;
+}
+
+}  // namespace chengheng

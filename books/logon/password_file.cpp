@@ -1,0 +1,24 @@
+#include "books/logon/password_file.h"
+
+#include "base/system/owned_files.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::size_t longestPassword = 1024;
+constexpr std::size_t longestFile = 64 * 1024;
+
+}  // namespace
+
+Status readPasswordFile(const std::string& path, std::string& password) {
+    password.clear();
+    std::string text;
+    if (Status status = readFile(path, longestFile, text); !status) return status;
+    text.resize(std::min(text.find_first_of("\r\n"), text.size()));
+    if (text.size() > longestPassword || text.find('\0') != std::string::npos)
+        return Status::of(Failure::refused, path);
+    password = text;
+    return Status::done();
+}
+
+}  // namespace chengheng

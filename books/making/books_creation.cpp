@@ -1,0 +1,192 @@
+#include "books/making/books_creation.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "base/values/text.h"
+#include "books/list/books_texts.h"
+#include "books/making/books_sql.h"
+#include "data/engines/open_engine.h"
+#include "data/engines/remove_database.h"
+#include "data/layout/layout.h"
+#include "session/failure_texts.h"
+
+namespace chengheng {
+namespace {
+
+namespace files = std::filesystem;
+
+constexpr const char* databaseFile = "Nbzw.db";
+constexpr const char* nameInMaking = "new";
+
+std::string setFolder(const std::string& home, std::int32_t setId) {
+    return fmt::format("{}/{:03}", home, setId);
+}
+
+/// The lowest id above all known ones whose folder is free.
+std::int32_t nextSetId(const BooksRegistry& registry, const std::vector<BooksSet>& sets) {
+    std::int32_t id = 1;
+    for (const BooksSet& set : sets) id = std::max(id, set.id + 1);
+    std::error_code unseen;
+    while (files::exists(setFolder(registry.folder(), id), unseen)) ++id;
+    return id;
+}
+
+std::string withSchema(const std::string& address, std::int32_t setId, int year) {
+    const std::size_t question = address.find('?');
+    if (question != std::string::npos && address.find("schema=", question) != std::string::npos)
+        return address;
+    return fmt::format("{}{}schema=zw{:03}_{}", address, question == std::string::npos ? '?' : '&',
+                       setId, year);
+}
+
+NewBooks withoutSurplusBlanks(NewBooks books) {
+    for (std::string* text : {&books.name, &books.company, &books.supervisor, &books.location})
+        *text = withoutTrailingBlanks(*text);
+    return books;
+}
+
+/// Makes the folder a file is to lie in, and takes away again what was made for nothing.
+class FolderInMaking {
+  public:
+    explicit FolderInMaking(const std::string& location) {
+        if (location == ":memory:" || isServerAddress(location)) return;
+        std::error_code unseen;
+        for (files::path folder = files::path(location).parent_path();
+             !folder.empty() && !files::exists(folder, unseen); folder = folder.parent_path())
+            m_made.push_back(folder);
+        m_status = makeOwnedFolder(files::path(location).parent_path());
+    }
+    ~FolderInMaking() {
+        std::error_code unseen;
+        for (const files::path& folder : m_made) files::remove(folder, unseen);
+    }
+    FolderInMaking(const FolderInMaking&) = delete;
+    FolderInMaking& operator=(const FolderInMaking&) = delete;
+
+    const Status& status() const { return m_status; }
+    void keep() { m_made.clear(); }
+
+  private:
+    std::vector<files::path> m_made;
+    Status m_status;
+};
+
+/// A database that is taken away again unless it is kept.
+class DatabaseInMaking {
+  public:
+    explicit DatabaseInMaking(std::string location) : m_location(std::move(location)) {
+        std::unique_ptr<Engine> engine;
+        m_status = openEngine(m_location, OpenMode::create, engine);
+        m_isMade = m_status.isDone();
+        if (m_status) m_status = createLayout(*engine);
+        if (!m_status) return;
+        m_database.adopt(std::move(engine), shownLocation(m_location).c_str(), nameInMaking);
+        if (m_database.DBSelect(nameInMaking) == 0) m_status = m_database.lastStatus();
+    }
+    ~DatabaseInMaking() {
+        if (m_status) m_database.DBClose(nameInMaking);
+        // What cannot be taken away either has been told by the failure that led here.
+        if (m_isMade) static_cast<void>(removeDatabase(m_location).isDone());
+    }
+    DatabaseInMaking(const DatabaseInMaking&) = delete;
+    DatabaseInMaking& operator=(const DatabaseInMaking&) = delete;
+
+    const Status& status() const { return m_status; }
+    /// Whether the place was free and something was made there.
+    bool isMade() const { return m_isMade; }
+    CNbCwDB& database() { return m_database; }
+    void keep() { m_isMade = false; }
+
+  private:
+    std::string m_location;
+    CNbCwDB m_database;
+    Status m_status;
+    bool m_isMade = false;
+};
+
+Refusal databaseRefusal(const DatabaseInMaking& made, const std::string& location) {
+    if (!made.isMade() && made.status().failure == Failure::refused)
+        return existsRefusal(fmt::format(books_texts::placeExists, shownLocation(location)),
+                             books_field::location);
+    return failureRefusal(failureText(made.status(), location), books_field::location);
+}
+
+}  // namespace
+
+Status fillNewBooks(CNbCwDB& database, const NewBooks& books, std::int32_t setId,
+                    const std::string& hash) {
+    const auto accounts = templateAccounts(books.chart, books.levelPattern);
+    if (!accounts) return Status::of(Failure::refused, "the chart does not fit the books");
+    if (database.QRYExecuteSQL(books_sql::fillNewBooks(books, *accounts, setId, hash)) != 0)
+        return Status::done();
+    return database.lastStatus();
+}
+
+std::string placeOfBooks(const std::string& location, const std::string& home, std::int32_t setId,
+                         int year) {
+    if (location == ":memory:") return location;
+    if (isServerAddress(location)) return withSchema(location, setId, year);
+    if (location.empty())
+        return home.empty() ? std::string()
+                            : fmt::format("{}/{}/{}", setFolder(home, setId), year, databaseFile);
+    std::error_code unseen;
+    const files::path path = files::absolute(location, unseen).lexically_normal();
+    const bool isFolder = location.ends_with('/') || files::is_directory(path, unseen);
+    return isFolder ? path / databaseFile : path;
+}
+
+std::optional<Refusal> BooksCreation::create(const NewBooks& given, CreatedBooks& created) const {
+    const NewBooks books = withoutSurplusBlanks(given);
+    if (std::optional<Refusal> refusal = newBooksRefusal(books)) return refusal;
+    if (m_registry == nullptr) return createIn(nullptr, books, created);
+    if (m_registry->folder().empty()) return failureRefusal(books_texts::homeMissing);
+    RegistryChange change(*m_registry);
+    if (!change.status())
+        return failureRefusal(
+            failureText(change.status(), m_registry->path(), FailureSubject::registry));
+    return createIn(&change, books, created);
+}
+
+std::optional<Refusal> BooksCreation::createIn(RegistryChange* change, const NewBooks& books,
+                                               CreatedBooks& created) const {
+    const BooksSet* set = change == nullptr ? nullptr : change->findSet(books.name);
+    if (set != nullptr) {
+        const auto known = std::ranges::find(set->years, books.year, &BooksYear::year);
+        if (known != set->years.end())
+            return existsRefusal(fmt::format(books_texts::yearExists, books.name, books.year,
+                                             shownLocation(known->location)),
+                                 books_field::name);
+    }
+    const std::int32_t id = set != nullptr      ? set->id
+                            : change != nullptr ? nextSetId(*m_registry, change->sets())
+                                                : 1;
+    const std::string home = m_registry == nullptr ? std::string() : m_registry->folder();
+    const std::string location = placeOfBooks(books.location, home, id, books.year);
+    if (location.empty()) return inputRefusal(books_texts::placeMissing, books_field::location);
+    const std::string hash = hashPassword(books.password, books.passwordCost);
+    if (hash.empty()) return failureRefusal(books_texts::passwordNotHashed);
+
+    FolderInMaking folder(location);
+    if (!folder.status())
+        return failureRefusal(failureText(folder.status(), location), books_field::location);
+    DatabaseInMaking made(location);
+    if (!made.status()) return databaseRefusal(made, location);
+    if (const Status status = fillNewBooks(made.database(), books, id, hash); !status)
+        return failureRefusal(failureText(status, location), books_field::location);
+    const BooksYear year{books.year, location};
+    if (change != nullptr) {
+        change->enter({id, books.name, books.company, {}}, year);
+        if (const Status status = change->save(); !status)
+            return failureRefusal(
+                failureText(status, m_registry->path(), FailureSubject::registry));
+    }
+    made.keep();
+    folder.keep();
+    created = {id, year};
+    return std::nullopt;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,105 @@
+#include "books/making/new_books.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+#include "accounts/codes/code_levels.h"
+#include "base/values/text.h"
+#include "books/list/books_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::size_t longestName = 40;
+constexpr std::size_t longestCompany = 60;
+constexpr std::size_t longestOperator = 20;
+
+std::optional<Refusal> textRefusal(std::string_view text, std::size_t longest, const char* missing,
+                                   const char* tooLong, const char* field) {
+    if (withoutTrailingBlanks(text).empty()) return inputRefusal(missing, field);
+    if (characterCount(text) > longest) return inputRefusal(tooLong, field);
+    return std::nullopt;
+}
+
+std::optional<Refusal> nameRefusal(const NewBooks& books) {
+    return textRefusal(books.name, longestName, books_texts::nameMissing, books_texts::nameTooLong,
+                       books_field::name);
+}
+
+std::optional<Refusal> companyRefusal(const NewBooks& books) {
+    return textRefusal(books.company, longestCompany, books_texts::companyMissing,
+                       books_texts::companyTooLong, books_field::company);
+}
+
+std::optional<Refusal> yearRefusal(const NewBooks& books) {
+    if (books.year >= firstBooksYear && books.year <= lastBooksYear) return std::nullopt;
+    return inputRefusal(fmt::format(books_texts::yearOutOfRange, firstBooksYear, lastBooksYear),
+                        books_field::year);
+}
+
+std::optional<Refusal> monthRefusal(const NewBooks& books) {
+    if (books.startMonth >= 1 && books.startMonth <= 12) return std::nullopt;
+    return inputRefusal(books_texts::monthOutOfRange, books_field::startMonth);
+}
+
+std::optional<Refusal> patternRefusal(const NewBooks& books) {
+    if (isLevelPattern(books.levelPattern)) return std::nullopt;
+    return inputRefusal(fmt::format(books_texts::patternMalformed, books.levelPattern),
+                        books_field::levelPattern);
+}
+
+std::optional<Refusal> chartRefusal(const NewBooks& books) {
+    const bool fits = CodeLevels(books.levelPattern).lengthOf(1) == chartCodeLength;
+    if (fits || books.chart == ChartTemplate::empty) return std::nullopt;
+    return inputRefusal(fmt::format(books_texts::patternUnfitForChart, books.levelPattern),
+                        books_field::levelPattern);
+}
+
+std::optional<Refusal> supervisorRefusal(const NewBooks& books) {
+    return textRefusal(books.supervisor, longestOperator, books_texts::supervisorMissing,
+                       books_texts::supervisorTooLong, books_field::supervisor);
+}
+
+std::optional<Refusal> passwordRefusal(const NewBooks& books) {
+    if (!books.password.empty()) return std::nullopt;
+    return inputRefusal(books_texts::passwordMissing, books_field::password);
+}
+
+constexpr std::array checks{
+    NewBooksCheck{"name", nameRefusal},
+    NewBooksCheck{"company", companyRefusal},
+    NewBooksCheck{"year", yearRefusal},
+    NewBooksCheck{"start month", monthRefusal},
+    NewBooksCheck{"level pattern", patternRefusal},
+    NewBooksCheck{"chart fits the pattern", chartRefusal},
+    NewBooksCheck{"supervisor", supervisorRefusal},
+    NewBooksCheck{"password", passwordRefusal},
+};
+
+}  // namespace
+
+std::span<const NewBooksCheck> newBooksChecks() { return checks; }
+
+std::optional<Refusal> newBooksRefusal(const NewBooks& books) {
+    for (const NewBooksCheck& check : checks)
+        if (std::optional<Refusal> refusal = check.refusal(books)) return refusal;
+    return std::nullopt;
+}
+
+std::string levelPatternExample(std::string_view pattern) {
+    const CodeLevels levels(pattern);
+    std::string code;
+    std::string example;
+    for (int grade = 1; grade <= levels.count(); ++grade) {
+        const int added = levels.lengthOf(grade) - levels.lengthOf(grade - 1);
+        std::string part(static_cast<std::size_t>(added), '0');
+        if (grade == 1) part.front() = '1';
+        part.back() = '1';
+        code += part;
+        example += (grade > 1 ? " / " : "") + code;
+    }
+    return example;
+}
+
+}  // namespace chengheng

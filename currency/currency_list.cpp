@@ -1,0 +1,119 @@
+#include "currency/currency_list.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <charconv>
+
+#include "base/values/numbers.h"
+#include "report/engine/print_texts.h"
+#include "report/layout/page_facts.h"
+#include "report/output/list_fields.h"
+#include "report/output/list_reading.h"
+#include "report/output/print_sql.h"
+#include "report/output/print_templates.h"
+
+namespace chengheng {
+namespace {
+
+/// In plain notation, as short as the single precision allows: "0.00001".
+ReportCell differenceCell(const _CyrencyInfo& currency) {
+    std::array<char, 64> room{};
+    const auto written = std::to_chars(room.data(), room.data() + room.size(), currency.fMaxError,
+                                       std::chars_format::fixed);
+    return std::string(room.data(), written.ptr);
+}
+
+constexpr std::array currencyFields{
+    ListField<_CyrencyInfo>{
+        "sExchCode", Alignment::left,
+        [](const _CyrencyInfo& currency) { return ReportCell(currency.sExchCode); }},
+    ListField<_CyrencyInfo>{
+        "sExchName", Alignment::left,
+        [](const _CyrencyInfo& currency) { return ReportCell(currency.sExchName); }},
+    ListField<_CyrencyInfo>{"bMode", Alignment::left,
+                            [](const _CyrencyInfo& currency) {
+                                return ReportCell(currency.bMode == 1
+                                                      ? print_texts::foreignTimesRate
+                                                      : print_texts::foreignByRate);
+                            }},
+    ListField<_CyrencyInfo>{"byDecimal", Alignment::center,
+                            [](const _CyrencyInfo& currency) {
+                                return ReportCell(std::to_string(currency.byDecimal));
+                            }},
+    ListField<_CyrencyInfo>{"fMaxError", Alignment::right, differenceCell},
+};
+
+/// A month's or a day's rates of a currency.
+struct Rate {
+    std::string time;
+    double rate;
+    double adjustRate;
+    int decimals;
+};
+
+/// Absent where no rate was entered.
+ReportCell rateCell(double rate, int decimals) {
+    return rate == 0 ? ReportCell() : ReportCell(ftoaWithSap(rate, decimals));
+}
+
+constexpr std::array<ListField<Rate>, 3> rateFields(const char* time) {
+    return {ListField<Rate>{time, Alignment::left,
+                            [](const Rate& rate) { return ReportCell(rate.time); }},
+            ListField<Rate>{"dRate", Alignment::right,
+                            [](const Rate& rate) { return rateCell(rate.rate, rate.decimals); }},
+            ListField<Rate>{"dAdjustRate", Alignment::right, [](const Rate& rate) {
+                                return rateCell(rate.adjustRate, rate.decimals);
+                            }}};
+}
+constexpr std::array fixedFields = rateFields("byPeroid");
+constexpr std::array floatingFields = rateFields("dtDate");
+
+std::string timeOf(const _ExchgFixInfo& row) {
+    return fmt::format("{}.{:02}", row.dtDate.year, row.byPeroid);
+}
+std::string timeOf(const _ExchgFltInfo& row) { return paperDate(row.dtDate); }
+
+template <class Row>
+bool fillRates(Report& report, std::span<const ListField<Rate>> fields,
+               const std::string& condition, const _CyrencyInfo& currency) {
+    std::vector<Row> rows;
+    if (!readForList(condition.c_str(), rows)) return false;
+    std::vector<Rate> rates;
+    for (const Row& row : rows)
+        rates.push_back({timeOf(row), row.dRate, row.dAdjustRate, currency.byDecimal});
+    report.lines.push_back({.left = fmt::format(fmt::runtime(print_texts::currencyLine),
+                                                currency.sExchName, currency.sExchCode)});
+    addRows<Rate>(report, fields, rates);
+    return true;
+}
+
+}  // namespace
+
+void addCurrencies(Report& report, std::span<const _CyrencyInfo> currencies) {
+    addRows<_CyrencyInfo>(report, currencyFields, currencies);
+}
+
+PrintedList currencyList() {
+    return {currencyListTemplate, ColumnSource::position, [](Report& report) {
+                std::vector<_CyrencyInfo> currencies;
+                if (!readForList(print_sql::inOrderOfIds, currencies)) return false;
+                addCurrencies(report, currencies);
+                return true;
+            }};
+}
+
+PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month) {
+    if (kind == RateKind::fixed)
+        return {fixedRateTemplate, ColumnSource::position, [currency](Report& report) {
+                    return fillRates<_ExchgFixInfo>(
+                        report, fixedFields, print_sql::fixedRatesOf(currency.lId), currency);
+                }};
+    return {floatingRateTemplate, ColumnSource::position, [currency, month](Report& report) {
+                return fillRates<_ExchgFltInfo>(report, floatingFields,
+                                                print_sql::floatingRatesOf(currency.lId, month),
+                                                currency);
+            }};
+}
+
+}  // namespace chengheng

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <span>
+
+#include "data/tables/currency.h"
+#include "report/output/list_printing.h"
+
+namespace chengheng {
+
+/// The foreign currencies, in the order of their ids.
+PrintedList currencyList();
+
+/// Symbol, name, conversion mode, decimals of the rate and the largest accepted difference.
+void addCurrencies(Report& report, std::span<const _CyrencyInfo> currencies);
+
+/// What a currency's rates are filled from, in months or on days.
+enum class RateKind { fixed, floating };
+
+/// The rates of one currency: a row for each month, or for each day of a month (0: of the year).
+PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month = 0);
+
+}  // namespace chengheng

@@ -1,0 +1,191 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "base/values/status.h"
+#include "data/access/table_operations.h"
+#include "data/engine/lock_service.h"
+#include "data/sql/sql_format.h"
+#include "data/tables/all_records.h"
+#include "data/tables/text_row.h"
+
+namespace chengheng {
+class Database;
+class Engine;
+}  // namespace chengheng
+
+/// What DBOpen tells about the database it opened.
+struct NbCwDBInfo {
+    std::string location;  ///< path or address, without a password
+    std::string name;      ///< the name for DBSelect and DBClose
+    bool isServer = false;
+};
+
+/// The data-access object: record-wise operations per table, statements, table locks, over
+/// any number of open databases of which one is selected.
+///
+/// Results: 0 means done or found for GetInfo, AddNew, Edit, Delete, QRYGetData, QRYEdit and
+/// QRYDelete; non-zero means done for DBOpen, DBClose, DBSelect and QRYExecuteSQL. A list read
+/// without rows, an Edit or Delete that met no row are not "found" and give non-zero. What
+/// went wrong stands in lastStatus().
+///
+/// Ownership: rows live in the table's one buffer inside this object until that table's next
+/// GetInfo or its ReleaseAllBuffer, whichever comes first.
+class CNbCwDB {
+  public:
+    CNbCwDB();
+    ~CNbCwDB();
+    CNbCwDB(const CNbCwDB&) = delete;
+    CNbCwDB& operator=(const CNbCwDB&) = delete;
+
+    /// Opens the set of books at a path or server address under a name. Flag 1 opens what is
+    /// there; flag 0 first makes a new, empty set of books.
+    int DBOpen(NbCwDBInfo& info, const char* location, const char* name, int flag);
+    int DBClose(const char* name);
+    /// Takes over a connection made elsewhere to a database that already has its tables.
+    void adopt(std::unique_ptr<chengheng::Engine> engine, const char* location, const char* name);
+    /// Makes an open database the one all further operations work on, and sees to it that it
+    /// answers: after a lost connection this is where it is made again.
+    int DBSelect(const char* name);
+
+    CHENGHENG_TABLE_READ(AccSum, _AccSumInfo)
+    CHENGHENG_TABLE_WRITE(AccSum, _AccSumInfo)
+    CHENGHENG_TABLE_LAST_ID(AccSum, _AccSumInfo)
+    CHENGHENG_TABLE_READ(AssAcc, _AssAccInfo)
+    CHENGHENG_TABLE_LAST_ID(AssAcc, _AssAccInfo)
+    CHENGHENG_TABLE_READ(AutoMain, _AutoMainInfo)
+    CHENGHENG_TABLE_READ(AutoSub, _AutoSubInfo)
+    CHENGHENG_TABLE_READ(Code, _CodeInfo)
+    CHENGHENG_TABLE_TEXT(Code, _CodeInfo)
+    CHENGHENG_TABLE_WRITE(Code, _CodeInfo)
+    CHENGHENG_TABLE_LAST_ID(Code, _CodeInfo)
+    CHENGHENG_TABLE_READ(Cyrency, _CyrencyInfo)
+    CHENGHENG_TABLE_WRITE(Cyrency, _CyrencyInfo)
+    CHENGHENG_TABLE_LAST_ID(Cyrency, _CyrencyInfo)
+    CHENGHENG_TABLE_READ(Dept, _DeptInfo)
+    CHENGHENG_TABLE_TEXT(Dept, _DeptInfo)
+    CHENGHENG_TABLE_READ(Enter, _EnterInfo)
+    CHENGHENG_TABLE_READ(EnterClass, _EnterClassInfo)
+    CHENGHENG_TABLE_TEXT(EnterClass, _EnterClassInfo)
+    CHENGHENG_TABLE_READ(ExchgFix, _ExchgFixInfo)
+    CHENGHENG_TABLE_WRITE(ExchgFix, _ExchgFixInfo)
+    CHENGHENG_TABLE_LAST_ID(ExchgFix, _ExchgFixInfo)
+    CHENGHENG_TABLE_READ(ExchgFlt, _ExchgFltInfo)
+    CHENGHENG_TABLE_WRITE(ExchgFlt, _ExchgFltInfo)
+    CHENGHENG_TABLE_LAST_ID(ExchgFlt, _ExchgFltInfo)
+    CHENGHENG_TABLE_READ(FreqSub, _FreqSubInfo)
+    CHENGHENG_TABLE_READ(Person, _PersonInfo)
+    CHENGHENG_TABLE_TEXT(Person, _PersonInfo)
+    CHENGHENG_TABLE_READ(ProjClass, _ProjClassInfo)
+    CHENGHENG_TABLE_TEXT(ProjClass, _ProjClassInfo)
+    CHENGHENG_TABLE_READ(ProjCodes, _ProjCodesInfo)
+    CHENGHENG_TABLE_READ(RecpBank, _RecpBankInfo)
+    CHENGHENG_TABLE_READ(RegMain, _RegMainInfo)
+    CHENGHENG_TABLE_WRITE(RegMain, _RegMainInfo)
+    CHENGHENG_TABLE_LAST_ID(RegMain, _RegMainInfo)
+    CHENGHENG_TABLE_READ(RegSub, _RegSubInfo)
+    CHENGHENG_TABLE_WRITE(RegSub, _RegSubInfo)
+    CHENGHENG_TABLE_LAST_ID(RegSub, _RegSubInfo)
+    CHENGHENG_TABLE_READ(Settle, _SettleInfo)
+    CHENGHENG_TABLE_WRITE(Settle, _SettleInfo)
+    CHENGHENG_TABLE_LAST_ID(Settle, _SettleInfo)
+    CHENGHENG_TABLE_READ(Sign, _SignInfo)
+    CHENGHENG_TABLE_WRITE(Sign, _SignInfo)
+    CHENGHENG_TABLE_LAST_ID(Sign, _SignInfo)
+    CHENGHENG_TABLE_READ(UnregMain, _UnregMainInfo)
+    CHENGHENG_TABLE_LAST_ID(UnregMain, _UnregMainInfo)
+    CHENGHENG_TABLE_READ(UnregSub, _UnregSubInfo)
+    CHENGHENG_TABLE_LAST_ID(UnregSub, _UnregSubInfo)
+    CHENGHENG_TABLE_READ(UserAuth, _UserAuthInfo)
+    CHENGHENG_TABLE_LAST_ID(UserAuth, _UserAuthInfo)
+    CHENGHENG_TABLE_READ(Users, _UsersInfo)
+    CHENGHENG_TABLE_WRITE(Users, _UsersInfo)
+    CHENGHENG_TABLE_LAST_ID(Users, _UsersInfo)
+    CHENGHENG_TABLE_READ(ZWPrintMain, _ZWPrintMainInfo)
+    CHENGHENG_TABLE_READ(_Digest, __DigestInfo)
+    CHENGHENG_TABLE_READ(zAccountM, _zAccountMInfo)
+    CHENGHENG_TABLE_READ(zAuth, _zAuthInfo)
+    CHENGHENG_TABLE_TEXT(zAuth, _zAuthInfo)
+    CHENGHENG_TABLE_READ(zCodeClass, _zCodeClassInfo)
+    void ABIdTable_ReleaseAllBuffer() { release<_ABIdTableInfo>(); }
+
+    /// Runs a batch of statements in the module's dialect, all or nothing.
+    int QRYExecuteSQL(std::string_view statements);
+    /// Runs one select. Cells are row-major text, NULL as null, owned by this object until
+    /// QRYReleaseBuffer.
+    int QRYGetData(std::string_view select, char**& cells, int& columnCount, int& rowCount);
+    void QRYReleaseBuffer(char** cells, int columnCount, int rowCount);
+    /// "UPDATE table SET assignment WHERE condition", the assignment formatted with values.
+    template <class... Arguments>
+    int QRYEdit(const char* table, const char* condition,
+                const chengheng::SqlFormat<std::type_identity_t<Arguments>...>& assignment,
+                const Arguments&... values) {
+        return editRows(table, condition, chengheng::formatSql(assignment, values...));
+    }
+    int QRYDelete(const char* table, const char* condition);
+
+    /// Advisory locks of a space-separated list of tables; mode 1 shared, 2 exclusive; `wait`
+    /// 1 waits for other holders. Non-zero when granted.
+    int SQLLock(const char* tables, int mode, int wait);
+    void SQLUnLock(const char* tables, int mode);
+
+    /// Why the last operation did not give what was asked.
+    const chengheng::Status& lastStatus() const;
+    /// Name of the selected database; empty when none is.
+    const std::string& selectedName() const;
+
+    /// Nested units are savepoints; see UnitOfWork. A unit begins on the selected database and
+    /// ends on the one named, whichever is selected by then.
+    chengheng::Status beginUnit();
+    chengheng::Status commitUnit(const std::string& name);
+    void rollbackUnit(const std::string& name);
+
+    /// Lock service of the selected database; null when none is selected.
+    chengheng::LockService* lockService();
+    /// Of an open one; null when none of that name is open.
+    chengheng::LockService* lockService(const std::string& name);
+    /// Who is asked while locks are waited for, in this and every other open database; not
+    /// owned. Null restores the default.
+    void setLockWaiter(chengheng::LockWaiter* waiter);
+    /// Told, in the midst of an operation, that it failed because the connection is lost or
+    /// cannot be made again; must call nothing here. An empty one ends it.
+    void setLossObserver(std::function<void(const chengheng::Status&)> observer);
+    /// What other workstations are told about this one's locks.
+    void setLockIdentity(const chengheng::LockIdentity& identity);
+    /// The selected database itself, for the host's tools; null when none is selected.
+    chengheng::Database* selectedDatabase();
+
+    template <class Record>
+    int readList(Record**& rows, int& count, const char* condition);
+    template <class Record>
+    int readOne(Record*& row, int id);
+    template <class Record>
+    int readText(TextRow*& rows, int& count, const char* condition);
+    template <class Record>
+    void release();
+    template <class Record>
+    int add(const Record& record, int& newId);
+    template <class Record>
+    int edit(const Record& record);
+    template <class Record>
+    int remove(int id);
+    /// The last id handed out for a row of ABIdTable, counters held back by an open unit of
+    /// work included; 0 when it has none.
+    int lastId(const char* idRow);
+
+  private:
+    int editRows(const char* table, const char* condition, const std::string& assignment);
+
+    struct Impl;
+    std::unique_ptr<Impl> m_impl;
+};
+
+#undef CHENGHENG_TABLE_READ
+#undef CHENGHENG_TABLE_TEXT
+#undef CHENGHENG_TABLE_WRITE
+#undef CHENGHENG_TABLE_LAST_ID

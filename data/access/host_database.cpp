@@ -1,0 +1,4 @@
+#include "data/access/host_database.h"
+
+CNbCwDB* g_pDB = nullptr;
+const char* g_lpszNbZwDBName = "";

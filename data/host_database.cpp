@@ -1,4 +1,0 @@
-#include "data/host_database.h"
-
-CNbCwDB* g_pDB = nullptr;
-const char* g_lpszNbZwDBName = "";

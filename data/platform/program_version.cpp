@@ -1,7 +1,0 @@
-#include "data/platform/program_version.h"
-
-namespace chengheng {
-
-const char* programVersion() { return CHENGHENG_VERSION; }
-
-}  // namespace chengheng

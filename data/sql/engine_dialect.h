@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "data/tables/table.h"
+
+namespace chengheng {
+
+/// What a statement must look like on an engine.
+struct EngineDialect {
+    /// Follows a LIKE pattern so that a backslash takes the meaning off % and _.
+    std::string_view likeEscape;
+    /// Follows a select of an id counter inside a unit of work, to keep others from it.
+    std::string_view rowLock;
+    /// The type of a column with its collation and default, as it stands in CREATE TABLE.
+    std::string (*columnDeclaration)(ColumnType type);
+};
+
+}  // namespace chengheng

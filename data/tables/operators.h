@@ -1,0 +1,108 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <tuple>
+
+#include "data/tables/table.h"
+
+// Record types: the first field is the row's id, the others follow the columns of the
+// table. The names are those of the database format.
+
+using chengheng::Date;
+
+/// An operator of the set of books.
+struct _UsersInfo {
+    std::int32_t lId = 0;
+    std::int32_t lUserId = 0;   ///< same value as lId
+    std::string sUserName;      ///< unique
+    std::int16_t bManager = 0;  ///< non-zero = supervisor (主管)
+    std::string sPassword;      ///< salted hash, never the password itself
+
+    bool operator==(const _UsersInfo&) const = default;
+};
+
+/// The rights of an operator.
+struct _UserAuthInfo {
+    std::int32_t lId = 0;
+    std::int32_t lUserId = 0;
+    std::string sAuthId;  ///< one character per function, Y or y grants
+
+    bool operator==(const _UserAuthInfo&) const = default;
+};
+
+/// A function of the rights list; lId is its number.
+struct _zAuthInfo {
+    std::int32_t lId = 0;
+    std::string sGroup;
+    std::string sName;
+
+    bool operator==(const _zAuthInfo&) const = default;
+};
+
+/// An operator who is logged on to a set of books.
+struct _LoginInfo {
+    std::int32_t lId = 0;
+    std::int32_t lAccId = 0;    ///< set of books
+    std::string sUser;          ///< operator's name
+    std::string sStation;       ///< workstation
+    std::int32_t lProcess = 0;  ///< process of the program there
+    Date dtLogon;
+
+    bool operator==(const _LoginInfo&) const = default;
+};
+
+namespace chengheng {
+
+template <>
+struct TableOf<_UsersInfo> {
+    static constexpr const char* name = "Users";
+    static constexpr const char* idRow = "Users";
+    static constexpr std::array<const char*, 0> indexes{};
+    static constexpr auto columns = std::tuple{
+        column("lId", &_UsersInfo::lId),
+        column("lUserId", &_UsersInfo::lUserId),
+        column("sUserName", &_UsersInfo::sUserName),
+        column("bManager", &_UsersInfo::bManager),
+        column("sPassword", &_UsersInfo::sPassword),
+    };
+};
+
+template <>
+struct TableOf<_UserAuthInfo> {
+    static constexpr const char* name = "UserAuth";
+    static constexpr const char* idRow = "UserAuth";
+    static constexpr std::array<const char*, 0> indexes{};
+    static constexpr auto columns = std::tuple{
+        column("lId", &_UserAuthInfo::lId),
+        column("lUserId", &_UserAuthInfo::lUserId),
+        column("sAuthId", &_UserAuthInfo::sAuthId),
+    };
+};
+
+template <>
+struct TableOf<_zAuthInfo> {
+    static constexpr const char* name = "zAuth";
+    static constexpr const char* idRow = "zAuth";
+    static constexpr std::array<const char*, 0> indexes{};
+    static constexpr auto columns = std::tuple{
+        column("lId", &_zAuthInfo::lId),
+        column("sGroup", &_zAuthInfo::sGroup),
+        column("sName", &_zAuthInfo::sName),
+    };
+};
+
+template <>
+struct TableOf<_LoginInfo> {
+    static constexpr const char* name = "LoginInfoTbl";
+    static constexpr const char* idRow = "LoginInfoTbl";
+    static constexpr std::array<const char*, 1> indexes{"lAccId"};
+    static constexpr auto columns = std::tuple{
+        column("lId", &_LoginInfo::lId),           column("lAccId", &_LoginInfo::lAccId),
+        column("sUser", &_LoginInfo::sUser),       column("sStation", &_LoginInfo::sStation),
+        column("lProcess", &_LoginInfo::lProcess), column("dtLogon", &_LoginInfo::dtLogon),
+    };
+};
+
+}  // namespace chengheng

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/tables/table.h"
+
+namespace chengheng {
+
+struct ColumnInfo {
+    std::string name;
+    ColumnType type;
+};
+
+/// A table of the set of books as plain data; built from the TableOf declarations.
+struct TableInfo {
+    std::string name;
+    std::string idRow;                 ///< its counter in ABIdTable; empty: it has none
+    std::vector<ColumnInfo> columns;   ///< in the order of positional inserts
+    std::vector<std::string> indexes;  ///< each a list of columns, of some rows when WHERE follows
+};
+
+/// The version of the layout that this program writes.
+inline constexpr int booksFormatVersion = 1;
+
+/// Every table of a set of books, in the order in which they are created.
+const std::vector<TableInfo>& allTables();
+
+/// The table of that name, in any case of letters; null when there is none.
+const TableInfo* findTable(std::string_view name);
+
+/// The item table of a project class: ProjItems and the class code; empty name when the
+/// code holds anything but letters and digits.
+TableInfo projectItemTable(std::string_view classCode);
+
+}  // namespace chengheng

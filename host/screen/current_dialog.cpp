@@ -1,3 +1,0 @@
-#include "host/screen/current_dialog.h"
-
-QWidget* g_pDlgWnd = nullptr;

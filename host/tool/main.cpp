@@ -1,5 +1,0 @@
-#include <iostream>
-
-#include "host/tool/tool.h"
-
-int main(int argc, char** argv) { return chengheng::runTool(argc, argv, std::cout, std::cerr); }

@@ -1,0 +1,86 @@
+#include "opening/balance/trial_balance.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "opening/sheet/opening_texts.h"
+
+namespace chengheng {
+namespace {
+
+namespace texts = opening_texts;
+
+constexpr std::size_t classesWithoutCut = 5;
+constexpr double largestBalanced = 0.00001;
+
+/// The three words of a line: for a sum above zero, for zero, for one below.
+struct SideWords {
+    const char* above;
+    const char* below;
+};
+
+constexpr SideWords debitWords{texts::debit, texts::credit};
+constexpr SideWords creditWords{texts::credit, texts::debit};
+
+/// The word goes by the sign of one value, the amount may be another's.
+std::string sideLine(const char* format, const SideWords& words, double sign, double amount) {
+    if (sign > 0) return fmt::format(fmt::runtime(format), words.above, amount);
+    if (sign < 0) return fmt::format(fmt::runtime(format), words.below, std::fabs(amount));
+    return fmt::format(fmt::runtime(format), texts::level, amount);
+}
+
+}  // namespace
+
+TrialBalance::TrialBalance(std::span<const _zCodeClassInfo> classes,
+                           std::span<const OpeningAccount> accounts) {
+    if (classes.size() > classesWithoutCut) classes = classes.first(classes.size() - 1);
+    for (const _zCodeClassInfo& each : classes)
+        m_classes.push_back({each.sClsName, each.bDirect == 1, {}});
+    for (const OpeningAccount& account : accounts)
+        if (account.isEnd && account.opening() != 0) add(account);
+    for (const ClassSum& each : m_classes) (each.isDebit ? m_debits : m_credits) += each.sum;
+}
+
+void TrialBalance::add(const OpeningAccount& account) {
+    for (ClassSum& each : m_classes) {
+        if (each.name != account.type) continue;
+        if (each.isDebit == account.isDebit)
+            each.sum.add(account.opening());
+        else
+            each.sum.subtract(account.opening());
+    }
+}
+
+double TrialBalance::surplus() const {
+    MoneySum surplus = m_debits;
+    surplus -= m_credits;
+    return surplus.value();
+}
+
+double TrialBalance::difference() const { return std::fabs(surplus()); }
+
+bool TrialBalance::isBalanced() const { return difference() <= largestBalanced; }
+
+TrialBalanceTexts TrialBalance::texts() const {
+    TrialBalanceTexts made;
+    for (const ClassSum& each : m_classes) {
+        const double sum = each.sum.value();
+        std::string& lines = each.isDebit ? made.debitClasses : made.creditClasses;
+        lines += fmt::format(fmt::runtime(texts::className), each.name);
+        lines += sideLine(texts::classLine, each.isDebit ? debitWords : creditWords, sum, sum);
+    }
+    const double debits = debitTotal();
+    made.debitTotal = sideLine(texts::totalLine, debitWords, debits, debits);
+    // The label of the credit total goes by the sign of the debit total.
+    made.creditTotal = sideLine(texts::totalLine, creditWords, debits, creditTotal());
+    made.result = isBalanced() ? texts::balanced
+                               : fmt::format(fmt::runtime(texts::notBalanced), difference());
+    return made;
+}
+
+std::string TrialBalance::closePrompt() const {
+    return fmt::format(fmt::runtime(texts::closePrompt), difference());
+}
+
+}  // namespace chengheng

@@ -1,0 +1,96 @@
+#include "opening/direction/direction_adjust.h"
+
+#include <fmt/format.h>
+
+#include "base/values/text.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/host_database.h"
+#include "opening/sheet/opening_texts.h"
+
+namespace chengheng {
+namespace {
+
+namespace texts = opening_texts;
+
+constexpr LockLists lockLists{"AssSum AccSum Cyrency UnRegMain UnRegSug",  // sic
+                              "Code"};
+
+const char* directionText(bool isDebit) { return isDebit ? texts::debit : texts::credit; }
+
+/// An account that is gone is passed over.
+Result resultOfStoring(int operationResult) {
+    if (operationResult == 0 || g_pDB->lastStatus().failure == Failure::missing)
+        return Result::done();
+    return Result::failed();
+}
+
+Result storeDirection(std::int32_t accountId, bool isDebit) {
+    _CodeInfo* row = nullptr;
+    if (const int read = g_pDB->Code_GetInfo(row, accountId); read != 0)
+        return resultOfStoring(read);
+    _CodeInfo account = *row;
+    account.bDirect = isDebit ? 1 : 0;
+    const Result result = resultOfStoring(g_pDB->Code_Edit(account));
+    g_pDB->Code_ReleaseAllBuffer();
+    return result;
+}
+
+/// Turns an account of the books as they are now; it must be the one that was asked about.
+Result turn(OpeningBooks& books, const OpeningAccount& asked) {
+    if (!readOpeningBooks(*g_pDB, books)) return Result::failed();
+    OpeningSheet& sheet = books.sheet;
+    if (sheet.isBrowsing()) return Result::stale({.text = texts::vouchersMeanwhile});
+    const auto place = sheet.placeOfId(asked.id);
+    if (!place || sheet.accounts()[*place].code != asked.code ||
+        sheet.accounts()[*place].isDebit != asked.isDebit)
+        return Result::stale({.text = texts::chartMeanwhile});
+    const std::size_t line = sheet.accounts()[*place].firstLine;
+    if (const auto refusal = directionRefusal(sheet, CodeLevels(books.levelPattern), line))
+        return Result::stale(*refusal);
+    for (const std::size_t each : directionSubtree(sheet, line)) {
+        sheet.accounts()[each].isDebit = !asked.isDebit;
+        const Result result = storeDirection(sheet.accounts()[each].id, !asked.isDebit);
+        if (result.outcome != Outcome::done) return result;
+    }
+    return Result::done();
+}
+
+}  // namespace
+
+std::optional<Notice> directionRefusal(const OpeningSheet& sheet, const CodeLevels& levels,
+                                       std::size_t line) {
+    const std::string code = sheet.text(line, placeOf(OpeningField::code, sheet.layout()));
+    if (static_cast<int>(characterCount(code)) != levels.lengthOf(1))
+        return Notice{.text = texts::onlyTopLevel};
+    if (sheet.accountOfLine(line).opening() != 0.0) return Notice{.text = texts::hasOpening};
+    return std::nullopt;
+}
+
+Question directionQuestion(const OpeningSheet& sheet, std::size_t line) {
+    const OpeningAccount& account = sheet.accountOfLine(line);
+    return {.text = fmt::format(texts::askDirection, account.name, account.code,
+                                directionText(account.isDebit), directionText(!account.isDebit)),
+            .caption = texts::directionCaption};
+}
+
+std::vector<std::size_t> directionSubtree(const OpeningSheet& sheet, std::size_t line) {
+    const std::string& code = sheet.accountOfLine(line).code;
+    std::vector<std::size_t> places;
+    for (std::size_t place = sheet.line(line).account;
+         place < sheet.accounts().size() && sheet.accounts()[place].code.starts_with(code); ++place)
+        places.push_back(place);
+    return places;
+}
+
+Outcome adjustDirection(OpeningBooks& books, std::size_t line, IMessages& messages) {
+    if (const auto refusal = directionRefusal(books.sheet, CodeLevels(books.levelPattern), line))
+        return told(messages, Result::refused(*refusal));
+    if (messages.ask(directionQuestion(books.sheet, line)) != Answer::yes) return Outcome::refused;
+    OpeningBooks fresh;
+    const OpeningAccount asked = books.sheet.accountOfLine(line);
+    const Outcome outcome = changeRecords(messages, lockLists, [&] { return turn(fresh, asked); });
+    if (outcome == Outcome::done) books = std::move(fresh);
+    return outcome;
+}
+
+}  // namespace chengheng

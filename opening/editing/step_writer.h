@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "base/messages/messages.h"
+#include "opening/sheet/edit_journal.h"
+#include "opening/storing/opening_reading.h"
+#include "opening/storing/posting.h"
+#include "session/record_change.h"
+
+namespace chengheng {
+
+/// Makes a step out of the sheet as it stands. It may be asked a second time, with a sheet that
+/// was read anew.
+using StepMaker = std::function<EditStep(const OpeningSheet& sheet)>;
+
+/// Writes a step into the open set of books and into the sheet: the rows of the accounts it
+/// changes and those of all accounts above them, under the locks and in one unit of work, so that
+/// the books hold at once what a save would give. Unless it is done, both are as before.
+///
+/// When another workstation has changed any of these rows since the sheet was read, everything
+/// is read anew first, so that neither loses what the other typed.
+class StepWriter {
+  public:
+    explicit StepWriter(OpeningBooks& books) : m_books(books) {}
+
+    /// `written` is the step with the figures it replaced; empty when there was nothing to do.
+    Outcome write(IMessages& messages, const StepMaker& make, EditStep& written);
+    /// Whether the sheet was read anew.
+    bool hasReadAnew() const { return m_hasReadAnew; }
+
+  private:
+    struct Place {
+        std::size_t account;
+        Balances before;
+        std::optional<StoredSums> stored;
+    };
+
+    Result run(const StepMaker& make);
+    void collectPlaces(const OpeningSheet& sheet);
+    Status compareWithStored(bool& isCurrent);
+    Status compare(Place& place, bool& isCurrent);
+    Status post(const OpeningSheet& sheet);
+    void takeBack();
+
+    OpeningBooks& m_books;
+    std::optional<OpeningBooks> m_fresh;
+    EditStep m_step;
+    std::vector<Place> m_places;  ///< the changed accounts, then those above, the deepest first
+    bool m_hasReadAnew = false;
+};
+
+}  // namespace chengheng

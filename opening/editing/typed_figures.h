@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "opening/sheet/edit_journal.h"
+#include "opening/sheet/opening_sheet.h"
+
+namespace chengheng {
+
+/// A figure of an account and what was typed for it.
+struct TypedFigure {
+    std::int32_t accountId = 0;
+    Measure measure = Measure::money;
+    BalanceFigure figure = &Balance::opening;
+    double value = 0;
+};
+
+/// The step that sets these figures. In books that begin mid-year the opening balance of a line
+/// follows the three other figures when one of them is typed and it is not typed itself. What is
+/// as it was has no part in it. A figure of an account that the sheet does not hold is kept, for
+/// the writing to refuse.
+EditStep typedStep(const OpeningSheet& sheet, std::span<const TypedFigure> typed);
+
+}  // namespace chengheng

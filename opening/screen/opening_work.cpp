@@ -1,0 +1,192 @@
+#include "opening/screen/opening_work.h"
+
+#include <fmt/format.h>
+
+#include "data/access/host_database.h"
+#include "data/access/unit_of_work.h"
+#include "data/lookups/CGetData.h"
+#include "opening/auxiliary/auxiliary_directories.h"
+#include "opening/direction/direction_adjust.h"
+#include "opening/editing/amount_text.h"
+#include "opening/editing/opening_transfer.h"
+#include "opening/sheet/opening_texts.h"
+#include "opening/storing/posting.h"
+#include "opening/storing/saving.h"
+#include "opening/storing/zero_row_sweep.h"
+#include "session/last_failure.h"
+#include "session/open_books.h"
+#include "sheets/files/sheet_files.h"
+#include "sheets/sheet_texts.h"
+
+namespace chengheng {
+namespace {
+
+Status sweepAndRead(OpeningBooks& books) {
+    UnitOfWork unit(*g_pDB);
+    Status status = unit.status();
+    if (status) status = holdSums(*g_pDB);
+    if (status) status = sweepZeroRows(*g_pDB);
+    if (status) status = readOpeningBooks(*g_pDB, books);
+    return status ? unit.commit() : status;
+}
+
+/// Only books that may be edited are swept. Whether there are rows counts before.
+Status readAnew(OpeningBooks& books) {
+    bool isBrowsing = false;
+    bool hasSums = false;
+    Status status = readIsBrowsing(*g_pDB, isBrowsing);
+    if (status) status = readHasSums(*g_pDB, hasSums);
+    if (status) status = isBrowsing ? readOpeningBooks(*g_pDB, books) : sweepAndRead(books);
+    books.hasSums = hasSums;
+    return status;
+}
+
+}  // namespace
+
+const char* OpeningWork::modeText() const { return isBrowsing() ? opening_texts::browsing : ""; }
+
+bool OpeningWork::refresh() {
+    OpeningBooks books;
+    if (!selectOpenBooks() || !readAnew(books)) {
+        m_messages.tell(lastFailureNotice());
+        return false;
+    }
+    m_books = std::move(books);
+    ++m_readings;
+    return true;
+}
+
+Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
+    StepWriter writer(m_books);
+    const Outcome outcome = writer.write(m_messages, make, written);
+    if (writer.hasReadAnew()) ++m_readings;
+    if (outcome == Outcome::stale) refresh();
+    return outcome;
+}
+
+bool OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
+    if (!sheet().isEditable(line, column)) return false;
+    const Measure measure = sheet().line(line).measure;
+    return writeFigures({{sheet().accountOfLine(line).id, measure,
+                          figureOf(sheet().columns()[column].field), typedAmount(typed, measure)}});
+}
+
+bool OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
+    m_isChanged = true;
+    // What is as it was needs no locks.
+    if (typedStep(sheet(), figures).empty()) return true;
+    EditStep written;
+    const auto make = [&](const OpeningSheet& current) { return typedStep(current, figures); };
+    if (write(make, written) != Outcome::done) return false;
+    m_journal.add(std::move(written));
+    return true;
+}
+
+bool OpeningWork::apply(const FigurePlan& plan) {
+    return plan.mayBeApplied() && writeFigures(plan.figures());
+}
+
+std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {
+    FigurePlan plan;
+    const SheetOutcome failure = planImportedFile(sheet(), path, plan);
+    if (!failure) return plan;
+    m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning, .beep = true});
+    return std::nullopt;
+}
+
+bool OpeningWork::exportTo(const std::string& path) {
+    const auto tell = [this](std::string text) {
+        m_messages.tell({.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
+        return false;
+    };
+    if (!isSheetName(path))
+        return tell(fmt::format(fmt::runtime(sheet_texts::fileKindUnknown), path));
+    const SheetOutcome failure = writeSheet(exportedOpenings(sheet()), path);
+    return !failure || tell(failure->text());
+}
+
+bool OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),
+                       void (EditJournal::*forget)()) {
+    m_isChanged = true;
+    EditStep written;
+    const Outcome outcome = write([&step](const OpeningSheet&) { return step; }, written);
+    if (outcome == Outcome::done) (m_journal.*arrived)();
+    // Vouchers may go again.
+    if (outcome == Outcome::stale && !isBrowsing()) (m_journal.*forget)();
+    return outcome == Outcome::done;
+}
+
+bool OpeningWork::undo() {
+    return canUndo() &&
+           goTo(reversed(*m_journal.toUndo()), &EditJournal::undone, &EditJournal::forgetUndo);
+}
+
+bool OpeningWork::redo() {
+    return canRedo() &&
+           goTo(EditStep(*m_journal.toRedo()), &EditJournal::redone, &EditJournal::forgetRedo);
+}
+
+TrialBalance OpeningWork::trialBalance() {
+    if (!isBrowsing()) m_books.sheet.rollUp();
+    std::vector<_zCodeClassInfo> classes;
+    // Without classes the books count as balanced; that they could not be read is told.
+    if (!selectOpenBooks() || !readClasses(*g_pDB, classes)) m_messages.tell(lastFailureNotice());
+    m_books.classes = std::move(classes);
+    return totals();
+}
+
+bool OpeningWork::adjustDirection(std::size_t line) {
+    if (!mayAdjustDirection()) return false;
+    m_books.sheet.rollUp();
+    const Outcome outcome = chengheng::adjustDirection(m_books, line, m_messages);
+    if (outcome == Outcome::stale) refresh();
+    if (outcome != Outcome::done) return false;
+    ++m_readings;
+    if (CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) < 0)
+        m_messages.tell(lastFailureNotice());
+    return true;
+}
+
+AuxiliaryKind OpeningWork::auxiliaryToOpen(std::size_t line, std::size_t column) {
+    if (!sheet().opensAuxiliary(line, column)) return AuxiliaryKind::none;
+    const AuxiliaryKind kind = sheet().accountOfLine(line).auxiliary;
+    return hasDirectories(kind, m_messages) ? kind : AuxiliaryKind::none;
+}
+
+bool OpeningWork::afterAuxiliary() {
+    if (isBrowsing()) return true;
+    m_isChanged = true;
+    const bool isSaved = save();
+    m_isChanged = false;
+    return isSaved;
+}
+
+bool OpeningWork::save() {
+    if (!m_isChanged || isBrowsing()) return true;
+    OpeningBooks books;
+    if (!selectOpenBooks() || !saveOpeningBooks(*g_pDB, books)) {
+        m_messages.tell(lastFailureNotice());
+        return false;
+    }
+    m_books = std::move(books);
+    ++m_readings;
+    return true;
+}
+
+bool OpeningWork::mayClose() {
+    const TrialBalance balance = trialBalance();
+    bool isSaved = false;
+    if (balance.isBalanced()) {
+        isSaved = refresh() && save();
+    } else {
+        const Answer answer =
+            m_messages.ask({.text = balance.closePrompt(), .icon = MessageIcon::information});
+        if (answer != Answer::yes) return false;
+        isSaved = save();
+    }
+    return isSaved || !m_isChanged ||
+           m_messages.ask({.text = opening_texts::closeUnsaved, .preset = Answer::no}) ==
+               Answer::yes;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/messages/messages.h"
+#include "opening/balance/imbalance_causes.h"
+#include "opening/balance/trial_balance.h"
+#include "opening/editing/figure_plan.h"
+#include "opening/editing/step_writer.h"
+#include "opening/editing/typed_figures.h"
+#include "opening/sheet/edit_journal.h"
+#include "opening/storing/opening_reading.h"
+
+namespace chengheng {
+
+/// The opening balance window without its screen: the sheet of the open set of books, what may
+/// be done with it now, and the doing. Every edit is in the books when it ends. Whatever fails
+/// has told the operator why and has changed nothing.
+class OpeningWork {
+  public:
+    explicit OpeningWork(IMessages& messages) : m_messages(messages) {}
+
+    /// Reads the books anew; when they may be edited, rows that carry nothing are swept away
+    /// first. To be called once before anything else. False when they could not be read: then the
+    /// sheet stays as it was.
+    bool refresh();
+
+    const OpeningSheet& sheet() const { return m_books.sheet; }
+    int accountingYear() const { return m_books.year; }
+    /// Grows whenever lines may have come, gone or moved.
+    std::uint64_t readings() const { return m_readings; }
+    bool isBrowsing() const { return m_books.sheet.isBrowsing(); }
+    /// "浏览,只读" or nothing.
+    const char* modeText() const;
+    bool mayAdjustDirection() const { return !isBrowsing(); }
+    /// Only empty books take over last year's balances.
+    bool mayCarryForward() const { return !isBrowsing() && !m_books.hasSums; }
+    /// What an undo or redo would change; null when there is nothing to.
+    const EditStep* stepToUndo() const { return m_journal.toUndo(); }
+    const EditStep* stepToRedo() const { return m_journal.toRedo(); }
+    bool canUndo() const { return stepToUndo() != nullptr; }
+    bool canRedo() const { return stepToRedo() != nullptr; }
+
+    /// A cell is being edited: from now on there is something to save.
+    void beginEdit() { m_isChanged = true; }
+    /// Writes what was typed into an editable cell.
+    bool endEdit(std::size_t line, std::size_t column, std::string_view typed);
+    /// Writes many figures as one step; nothing is written unless everything is.
+    bool writeFigures(const std::vector<TypedFigure>& figures);
+    /// A paste or an import as it was shown; false as well when a cell of it is refused.
+    bool apply(const FigurePlan& plan);
+    /// What the cells of a CSV or XLSX file become; nothing when it cannot be read.
+    std::optional<FigurePlan> planImport(const std::string& path);
+    /// Writes the sheet as such a file, by the end of its name.
+    bool exportTo(const std::string& path);
+    /// A step whose accounts or figures another workstation has changed is told and forgotten.
+    bool undo();
+    bool redo();
+
+    /// Of the sheet as it stands, for the running line.
+    TrialBalance totals() const { return {m_books.classes, m_books.sheet.accounts()}; }
+    /// What may keep the books from balancing; after a trial balance.
+    std::vector<ImbalanceCause> causes() const { return imbalanceCauses(sheet(), totals()); }
+    /// The totals after a roll-up in editable mode, by the classes as they are stored now.
+    TrialBalance trialBalance();
+
+    /// Turns the direction of the account on a line after asking.
+    bool adjustDirection(std::size_t line);
+
+    /// The kind of window that a double-click on a line opens, its directories being there.
+    AuxiliaryKind auxiliaryToOpen(std::size_t line, std::size_t column);
+    /// After an auxiliary window: its figures are taken over and rolled up.
+    bool afterAuxiliary();
+
+    /// Writes the sums of the accounts above others, when anything was changed.
+    bool save();
+    /// Whether the window may close, having saved. Books that do not balance are asked about.
+    bool mayClose();
+
+  private:
+    Outcome write(const StepMaker& make, EditStep& written);
+    bool goTo(const EditStep& step, void (EditJournal::*arrived)(), void (EditJournal::*forget)());
+
+    IMessages& m_messages;
+    OpeningBooks m_books;
+    EditJournal m_journal;
+    bool m_isChanged = false;
+    std::uint64_t m_readings = 0;
+};
+
+}  // namespace chengheng

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "data/access/CNbCwDB.h"
+
+namespace chengheng {
+
+/// Removes the period sums of every account, and the auxiliary sums of every combination of
+/// dimensions, whose figures are all zero; from the selected database. An account keeps all its
+/// rows as long as one of them carries anything.
+Status sweepZeroRows(CNbCwDB& database);
+
+}  // namespace chengheng

@@ -1,0 +1,38 @@
+#include <QApplication>
+#include <QLoggingCategory>
+#include <cstdlib>
+#include <iostream>
+
+#include "screen/application.h"
+#include "screen/report/pdf_writing.h"
+#include "tool/tool.h"
+
+namespace {
+
+chengheng::ExitCode writeFile(chengheng::Tool& tool, const CReport& report,
+                              const std::string& path) {
+    chengheng::ReportDocument document(report);
+    chengheng::SheetFailure failure;
+    const auto everyPageGoesOn = [](std::size_t, std::size_t) { return true; };
+    if (chengheng::writePdf(document, path, everyPageGoesOn, failure) ==
+        chengheng::PdfOutcome::written)
+        return chengheng::ExitCode::done;
+    tool.err << failure.text() << '\n';
+    return chengheng::ExitCode::failed;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    // Pages are painted without a screen, wherever the program was started.
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    // What the toolkit misses on a server, such as a folder for sockets, is no matter of pages;
+    // whether they were written is told by the tool.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+    std::string name = "chbooks-pdf";
+    char* names[] = {name.data(), nullptr};
+    int nameCount = 1;
+    QApplication application(nameCount, names);
+    chengheng::prepareApplication(application);
+    return chengheng::runTool(count, arguments, std::cout, std::cerr, writeFile);
+}

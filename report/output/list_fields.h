@@ -1,0 +1,42 @@
+#pragma once
+
+#include <algorithm>
+#include <ranges>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "report/layout/report.h"
+
+namespace chengheng {
+
+/// What a list shows of a record: the field as print templates name it, how it is aligned, and
+/// its cell.
+template <class Record>
+struct ListField {
+    std::string_view name;
+    Alignment alignment;
+    ReportCell (*cell)(const Record& record);
+};
+
+/// A row for each record. A column that names a field takes that one, any other the field at
+/// its position; a column that no field belongs to stays empty.
+template <class Record>
+void addRows(Report& report, std::span<const ListField<Record>> fields,
+             const std::ranges::input_range auto& records) {
+    std::vector<const ListField<Record>*> fillers;
+    for (ReportColumn& column : report.columns) {
+        const auto named = std::ranges::find(fields, column.field, &ListField<Record>::name);
+        const std::size_t place = fillers.size();
+        const ListField<Record>* filler = nullptr;
+        if (named != fields.end()) filler = &*named;
+        if (column.field.empty() && place < fields.size()) filler = &fields[place];
+        if (filler != nullptr) column.alignment = filler->alignment;
+        fillers.push_back(filler);
+    }
+    for (const Record& record : records)
+        for (const ListField<Record>* filler : fillers)
+            report.cells.push_back(filler == nullptr ? ReportCell() : filler->cell(record));
+}
+
+}  // namespace chengheng

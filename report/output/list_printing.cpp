@@ -1,0 +1,44 @@
+#include "report/output/list_printing.h"
+
+#include <fmt/format.h>
+
+#include "base/system/workstation.h"
+#include "data/access/CNbCwDB.h"
+#include "data/lookups/CGetData.h"
+#include "report/engine/print_texts.h"
+#include "session/host_globals.h"
+#include "session/last_failure.h"
+
+namespace chengheng {
+
+ReportFacts hostReportFacts() {
+    ReportFacts facts;
+    if (CGetData::m_pzAccountMInfo != nullptr) facts.company = CGetData::m_pzAccountMInfo->sCompany;
+    facts.setName = g_lpszNbZwSetName;
+    if (g_lpLogonUserInfo != nullptr) facts.operatorName = g_lpLogonUserInfo->sUserName;
+    facts.day = today();
+    return facts;
+}
+
+std::optional<Notice> makeListReport(const PrintedList& list, Report& report) {
+    if (g_pDB == nullptr || g_pDB->DBSelect(g_lpszNbZwDBName) == 0)
+        return Notice{.text = print_texts::selectFailed, .icon = MessageIcon::warning};
+    if (auto notice = readPrintTemplate(list.templateNumber, list.source, report)) return notice;
+    if (!list.fill(report))
+        return Notice{
+            .text = fmt::format(fmt::runtime(print_texts::listUnreadable), lastFailureText()),
+            .icon = MessageIcon::warning};
+    report.facts = hostReportFacts();
+    return std::nullopt;
+}
+
+void printList(const PrintedList& list, ReportOutput output, IMessages& messages,
+               IReportPrinter& printer) {
+    Report report;
+    if (const auto notice = makeListReport(list, report))
+        messages.tell(*notice);
+    else
+        printer.put(report, output);
+}
+
+}  // namespace chengheng

@@ -1,0 +1,52 @@
+#include "report/output/print_templates.h"
+
+#include <array>
+
+namespace chengheng {
+namespace {
+
+constexpr std::array currencyColumns{
+    TemplateColumn{"币符", "sExchCode", 10},         TemplateColumn{"币名", "sExchName", 18},
+    TemplateColumn{"折算方式", "bMode", 24},         TemplateColumn{"汇率小数位", "byDecimal", 12},
+    TemplateColumn{"外币最大误差", "fMaxError", 16},
+};
+constexpr std::array fixedRateColumns{
+    TemplateColumn{"月份", "byPeroid", 14},
+    TemplateColumn{"记帐汇率", "dRate", 20},
+    TemplateColumn{"调整汇率", "dAdjustRate", 20},
+};
+constexpr std::array floatingRateColumns{
+    TemplateColumn{"日期", "dtDate", 14},
+    TemplateColumn{"记帐汇率", "dRate", 20},
+    TemplateColumn{"调整汇率", "dAdjustRate", 20},
+};
+constexpr std::array voucherTypeColumns{
+    TemplateColumn{"类别", "sSign", 8},     TemplateColumn{"名称", "sSignName", 20},
+    TemplateColumn{"限制", "byLimit", 14},  TemplateColumn{"科目一", "sCode1", 18},
+    TemplateColumn{"科目二", "sCode2", 18},
+};
+constexpr std::array settlementColumns{
+    TemplateColumn{"方式号", "sStlId", 10},
+    TemplateColumn{"方式名", "sSettle", 30},
+    TemplateColumn{"使用支票登记簿", "bNote", 18},
+};
+constexpr std::array chartColumns{
+    TemplateColumn{"级次", "byGrade", 6},       TemplateColumn{"科目编码", "sCode", 18},
+    TemplateColumn{"科目名称", "sName", 34},    TemplateColumn{"外币币种", "byExchId", 18},
+    TemplateColumn{"辅助核算", "sAssBook", 11},
+};
+
+constexpr std::array templates{
+    PrintTemplate{currencyListTemplate, "外币一览表", paperA4, true, currencyColumns},
+    PrintTemplate{fixedRateTemplate, "固定汇率一览表", paperA4, true, fixedRateColumns},
+    PrintTemplate{floatingRateTemplate, "浮动汇率一览表", paperA4, true, floatingRateColumns},
+    PrintTemplate{voucherTypeTemplate, "凭证类别一览表", paperA4, true, voucherTypeColumns},
+    PrintTemplate{settlementTemplate, "结算方式一览表", paperA4, true, settlementColumns},
+    PrintTemplate{accountChartTemplate, "会计科目一览表", paperA4, true, chartColumns},
+};
+
+}  // namespace
+
+std::span<const PrintTemplate> printTemplates() { return templates; }
+
+}  // namespace chengheng

@@ -1,0 +1,34 @@
+#include "report/output/report_printer.h"
+
+#include "report/engine/print_texts.h"
+#include "session/host_messages.h"
+
+namespace chengheng {
+namespace {
+
+/// Serves a program that has no screen and installed nothing.
+class NoPrinter final : public IReportPrinter {
+  public:
+    void print(const Report&) override { tellNone(); }
+    void preview(const Report&) override { tellNone(); }
+
+  private:
+    static void tellNone() {
+        hostMessages().tell({.text = print_texts::noPrinter, .icon = MessageIcon::warning});
+    }
+};
+
+NoPrinter noPrinter;
+IReportPrinter* installed = &noPrinter;
+
+}  // namespace
+
+IReportPrinter& hostReportPrinter() { return *installed; }
+
+HostReportPrinter::HostReportPrinter(IReportPrinter& printer) : m_before(installed) {
+    installed = &printer;
+}
+
+HostReportPrinter::~HostReportPrinter() { installed = m_before; }
+
+}  // namespace chengheng

@@ -1,0 +1,68 @@
+#include "report/output/report_sheet.h"
+
+#include <charconv>
+#include <optional>
+#include <string>
+
+namespace chengheng {
+namespace {
+
+/// A figure as lists write it: "-1,234.50", "0.12345".
+struct Figure {
+    double value = 0;
+    int decimals = 0;
+};
+
+/// Spreadsheets keep 15 digits: a longer figure stays a text.
+constexpr std::size_t mostDigits = 15;
+
+std::optional<Figure> figureOf(std::string_view text) {
+    std::string digits;
+    for (const char letter : text)
+        if (letter != ',') digits += letter;
+    Figure figure;
+    const char* const end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, figure.value, std::chars_format::fixed);
+    if (read.ec != std::errc() || read.ptr != end || digits.size() > mostDigits)
+        return std::nullopt;
+    const bool isNumber = digits.back() >= '0' && digits.back() <= '9';
+    if (!isNumber) return std::nullopt;
+    const std::size_t point = digits.find('.');
+    if (point != std::string::npos) figure.decimals = static_cast<int>(digits.size() - point - 1);
+    return figure;
+}
+
+/// The decimals of a column of figures; nothing when it is none or they differ.
+std::optional<int> decimalsOf(const CReport& report, std::size_t column) {
+    if (report.alignment(column) != Alignment::right) return std::nullopt;
+    std::optional<int> decimals;
+    for (std::size_t row = 0; row < report.rowCount(); ++row) {
+        const std::string_view cell = report.cell(row, column);
+        if (cell.empty()) continue;
+        const auto figure = figureOf(cell);
+        if (!figure || decimals.value_or(figure->decimals) != figure->decimals) return std::nullopt;
+        decimals = figure->decimals;
+    }
+    return decimals;
+}
+
+}  // namespace
+
+Sheet sheetOf(const CReport& report) {
+    Sheet sheet{.name = report.title(), .columns = {}, .hasHeader = true, .rows = {}};
+    sheet.rows.resize(report.rowCount() + 1);
+    for (std::size_t column = 0; column < report.columnCount(); ++column) {
+        const auto decimals = decimalsOf(report, column);
+        sheet.columns.push_back({.width = 0, .decimals = decimals});
+        sheet.rows.front().push_back(Cell::of(std::string(report.heading(column))));
+        for (std::size_t row = 0; row < report.rowCount(); ++row) {
+            const std::string_view cell = report.cell(row, column);
+            const auto figure = decimals ? figureOf(cell) : std::nullopt;
+            sheet.rows[row + 1].push_back(figure ? Cell::of(figure->value)
+                                                 : Cell::of(std::string(cell)));
+        }
+    }
+    return sheet;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,8 @@
+#include "screen/CNxMiddleDialog.h"
+
+#include "session/last_failure.h"
+#include "session/open_books.h"
+
+bool CNxMiddleDialog::SelectDatabase() { return chengheng::selectOpenBooks(); }
+
+void CNxMiddleDialog::TellFailure() { messages().tell(chengheng::lastFailureNotice()); }

@@ -1,0 +1,3 @@
+#include "screen/current_dialog.h"
+
+QWidget* g_pDlgWnd = nullptr;

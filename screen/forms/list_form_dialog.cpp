@@ -1,0 +1,334 @@
+#include "screen/forms/list_form_dialog.h"
+
+#include <fmt/format.h>
+
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QSplitter>
+#include <QToolBar>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "base/system/program_version.h"
+#include "forms/form_texts.h"
+#include "screen/colours.h"
+#include "screen/forms/leaf_model.h"
+#include "screen/forms/limited_edit.h"
+#include "screen/help/help_window.h"
+#include "screen/host_events.h"
+#include "screen/screen_texts.h"
+
+namespace chengheng {
+namespace {
+
+// The commands, by the numbers under which menus and tool bar send them.
+constexpr int previewCommand = 1;
+constexpr int printCommand = 2;
+constexpr int exitCommand = 3;
+constexpr int insertCommand = 4;
+constexpr int deleteCommand = 5;
+constexpr int searchCommand = 6;
+constexpr int aboutCommand = 7;
+
+constexpr MenuItemResource fileItems[] = {
+    {previewCommand, form_texts::preview},
+    {printCommand, form_texts::print},
+    {0, ""},
+    {exitCommand, form_texts::exit},
+};
+constexpr MenuItemResource editItems[] = {
+    {insertCommand, form_texts::insert},
+    {deleteCommand, form_texts::remove},
+};
+constexpr MenuItemResource helpItems[] = {
+    {helpCommandNumber, form_texts::helpTopics},
+    {searchCommand, form_texts::search},
+    {0, ""},
+    {aboutCommand, form_texts::about},
+};
+constexpr WindowMenu menus[] = {
+    {form_texts::fileMenu, fileItems},
+    {form_texts::editMenu, editItems},
+    {form_texts::helpMenu, helpItems},
+};
+constexpr ToolButton tools[] = {
+    {printCommand, "print"},
+    {previewCommand, "preview"},
+    {0, ""},
+    {insertCommand, "add"},
+    {deleteCommand, "delete"},
+    {0, ""},
+    {helpCommandNumber, "help", form_texts::helpButton},
+    {exitCommand, "exit"},
+};
+
+constexpr int treeCharacters = 16;  ///< width of the tree at first
+constexpr int formCharacters = 32;
+constexpr int openingLines = 22;
+
+}  // namespace
+
+ListFormDialog::ListFormDialog(const ListFormWindow& window, QWidget* parent)
+    : CNxMiddleDialog(window.templateNumber, parent), m_window(window), m_atWork(window.title) {}
+
+ListFormDialog::~ListFormDialog() = default;
+
+bool ListFormDialog::OnInitDialog() {
+    setWindowTitle(QString::fromUtf8(m_window.title));
+    buildControls();
+    carryOut([this] { form().open(); });
+    if (!form().isAdding()) m_tree->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+void ListFormDialog::buildControls() {
+    auto* column = new QVBoxLayout(this);
+    m_commands = std::make_unique<WindowCommands>(*this, menus);
+    column->addWidget(m_commands->makeToolBar(QString::fromUtf8(form_texts::toolBar), tools));
+    auto* splitter = new QSplitter;
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(buildList());
+    splitter->addWidget(buildForm());
+    splitter->setStretchFactor(1, 1);
+    column->addWidget(splitter, 1);
+    addFields();
+    setTabOrder(m_fields.last(), m_ok);
+
+    const int character = fontMetrics().horizontalAdvance(QChar(0x5E10));
+    splitter->setSizes({treeCharacters * character, formCharacters * character});
+    resize((treeCharacters + formCharacters) * character,
+           openingLines * fontMetrics().lineSpacing());
+}
+
+QWidget* ListFormDialog::buildList() {
+    m_filter = new QLineEdit;
+    m_filter->setObjectName(QStringLiteral("filter"));
+    m_filter->setClearButtonEnabled(true);
+    auto* label = new QLabel(QString::fromUtf8(form_texts::filter));
+    label->setBuddy(m_filter);
+    m_filterBar = new QWidget;
+    auto* bar = new QHBoxLayout(m_filterBar);
+    bar->setContentsMargins({});
+    bar->addWidget(label);
+    bar->addWidget(m_filter);
+
+    m_leaves = new LeafModel(this);
+    m_tree = new QTreeView;
+    m_tree->setObjectName(QStringLiteral("Tree1"));
+    m_tree->setAccessibleName(QString::fromUtf8(m_window.title));
+    m_tree->setHeaderHidden(true);
+    m_tree->setRootIsDecorated(false);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setModel(m_leaves);
+
+    auto* list = new QWidget;
+    auto* column = new QVBoxLayout(list);
+    column->setContentsMargins({});
+    column->addWidget(m_filterBar);
+    column->addWidget(m_tree);
+
+    // Not within the event of the mouse or key: a question may come up.
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            guarded([this] { followTree(); }), Qt::QueuedConnection);
+    auto* down = new QShortcut(Qt::Key_Down, m_filter, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(down, &QShortcut::activated, this, guarded([this] { enterTree(); }));
+    connect(m_filter, &QLineEdit::textChanged, this, guarded([this] {
+                if (m_isShowing) return;
+                form().filter(m_filter->text().toStdString());
+                showForm();
+            }));
+    return list;
+}
+
+QWidget* ListFormDialog::buildForm() {
+    m_fieldRows = new QFormLayout;
+    m_usedMark = new QLabel(QString::fromUtf8(form_texts::used));
+    m_usedMark->setObjectName(QStringLiteral("usedMark"));
+    QPalette marked = m_usedMark->palette();
+    marked.setColor(QPalette::WindowText, colours::seal);
+    m_usedMark->setPalette(marked);
+    QSizePolicy keepingItsPlace = m_usedMark->sizePolicy();
+    keepingItsPlace.setRetainSizeWhenHidden(true);
+    m_usedMark->setSizePolicy(keepingItsPlace);
+
+    m_ok = new QPushButton(QString::fromUtf8(form_texts::ok));
+    m_ok->setObjectName(QStringLiteral("ok"));
+    m_ok->setAutoDefault(false);
+    connect(m_ok, &QPushButton::clicked, this, guarded([this] { OnOK(); }));
+
+    auto* lastRow = new QHBoxLayout;
+    lastRow->addWidget(m_usedMark);
+    lastRow->addStretch();
+    lastRow->addWidget(m_ok);
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->addLayout(m_fieldRows);
+    column->addLayout(lastRow);
+    column->addStretch();
+    return panel;
+}
+
+LimitedEdit* ListFormDialog::addEdit(const char* label, char key, const char* name, int limit) {
+    auto* edit = new LimitedEdit(limit);
+    edit->setObjectName(QLatin1String(name));
+    addField(*edit, QStringLiteral("%1(&%2):").arg(QString::fromUtf8(label)).arg(QLatin1Char(key)));
+    connect(edit, &QLineEdit::textChanged, this, guarded([this, edit] { inputEdited(*edit); }));
+    connect(edit, &LimitedEdit::wasCut, this, guarded([this, edit, label] {
+                messages().tell({.text = fmt::format(form_texts::cutToLimit, label, edit->limit()),
+                                 .focusField = edit->objectName().toStdString()});
+            }));
+    return edit;
+}
+
+void ListFormDialog::addField(QWidget& field, const QString& label) {
+    m_fieldRows->addRow(label, &field);
+    m_fields.append(&field);
+}
+
+void ListFormDialog::inputEdited(QWidget& field) {
+    if (m_isShowing) return;
+    m_editedField = &field;
+    UpdateData();
+    showState();
+}
+
+/// Runs one command and shows what has become of the form. While it runs, a box may be up and
+/// the toolkit go on: what then comes is left out.
+template <class Command>
+void ListFormDialog::carryOut(Command command) {
+    if (m_isCarryingOut) return;
+    const bool wasAdding = form().isAdding();
+    {
+        const QScopedValueRollback carryingOut(m_isCarryingOut, true);
+        command();
+    }
+    showForm();
+    if (form().isAdding() && !wasAdding) m_fields.first()->setFocus(Qt::OtherFocusReason);
+}
+
+void ListFormDialog::showForm() {
+    const QScopedValueRollback showing(m_isShowing, true);
+    const LeafList& leaves = form().leaves();
+    m_leaves->show(leaves);
+    m_filterBar->setVisible(leaves.offersFilter());
+    if (m_filter->text().toStdString() != leaves.filter())
+        m_filter->setText(QString::fromStdString(leaves.filter()));
+    const QModelIndex selected = m_leaves->indexOf(form().selectedId());
+    if (selected.isValid()) {
+        m_tree->setCurrentIndex(selected);
+    } else {
+        m_tree->selectionModel()->clear();
+    }
+    UpdateData(false);
+    showState();
+}
+
+void ListFormDialog::showState() {
+    m_usedMark->setVisible(form().isUsed());
+    m_ok->setEnabled(form().canSave());
+    m_commands->setEnabled(deleteCommand, form().canDelete());
+}
+
+void ListFormDialog::followTree() {
+    const int id = selectedLeaf();
+    if (m_isCarryingOut || id == 0 || id == form().selectedId()) return;
+    carryOut([this, id] { form().select(id); });
+    if (form().hasUnsavedInput()) returnToInput();
+}
+
+/// From the filter into what it shows.
+void ListFormDialog::enterTree() {
+    m_tree->setFocus(Qt::TabFocusReason);
+    if (selectedLeaf() == 0) m_tree->setCurrentIndex(m_leaves->index(0));
+}
+
+int ListFormDialog::selectedLeaf() const {
+    const QModelIndexList selected = m_tree->selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? 0 : m_leaves->idAt(selected.first());
+}
+
+void ListFormDialog::returnToInput() {
+    QWidget* field = m_editedField ? m_editedField : m_fields.first();
+    field->setFocus(Qt::OtherFocusReason);
+}
+
+/// Enter with nothing to save goes on to the next field.
+void ListFormDialog::moveOn() {
+    const auto next = m_fields.indexOf(focusWidget()) + 1;
+    if (next < m_fields.size()) m_fields[next]->setFocus(Qt::TabFocusReason);
+}
+
+void ListFormDialog::OnOK() {
+    if (m_filter->hasFocus()) {
+        enterTree();
+    } else if (form().canSave()) {
+        carryOut([this] { form().save(); });
+    } else {
+        moveOn();
+    }
+}
+
+void ListFormDialog::OnCancel() {
+    bool mayClose = false;
+    carryOut([&] { mayClose = form().mayLeaveInput(); });
+    if (mayClose) {
+        EndDialog(Rejected);
+    } else {
+        returnToInput();
+    }
+}
+
+void ListFormDialog::reject() { OnCancel(); }
+
+void ListFormDialog::OnMenuInsert() {
+    bool isAdding = false;
+    carryOut([&] { isAdding = form().startAdding(); });
+    if (isAdding) {
+        m_fields.first()->setFocus(Qt::OtherFocusReason);
+    } else {
+        returnToInput();
+    }
+}
+
+void ListFormDialog::OnMenuDelete() {
+    carryOut([this] { form().remove(selectedLeaf()); });
+}
+
+void ListFormDialog::OnMenuSearch() { showHelp(m_window.helpContext, *this).startSearch(); }
+
+void ListFormDialog::OnMenuAbout() {
+    messages().tell({.text = fmt::format(form_texts::aboutProgram, programVersion())});
+}
+
+bool ListFormDialog::OnHelpInfo() {
+    showHelp(m_window.helpContext, *this);
+    return true;
+}
+
+bool ListFormDialog::OnCommand(int command) {
+    struct Handler {
+        int command;
+        void (ListFormDialog::*handle)();
+    };
+    static constexpr Handler handlers[] = {
+        {previewCommand, &ListFormDialog::OnMenuPreview},
+        {printCommand, &ListFormDialog::OnMenuPrint},
+        {exitCommand, &ListFormDialog::OnCancel},
+        {insertCommand, &ListFormDialog::OnMenuInsert},
+        {deleteCommand, &ListFormDialog::OnMenuDelete},
+        {helpCommandNumber, &ListFormDialog::OnMenuHelp},
+        {searchCommand, &ListFormDialog::OnMenuSearch},
+        {aboutCommand, &ListFormDialog::OnMenuAbout},
+    };
+    const auto found = std::ranges::find(handlers, command, &Handler::command);
+    if (found == std::end(handlers)) return CNxMiddleDialog::OnCommand(command);
+    (this->*found->handle)();
+    return true;
+}
+
+}  // namespace chengheng

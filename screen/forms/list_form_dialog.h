@@ -1,0 +1,98 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/list_form.h"
+#include "report/output/report_printer.h"
+#include "screen/CNxMiddleDialog.h"
+#include "screen/window_commands.h"
+#include "session/function_at_work.h"
+
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTreeView;
+
+namespace chengheng {
+class LeafModel;
+class LimitedEdit;
+
+/// What a window with a list and a form is called and where its help stands.
+struct ListFormWindow {
+    int templateNumber;
+    const char* title;
+    int helpContext;
+};
+
+/// A window with a tree of records at the left and a form at the right: menu, tool bar, filter,
+/// tree, mark of a used record, 确定. It carries out commands in a ListForm and then shows what
+/// has become of it; it decides nothing itself. A function's window adds its fields, moves
+/// their values in DoDataExchange and prints.
+class ListFormDialog : public CNxMiddleDialog {
+    Q_OBJECT
+
+  public:
+    ~ListFormDialog() override;
+    bool OnHelpInfo() override;
+    void reject() override;
+
+  protected:
+    ListFormDialog(const ListFormWindow& window, QWidget* parent);
+
+    virtual ListForm& form() = 0;
+    /// Adds the fields, by addEdit and addField, in the order of the Tab key.
+    virtual void addFields() = 0;
+    virtual void printRecords(ReportOutput output) = 0;
+
+    /// A field with its label, reached by Alt and the key; its name is that of what it holds.
+    LimitedEdit* addEdit(const char* label, char key, const char* name, int limit);
+    /// Adds another control, with a label before it or without; its changes are to be told by
+    /// inputEdited.
+    void addField(QWidget& field, const QString& label = {});
+    void inputEdited(QWidget& field);
+
+    bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    bool OnCommand(int command) override;
+
+    void OnMenuPreview() { printRecords(ReportOutput::preview); }
+    void OnMenuPrint() { printRecords(ReportOutput::print); }
+    void OnMenuInsert();
+    void OnMenuDelete();
+    void OnMenuHelp() { OnHelpInfo(); }
+    void OnMenuSearch();
+    void OnMenuAbout();
+
+  private:
+    void buildControls();
+    QWidget* buildList();
+    QWidget* buildForm();
+    template <class Command>
+    void carryOut(Command command);
+    void showForm();
+    void showState();
+    void followTree();
+    void enterTree();
+    void moveOn();
+    void returnToInput();
+    int selectedLeaf() const;
+
+    const ListFormWindow m_window;
+    const FunctionAtWork m_atWork;
+    std::unique_ptr<WindowCommands> m_commands;
+    LeafModel* m_leaves = nullptr;
+    QTreeView* m_tree = nullptr;
+    QWidget* m_filterBar = nullptr;
+    QLineEdit* m_filter = nullptr;
+    QFormLayout* m_fieldRows = nullptr;
+    QLabel* m_usedMark = nullptr;
+    QPushButton* m_ok = nullptr;
+    QList<QWidget*> m_fields;
+    QWidget* m_editedField = nullptr;
+    bool m_isCarryingOut = false;
+    bool m_isShowing = false;
+};
+
+}  // namespace chengheng

@@ -1,0 +1,121 @@
+#include "screen/grid/picker_window.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "base/values/text.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/grid/grid_model.h"
+#include "screen/screen_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int pickerTemplate = 126;
+constexpr QSize openingSize(380, 420);
+constexpr std::array pickerColumns{
+    GridColumn{screen_texts::pickerCode, 14},
+    GridColumn{screen_texts::pickerName, 28},
+};
+
+}  // namespace
+
+/// The rows that hold what is wanted.
+class PickerRows final : public GridModel {
+  public:
+    explicit PickerRows(std::vector<PickerRow> rows)
+        : GridModel(pickerColumns), m_rows(std::move(rows)) {
+        narrow({});
+    }
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
+    }
+    void narrow(std::string_view wanted) {
+        beginResetModel();
+        m_shown.clear();
+        for (std::size_t position = 0; position < m_rows.size(); ++position) {
+            const PickerRow& row = m_rows[position];
+            if (containsInAnyCase(row.code, wanted) || containsInAnyCase(row.name, wanted)) {
+                m_shown.push_back(position);
+            }
+        }
+        endResetModel();
+    }
+    /// Position among all rows; -1 where none is shown.
+    int positionOf(int row) const {
+        return row < 0 || row >= rowCount() ? -1
+                                            : static_cast<int>(m_shown[static_cast<size_t>(row)]);
+    }
+
+  protected:
+    QString text(int row, int column) const override {
+        const PickerRow& shown = m_rows[m_shown[static_cast<std::size_t>(row)]];
+        return QString::fromStdString(column == 0 ? shown.code : shown.name);
+    }
+
+  private:
+    std::vector<PickerRow> m_rows;
+    std::vector<std::size_t> m_shown;
+};
+
+PickerWindow::PickerWindow(const QString& title, std::vector<PickerRow> rows, QWidget* parent)
+    : DialogFrame(pickerTemplate, parent),
+      m_rows(std::make_unique<PickerRows>(std::move(rows))),
+      m_grid(new CVCF1(title, CVCF1::Unit::row, this)),
+      m_wanted(new QLineEdit(this)) {
+    setWindowTitle(title);
+    resize(openingSize);
+    buildControls();
+}
+
+PickerWindow::~PickerWindow() = default;
+
+void PickerWindow::buildControls() {
+    auto* label = new QLabel(QString::fromUtf8(screen_texts::pickerSearch), this);
+    label->setBuddy(m_wanted);
+    m_grid->setGridModel(m_rows.get());
+    m_grid->horizontalHeader()->setStretchLastSection(true);
+    auto* buttons = new QDialogButtonBox(this);
+    auto* confirm =
+        buttons->addButton(QString::fromUtf8(screen_texts::confirm), QDialogButtonBox::AcceptRole);
+    confirm->setDefault(true);
+    buttons->addButton(QString::fromUtf8(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    auto* search = new QHBoxLayout;
+    search->addWidget(label);
+    search->addWidget(m_wanted);
+    auto* rows = new QVBoxLayout(this);
+    rows->addLayout(search);
+    rows->addWidget(m_grid, 1);
+    rows->addWidget(buttons);
+    connect(m_wanted, &QLineEdit::textChanged, this, &PickerWindow::narrow);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    connect(m_grid, &CVCF1::doubleClicked, this, [this] { EndDialog(Accepted); });
+    connect(m_grid, &CVCF1::keyDown, this, [this](int key) {
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) EndDialog(Accepted);
+    });
+    connect(m_grid, &CVCF1::textTyped, this, [this](const QString& text) {
+        m_wanted->setFocus();
+        m_wanted->setText(text);
+    });
+    m_grid->setFocus();
+}
+
+void PickerWindow::narrow(const QString& wanted) {
+    m_rows->narrow(wanted.trimmed().toStdString());
+    m_grid->setCurrentRow(0);
+}
+
+int PickerWindow::choose(int current) {
+    m_grid->setCurrentRow(std::max(0, current));
+    return DoModal() == Accepted ? m_rows->positionOf(m_grid->currentRow()) : -1;
+}
+
+}  // namespace chengheng

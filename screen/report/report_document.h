@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QPageLayout>
+#include <cstddef>
+#include <functional>
+#include <span>
+
+#include "report/engine/report_pages.h"
+#include "screen/report/paper_fonts.h"
+
+class QPainter;
+class QPagedPaintDevice;
+
+namespace chengheng {
+
+/// Told how much of a work is done; false ends the work.
+using WorkProgress = std::function<bool(std::size_t done, std::size_t all)>;
+
+/// A report on pages that can be painted on any device. The report outlives it.
+class ReportDocument {
+  public:
+    explicit ReportDocument(const CReport& report);
+
+    const CReport& report() const { return m_report; }
+    ReportPages& pages() { return m_pages; }
+    const ReportPages& pages() const { return m_pages; }
+    /// Lays out every row; false when the progress ended it.
+    bool layOutAll(const WorkProgress& progress);
+
+    /// Paints a page, counted from 0, its corner at the painter's origin, in paper units.
+    void paint(QPainter& painter, std::size_t page) const;
+    /// Paints pages onto a printer or file, whose paper is set before; false when the device
+    /// failed or the progress ended it.
+    bool paintPages(QPagedPaintDevice& device, std::span<const std::size_t> pages,
+                    const WorkProgress& progress) const;
+    /// Paper and direction, without margins: these are the layout's.
+    QPageLayout paper() const;
+    /// What a page reads, a row a line, cells parted by tabs, for whoever cannot see the picture.
+    QString readText(std::size_t page) const;
+
+  private:
+    void paintText(QPainter& painter, const DrawnText& text) const;
+
+    const CReport& m_report;
+    PaperMeasure m_measure;
+    ReportPages m_pages;
+};
+
+}  // namespace chengheng

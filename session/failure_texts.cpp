@@ -1,0 +1,112 @@
+#include "session/failure_texts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "data/engines/open_engine.h"
+
+namespace chengheng {
+namespace {
+
+/// Texts with {} where the file or address goes.
+struct FailureText {
+    Failure failure;
+    const char* file;
+    const char* server;
+};
+
+constexpr std::array bookTexts{
+    FailureText{Failure::missing,
+                "找不到帐套文件“{}”。\n请检查路径是否正确;文件若已丢失,请用备份恢复。",
+                "服务器上找不到帐套“{}”。\n请检查地址中的数据库名和 schema 名是否正确。"},
+    FailureText{Failure::foreign, "文件“{}”不是帐套文件,没有打开。\n请选择帐套文件 Nbzw.db。",
+                "“{}”中存放的不是帐套,没有打开。\n请检查地址中的数据库名和 schema 名。"},
+    FailureText{
+        Failure::damaged,
+        "帐套文件“{}”已损坏,没有作任何改动。\n请先另外保存一份该文件,再用最近的备份恢复。",
+        "服务器报告帐套“{}”的数据已损坏,没有作任何改动。\n请联系服务器管理员,用最近的备份恢复。"},
+    FailureText{Failure::readOnly,
+                "没有权限读写帐套文件“{}”。\n请检查文件和所在文件夹的属主、权限以及磁盘是否只读。",
+                "服务器拒绝写入帐套“{}”。\n请联系服务器管理员,检查用户权限以及服务器是否只读。"},
+    FailureText{Failure::newerVersion,
+                "帐套文件“{}”由更新版本的程序建立,本程序不能打开。\n请升级本程序后再打开。",
+                "帐套“{}”由更新版本的程序建立,本程序不能打开。\n请升级本程序后再打开。"},
+    FailureText{Failure::unreachable, "无法打开帐套文件“{}”。\n请检查路径是否正确。",
+                "无法连接服务器“{}”。\n请检查地址、端口、用户名、口令和网络,并确认服务器已启动。"},
+    FailureText{
+        Failure::lost,
+        "读写帐套文件“{}”时中断,本次操作没有完成,已保存的数据不受影响。\n请检查磁盘后重试。",
+        "与服务器“{}”的连接中断,本次操作没有完成,已保存的数据不受影响。\n"
+        "请检查网络和服务器后重试,程序会自动重新连接。"},
+    FailureText{Failure::full, "磁盘空间不足,帐套文件“{}”没有改动。\n请清理磁盘空间后重试。",
+                "服务器“{}”的磁盘空间不足,数据没有改动。\n请联系服务器管理员清理空间后重试。"},
+    FailureText{Failure::busy, "帐套文件“{}”正被其他程序占用。\n请稍后重试。",
+                "服务器上的帐套“{}”正被其他用户占用。\n请稍后重试。"},
+    FailureText{Failure::unreadable, "帐套文件“{}”的操作语句无法识别,数据没有改动。",
+                "帐套“{}”的操作语句无法识别,数据没有改动。"},
+    FailureText{Failure::refused,
+                "对帐套文件“{}”的操作被拒绝,数据没有改动。\n请检查路径是否正确、文件是否已存在。",
+                "服务器拒绝了对帐套“{}”的操作,数据没有改动。\n请检查地址、用户权限以及 schema "
+                "是否已存在。"},
+    FailureText{Failure::notOpen, "帐套文件“{}”没有打开。\n请先打开帐套。",
+                "帐套“{}”没有打开。\n请先打开帐套。"},
+    FailureText{Failure::crossedWait,
+                "帐套文件“{}”的两个操作互相等待,本次操作已取消。\n请稍后重试。",
+                "帐套“{}”的两个工作站互相等待,本次操作已取消。\n请稍后重试。"},
+    FailureText{Failure::cancelled, "对帐套文件“{}”的等待已取消。", "对帐套“{}”的等待已取消。"},
+};
+
+constexpr const char* registryDamaged =
+    "帐套列表文件“{}”已损坏,没有改动它。\n请修复或移走该文件;帐套本身不受影响,仍可按路径打开。";
+constexpr const char* registryNewer =
+    "帐套列表文件“{}”由更新版本的程序建立,没有改动它。\n请升级本程序。";
+constexpr const char* registryOther =
+    "无法读写帐套列表文件“{}”。\n请检查所在文件夹的权限和磁盘空间。";
+constexpr const char* passwordFileMissing = "找不到口令文件“{}”。\n请检查路径是否正确。";
+constexpr const char* passwordFileOther =
+    "无法读取口令文件“{}”。\n请检查文件权限;口令应写在第一行,不超过 1024 个字节。";
+constexpr const char* detailLine = "\n详细信息:{}";
+
+const char* formatFor(Failure failure, bool isServer, FailureSubject subject) {
+    if (subject == FailureSubject::passwordFile)
+        return failure == Failure::missing ? passwordFileMissing : passwordFileOther;
+    if (subject == FailureSubject::registry) {
+        if (failure == Failure::damaged) return registryDamaged;
+        return failure == Failure::newerVersion ? registryNewer : registryOther;
+    }
+    const auto found = std::ranges::find(bookTexts, failure, &FailureText::failure);
+    if (found == bookTexts.end()) return "{}";
+    return isServer ? found->server : found->file;
+}
+
+/// Failures that say what is the matter by themselves; of the others a helper needs the
+/// engine's own words.
+bool isClearWithoutDetail(Failure failure) {
+    constexpr std::array clear{Failure::missing, Failure::foreign,     Failure::newerVersion,
+                               Failure::notOpen, Failure::crossedWait, Failure::cancelled};
+    return std::ranges::find(clear, failure) != clear.end();
+}
+
+/// On one line, for a message box.
+std::string oneLine(std::string_view text) {
+    std::string line(text);
+    std::ranges::replace_if(
+        line, [](char letter) { return letter == '\n' || letter == '\r'; }, ' ');
+    while (line.ends_with(' ')) line.pop_back();
+    return line;
+}
+
+}  // namespace
+
+std::string failureText(const Status& status, std::string_view location, FailureSubject subject) {
+    const char* format = formatFor(status.failure, isServerAddress(location), subject);
+    std::string text = fmt::format(fmt::runtime(format), shownLocation(location));
+    const std::string detail = oneLine(status.detail);
+    if (!detail.empty() && !isClearWithoutDetail(status.failure))
+        text += fmt::format(detailLine, detail);
+    return text;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/values/status.h"
+
+namespace chengheng {
+
+/// What was being worked on when something failed.
+enum class FailureSubject { books, registry, passwordFile };
+
+/// What the operator is told about a failure: which file or server, what is the matter with
+/// it, and what to do. The location may carry a password; the text does not.
+std::string failureText(const Status& status, std::string_view location,
+                        FailureSubject subject = FailureSubject::books);
+
+}  // namespace chengheng

@@ -1,0 +1,33 @@
+#include "session/host_globals.h"
+
+#include <utility>
+
+const char* g_lpszNbZwSetName = "";
+std::int32_t g_lAccountId = 0;
+const char* g_lpArgument = "";
+const CDivideWInfo* g_lpLogonUserInfo = nullptr;
+SystemTime g_tmLogonTime;
+
+namespace chengheng {
+
+HostSession::HostSession(SessionFacts facts) : m_facts(std::move(facts)) {
+    g_pDB = m_facts.database;
+    g_lpszNbZwDBName = m_facts.databaseName.c_str();
+    g_lpszNbZwSetName = m_facts.setName.c_str();
+    g_lAccountId = m_facts.accountId;
+    g_lpArgument = m_facts.launchArgument.c_str();
+    g_lpLogonUserInfo = &m_facts.logonUser;
+    g_tmLogonTime = m_facts.logonTime;
+}
+
+HostSession::~HostSession() {
+    g_pDB = nullptr;
+    g_lpszNbZwDBName = "";
+    g_lpszNbZwSetName = "";
+    g_lAccountId = 0;
+    g_lpArgument = "";
+    g_lpLogonUserInfo = nullptr;
+    g_tmLogonTime = {};
+}
+
+}  // namespace chengheng

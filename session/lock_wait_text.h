@@ -1,0 +1,16 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "data/engine/lock_service.h"
+
+namespace chengheng {
+
+/// Who keeps us waiting, since when and in which function, for the operator to read.
+std::string lockWaitText(const LockHolder& holder);
+
+/// "12 秒", "3 分 05 秒": how long the wait has lasted.
+std::string waitedText(std::chrono::milliseconds waited);
+
+}  // namespace chengheng

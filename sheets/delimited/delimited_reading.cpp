@@ -1,0 +1,67 @@
+#include <utility>
+
+#include "base/values/utf8.h"
+#include "sheets/delimited/delimited_reader.h"
+#include "sheets/delimited/delimited_text.h"
+#include "sheets/sheet_budget.h"
+#include "sheets/sheet_texts.h"
+#include "sheets/text_encoding.h"
+
+namespace chengheng {
+namespace {
+
+std::size_t textSize(const SheetRow& row) {
+    std::size_t size = 0;
+    for (const Cell& cell : row) size += cell.text.size();
+    return size;
+}
+
+SheetOutcome readRows(DelimitedReader& reader, Sheet& sheet) {
+    SheetBudget budget;
+    SheetRow row;
+    while (reader.next(row)) {
+        SheetOutcome failure = budget.take(row.size(), textSize(row));
+        if (!failure) failure = budget.append(sheet, std::move(row));
+        if (failure) return failure;
+    }
+    return reader.failure();
+}
+
+/// Leaves no half of a sheet behind.
+SheetOutcome finished(SheetOutcome failure, Sheet& sheet) {
+    if (failure) sheet = Sheet();
+    return failure;
+}
+
+/// Where the text stops, as the cell that is being read there.
+SheetFailure unknownEncodingAfter(const DelimitedReader& reader, std::string_view text) {
+    const bool isLineBegun = !text.empty() && text.back() != '\n' && text.back() != '\r';
+    SheetFailure failure{.reason = sheet_texts::unknownEncoding};
+    failure.row = reader.rowCount() + (isLineBegun ? 0 : 1);
+    failure.column = isLineBegun ? reader.cellCount() : 1;
+    return failure;
+}
+
+}  // namespace
+
+SheetOutcome readCsv(std::string_view bytes, Sheet& sheet) {
+    sheet = Sheet();
+    std::string text;
+    const bool isWhole = decodeText(bytes, text);
+    DelimitedReader reader(text, separatorOf(text), LoneQuotes::refuse);
+    SheetOutcome failure = readRows(reader, sheet);
+    if (!isWhole && !failure) failure = unknownEncodingAfter(reader, text);
+    // A quote left open by a text that breaks off is not what is the matter with it.
+    if (!isWhole && failure && failure->reason == sheet_texts::quoteNotClosed)
+        failure->reason = sheet_texts::unknownEncoding;
+    return finished(std::move(failure), sheet);
+}
+
+SheetOutcome readClipboardBlock(std::string_view text, Sheet& sheet) {
+    sheet = Sheet();
+    if (!isUtf8(text)) return SheetFailure{.reason = sheet_texts::unknownEncoding};
+    DelimitedReader reader(text, '\t', LoneQuotes::keep);
+    return finished(readRows(reader, sheet), sheet);
+}
+
+}  // namespace chengheng

@@ -1,0 +1,53 @@
+#include "shell/form_style.h"
+
+#include <QIcon>
+#include <QPushButton>
+
+#include "screen/resources.h"
+#include "shell/shell_texts.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int pictureSize = 48;
+constexpr double titleScale = 1.5;
+
+void quieten(QLabel* label) {
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, palette.color(QPalette::PlaceholderText));
+    label->setPalette(palette);
+}
+
+}  // namespace
+
+void styleHeading(QLabel* picture, QLabel* title, QLabel* hint) {
+    picture->setPixmap(
+        applicationIcon().pixmap(QSize(pictureSize, pictureSize), picture->devicePixelRatio()));
+    QFont font = title->font();
+    font.setPointSizeF(font.pointSizeF() * titleScale);
+    font.setBold(true);
+    title->setFont(font);
+    quieten(hint);
+}
+
+void styleHint(QLabel* hint) {
+    hint->setTextFormat(Qt::PlainText);
+    hint->setWordWrap(true);
+    quieten(hint);
+}
+
+void widen(QWidget* form, int characters) {
+    form->setMinimumWidth(form->fontMetrics().horizontalAdvance("帐") * characters);
+}
+
+void nameButtons(QDialogButtonBox* buttons, const char* acceptText) {
+    QPushButton* accept = buttons->button(QDialogButtonBox::Ok);
+    accept->setText(acceptText);
+    accept->setDefault(true);
+    QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
+    cancel->setText(shell_texts::cancel);
+    cancel->setAutoDefault(false);
+    for (QPushButton* button : {accept, cancel}) button->setIcon(QIcon());
+}
+
+}  // namespace chengheng

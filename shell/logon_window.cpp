@@ -1,0 +1,183 @@
+#include "shell/logon_window.h"
+
+#include <QSettings>
+#include <QTimer>
+
+#include "base/system/owned_files.h"
+#include "base/system/workstation.h"
+#include "books/logon/known_books.h"
+#include "books/logon/password_file.h"
+#include "data/engines/open_engine.h"
+#include "data/lookups/CGetData.h"
+#include "screen/background_work.h"
+#include "screen/enter_moves_on.h"
+#include "screen/guarded.h"
+#include "session/failure_texts.h"
+#include "shell/form_style.h"
+#include "shell/new_books_window.h"
+#include "shell/open_books_window.h"
+#include "shell/shell_texts.h"
+#include "ui_logon_window.h"
+
+namespace chengheng {
+namespace {
+
+constexpr const char* lastBooks = "lastBooks";
+constexpr const char* lastOperator = "lastOperator";
+
+QSettings memoryOf(const BooksRegistry& registry) {
+    return {QString::fromStdString(registry.folder() + "/shell.ini"), QSettings::IniFormat};
+}
+
+QDate dateOf(const Date& day) { return {day.year, day.month, day.day}; }
+
+Date dateOf(const QDate& day) {
+    return {static_cast<std::int16_t>(day.year()), static_cast<std::uint8_t>(day.month()),
+            static_cast<std::uint8_t>(day.day())};
+}
+
+}  // namespace
+
+LogonWindow::LogonWindow(BooksSession& session, const BooksRegistry& registry, IMessages& messages,
+                         const LaunchOptions& options)
+    : m_session(session),
+      m_registry(registry),
+      m_messages(messages),
+      m_launchArgument(options.launchArgument),
+      m_ui(std::make_unique<Ui::LogonWindow>()) {
+    m_ui->setupUi(this);
+    setUpFields();
+    loadChoices();
+    showChoices(options.books.empty() ? rememberedChoice()
+                                      : choiceOf(m_choices, locationOfBooks(options.books)));
+    m_ui->operatorName->setText(options.operatorName.empty()
+                                    ? memoryOf(m_registry).value(lastOperator).toString()
+                                    : QString::fromStdString(options.operatorName));
+    if (options.date) {
+        m_isDateGiven = true;
+        m_ui->date->setDate(dateOf(*options.date));
+    }
+}
+
+LogonWindow::~LogonWindow() = default;
+
+void LogonWindow::setUpFields() {
+    styleHeading(m_ui->picture, m_ui->headingTitle, m_ui->headingHint);
+    widen(this, 32);
+    nameButtons(m_ui->buttons, shell_texts::logon);
+    m_ui->date->setDate(dateOf(today()));
+    new EnterMovesOn(this, {m_ui->location, m_ui->operatorName, m_ui->password});
+    connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &LogonWindow::accept);
+    connect(m_ui->buttons, &QDialogButtonBox::rejected, this, &LogonWindow::reject);
+    connect(m_ui->openOther, &QPushButton::clicked, this,
+            [this] { runGuarded(m_messages, windowTitle(), [this] { openOther(); }); });
+    connect(m_ui->makeNew, &QPushButton::clicked, this,
+            [this] { runGuarded(m_messages, windowTitle(), [this] { makeNew(); }); });
+    connect(m_ui->location, &QComboBox::currentIndexChanged, this, &LogonWindow::suggestDate);
+}
+
+void LogonWindow::loadChoices() {
+    std::vector<BooksSet> sets;
+    m_listStatus = m_registry.read(sets);
+    m_choices = logonChoices(sets);
+}
+
+std::size_t LogonWindow::rememberedChoice() const {
+    const std::string last = memoryOf(m_registry).value(lastBooks).toString().toStdString();
+    const auto isLast = [&](const LogonChoice& choice) {
+        return shownLocation(choice.location) == last;
+    };
+    const auto found = std::ranges::find_if(m_choices, isLast);
+    return found == m_choices.end() ? 0 : static_cast<std::size_t>(found - m_choices.begin());
+}
+
+void LogonWindow::showChoices(std::size_t selected) {
+    m_ui->location->clear();
+    for (const LogonChoice& choice : m_choices) {
+        m_ui->location->addItem(QString::fromStdString(choice.label));
+        const QString place = QString::fromStdString(shownLocation(choice.location));
+        m_ui->location->setItemData(m_ui->location->count() - 1, place, Qt::ToolTipRole);
+    }
+    if (!m_choices.empty()) m_ui->location->setCurrentIndex(static_cast<int>(selected));
+}
+
+void LogonWindow::suggestDate() {
+    const int index = m_ui->location->currentIndex();
+    if (index < 0 || m_isDateGiven) return;
+    const int year = m_choices[static_cast<std::size_t>(index)].year;
+    if (year != 0) m_ui->date->setDate(dateOf(daysOfYear(year).nearest(today())));
+}
+
+void LogonWindow::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (m_wasShown) return;
+    m_wasShown = true;
+    QWidget* first = m_choices.empty()                      ? static_cast<QWidget*>(m_ui->makeNew)
+                     : m_ui->operatorName->text().isEmpty() ? m_ui->operatorName
+                                                            : m_ui->password;
+    first->setFocus();
+    if (!m_listStatus) QTimer::singleShot(0, this, &LogonWindow::tellFailureToOpenList);
+}
+
+void LogonWindow::tellFailureToOpenList() {
+    m_messages.tell({.text = failureText(m_listStatus, m_registry.path(), FailureSubject::registry),
+                     .icon = MessageIcon::warning});
+}
+
+void LogonWindow::openOther() {
+    OpenBooksWindow window(m_messages, this);
+    if (window.exec() != QDialog::Accepted) return;
+    const _zAccountMInfo& parameters = window.parameters();
+    // A list that cannot be written has been told of; the books are opened all the same.
+    static_cast<void>(rememberBooks(m_registry, window.location(), parameters).isDone());
+    loadChoices();
+    std::size_t position = choiceOf(m_choices, window.location());
+    m_choices[position].year = parameters.lYear;
+    m_isDateGiven = false;
+    showChoices(position);
+    m_ui->operatorName->setFocus();
+}
+
+void LogonWindow::makeNew() {
+    NewBooksWindow window(m_registry, m_messages, this);
+    if (window.exec() != QDialog::Accepted) return;
+    loadChoices();
+    m_isDateGiven = false;
+    showChoices(choiceOf(m_choices, window.created().year.location));
+    m_ui->operatorName->setText(window.supervisor());
+    m_ui->password->clear();
+    m_ui->password->setFocus();
+}
+
+void LogonWindow::accept() {
+    runGuarded(m_messages, windowTitle(), [this] { logOn(); });
+}
+
+void LogonWindow::logOn() {
+    const int index = m_ui->location->currentIndex();
+    LogonRequest request;
+    if (index >= 0) request.location = m_choices[static_cast<std::size_t>(index)].location;
+    request.operatorName = m_ui->operatorName->text().toStdString();
+    request.password = m_ui->password->text().toStdString();
+    request.date = dateOf(m_ui->date->date());
+    request.launchArgument = m_launchArgument;
+    std::optional<Refusal> refusal;
+    runBesidePainting([&] { refusal = m_session.logOn(request); });
+    if (refusal) {
+        m_messages.tell(refusal->notice);
+        return;
+    }
+    m_ui->password->clear();
+    rememberLogon();
+    QDialog::accept();
+}
+
+void LogonWindow::rememberLogon() {
+    // What is remembered only spares typing; without it nothing else suffers.
+    if (!makeOwnedFolder(m_registry.folder())) return;
+    QSettings memory = memoryOf(m_registry);
+    memory.setValue(lastBooks, QString::fromStdString(m_session.shownLocation()));
+    memory.setValue(lastOperator, m_ui->operatorName->text());
+}
+
+}  // namespace chengheng

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <vector>
+
+#include "base/messages/messages.h"
+#include "books/list/books_registry.h"
+#include "books/logon/books_session.h"
+#include "books/logon/launch_options.h"
+#include "books/logon/logon_choices.h"
+
+namespace Ui {
+class LogonWindow;
+}
+
+namespace chengheng {
+
+/// Asks for a set of books, an operator, a password and a date, and logs on. Accepted only
+/// once the operator is logged on; a refusal leaves it open with the focus on what was wrong.
+class LogonWindow : public QDialog {
+    Q_OBJECT
+  public:
+    /// All but the options outlive the window.
+    LogonWindow(BooksSession& session, const BooksRegistry& registry, IMessages& messages,
+                const LaunchOptions& options);
+    ~LogonWindow() override;
+
+    void accept() override;
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void setUpFields();
+    void loadChoices();
+    void showChoices(std::size_t selected);
+    void suggestDate();
+    void openOther();
+    void makeNew();
+    void tellFailureToOpenList();
+    std::size_t rememberedChoice() const;
+    void logOn();
+    void rememberLogon();
+
+    BooksSession& m_session;
+    const BooksRegistry& m_registry;
+    IMessages& m_messages;
+    const std::string m_launchArgument;
+    std::unique_ptr<Ui::LogonWindow> m_ui;
+    std::vector<LogonChoice> m_choices;
+    Status m_listStatus;
+    bool m_isDateGiven = false;  ///< by the operator; no longer to be suggested
+    bool m_wasShown = false;
+};
+
+}  // namespace chengheng

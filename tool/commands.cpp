@@ -1,0 +1,52 @@
+#include "tool/commands.h"
+
+#include <ostream>
+
+#include "books/logon/books_session.h"
+#include "data/engines/open_engine.h"
+#include "data/layout/layout.h"
+#include "session/failure_texts.h"
+
+namespace chengheng {
+
+std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location) {
+    std::unique_ptr<Engine> engine;
+    Status status = openEngine(locationOfBooks(location), OpenMode::existing, engine);
+    if (status) status = checkLayout(*engine);
+    if (status) return engine;
+    tellFailure(tool, status, location);
+    return nullptr;
+}
+
+ExitCode exitCodeOf(Outcome outcome) {
+    switch (outcome) {
+        case Outcome::done:
+            return ExitCode::done;
+        case Outcome::refused:
+            return ExitCode::wrongInput;
+        case Outcome::stale:
+        case Outcome::failed:
+            break;
+    }
+    return ExitCode::failed;
+}
+
+ExitCode tellFailure(Tool& tool, const Status& status, const std::string& location) {
+    tool.err << failureText(status, location) << '\n';
+    return ExitCode::failed;
+}
+
+ExitCode tellRefusal(Tool& tool, const Refusal& refusal) {
+    tool.err << refusal.notice.text << '\n';
+    switch (refusal.kind) {
+        case RefusalKind::wrongInput:
+            return ExitCode::wrongInput;
+        case RefusalKind::alreadyThere:
+            return ExitCode::targetExists;
+        case RefusalKind::failed:
+            break;
+    }
+    return ExitCode::failed;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,154 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <ostream>
+
+#include "accounts/printing/chart_list.h"
+#include "books/checking/books_summary.h"
+#include "currency/currency_list.h"
+#include "data/access/host_database.h"
+#include "data/engine/engine.h"
+#include "data/lookups/cached_records.h"
+#include "report/engine/report_run.h"
+#include "report/output/report_sheet.h"
+#include "session/last_failure.h"
+#include "session/open_books.h"
+#include "settle/settlement_list.h"
+#include "sheets/files/sheet_files.h"
+#include "tool/commands.h"
+#include "tool/pdf_program.h"
+#include "tool/tool_session.h"
+#include "tool/tool_texts.h"
+#include "vouchertype/voucher_type_list.h"
+
+namespace chengheng {
+namespace {
+
+struct PrintOptions {
+    std::string list;
+    std::string books;
+    std::string pdf;
+    std::string xlsx;
+    std::string csv;
+    std::string currency;
+    int month = 0;  ///< 0: the whole year
+
+    const std::string& file() const { return !pdf.empty() ? pdf : !xlsx.empty() ? xlsx : csv; }
+    auto fileCount() const { return int{!pdf.empty()} + int{!xlsx.empty()} + int{!csv.empty()}; }
+};
+
+struct NamedList {
+    std::string_view name;
+    bool isOfCurrency;
+    bool isOfDays;  ///< of the whole year or of a month
+    PrintedList (*list)(const PrintOptions& options, const _CyrencyInfo& currency);
+};
+
+using Options = PrintOptions;
+using Currency = _CyrencyInfo;
+constexpr std::array lists{
+    NamedList{"settle", false, false,
+              [](const Options&, const Currency&) { return settlementList(); }},
+    NamedList{"sign", false, false,
+              [](const Options&, const Currency&) { return voucherTypeList(); }},
+    NamedList{"currency", false, false,
+              [](const Options&, const Currency&) { return currencyList(); }},
+    NamedList{"fixed-rates", true, false,
+              [](const Options&, const Currency& currency) {
+                  return rateList(RateKind::fixed, currency);
+              }},
+    NamedList{"floating-rates", true, true,
+              [](const Options& options, const Currency& currency) {
+                  return rateList(RateKind::floating, currency, options.month);
+              }},
+    NamedList{"accounts", false, false,
+              [](const Options&, const Currency&) { return chartList(); }},
+};
+
+ExitCode tell(Tool& tool, ExitCode code, const char* text, const std::string& value = {}) {
+    tool.err << fmt::format(fmt::runtime(text), value) << '\n';
+    return code;
+}
+
+ExitCode writeFile(Tool& tool, const PrintOptions& options, const CReport& report) {
+    if (!options.pdf.empty()) return tool.writePdf(tool, report, options.pdf);
+    const Sheet sheet = sheetOf(report);
+    const auto failure =
+        options.xlsx.empty() ? writeCsv(sheet, options.csv) : writeXlsx(sheet, options.xlsx);
+    if (!failure) return ExitCode::done;
+    tool.err << failure->text() << '\n';
+    return ExitCode::failed;
+}
+
+ExitCode writeList(Tool& tool, const PrintOptions& options, const PrintedList& list) {
+    Report report;
+    auto notice = makeListReport(list, report);
+    ExitCode code = ExitCode::failed;
+    if (!notice)
+        notice = runReport(report,
+                           [&](const CReport& engine) { code = writeFile(tool, options, engine); });
+    if (notice) tool.err << notice->text << '\n';
+    if (code == ExitCode::done)
+        tool.out << fmt::format(fmt::runtime(tool_texts::reportWritten), report.title,
+                                options.file())
+                 << '\n';
+    return code;
+}
+
+ExitCode printOpenBooks(Tool& tool, const PrintOptions& options, const NamedList& named) {
+    if (!selectOpenBooks()) {
+        tool.err << lastFailureText() << '\n';
+        return ExitCode::failed;
+    }
+    const BookLookups lookups(g_lpszNbZwDBName);
+    if (!lookups.status()) return tellFailure(tool, lookups.status(), options.books);
+    if (!named.isOfCurrency) return writeList(tool, options, named.list(options, {}));
+    const auto currency =
+        std::ranges::find(cachedCurrencies(), options.currency, &_CyrencyInfo::sExchCode);
+    if (currency == cachedCurrencies().end())
+        return tell(tool, ExitCode::wrongInput, tool_texts::currencyUnknown, options.currency);
+    return writeList(tool, options, named.list(options, *currency));
+}
+
+ExitCode print(Tool& tool, const PrintOptions& options) {
+    if (options.fileCount() != 1) return tell(tool, ExitCode::wrongUsage, tool_texts::onePrintFile);
+    const auto named = std::ranges::find(lists, options.list, &NamedList::name);
+    if (named == lists.end())
+        return tell(tool, ExitCode::wrongInput, tool_texts::unknownList, options.list);
+    if (named->isOfCurrency && options.currency.empty())
+        return tell(tool, ExitCode::wrongUsage, tool_texts::currencyMissing);
+    if (!named->isOfCurrency && !options.currency.empty())
+        return tell(tool, ExitCode::wrongUsage, tool_texts::currencyUnused, options.list);
+    if (!named->isOfDays && options.month != 0)
+        return tell(tool, ExitCode::wrongUsage, tool_texts::monthUnused, options.list);
+    if (!options.pdf.empty() && !tool.writePdf) return runPdfProgram(tool);
+    auto engine = openBooks(tool, options.books);
+    if (engine == nullptr) return ExitCode::failed;
+    BooksSummary books;
+    if (const Status status = readBooksSummary(*engine, books); !status)
+        return tellFailure(tool, status, options.books);
+    const ToolSession session(std::move(engine), options.books, books.name);
+    return printOpenBooks(tool, options, *named);
+}
+
+}  // namespace
+
+void addPrintCommand(CLI::App& app, Tool& tool) {
+    const auto options = std::make_shared<PrintOptions>();
+    CLI::App* command = app.add_subcommand("print", tool_texts::printCommand);
+    command->add_option("LIST", options->list, tool_texts::listArgument)->required();
+    command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
+    command->add_option("--pdf", options->pdf, tool_texts::pdfOption);
+    command->add_option("--xlsx", options->xlsx, tool_texts::xlsxOption);
+    command->add_option("--csv", options->csv, tool_texts::csvOption);
+    command->add_option("--currency", options->currency, tool_texts::currencyOption);
+    command->add_option("--month", options->month, tool_texts::monthOption)
+        ->check(CLI::Range(1, 12));
+    command->callback(
+        [&tool, options] { tool.action = [&tool, options] { return print(tool, *options); }; });
+}
+
+}  // namespace chengheng

@@ -1,0 +1,31 @@
+#include "tool/tool_session.h"
+
+#include <ostream>
+
+#include "data/engine/engine.h"
+#include "data/engines/open_engine.h"
+
+namespace chengheng {
+namespace {
+
+constexpr const char* databaseName = "books";
+
+}  // namespace
+
+void ToolMessages::tell(const Notice& notice) { m_tool.err << notice.text << '\n'; }
+
+Answer ToolMessages::ask(const Question& question) {
+    m_tool.err << question.text << '\n';
+    if (question.buttons == AnswerButtons::okCancel)
+        return m_acceptsAll ? Answer::ok : Answer::cancel;
+    return m_acceptsAll ? Answer::yes : Answer::no;
+}
+
+ToolSession::ToolSession(std::unique_ptr<Engine> engine, const std::string& location,
+                         const std::string& setName)
+    : m_session(
+          SessionFacts{.database = &m_database, .databaseName = databaseName, .setName = setName}) {
+    m_database.adopt(std::move(engine), shownLocation(location).c_str(), databaseName);
+}
+
+}  // namespace chengheng

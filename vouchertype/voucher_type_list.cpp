@@ -1,0 +1,54 @@
+#include "vouchertype/voucher_type_list.h"
+
+#include <array>
+
+#include "report/engine/print_texts.h"
+#include "report/output/list_fields.h"
+#include "report/output/list_reading.h"
+#include "report/output/print_sql.h"
+#include "report/output/print_templates.h"
+
+namespace chengheng {
+namespace {
+
+constexpr std::array limitTexts{print_texts::debitRequired, print_texts::creditRequired,
+                                print_texts::bothForbidden};
+
+/// Absent for a type without restriction.
+ReportCell limitCell(const _SignInfo& type) {
+    const bool isLimited = type.byLimit >= 1 && type.byLimit <= limitTexts.size();
+    return isLimited ? ReportCell(limitTexts[type.byLimit - 1U]) : ReportCell();
+}
+
+ReportCell filledCell(const std::string& text) {
+    return text.empty() ? ReportCell() : ReportCell(text);
+}
+
+constexpr std::array fields{
+    ListField<_SignInfo>{"sSign", Alignment::left,
+                         [](const _SignInfo& type) { return ReportCell(type.sSign); }},
+    ListField<_SignInfo>{"sSignName", Alignment::left,
+                         [](const _SignInfo& type) { return ReportCell(type.sSignName); }},
+    ListField<_SignInfo>{"byLimit", Alignment::left, limitCell},
+    ListField<_SignInfo>{"sCode1", Alignment::left,
+                         [](const _SignInfo& type) { return filledCell(type.sCode1); }},
+    ListField<_SignInfo>{"sCode2", Alignment::left,
+                         [](const _SignInfo& type) { return filledCell(type.sCode2); }},
+};
+
+}  // namespace
+
+void addVoucherTypes(Report& report, std::span<const _SignInfo> types) {
+    addRows<_SignInfo>(report, fields, types);
+}
+
+PrintedList voucherTypeList() {
+    return {voucherTypeTemplate, ColumnSource::position, [](Report& report) {
+                std::vector<_SignInfo> types;
+                if (!readForList(print_sql::inOrderOfIds, types)) return false;
+                addVoucherTypes(report, types);
+                return true;
+            }};
+}
+
+}  // namespace chengheng
