@@ -34,6 +34,9 @@ endif()
 
 # Compiles a target's sources together, its common headers once for all targets of one kind.
 function(compile_together target headers)
+    if(NOT CHENGHENG_TOGETHER)
+        return()
+    endif()
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
     get_property(first GLOBAL PROPERTY HOUSE_${headers})
     if(first)

@@ -23,6 +23,9 @@ add_dependencies(test_support test_workstation)
 
 # Some of a layer's sources at a time are compiled together, their common headers once.
 function(compile_tests_together target headers)
+    if(NOT CHENGHENG_TOGETHER)
+        return()
+    endif()
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
     target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/${headers}.h)
 endfunction()
