@@ -78,6 +78,7 @@ struct BooksSession::Candidate {
     _UsersInfo user;
     std::int32_t rightsId = 0;
     Date date;
+    BookRecords records;
     std::int32_t logonId = 0;
 };
 
@@ -107,8 +108,10 @@ std::optional<Refusal> BooksSession::logOn(const LogonRequest& request) {
     const DayRange days = daysOfYear(candidate.parameters.lYear);
     if (std::optional<Refusal> refusal = dateRefusal(request.date, days)) return refusal;
     candidate.date = request.date.value_or(days.nearest(today()));
+    if (!readBookRecords(m_database, candidate.records)) return candidate.failure();
     if (std::optional<Refusal> refusal = enterLogon(candidate)) return refusal;
-    return begin(request, candidate);
+    begin(request, candidate);
+    return std::nullopt;
 }
 
 std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
@@ -171,7 +174,8 @@ std::optional<Refusal> BooksSession::enterLogon(Candidate& candidate) {
     return std::nullopt;
 }
 
-std::optional<Refusal> BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
+/// Nothing in here can fail any more: the session before has ended.
+void BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
     logOff();
     m_database.DBSelect(candidate.name.c_str());
     m_database.setLockIdentity({candidate.user.sUserName, ""});
@@ -188,11 +192,7 @@ std::optional<Refusal> BooksSession::begin(const LogonRequest& request, Candidat
     m_shownLocation = chengheng::shownLocation(candidate.location);
     m_logonId = candidate.logonId;
     candidate.name.clear();
-    m_lookups = std::make_unique<BookLookups>(g_lpszNbZwDBName);
-    if (m_lookups->status()) return std::nullopt;
-    const Status failed = m_lookups->status();
-    logOff();
-    return failureRefusal(failureText(failed, candidate.location), books_field::location);
+    m_lookups = std::make_unique<BookLookups>(std::move(candidate.records));
 }
 
 void BooksSession::logOff() {

@@ -67,7 +67,7 @@ class BooksSession {
     std::optional<Refusal> openBooks(Candidate& candidate);
     std::optional<Refusal> checkOperator(const LogonRequest& request, Candidate& candidate);
     std::optional<Refusal> enterLogon(Candidate& candidate);
-    std::optional<Refusal> begin(const LogonRequest& request, Candidate& candidate);
+    void begin(const LogonRequest& request, Candidate& candidate);
 
     CNbCwDB& m_database;
     WrongTries& m_tries;

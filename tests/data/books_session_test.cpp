@@ -216,6 +216,27 @@ TEST_P(BooksSessions, RefusedChangeOfBooksLeavesTheOpenOnesOpen) {
     EXPECT_EQ(readRows<_LoginInfo>(shell.database, nullptr).size(), 1U);
 }
 
+TEST_P(BooksSessions, ChangeToBooksThatCannotBeReadWholeLeavesTheOpenOnesOpen) {
+    const std::string broken = makeBooks(freshLocation(GetParam()));
+    const auto engine = openForTest(broken, OpenMode::existing);
+    // Prepares like the table of settlement methods, and fails at the first row.
+    ASSERT_TRUE(
+        engine->script("DROP TABLE Settle; CREATE VIEW Settle AS SELECT 1 AS lId, '1' AS sStlId, "
+                       "'' AS sSettle, abs(-9223372036854775807 - sOne.lId) AS bNote "
+                       "FROM (SELECT lId FROM zAccountM) AS sOne"));
+    Shell shell;
+    ASSERT_EQ(shell.refusalOf(requestFor(m_location)), "");
+    const std::string name = g_lpszNbZwDBName;
+    EXPECT_TRUE(shell.refusalOf(requestFor(broken)).starts_with("location|"));
+    EXPECT_TRUE(shell.session.isLoggedOn());
+    EXPECT_EQ(g_lpszNbZwDBName, name);
+    EXPECT_EQ(shell.database.selectedName(), name);
+    EXPECT_EQ(shell.session.shownLocation(), m_shown);
+    EXPECT_GT(CGetData::GetCodeId("1001"), 0);
+    EXPECT_EQ(readRows<_LoginInfo>(shell.database, nullptr).size(), 1U);
+    EXPECT_EQ(readCell(*engine, "SELECT count(*) FROM LoginInfoTbl"), "0");
+}
+
 TEST_P(BooksSessions, ChangeOfBooksEndsTheFirstLogon) {
     NewBooks facts = sampleBooks();
     facts.name = "另一帐套";

@@ -62,7 +62,7 @@ TEST_P(Lookups, LeaveNothingBehindWhenTheBooksAreClosed) {
     EXPECT_EQ(CGetData::m_pzAccountMInfo, nullptr);
     EXPECT_EQ(CGetData::GetCODEINFOByCode("1001"), nullptr);
     EXPECT_EQ(CGetData::GetCYRENCYINFOByExchId(3), nullptr);
-    EXPECT_TRUE(cachedAccounts().empty());
+    EXPECT_TRUE(cachedCurrencies().empty());
 }
 
 TEST_P(Lookups, FailWhenNoParametersAreThere) {
@@ -86,10 +86,8 @@ TEST_P(Lookups, FindAnAccountByItsCode) {
     EXPECT_EQ(CGetData::GetCodeId("9999"), 0);
 }
 
-TEST_P(Lookups, CacheAccountsInCodeOrderWithoutRowsThatAreNone) {
+TEST_P(Lookups, CacheNoRowsThatAreNoAccounts) {
     EXPECT_EQ(CGetData::LoadCODEINFOMemoryMapTable("books"), 2);
-    ASSERT_EQ(cachedAccounts().size(), 2u);
-    EXPECT_EQ(cachedAccounts()[0].sCode, "1001");
     EXPECT_EQ(CGetData::GetCODEINFOByCode("0000"), nullptr);
 }
 
