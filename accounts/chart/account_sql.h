@@ -25,9 +25,6 @@ std::string ofId(int accountId);
 std::string ofMnemonic(std::string_view mnemonic);
 /// The top-level accounts in code order.
 inline constexpr const char* topLevel = "byGrade = 1 AND lId>0 ORDER BY sCode";
-/// The account designated as cash account, the one designated as bank account.
-inline constexpr const char* designatedCash = "bCash <> 0 AND byGrade = 1";
-inline constexpr const char* designatedBank = "bBank <> 0 AND byGrade = 1";
 /// Every account in code order.
 inline constexpr const char* all = "lId > 0 ORDER BY sCode";
 /// Every account class; the table's order is the order of the lists.
