@@ -122,12 +122,13 @@ TEST_P(ContentCopy, FailureOfAnyCallLeavesTheTargetAsItWas) {
     run(target, "INSERT INTO Settle (lId, sStlId) VALUES (5, '9')");
     const auto before = digestsOf(target);
     bool isDone = false;
-    for (int call = 1; !isDone; call += 3) {
+    for (int call = 1; !isDone; ++call) {
         target.failCall(call);
         auto status = target.begin();
         if (status) status = replaceContent(*m_source, target);
         if (status) status = target.commit();
         isDone = status.isDone();
+        EXPECT_EQ(isDone, !target.hasFailed()) << call;
         if (target.inTransaction()) {
             EXPECT_TRUE(target.rollback().isDone());
         }

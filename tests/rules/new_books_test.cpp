@@ -45,12 +45,21 @@ TEST(NewBooks, NameAndCompanyAreAskedFor) {
 }
 
 TEST(NewBooks, LengthOfANameCountsCharactersNotBytes) {
-    NewBooks books = fitBooks();
-    books.name.clear();
-    for (int count = 0; count < 40; ++count) books.name += "帐";
-    EXPECT_EQ(refusalOf(books), "");
-    books.name += "套";
-    EXPECT_EQ(refusalOf(books), "name|帐套名称不能超过40个字");
+    const struct {
+        std::string NewBooks::*name;
+        int longest;
+        const char* refusal;
+    } cases[] = {{&NewBooks::name, 40, "name|帐套名称不能超过40个字"},
+                 {&NewBooks::company, 60, "company|单位名称不能超过60个字"},
+                 {&NewBooks::supervisor, 20, "supervisor|主管姓名不能超过20个字"}};
+    for (const auto& [name, longest, refusal] : cases) {
+        NewBooks books = fitBooks();
+        (books.*name).clear();
+        for (int count = 0; count < longest; ++count) books.*name += "帐";
+        EXPECT_EQ(refusalOf(books), "");
+        books.*name += "套";
+        EXPECT_EQ(refusalOf(books), refusal);
+    }
 }
 
 TEST(NewBooks, YearAndMonthStayInTheCalendar) {

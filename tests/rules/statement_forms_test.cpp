@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/values/text.h"
 #include "data/sql/translation.h"
 
 namespace chengheng {
@@ -38,7 +39,7 @@ TEST(StatementForms, OnlyAListOfIdsIsNotWorthKeeping) {
         BatchReader reader(text);
         ReadStatement statement;
         while (reader.next(statement))
-            EXPECT_EQ(statement.isWorthKeeping, text.find(" in (") == std::string::npos) << text;
+            EXPECT_EQ(statement.isWorthKeeping, !containsInAnyCase(text, " in (")) << text;
     }
 }
 

@@ -2,10 +2,22 @@
 
 #include <initializer_list>
 
+#include "accounts/chart/account_sql.h"
+#include "accounts/chart/where_used_sql.h"
+#include "accounts/screen/chart_sql.h"
+#include "books/demo/demo_sql.h"
+#include "books/making/books_sql.h"
 #include "data/sql/sql_format.h"
+#include "opening/storing/opening_sql.h"
+#include "report/output/print_sql.h"
+#include "session/rights/services_sql.h"
+#include "settle/settle_sql.h"
 
 namespace chengheng {
 namespace {
+
+// What the product writes is asked of the functions that write it; forms written out here are
+// those of functions still to come.
 
 const std::string awkward = "O'Brien_50%\\ \"引号\" “单”\xF0\x9F\x98\x80\r\nDELETE Code\r\n--";
 
@@ -25,42 +37,37 @@ void addCondition(Forms& forms, const std::string& text,
 }
 
 void addCounterBatches(Forms& forms) {
-    addBatch(forms, formatSql("UPDATE ABIdTable Set lLastId = %d Where sTable = 'AccSum'", 24));
-    addBatch(forms, formatSql("Update ABIdTable Set lLastId = %d Where sTable = 'AccSum'", 36));
+    std::string counter;
+    opening_sql::setLastId(counter, 24);
+    addBatch(forms, counter);
+    addBatch(forms, account_sql::setLastAccountId(12));
     addBatch(forms, formatSql("UPDATE ABIdTable Set lLastId = %d Where sTable = 'AssAcc'", 12));
     addBatch(forms, formatSql("UPDATE ABIdTable SET lLastId = %d WHERE sTable = 'UserAuth' or "
                               "sTable = 'Users'",
                               9));
     addBatch(forms, formatSql("UPDATE ABIdTable SET lLastId = %d  WHERE sTable = 'ExchgFlt'", 365));
-    addBatch(forms, formatSql("BEGIN TRANSACTION xiugai\r\n"
-                              "Update ABIdTable Set lLastId = %d Where sTable = 'RegMain'\r\n"
-                              "Update ABIdTable Set lLastId = %d Where sTable = 'RegSub'\r\n"
-                              "Update ABIdTable Set lLastId = %d Where sTable = 'UnRegMain'\r\n"
-                              "Update ABIdTable Set lLastId = %d Where sTable = 'UnRegSub'\r\n"
-                              "COMMIT TRANSACTION xiugai",
-                              7, 8, 7, 8));
+    addBatch(forms, demo_sql::voucherCounters(7, 8));
 }
 
 void addCodeBatches(Forms& forms) {
-    addBatch(forms, formatSql("Update Code Set bEnd = 1 Where sCode = '%s'", awkward));
-    addBatch(forms,
-             formatSql("Update Code Set bCash = 0, bBank = 0\r\n"
-                       "Update Code Set bCash = 1, sAssBook = 'R' Where sCode Like '%s%%'\r\n"
-                       "Update Code Set bBank = 1, sAssBook = 'RE' Where sCode Like '%s%%'\r\n",
-                       "1001", "1002"));
+    _CodeInfo account;
+    account.sCode = account.sName = account.sUnit = awkward;
+    addBatch(forms, account_sql::addAccounts(std::array{account, account}, 101));
+    addBatch(forms, account_sql::makeEndAccount(awkward));
+    addBatch(forms, account_sql::designation("1001", "1002"));
+    addBatch(forms, demo_sql::projectItem("01", 9, "009", awkward));
 }
 
+const Balances balances{{{.yearStart = 1234.56, .debit = 2, .credit = 3, .opening = 1233.56},
+                         {.yearStart = 2.5, .debit = 5, .credit = 6, .opening = 1.5},
+                         {.yearStart = -0.01, .debit = 8, .credit = 9, .opening = -1.01}}};
+
 void addAccSumInserts(Forms& forms) {
-    addBatch(forms, formatSql("INSERT AccSum Values( %d, %d, %d, %lf, 0.00, 0.00, %lf, 0.00, 0.00, "
-                              "%lf, 0.00, 0.00 )\n",
-                              101, 5, 1, 1234.56, 2.5, -0.01));
-    addBatch(forms, formatSql("INSERT AccSum Values( %d, %d, %d, %lf, %lf, %lf, 0.00, 0.00, 0.00, "
-                              "0.00, 0.00, 0.00 )\n",
-                              102, 5, 1, 1.0, 2.0, 3.0));
-    addBatch(forms,
-             formatSql("INSERT AccSum Values( %d, %d, %d, %lf, 0.00, 0.00, 0.00, 0.00, 0.00, "
-                       "0.00, 0.00, 0.00 )\n",
-                       103, 5, 2, -1.0));
+    std::string batch;
+    opening_sql::insertOpening(batch, 101, 5, 1, balances);
+    opening_sql::insertFirstPeriod(batch, 102, 5, balances[0]);
+    opening_sql::insertOpeningMoney(batch, 103, 5, 2, -1.0);
+    addBatch(forms, batch);
     addBatch(forms, formatSql("INSERT AccSum Values( %d, %d, %d, %lf, %lf, %lf, %lf, %lf, %lf, "
                               "%lf, 0.00, 0.00 )\n",
                               104, 5, 3, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0));
@@ -71,20 +78,19 @@ void addAccSumInserts(Forms& forms) {
 }
 
 void addAccSumChanges(Forms& forms) {
-    addBatch(forms, formatSql("Update AccSum Set mBegin = %lf, mFgnBegin = %lf, dAmtBegin = %lf "
-                              "Where lCodeId = %d\n",
-                              99.99, -1.0, 0.5, 5));
+    std::string batch;
+    opening_sql::updateOpening(batch, 5, balances);
+    opening_sql::updateOpeningMoney(batch, 5, 2, 0.0);
+    opening_sql::updateFirstPeriod(batch, 5, balances[0]);
+    opening_sql::updateForeignAndQuantity(batch, 5, 1, balances);
+    opening_sql::updateForeignAndQuantity(batch, 5, 2, balances);
+    addBatch(forms, batch);
     addBatch(forms, formatSql("UPDATE AccSum Set mBegin = %lf, mFgnBegin = %lf, dAmtBegin = %lf "
                               "Where lCodeId = %d AND byPeroid = %d",
                               99.99, -1.0, 0.5, 5, 12));
-    addBatch(forms, formatSql("Update AccSum Set mBegin = %lf Where lCodeId = %d AND byPeroid = %d"
-                              "\n",
-                              0.0, 5, 2));
-    addBatch(forms, formatSql("Update AccSum Set mBegin = %lf, mDebet = %lf, mCredit = %lf Where "
-                              "lCodeId = %d AND byPeroid = 1\n",
-                              1.0, 2.0, 3.0, 5));
-    addBatch(forms, formatSql("Delete AccSum Where lCodeId = %ld", 5L));
-    addBatch(forms, formatSql("DELETE FROM AccSum WHERE lCodeId in ( %s )", SqlFragment{"5,17,4"}));
+    addBatch(forms, opening_sql::deleteSums(5));
+    addBatch(forms,
+             opening_sql::deleteSumsOfAccounts(std::array<std::string_view, 3>{"5", "17", "4"}));
     addBatch(forms, formatSql("DELETE AccSum\nUPDATE ABIdTable Set lLastId = 0 Where sTable = "
                               "'AccSum'"));
     addBatch(forms, "DELETE AccSum");
@@ -104,14 +110,10 @@ void addAssAccBatches(Forms& forms) {
     addBatch(forms, formatSql("UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where "
                               "lCodeId = %d AND lDeptId = %d ",
                               -5.0, 0.0, 1.5, 5, 3));
-    const auto id = [](std::string_view text) { return SqlFragment{text}; };
-    addBatch(forms,
-             formatSql("DELETE AssAcc WHERE lCodeId = %s AND lItemId = %s AND lDeptId = %s AND "
-                       "lPersonId = %s AND lEnterId = %s AND sItemId = '%s' \r\n ",
-                       id("5"), id("0"), id("3"), id("0"), id("0"), awkward) +
-                 formatSql("DELETE AssAcc WHERE lCodeId = %s AND lItemId = %s AND lDeptId = %s AND "
-                           "lPersonId = %s AND lEnterId = %s AND sItemId = '' \r\n ",
-                           id("5"), id("0"), id("3"), id("0"), id("0")));
+    std::string batch;
+    opening_sql::deleteAuxiliary(batch, {"5", "0", "3", "0", "0", awkward});
+    opening_sql::deleteAuxiliary(batch, {"5", "0", "3", nullptr, "0", ""});
+    addBatch(forms, batch);
 }
 
 void addOperatorBatches(Forms& forms) {
@@ -141,15 +143,8 @@ void addRateBatches(Forms& forms) {
 }
 
 void addSelects(Forms& forms) {
-    addSelect(forms,
-              "SELECT Sum( abs(mBegin)+abs(mDebet)+abs(mCredit)+abs(dAmtBegin)+abs(dAmtDebet)+"
-              "abs(dAmtCredit) + abs(mFgnBegin)+abs(mFgnDebet)+abs(mFgnCredit)), lCodeId FROM "
-              "AccSum GROUP BY lCodeId");
-    addSelect(forms,
-              "SELECT Sum( abs(mBegin)+abs(mDebt)+abs(mCredit)+abs(dBegin)+abs(dDebt)+"
-              "abs(dCredit) + abs(mFBegin)+abs(mFDebt)+abs(mFCredit)), lCodeId, lItemId, lDeptId, "
-              "lPersonId, lEnterId, sItemId FROM AssAcc GROUP BY lCodeId, lItemId, lDeptId, "
-              "lPersonId, lEnterId, sItemId");
+    addSelect(forms, opening_sql::sumSizes);
+    addSelect(forms, opening_sql::auxiliarySizes);
     addSelect(forms, formatSql("Select lId From ProjItems%s WHERE FIELD1='%s'", SqlFragment{"01"},
                                awkward));
     addSelect(forms,
@@ -168,47 +163,54 @@ void addSelects(Forms& forms) {
                         "mFgnBegin, mFgnDebet, mFgnCredit From AccSum Where byPeroid = %d AND "
                         "lCodeId = %d",
                         12, 5));
-    addSelect(forms, formatSql("select sColName, byWidth from ZWPrintSub where lTieId = %d", 35));
-    addSelect(forms,
-              formatSql("select sColName, sFiled, byWidth from ZWPrintSub where lTieId = %d", 2));
+    addSelect(forms, print_sql::columnsOf(35));
+    addSelect(forms, print_sql::fieldColumnsOf(2));
+    addSelect(forms, services_sql::rightsOf(1));
+    addSelect(forms, where_used_sql::accountsWithOpening);
+    for (const UsePlace place : usePlaces) {
+        addSelect(forms, where_used_sql::count(place, std::array{5, 6}));
+        addSelect(forms, where_used_sql::rows(place, std::array{5, 6}, 3));
+        addSelect(forms, where_used_sql::accountsIn(place));
+    }
     addSelect(forms, formatSql("Select * From LoginInfoTbl Where lAccId = %d AND sUser = '%s'", 1,
                                awkward));
 }
 
 void addCodeConditions(Forms& forms) {
-    addCondition(forms, "lId > 0 ORDER BY sCode", {"Code"});
-    addCondition(forms, "lId > 0 ORDER BY lNum", {"zCodeClass"});
-    addCondition(forms, "byGrade = 1 AND lId>0 ORDER BY sCode", {"Code"});
-    addCondition(forms, "byGrade = 1 ORDER BY sCode", {"Code"});
+    addCondition(forms, account_sql::all, {"Code"});
+    addCondition(forms, account_sql::allClasses, {"zCodeClass"});
+    addCondition(forms, opening_sql::classesInOrder, {"zCodeClass"});
+    addCondition(forms, account_sql::topLevel, {"Code"});
     addCondition(forms, "bEnd <> 0 ORDER BY sCode", {"Code"});
-    addCondition(forms, "bCash <> 0 AND byGrade = 1", {"Code"});
-    addCondition(forms, "bBank <> 0 AND byGrade = 1", {"Code"});
-    addCondition(forms, formatSql("sType <> '%s' ORDER BY sCode", "全部"), {"Code"});
-    addCondition(forms, formatSql("sType = '%s' ORDER BY sCode", awkward), {"Code"});
-    addCondition(forms, formatSql("sCode = '%s'", awkward), {"Code"});
-    addCondition(forms, formatSql("sHelp = '%s'", awkward), {"Code"});
-    addCondition(forms, formatSql("sCode Like '%s%%' AND sCode <> '%s'", awkward, awkward),
-                 {"Code"});
-    addCondition(forms, formatSql("sCode LIKE '%s%%'", awkward), {"Code"});
-    for (const char* flag : {"bEnd = 0", "bBank != 0", "bCash != 0", "byGrade = 1"})
+    addCondition(forms, chart_sql::ofOtherClasses("全部"), {"Code"});
+    addCondition(forms, chart_sql::ofClass(awkward), {"Code"});
+    addCondition(forms, account_sql::ofCode(awkward), {"Code"});
+    addCondition(forms, account_sql::ofCodeWithChildren(awkward), {"Code"});
+    addCondition(forms, account_sql::ofMnemonic(awkward), {"Code"});
+    addCondition(forms, account_sql::below(awkward), {"Code"});
+    addCondition(forms, account_sql::ofCodeAndBelow(awkward), {"Code"});
+    for (const char* flag : {"bBank != 0", "bCash != 0", "byGrade = 1"})
         addCondition(forms, formatSql("sCode = '%s' AND %s", awkward, SqlFragment{flag}), {"Code"});
     addCondition(forms, formatSql("byExchId = %d", 2), {"Code", "ExchgFix", "ExchgFlt"});
+    addCondition(forms, print_sql::fixedRatesOf(2), {"ExchgFix"});
+    for (const int month : {0, 2})
+        addCondition(forms, print_sql::floatingRatesOf(2, month), {"ExchgFlt"});
 }
 
 void addUseConditions(Forms& forms) {
-    const std::string ids = formatSql("lCodeId = %d", 5) + formatSql(" OR lCodeId = %d", 6);
-    addCondition(forms, ids,
+    const std::array ids{5, 6};
+    addCondition(forms, formatSql("lCodeId = %d OR lCodeId = %d", 5, 6), {"UnregSub", "RegSub"});
+    addCondition(forms, account_sql::ofAccounts(ids),
                  {"UnregSub", "RegSub", "AccSum", "FreqSub", "_Digest", "AutoSub", "ProjCodes"});
-    addCondition(forms, "( " + ids + " )", {"UnregSub", "RegSub", "FreqSub", "_Digest", "AutoSub"});
-    addCondition(forms, formatSql("%s AND mBegin <> 0", SqlFragment{"( " + ids + " )"}),
-                 {"AccSum"});
-    addCondition(forms, formatSql("lCodeId = %ld", 5), {"AccSum"});
-    addCondition(forms, formatSql("lCodeId = %ld ORDER BY byPeroid", 5), {"AccSum"});
+    addCondition(forms, account_sql::openingOfAccounts(ids), {"AccSum"});
+    addCondition(forms, opening_sql::sumsOf(5), {"AccSum"});
+    addCondition(forms, opening_sql::sumsOfInOrder(5), {"AccSum"});
     addCondition(forms, formatSql("byPeroid <> 0 And lCodeId = %d", 5), {"AccSum"});
-    addCondition(forms, "byPeroid>0", {"RegMain"});
+    addCondition(forms, opening_sql::vouchers, {"RegMain"});
     addCondition(forms, "byPeroid=12", {"AccSum"});
-    addCondition(forms, "byPeroid = 1 AND mBegin is not NULL ORDER BY lCodeId", {"AccSum"});
-    addCondition(forms, formatSql("lId = %d", 5),
+    addCondition(forms, opening_sql::firstPeriod, {"AccSum"});
+    addCondition(forms, opening_sql::secondPeriod, {"AccSum"});
+    addCondition(forms, account_sql::ofId(5),
                  {"Code", "Cyrency", "RegMain", "RegSub", "Settle", "Sign", "zAccountM"});
     addCondition(forms, formatSql("lId=%d", 5), {"RegSub"});
     addCondition(forms, formatSql("lTieId = %d", 5), {"RegSub", "UnregSub"});
@@ -256,7 +258,8 @@ void addAuxiliaryConditions(Forms& forms) {
 }
 
 void addListConditions(Forms& forms) {
-    addCondition(forms, "lId > 0 ORDER BY lId", {"Cyrency"});
+    addCondition(forms, account_sql::allCurrencies, {"Cyrency"});
+    addCondition(forms, print_sql::inOrderOfIds, {"Sign", "Settle"});
     addCondition(forms, formatSql("sExchCode = '%s'", awkward), {"Cyrency"});
     addCondition(forms, formatSql("sExchName = '%s'", awkward), {"Cyrency"});
     addCondition(forms, formatSql("lId <> %d AND sExchCode = '%s'", 2, awkward), {"Cyrency"});
@@ -264,11 +267,15 @@ void addListConditions(Forms& forms) {
     addCondition(forms, formatSql("sSign = '%s'", awkward),
                  {"Sign", "UnregMain", "RegMain", "AutoMain"});
     addCondition(forms, formatSql("sSign = '%s' AND sSign <> '%s'", awkward, "2"), {"Sign"});
-    addCondition(forms, formatSql("sStlId = '%s'", awkward), {"Settle", "UnregSub", "RegSub"});
-    addCondition(forms, formatSql("sSettle = '%s'", awkward), {"Settle"});
-    addCondition(forms, formatSql("sNoteMethod = '%s'", awkward), {"RecpBank"});
+    addCondition(forms, settle_sql::ofNumber(awkward), {"Settle", "UnregSub", "RegSub"});
+    addCondition(forms, settle_sql::ofName(awkward), {"Settle"});
+    addCondition(forms, settle_sql::ofNoteMethod(awkward), {"RecpBank"});
     addCondition(forms, "lId > 0 ORDER BY lUserId", {"Users", "UserAuth"});
-    addCondition(forms, formatSql("sUserName = '%s'", awkward), {"Users"});
+    addCondition(forms, settle_sql::inOrder, {"Settle"});
+    addCondition(forms, books_sql::ofOperator(awkward), {"Users"});
+    addCondition(forms, books_sql::ofRightsOwner(1), {"UserAuth"});
+    addCondition(forms, books_sql::ofStation(awkward), {"LoginInfoTbl"});
+    addCondition(forms, books_sql::ofLogons("1, 2, 3"), {"LoginInfoTbl"});
     addCondition(forms, formatSql("sUserName = '%s' and lUserId <> %d ", awkward, 301), {"Users"});
     addCondition(forms, formatSql("lUBill = %d OR lUCheck = %d OR lUBook = %d", 1, 1, 1),
                  {"UnregMain", "RegMain"});
