@@ -48,7 +48,8 @@ function(compile_together target headers)
 endfunction()
 
 function(qt_target target)
-    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON AUTOUIC ON)
+    set_target_properties(${target} PROPERTIES
+        AUTOMOC ON AUTORCC ON AUTOUIC ON AUTOGEN_ORIGIN_DEPENDS OFF)
 endfunction()
 
 function(add_folder folder type below)

@@ -3,6 +3,15 @@
 find_package(GTest REQUIRED)
 find_package(Threads REQUIRED)
 
+# Some of a layer's sources at a time are compiled together, their common headers once.
+function(compile_tests_together target headers)
+    if(NOT CHENGHENG_TOGETHER)
+        return()
+    endif()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+    target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/${headers}.h)
+endfunction()
+
 folder_sources(support_sources tests/support/*.cpp)
 add_library(test_support STATIC ${support_sources})
 target_compile_options(test_support PUBLIC
@@ -11,6 +20,7 @@ target_compile_options(test_support PUBLIC
 target_link_libraries(test_support
     PUBLIC ${TOP_PLAIN_FOLDER} GTest::gtest GTest::gmock Threads::Threads
     PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL PkgConfig::ZIP)
+compile_tests_together(test_support common_test_headers)
 set_source_files_properties(tests/rules/schema_page_test.cpp tests/support/private_postgres.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 
@@ -20,15 +30,6 @@ target_link_libraries(test_workstation PRIVATE data_transfer)
 target_compile_definitions(test_support
     PRIVATE CHENGHENG_TEST_WORKSTATION="$<TARGET_FILE:test_workstation>")
 add_dependencies(test_support test_workstation)
-
-# Some of a layer's sources at a time are compiled together, their common headers once.
-function(compile_tests_together target headers)
-    if(NOT CHENGHENG_TOGETHER)
-        return()
-    endif()
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
-    target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/${headers}.h)
-endfunction()
 
 foreach(layer rules data)
     folder_sources(sources tests/${layer}/*.cpp tests/${layer}/*/*.cpp)
