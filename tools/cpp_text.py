@@ -55,25 +55,35 @@ def is_include(source, position):
 
 def functions(code):
     """Yields (first line, last line) of every function body that is not inside another."""
-    scopes = []  # for each open brace what kind_of_block says, and its first line
+    for head, _, closing in function_blocks(code):
+        yield line_of(code, head), line_of(code, closing)
+
+
+def without_directives(code):
+    return re.sub(
+        r"^[ \t]*#(?:[^\n\\]|\\.|\\\n)*", lambda match: blanked(match[0]), code, flags=re.MULTILINE)
+
+
+def function_blocks(code):
+    """Yields where each function that is not inside another begins, and its two braces."""
+    scopes = []  # for each open brace what kind_of_block says, where its head begins, the brace
     head_start = 0
     kind = None
     depth_in_function = 0
-    without_directives = re.sub(
-        r"^[ \t]*#(?:[^\n\\]|\\.|\\\n)*", lambda match: blanked(match[0]), code, flags=re.MULTILINE)
-    for match in re.finditer(r"[{};]", without_directives):
+    text = without_directives(code)
+    for match in re.finditer(r"[{};]", text):
         mark, position = match[0], match.start()
         if depth_in_function:
             depth_in_function += {"{": 1, "}": -1}.get(mark, 0)
             if not depth_in_function:
-                yield scopes.pop()[1], line_of(code, position)
+                _, head, opening = scopes.pop()
+                yield head, opening, position
                 head_start = position + 1
             continue
         if mark == "{":
-            head = without_directives[head_start:position]
+            head = text[head_start:position]
             kind = kind_of_block(head)
-            first = head_start + len(head) - len(head.lstrip())
-            scopes.append((kind, line_of(code, first)))
+            scopes.append((kind, head_start + len(head) - len(head.lstrip()), position))
             if kind == "function":
                 depth_in_function = 1
         elif mark == "}" and scopes:
