@@ -67,6 +67,7 @@ if(NOT CHENGHENG_SANITIZE)
     set(tools ${CMAKE_SOURCE_DIR}/tools)
     script_test(tidy ${tools}/tidy --compiled ${CMAKE_BINARY_DIR}/compile_commands.json)
     script_test(tidy_samples ${tools}/tidy --self-test)
+    script_test(mutate_samples ${tools}/mutate --self-test)
     script_test(run_tests ${tools}/test_run_tests)
     if(TARGET nbcwsetting)
         script_test(exports
