@@ -42,6 +42,7 @@ STATEMENTS = [
     ("a call of a template", "f<A, B>(a);", [";"]),
     ("a call of a function in a namespace", "std::sort(a);", [";"]),
     ("a call with a lambda", "f([](int a) { g(a); });", [";", "f([](int a) { ; });"]),
+    ("a call of a value in braces is no statement", "int b = A{c}.d();", []),
     ("an assignment is dropped", "a.b[c] = d;", [";"]),
     ("one that adds", "*a += b;", [";"]),
     ("a count is dropped", "++a;", [";"]),

@@ -215,7 +215,7 @@ def dropped_statements(code):
     for after in set(statement_starts(code)):
         rest = code[after:]
         start = after + len(rest) - len(rest.lstrip())
-        if STATEMENT_KEYWORDS.match(code, start):
+        if STATEMENT_KEYWORDS.match(code, start) or not re.match(r"[\w:*(+-]", code[start:]):
             continue
         end = statement_end(code, start)
         if end is None or OF_NO_EFFECT.search(code[start:end]):
