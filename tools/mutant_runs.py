@@ -65,6 +65,7 @@ def run_program(program, arguments, environment, output, seconds):
     """Runs it in a folder of its own for temporary files, until it ends or its time is over.
     Returns its exit code; None when it had to be ended."""
     with tempfile.TemporaryDirectory(prefix="mutate-", ignore_cleanup_errors=True) as folder:
+        os.chmod(folder, 0o1777)  # some tests act as another user
         everything = dict(os.environ, TMPDIR=folder, GTEST_COLOR="no", QT_QPA_PLATFORM="offscreen")
         everything.update(one.split("=", 1) for one in program.environment)
         everything.update(environment)

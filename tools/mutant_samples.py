@@ -80,7 +80,7 @@ SOURCES = [
 ]
 
 VARIANTS_OF = "int f(int a) {return a + 1;}\nint b = 2;\n"
-VARIANTS = """#include "tools/mutation_switch.h"
+VARIANTS = """#include "tests/support/mutation_switch.h"
 #line 1 "a.cpp"
 int f(int a) { switch (::mutation::chosen(7)) {
 case 3: {

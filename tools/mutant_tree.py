@@ -9,7 +9,7 @@ from pathlib import Path
 
 from cpp_text import line_of
 
-INCLUDE = '#include "tools/mutation_switch.h"\n'
+INCLUDE = '#include "tests/support/mutation_switch.h"\n'
 MOST_ROUNDS = 12
 
 
