@@ -119,6 +119,14 @@ class Tree:
         if done.returncode:
             raise BuildFailure(f"{complaint}:\n{done.stdout[-8000:]}")
 
+    def reading(self, path):
+        """What the compiler says to one file alone when it refuses it, else ''."""
+        done = subprocess.run(
+            ["c++", "-std=c++20", "-fsyntax-only", "-w", "-I", self.sources, "-x", "c++", path],
+            cwd=self.sources, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+            errors="replace")
+        return done.stdout if done.returncode else ""
+
     def build(self, programs):
         """Builds the programs; what the compiler said when it failed, else ''."""
         done = subprocess.run(
@@ -138,7 +146,8 @@ def copy_if_changed(source, copy):
 
 def build_with_variants(tree, files, programs):
     """Writes and builds all variants. Returns the numbers of the mutants that do not compile."""
-    refused = set()
+    tree.fill({path: file.with_variants() for path, file in files.items()})
+    refused = set().union(*(refused_in_header(tree, file) for file in files.values()))
     for _ in range(MOST_ROUNDS):
         tree.fill({path: file.with_variants() for path, file in files.items()})
         tree.configure()
@@ -152,6 +161,20 @@ def build_with_variants(tree, files, programs):
         for file in files.values():
             refused |= file.without(found, functions.get(file.path, ()))
     raise BuildFailure("one mutant after the other could not be compiled")
+
+
+def refused_in_header(tree, file):
+    """Takes what the compiler refuses out of a header by reading it alone: each round of a
+    build would compile all that includes it."""
+    refused = set()
+    while file.path.endswith(".h") and file.mutants:
+        tree.write(file.path, file.with_variants())
+        said = tree.reading(file.path)
+        gone = file.without(refused_mutants(said), ()) if said else set()
+        if not gone:
+            break
+        refused |= gone
+    return refused
 
 
 def refused_mutants(said):
