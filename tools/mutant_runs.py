@@ -20,6 +20,7 @@ SECONDS_FOR_OTHERS = 5  # of tests that do not reach a survivor, as they were ru
 LIMITS = "ulimit -c 0 -v 8388608 -f 4194304 2>/dev/null; exec \"$@\""
 SECONDS_OF_RECORDING = 3600
 MOST_KILLERS = 5
+SECONDS_TO_END = 20
 
 live_processes = set()
 
@@ -85,10 +86,29 @@ def run_program(program, arguments, environment, output, seconds):
             live_processes.discard(process)
 
 
-def end_group(process):
+def run_command(command, folder):
+    """Runs it to its end: its exit code and what it said. Ends with this process, and so does
+    all that it started."""
+    process = subprocess.Popen(
+        command, cwd=folder, text=True, errors="replace", stdin=subprocess.DEVNULL,
+        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, start_new_session=True)
+    live_processes.add(process)
+    try:
+        said, _ = process.communicate()
+        return process.returncode, said
+    except BaseException:
+        end_group(process, signal.SIGTERM)  # a build ends its compilers itself
+        process.wait(SECONDS_TO_END)
+        raise
+    finally:
+        end_group(process)
+        live_processes.discard(process)
+
+
+def end_group(process, how=signal.SIGKILL):
     """Ends a program with all that it started."""
     try:
-        os.killpg(process.pid, signal.SIGKILL)
+        os.killpg(process.pid, how)
     except (ProcessLookupError, PermissionError):
         pass
 
@@ -207,7 +227,7 @@ class Judge:
                 self.remember(key, killer, group)
                 return Verdict(True, killer)
         if not reaching:
-            return Verdict(False, "no test reaches it")
+            return Verdict(False, "no test reaches it at run time")
         cut = len(reaching) - len(chosen)
         return Verdict(False, f"{cut} slow tests were left out" if cut else "")
 

@@ -8,6 +8,7 @@ import subprocess
 from pathlib import Path
 
 from cpp_text import line_of
+from mutant_runs import run_command
 
 INCLUDE = '#include "tests/support/mutation_switch.h"\n'
 MOST_ROUNDS = 12
@@ -107,34 +108,27 @@ class Tree:
         configured = self.build_folder / "mutate_configured"
         if configured.exists():
             return  # later changes are the build's to notice
-        self.run(["cmake", "--preset", "dev", "-S", self.sources, "-B", self.build_folder,
-                  "-DCHENGHENG_WINDOWS=OFF", "-DCHENGHENG_STRICT=OFF", "-DCMAKE_CXX_FLAGS=-w",
-                  "-DCMAKE_CXX_FLAGS_DEBUG=-O1"], "the copy could not be configured")
+        code, said = run_command(
+            ["cmake", "--preset", "dev", "-S", self.sources, "-B", self.build_folder,
+             "-DCHENGHENG_WINDOWS=OFF", "-DCHENGHENG_STRICT=OFF", "-DCMAKE_CXX_FLAGS=-w",
+             "-DCMAKE_CXX_FLAGS_DEBUG=-O1"], self.sources)
+        if code:
+            raise BuildFailure(f"the copy could not be configured:\n{said[-8000:]}")
         configured.touch()
-
-    def run(self, command, complaint):
-        done = subprocess.run(
-            command, cwd=self.sources, text=True, stdout=subprocess.PIPE,
-            stderr=subprocess.STDOUT, errors="replace")
-        if done.returncode:
-            raise BuildFailure(f"{complaint}:\n{done.stdout[-8000:]}")
 
     def reading(self, path):
         """What the compiler says to one file alone when it refuses it, else ''."""
-        done = subprocess.run(
+        code, said = run_command(
             ["c++", "-std=c++20", "-fsyntax-only", "-w", "-I", self.sources, "-x", "c++", path],
-            cwd=self.sources, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-            errors="replace")
-        return done.stdout if done.returncode else ""
+            self.sources)
+        return said if code else ""
 
     def build(self, programs):
         """Builds the programs; what the compiler said when it failed, else ''."""
-        done = subprocess.run(
+        code, said = run_command(
             ["cmake", "--build", self.build_folder, "--parallel", str(self.jobs), "--target",
-             *programs, "--", "-k", "0"],
-            cwd=self.sources, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-            errors="replace")
-        return done.stdout if done.returncode else ""
+             *programs, "--", "-k", "0"], self.sources)
+        return said if code else ""
 
 
 def copy_if_changed(source, copy):
