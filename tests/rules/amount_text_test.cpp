@@ -81,3 +81,14 @@ TEST(Amounts, WithBracketsWithoutEndAreNone) {
     EXPECT_EQ(readAmount("=" + std::string(100'000, '(')), std::nullopt);
     EXPECT_EQ(readAmount("=" + std::string(100'000, '-') + "1"), std::nullopt);
 }
+
+TEST(Amounts, MayHaveFiftyBracketsInEachOtherAndNoMore) {
+    const auto bracketed = [](std::size_t depth) {
+        return "=" + std::string(depth, '(') + "7" + std::string(depth, ')');
+    };
+    EXPECT_EQ(readAmount(bracketed(50)), 7);
+    EXPECT_EQ(readAmount(bracketed(51)), std::nullopt);
+    EXPECT_EQ(readAmount("=" + std::string(50, '-') + "7"), 7);
+    EXPECT_EQ(readAmount("=" + std::string(51, '-') + "7"), std::nullopt);
+    EXPECT_EQ(readAmount("=" + std::string(51, '+') + "7"), std::nullopt);
+}

@@ -80,8 +80,14 @@ TEST(Pastes, AreRefusedWhereNothingMayBeTyped) {
               (Texts{"0,0 1403 changed 1", "1,0  refused 超出了表格的最后一行"}));
     EXPECT_EQ(fatesOf(pasted(pasteSheet(), 0, "1\t2")),
               (Texts{"0,0 1001 changed 1", "0,1  refused 这一列不能录入"}));
-    EXPECT_EQ(fatesOf(pasted(pasteSheet(), 0, "1e14")),
-              Texts{"0,0 1001 refused 数值太大,最大为9,999,999,999,999.99"});
+}
+
+TEST(Pastes, AreRefusedFromTenTrillionOnEitherSideOfZero) {
+    const Texts refused{"0,0 1001 refused 数值太大,最大为9,999,999,999,999.99"};
+    for (const char* text : {"1e14", "10,000,000,000,000", "-1e14", "-10,000,000,000,000"})
+        EXPECT_EQ(fatesOf(pasted(pasteSheet(), 0, text)), refused) << text;
+    for (const char* text : {"9,999,999,999,999.99", "-9,999,999,999,999.99"})
+        EXPECT_TRUE(pasted(pasteSheet(), 0, text).mayBeApplied()) << text;
 }
 
 TEST(Pastes, AreRefusedWhileBrowsing) {

@@ -183,6 +183,15 @@ TEST(Ancestors, RunFromTheNearestToTheTop) {
     EXPECT_EQ(subtreeAround(accounts, 5).count, 1u);
 }
 
+TEST(Ancestors, AreNoEndAccountsThoughTheirCodesAreInFront) {
+    auto accounts = accountsOf({{"1002"}, {"100201"}, {"10020101"}});
+    accounts[1].isEnd = true;
+    EXPECT_EQ(ancestorsOf(accounts, 2), std::vector<std::size_t>{0});
+    accounts[0].isEnd = true;
+    EXPECT_EQ(ancestorsOf(accounts, 2), std::vector<std::size_t>{});
+    EXPECT_EQ(subtreeAround(accounts, 2).first, 2u);
+}
+
 TEST(ExactSums, CountTwoDecimalsWithoutLoss) {
     MoneySum sum;
     for (int time = 0; time < 1'000'000; ++time) sum.add(0.01);
