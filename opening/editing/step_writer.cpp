@@ -117,6 +117,8 @@ bool isAsPosted(const OpeningSheet& sheet, std::size_t place, const StoredSums& 
 
 Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& written) {
     m_hasReadAnew = false;
+    m_step = make(m_books.sheet);
+    if (m_step.empty()) return Outcome::done;
     const Outcome outcome = changeRecords(messages, lockLists, [&] { return run(make); });
     if (outcome != Outcome::done) {
         takeBack();
@@ -136,8 +138,6 @@ Result StepWriter::run(const StepMaker& make) {
     bool isBrowsing = false;
     if (!holdSums(*g_pDB) || !readIsBrowsing(*g_pDB, isBrowsing)) return Result::failed();
     if (isBrowsing) return Result::stale({.text = opening_texts::vouchersMeanwhile});
-    m_step = make(m_books.sheet);
-    if (m_step.empty()) return Result::done();
     bool isCurrent = m_step.size() < manyChanges && areAllowed(m_books.sheet, m_step);
     if (isCurrent && !compareWithStored(isCurrent)) return Result::failed();
     if (!isCurrent) {

@@ -12,7 +12,7 @@
 
 namespace chengheng {
 
-/// Makes a step out of the sheet as it stands. It may be asked a second time, with a sheet that
+/// Makes a step out of the sheet as it stands. It is asked a second time only with a sheet that
 /// was read anew.
 using StepMaker = std::function<EditStep(const OpeningSheet& sheet)>;
 
@@ -27,6 +27,7 @@ class StepWriter {
     explicit StepWriter(OpeningBooks& books) : m_books(books) {}
 
     /// `written` is the step with the figures it replaced; empty when there was nothing to do.
+    /// What is as it was needs no locks.
     Outcome write(IMessages& messages, const StepMaker& make, EditStep& written);
     /// Whether the sheet was read anew.
     bool hasReadAnew() const { return m_hasReadAnew; }

@@ -60,6 +60,8 @@ Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
     StepWriter writer(m_books);
     const Outcome outcome = writer.write(m_messages, make, written);
     if (writer.hasReadAnew()) ++m_readings;
+    const auto changed = changedCells(sheet(), written);
+    m_changedCells.insert(m_changedCells.end(), changed.begin(), changed.end());
     if (outcome == Outcome::stale) refresh();
     return outcome;
 }
@@ -73,8 +75,6 @@ bool OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view
 
 bool OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
     m_isChanged = true;
-    // What is as it was needs no locks.
-    if (typedStep(sheet(), figures).empty()) return true;
     EditStep written;
     const auto make = [&](const OpeningSheet& current) { return typedStep(current, figures); };
     if (write(make, written) != Outcome::done) return false;

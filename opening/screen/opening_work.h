@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/messages/messages.h"
@@ -13,6 +14,7 @@
 #include "opening/editing/figure_plan.h"
 #include "opening/editing/step_writer.h"
 #include "opening/editing/typed_figures.h"
+#include "opening/sheet/changed_cells.h"
 #include "opening/sheet/edit_journal.h"
 #include "opening/storing/opening_reading.h"
 
@@ -34,6 +36,9 @@ class OpeningWork {
     int accountingYear() const { return m_books.year; }
     /// Grows whenever lines may have come, gone or moved.
     std::uint64_t readings() const { return m_readings; }
+    /// The cells that steps have changed since this was last asked; lines read anew are not told
+    /// by cells.
+    std::vector<OpeningCell> takeChangedCells() { return std::exchange(m_changedCells, {}); }
     bool isBrowsing() const { return m_books.sheet.isBrowsing(); }
     /// "浏览,只读" or nothing.
     const char* modeText() const;
@@ -91,6 +96,7 @@ class OpeningWork {
     EditJournal m_journal;
     bool m_isChanged = false;
     std::uint64_t m_readings = 0;
+    std::vector<OpeningCell> m_changedCells;
 };
 
 }  // namespace chengheng

@@ -55,6 +55,13 @@ std::size_t placeOf(OpeningField field, OpeningLayout layout) {
                                     columns.begin());
 }
 
+std::size_t placeOf(BalanceFigure figure, OpeningLayout layout) {
+    const auto columns = openingColumns(layout);
+    const auto found = std::ranges::find(
+        columns, figure, [](const OpeningColumn& column) { return figureOf(column.field); });
+    return static_cast<std::size_t>(found - columns.begin());
+}
+
 BalanceFigure figureOf(OpeningField field) {
     switch (field) {
         case Field::yearStart:

@@ -41,6 +41,9 @@ std::span<const OpeningColumn> openingColumns(OpeningLayout layout);
 /// The place of a field among the columns; their number when the layout lacks it.
 std::size_t placeOf(OpeningField field, OpeningLayout layout);
 
+/// The same of the field that shows a figure.
+std::size_t placeOf(BalanceFigure figure, OpeningLayout layout);
+
 /// The figure that a field shows; null for a field that shows none.
 BalanceFigure figureOf(OpeningField field);
 

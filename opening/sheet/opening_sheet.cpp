@@ -210,14 +210,4 @@ void OpeningSheet::rollUpAround(std::size_t place) {
     chengheng::rollUp(std::span(m_accounts).subspan(around.first, around.count), m_layout);
 }
 
-std::vector<std::size_t> OpeningSheet::linesAround(std::size_t place) const {
-    std::vector<std::size_t> lines;
-    auto places = ancestorsOf(m_accounts, place);
-    places.push_back(place);
-    for (const std::size_t each : places)
-        for (const Measure measure : measures)
-            if (const auto line = lineOf(each, measure)) lines.push_back(*line);
-    return lines;
-}
-
 }  // namespace chengheng

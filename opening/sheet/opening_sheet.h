@@ -93,9 +93,6 @@ class OpeningSheet {
     /// The same for what an account counts for, when only its figures have changed.
     void rollUpAround(std::size_t place);
 
-    /// The lines whose figures such a change can alter: the account's and those of all above it.
-    std::vector<std::size_t> linesAround(std::size_t place) const;
-
   private:
     bool isMatch(std::size_t line, std::string_view text) const;
     std::string unitText(const OpeningLine& line) const;

@@ -221,12 +221,13 @@ void CNbCwBegleftDlg::goToMatch(std::optional<std::size_t> line) {
 
 void CNbCwBegleftDlg::showFigures() {
     const auto place = currentPlace();
+    const auto changed = m_work.takeChangedCells();
     if (m_shownReadings != m_work.readings()) {
         m_shownReadings = m_work.readings();
         m_model->tellReadAnew();
         if (place) goTo(*place);
     } else {
-        m_model->tellFiguresChanged();
+        m_model->tellCellsChanged(changed);
     }
     showTotals();
     reflectCommands();

@@ -164,11 +164,8 @@ void CNbCwBegleftDlg::takeUpAgain(const Place& place, const QString& text) {
 
 void CNbCwBegleftDlg::goToStep(const EditStep& step) {
     const chengheng::CellChange& first = step.front();
-    const auto columns = sheet().columns();
-    const auto column = std::ranges::find(
-        columns, first.figure,
-        [](const chengheng::OpeningColumn& each) { return chengheng::figureOf(each.field); });
-    goTo({first.accountId, first.measure, static_cast<int>(column - columns.begin())});
+    const std::size_t column = chengheng::placeOf(first.figure, sheet().layout());
+    goTo({first.accountId, first.measure, static_cast<int>(column)});
 }
 
 bool CNbCwBegleftDlg::retrace(const EditStep* step, bool (OpeningWork::*how)()) {

@@ -86,8 +86,12 @@ void OpeningModel::tellReadAnew() {
     endResetModel();
 }
 
-void OpeningModel::tellFiguresChanged() {
-    if (m_lines > 0) emit dataChanged(index(0, 0), index(m_lines - 1, columnCount() - 1));
+void OpeningModel::tellCellsChanged(std::span<const OpeningCell> cells) {
+    for (const OpeningCell& cell : cells) {
+        const QModelIndex changed =
+            index(static_cast<int>(cell.line), static_cast<int>(cell.column));
+        emit dataChanged(changed, changed);
+    }
 }
 
 }  // namespace chengheng

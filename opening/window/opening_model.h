@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "opening/screen/opening_work.h"
@@ -32,8 +33,8 @@ class OpeningModel final : public GridModel {
 
     /// What it shows was read anew: lines may have come, gone or moved.
     void tellReadAnew();
-    /// Any figure may have changed.
-    void tellFiguresChanged();
+    /// Some cells have changed.
+    void tellCellsChanged(std::span<const OpeningCell> cells);
 
   protected:
     QString text(int row, int column) const override;

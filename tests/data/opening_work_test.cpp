@@ -92,6 +92,45 @@ TEST_P(Opening, WritesNothingWhenTheFigureStaysAsItIs) {
     EXPECT_TRUE(m_books.books().locks().log().empty());
 }
 
+TEST_P(Opening, MakesAStepOnceUnlessTheSheetIsReadAnew) {
+    OpeningBooks books;
+    ASSERT_TRUE(readOpeningBooks(m_books.database(), books));
+    int timesMade = 0;
+    const auto write = [&](double opening) {
+        const TypedFigure figure{m_books.idOf("1001"), Measure::money, &Balance::opening, opening};
+        EditStep written;
+        const auto make = [&](const OpeningSheet& sheet) {
+            ++timesMade;
+            return typedStep(sheet, std::span(&figure, 1));
+        };
+        timesMade = 0;
+        return StepWriter(books).write(messages(), make, written);
+    };
+    EXPECT_EQ(write(5), Outcome::done);
+    EXPECT_EQ(timesMade, 1);
+    m_books.books().run("UPDATE AccSum SET mBegin = 9 WHERE lId > 0");
+    EXPECT_EQ(write(6), Outcome::done);
+    EXPECT_EQ(timesMade, 2);
+    EXPECT_EQ(m_books.openings("1001"), allPeriods("6"));
+}
+
+TEST_P(Opening, TellsTheCellsThatAStepChangesOnce) {
+    const auto lines = [this] {
+        std::vector<std::size_t> changed;
+        for (const OpeningCell& cell : work().takeChangedCells()) changed.push_back(cell.line);
+        return changed;
+    };
+    m_books.type("10020101", "5");
+    const std::vector<std::size_t> wanted{m_books.lineOf("1002"), m_books.lineOf("100201"),
+                                          m_books.lineOf("10020101")};
+    EXPECT_EQ(lines(), wanted);
+    EXPECT_TRUE(lines().empty());
+    EXPECT_TRUE(work().undo());
+    EXPECT_EQ(lines(), wanted);
+    m_books.type("10020101", "0");
+    EXPECT_TRUE(lines().empty());
+}
+
 TEST_P(Opening, TakesNothingTypedIntoParentsOrAuxiliaryAccounts) {
     m_books.change("100202", "sAssBook = 'B'");
     work().refresh();
