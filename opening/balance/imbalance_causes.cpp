@@ -62,9 +62,10 @@ struct Candidate {
     }
 };
 
-std::string withAmount(const char* format, const Candidate& of) {
-    return fmt::format(fmt::runtime(format), of.account.code, of.account.name,
-                       shown(of.account.opening()));
+using AmountText = fmt::format_string<const std::string&, const std::string&, std::string>;
+
+std::string withAmount(AmountText format, const Candidate& of) {
+    return fmt::format(format, of.account.code, of.account.name, shown(of.account.opening()));
 }
 
 /// A cause that an account may be, and what is said of it.
@@ -86,8 +87,8 @@ constexpr std::array causeTests{
                   return isMisplaced(centsOf(of.account.opening()), of.wantedOpening());
               },
               [](const Candidate& of) {
-                  return fmt::format(fmt::runtime(texts::misplacedDigits), of.account.code,
-                                     of.account.name, shown(of.account.opening()),
+                  return fmt::format(texts::misplacedDigits, of.account.code, of.account.name,
+                                     shown(of.account.opening()),
                                      shown(amountOf(of.wantedOpening())));
               }},
     CauseTest{ImbalanceKind::missingOnSide,
@@ -95,14 +96,13 @@ constexpr std::array causeTests{
               [](const Candidate& of) { return withAmount(texts::missingOnSide, of); }},
     CauseTest{ImbalanceKind::figuresDisagree, [](const Candidate& of) { return of.disagrees(); },
               [](const Candidate& of) {
-                  return fmt::format(fmt::runtime(texts::figuresDisagree), of.account.code,
-                                     of.account.name);
+                  return fmt::format(texts::figuresDisagree, of.account.code, of.account.name);
               }},
     CauseTest{ImbalanceKind::departsFromClass,
               [](const Candidate& of) { return of.account.isDebit != of.accountClass.isDebit; },
               [](const Candidate& of) {
-                  return fmt::format(fmt::runtime(texts::departsFromClass), of.account.code,
-                                     of.account.name, of.account.type, shown(of.account.opening()));
+                  return fmt::format(texts::departsFromClass, of.account.code, of.account.name,
+                                     of.account.type, shown(of.account.opening()));
               }},
 };
 
@@ -132,9 +132,8 @@ std::vector<ImbalanceCause> imbalanceCauses(const OpeningSheet& sheet,
                 causes.push_back({test.kind, place, test.text(candidate)});
     }
     if (surplus != 0 && surplus % 9 == 0 && countOf(causes, ImbalanceKind::misplacedDigits) == 0)
-        causes.push_back(
-            {ImbalanceKind::divisibleByNine, std::nullopt,
-             fmt::format(fmt::runtime(texts::divisibleByNine), shown(balance.difference()))});
+        causes.push_back({ImbalanceKind::divisibleByNine, std::nullopt,
+                          fmt::format(texts::divisibleByNine, shown(balance.difference()))});
     std::ranges::stable_sort(causes, {}, &ImbalanceCause::kind);
     return causes;
 }

@@ -23,11 +23,12 @@ struct SideWords {
 constexpr SideWords debitWords{texts::debit, texts::credit};
 constexpr SideWords creditWords{texts::credit, texts::debit};
 
+using SideText = fmt::format_string<const char* const&, double>;
+
 /// The word goes by the sign of one value, the amount may be another's.
-std::string sideLine(const char* format, const SideWords& words, double sign, double amount) {
-    if (sign > 0) return fmt::format(fmt::runtime(format), words.above, amount);
-    if (sign < 0) return fmt::format(fmt::runtime(format), words.below, std::fabs(amount));
-    return fmt::format(fmt::runtime(format), texts::level, amount);
+std::string sideLine(SideText format, const SideWords& words, double sign, double amount) {
+    const char* const word = sign > 0 ? words.above : sign < 0 ? words.below : texts::level;
+    return fmt::format(format, word, sign < 0 ? std::fabs(amount) : amount);
 }
 
 }  // namespace
@@ -67,20 +68,19 @@ TrialBalanceTexts TrialBalance::texts() const {
     for (const ClassSum& each : m_classes) {
         const double sum = each.sum.value();
         std::string& lines = each.isDebit ? made.debitClasses : made.creditClasses;
-        lines += fmt::format(fmt::runtime(texts::className), each.name);
+        lines += fmt::format(texts::className, each.name);
         lines += sideLine(texts::classLine, each.isDebit ? debitWords : creditWords, sum, sum);
     }
     const double debits = debitTotal();
     made.debitTotal = sideLine(texts::totalLine, debitWords, debits, debits);
     // The label of the credit total goes by the sign of the debit total.
     made.creditTotal = sideLine(texts::totalLine, creditWords, debits, creditTotal());
-    made.result = isBalanced() ? texts::balanced
-                               : fmt::format(fmt::runtime(texts::notBalanced), difference());
+    made.result = isBalanced() ? texts::balanced : fmt::format(texts::notBalanced, difference());
     return made;
 }
 
 std::string TrialBalance::closePrompt() const {
-    return fmt::format(fmt::runtime(texts::closePrompt), difference());
+    return fmt::format(texts::closePrompt, difference());
 }
 
 }  // namespace chengheng

@@ -101,10 +101,9 @@ std::string plannedCellText(const PlannedCell& cell) {
     const int decimals = decimalsOf(cell.figure.measure);
     const std::string what =
         cell.reason.empty()
-            ? fmt::format(fmt::runtime(texts::figureChange), cell.code,
-                          ftoaWithSap(cell.before, decimals),
+            ? fmt::format(texts::figureChange, cell.code, ftoaWithSap(cell.before, decimals),
                           ftoaWithSap(cell.figure.value, decimals))
-            : fmt::format(fmt::runtime(texts::cellReason), cell.code, cell.reason, cell.text);
+            : fmt::format(texts::cellReason, cell.code, cell.reason, cell.text);
     return SheetFailure{what, cell.row + 1, cell.column + 1}.text();
 }
 

@@ -137,8 +137,7 @@ class ImportPlanner {
         if (code.empty()) return refuse(row, m_columns.code, texts::codeMissing);
         if (!place) return refuse(row, m_columns.code, texts::noSuchAccount);
         if (const auto [first, isNew] = m_rows.try_emplace(*place, row); !isNew)
-            return refuse(row, m_columns.code,
-                          fmt::format(fmt::runtime(texts::codeTwice), first->second + 1));
+            return refuse(row, m_columns.code, fmt::format(texts::codeTwice, first->second + 1));
         for (const auto& [column, fact] : m_columns.facts) {
             const std::string given = headingIn(m_file, row, column);
             if (!given.empty() && given != fact->fact(m_sheet, *place))

@@ -99,8 +99,7 @@ bool OpeningWork::exportTo(const std::string& path) {
         m_messages.tell({.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
         return false;
     };
-    if (!isSheetName(path))
-        return tell(fmt::format(fmt::runtime(sheet_texts::fileKindUnknown), path));
+    if (!isSheetName(path)) return tell(fmt::format(sheet_texts::fileKindUnknown, path));
     const SheetOutcome failure = writeSheet(exportedOpenings(sheet()), path);
     return !failure || tell(failure->text());
 }

@@ -29,9 +29,11 @@ CausesWindow::CausesWindow(double difference, std::vector<ImbalanceCause> causes
 }
 
 void CausesWindow::buildControls(double difference) {
-    const char* heading = m_causes.empty() ? opening_texts::noCauses : opening_texts::causesHeading;
+    const std::string amount = ftoaWithSap(difference, 2);
     auto* label =
-        new QLabel(shown(fmt::format(fmt::runtime(heading), ftoaWithSap(difference, 2))), this);
+        new QLabel(shown(m_causes.empty() ? fmt::format(opening_texts::noCauses, amount)
+                                          : fmt::format(opening_texts::causesHeading, amount)),
+                   this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     QStringList lines;

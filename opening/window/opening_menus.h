@@ -1,6 +1,7 @@
 #pragma once
 
 #include "opening/screen/opening_commands.h"
+#include "opening/sheet/opening_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -17,7 +18,7 @@ inline constexpr MenuItemResource openingFileItems[] = {
 inline constexpr MenuItemResource openingEditItems[] = {
     {opening_command::adjustDirection, "调余额方向"},
     {0, ""},
-    {opening_command::carryForward, "结转上年余额"},
+    {opening_command::carryForward, opening_texts::carryForward},
     {0, ""},
     {opening_command::undo, "撤销\tCtrl+Z"},
     {opening_command::redo, "重做\tCtrl+Y"},
@@ -29,8 +30,11 @@ inline constexpr MenuItemResource openingEditItems[] = {
     {opening_command::auxiliary, "录入辅助期初"},
 };
 inline constexpr MenuItemResource openingViewItems[] = {
-    {opening_command::refurbish, "刷新"},    {opening_command::trialBalance, "试算平衡"},   {0, ""},
-    {opening_command::find, "查找\tCtrl+K"}, {opening_command::causes, "不平衡的可能原因"},
+    {opening_command::refurbish, "刷新"},
+    {opening_command::trialBalance, "试算平衡"},
+    {0, ""},
+    {opening_command::find, "查找\tCtrl+K"},
+    {opening_command::causes, opening_texts::causesTitle},
 };
 inline constexpr MenuItemResource openingHelpItems[] = {
     {opening_command::help, "帮助主题"},
