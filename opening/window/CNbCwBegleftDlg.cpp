@@ -2,28 +2,35 @@
 
 #include <fmt/format.h>
 
-#include <QFrame>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "base/values/numbers.h"
+#include "base/system/program_version.h"
+#include "forms/form_texts.h"
 #include "opening/sheet/opening_texts.h"
+#include "opening/window/account_finder.h"
+#include "opening/window/causes_window.h"
+#include "opening/window/figure_editing.h"
+#include "opening/window/figure_transfer.h"
+#include "opening/window/opening_foot.h"
+#include "opening/window/opening_grid.h"
+#include "opening/window/opening_heading.h"
+#include "opening/window/opening_look.h"
 #include "opening/window/opening_menus.h"
-#include "opening/window/opening_model.h"
-#include "screen/elided_label.h"
-#include "screen/fonts.h"
-#include "screen/grid/CVCF1.h"
-#include "screen/search_bar.h"
+#include "screen/CBalanceTableDlg.h"
+#include "screen/help/help_pages.h"
+#include "screen/help/help_window.h"
+#include "screen/report/CNxGridControl.h"
 #include "screen/shown.h"
+#include "screen/unbuilt.h"
+#include "screen/wait_window.h"
 
 namespace opening_command = chengheng::opening_command;
 namespace opening_texts = chengheng::opening_texts;
-using chengheng::SearchBar;
+using chengheng::EditStep;
+using chengheng::OpeningWork;
 using chengheng::shown;
 
 namespace {
@@ -31,29 +38,6 @@ namespace {
 constexpr int openingTemplate = 125;
 constexpr QSize openingSize(860, 640);
 constexpr int besideColumns = 48;
-constexpr int gridPoints = 9;
-constexpr int frozenColumns = 2;  // code and name
-constexpr int margin = 8;
-constexpr int spacing = 16;
-constexpr QSize samplePixels(22, 14);
-constexpr int modeCharacters = 12;
-
-QFont gridFont() {
-    QFont font = chengheng::windowFont();
-    font.setPointSize(gridPoints);
-    return font;
-}
-
-QWidget* colourSample(const QColor& colour, QWidget* parent) {
-    auto* sample = new QFrame(parent);
-    sample->setFrameStyle(QFrame::Box | QFrame::Plain);
-    sample->setFixedSize(samplePixels);
-    QPalette palette = sample->palette();
-    palette.setColor(QPalette::Window, colour);
-    sample->setPalette(palette);
-    sample->setAutoFillBackground(true);
-    return sample;
-}
 
 }  // namespace
 
@@ -70,101 +54,42 @@ bool CNbCwBegleftDlg::OnCreate() { return m_work.refresh(); }
 bool CNbCwBegleftDlg::OnInitDialog() {
     buildControls();
     connectGrid();
-    connectEditor();
-    connectSearch();
-    resize(fittingSize());
-    showFigures();
-    const auto line = static_cast<int>(firstLine());
-    m_grid->setCurrentIndex(m_model->index(line, static_cast<int>(firstFigureColumn())));
+    const int columns = m_grid->horizontalHeader()->length() + besideColumns;
+    resize(std::max(openingSize.width(), columns), openingSize.height());
+    showChanges();
+    m_grid->goToFirst();
     m_grid->setFocus();
     return false;
 }
 
-QSize CNbCwBegleftDlg::fittingSize() const {
-    const int wanted = m_grid->horizontalHeader()->length() + besideColumns;
-    return {std::max(openingSize.width(), wanted), openingSize.height()};
-}
-
 void CNbCwBegleftDlg::buildControls() {
-    m_model = std::make_unique<chengheng::OpeningModel>(m_work);
-    m_shownReadings = m_work.readings();
-    m_grid = new CVCF1(shown(opening_texts::title), CVCF1::Unit::cell, this);
-    m_grid->setObjectName(QStringLiteral("openings"));
-    m_grid->setFont(gridFont());
-    m_grid->setGridModel(m_model.get());
-    m_grid->setFrozenColumns(frozenColumns);
-    m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_editor = new chengheng::FigureEditor(m_grid);
-    m_grid->setItemDelegate(m_editor);
-
+    using chengheng::opening_layout::margin;
+    m_grid = new chengheng::OpeningGrid(m_work, this);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(margin, 0, margin, margin);
     rows->setSpacing(0);
     m_commands = std::make_unique<chengheng::WindowCommands>(*this, chengheng::openingMenus);
-    rows->addWidget(buildHeading());
+    m_heading = new chengheng::OpeningHeading(this);
+    m_foot = new chengheng::OpeningFoot(this);
+    rows->addWidget(m_heading);
     rows->addWidget(m_grid, 1);
-    rows->addWidget(buildTotals());
-    setTabOrder(m_grid, m_searchBar->focusProxy());
-    setTabOrder(m_searchBar->focusProxy(), m_mode);
-}
-
-QWidget* CNbCwBegleftDlg::buildHeading() {
-    auto* heading = new QWidget(this);
-    auto* line = new QHBoxLayout(heading);
-    line->setContentsMargins(margin / 2, margin, margin / 2, margin);
-    m_mode = new QLineEdit(heading);
-    m_mode->setObjectName(QStringLiteral("mode"));
-    m_mode->setAccessibleName(shown(opening_texts::mode));
-    m_mode->setReadOnly(true);
-    QPalette colours = m_mode->palette();
-    colours.setColor(QPalette::Base, palette().color(QPalette::Window));
-    m_mode->setPalette(colours);
-    m_mode->setFixedWidth(modeCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
-    line->addWidget(m_mode);
-    const std::pair<const char*, QColor> legend[] = {
-        {opening_texts::parentLegend, chengheng::opening_colours::parent},
-        {opening_texts::endLegend, chengheng::opening_colours::endAccount},
-        {opening_texts::auxiliaryLegend, chengheng::opening_colours::auxiliary}};
-    for (const auto& [text, colour] : legend) {
-        line->addSpacing(spacing);
-        line->addWidget(colourSample(colour, heading));
-        line->addWidget(new QLabel(shown(text), heading));
-    }
-    line->addStretch(1);
-    m_searchBar =
-        new SearchBar(shown(opening_texts::searchLabel), shown(opening_texts::searchHint), heading);
-    line->addWidget(m_searchBar);
-    return heading;
-}
-
-QWidget* CNbCwBegleftDlg::buildTotals() {
-    auto* totals = new QWidget(this);
-    auto* line = new QHBoxLayout(totals);
-    line->setContentsMargins(margin / 2, margin, margin / 2, 0);
-    line->setSpacing(2 * spacing);
-    for (QLabel** label : {&m_debits, &m_credits, &m_difference}) {
-        *label = new QLabel(totals);
-        (*label)->setTextFormat(Qt::PlainText);
-        line->addWidget(*label);
-    }
-    m_debits->setObjectName(QStringLiteral("debits"));
-    m_credits->setObjectName(QStringLiteral("credits"));
-    m_difference->setObjectName(QStringLiteral("difference"));
-    m_account = new chengheng::ElidedLabel(totals);
-    m_account->setObjectName(QStringLiteral("account"));
-    m_account->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    line->addWidget(m_account, 1);
-    return totals;
+    rows->addWidget(m_foot);
+    m_heading->setTabOrderAfter(*m_grid);
+    m_editing = new chengheng::FigureEditing(*m_grid, m_work, messages());
+    new chengheng::AccountFinder(m_heading->searchBar(), *m_grid, m_work);
+    m_transfer = std::make_unique<chengheng::FigureTransfer>(
+        m_work, messages(), *this, [this](const chengheng::FigurePlan& plan) {
+            return change([&] { return m_work.apply(plan); });
+        });
 }
 
 void CNbCwBegleftDlg::connectGrid() {
+    connect(m_editing, &chengheng::FigureEditing::ended, this, [this] { showChanges(); });
     connect(m_grid, &CVCF1::doubleClicked, this, [this](const QModelIndex& index) {
-        if (sheet().opensAuxiliary(static_cast<std::size_t>(index.row()),
-                                   static_cast<std::size_t>(index.column())))
-            PostCommand(opening_command::auxiliary);
+        if (m_grid->opensAuxiliary(index)) PostCommand(opening_command::auxiliary);
     });
     connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this] { showAccount(); });
+            [this] { currentMoved(); });
     connect(m_grid, &CVCF1::keyDown, this, [this](int key, Qt::KeyboardModifiers modifiers) {
         guarded([=, this] { keyPressed(key, modifiers); })();
     });
@@ -174,89 +99,36 @@ void CNbCwBegleftDlg::connectGrid() {
     });
 }
 
-void CNbCwBegleftDlg::connectEditor() {
-    using chengheng::FigureEditor;
-    connect(m_editor, &FigureEditor::begun, this, [this] {
-        m_work.beginEdit();
-        m_isRefused = false;
-    });
-    connect(m_editor, &FigureEditor::typed, this,
-            [this](const QModelIndex& index, const QString& text) {
-                guarded([&] { endEdit(index, text); })();
-            });
-    // A figure that was not written is looked at again.
-    connect(m_editor, &FigureEditor::movedOn, this, [this](chengheng::NextCell to) {
-        if (!m_isRefused) moveOn(to);
-    });
+void CNbCwBegleftDlg::keyPressed(int key, Qt::KeyboardModifiers modifiers) {
+    if (!m_grid->hasLine()) return;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        m_grid->moveOnByEnter((modifiers & Qt::ShiftModifier) != 0);
+    else if (key == Qt::Key_F2 && m_grid->opensAuxiliary(m_grid->currentIndex()))
+        PostCommand(opening_command::auxiliary);
 }
 
-void CNbCwBegleftDlg::connectSearch() {
-    // Digits typed on a figure that cannot be changed are no search.
-    connect(m_grid, &CVCF1::textTyped, this, [this](const QString& text) {
-        const auto column = static_cast<std::size_t>(m_grid->currentIndex().column());
-        if (hasLine() && chengheng::figureOf(sheet().columns()[column].field) == nullptr)
-            m_searchBar->takeOver(text);
-    });
-    connect(m_searchBar, &SearchBar::textChanged, this, [this](const QString& text) {
-        if (!hasLine()) return;
-        const std::size_t line = currentLine();
-        goToMatch(
-            sheet().find(text.toStdString(), line == 0 ? std::nullopt : std::optional(line - 1)));
-    });
-    connect(m_searchBar, &SearchBar::nextWanted, this, [this] {
-        if (hasLine()) goToMatch(sheet().find(m_searchBar->text().toStdString(), currentLine()));
-    });
-    connect(m_searchBar, &SearchBar::previousWanted, this, [this] {
-        if (hasLine())
-            goToMatch(sheet().findBefore(m_searchBar->text().toStdString(), currentLine()));
-    });
-    connect(m_searchBar, &SearchBar::left, this, [this] { m_grid->setFocus(); });
+void CNbCwBegleftDlg::currentMoved() {
+    if (!m_grid->hasLine()) return;
+    m_foot->showAccount(m_work.sheet().accountOfLine(m_grid->currentLine()));
+    m_commands->setEnabled(
+        opening_command::auxiliary,
+        m_work.sheet().opensAuxiliary(m_grid->currentLine(), m_grid->openingColumn()));
 }
 
-void CNbCwBegleftDlg::goToMatch(std::optional<std::size_t> line) {
-    goToLine(line);
-    const bool isMissed = !line && !m_searchBar->text().isEmpty();
-    m_searchBar->setResult(isMissed ? shown(opening_texts::searchNothing) : QString());
+bool CNbCwBegleftDlg::change(const std::function<bool()>& work) {
+    const bool isDone = work();
+    showChanges();
+    return isDone;
 }
 
-void CNbCwBegleftDlg::showFigures() {
-    const auto place = currentPlace();
-    const auto changed = m_work.takeChangedCells();
-    if (m_shownReadings != m_work.readings()) {
-        m_shownReadings = m_work.readings();
-        m_model->tellReadAnew();
-        if (place) goTo(*place);
-    } else {
-        m_model->tellCellsChanged(changed);
-    }
-    showTotals();
+void CNbCwBegleftDlg::showChanges() {
+    m_grid->showChanges();
+    m_foot->showTotals(m_work.totals());
     reflectCommands();
 }
 
-void CNbCwBegleftDlg::showAccount() {
-    if (!hasLine()) return;
-    const chengheng::OpeningAccount& account = sheet().accountOfLine(currentLine());
-    m_account->setText(shown(account.code + ' ' + account.name));
-    m_commands->setEnabled(opening_command::auxiliary,
-                           sheet().opensAuxiliary(currentLine(), openingColumn()));
-}
-
-void CNbCwBegleftDlg::showTotals() {
-    const chengheng::TrialBalance totals = m_work.totals();
-    const auto show = [](QLabel& label, const char* text, double amount) {
-        label.setText(shown(fmt::format(fmt::runtime(text), ftoaWithSap(amount, 2))));
-    };
-    show(*m_debits, opening_texts::debitSum, totals.debitTotal());
-    show(*m_credits, opening_texts::creditSum, totals.creditTotal());
-    show(*m_difference, opening_texts::difference, totals.difference());
-    QPalette colours = palette();
-    if (!totals.isBalanced())
-        colours.setColor(QPalette::WindowText, chengheng::opening_colours::negative);
-    m_difference->setPalette(colours);
-}
-
 void CNbCwBegleftDlg::reflectCommands() {
-    m_mode->setText(shown(m_work.modeText()));
+    m_heading->showMode(m_work.modeText());
     m_commands->setEnabled(opening_command::adjustDirection, m_work.mayAdjustDirection());
     m_commands->setEnabled(opening_command::carryForward, m_work.mayCarryForward());
     m_commands->setEnabled(opening_command::undo, m_work.canUndo());
@@ -285,8 +157,8 @@ bool CNbCwBegleftDlg::PreTranslateMessage(QEvent& event) {
 }
 
 bool CNbCwBegleftDlg::focusNextPrevChild(bool isForward) {
-    const bool isInGrid = m_grid && m_grid->hasFocus() && hasLine();
-    return (isInGrid && moveSideways(isForward ? 1 : -1)) ||
+    const bool isInGrid = m_grid && m_grid->hasFocus();
+    return (isInGrid && m_grid->moveSideways(isForward ? 1 : -1)) ||
            CNxMiddleDialog::focusNextPrevChild(isForward);
 }
 
@@ -328,6 +200,113 @@ bool CNbCwBegleftDlg::OnCommand(int command) {
     };
     const auto found = std::ranges::find(handlers, command, &Handler::command);
     if (found == std::end(handlers)) return CNxMiddleDialog::OnCommand(command);
-    if (finishEditing()) (this->*found->handle)();
+    if (m_editing->finish()) (this->*found->handle)();
+    return true;
+}
+
+void CNbCwBegleftDlg::tryClose() {
+    if (!m_editing->finish()) return;
+    const bool mayClose = m_work.mayClose();
+    if (mayClose) {
+        EndDialog(Rejected);
+    } else {
+        showChanges();
+    }
+}
+
+void CNbCwBegleftDlg::retrace(const EditStep* step, bool (OpeningWork::*how)()) {
+    if (step == nullptr) return;
+    const EditStep changed = *step;
+    if (change([&] { return (m_work.*how)(); })) m_grid->goToStep(changed);
+}
+
+void CNbCwBegleftDlg::OnMenuUndo() { retrace(m_work.stepToUndo(), &OpeningWork::undo); }
+
+void CNbCwBegleftDlg::OnMenuRedo() { retrace(m_work.stepToRedo(), &OpeningWork::redo); }
+
+void CNbCwBegleftDlg::OnMenuClear() {
+    const auto figures = m_grid->selectedAsZero();
+    if (!figures.empty()) change([&] { return m_work.writeFigures(figures); });
+}
+
+void CNbCwBegleftDlg::OnMenuCopy() { m_grid->copySelection(); }
+
+void CNbCwBegleftDlg::OnMenuPaste() {
+    if (m_grid->hasLine()) m_transfer->paste(m_grid->upperLeft());
+}
+
+void CNbCwBegleftDlg::OnMenuImport() { m_transfer->importFile(); }
+
+void CNbCwBegleftDlg::OnMenuExport() { m_transfer->exportFile(); }
+
+void CNbCwBegleftDlg::OnMenuCauses() {
+    chengheng::CausesWindow window(m_work.totals().difference(), m_work.causes(), this);
+    if (window.DoModal() != Accepted) return;
+    const auto place = window.chosenPlace();
+    if (!place) return;
+    m_grid->goToAccount(*place);
+    m_grid->setFocus();
+}
+
+void CNbCwBegleftDlg::OnMenuExit() { tryClose(); }
+
+void CNbCwBegleftDlg::OnMenuAdjust() {
+    if (!m_grid->hasLine()) return;
+    change([&] { return m_work.adjustDirection(m_grid->currentLine()); });
+}
+
+void CNbCwBegleftDlg::OnMenuCarry() {
+    chengheng::tellUnbuilt(messages(), opening_texts::carryForward);
+}
+
+void CNbCwBegleftDlg::OnMenuAuxiliary() {
+    if (!m_grid->hasLine()) return;
+    const auto kind = m_work.auxiliaryToOpen(m_grid->currentLine(), m_grid->openingColumn());
+    if (kind == chengheng::AuxiliaryKind::none) return;
+    chengheng::tellUnbuilt(messages(), chengheng::auxiliaryText(kind));
+    change([&] { return m_work.afterAuxiliary(); });
+}
+
+void CNbCwBegleftDlg::OnMenuRefurbish() {
+    const chengheng::WaitWindow window(QString::fromUtf8(opening_texts::refreshing), this);
+    change([&] { return m_work.refresh(); });
+}
+
+void CNbCwBegleftDlg::OnMenuBalance() {
+    const chengheng::TrialBalance balance = m_work.trialBalance();
+    showChanges();
+    const chengheng::TrialBalanceTexts texts = balance.texts();
+    CBalanceTableDlg result(texts.inOrder(), !balance.isBalanced(), this);
+    if (result.DoModal() == CBalanceTableDlg::causesWanted) OnMenuCauses();
+}
+
+void CNbCwBegleftDlg::OnMenuFind() { m_heading->searchBar().setFocus(); }
+
+void CNbCwBegleftDlg::print(chengheng::ReportOutput output) {
+    const std::string year = fmt::format(opening_texts::accountingYear, m_work.accountingYear());
+    CNxGridControl::PrintOrPreview(*m_grid, {opening_texts::title, year}, static_cast<int>(output));
+}
+
+void CNbCwBegleftDlg::OnMenuPrint() { print(chengheng::ReportOutput::print); }
+
+void CNbCwBegleftDlg::OnMenuPreview() { print(chengheng::ReportOutput::preview); }
+
+void CNbCwBegleftDlg::OnMenuHelp() { chengheng::showHelp(chengheng::openingHelpContext, *this); }
+
+void CNbCwBegleftDlg::OnMenuSearch() {
+    chengheng::showHelp(chengheng::openingHelpContext, *this).startSearch();
+}
+
+void CNbCwBegleftDlg::OnMenuAbout() {
+    messages().tell(
+        {.text = fmt::format(chengheng::form_texts::aboutProgram, chengheng::programVersion())});
+}
+
+void CNbCwBegleftDlg::OnMenuCalendar() { messages().tell({.text = opening_texts::calendar}); }
+
+void CNbCwBegleftDlg::OnMenuCalculator() { messages().tell({.text = opening_texts::calculator}); }
+
+bool CNbCwBegleftDlg::OnHelpInfo() {
+    OnMenuHelp();
     return true;
 }

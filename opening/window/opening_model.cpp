@@ -1,6 +1,7 @@
 #include "opening/window/opening_model.h"
 
 #include "opening/sheet/opening_texts.h"
+#include "opening/window/opening_look.h"
 
 namespace chengheng {
 namespace {

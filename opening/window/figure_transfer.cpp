@@ -1,0 +1,68 @@
+#include "opening/window/figure_transfer.h"
+
+#include <fmt/format.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+
+#include "opening/sheet/opening_texts.h"
+#include "opening/window/figure_plan_window.h"
+#include "screen/shown.h"
+#include "sheets/delimited/delimited_text.h"
+
+namespace chengheng {
+
+FigureTransfer::FigureTransfer(OpeningWork& work, IMessages& messages, QWidget& window, Apply apply)
+    : m_work(work), m_messages(messages), m_window(window), m_apply(std::move(apply)) {}
+
+void FigureTransfer::paste(const OpeningCell& first) {
+    Sheet block;
+    const std::string text = QApplication::clipboard()->text().toStdString();
+    if (const auto failure = readClipboardBlock(text, block))
+        return m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning});
+    applyShown(planPaste(m_work.sheet(), first.line, first.column, block),
+               opening_texts::pasteTitle, {});
+}
+
+bool FigureTransfer::applyShown(const FigurePlan& plan, const char* title,
+                                const std::string& heading) {
+    if (plan.cells.empty()) {
+        m_messages.tell({.text = opening_texts::nothingToPaste});
+        return false;
+    }
+    // One figure is seen where it goes.
+    const bool isPlain = plan.cells.size() == 1 && plan.count(CellFate::refused) == 0;
+    if (!isPlain &&
+        FigurePlanWindow(title, heading, plan, &m_window).DoModal() != QDialog::Accepted)
+        return false;
+    return m_apply(plan);
+}
+
+void FigureTransfer::importFile() {
+    const std::string file =
+        QFileDialog::getOpenFileName(&m_window, shown(opening_texts::importTitle), {},
+                                     shown(opening_texts::fileFilter), nullptr,
+                                     QFileDialog::DontUseNativeDialog)
+            .toStdString();
+    if (file.empty()) return;
+    const auto plan = m_work.planImport(file);
+    if (!plan) return;
+    if (applyShown(*plan, opening_texts::importTitle,
+                   fmt::format(opening_texts::importedFile, file)))
+        m_messages.tell(
+            {.text = fmt::format(opening_texts::imported, plan->count(CellFate::changed))});
+}
+
+void FigureTransfer::exportFile() {
+    const std::string file =
+        QFileDialog::getSaveFileName(
+            &m_window, shown(opening_texts::exportTitle), shown(opening_texts::exportFile),
+            shown(opening_texts::fileFilter), nullptr, QFileDialog::DontUseNativeDialog)
+            .toStdString();
+    if (file.empty()) return;
+    if (m_work.exportTo(file))
+        m_messages.tell({.text = fmt::format(opening_texts::exported, file)});
+}
+
+}  // namespace chengheng

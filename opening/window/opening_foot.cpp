@@ -1,0 +1,58 @@
+#include "opening/window/opening_foot.h"
+
+#include <fmt/format.h>
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include "base/values/numbers.h"
+#include "opening/sheet/opening_texts.h"
+#include "opening/window/opening_look.h"
+#include "screen/elided_label.h"
+#include "screen/shown.h"
+
+namespace chengheng {
+namespace {
+
+void showAmount(QLabel& label, fmt::format_string<std::string> text, double amount) {
+    label.setText(shown(fmt::format(text, ftoaWithSap(amount, 2))));
+}
+
+}  // namespace
+
+OpeningFoot::OpeningFoot(QWidget* parent) : QWidget(parent) {
+    using namespace opening_layout;
+    auto* line = new QHBoxLayout(this);
+    line->setContentsMargins(margin / 2, margin, margin / 2, 0);
+    line->setSpacing(2 * spacing);
+    m_debits = addSum("debits");
+    m_credits = addSum("credits");
+    m_difference = addSum("difference");
+    m_account = new ElidedLabel(this);
+    m_account->setObjectName(QStringLiteral("account"));
+    m_account->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    line->addWidget(m_account, 1);
+}
+
+QLabel* OpeningFoot::addSum(const char* name) {
+    auto* label = new QLabel(this);
+    label->setObjectName(QString::fromLatin1(name));
+    label->setTextFormat(Qt::PlainText);
+    layout()->addWidget(label);
+    return label;
+}
+
+void OpeningFoot::showTotals(const TrialBalance& totals) {
+    showAmount(*m_debits, opening_texts::debitSum, totals.debitTotal());
+    showAmount(*m_credits, opening_texts::creditSum, totals.creditTotal());
+    showAmount(*m_difference, opening_texts::difference, totals.difference());
+    QPalette colours = palette();
+    if (!totals.isBalanced()) colours.setColor(QPalette::WindowText, opening_colours::negative);
+    m_difference->setPalette(colours);
+}
+
+void OpeningFoot::showAccount(const OpeningAccount& account) {
+    m_account->setText(shown(account.code + ' ' + account.name));
+}
+
+}  // namespace chengheng
