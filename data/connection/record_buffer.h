@@ -18,11 +18,6 @@ class RecordBuffer {
         ++m_count;
         return m_blocks.back().records[m_used++];
     }
-    /// Takes back the record appended last.
-    void dropLast() {
-        --m_used;
-        --m_count;
-    }
     std::size_t count() const { return m_count; }
 
     /// Pointers to all records in order; valid until the buffer is cleared.
