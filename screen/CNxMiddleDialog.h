@@ -8,6 +8,7 @@ class CNxMiddleDialog : public chengheng::DialogFrame {
 
   protected:
     CNxMiddleDialog(int templateNumber, QWidget* parent) : DialogFrame(templateNumber, parent) {}
+    explicit CNxMiddleDialog(QWidget* parent) : DialogFrame(parent) {}
 
     /// Makes the open set of books the one that g_pDB works on; false when it does not answer.
     bool SelectDatabase();

@@ -41,6 +41,8 @@ class DialogFrame : public QDialog {
 
   protected:
     DialogFrame(int templateNumber, QWidget* parent);
+    /// For dialogs that no host knows by a number.
+    explicit DialogFrame(QWidget* parent) : DialogFrame(0, parent) {}
 
     /// Runs once, before OnInitDialog. False: the dialog does not come into being.
     virtual bool OnCreate() { return true; }

@@ -16,13 +16,12 @@
 namespace chengheng {
 namespace {
 
-constexpr int causesTemplate = 129;
 constexpr QSize causesWindowSize(640, 400);
 
 }  // namespace
 
 CausesWindow::CausesWindow(double difference, std::vector<ImbalanceCause> causes, QWidget* parent)
-    : CNxMiddleDialog(causesTemplate, parent), m_causes(std::move(causes)) {
+    : CNxMiddleDialog(parent), m_causes(std::move(causes)) {
     setWindowTitle(shown(opening_texts::causesTitle));
     buildControls(difference);
     resize(causesWindowSize);
