@@ -139,17 +139,21 @@ class OpeningBench {
     void editing() {
         bench::SilentMessages messages;
         chengheng::OpeningWork work(messages);
-        require(work.refresh(), "reading the window");
+        require(work.refresh() == chengheng::Outcome::done, "reading the window");
         const std::size_t column =
             chengheng::placeOf(chengheng::OpeningField::opening, work.sheet().layout());
         bench::Pair pair;
         pair.floor = [this] { editRaw(); };
         pair.ours = [&] {
             m_amount += 1;
-            require(work.endEdit(editedLine, column, std::to_string(m_amount)), "an edit");
+            require(work.endEdit(editedLine, column, std::to_string(m_amount)) ==
+                        chengheng::Outcome::done,
+                    "an edit");
         };
         // What the floor wrote is read before the edit that is timed.
-        pair.reset = [&] { require(work.refresh(), "reading the window"); };
+        pair.reset = [&] {
+            require(work.refresh() == chengheng::Outcome::done, "reading the window");
+        };
         bench::reportTimes(of("one edit, keystroke to durable"), pair, 1.5, 15);
     }
 

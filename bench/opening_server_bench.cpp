@@ -145,10 +145,14 @@ class ServerOpeningBench {
         pair.floor = [this] { editRaw(); };
         pair.ours = [&] {
             m_amount += 1;
-            require(work.endEdit(editedLine, column, std::to_string(m_amount)), "an edit");
+            require(work.endEdit(editedLine, column, std::to_string(m_amount)) ==
+                        chengheng::Outcome::done,
+                    "an edit");
         };
         // What the floor wrote is read before the edit that is timed.
-        pair.reset = [&] { require(work.refresh(), "reading the window"); };
+        pair.reset = [&] {
+            require(work.refresh() == chengheng::Outcome::done, "reading the window");
+        };
         bench::reportTimes(of("one edit, keystroke to durable"), pair, 1.5, 15);
     }
 

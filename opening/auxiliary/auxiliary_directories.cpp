@@ -1,7 +1,6 @@
 #include "opening/auxiliary/auxiliary_directories.h"
 
 #include <array>
-#include <optional>
 
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
@@ -39,32 +38,28 @@ constexpr std::array needs{
     Needs{AuxiliaryKind::unitAndProject, {&units, &projectClasses}},
 };
 
-/// What is told about a directory; nothing when it holds something.
-std::optional<Notice> refusal(const Directory& directory) {
-    const auto hasAny = directory.hasAny(*g_pDB, opening_sql::anyRow);
-    if (!hasAny) return lastFailureNotice();
-    if (!*hasAny) return Notice{.text = directory.whenEmpty};
-    return std::nullopt;
-}
+Refusal lastFailure() { return {RefusalKind::failed, lastFailureNotice()}; }
 
-std::optional<Notice> firstRefusal(AuxiliaryKind kind) {
-    if (!selectOpenBooks()) return lastFailureNotice();
-    for (const Needs& each : needs) {
-        if (each.kind != kind) continue;
-        for (const Directory* directory : each.directories) {
-            if (directory == nullptr) continue;
-            if (auto found = refusal(*directory)) return found;
-        }
-    }
+/// Nothing when the directory holds something.
+std::optional<Refusal> directoryRefusal(const Directory& directory) {
+    const auto hasAny = directory.hasAny(*g_pDB, opening_sql::anyRow);
+    if (!hasAny) return lastFailure();
+    if (!*hasAny) return Refusal{RefusalKind::wrongInput, {.text = directory.whenEmpty}};
     return std::nullopt;
 }
 
 }  // namespace
 
-bool hasDirectories(AuxiliaryKind kind, IMessages& messages) {
-    const auto told = firstRefusal(kind);
-    if (told) messages.tell(*told);
-    return !told;
+std::optional<Refusal> directoriesRefusal(AuxiliaryKind kind) {
+    if (!selectOpenBooks()) return lastFailure();
+    for (const Needs& each : needs) {
+        if (each.kind != kind) continue;
+        for (const Directory* directory : each.directories) {
+            if (directory == nullptr) continue;
+            if (auto found = directoryRefusal(*directory)) return found;
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace chengheng

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "base/messages/messages.h"
+#include <optional>
+
+#include "base/messages/refusal.h"
 #include "opening/sheet/auxiliary_kind.h"
 
 namespace chengheng {
 
-/// Whether the directories that the auxiliary window of a kind chooses from hold anything in the
-/// open set of books. When one is empty or cannot be read, the operator has been told.
-bool hasDirectories(AuxiliaryKind kind, IMessages& messages);
+/// Why the auxiliary window of a kind cannot be opened: a directory that it chooses from is empty
+/// in the open set of books or cannot be read. Nothing when all of them hold something.
+std::optional<Refusal> directoriesRefusal(AuxiliaryKind kind);
 
 }  // namespace chengheng

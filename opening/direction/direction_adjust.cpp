@@ -15,6 +15,8 @@ namespace texts = opening_texts;
 constexpr LockLists lockLists{"AssSum AccSum Cyrency UnRegMain UnRegSug",  // sic
                               "Code"};
 
+Refusal wrongInput(const char* text) { return {RefusalKind::wrongInput, {.text = text}}; }
+
 const char* directionText(bool isDebit) { return isDebit ? texts::debit : texts::credit; }
 
 /// An account that is gone is passed over.
@@ -46,7 +48,7 @@ Result turn(OpeningBooks& books, const OpeningAccount& asked) {
         return Result::stale({.text = texts::chartMeanwhile});
     const std::size_t line = sheet.accounts()[*place].firstLine;
     if (const auto refusal = directionRefusal(sheet, CodeLevels(books.levelPattern), line))
-        return Result::stale(*refusal);
+        return Result::stale(refusal->notice);
     for (const std::size_t each : directionSubtree(sheet, line)) {
         sheet.accounts()[each].isDebit = !asked.isDebit;
         const Result result = storeDirection(sheet.accounts()[each].id, !asked.isDebit);
@@ -57,12 +59,12 @@ Result turn(OpeningBooks& books, const OpeningAccount& asked) {
 
 }  // namespace
 
-std::optional<Notice> directionRefusal(const OpeningSheet& sheet, const CodeLevels& levels,
-                                       std::size_t line) {
+std::optional<Refusal> directionRefusal(const OpeningSheet& sheet, const CodeLevels& levels,
+                                        std::size_t line) {
     const std::string code = sheet.text(line, placeOf(OpeningField::code, sheet.layout()));
     if (static_cast<int>(characterCount(code)) != levels.lengthOf(1))
-        return Notice{.text = texts::onlyTopLevel};
-    if (sheet.accountOfLine(line).opening() != 0.0) return Notice{.text = texts::hasOpening};
+        return wrongInput(texts::onlyTopLevel);
+    if (sheet.accountOfLine(line).opening() != 0.0) return wrongInput(texts::hasOpening);
     return std::nullopt;
 }
 
@@ -84,7 +86,7 @@ std::vector<std::size_t> directionSubtree(const OpeningSheet& sheet, std::size_t
 
 Outcome adjustDirection(OpeningBooks& books, std::size_t line, IMessages& messages) {
     if (const auto refusal = directionRefusal(books.sheet, CodeLevels(books.levelPattern), line))
-        return told(messages, Result::refused(*refusal));
+        return told(messages, Result::refused(refusal->notice));
     if (messages.ask(directionQuestion(books.sheet, line)) != Answer::yes) return Outcome::refused;
     OpeningBooks fresh;
     const OpeningAccount asked = books.sheet.accountOfLine(line);

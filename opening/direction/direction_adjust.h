@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "accounts/codes/code_levels.h"
-#include "base/messages/messages.h"
+#include "base/messages/refusal.h"
 #include "opening/storing/opening_reading.h"
 #include "session/record_change.h"
 
@@ -14,8 +14,8 @@ namespace chengheng {
 /// Why the direction of the account on a line may not be turned; nothing when it may. Only a
 /// top-level account without an opening balance is turned, together with all below it, so that
 /// no balance changes its meaning; of the sheet only the opening balance is looked at.
-std::optional<Notice> directionRefusal(const OpeningSheet& sheet, const CodeLevels& levels,
-                                       std::size_t line);
+std::optional<Refusal> directionRefusal(const OpeningSheet& sheet, const CodeLevels& levels,
+                                        std::size_t line);
 
 /// What is asked before.
 Question directionQuestion(const OpeningSheet& sheet, std::size_t line);

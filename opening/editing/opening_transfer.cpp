@@ -197,7 +197,8 @@ Sheet exportedOpenings(const OpeningSheet& sheet) {
     return file;
 }
 
-SheetOutcome planOpeningImport(const OpeningSheet& sheet, const Sheet& file, FigurePlan& plan) {
+std::optional<SheetFailure> planOpeningImport(const OpeningSheet& sheet, const Sheet& file,
+                                              FigurePlan& plan) {
     const auto columns = findColumns(sheet, file);
     if (!columns) return SheetFailure{.reason = texts::noHeadings};
     plan = {};
@@ -207,11 +208,11 @@ SheetOutcome planOpeningImport(const OpeningSheet& sheet, const Sheet& file, Fig
     return std::nullopt;
 }
 
-SheetOutcome planImportedFile(const OpeningSheet& sheet, const std::string& path,
-                              FigurePlan& plan) {
+std::optional<SheetFailure> planImportedFile(const OpeningSheet& sheet, const std::string& path,
+                                             FigurePlan& plan) {
     Sheet file;
-    if (SheetOutcome failure = readSheet(path, file)) return failure;
-    const SheetOutcome failure = planOpeningImport(sheet, file, plan);
+    if (auto failure = readSheet(path, file)) return failure;
+    const auto failure = planOpeningImport(sheet, file, plan);
     return failure ? whileReading(*failure, path) : failure;
 }
 

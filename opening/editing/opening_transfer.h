@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "opening/editing/figure_plan.h"
@@ -16,9 +17,11 @@ Sheet exportedOpenings(const OpeningSheet& sheet);
 /// other columns are read over, as are sums of accounts that have others below them. A row is
 /// refused when its account is not there or named twice, or when its direction, currency or unit
 /// is another than the account's. The failure is one of the whole file: it has no heading row.
-SheetOutcome planOpeningImport(const OpeningSheet& sheet, const Sheet& file, FigurePlan& plan);
+std::optional<SheetFailure> planOpeningImport(const OpeningSheet& sheet, const Sheet& file,
+                                              FigurePlan& plan);
 
 /// The same of a CSV or XLSX file.
-SheetOutcome planImportedFile(const OpeningSheet& sheet, const std::string& path, FigurePlan& plan);
+std::optional<SheetFailure> planImportedFile(const OpeningSheet& sheet, const std::string& path,
+                                             FigurePlan& plan);
 
 }  // namespace chengheng

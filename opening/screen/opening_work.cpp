@@ -45,15 +45,15 @@ Status readAnew(OpeningBooks& books) {
 
 const char* OpeningWork::modeText() const { return isBrowsing() ? opening_texts::browsing : ""; }
 
-bool OpeningWork::refresh() {
+Outcome OpeningWork::refresh() {
     OpeningBooks books;
     if (!selectOpenBooks() || !readAnew(books)) {
         m_messages.tell(lastFailureNotice());
-        return false;
+        return Outcome::failed;
     }
     m_books = std::move(books);
     ++m_readings;
-    return true;
+    return Outcome::done;
 }
 
 Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
@@ -66,63 +66,67 @@ Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
     return outcome;
 }
 
-bool OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
-    if (!sheet().isEditable(line, column)) return false;
+Outcome OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
+    if (!sheet().isEditable(line, column)) return Outcome::refused;
     const Measure measure = sheet().line(line).measure;
     return writeFigures({{sheet().accountOfLine(line).id, measure,
                           figureOf(sheet().columns()[column].field), typedAmount(typed, measure)}});
 }
 
-bool OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
+Outcome OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
     m_isChanged = true;
     EditStep written;
     const auto make = [&](const OpeningSheet& current) { return typedStep(current, figures); };
-    if (write(make, written) != Outcome::done) return false;
-    m_journal.add(std::move(written));
-    return true;
+    const Outcome outcome = write(make, written);
+    if (outcome == Outcome::done) m_journal.add(std::move(written));
+    return outcome;
 }
 
-bool OpeningWork::apply(const FigurePlan& plan) {
-    return plan.mayBeApplied() && writeFigures(plan.figures());
+Outcome OpeningWork::apply(const FigurePlan& plan) {
+    return plan.mayBeApplied() ? writeFigures(plan.figures()) : Outcome::refused;
 }
 
 std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {
     FigurePlan plan;
-    const SheetOutcome failure = planImportedFile(sheet(), path, plan);
+    const auto failure = planImportedFile(sheet(), path, plan);
     if (!failure) return plan;
     m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning, .beep = true});
     return std::nullopt;
 }
 
-bool OpeningWork::exportTo(const std::string& path) {
+Outcome OpeningWork::exportTo(const std::string& path) {
     const auto tell = [this](std::string text) {
         m_messages.tell({.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
-        return false;
     };
-    if (!isSheetName(path)) return tell(fmt::format(sheet_texts::fileKindUnknown, path));
-    const SheetOutcome failure = writeSheet(exportedOpenings(sheet()), path);
-    return !failure || tell(failure->text());
+    if (!isSheetName(path)) {
+        tell(fmt::format(sheet_texts::fileKindUnknown, path));
+        return Outcome::refused;
+    }
+    const auto failure = writeSheet(exportedOpenings(sheet()), path);
+    if (!failure) return Outcome::done;
+    tell(failure->text());
+    return Outcome::failed;
 }
 
-bool OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),
-                       void (EditJournal::*forget)()) {
+Outcome OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),
+                          void (EditJournal::*forget)()) {
     m_isChanged = true;
     EditStep written;
     const Outcome outcome = write([&step](const OpeningSheet&) { return step; }, written);
     if (outcome == Outcome::done) (m_journal.*arrived)();
     // Vouchers may go again.
     if (outcome == Outcome::stale && !isBrowsing()) (m_journal.*forget)();
-    return outcome == Outcome::done;
+    return outcome;
 }
 
-bool OpeningWork::undo() {
-    return canUndo() &&
-           goTo(reversed(*m_journal.toUndo()), &EditJournal::undone, &EditJournal::forgetUndo);
+Outcome OpeningWork::undo() {
+    if (!canUndo()) return Outcome::refused;
+    return goTo(reversed(*m_journal.toUndo()), &EditJournal::undone, &EditJournal::forgetUndo);
 }
 
-bool OpeningWork::redo() {
-    return canRedo() &&
-           goTo(EditStep(*m_journal.toRedo()), &EditJournal::redone, &EditJournal::forgetRedo);
+Outcome OpeningWork::redo() {
+    if (!canRedo()) return Outcome::refused;
+    return goTo(EditStep(*m_journal.toRedo()), &EditJournal::redone, &EditJournal::forgetRedo);
 }
 
 TrialBalance OpeningWork::trialBalance() {
@@ -134,56 +138,56 @@ TrialBalance OpeningWork::trialBalance() {
     return totals();
 }
 
-bool OpeningWork::adjustDirection(std::size_t line) {
-    if (!mayAdjustDirection()) return false;
+Outcome OpeningWork::adjustDirection(std::size_t line) {
+    if (!mayAdjustDirection()) return Outcome::refused;
     m_books.sheet.rollUp();
     const Outcome outcome = chengheng::adjustDirection(m_books, line, m_messages);
     if (outcome == Outcome::stale) refresh();
-    if (outcome != Outcome::done) return false;
+    if (outcome != Outcome::done) return outcome;
     ++m_readings;
     if (CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) < 0)
         m_messages.tell(lastFailureNotice());
-    return true;
+    return outcome;
 }
 
 AuxiliaryKind OpeningWork::auxiliaryToOpen(std::size_t line, std::size_t column) {
     if (!sheet().opensAuxiliary(line, column)) return AuxiliaryKind::none;
     const AuxiliaryKind kind = sheet().accountOfLine(line).auxiliary;
-    return hasDirectories(kind, m_messages) ? kind : AuxiliaryKind::none;
+    const auto refusal = directoriesRefusal(kind);
+    if (!refusal) return kind;
+    m_messages.tell(refusal->notice);
+    return AuxiliaryKind::none;
 }
 
-bool OpeningWork::afterAuxiliary() {
-    if (isBrowsing()) return true;
+Outcome OpeningWork::afterAuxiliary() {
+    if (isBrowsing()) return Outcome::done;
     m_isChanged = true;
-    const bool isSaved = save();
+    const Outcome outcome = save();
     m_isChanged = false;
-    return isSaved;
+    return outcome;
 }
 
-bool OpeningWork::save() {
-    if (!m_isChanged || isBrowsing()) return true;
+Outcome OpeningWork::save() {
+    if (!m_isChanged || isBrowsing()) return Outcome::done;
     OpeningBooks books;
     if (!selectOpenBooks() || !saveOpeningBooks(*g_pDB, books)) {
         m_messages.tell(lastFailureNotice());
-        return false;
+        return Outcome::failed;
     }
     m_books = std::move(books);
     ++m_readings;
-    return true;
+    return Outcome::done;
 }
 
 bool OpeningWork::mayClose() {
     const TrialBalance balance = trialBalance();
-    bool isSaved = false;
-    if (balance.isBalanced()) {
-        isSaved = refresh() && save();
-    } else {
+    if (!balance.isBalanced()) {
         const Answer answer =
             m_messages.ask({.text = balance.closePrompt(), .icon = MessageIcon::information});
         if (answer != Answer::yes) return false;
-        isSaved = save();
     }
-    return isSaved || !m_isChanged ||
+    const bool isRead = !balance.isBalanced() || refresh() == Outcome::done;
+    return (isRead && save() == Outcome::done) || !m_isChanged ||
            m_messages.ask({.text = opening_texts::closeUnsaved, .preset = Answer::no}) ==
                Answer::yes;
 }

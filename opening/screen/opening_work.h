@@ -28,9 +28,9 @@ class OpeningWork {
     explicit OpeningWork(IMessages& messages) : m_messages(messages) {}
 
     /// Reads the books anew; when they may be edited, rows that carry nothing are swept away
-    /// first. To be called once before anything else. False when they could not be read: then the
-    /// sheet stays as it was.
-    bool refresh();
+    /// first. To be called once before anything else. When they could not be read, the sheet stays
+    /// as it was.
+    Outcome refresh();
 
     const OpeningSheet& sheet() const { return m_books.sheet; }
     int accountingYear() const { return m_books.year; }
@@ -54,18 +54,18 @@ class OpeningWork {
     /// A cell is being edited: from now on there is something to save.
     void beginEdit() { m_isChanged = true; }
     /// Writes what was typed into an editable cell.
-    bool endEdit(std::size_t line, std::size_t column, std::string_view typed);
+    Outcome endEdit(std::size_t line, std::size_t column, std::string_view typed);
     /// Writes many figures as one step; nothing is written unless everything is.
-    bool writeFigures(const std::vector<TypedFigure>& figures);
-    /// A paste or an import as it was shown; false as well when a cell of it is refused.
-    bool apply(const FigurePlan& plan);
+    Outcome writeFigures(const std::vector<TypedFigure>& figures);
+    /// A paste or an import as it was shown; refused as well when a cell of it is.
+    Outcome apply(const FigurePlan& plan);
     /// What the cells of a CSV or XLSX file become; nothing when it cannot be read.
     std::optional<FigurePlan> planImport(const std::string& path);
     /// Writes the sheet as such a file, by the end of its name.
-    bool exportTo(const std::string& path);
+    Outcome exportTo(const std::string& path);
     /// A step whose accounts or figures another workstation has changed is told and forgotten.
-    bool undo();
-    bool redo();
+    Outcome undo();
+    Outcome redo();
 
     /// Of the sheet as it stands, for the running line.
     TrialBalance totals() const { return {m_books.classes, m_books.sheet.accounts()}; }
@@ -75,21 +75,22 @@ class OpeningWork {
     TrialBalance trialBalance();
 
     /// Turns the direction of the account on a line after asking.
-    bool adjustDirection(std::size_t line);
+    Outcome adjustDirection(std::size_t line);
 
     /// The kind of window that a double-click on a line opens, its directories being there.
     AuxiliaryKind auxiliaryToOpen(std::size_t line, std::size_t column);
     /// After an auxiliary window: its figures are taken over and rolled up.
-    bool afterAuxiliary();
+    Outcome afterAuxiliary();
 
     /// Writes the sums of the accounts above others, when anything was changed.
-    bool save();
+    Outcome save();
     /// Whether the window may close, having saved. Books that do not balance are asked about.
     bool mayClose();
 
   private:
     Outcome write(const StepMaker& make, EditStep& written);
-    bool goTo(const EditStep& step, void (EditJournal::*arrived)(), void (EditJournal::*forget)());
+    Outcome goTo(const EditStep& step, void (EditJournal::*arrived)(),
+                 void (EditJournal::*forget)());
 
     IMessages& m_messages;
     OpeningBooks m_books;

@@ -31,6 +31,7 @@ namespace opening_command = chengheng::opening_command;
 namespace opening_texts = chengheng::opening_texts;
 using chengheng::EditStep;
 using chengheng::OpeningWork;
+using chengheng::Outcome;
 using chengheng::shown;
 
 namespace {
@@ -49,7 +50,7 @@ CNbCwBegleftDlg::CNbCwBegleftDlg(QWidget* parent)
 
 CNbCwBegleftDlg::~CNbCwBegleftDlg() = default;
 
-bool CNbCwBegleftDlg::OnCreate() { return m_work.refresh(); }
+bool CNbCwBegleftDlg::OnCreate() { return m_work.refresh() == Outcome::done; }
 
 bool CNbCwBegleftDlg::OnInitDialog() {
     buildControls();
@@ -115,10 +116,10 @@ void CNbCwBegleftDlg::currentMoved() {
         m_work.sheet().opensAuxiliary(m_grid->currentLine(), m_grid->openingColumn()));
 }
 
-bool CNbCwBegleftDlg::change(const std::function<bool()>& work) {
-    const bool isDone = work();
+Outcome CNbCwBegleftDlg::change(const std::function<Outcome()>& work) {
+    const Outcome outcome = work();
     showChanges();
-    return isDone;
+    return outcome;
 }
 
 void CNbCwBegleftDlg::showChanges() {
@@ -214,10 +215,10 @@ void CNbCwBegleftDlg::tryClose() {
     }
 }
 
-void CNbCwBegleftDlg::retrace(const EditStep* step, bool (OpeningWork::*how)()) {
+void CNbCwBegleftDlg::retrace(const EditStep* step, Outcome (OpeningWork::*how)()) {
     if (step == nullptr) return;
     const EditStep changed = *step;
-    if (change([&] { return (m_work.*how)(); })) m_grid->goToStep(changed);
+    if (change([&] { return (m_work.*how)(); }) == Outcome::done) m_grid->goToStep(changed);
 }
 
 void CNbCwBegleftDlg::OnMenuUndo() { retrace(m_work.stepToUndo(), &OpeningWork::undo); }

@@ -72,10 +72,11 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     void currentMoved();
 
     /// Does something with the sheet and shows what has become of it.
-    bool change(const std::function<bool()>& work);
+    chengheng::Outcome change(const std::function<chengheng::Outcome()>& work);
     void showChanges();
     void reflectCommands();
-    void retrace(const chengheng::EditStep* step, bool (chengheng::OpeningWork::*how)());
+    void retrace(const chengheng::EditStep* step,
+                 chengheng::Outcome (chengheng::OpeningWork::*how)());
     void print(chengheng::ReportOutput output);
     void tryClose();
 

@@ -39,8 +39,9 @@ bool FigureEditing::finish() {
 
 void FigureEditing::write(const QModelIndex& index, const QString& text) {
     const FigurePlace place = m_grid.placeAt(index);
-    m_isRefused = !m_work.endEdit(static_cast<std::size_t>(index.row()),
-                                  static_cast<std::size_t>(index.column()), text.toStdString());
+    m_isRefused = Outcome::done != m_work.endEdit(static_cast<std::size_t>(index.row()),
+                                                  static_cast<std::size_t>(index.column()),
+                                                  text.toStdString());
     emit ended();
     if (!m_isRefused) return;
     // Once the editor that ends now has closed.

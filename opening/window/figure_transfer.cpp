@@ -25,17 +25,17 @@ void FigureTransfer::paste(const OpeningCell& first) {
                opening_texts::pasteTitle, {});
 }
 
-bool FigureTransfer::applyShown(const FigurePlan& plan, const char* title,
-                                const std::string& heading) {
+Outcome FigureTransfer::applyShown(const FigurePlan& plan, const char* title,
+                                   const std::string& heading) {
     if (plan.cells.empty()) {
         m_messages.tell({.text = opening_texts::nothingToPaste});
-        return false;
+        return Outcome::refused;
     }
     // One figure is seen where it goes.
     const bool isPlain = plan.cells.size() == 1 && plan.count(CellFate::refused) == 0;
     if (!isPlain &&
         FigurePlanWindow(title, heading, plan, &m_window).DoModal() != QDialog::Accepted)
-        return false;
+        return Outcome::refused;
     return m_apply(plan);
 }
 
@@ -49,7 +49,7 @@ void FigureTransfer::importFile() {
     const auto plan = m_work.planImport(file);
     if (!plan) return;
     if (applyShown(*plan, opening_texts::importTitle,
-                   fmt::format(opening_texts::importedFile, file)))
+                   fmt::format(opening_texts::importedFile, file)) == Outcome::done)
         m_messages.tell(
             {.text = fmt::format(opening_texts::imported, plan->count(CellFate::changed))});
 }
@@ -61,7 +61,7 @@ void FigureTransfer::exportFile() {
             shown(opening_texts::fileFilter), nullptr, QFileDialog::DontUseNativeDialog)
             .toStdString();
     if (file.empty()) return;
-    if (m_work.exportTo(file))
+    if (m_work.exportTo(file) == Outcome::done)
         m_messages.tell({.text = fmt::format(opening_texts::exported, file)});
 }
 

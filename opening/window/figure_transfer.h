@@ -13,9 +13,9 @@ namespace chengheng {
 /// first, and written when the operator wants it.
 class FigureTransfer {
   public:
-    using Apply = std::function<bool(const FigurePlan& plan)>;
+    using Apply = std::function<Outcome(const FigurePlan& plan)>;
 
-    /// `apply` writes a plan and shows what has become of it; false when it was not written.
+    /// `apply` writes a plan and shows what has become of it.
     FigureTransfer(OpeningWork& work, IMessages& messages, QWidget& window, Apply apply);
 
     /// The clipboard's block, with its first cell on a cell of the sheet.
@@ -24,7 +24,7 @@ class FigureTransfer {
     void exportFile();
 
   private:
-    bool applyShown(const FigurePlan& plan, const char* title, const std::string& heading);
+    Outcome applyShown(const FigurePlan& plan, const char* title, const std::string& heading);
 
     OpeningWork& m_work;
     IMessages& m_messages;

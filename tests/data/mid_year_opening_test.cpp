@@ -18,7 +18,7 @@ TEST_P(OpeningLayouts, AreSimpleOnlyInBooksThatBeginInJanuary) {
     OpeningTestBooks books(freshLocation(GetParam()));
     for (int month = 1; month <= 12; ++month) {
         books.books().run(formatSql("UPDATE zAccountM SET dtStart = '2026/%d/1'", month));
-        EXPECT_TRUE(books.work().refresh());
+        EXPECT_EQ(books.work().refresh(), Outcome::done);
         EXPECT_EQ(books.work().sheet().layout() == OpeningLayout::simple, month == 1) << month;
     }
 }
@@ -31,7 +31,7 @@ class MidYearOpening : public testing::TestWithParam<EngineCase> {
         m_books.addAccounts({"1002", "100201", "100202"});
         m_books.change("100202", "byExchId = 1");
         m_books.addCredit("2001");
-        ASSERT_TRUE(m_books.work().refresh());
+        ASSERT_EQ(m_books.work().refresh(), Outcome::done);
     }
     bool type(const char* code, const char* text, OpeningField field,
               Measure measure = Measure::money) {
@@ -78,7 +78,7 @@ TEST_P(MidYearOpening, KeepsAnOpeningBalanceThatDisagreesAndMarksIt) {
 TEST_P(MidYearOpening, UndoesAFigureAndTheOpeningItFilledTogether) {
     type("100201", "100", OpeningField::yearStart);
     type("100201", "30", OpeningField::debit);
-    EXPECT_TRUE(m_books.work().undo());
+    EXPECT_EQ(m_books.work().undo(), Outcome::done);
     EXPECT_EQ(m_books.shown("100201"), "100.00");
     EXPECT_EQ(m_books.openings("100201"), allPeriods("100"));
 }
@@ -105,7 +105,7 @@ TEST_P(MidYearOpening, TurnsADirectionByTheOpeningBalanceAlone) {
     type("2001", "100", OpeningField::yearStart);
     type("2001", "100", OpeningField::debit);
     m_books.messages().willAnswer(Answer::yes);
-    EXPECT_TRUE(m_books.work().adjustDirection(m_books.lineOf("2001")));
+    EXPECT_EQ(m_books.work().adjustDirection(m_books.lineOf("2001")), Outcome::done);
     EXPECT_EQ(m_books.books().account("2001").bDirect, 1);
 }
 

@@ -129,7 +129,7 @@ TEST_P(OpeningCommands, ImportTheFiguresAndTheSumsAboveThem) {
     EXPECT_EQ(trialBalance().code, done);
     EXPECT_EQ(chbooks({"check", m_books}).code, done);
     OpeningTestBooks books(m_books, OpeningLayout::simple, false);
-    EXPECT_TRUE(books.work().refresh());
+    EXPECT_EQ(books.work().refresh(), Outcome::done);
     EXPECT_EQ(books.shown("1002"), "7.00");
     EXPECT_EQ(books.whatASaveWouldChange(), std::vector<std::string>{});
 }

@@ -20,10 +20,10 @@ class Directions : public testing::TestWithParam<EngineCase> {
     void SetUp() override {
         m_books.addAccounts({"1001", "1002", "100201", "10020101", "100202"});
         m_books.change("100202", "byExchId = 1, bAmount = 1");
-        ASSERT_TRUE(m_books.work().refresh());
+        ASSERT_EQ(m_books.work().refresh(), Outcome::done);
     }
     bool adjust(const std::string& code) {
-        return m_books.work().adjustDirection(m_books.lineOf(code));
+        return m_books.work().adjustDirection(m_books.lineOf(code)) == Outcome::done;
     }
     /// "1001 借 1": code, direction in the sheet, direction in the chart, for each account.
     Texts directions() {
@@ -93,7 +93,8 @@ TEST_P(Directions, AreRefusedBelowTheTopEvenWithoutABalance) {
 TEST_P(Directions, AreRefusedOnAnExtraLine) {
     m_books.change("1001", "byExchId = 1");
     m_books.work().refresh();
-    EXPECT_FALSE(m_books.work().adjustDirection(m_books.lineOf("1001", Measure::foreign)));
+    EXPECT_NE(m_books.work().adjustDirection(m_books.lineOf("1001", Measure::foreign)),
+              Outcome::done);
     EXPECT_EQ(messages().onlyNotice().text, "只能在总帐科目调整余额方向!");
 }
 
@@ -153,10 +154,10 @@ TEST_P(Directions, StayWhenTheAccountIsNoLongerWhatTheOperatorSaw) {
     for (const char* change : {"sCode = '1009'", "bDirect = 0", "lId = 900"}) {
         OpeningTestBooks books(freshLocation(GetParam()));
         books.addAccounts({"1001", "1002"});
-        ASSERT_TRUE(books.work().refresh());
+        ASSERT_EQ(books.work().refresh(), Outcome::done);
         books.change("1001", change);
         books.messages().willAnswer(Answer::yes);
-        EXPECT_FALSE(books.work().adjustDirection(0)) << change;
+        EXPECT_NE(books.work().adjustDirection(0), Outcome::done) << change;
         ASSERT_EQ(books.messages().notices().size(), 1u) << change;
         EXPECT_EQ(books.messages().notices().back().text,
                   "科目已被其他工作站修改,本次操作没有保存,表格已重新读入。");
@@ -178,14 +179,14 @@ TEST_P(Directions, PassOverAnAccountThatGoesWhileTheyTurn) {
     for (; isMet && call < 100; ++call) {
         OpeningTestBooks books(freshLocation(GetParam()));
         books.addAccounts({"1002", "100201", "100202"});
-        ASSERT_TRUE(books.work().refresh());
+        ASSERT_EQ(books.work().refresh(), Outcome::done);
         books.messages().willAnswer(Answer::yes);
         isMet = false;
         books.books().engine().beforeCall(call, [&] {
             isMet = true;
             books.books().run("DELETE FROM Code WHERE sCode = '100202'");
         });
-        EXPECT_TRUE(books.work().adjustDirection(0)) << call;
+        EXPECT_EQ(books.work().adjustDirection(0), Outcome::done) << call;
         books.books().engine().beforeCall(0, {});
         EXPECT_TRUE(books.messages().notices().empty()) << call;
         EXPECT_EQ(books.books().account("100201").bDirect, 0) << call;
@@ -265,7 +266,7 @@ TEST_P(Directories, AreAskedForInOrderBeforeAnAuxiliaryWindow) {
             "DELETE FROM Person\r\nDELETE FROM Dept\r\nDELETE FROM ProjClass\r\n"
             "DELETE FROM Enter");
         m_books.change("1122", formatSql("sAssBook = '%s'", std::string_view(need.letters)));
-        ASSERT_TRUE(m_books.work().refresh());
+        ASSERT_EQ(m_books.work().refresh(), Outcome::done);
         const std::size_t column = placeOf(OpeningField::opening, OpeningLayout::simple);
         for (const std::string& message : need.messages) {
             m_books.messages().forget();

@@ -29,19 +29,19 @@ bool paste(OpeningTestBooks& books) {
     Sheet block;
     if (readClipboardBlock("1\n\n\n12.5\n13\n14", block)) return false;
     const OpeningSheet& sheet = books.work().sheet();
-    return books.work().apply(
-        planPaste(sheet, 0, placeOf(OpeningField::opening, sheet.layout()), block));
+    const std::size_t column = placeOf(OpeningField::opening, sheet.layout());
+    return books.work().apply(planPaste(sheet, 0, column, block)) == Outcome::done;
 }
 
 /// With work to do: the rows of one parent are gone, those of another too few.
-bool undo(OpeningTestBooks& books) { return books.work().undo(); }
+bool undo(OpeningTestBooks& books) { return books.work().undo() == Outcome::done; }
 
 constexpr Action actions[] = {{"Edit", edit}, {"Paste", paste}, {"Save", save}};
 
 /// Lines: 1001, 1002, 100201, 10020101, 10020102, 100202.
 void prepare(OpeningTestBooks& books) {
     books.addAccounts({"1001", "1002", "100201", "10020101", "10020102", "100202"});
-    ASSERT_TRUE(books.work().refresh());
+    ASSERT_EQ(books.work().refresh(), Outcome::done);
     ASSERT_TRUE(books.type("10020102", "5"));
     ASSERT_TRUE(books.type("10020101", "3"));
     books.books().run(formatSql("DELETE FROM AccSum WHERE lCodeId = %d", books.idOf("100201")));
@@ -115,7 +115,7 @@ class OpeningCrashes : public testing::TestWithParam<EngineCase> {
     static bool diesAtCall(const std::string& location, const Action& action, int call) {
         return isKilledAtWork([&] {
             OpeningTestBooks books(location, OpeningLayout::simple, false);
-            const bool isReady = books.work().refresh();
+            const bool isReady = books.work().refresh() == Outcome::done;
             books.books().engine().dieAtCall(call);
             if (!isReady || !action.run(books)) throw std::runtime_error(action.name);
         });
@@ -161,7 +161,7 @@ TEST_P(OpeningCrashes, AfterAnEditLoseNothing) {
                             }};
     EXPECT_TRUE(diesAtCall(location, editAndDie, 100'000));
     OpeningTestBooks books(location, OpeningLayout::simple, false);
-    EXPECT_TRUE(books.work().refresh());
+    EXPECT_EQ(books.work().refresh(), Outcome::done);
     EXPECT_EQ(books.shown("10020101"), "77.77");
     EXPECT_EQ(books.shown("1002"), "82.77");
     EXPECT_EQ(books.whatASaveWouldChange(), Texts{});
@@ -176,7 +176,7 @@ class TypingWorkstations : public testing::TestWithParam<EngineCase> {
     static std::string amount(int at) { return std::to_string(at) + ".11"; }
     /// Types into every second account below 1002, from the first or the second on.
     static bool typeEverySecond(OpeningTestBooks& books, int first) {
-        bool isDone = books.work().refresh();
+        bool isDone = books.work().refresh() == Outcome::done;
         for (int at = first; isDone && at < 2 * edits; at += 2)
             isDone = books.type("1002" + std::to_string(10 + at), amount(at + 1));
         return isDone;
@@ -201,7 +201,7 @@ TEST_P(TypingWorkstations, AtDifferentAccountsAtOnceLoseNothing) {
     EXPECT_TRUE(books.messages().texts().empty());
     EXPECT_TRUE(other.hasSucceeded());
     EXPECT_EQ(books.whatASaveWouldChange(), Texts{});
-    EXPECT_TRUE(books.work().refresh());
+    EXPECT_EQ(books.work().refresh(), Outcome::done);
     for (int at = 0; at < 2 * edits; ++at)
         EXPECT_EQ(books.shown("1002" + std::to_string(10 + at)), amount(at + 1));
     EXPECT_EQ(books.shown("1002"), "468.30");
@@ -213,7 +213,7 @@ TEST_P(TypingWorkstations, AtDifferentFiguresOfOneAccountLoseNeither) {
     OpeningTestBooks books(location);
     books.addAccounts({"1002", "100201"});
     books.change("100201", "byExchId = 1");
-    EXPECT_TRUE(books.work().refresh());
+    EXPECT_EQ(books.work().refresh(), Outcome::done);
     EXPECT_TRUE(books.type("100201", "5"));
     books.books().run("UPDATE AccSum SET mFgnBegin = 3");
     const auto readings = books.work().readings();
@@ -227,10 +227,10 @@ TEST_P(TypingWorkstations, AtForeignCurrencyWithoutMoneyLoseNothing) {
     OpeningTestBooks books(freshLocation(GetParam()));
     books.addAccounts({"1002", "100201", "100202"});
     books.change("100202", "byExchId = 1");
-    EXPECT_TRUE(books.work().refresh());
+    EXPECT_EQ(books.work().refresh(), Outcome::done);
     OpeningWork other(books.messages());
-    EXPECT_TRUE(other.refresh());
-    EXPECT_TRUE(other.endEdit(books.lineOf("100202", Measure::foreign), 4, "3"));
+    EXPECT_EQ(other.refresh(), Outcome::done);
+    EXPECT_EQ(other.endEdit(books.lineOf("100202", Measure::foreign), 4, "3"), Outcome::done);
     EXPECT_TRUE(books.type("100201", "6"));
     EXPECT_EQ(books.rowsOf("1002").front(), "25: 1002 1 begin 6 foreign 3");
 }

@@ -14,7 +14,7 @@ using Texts = std::vector<std::string>;
 
 bool typeSeven(OpeningTestBooks& books) { return books.type("100201", "7"); }
 
-bool refresh(OpeningTestBooks& books) { return books.work().refresh(); }
+bool refresh(OpeningTestBooks& books) { return books.work().refresh() == Outcome::done; }
 
 class MeetingWorkstations : public testing::TestWithParam<EngineCase> {
   protected:
@@ -25,11 +25,11 @@ class MeetingWorkstations : public testing::TestWithParam<EngineCase> {
     static bool meetAtCall(const std::string& location, Action action, Action other, int call) {
         WaitingProcess otherStation([&] {
             OpeningTestBooks books(location, OpeningLayout::simple, false);
-            return books.work().refresh() && other(books);
+            return books.work().refresh() == Outcome::done && other(books);
         });
         bool haveMet = false;
         OpeningTestBooks books(location, OpeningLayout::simple, false);
-        EXPECT_TRUE(books.work().refresh());
+        EXPECT_EQ(books.work().refresh(), Outcome::done);
         EXPECT_TRUE(books.type("100202", "3"));
         EXPECT_TRUE(books.type("100201", "5"));
         // Rows without figures, which a sweep takes away.
@@ -48,7 +48,7 @@ class MeetingWorkstations : public testing::TestWithParam<EngineCase> {
     }
     static void check(OpeningTestBooks& books, int call) {
         EXPECT_EQ(books.whatASaveWouldChange(), Texts{}) << "call " << call;
-        EXPECT_TRUE(books.work().refresh());
+        EXPECT_EQ(books.work().refresh(), Outcome::done);
         EXPECT_EQ(books.shown("100201"), "7.00") << "call " << call;
         EXPECT_EQ(books.shown("1002"), "10.00") << "call " << call;
         EXPECT_EQ(books.books().faults(), Texts{}) << "call " << call;

@@ -43,9 +43,9 @@ class Posting : public testing::TestWithParam<EngineCase> {
         books.addRows("100201", 12);
         books.books().run("UPDATE AccSum SET " + assignment +
                           formatSql(" WHERE lCodeId = %d", books.idOf("100201")));
-        EXPECT_TRUE(books.work().refresh());
+        EXPECT_EQ(books.work().refresh(), Outcome::done);
         books.work().beginEdit();
-        EXPECT_TRUE(books.work().save());
+        EXPECT_EQ(books.work().save(), Outcome::done);
         return books.rowsOf("1002");
     }
 };
@@ -85,7 +85,7 @@ TEST_P(Posting, KeepsTwelveRowsOfASumThatBecameZeroUntilTheNextSweep) {
     const Texts zeros = parentAfterSave(*books, "mBegin = 0");
     ASSERT_EQ(zeros.size(), 12u);
     EXPECT_EQ(zeros.front(), "1: 1002 1");
-    EXPECT_TRUE(books->work().refresh());
+    EXPECT_EQ(books->work().refresh(), Outcome::done);
     EXPECT_EQ(books->rowsOf("1002"), Texts{});
 }
 
@@ -99,7 +99,7 @@ TEST_P(Posting, PutsYearStartAndMovementsIntoPeriodOneOfBooksThatBeginMidYear) {
                        of + " AND byPeroid = 1");
     books->work().refresh();
     books->work().beginEdit();
-    EXPECT_TRUE(books->work().save());
+    EXPECT_EQ(books->work().save(), Outcome::done);
     EXPECT_EQ(books->rowsOf("1002"),
               twelveRows(1, "1002", "begin 70", "begin 100 debit 10 credit 40"));
 }
@@ -120,7 +120,7 @@ TEST_P(Posting, InsertsForMovementsThatCancelOutInBooksThatBeginMidYear) {
     books->books().run("UPDATE AccSum SET mDebet = 10, mCredit = 10" + of + " AND byPeroid = 1");
     books->work().refresh();
     books->work().beginEdit();
-    EXPECT_TRUE(books->work().save());
+    EXPECT_EQ(books->work().save(), Outcome::done);
     EXPECT_EQ(books->rowsOf("1002").front(), "13: 1002 1 debit 10 credit 10");
     EXPECT_EQ(books->rowsOf("1002").back(), "24: 1002 12");
 }
@@ -207,7 +207,7 @@ TEST_P(Sweep, RunsWithASave) {
     m_books.addRows("1002", 12);
     addAuxiliary("8", "01", 0);
     m_books.work().beginEdit();
-    EXPECT_TRUE(m_books.work().save());
+    EXPECT_EQ(m_books.work().save(), Outcome::done);
     EXPECT_EQ(m_books.rows(), Texts{});
     EXPECT_EQ(auxiliaryIds().size(), 0u);
 }
@@ -237,11 +237,11 @@ TEST_P(Sweep, RunsWithARefreshAndNotWhileBrowsing) {
     m_books.addRows("1001", 12);
     addAuxiliary("7", "01", 0);
     m_books.addVoucher();
-    EXPECT_TRUE(m_books.work().refresh());
+    EXPECT_EQ(m_books.work().refresh(), Outcome::done);
     EXPECT_EQ(m_books.rows().size(), 12u);
     EXPECT_EQ(auxiliaryIds().size(), 1u);
     m_books.books().run("DELETE FROM RegMain WHERE lId > 0");
-    EXPECT_TRUE(m_books.work().refresh());
+    EXPECT_EQ(m_books.work().refresh(), Outcome::done);
     EXPECT_EQ(m_books.rows(), Texts{});
     EXPECT_EQ(auxiliaryIds().size(), 0u);
 }

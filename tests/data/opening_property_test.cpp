@@ -47,7 +47,8 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         const std::size_t line = below(sheet.lineCount());
         const std::size_t first = placeOf(OpeningField::unit, sheet.layout()) + 1;
         const std::size_t column = first + below(sheet.figures().size());
-        EXPECT_EQ(books.work().endEdit(line, column, amount()), sheet.isEditable(line, column));
+        EXPECT_EQ(books.work().endEdit(line, column, amount()) == Outcome::done,
+                  sheet.isEditable(line, column));
     }
     void paste(OpeningTestBooks& books) {
         std::string text;
@@ -57,15 +58,16 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         const OpeningSheet& sheet = books.work().sheet();
         const FigurePlan plan = planPaste(sheet, below(sheet.lineCount()),
                                           placeOf(OpeningField::opening, sheet.layout()), block);
-        EXPECT_EQ(books.work().apply(plan), plan.mayBeApplied());
+        EXPECT_EQ(books.work().apply(plan) == Outcome::done, plan.mayBeApplied());
     }
     /// Another workstation types into an account while this window shows the old figures.
     void typeElsewhere(OpeningTestBooks& books) {
         OpeningWork other(books.messages());
-        ASSERT_TRUE(other.refresh());
+        ASSERT_EQ(other.refresh(), Outcome::done);
         const std::size_t line = below(other.sheet().lineCount());
         const std::size_t column = placeOf(OpeningField::opening, other.sheet().layout());
-        EXPECT_EQ(other.endEdit(line, column, amount()), other.sheet().isEditable(line, column));
+        EXPECT_EQ(other.endEdit(line, column, amount()) == Outcome::done,
+                  other.sheet().isEditable(line, column));
         m_isOutdated = true;
     }
     /// As an auxiliary window gives an account its sums: all of one department.
@@ -85,7 +87,7 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
     void writeAuxiliary(OpeningTestBooks& books) {
         for (const OpeningAccount& account : books.work().sheet().accounts())
             if (account.isAuxiliary() && below(2) == 0) giveAuxiliarySums(books, account);
-        EXPECT_TRUE(books.work().afterAuxiliary());
+        EXPECT_EQ(books.work().afterAuxiliary(), Outcome::done);
         m_isOutdated = false;
     }
     void turnDirection(OpeningTestBooks& books) {
@@ -94,15 +96,17 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         if (directionRefusal(sheet, CodeLevels("4222"), line)) return;
         const bool wasDebit = sheet.accountOfLine(line).isDebit;
         books.messages().willAnswer(Answer::yes);
-        EXPECT_TRUE(books.work().adjustDirection(line));
+        EXPECT_EQ(books.work().adjustDirection(line), Outcome::done);
         EXPECT_NE(sheet.accountOfLine(line).isDebit, wasDebit);
         books.messages().forget();
     }
     /// Refused only where another workstation has typed over what the step left there.
-    void goBackOrOn(OpeningTestBooks& books, const EditStep* step, bool (OpeningWork::*go)()) {
+    void goBackOrOn(OpeningTestBooks& books, const EditStep* step, Outcome (OpeningWork::*go)()) {
         if (step == nullptr) return;
         const EditStep asMade = *step;
-        if ((books.work().*go)()) return;
+        const Outcome outcome = (books.work().*go)();
+        if (outcome == Outcome::done) return;
+        EXPECT_EQ(outcome, Outcome::stale);
         EXPECT_EQ(books.messages().texts(), Texts{opening_texts::chartMeanwhile});
         books.messages().forget();
         const bool isUndo = go == &OpeningWork::undo;
@@ -125,7 +129,7 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         else if (choice == 8)
             goBackOrOn(books, work.stepToRedo(), &OpeningWork::redo);
         else if (choice == 9)
-            EXPECT_TRUE(work.save());
+            EXPECT_EQ(work.save(), Outcome::done);
         else if (choice == 10)
             refresh(books);
         else if (choice == 11)
@@ -136,7 +140,7 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
             turnDirection(books);
     }
     void refresh(OpeningTestBooks& books) {
-        EXPECT_TRUE(books.work().refresh());
+        EXPECT_EQ(books.work().refresh(), Outcome::done);
         m_isOutdated = false;
     }
     void check(OpeningTestBooks& books) {

@@ -26,7 +26,7 @@ class Opening : public testing::TestWithParam<EngineCase> {
         m_books.change("10020102", "byExchId = 1");
         m_books.change("1405", "bAmount = 1, sUnit = '件'");
         m_books.addCredit("2001");
-        ASSERT_TRUE(m_books.work().refresh());
+        ASSERT_EQ(m_books.work().refresh(), Outcome::done);
     }
     OpeningWork& work() { return m_books.work(); }
     RecordingMessages& messages() { return m_books.messages(); }
@@ -125,7 +125,7 @@ TEST_P(Opening, TellsTheCellsThatAStepChangesOnce) {
                                           m_books.lineOf("10020101")};
     EXPECT_EQ(lines(), wanted);
     EXPECT_TRUE(lines().empty());
-    EXPECT_TRUE(work().undo());
+    EXPECT_EQ(work().undo(), Outcome::done);
     EXPECT_EQ(lines(), wanted);
     m_books.type("10020101", "0");
     EXPECT_TRUE(lines().empty());
@@ -150,16 +150,16 @@ TEST_P(Opening, UndoesAndDoesAgainStepByStep) {
     m_books.type("10020101", "5");
     m_books.type("10020101", "6");
     m_books.type("100202", "1");
-    EXPECT_TRUE(work().undo());
-    EXPECT_TRUE(work().undo());
+    EXPECT_EQ(work().undo(), Outcome::done);
+    EXPECT_EQ(work().undo(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), allPeriods("5"));
     EXPECT_EQ(m_books.whatASaveWouldChange(), Texts{});
-    EXPECT_TRUE(work().redo());
-    EXPECT_TRUE(work().redo());
-    EXPECT_FALSE(work().redo());
+    EXPECT_EQ(work().redo(), Outcome::done);
+    EXPECT_EQ(work().redo(), Outcome::done);
+    EXPECT_NE(work().redo(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), allPeriods("7"));
-    for (int step = 0; step < 3; ++step) EXPECT_TRUE(work().undo());
-    EXPECT_FALSE(work().undo());
+    for (int step = 0; step < 3; ++step) EXPECT_EQ(work().undo(), Outcome::done);
+    EXPECT_NE(work().undo(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), allPeriods("0"));
 }
 
@@ -168,7 +168,7 @@ TEST_P(Opening, IsForBrowsingOnceAVoucherIsThere) {
     EXPECT_STREQ(work().modeText(), "");
     EXPECT_TRUE(work().mayAdjustDirection());
     m_books.addVoucher();
-    ASSERT_TRUE(work().refresh());
+    ASSERT_EQ(work().refresh(), Outcome::done);
     EXPECT_STREQ(work().modeText(), "浏览,只读");
     EXPECT_FALSE(work().mayAdjustDirection());
     EXPECT_FALSE(work().mayCarryForward());
@@ -183,7 +183,7 @@ TEST_P(Opening, KeepsParentsAsTheyAreStoredWhileBrowsing) {
     m_books.addVoucher();
     work().refresh();
     EXPECT_EQ(m_books.shown("1002"), "77.00");
-    EXPECT_TRUE(work().save());
+    EXPECT_EQ(work().save(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), allPeriods("77"));
 }
 
@@ -202,10 +202,10 @@ TEST_P(Opening, SavesAndSweepsNothingOnceAVoucherIsThere) {
     m_books.addRows("1001", 12);
     m_books.addVoucher();
     const auto before = m_books.rows();
-    EXPECT_TRUE(work().save());
+    EXPECT_EQ(work().save(), Outcome::done);
     EXPECT_TRUE(work().isBrowsing());
-    EXPECT_TRUE(work().save());
-    EXPECT_TRUE(work().afterAuxiliary());
+    EXPECT_EQ(work().save(), Outcome::done);
+    EXPECT_EQ(work().afterAuxiliary(), Outcome::done);
     EXPECT_EQ(m_books.rows(), before);
 }
 
@@ -257,14 +257,14 @@ TEST_P(Opening, UndoesNothingThatAnotherWorkstationTypedOver) {
     m_books.type("1405", "2");
     m_books.books().run("UPDATE AccSum SET mBegin = 9 WHERE lCodeId = " +
                         std::to_string(m_books.idOf("1405")));
-    EXPECT_FALSE(work().undo());
+    EXPECT_NE(work().undo(), Outcome::done);
     EXPECT_EQ(messages().texts(), Texts{opening_texts::chartMeanwhile});
     EXPECT_EQ(m_books.shown("1405"), "9.00");
-    EXPECT_TRUE(work().undo()) << "the step before";
+    EXPECT_EQ(work().undo(), Outcome::done) << "the step before";
     EXPECT_EQ(m_books.openings("1001"), allPeriods("0"));
     m_books.books().run("UPDATE AccSum SET mBegin = 8 WHERE lCodeId = " +
                         std::to_string(m_books.idOf("1001")));
-    EXPECT_FALSE(work().redo());
+    EXPECT_NE(work().redo(), Outcome::done);
     EXPECT_EQ(m_books.openings("1001"), allPeriods("8"));
     EXPECT_FALSE(work().canRedo());
 }
@@ -272,11 +272,11 @@ TEST_P(Opening, UndoesNothingThatAnotherWorkstationTypedOver) {
 TEST_P(Opening, KeepsAStepToBeUndoneWhileVouchersAreThere) {
     m_books.type("1001", "1");
     m_books.addVoucher();
-    EXPECT_FALSE(work().undo());
+    EXPECT_NE(work().undo(), Outcome::done);
     EXPECT_EQ(messages().texts(), Texts{opening_texts::vouchersMeanwhile});
     m_books.books().run("DELETE FROM RegMain WHERE lId > 0");
     work().refresh();
-    EXPECT_TRUE(work().undo());
+    EXPECT_EQ(work().undo(), Outcome::done);
 }
 
 TEST_P(Opening, AllowsTheCarryForwardOnlyIntoEmptyBooks) {
@@ -346,8 +346,8 @@ TEST_P(Opening, WritesAndRollsUpManyFiguresAtOnce) {
         m_books.addAccounts({code});
         figures.push_back({m_books.idOf(code), Measure::money, &Balance::opening, 0.01});
     }
-    ASSERT_TRUE(work().refresh());
-    EXPECT_TRUE(work().writeFigures(figures));
+    ASSERT_EQ(work().refresh(), Outcome::done);
+    EXPECT_EQ(work().writeFigures(figures), Outcome::done);
     EXPECT_EQ(m_books.shown("1002"), "0.80");
     EXPECT_EQ(m_books.openings("1002"), allPeriods("0.8"));
     EXPECT_EQ(m_books.whatASaveWouldChange(), Texts{});
@@ -414,10 +414,10 @@ TEST_P(Opening, SavesUnbalancedBooksOnYes) {
 TEST_P(Opening, SavesNothingWhenNothingWasChanged) {
     m_books.addRows("100202", 12, 100);
     work().refresh();
-    EXPECT_TRUE(work().save());
+    EXPECT_EQ(work().save(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), "");
     work().beginEdit();
-    EXPECT_TRUE(work().save());
+    EXPECT_EQ(work().save(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
 }
 
@@ -425,36 +425,36 @@ TEST_P(Opening, TakesOverAndRollsUpWhatAnAuxiliaryWindowWrote) {
     m_books.change("100202", "sAssBook = 'B'");
     work().refresh();
     m_books.addRows("100202", 12, 250);
-    EXPECT_TRUE(work().afterAuxiliary());
+    EXPECT_EQ(work().afterAuxiliary(), Outcome::done);
     EXPECT_EQ(m_books.shown("100202"), "250.00");
     EXPECT_EQ(m_books.openings("1002"), allPeriods("250"));
     m_books.books().run("DELETE FROM AccSum WHERE lId > 12");
-    EXPECT_TRUE(work().save());
+    EXPECT_EQ(work().save(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), "");
 }
 
 TEST_P(Opening, SavesAfterAPasteOrAnUndoThatFollowedAnAuxiliaryWindow) {
     const std::string withoutParent =
         formatSql("DELETE FROM AccSum WHERE lCodeId = %d", m_books.idOf("1002"));
-    EXPECT_TRUE(work().afterAuxiliary());
-    EXPECT_TRUE(
-        work().writeFigures({{m_books.idOf("10020101"), Measure::money, &Balance::opening, 3},
-                             {m_books.idOf("100202"), Measure::money, &Balance::opening, 5}}));
+    EXPECT_EQ(work().afterAuxiliary(), Outcome::done);
+    EXPECT_EQ(work().writeFigures({{m_books.idOf("10020101"), Measure::money, &Balance::opening, 3},
+                                   {m_books.idOf("100202"), Measure::money, &Balance::opening, 5}}),
+              Outcome::done);
     m_books.books().run(withoutParent);
-    EXPECT_TRUE(work().save());
+    EXPECT_EQ(work().save(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), allPeriods("8"));
     m_books.type("100202", "6");
-    EXPECT_TRUE(work().afterAuxiliary());
-    EXPECT_TRUE(work().undo());
+    EXPECT_EQ(work().afterAuxiliary(), Outcome::done);
+    EXPECT_EQ(work().undo(), Outcome::done);
     m_books.books().run(withoutParent);
-    EXPECT_TRUE(work().save());
+    EXPECT_EQ(work().save(), Outcome::done);
     EXPECT_EQ(m_books.openings("1002"), allPeriods("8"));
 }
 
 TEST_P(Opening, TellsWhyTheBooksCannotBeReadAndKeepsTheSheet) {
     const std::size_t lines = work().sheet().lineCount();
     m_books.books().engine().failCall(3);
-    EXPECT_FALSE(work().refresh());
+    EXPECT_NE(work().refresh(), Outcome::done);
     m_books.books().engine().failCall(0);
     const Notice told = messages().onlyNotice();
     EXPECT_TRUE(isOfTheFailedCall(told.text)) << told.text;

@@ -251,7 +251,7 @@ TEST(OpeningImports, NeedAHeadingRow) {
     FigurePlan plan;
     Sheet file;
     ASSERT_FALSE(readCsv("1001,5\n", file));
-    const SheetOutcome failure = planOpeningImport(pasteSheet(), file, plan);
+    const auto failure = planOpeningImport(pasteSheet(), file, plan);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->reason, "没有找到标题行。标题行应有“科目编码”和至少一列金额,如“期初余额”。");
     ASSERT_FALSE(readCsv("科目编码,备注\n", file));

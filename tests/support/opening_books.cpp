@@ -62,7 +62,8 @@ std::size_t OpeningTestBooks::lineOf(const std::string& code, Measure measure) {
 bool OpeningTestBooks::type(const std::string& code, std::string_view text, Measure measure,
                             OpeningField field) {
     m_work.beginEdit();
-    return m_work.endEdit(lineOf(code, measure), placeOf(field, m_work.sheet().layout()), text);
+    const std::size_t column = placeOf(field, m_work.sheet().layout());
+    return m_work.endEdit(lineOf(code, measure), column, text) == Outcome::done;
 }
 
 std::string OpeningTestBooks::shown(const std::string& code, Measure measure, OpeningField field) {

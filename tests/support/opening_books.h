@@ -60,7 +60,7 @@ class OpeningTestBooks {
 /// Begins an edit and saves, as the window does on leaving it.
 inline bool save(OpeningTestBooks& books) {
     books.work().beginEdit();
-    return books.work().save();
+    return books.work().save() == Outcome::done;
 }
 
 }  // namespace chengheng

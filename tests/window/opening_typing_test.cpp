@@ -455,17 +455,17 @@ TEST_F(OpeningTypingTest, TypesTwoHundredBalancesAndUndoesAndRedoesFifty) {
 TEST_F(OpeningTypingTest, LosesNothingThatAnotherWorkstationTypesMeanwhile) {
     open();
     OpeningWork other(messages());
-    ASSERT_TRUE(other.refresh());
+    ASSERT_EQ(other.refresh(), Outcome::done);
     window->stand(2, opening);
     window->type("5");
-    EXPECT_TRUE(other.endEdit(3, opening, "7"));
-    EXPECT_TRUE(other.endEdit(0, opening, "1"));
+    EXPECT_EQ(other.endEdit(3, opening, "7"), Outcome::done);
+    EXPECT_EQ(other.endEdit(0, opening, "1"), Outcome::done);
     ASSERT_TRUE(window->isEditing());
     window->press(Qt::Key_Return);
     EXPECT_EQ(window->column(opening), (Texts{"1.00", "12.00", "5.00", "7.00", "0.00"}));
     EXPECT_EQ(window->grid().currentRow(), 3);
     EXPECT_EQ(window->label("debits"), "借方合计:13.00");
-    EXPECT_TRUE(other.refresh());
+    EXPECT_EQ(other.refresh(), Outcome::done);
     EXPECT_EQ(other.sheet().text(1, opening), "12.00");
     EXPECT_TRUE(messages().texts().empty());
 }
