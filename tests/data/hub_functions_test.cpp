@@ -15,6 +15,9 @@ namespace {
 
 using namespace chengheng;
 
+constexpr const char* noForeignCurrency =
+    "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!";
+
 /// Tells what was launched, in order; the wizard ends as it is told to.
 class RecordedWindows final : public IHubWindows {
   public:
@@ -68,15 +71,24 @@ class HubFunctionChecks : public testing::TestWithParam<EngineCase> {
 
 TEST_P(HubFunctionChecks, OpensEachFunctionByItsOwnRightAndNoOther) {
     keepForeignCurrency(true);
-    const std::pair<HubFunction, int> rights[] = {{HubFunction::bursar, 41},
-                                                  {HubFunction::exchange, 46},
-                                                  {HubFunction::begleft, 43},
-                                                  {HubFunction::method, 57}};
-    for (const auto& [function, right] : rights) {
-        grant({right});
-        for (const auto& [other, ignored] : rights) open(other);
-        EXPECT_EQ(m_windows.shown, std::vector{function}) << right;
-        EXPECT_EQ(m_messages.texts().size(), 3u) << right;
+    struct Right {
+        HubFunction function;
+        int number;
+        const char* refusal;
+    };
+    const Right rights[] = {{HubFunction::bursar, 41, "你没有[会计科目设置]权限!"},
+                            {HubFunction::exchange, 46, "你没有[外币设置]权限!"},
+                            {HubFunction::begleft, 43, "你没有[期初余额录入]权限!"},
+                            {HubFunction::method, 57, "你没有[结算方式设置]权限!"}};
+    for (const Right& held : rights) {
+        grant({held.number});
+        std::vector<std::string> refusals;
+        for (const Right& right : rights) {
+            open(right.function);
+            if (right.number != held.number) refusals.emplace_back(right.refusal);
+        }
+        EXPECT_EQ(m_windows.shown, std::vector{held.function});
+        EXPECT_EQ(m_messages.texts(), refusals);
         m_windows.shown.clear();
         m_messages.forget();
     }
@@ -106,8 +118,7 @@ TEST_P(HubFunctionChecks, TellsWhereToSwitchForeignCurrencyOnWhenTheBooksKeepNon
     open(HubFunction::exchange);
     EXPECT_TRUE(m_windows.shown.empty());
     const Notice notice = m_messages.onlyNotice();
-    EXPECT_EQ(notice.text,
-              "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!");
+    EXPECT_EQ(notice.text, noForeignCurrency);
     EXPECT_EQ(notice.icon, MessageIcon::information);
 }
 
@@ -115,7 +126,7 @@ TEST_P(HubFunctionChecks, TakesBooksWithoutParametersAsKeepingNoForeignCurrency)
     grant({46});
     open(HubFunction::exchange);
     EXPECT_TRUE(m_windows.shown.empty());
-    EXPECT_EQ(m_messages.texts().size(), 1u);
+    EXPECT_EQ(m_messages.onlyNotice().text, noForeignCurrency);
 }
 
 TEST_P(HubFunctionChecks, AsksForTheRightBeforeTheForeignCurrencyFlag) {

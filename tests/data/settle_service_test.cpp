@@ -13,6 +13,7 @@ using namespace chengheng;
 
 using Texts = std::vector<std::string>;
 
+constexpr const char* deletedElsewhere = "该结算方式已被其他工作站删除,列表已重新读入。";
 constexpr const char* changedElsewhere =
     "该结算方式已被其他工作站修改,本次操作没有进行,列表已重新读入。";
 
@@ -222,11 +223,11 @@ TEST_P(Settling, TakesTheSameChangeMadeElsewhereForItsOwn) {
 TEST_P(Settling, TellsThatAMethodToBeModifiedOrReadHasGone) {
     m_books.run("DELETE Settle WHERE lId = 2");
     EXPECT_EQ(modify(2, "2", "本票"), Outcome::stale);
-    EXPECT_EQ(refusal(), "该结算方式已被其他工作站删除,列表已重新读入。");
+    EXPECT_EQ(refusal(), deletedElsewhere);
     _SettleInfo read;
     bool isUsed = false;
     EXPECT_EQ(m_service.read(2, read, isUsed), Outcome::stale);
-    EXPECT_EQ(m_books.messages.texts().size(), 2u);
+    EXPECT_EQ(m_books.messages.texts(), (Texts{deletedElsewhere, deletedElsewhere}));
 }
 
 TEST_P(Settling, StoresTextsAsTheyWereTyped) {
@@ -252,7 +253,11 @@ TEST_P(Settling, ShowsNoBoxWhileItHoldsItsLocks) {
     modify(1, "9", "现金");
     add("1", "新");
     remove(2);
-    EXPECT_EQ(m_books.messages.texts().size(), 5u);
+    EXPECT_EQ(m_books.messages.texts(),
+              (Texts{"是否删除当前结算方式号?\n\n结算方式号:1\n结算方式名:现金",
+                     "该结算方式已使用, 不能删除!", "结算方式已使用,不能再修改!",
+                     "结算方式号重复,不能添加!",
+                     "是否删除当前结算方式号?\n\n结算方式号:2\n结算方式名:支票"}));
 }
 
 TEST_P(Settling, TellsWhyNothingIsDoneWithoutTheDatabase) {
@@ -261,7 +266,7 @@ TEST_P(Settling, TellsWhyNothingIsDoneWithoutTheDatabase) {
     EXPECT_EQ(add("9", "新"), Outcome::failed);
     EXPECT_EQ(modify(1, "9", "新"), Outcome::failed);
     EXPECT_EQ(remove(1), Outcome::failed);
-    ASSERT_EQ(m_books.messages.notices().size(), 4u);
+    ASSERT_EQ(m_books.messages.notices().size(), 4u) << "one for each";
     for (const Notice& notice : m_books.messages.notices()) {
         EXPECT_EQ(notice.text, "帐套文件“books”没有打开。\n请先打开帐套。");
         EXPECT_EQ(notice.icon, MessageIcon::warning);

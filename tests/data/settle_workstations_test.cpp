@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "session/function_at_work.h"
@@ -9,6 +10,8 @@
 namespace {
 
 using namespace chengheng;
+
+using testing::EndsWith;
 
 using Texts = std::vector<std::string>;
 
@@ -59,7 +62,8 @@ TEST_P(SettleWorkstations, OneThatIsAtWorkKeepsTheOthersChangeOut) {
     ASSERT_TRUE(m_other.lock("Settle", LockMode::exclusive));
     m_form.input.name = "现款";
     EXPECT_FALSE(m_form.save());
-    EXPECT_EQ(m_books.messages.notices().size(), 1u);
+    EXPECT_THAT(m_books.messages.onlyNotice().text,
+                EndsWith("占用。\n请稍后重试。\n详细信息:Settle"));
     EXPECT_FALSE(m_books.holdsLocks());
     EXPECT_EQ(m_form.input.name, "现款");
     m_other.unlock("Settle", LockMode::exclusive);
@@ -90,8 +94,10 @@ TEST_P(SettleWorkstations, AVoucherBeingWrittenKeepsADeletionOut) {
     ASSERT_TRUE(m_other.lock("UnregMain UnregSub", LockMode::exclusive));
     m_books.messages.willAnswer(Answer::yes);
     m_form.remove(1);
-    EXPECT_EQ(m_books.messages.notices().size(), 1u);
-    EXPECT_EQ(m_books.stored().size(), 2u);
+    ASSERT_EQ(m_books.messages.notices().size(), 1u);
+    EXPECT_THAT(m_books.messages.notices()[0].text,
+                EndsWith("占用。\n请稍后重试。\n详细信息:UnregMain"));
+    EXPECT_EQ(m_books.stored(), (Texts{"1 1 现金 0", "2 2 支票 1"}));
     EXPECT_FALSE(m_books.holdsLocks());
 }
 
@@ -121,7 +127,7 @@ TEST_P(SettleWorkstations, OfTwoThatAddTheSameNumberTheSecondIsRefused) {
     m_form.input = {"3", "承兑", false};
     EXPECT_FALSE(m_form.save());
     EXPECT_EQ(m_books.messages.onlyNotice().text, "结算方式号重复,不能增加!");
-    EXPECT_EQ(m_books.stored().size(), 3u);
+    EXPECT_EQ(m_books.stored(), (Texts{"1 1 现金 0", "2 2 支票 1", "3 3 汇兑 0"}));
 }
 
 TEST_P(SettleWorkstations, AMethodDeletedElsewhereIsNotModified) {
@@ -150,7 +156,7 @@ TEST_P(SettleWorkstations, AMethodPutToUseWhileItsDeletionIsConfirmedStays) {
     m_books.messages.willAnswer(Answer::yes);
     m_form.remove(1);
     EXPECT_EQ(m_books.messages.texts().back(), "该结算方式已使用, 不能删除!");
-    EXPECT_EQ(m_books.stored().size(), 2u);
+    EXPECT_EQ(m_books.stored(), (Texts{"1 1 现金 0", "2 2 支票 1"}));
 }
 
 CHENGHENG_ON_SHARED_ENGINES(SettleWorkstations);

@@ -41,7 +41,84 @@ std::string fileWith(const std::string& text) {
 }
 
 TEST(LayoutFile, KeepsEveryDefaultThatItDoesNotSet) {
-    EXPECT_EQ(readGood("rpn 1\n"), ReportLayout());
+    const ReportLayout layout = readGood("rpn 1\n");
+    const LayoutLine empty{.left = "", .middle = "", .right = "", .height = 6, .rule = 0};
+    LayoutLine heading = empty;
+    heading.height = 5.5;
+    EXPECT_EQ(layout.paperWidth, 210);
+    EXPECT_EQ(layout.paperHeight, 297);
+    EXPECT_TRUE(layout.isPortrait);
+    EXPECT_EQ(layout.marginTop, 15);
+    EXPECT_EQ(layout.marginRight, 15);
+    EXPECT_EQ(layout.marginBottom, 15);
+    EXPECT_EQ(layout.marginLeft, 15);
+    EXPECT_EQ(layout.leastScale, 0.7);
+    EXPECT_EQ(layout.mostStretch, 2);
+    EXPECT_EQ(layout.repeatedColumns, 1);
+    EXPECT_EQ(layout.font(FontRole::title), (LayoutFont{FontFamily::hei, 16, true}));
+    EXPECT_EQ(layout.font(FontRole::heading), (LayoutFont{FontFamily::song, 9, false}));
+    EXPECT_EQ(layout.font(FontRole::column), (LayoutFont{FontFamily::hei, 9, false}));
+    EXPECT_EQ(layout.font(FontRole::cell), (LayoutFont{FontFamily::song, 9, false}));
+    EXPECT_EQ(layout.font(FontRole::figure), (LayoutFont{FontFamily::hei, 9, false}));
+    EXPECT_EQ(layout.font(FontRole::edge), (LayoutFont{FontFamily::song, 8, false}));
+    EXPECT_EQ(layout.header, empty);
+    EXPECT_EQ(layout.titleText, "{title}");
+    EXPECT_EQ(layout.titleHeight, 12);
+    EXPECT_EQ(layout.heading, heading);
+    EXPECT_EQ(layout.columnHeight, 8);
+    EXPECT_EQ(layout.rowHeight, 6.5);
+    EXPECT_EQ(layout.padding, 1.2);
+    EXPECT_EQ(layout.frameRule, 0.35);
+    EXPECT_EQ(layout.columnRule, 0.12);
+    EXPECT_EQ(layout.rowRule, 0.12);
+    EXPECT_EQ(layout.overflow, Overflow::ellipsis);
+    EXPECT_EQ(layout.mostLines, 3);
+    EXPECT_EQ(layout.footer, empty);
+}
+
+struct OneSetting {
+    const char* section;
+    const char* line;
+    void (*change)(ReportLayout& layout);
+};
+
+/// The settings that SetsEachPartOfThePage leaves out: fonts, and parts of the lines.
+constexpr OneSetting furtherSettings[] = {
+    {"fonts", "heading = hei 7",
+     [](auto& it) {
+         it.fonts[1] = {FontFamily::hei, 7, false};
+     }},
+    {"fonts", "column = song 7",
+     [](auto& it) {
+         it.fonts[2] = {FontFamily::song, 7, false};
+     }},
+    {"fonts", "figure = song 7",
+     [](auto& it) {
+         it.fonts[4] = {FontFamily::song, 7, false};
+     }},
+    {"fonts", "edge = hei 7",
+     [](auto& it) {
+         it.fonts[5] = {FontFamily::hei, 7, false};
+     }},
+    {"header", "middle = 甲", [](auto& it) { it.header.middle = "甲"; }},
+    {"header", "right = 甲", [](auto& it) { it.header.right = "甲"; }},
+    {"heading", "left = 甲", [](auto& it) { it.heading.left = "甲"; }},
+    {"heading", "right = 甲", [](auto& it) { it.heading.right = "甲"; }},
+    {"heading", "height = 7", [](auto& it) { it.heading.height = 7; }},
+    {"heading", "rule = 0.5", [](auto& it) { it.heading.rule = 0.5; }},
+    {"footer", "left = 甲", [](auto& it) { it.footer.left = "甲"; }},
+    {"footer", "middle = 甲", [](auto& it) { it.footer.middle = "甲"; }},
+    {"footer", "height = 7", [](auto& it) { it.footer.height = 7; }},
+    {"footer", "rule = 0.5", [](auto& it) { it.footer.rule = 0.5; }},
+};
+
+TEST(LayoutFile, SetsOneOfManyLikePartsAndNoOther) {
+    for (const OneSetting& setting : furtherSettings) {
+        ReportLayout expected;
+        setting.change(expected);
+        const auto text = std::string("rpn 1\n[") + setting.section + "]\n" + setting.line;
+        EXPECT_EQ(readGood(text), expected) << text;
+    }
 }
 
 TEST(LayoutFile, SetsEachPartOfThePage) {
@@ -86,7 +163,9 @@ TEST(LayoutFile, TakesAnyPaperByItsMillimetres) {
     EXPECT_EQ(layout.paperHeight, 140);
 }
 
-TEST(LayoutFile, MayBeginWithAByteOrderMark) { readGood("\xEF\xBB\xBFrpn 1\n[page]\n"); }
+TEST(LayoutFile, MayBeginWithAByteOrderMark) {
+    EXPECT_EQ(readGood("\xEF\xBB\xBFrpn 1\n[page]\npaper = A5\n").paperWidth, 148);
+}
 
 struct FaultyText {
     const char* text;

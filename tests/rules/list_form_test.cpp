@@ -164,7 +164,8 @@ TEST_F(ListFormTest, ReadsTheListAgainWhenARecordIsNoLongerWhatItWas) {
     form.stored = {{2, "z"}, {3, "y"}};
     form.writing = Outcome::stale;
     EXPECT_FALSE(form.save());
-    EXPECT_EQ(form.leaves().all().size(), 2u);
+    const auto leaves = form.leaves().all();
+    EXPECT_EQ(std::vector(leaves.begin(), leaves.end()), (std::vector<Leaf>{{2, "z"}, {3, "y"}}));
     EXPECT_EQ(form.selectedId(), 2);
     EXPECT_EQ(form.input, "z");
 }

@@ -91,7 +91,7 @@ TEST_F(SettleWindowTest, KeepsTheMethodWhenItsDeletionIsNotConfirmed) {
     books.messages.willAnswer(Answer::no);
     press(Qt::Key_D, Qt::ControlModifier);
     EXPECT_EQ(leaves(), Texts{"1 现金"});
-    EXPECT_EQ(books.stored().size(), 1u);
+    EXPECT_EQ(books.stored(), Texts{"1 1 现金 0"});
 }
 
 TEST_F(SettleWindowTest, PutsTheFocusBackOnTheFieldThatARealBoxSpokeOf) {
