@@ -82,25 +82,16 @@ bool fillRates(Report& report, std::span<const ListField<Rate>> fields,
     std::vector<Rate> rates;
     for (const Row& row : rows)
         rates.push_back({timeOf(row), row.dRate, row.dAdjustRate, currency.byDecimal});
-    report.lines.push_back({.left = fmt::format(fmt::runtime(print_texts::currencyLine),
-                                                currency.sExchName, currency.sExchCode)});
+    report.lines.push_back(
+        {.left = fmt::format(print_texts::currencyLine, currency.sExchName, currency.sExchCode)});
     addRows<Rate>(report, fields, rates);
     return true;
 }
 
 }  // namespace
 
-void addCurrencies(Report& report, std::span<const _CyrencyInfo> currencies) {
-    addRows<_CyrencyInfo>(report, currencyFields, currencies);
-}
-
 PrintedList currencyList() {
-    return {currencyListTemplate, ColumnSource::position, [](Report& report) {
-                std::vector<_CyrencyInfo> currencies;
-                if (!readForList(print_sql::inOrderOfIds, currencies)) return false;
-                addCurrencies(report, currencies);
-                return true;
-            }};
+    return {currencyListTemplate, ColumnSource::position, everyRecord(currencyFields)};
 }
 
 PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month) {

@@ -1,17 +1,13 @@
 #pragma once
 
-#include <span>
-
 #include "data/tables/currency.h"
 #include "report/output/list_printing.h"
 
 namespace chengheng {
 
-/// The foreign currencies, in the order of their ids.
+/// The foreign currencies, in the order of their ids: symbol, name, conversion mode, decimals
+/// of the rate and the largest accepted difference.
 PrintedList currencyList();
-
-/// Symbol, name, conversion mode, decimals of the rate and the largest accepted difference.
-void addCurrencies(Report& report, std::span<const _CyrencyInfo> currencies);
 
 /// What a currency's rates are filled from, in months or on days.
 enum class RateKind { fixed, floating };

@@ -2,10 +2,9 @@
 
 #include <array>
 
+#include "data/tables/settlement.h"
 #include "report/engine/print_texts.h"
-#include "report/output/list_fields.h"
 #include "report/output/list_reading.h"
-#include "report/output/print_sql.h"
 #include "report/output/print_templates.h"
 
 namespace chengheng {
@@ -28,17 +27,8 @@ constexpr std::array fields{
 
 }  // namespace
 
-void addSettlements(Report& report, std::span<const _SettleInfo> methods) {
-    addRows<_SettleInfo>(report, fields, methods);
-}
-
 PrintedList settlementList() {
-    return {settlementTemplate, ColumnSource::position, [](Report& report) {
-                std::vector<_SettleInfo> methods;
-                if (!readForList(print_sql::inOrderOfIds, methods)) return false;
-                addSettlements(report, methods);
-                return true;
-            }};
+    return {settlementTemplate, ColumnSource::position, everyRecord(fields)};
 }
 
 }  // namespace chengheng

@@ -2,10 +2,9 @@
 
 #include <array>
 
+#include "data/tables/settlement.h"
 #include "report/engine/print_texts.h"
-#include "report/output/list_fields.h"
 #include "report/output/list_reading.h"
-#include "report/output/print_sql.h"
 #include "report/output/print_templates.h"
 
 namespace chengheng {
@@ -38,17 +37,8 @@ constexpr std::array fields{
 
 }  // namespace
 
-void addVoucherTypes(Report& report, std::span<const _SignInfo> types) {
-    addRows<_SignInfo>(report, fields, types);
-}
-
 PrintedList voucherTypeList() {
-    return {voucherTypeTemplate, ColumnSource::position, [](Report& report) {
-                std::vector<_SignInfo> types;
-                if (!readForList(print_sql::inOrderOfIds, types)) return false;
-                addVoucherTypes(report, types);
-                return true;
-            }};
+    return {voucherTypeTemplate, ColumnSource::position, everyRecord(fields)};
 }
 
 }  // namespace chengheng

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace chengheng {
 namespace {
@@ -32,18 +34,25 @@ std::optional<Figure> figureOf(std::string_view text) {
     return figure;
 }
 
-/// The decimals of a column of figures; nothing when it is none or they differ.
-std::optional<int> decimalsOf(const CReport& report, std::size_t column) {
-    if (report.alignment(column) != Alignment::right) return std::nullopt;
-    std::optional<int> decimals;
+/// A column whose cells are figures of the same decimals, or empty.
+struct FigureColumn {
+    std::optional<int> decimals;  ///< none: it is no such column
+    std::vector<Cell> cells;
+};
+
+FigureColumn figuresOf(const CReport& report, std::size_t column) {
+    if (report.alignment(column) != Alignment::right) return {};
+    FigureColumn figures;
     for (std::size_t row = 0; row < report.rowCount(); ++row) {
-        const std::string_view cell = report.cell(row, column);
-        if (cell.empty()) continue;
-        const auto figure = figureOf(cell);
-        if (!figure || decimals.value_or(figure->decimals) != figure->decimals) return std::nullopt;
-        decimals = figure->decimals;
+        const std::string_view text = report.cell(row, column);
+        Cell& cell = figures.cells.emplace_back();
+        if (text.empty()) continue;
+        const auto figure = figureOf(text);
+        if (!figure || figures.decimals.value_or(figure->decimals) != figure->decimals) return {};
+        figures.decimals = figure->decimals;
+        cell = Cell::of(figure->value);
     }
-    return decimals;
+    return figures;
 }
 
 }  // namespace
@@ -52,14 +61,13 @@ Sheet sheetOf(const CReport& report) {
     Sheet sheet{.name = report.title(), .columns = {}, .hasHeader = true, .rows = {}};
     sheet.rows.resize(report.rowCount() + 1);
     for (std::size_t column = 0; column < report.columnCount(); ++column) {
-        const auto decimals = decimalsOf(report, column);
-        sheet.columns.push_back({.width = 0, .decimals = decimals});
+        FigureColumn figures = figuresOf(report, column);
+        sheet.columns.push_back({.width = 0, .decimals = figures.decimals});
         sheet.rows.front().push_back(Cell::of(std::string(report.heading(column))));
         for (std::size_t row = 0; row < report.rowCount(); ++row) {
-            const std::string_view cell = report.cell(row, column);
-            const auto figure = decimals ? figureOf(cell) : std::nullopt;
-            sheet.rows[row + 1].push_back(figure ? Cell::of(figure->value)
-                                                 : Cell::of(std::string(cell)));
+            sheet.rows[row + 1].push_back(figures.decimals
+                                              ? std::move(figures.cells[row])
+                                              : Cell::of(std::string(report.cell(row, column))));
         }
     }
     return sheet;
