@@ -39,11 +39,11 @@ Report chartOf(int accounts) {
 }
 
 void withDocument(const Report& report, const std::function<void(ReportDocument&)>& work) {
-    const auto notice = chengheng::runReport(report, [&](CReport& engine) {
+    const auto refusal = chengheng::runReport(report, [&](CReport& engine) {
         ReportDocument document(engine);
         work(document);
     });
-    require(!notice, "making the report");
+    require(!refusal, "making the report");
 }
 
 void layOut(const Report& report) {

@@ -68,8 +68,10 @@ constexpr std::array lists{
               [](const Options&, const Currency&) { return chartList(); }},
 };
 
-ExitCode tell(Tool& tool, ExitCode code, const char* text, const std::string& value = {}) {
-    tool.err << fmt::format(fmt::runtime(text), value) << '\n';
+template <class... Values>
+ExitCode tell(Tool& tool, ExitCode code, fmt::format_string<const Values&...> text,
+              const Values&... values) {
+    tool.err << fmt::format(text, values...) << '\n';
     return code;
 }
 
@@ -85,16 +87,14 @@ ExitCode writeFile(Tool& tool, const PrintOptions& options, const CReport& repor
 
 ExitCode writeList(Tool& tool, const PrintOptions& options, const PrintedList& list) {
     Report report;
-    auto notice = makeListReport(list, report);
     ExitCode code = ExitCode::failed;
-    if (!notice)
-        notice = runReport(report,
-                           [&](const CReport& engine) { code = writeFile(tool, options, engine); });
-    if (notice) tool.err << notice->text << '\n';
+    auto refusal = makeListReport(list, report);
+    if (!refusal)
+        refusal = runReport(
+            report, [&](const CReport& engine) { code = writeFile(tool, options, engine); });
+    if (refusal) tool.err << refusal->notice.text << '\n';
     if (code == ExitCode::done)
-        tool.out << fmt::format(fmt::runtime(tool_texts::reportWritten), report.title,
-                                options.file())
-                 << '\n';
+        tool.out << fmt::format(tool_texts::reportWritten, report.title, options.file()) << '\n';
     return code;
 }
 

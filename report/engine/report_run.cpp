@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "report/engine/print_refusal.h"
 #include "report/layout/layout_settings.h"
 #include "report/layout/layout_texts.h"
 #include "session/GetPrintFile.h"
@@ -27,21 +28,22 @@ struct ReportArrays {
     std::vector<const char*> cells;
 };
 
-Notice warning(std::string text) {
-    return {.text = std::move(text), .icon = MessageIcon::warning, .beep = true};
+Refusal withBeep(Refusal refusal) {
+    refusal.notice.beep = true;
+    return refusal;
 }
 
 }  // namespace
 
-std::optional<Notice> runReport(const Report& report,
-                                const std::function<void(CReport& report)>& put) {
+std::optional<Refusal> runReport(const Report& report,
+                                 const std::function<void(CReport& report)>& put) {
     const ReportArrays arrays(report);
     const std::string layoutFile = GetPrintFile(report.layoutFile.c_str());
     CReport engine;
     const int result = engine.StructTheRpt(
         layoutFile.c_str(), arrays.cells.data(), static_cast<int>(arrays.cells.size()),
         static_cast<int>(arrays.headings.size()), arrays.headings.data(), arrays.widths.data(), 0);
-    if (result != 0) return warning(engine.fault());
+    if (result != 0) return withBeep(printRefusal(engine.fault()));
     ReportExtension& extension = StructRPTExt(engine);
     extension.page = {.byPaper = report.page.paper,
                       .bSetting = report.page.isPortrait ? uprightPage : turnedPage,
@@ -56,7 +58,7 @@ std::optional<Notice> runReport(const Report& report,
     StructRPTExt(engine);
     // The file has room on its own paper; the template may name a smaller one.
     if (!hasRoomForTable(engine.layout()))
-        return warning(fmt::format(fmt::runtime(layout_texts::noRoomOnPaper), layoutFile));
+        return withBeep(printRefusal(fmt::format(layout_texts::noRoomOnPaper, layoutFile)));
     put(engine);
     return std::nullopt;
 }

@@ -5,6 +5,7 @@
 #include "base/system/workstation.h"
 #include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
+#include "report/engine/print_refusal.h"
 #include "report/engine/print_texts.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"
@@ -20,14 +21,12 @@ ReportFacts hostReportFacts() {
     return facts;
 }
 
-std::optional<Notice> makeListReport(const PrintedList& list, Report& report) {
+std::optional<Refusal> makeListReport(const PrintedList& list, Report& report) {
     if (g_pDB == nullptr || g_pDB->DBSelect(g_lpszNbZwDBName) == 0)
-        return Notice{.text = print_texts::selectFailed, .icon = MessageIcon::warning};
-    if (auto notice = readPrintTemplate(list.templateNumber, list.source, report)) return notice;
+        return printRefusal(print_texts::selectFailed);
+    if (auto refusal = readPrintTemplate(list.templateNumber, list.source, report)) return refusal;
     if (!list.fill(report))
-        return Notice{
-            .text = fmt::format(fmt::runtime(print_texts::listUnreadable), lastFailureText()),
-            .icon = MessageIcon::warning};
+        return printRefusal(fmt::format(print_texts::listUnreadable, lastFailureText()));
     report.facts = hostReportFacts();
     return std::nullopt;
 }
@@ -35,8 +34,8 @@ std::optional<Notice> makeListReport(const PrintedList& list, Report& report) {
 void printList(const PrintedList& list, ReportOutput output, IMessages& messages,
                IReportPrinter& printer) {
     Report report;
-    if (const auto notice = makeListReport(list, report))
-        messages.tell(*notice);
+    if (const auto refusal = makeListReport(list, report))
+        messages.tell(refusal->notice);
     else
         printer.put(report, output);
 }

@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "base/messages/messages.h"
+#include "base/messages/refusal.h"
 #include "report/output/print_template.h"
 #include "report/output/report_printer.h"
 
@@ -19,8 +19,8 @@ struct PrintedList {
     std::function<bool(Report& report)> fill;
 };
 
-/// Makes a list's report from the open set of books; what is said instead when it fails.
-std::optional<Notice> makeListReport(const PrintedList& list, Report& report);
+/// Makes a list's report from the open set of books; why not, when it cannot be made.
+std::optional<Refusal> makeListReport(const PrintedList& list, Report& report);
 
 /// Prints or previews a list of the open set of books, or tells why not. All that a window's
 /// commands 打印 and 打印预览 do.

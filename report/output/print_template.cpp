@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "data/access/CNbCwDB.h"
+#include "report/engine/print_refusal.h"
 #include "report/engine/print_texts.h"
 #include "report/output/print_sql.h"
 #include "session/host_globals.h"
@@ -17,18 +18,15 @@ namespace {
 
 constexpr int widestColumn = 255;
 
-Notice warning(std::string text) { return {.text = std::move(text), .icon = MessageIcon::warning}; }
-
-Notice missing(std::int32_t number) {
-    return warning(fmt::format(fmt::runtime(print_texts::templateMissing), number));
+Refusal missing(std::int32_t number) {
+    return printRefusal(fmt::format(print_texts::templateMissing, number));
 }
 
 /// Nothing was read: because there is nothing, or because the database failed.
-Notice unread(std::int32_t number) {
+Refusal unread(std::int32_t number) {
     const Status& status = g_pDB->lastStatus();
     if (status || status.failure == Failure::missing) return missing(number);
-    return warning(
-        fmt::format(fmt::runtime(print_texts::templateUnreadable), number, lastFailureText()));
+    return printRefusal(fmt::format(print_texts::templateUnreadable, number, lastFailureText()));
 }
 
 /// The number a decimal text begins with; 0 when it begins with none.
@@ -80,7 +78,7 @@ bool readHeader(std::int32_t number, Report& report) {
 
 }  // namespace
 
-std::optional<Notice> readPrintTemplate(std::int32_t number, ColumnSource source, Report& report) {
+std::optional<Refusal> readPrintTemplate(std::int32_t number, ColumnSource source, Report& report) {
     report = {};
     if (!readHeader(number, report)) return unread(number);
     const bool hasFields = source == ColumnSource::field;

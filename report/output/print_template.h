@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "base/messages/messages.h"
+#include "base/messages/refusal.h"
 #include "report/layout/report.h"
 
 namespace chengheng {
@@ -12,7 +12,7 @@ namespace chengheng {
 enum class ColumnSource { position, field };
 
 /// Begins a report from a print template of the selected books: its title, page and columns,
-/// no rows. What is said instead when the template is not there or cannot be read.
-std::optional<Notice> readPrintTemplate(std::int32_t number, ColumnSource source, Report& report);
+/// no rows. Why not, when the template is not there or cannot be read.
+std::optional<Refusal> readPrintTemplate(std::int32_t number, ColumnSource source, Report& report);
 
 }  // namespace chengheng

@@ -17,10 +17,10 @@ QWidget* frontWindow() {
 }
 
 void run(const Report& report, ReportOutput output) {
-    const auto notice = runReport(report, [output](CReport& engine) {
+    const auto refusal = runReport(report, [output](CReport& engine) {
         CenRptSkill(engine, static_cast<int>(output), frontWindow());
     });
-    if (notice) hostMessages().tell(*notice);
+    if (refusal) hostMessages().tell(refusal->notice);
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ TEST(ReportRun, HandsOverMatrixHeadingsAndWidths) {
 }
 
 TEST(ReportRun, PutsTheTitleIntoOneLineAndEmptiesThoseBesideIt) {
-    runReport(sampleReport({10}), [](CReport& engine) {
+    withReport(sampleReport({10}), [](CReport& engine) {
         EXPECT_EQ(engine.headingLine(0), "");
         EXPECT_EQ(engine.headingLine(1), "结算方式一览表");
         EXPECT_EQ(engine.headingLine(2), "");
@@ -39,7 +39,7 @@ TEST(ReportRun, PutsTheTitleIntoOneLineAndEmptiesThoseBesideIt) {
 TEST(ReportRun, SetsThePageByTheTemplate) {
     Report report = sampleReport({10});
     report.page = {.paper = 11, .isPortrait = false};
-    runReport(report, [](CReport& engine) {
+    withReport(report, [](CReport& engine) {
         EXPECT_EQ(engine.extension().page.byPaper, 11);
         EXPECT_EQ(engine.extension().page.bSetting, 2);
         EXPECT_EQ(engine.extension().page.bFit, 1);
@@ -47,7 +47,7 @@ TEST(ReportRun, SetsThePageByTheTemplate) {
         EXPECT_FALSE(engine.layout().isPortrait);
     });
     report.page.isPortrait = true;
-    runReport(report, [](CReport& engine) { EXPECT_EQ(engine.extension().page.bSetting, 1); });
+    withReport(report, [](CReport& engine) { EXPECT_EQ(engine.extension().page.bSetting, 1); });
 }
 
 TEST(ReportRun, LeavesThePaperToTheLayoutFileWhereTheTemplateNamesNoneThatIsKnown) {
@@ -55,7 +55,7 @@ TEST(ReportRun, LeavesThePaperToTheLayoutFileWhereTheTemplateNamesNoneThatIsKnow
     for (const std::uint8_t paper : {0, 200}) {
         Report report = sampleReport({10});
         report.page.paper = paper;
-        runReport(report, [](CReport& engine) { EXPECT_EQ(engine.layout().paperWidth, 182); });
+        withReport(report, [](CReport& engine) { EXPECT_EQ(engine.layout().paperWidth, 182); });
     }
 }
 
@@ -66,7 +66,7 @@ TEST(ReportRun, KnowsPapersByTheNumbersOfThePrintSystems) {
     for (const auto& [number, width, height] : papers) {
         Report report = sampleReport({10});
         report.page.paper = number;
-        runReport(report, [&](CReport& engine) {
+        withReport(report, [&](CReport& engine) {
             EXPECT_EQ(engine.layout().paperWidth, width) << int{number};
             EXPECT_EQ(engine.layout().paperHeight, height) << int{number};
         });
@@ -77,7 +77,7 @@ TEST(ReportRun, AlignsEachColumnAsItIsRecorded) {
     Report report = sampleReport({10, 10, 10});
     report.columns[1].alignment = Alignment::right;
     report.columns[2].alignment = Alignment::center;
-    runReport(report, [](CReport& engine) {
+    withReport(report, [](CReport& engine) {
         EXPECT_EQ(engine.alignment(0), Alignment::left);
         EXPECT_EQ(engine.alignment(1), Alignment::right);
         EXPECT_EQ(engine.alignment(2), Alignment::center);
@@ -99,10 +99,10 @@ TEST(ReportRun, AlignsEachColumnAsItIsRecorded) {
 
 TEST(ReportRun, SaysWhyAndPutsNothingWhenTheLayoutFileIsBroken) {
     const OwnLayout layout("rpn 1\n[page]\npaper = A9\n");
-    const auto notice =
+    const auto refusal =
         runReport(sampleReport({10}), [](CReport&) { FAIL() << "a broken layout is used"; });
-    ASSERT_TRUE(notice);
-    EXPECT_THAT(notice->text, HasSubstr("Normal.rpn”第3行有误:“A9”应该是"));
+    ASSERT_TRUE(refusal);
+    EXPECT_THAT(refusal->notice.text, HasSubstr("Normal.rpn”第3行有误:“A9”应该是"));
 }
 
 TEST(ReportRun, SaysWhyAndPutsNothingWhenTheTemplatesPaperLeavesNoRoomForTheTable) {
@@ -110,10 +110,10 @@ TEST(ReportRun, SaysWhyAndPutsNothingWhenTheTemplatesPaperLeavesNoRoomForTheTabl
     Report report = sampleReport({10});
     EXPECT_FALSE(runReport(report, [](CReport&) {}));
     report.page.paper = 11;
-    const auto notice = runReport(report, [](CReport&) { FAIL() << "A5 has no room"; });
-    ASSERT_TRUE(notice);
-    EXPECT_THAT(notice->text, HasSubstr("Normal.rpn"));
-    EXPECT_THAT(notice->text, HasSubstr("没有地方放表格"));
+    const auto refusal = runReport(report, [](CReport&) { FAIL() << "A5 has no room"; });
+    ASSERT_TRUE(refusal);
+    EXPECT_THAT(refusal->notice.text, HasSubstr("Normal.rpn"));
+    EXPECT_THAT(refusal->notice.text, HasSubstr("没有地方放表格"));
 }
 
 TEST(ReportRun, TakesTheLayoutFileThatTheReportNames) {
@@ -121,18 +121,18 @@ TEST(ReportRun, TakesTheLayoutFileThatTheReportNames) {
     Report report = sampleReport({10});
     report.page.paper = 0;
     report.layoutFile = "DivideW.rpn";
-    runReport(report, [](CReport& engine) { EXPECT_EQ(engine.layout().paperWidth, 148); });
+    withReport(report, [](CReport& engine) { EXPECT_EQ(engine.layout().paperWidth, 148); });
 }
 
 TEST(ReportRun, RefusesAReportWithoutColumns) {
-    const auto notice = runReport(Report(), [](CReport&) { FAIL(); });
-    ASSERT_TRUE(notice);
-    EXPECT_THAT(notice->text, HasSubstr("栏目"));
+    const auto refusal = runReport(Report(), [](CReport&) { FAIL(); });
+    ASSERT_TRUE(refusal);
+    EXPECT_THAT(refusal->notice.text, HasSubstr("栏目"));
 }
 
 TEST(ReportEngine, ShrinksATableOnlyWhereThePageRecordAllowsIt) {
     const OwnLayout layout("rpn 1\n[page]\nshrink = 60\n");
-    runReport(sampleReport({10}), [](CReport& engine) {
+    withReport(sampleReport({10}), [](CReport& engine) {
         EXPECT_DOUBLE_EQ(engine.layout().leastScale, 0.6);
         engine.extension().page.bFit = 0;
         StructRPTExt(engine);

@@ -13,14 +13,14 @@ Sheet sheetOfFigures(const std::vector<ReportCell>& cells, Alignment alignment =
     report.columns[0].alignment = alignment;
     for (const ReportCell& cell : cells) report.addRow({cell});
     Sheet sheet;
-    runReport(report, [&](CReport& engine) { sheet = sheetOf(engine); });
+    withReport(report, [&](CReport& engine) { sheet = sheetOf(engine); });
     return sheet;
 }
 
 TEST(ReportSheet, HasARowOfHeadingsThenTheRows) {
     Report report = sampleReport({10, 20});
     report.addRow({"1", {}});
-    runReport(report, [](CReport& engine) {
+    withReport(report, [](CReport& engine) {
         const Sheet sheet = sheetOf(engine);
         EXPECT_EQ(sheet.name, "结算方式一览表");
         EXPECT_TRUE(sheet.hasHeader);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -48,6 +51,12 @@ inline void addNumberedRows(Report& report, std::size_t rows) {
             cells.emplace_back(std::to_string(row) + "-" + std::to_string(column));
         report.addRow(std::move(cells));
     }
+}
+
+/// Works on a report that the engine must take.
+inline void withReport(const Report& report, const std::function<void(CReport& engine)>& work) {
+    const auto refusal = runReport(report, work);
+    if (refusal) ADD_FAILURE() << refusal->notice.text;
 }
 
 }  // namespace chengheng
