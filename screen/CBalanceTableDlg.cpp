@@ -13,7 +13,6 @@ namespace {
 
 namespace texts = chengheng::screen_texts;
 
-constexpr int balanceTemplate = 126;
 constexpr int classCharacters = 44;
 constexpr int classLines = 13;
 constexpr int tabCharacters = 18;
@@ -63,7 +62,7 @@ QPlainTextEdit* makeField(const Field& field, const std::string& text, QWidget* 
 
 CBalanceTableDlg::CBalanceTableDlg(const std::array<const std::string*, 5>& shown, bool hasCauses,
                                    QWidget* parent)
-    : CNxMiddleDialog(balanceTemplate, parent) {
+    : CNxMiddleDialog(parent) {
     setWindowTitle(QString::fromUtf8(texts::balanceTitle));
     buildControls(shown, hasCauses);
 }

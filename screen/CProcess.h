@@ -25,7 +25,6 @@ class CProcess {
 
     /// Where the next menu comes up, on the screen.
     void SetMenuPosition(QPoint position) { m_menuPosition = position; }
-    QPoint MenuPosition() const { return m_menuPosition; }
     /// Brings up a part of a menu: at the menu position, else at the pointer. The command that
     /// is chosen goes to the window.
     void PopupAMenu(int part, int menu, bool isAtMenuPosition);

@@ -17,7 +17,6 @@
 namespace chengheng {
 namespace {
 
-constexpr int pickerTemplate = 126;
 constexpr QSize openingSize(380, 420);
 constexpr std::array pickerColumns{
     GridColumn{screen_texts::pickerCode, 14},
@@ -66,7 +65,7 @@ class PickerRows final : public GridModel {
 };
 
 PickerWindow::PickerWindow(const QString& title, std::vector<PickerRow> rows, QWidget* parent)
-    : DialogFrame(pickerTemplate, parent),
+    : DialogFrame(parent),
       m_rows(std::make_unique<PickerRows>(std::move(rows))),
       m_grid(new CVCF1(title, CVCF1::Unit::row, this)),
       m_wanted(new QLineEdit(this)) {

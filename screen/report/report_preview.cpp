@@ -23,7 +23,6 @@
 namespace chengheng {
 namespace {
 
-constexpr int previewTemplate = 59903;
 constexpr QSize openingSize(1080, 800);
 constexpr int pictureSize = 22;
 constexpr std::size_t rowsPerStep = 2000;
@@ -34,14 +33,14 @@ constexpr int pageWidthChoice = 1;
 constexpr int firstPercentChoice = 2;
 
 template <class... Values>
-QString text(const char* format, const Values&... values) {
-    return QString::fromStdString(fmt::format(fmt::runtime(format), values...));
+QString text(fmt::format_string<const Values&...> format, const Values&... values) {
+    return QString::fromStdString(fmt::format(format, values...));
 }
 
 }  // namespace
 
 ReportPreview::ReportPreview(ReportDocument& document, QWidget* parent)
-    : DialogFrame(previewTemplate, parent), m_document(document) {
+    : DialogFrame(parent), m_document(document) {
     setWindowTitle(text(report_texts::previewTitle, document.report().title()));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     m_document.pages().layOut(rowsPerStep);

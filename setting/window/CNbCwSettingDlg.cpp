@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "screen/current_dialog.h"
+#include "screen/dialog_templates.h"
 #include "screen/help/help_pages.h"
 #include "screen/help/help_window.h"
 #include "screen/resources.h"
@@ -20,7 +21,6 @@ using chengheng::HubFunction;
 
 namespace {
 
-constexpr int hubTemplate = 1170;
 constexpr int hubPicture = 130;
 constexpr int hubMenu = 130;
 // Beside the picture the window has room for the frame of a dialog.
@@ -48,7 +48,8 @@ void openFunction(chengheng::IMessages& messages, HubFunction function) {
 
 }  // namespace
 
-CNbCwSettingDlg::CNbCwSettingDlg(QWidget* parent) : CImgDlg(hubTemplate, parent) {
+CNbCwSettingDlg::CNbCwSettingDlg(QWidget* parent)
+    : CImgDlg(chengheng::dialog_templates::setting, parent) {
     m_process.SetDialog(this);
     g_pDlgWnd = this;
 }

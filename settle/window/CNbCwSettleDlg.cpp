@@ -4,6 +4,7 @@
 
 #include "data/lookups/CGetData.h"
 #include "report/output/list_printing.h"
+#include "screen/dialog_templates.h"
 #include "screen/forms/limited_edit.h"
 #include "screen/help/help_pages.h"
 #include "session/host_globals.h"
@@ -14,8 +15,9 @@ using namespace chengheng;
 
 namespace {
 
-constexpr ListFormWindow settleWindow{
-    .templateNumber = 132, .title = settle_texts::title, .helpContext = settleHelpContext};
+constexpr ListFormWindow settleWindow{.templateNumber = dialog_templates::method,
+                                      .title = settle_texts::title,
+                                      .helpContext = settleHelpContext};
 
 }  // namespace
 

@@ -1,6 +1,10 @@
 #include <QApplication>
+#include <set>
 
 #include "accounts/window/CNbCwBursarDlg.h"
+#include "opening/window/CNbCwBegleftDlg.h"
+#include "screen/dialog_templates.h"
+#include "settle/window/CNbCwSettleDlg.h"
 #include "tests/window/hub_fixture.h"
 #include "tests/window/next_modal.h"
 
@@ -104,9 +108,17 @@ TEST_F(HubTest, OpensNoVoucherTypesAndSaysNothingWithoutADatabase) {
     EXPECT_TRUE(m_messages.texts().empty());
 }
 
+TEST_F(HubTest, GivesEachDialogThatTheHostKnowsANumberOfItsOwn) {
+    EXPECT_EQ(OpenHub().templateNumber(), 1170);
+    EXPECT_EQ(CNbCwBursarDlg(nullptr).templateNumber(), 124);
+    EXPECT_EQ(CNbCwBegleftDlg(nullptr).templateNumber(), 125);
+    EXPECT_EQ(CNbCwSettleDlg(nullptr).templateNumber(), 1034);
+    const std::set<int> numbers(dialog_templates::all.begin(), dialog_templates::all.end());
+    EXPECT_EQ(numbers.size(), dialog_templates::all.size()) << "a number occurs twice";
+}
+
 TEST_F(HubTest, HasAChartOfAccountsThatTheHostCanOpenByItself) {
     CNbCwBursarDlg dialog(nullptr);
-    EXPECT_EQ(dialog.templateNumber(), 124);
     EXPECT_EQ(dialog.DoModal(), QDialog::Rejected);
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(m_messages.onlyNotice().text, "分类数据为空!");

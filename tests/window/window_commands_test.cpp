@@ -23,7 +23,7 @@ constexpr ToolButton buttons[] = {{0, ""}, {7, "print"}, {0, ""}, {9, "add"}};
 
 class CommandWindow final : public DialogFrame {
   public:
-    CommandWindow() : DialogFrame(1, nullptr) { new QVBoxLayout(this); }
+    CommandWindow() : DialogFrame(nullptr) { new QVBoxLayout(this); }
 
     bool OnCommand(int command) override {
         received.push_back(command);
