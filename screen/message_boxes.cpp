@@ -9,6 +9,8 @@
 #include <array>
 #include <span>
 
+#include "screen/screen_texts.h"
+
 namespace chengheng {
 namespace {
 
@@ -20,20 +22,20 @@ struct BoxButton {
 };
 
 constexpr std::array yesNoButtons{
-    BoxButton{Answer::yes, QMessageBox::Yes, "是", Qt::Key_Y},
-    BoxButton{Answer::no, QMessageBox::No, "否", Qt::Key_N},
+    BoxButton{Answer::yes, QMessageBox::Yes, screen_texts::yes, Qt::Key_Y},
+    BoxButton{Answer::no, QMessageBox::No, screen_texts::no, Qt::Key_N},
 };
 constexpr std::array okCancelButtons{
-    BoxButton{Answer::ok, QMessageBox::Ok, "确定", Qt::Key_unknown},
-    BoxButton{Answer::cancel, QMessageBox::Cancel, "取消", Qt::Key_unknown},
+    BoxButton{Answer::ok, QMessageBox::Ok, screen_texts::confirm, Qt::Key_unknown},
+    BoxButton{Answer::cancel, QMessageBox::Cancel, screen_texts::cancel, Qt::Key_unknown},
 };
 constexpr std::array yesNoCancelButtons{
-    BoxButton{Answer::yes, QMessageBox::Yes, "是", Qt::Key_Y},
-    BoxButton{Answer::no, QMessageBox::No, "否", Qt::Key_N},
-    BoxButton{Answer::cancel, QMessageBox::Cancel, "取消", Qt::Key_unknown},
+    BoxButton{Answer::yes, QMessageBox::Yes, screen_texts::yes, Qt::Key_Y},
+    BoxButton{Answer::no, QMessageBox::No, screen_texts::no, Qt::Key_N},
+    BoxButton{Answer::cancel, QMessageBox::Cancel, screen_texts::cancel, Qt::Key_unknown},
 };
 constexpr std::array noticeButtons{
-    BoxButton{Answer::ok, QMessageBox::Ok, "确定", Qt::Key_unknown},
+    BoxButton{Answer::ok, QMessageBox::Ok, screen_texts::confirm, Qt::Key_unknown},
 };
 
 std::span<const BoxButton> buttonsOf(AnswerButtons buttons) {

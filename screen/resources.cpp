@@ -17,26 +17,26 @@ namespace {
 
 constexpr PictureResource pictures[] = {
     {130, ":/host/hub_background.svg", "", PictureKind::scene},
-    {1302, ":/host/accounts.svg", "会计科目", PictureKind::entry},
-    {1303, ":/host/currency.svg", "外币汇率", PictureKind::entry},
-    {1304, ":/host/opening.svg", "期初余额", PictureKind::entry},
-    {1305, ":/host/vouchertype.svg", "凭证类别", PictureKind::entry},
-    {1306, ":/host/settle.svg", "结算方式", PictureKind::entry},
-    {1308, ":/host/exit.svg", "退出", PictureKind::outlinedEntry},
-    {1309, ":/host/operators.svg", "财务分工", PictureKind::entry},
+    {1302, ":/host/accounts.svg", screen_texts::accountsPicture, PictureKind::entry},
+    {1303, ":/host/currency.svg", screen_texts::currencyPicture, PictureKind::entry},
+    {1304, ":/host/opening.svg", screen_texts::openingPicture, PictureKind::entry},
+    {1305, ":/host/vouchertype.svg", screen_texts::voucherTypePicture, PictureKind::entry},
+    {1306, ":/host/settle.svg", screen_texts::settlePicture, PictureKind::entry},
+    {1308, ":/host/exit.svg", screen_texts::exitPicture, PictureKind::outlinedEntry},
+    {1309, ":/host/operators.svg", screen_texts::operatorsPicture, PictureKind::entry},
 };
 
 constexpr MenuItemResource hubMenu[] = {
-    {32776, "财务分工(&1)"},
-    {32775, "会计科目(&2)"},
-    {200, "外币汇率(&3)"},
-    {298, "期初余额(&4)"},
-    {32777, "凭证类别(&5)"},
-    {32778, "结算方式(&6)"},
+    {32776, screen_texts::operatorsItem},
+    {32775, screen_texts::accountsItem},
+    {200, screen_texts::currencyItem},
+    {298, screen_texts::openingItem},
+    {32777, screen_texts::voucherTypeItem},
+    {32778, screen_texts::settleItem},
     {0, ""},
     {helpCommandNumber, screen_texts::helpCommand},
     {0, ""},
-    {32774, "退出(&7)"},
+    {32774, screen_texts::exitItem},
 };
 
 constexpr int applicationIconSizes[] = {16, 24, 32, 48, 64, 128, 256};

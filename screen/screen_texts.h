@@ -18,6 +18,29 @@ inline constexpr const char* helpSearch = "搜索(&S):";
 inline constexpr const char* helpPage = "帮助内容";
 inline constexpr const char* helpNothingFound = "没有找到相关内容";
 inline constexpr const char* helpCommand = "帮助(&H)";
+inline constexpr const char* hubPage = "基础设置";
+inline constexpr const char* firstStepsPage = "第一次建帐的步骤";
+inline constexpr const char* keyboardPage = "键盘操作";
+inline constexpr const char* rightsPage = "操作员与权限";
+inline constexpr const char* chartPage = "会计科目";
+inline constexpr const char* openingPage = "期初余额录入";
+inline constexpr const char* settlePage = "结算方式";
+
+// Captions of pictures, and the same in a menu with the keys that choose them.
+inline constexpr const char* accountsPicture = "会计科目";
+inline constexpr const char* currencyPicture = "外币汇率";
+inline constexpr const char* openingPicture = "期初余额";
+inline constexpr const char* voucherTypePicture = "凭证类别";
+inline constexpr const char* settlePicture = "结算方式";
+inline constexpr const char* exitPicture = "退出";
+inline constexpr const char* operatorsPicture = "财务分工";
+inline constexpr const char* operatorsItem = "财务分工(&1)";
+inline constexpr const char* accountsItem = "会计科目(&2)";
+inline constexpr const char* currencyItem = "外币汇率(&3)";
+inline constexpr const char* openingItem = "期初余额(&4)";
+inline constexpr const char* voucherTypeItem = "凭证类别(&5)";
+inline constexpr const char* settleItem = "结算方式(&6)";
+inline constexpr const char* exitItem = "退出(&7)";
 
 inline constexpr const char* balanceTitle = "试算平衡";
 inline constexpr const char* debitClasses = "借方科目";
@@ -27,6 +50,8 @@ inline constexpr const char* creditTotal = "贷方合计";
 inline constexpr const char* balanceResult = "试算结果";
 inline constexpr const char* balanceCauses = "可能原因(&C)...";
 
+inline constexpr const char* yes = "是";
+inline constexpr const char* no = "否";
 inline constexpr const char* confirm = "确定";
 inline constexpr const char* cancel = "取消";
 inline constexpr const char* pickerCode = "编码";

@@ -3,7 +3,6 @@
 namespace chengheng::hub_texts {
 
 inline constexpr const char* title = "基础设置";
-inline constexpr const char* productName = "澄恒财务软件";
 
 inline constexpr const char* noSupervisor = "你没有[主管]权限!";
 inline constexpr const char* noForeignCurrency =

@@ -4,7 +4,7 @@
 #include <QPushButton>
 
 #include "screen/resources.h"
-#include "shell/shell_texts.h"
+#include "screen/screen_texts.h"
 
 namespace chengheng {
 namespace {
@@ -45,7 +45,7 @@ void nameButtons(QDialogButtonBox* buttons, const char* acceptText) {
     accept->setText(acceptText);
     accept->setDefault(true);
     QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
-    cancel->setText(shell_texts::cancel);
+    cancel->setText(screen_texts::cancel);
     cancel->setAutoDefault(false);
     for (QPushButton* button : {accept, cancel}) button->setIcon(QIcon());
 }

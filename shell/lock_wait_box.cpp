@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "screen/screen_texts.h"
 #include "session/lock_wait_text.h"
 #include "shell/shell_texts.h"
 
@@ -23,7 +24,7 @@ class LockWaitBox::Box : public QDialog {
         m_holder->setTextInteractionFlags(Qt::TextSelectableByMouse);
         m_waited->setTextFormat(Qt::PlainText);
         QPushButton* cancel = m_buttons->addButton(QDialogButtonBox::Cancel);
-        cancel->setText(shell_texts::cancel);
+        cancel->setText(screen_texts::cancel);
         connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
         connect(this, &QDialog::rejected, this, [this] { m_isCancelled = true; });
         auto* rows = new QVBoxLayout(this);

@@ -8,6 +8,7 @@
 #include "screen/background_work.h"
 #include "screen/enter_moves_on.h"
 #include "screen/guarded.h"
+#include "screen/screen_texts.h"
 #include "shell/form_style.h"
 #include "shell/shell_texts.h"
 #include "ui_new_books_window.h"
@@ -45,7 +46,7 @@ NewBooksWindow::~NewBooksWindow() = default;
 void NewBooksWindow::setUpFields() {
     styleHeading(m_ui->picture, m_ui->headingTitle, m_ui->headingHint);
     widen(this, 42);
-    nameButtons(m_ui->buttons, shell_texts::confirm);
+    nameButtons(m_ui->buttons, screen_texts::confirm);
     styleHint(m_ui->levelExample);
     m_ui->year->setRange(firstBooksYear, lastBooksYear);
     m_ui->year->setValue(today().year);

@@ -8,6 +8,7 @@
 #include "books/making/new_books.h"
 #include "screen/background_work.h"
 #include "screen/guarded.h"
+#include "screen/screen_texts.h"
 #include "shell/form_style.h"
 #include "shell/shell_texts.h"
 #include "ui_open_books_window.h"
@@ -19,7 +20,7 @@ OpenBooksWindow::OpenBooksWindow(IMessages& messages, QWidget* parent)
     m_ui->setupUi(this);
     styleHint(m_ui->hint);
     widen(this, 40);
-    nameButtons(m_ui->buttons, shell_texts::confirm);
+    nameButtons(m_ui->buttons, screen_texts::confirm);
     connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &OpenBooksWindow::accept);
     connect(m_ui->buttons, &QDialogButtonBox::rejected, this, &OpenBooksWindow::reject);
     connect(m_ui->browse, &QPushButton::clicked, this, &OpenBooksWindow::browse);

@@ -5,8 +5,6 @@ namespace chengheng::shell_texts {
 
 inline constexpr const char* lockWaitTitle = "等待其他工作站";
 inline constexpr const char* lockWaited = "已等待 %1";
-inline constexpr const char* cancel = "取消";
-inline constexpr const char* confirm = "确定";
 inline constexpr const char* logon = "登录";
 
 inline constexpr const char* passwordsDiffer = "口令和确认口令不一致,请重新输入";

@@ -14,12 +14,12 @@ namespace {
 
 void setUp(CLI::App& app) {
     const auto formatter = app.get_formatter();
-    formatter->label("Usage", "用法");
-    formatter->label("Positionals", "参数");
-    formatter->label("OPTIONS", "选项");
-    formatter->label("SUBCOMMAND", "命令");
+    formatter->label("Usage", tool_texts::usageLabel);
+    formatter->label("Positionals", tool_texts::argumentsLabel);
+    formatter->label("OPTIONS", tool_texts::optionGroup);
+    formatter->label("SUBCOMMAND", tool_texts::commandGroup);
     formatter->label("TEXT", "");
-    formatter->label("REQUIRED", "(必需)");
+    formatter->label("REQUIRED", tool_texts::requiredLabel);
     app.option_defaults()->group(tool_texts::optionGroup);
     app.set_help_flag("-h,--help", tool_texts::helpOption);
     app.set_version_flag("--version", std::string("chbooks ") + programVersion(),

@@ -21,6 +21,9 @@ inline constexpr const char* footer =
     "  4  目标已经存在,没有改动它\n"
     "  5  给出的内容不合规定(科目级长、年份、口令、导入的科目等)";
 
+inline constexpr const char* usageLabel = "用法";
+inline constexpr const char* argumentsLabel = "参数";
+inline constexpr const char* requiredLabel = "(必需)";
 inline constexpr const char* optionGroup = "选项";
 inline constexpr const char* commandGroup = "命令";
 inline constexpr const char* helpOption = "显示本说明";

@@ -6,18 +6,19 @@
 #include <iterator>
 
 #include "screen/resources.h"
+#include "screen/screen_texts.h"
 
 namespace chengheng {
 namespace {
 
 constexpr HelpPage pages[] = {
-    {hubHelpContext, "基础设置", ":/help/hub.html"},
-    {197779, "第一次建帐的步骤", ":/help/first_steps.html"},
-    {197780, "键盘操作", ":/help/keyboard.html"},
-    {197781, "操作员与权限", ":/help/rights.html"},
-    {chartHelpContext, "会计科目", ":/help/chart.html"},
-    {openingHelpContext, "期初余额录入", ":/help/opening.html"},
-    {settleHelpContext, "结算方式", ":/help/settle.html"},
+    {hubHelpContext, screen_texts::hubPage, ":/help/hub.html"},
+    {197779, screen_texts::firstStepsPage, ":/help/first_steps.html"},
+    {197780, screen_texts::keyboardPage, ":/help/keyboard.html"},
+    {197781, screen_texts::rightsPage, ":/help/rights.html"},
+    {chartHelpContext, screen_texts::chartPage, ":/help/chart.html"},
+    {openingHelpContext, screen_texts::openingPage, ":/help/opening.html"},
+    {settleHelpContext, screen_texts::settlePage, ":/help/settle.html"},
 };
 
 }  // namespace
