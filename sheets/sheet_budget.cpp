@@ -12,13 +12,13 @@ namespace {
 
 namespace limits = sheet_limits;
 
-SheetFailure tooMany(const char* text, std::size_t limit) {
-    return SheetFailure{.reason = fmt::format(fmt::runtime(text), limit)};
+SheetFailure tooMany(fmt::format_string<const std::size_t&> text, const std::size_t limit) {
+    return SheetFailure{.reason = fmt::format(text, limit)};
 }
 
 }  // namespace
 
-SheetOutcome SheetBudget::take(std::size_t cells, std::size_t bytes) {
+std::optional<SheetFailure> SheetBudget::take(std::size_t cells, std::size_t bytes) {
     m_cells += cells;
     m_bytes += bytes;
     if (m_cells > limits::cells) return tooMany(sheet_texts::tooManyCells, limits::cells);
@@ -27,20 +27,21 @@ SheetOutcome SheetBudget::take(std::size_t cells, std::size_t bytes) {
     return std::nullopt;
 }
 
-SheetOutcome SheetBudget::put(Sheet& sheet, std::size_t row, std::size_t column, Cell cell) {
+std::optional<SheetFailure> SheetBudget::put(Sheet& sheet, std::size_t row, std::size_t column,
+                                             Cell cell) {
     if (cell.isAbsent()) return std::nullopt;
     if (row >= limits::rows) return tooMany(sheet_texts::tooManyRows, limits::rows);
     if (column >= limits::columns) return tooMany(sheet_texts::tooManyColumns, limits::columns);
     const std::size_t before = row < sheet.rows.size() ? sheet.rows[row].size() : 0;
     const std::size_t added = column < before ? 0 : column + 1 - before;
-    if (SheetOutcome failure = take(added, 0)) return failure;
+    if (std::optional<SheetFailure> failure = take(added, 0)) return failure;
     if (row >= sheet.rows.size()) sheet.rows.resize(row + 1);
     if (added > 0) sheet.rows[row].resize(column + 1);
     sheet.rows[row][column] = std::move(cell);
     return std::nullopt;
 }
 
-SheetOutcome SheetBudget::append(Sheet& sheet, SheetRow row) {
+std::optional<SheetFailure> SheetBudget::append(Sheet& sheet, SheetRow row) {
     if (sheet.rows.size() >= limits::rows) return tooMany(sheet_texts::tooManyRows, limits::rows);
     sheet.rows.push_back(std::move(row));
     return std::nullopt;

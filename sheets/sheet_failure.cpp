@@ -11,11 +11,6 @@
 namespace chengheng {
 namespace {
 
-SheetFailure underHeading(const char* heading, SheetFailure failure, const std::string& file) {
-    failure.heading = fmt::format(fmt::runtime(heading), file);
-    return failure;
-}
-
 /// The words for what is told in the same way in reading and writing.
 std::string reasonOf(const Status& status) {
     if (status.failure == Failure::readOnly) return sheet_texts::noRight;
@@ -36,11 +31,13 @@ std::string SheetFailure::text() const {
 }
 
 SheetFailure whileReading(SheetFailure failure, const std::string& file) {
-    return underHeading(sheet_texts::notRead, std::move(failure), file);
+    failure.heading = fmt::format(sheet_texts::notRead, file);
+    return failure;
 }
 
 SheetFailure whileWriting(SheetFailure failure, const std::string& file) {
-    return underHeading(sheet_texts::notWritten, std::move(failure), file);
+    failure.heading = fmt::format(sheet_texts::notWritten, file);
+    return failure;
 }
 
 SheetFailure whileReading(const Status& status, const std::string& file) {

@@ -58,16 +58,16 @@ std::string jsonOf(const ImportPlan& plan) {
 std::string textOf(const ImportPlan& plan) {
     std::string text;
     for (const std::string& heading : plan.ignored)
-        text += fmt::format(fmt::runtime(tool_texts::ignoredHeading), heading);
+        text += fmt::format(tool_texts::ignoredHeading, heading);
     for (const PlannedRow& row : plan.rows) {
-        text += fmt::format(fmt::runtime(tool_texts::plannedRow), row.row, fateTitle(row.fate),
-                            row.code, row.name);
+        text +=
+            fmt::format(tool_texts::plannedRow, row.row, fateTitle(row.fate), row.code, row.name);
         if (row.fate == RowFate::refused)
-            text += fmt::format(fmt::runtime(tool_texts::plannedRefusal), refusalText(row));
+            text += fmt::format(tool_texts::plannedRefusal, refusalText(row));
         for (const std::string& question : row.questions)
-            text += fmt::format(fmt::runtime(tool_texts::plannedQuestion), question);
+            text += fmt::format(tool_texts::plannedQuestion, question);
     }
-    return text + fmt::format(fmt::runtime(tool_texts::planSummary), plan.count(RowFate::added),
+    return text + fmt::format(tool_texts::planSummary, plan.count(RowFate::added),
                               plan.count(RowFate::changed), plan.count(RowFate::unchanged),
                               plan.count(RowFate::refused));
 }
@@ -86,7 +86,7 @@ ExitCode importChart(Tool& tool, const ChartOptions& options) {
     const bool wasAsked = outcome == Outcome::refused && plan->isAcceptable();
     if (wasAsked) tool.err << tool_texts::notAccepted << '\n';
     if (outcome == Outcome::done && !options.isJson)
-        tool.out << fmt::format(fmt::runtime(tool_texts::imported), options.file) << '\n';
+        tool.out << fmt::format(tool_texts::imported, options.file) << '\n';
     return exitCodeOf(outcome);
 }
 
@@ -97,7 +97,7 @@ ExitCode writeChart(Tool& tool, const ChartOptions& options) {
     ToolMessages messages(tool, false);
     const Outcome outcome = exportChart(messages, options.file);
     if (outcome == Outcome::done)
-        tool.out << fmt::format(fmt::runtime(tool_texts::exported), options.file) << '\n';
+        tool.out << fmt::format(tool_texts::exported, options.file) << '\n';
     return exitCodeOf(outcome);
 }
 

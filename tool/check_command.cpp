@@ -42,9 +42,8 @@ std::string textOf(const std::vector<IntegrityFault>& faults) {
     for (const IntegrityFault& fault : faults)
         text += fmt::format("[{}] {}\n", titleOf(fault.check), fault.text);
     const auto checks = integrityChecks().size();
-    return text + (faults.empty()
-                       ? fmt::format(fmt::runtime(tool_texts::noFaults), checks)
-                       : fmt::format(fmt::runtime(tool_texts::faultCount), checks, faults.size()));
+    return text + (faults.empty() ? fmt::format(tool_texts::noFaults, checks)
+                                  : fmt::format(tool_texts::faultCount, checks, faults.size()));
 }
 
 ExitCode check(Tool& tool, const CheckOptions& options) {

@@ -30,9 +30,8 @@ struct NewOptions {
 ExitCode create(Tool& tool, NewOptions& options) {
     const auto chart = chartOfWord(options.chart);
     if (!chart)
-        return tellRefusal(
-            tool, inputRefusal(fmt::format(fmt::runtime(tool_texts::unknownChart), options.chart),
-                               books_field::chart));
+        return tellRefusal(tool, inputRefusal(fmt::format(tool_texts::unknownChart, options.chart),
+                                              books_field::chart));
     options.books.chart = *chart;
     if (const auto refusal = readNewPassword(options.passwordFile, options.books.password))
         return tellRefusal(tool, *refusal);
@@ -46,7 +45,7 @@ ExitCode create(Tool& tool, NewOptions& options) {
         tool.out << jsonText(
             {{"location", location}, {"set", created.setId}, {"year", created.year.year}});
     else
-        tool.out << fmt::format(fmt::runtime(tool_texts::created), options.books.name, location);
+        tool.out << fmt::format(tool_texts::created, options.books.name, location);
     tool.out << '\n';
     return ExitCode::done;
 }
@@ -89,11 +88,11 @@ ExitCode makeDemo(Tool& tool, const std::string& given) {
     if (!note.status()) return tellFailure(tool, note.status(), note.path());
     if (const auto refusal = makeDemoBooks(location)) return tellRefusal(tool, *refusal);
     note.keep();
-    tool.out << fmt::format(fmt::runtime(tool_texts::demoCreated), shownLocation(location),
-                            demo::supervisor, demo::password)
+    tool.out << fmt::format(tool_texts::demoCreated, shownLocation(location), demo::supervisor,
+                            demo::password)
              << '\n';
     if (!note.path().empty())
-        tool.out << fmt::format(fmt::runtime(tool_texts::demoPasswordNoted), note.path()) << '\n';
+        tool.out << fmt::format(tool_texts::demoPasswordNoted, note.path()) << '\n';
     return ExitCode::done;
 }
 

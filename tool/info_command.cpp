@@ -35,8 +35,8 @@ std::string jsonOf(const BooksSummary& books, const std::string& location) {
 }
 
 std::string textOf(const BooksSummary& books, const std::string& location) {
-    std::string text = fmt::format(fmt::runtime(tool_texts::infoHead), books.name, books.company,
-                                   books.year, isoText(books.start), books.levelPattern,
+    std::string text = fmt::format(tool_texts::infoHead, books.name, books.company, books.year,
+                                   isoText(books.start), books.levelPattern,
                                    books.hasForeignCurrency ? tool_texts::yes : tool_texts::no,
                                    books.engine.name, books.engine.version, books.formatVersion,
                                    books.engine.bytes / 1024, shownLocation(location));

@@ -111,7 +111,7 @@ std::string textOf(const FigurePlan& plan) {
     for (const PlannedCell& cell : plan.cells)
         if (cell.fate == CellFate::changed || cell.fate == CellFate::refused)
             text += plannedCellText(cell) + '\n';
-    return text + fmt::format(fmt::runtime(tool_texts::cellSummary), plan.count(CellFate::changed),
+    return text + fmt::format(tool_texts::cellSummary, plan.count(CellFate::changed),
                               plan.count(CellFate::unchanged), plan.count(CellFate::ignored),
                               plan.count(CellFate::refused));
 }
@@ -126,7 +126,8 @@ ExitCode writePlan(OpeningBooks& books, const FigurePlan& plan, IMessages& messa
 ExitCode importOpening(Tool& tool, const OpeningOptions& options) {
     return withOpenings(tool, options, [&](OpeningBooks& books, IMessages& messages) {
         FigurePlan plan;
-        if (const SheetOutcome failure = planImportedFile(books.sheet, options.file, plan)) {
+        if (const std::optional<SheetFailure> failure =
+                planImportedFile(books.sheet, options.file, plan)) {
             tool.err << failure->text() << '\n';
             return ExitCode::failed;
         }
@@ -138,14 +139,14 @@ ExitCode importOpening(Tool& tool, const OpeningOptions& options) {
         if (options.isDryRun || !plan.mayBeApplied()) return ExitCode::done;
         const ExitCode code = writePlan(books, plan, messages);
         if (code == ExitCode::done && !options.isJson)
-            tool.out << fmt::format(fmt::runtime(tool_texts::imported), options.file) << '\n';
+            tool.out << fmt::format(tool_texts::imported, options.file) << '\n';
         return code;
     });
 }
 
 ExitCode exportOpening(Tool& tool, const OpeningOptions& options) {
     if (!isSheetName(options.file)) {
-        tool.err << fmt::format(fmt::runtime(sheet_texts::fileKindUnknown), options.file) << '\n';
+        tool.err << fmt::format(sheet_texts::fileKindUnknown, options.file) << '\n';
         return ExitCode::wrongInput;
     }
     return withOpenings(tool, options, [&](OpeningBooks& books, IMessages&) {
@@ -153,7 +154,7 @@ ExitCode exportOpening(Tool& tool, const OpeningOptions& options) {
             tool.err << failure->text() << '\n';
             return ExitCode::failed;
         }
-        tool.out << fmt::format(fmt::runtime(tool_texts::openingExported), options.file) << '\n';
+        tool.out << fmt::format(tool_texts::openingExported, options.file) << '\n';
         return ExitCode::done;
     });
 }

@@ -23,7 +23,7 @@ ExitCode runPdfProgram(Tool& tool) {
     const int error =
         posix_spawn(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ);
     if (error != 0) {
-        tool.err << fmt::format(fmt::runtime(tool_texts::pdfProgramMissing), program,
+        tool.err << fmt::format(tool_texts::pdfProgramMissing, program,
                                 std::generic_category().message(error))
                  << '\n';
         return ExitCode::failed;
@@ -33,7 +33,7 @@ ExitCode runPdfProgram(Tool& tool) {
     do ended = waitpid(process, &status, 0);
     while (ended < 0 && errno == EINTR);
     if (ended == process && WIFEXITED(status)) return static_cast<ExitCode>(WEXITSTATUS(status));
-    tool.err << fmt::format(fmt::runtime(tool_texts::pdfProgramBroken), program) << '\n';
+    tool.err << fmt::format(tool_texts::pdfProgramBroken, program) << '\n';
     return ExitCode::failed;
 }
 

@@ -11,7 +11,7 @@ struct UsageFault {
     std::string_view error;   ///< the parser's name for it; empty: any
     std::string_view before;  ///< the parser's words around what it is about
     std::string_view after;
-    const char* text;
+    fmt::format_string<std::string_view&> text;
 };
 
 constexpr std::array faults{
@@ -37,7 +37,7 @@ std::string wrongUsage(std::string_view error, std::string_view detail) {
         if (!isThis(fault, error, detail)) continue;
         detail.remove_prefix(fault.before.size());
         detail.remove_suffix(fault.after.size());
-        return fmt::format(fmt::runtime(fault.text), detail) + "。\n用 --help 查看用法。";
+        return fmt::format(fault.text, detail) + "。\n用 --help 查看用法。";
     }
     return {};
 }

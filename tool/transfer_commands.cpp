@@ -28,7 +28,7 @@ struct TransferCommand {
     const char* toName;
     const char* toText;
     const char* forceText;
-    const char* done;
+    fmt::format_string<std::string, std::string> done;
     std::optional<Refusal> (*run)(const std::string&, const std::string&, Overwrite);
 };
 
@@ -67,8 +67,7 @@ ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& 
     const std::string from = locationOfBooks(options.from);
     const std::string to = locationOfBooks(options.to);
     if (const auto refusal = command.run(from, to, overwrite)) return tellRefusal(tool, *refusal);
-    tool.out << fmt::format(fmt::runtime(command.done), shownLocation(from), shownLocation(to))
-             << '\n';
+    tool.out << fmt::format(command.done, shownLocation(from), shownLocation(to)) << '\n';
     return ExitCode::done;
 }
 

@@ -76,9 +76,9 @@ std::string factsFault(std::string_view text) {
     const std::string_view whole = text;
     while (!text.empty()) {
         const Piece piece = takePiece(text);
-        if (!piece.isClosed) return fmt::format(fmt::runtime(layout_texts::braceOpen), whole);
+        if (!piece.isClosed) return fmt::format(layout_texts::braceOpen, whole);
         if (piece.hasName && factOf(piece.name) == nullptr)
-            return fmt::format(fmt::runtime(layout_texts::unknownFact), piece.name);
+            return fmt::format(layout_texts::unknownFact, piece.name);
     }
     return {};
 }

@@ -72,9 +72,7 @@ void addCells(Report& report, const QTableView& grid) {
     }
 }
 
-std::string dateLine(const std::string& day) {
-    return fmt::format(fmt::runtime(print_texts::printDate), day);
-}
+std::string dateLine(const std::string& day) { return fmt::format(print_texts::printDate, day); }
 
 void addHeadings(Report& report, const std::array<std::string_view, 4>& headings) {
     const auto& [title, left, right, below] = headings;

@@ -110,7 +110,7 @@ void PageView::showPage(std::size_t page) {
 void PageView::refresh() {
     place();
     m_sheet->setAccessibleName(
-        QString::fromStdString(fmt::format(fmt::runtime(report_texts::pageName), m_page + 1)));
+        QString::fromStdString(fmt::format(report_texts::pageName, m_page + 1)));
     m_sheet->setAccessibleDescription(m_document.readText(m_page));
 }
 

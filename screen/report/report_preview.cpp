@@ -183,8 +183,8 @@ void ReportPreview::tellPages() {
     const QSignalBlocker quiet(m_page);
     m_page->setMaximum(count);
     m_page->setValue(page + 1);
-    m_pageCount->setText(
-        text(pages.isComplete() ? report_texts::pageCount : report_texts::pagesSoFar, count));
+    m_pageCount->setText(pages.isComplete() ? text(report_texts::pageCount, count)
+                                            : text(report_texts::pagesSoFar, count));
     for (QAction* action : {m_first, m_previous}) action->setEnabled(page > 0);
     for (QAction* action : {m_next, m_last}) action->setEnabled(page + 1 < count);
     m_status->setText(isWorking ? text(report_texts::layingOut, pages.rowsLaidOut(), rows)
