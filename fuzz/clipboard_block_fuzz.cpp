@@ -9,7 +9,7 @@ using namespace chengheng;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const FuzzInput input(data, size);
     Sheet sheet;
-    const SheetOutcome failure = readClipboardBlock(input.text(), sheet);
+    const std::optional<SheetFailure> failure = readClipboardBlock(input.text(), sheet);
     checkRead(failure, sheet);
     const bool isText = isUtf8(input.text()) && input.text().find('\0') == std::string_view::npos;
     require(isText != failure.has_value(), "every text is a block, and nothing else is");

@@ -8,7 +8,7 @@ using namespace chengheng;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const FuzzInput input(data, size);
     Sheet sheet;
-    const SheetOutcome failure = readCsv(input.text(), sheet);
+    const std::optional<SheetFailure> failure = readCsv(input.text(), sheet);
     checkRead(failure, sheet);
     if (failure) return 0;
     std::string written;

@@ -9,7 +9,7 @@
 namespace chengheng {
 
 /// What holds for every sheet that was read, and for every failure to read one.
-inline void checkRead(const SheetOutcome& failure, const Sheet& sheet) {
+inline void checkRead(const std::optional<SheetFailure>& failure, const Sheet& sheet) {
     if (failure) {
         require(sheet.rows.empty(), "a failure leaves no half of a sheet");
         require(!failure->reason.empty() && isUtf8(failure->text()), "a failure has words");

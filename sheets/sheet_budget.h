@@ -12,11 +12,11 @@ class SheetBudget {
   public:
     /// Puts a cell into a sheet, making the rows and cells before it as need be. Counts rows
     /// and columns from 0. An absent cell makes none. The bytes of the text are not counted.
-    SheetOutcome put(Sheet& sheet, std::size_t row, std::size_t column, Cell cell);
+    std::optional<SheetFailure> put(Sheet& sheet, std::size_t row, std::size_t column, Cell cell);
     /// Puts a row at the end.
-    SheetOutcome append(Sheet& sheet, SheetRow row);
+    std::optional<SheetFailure> append(Sheet& sheet, SheetRow row);
     /// Counts cells and the bytes of texts.
-    SheetOutcome take(std::size_t cells, std::size_t bytes);
+    std::optional<SheetFailure> take(std::size_t cells, std::size_t bytes);
 
   private:
     std::size_t m_cells = 0;

@@ -25,14 +25,15 @@ bool isSameCell(const Cell& written, const Cell& read) {
 
 }  // namespace
 
-SheetOutcome checkWrittenCells(const Sheet& sheet) {
+std::optional<SheetFailure> checkWrittenCells(const Sheet& sheet) {
     SheetBudget budget;
     for (std::size_t row = 0; row < sheet.rows.size(); ++row) {
         for (std::size_t column = 0; column < sheet.rows[row].size(); ++column) {
             const Cell& cell = sheet.rows[row][column];
             if (const char* fault = faultOf(cell))
                 return SheetFailure{.reason = fault, .row = row + 1, .column = column + 1};
-            if (SheetOutcome failure = budget.take(1, cell.text.size())) return failure;
+            if (std::optional<SheetFailure> failure = budget.take(1, cell.text.size()))
+                return failure;
         }
     }
     return std::nullopt;

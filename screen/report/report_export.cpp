@@ -68,7 +68,7 @@ QString askForExportFile(ExportKind kind, const std::string& title, QWidget* par
 ExportOutcome exportDocument(ReportDocument& document, ExportKind kind, const std::string& path,
                              QWidget* parent, SheetFailure& failure) {
     if (kind == ExportKind::pdf) return writePages(document, path, parent, failure);
-    SheetOutcome outcome;
+    std::optional<SheetFailure> outcome;
     runBesidePainting([&] {
         const Sheet sheet = sheetOf(document.report());
         outcome = kind == ExportKind::xlsx ? writeXlsx(sheet, path) : writeCsv(sheet, path);

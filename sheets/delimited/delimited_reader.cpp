@@ -36,7 +36,7 @@ Fitness fitnessOf(char separator, std::string_view sample, bool isCut) {
     Fitness best;
     for (const auto& [length, lines] : linesOfLength)
         best = std::max(best, Fitness{false, lines, length});
-    const SheetOutcome& failure = reader.failure();
+    const std::optional<SheetFailure>& failure = reader.failure();
     const bool isCutQuote = isCut && failure && failure->reason == sheet_texts::quoteNotClosed;
     best.isClean = !reader.hasBareQuote() && (!failure || isCutQuote);
     return best;

@@ -19,7 +19,7 @@ class DelimitedReader {
 
     /// The next row; false when there is none left or it cannot be read.
     bool next(SheetRow& row);
-    const SheetOutcome& failure() const { return m_failure; }
+    const std::optional<SheetFailure>& failure() const { return m_failure; }
     /// Rows read, and cells of the one that was read last.
     std::size_t rowCount() const { return m_rows; }
     std::size_t cellCount() const { return m_cells; }
@@ -43,7 +43,7 @@ class DelimitedReader {
     std::size_t m_rows = 0;
     std::size_t m_cells = 0;
     bool m_hasBareQuote = false;
-    SheetOutcome m_failure;
+    std::optional<SheetFailure> m_failure;
 };
 
 /// The separator of a CSV text: of comma, tab and semicolon the one beside which quotes stand

@@ -16,11 +16,11 @@ std::size_t textSize(const SheetRow& row) {
     return size;
 }
 
-SheetOutcome readRows(DelimitedReader& reader, Sheet& sheet) {
+std::optional<SheetFailure> readRows(DelimitedReader& reader, Sheet& sheet) {
     SheetBudget budget;
     SheetRow row;
     while (reader.next(row)) {
-        SheetOutcome failure = budget.take(row.size(), textSize(row));
+        std::optional<SheetFailure> failure = budget.take(row.size(), textSize(row));
         if (!failure) failure = budget.append(sheet, std::move(row));
         if (failure) return failure;
     }
@@ -28,7 +28,7 @@ SheetOutcome readRows(DelimitedReader& reader, Sheet& sheet) {
 }
 
 /// Leaves no half of a sheet behind.
-SheetOutcome finished(SheetOutcome failure, Sheet& sheet) {
+std::optional<SheetFailure> finished(std::optional<SheetFailure> failure, Sheet& sheet) {
     if (failure) sheet = Sheet();
     return failure;
 }
@@ -44,12 +44,12 @@ SheetFailure unknownEncodingAfter(const DelimitedReader& reader, std::string_vie
 
 }  // namespace
 
-SheetOutcome readCsv(std::string_view bytes, Sheet& sheet) {
+std::optional<SheetFailure> readCsv(std::string_view bytes, Sheet& sheet) {
     sheet = Sheet();
     std::string text;
     const bool isWhole = decodeText(bytes, text);
     DelimitedReader reader(text, separatorOf(text), LoneQuotes::refuse);
-    SheetOutcome failure = readRows(reader, sheet);
+    std::optional<SheetFailure> failure = readRows(reader, sheet);
     if (!isWhole && !failure) failure = unknownEncodingAfter(reader, text);
     // A quote left open by a text that breaks off is not what is the matter with it.
     if (!isWhole && failure && failure->reason == sheet_texts::quoteNotClosed)
@@ -57,7 +57,7 @@ SheetOutcome readCsv(std::string_view bytes, Sheet& sheet) {
     return finished(std::move(failure), sheet);
 }
 
-SheetOutcome readClipboardBlock(std::string_view text, Sheet& sheet) {
+std::optional<SheetFailure> readClipboardBlock(std::string_view text, Sheet& sheet) {
     sheet = Sheet();
     if (!isUtf8(text)) return SheetFailure{.reason = sheet_texts::unknownEncoding};
     DelimitedReader reader(text, '\t', LoneQuotes::keep);

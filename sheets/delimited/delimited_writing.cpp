@@ -42,8 +42,8 @@ void append(std::string& text, std::string_view cell, const Form& form) {
     text += '"';
 }
 
-SheetOutcome write(const Sheet& sheet, const Form& form, std::string& text) {
-    if (SheetOutcome failure = checkWrittenCells(sheet)) return failure;
+std::optional<SheetFailure> write(const Sheet& sheet, const Form& form, std::string& text) {
+    if (std::optional<SheetFailure> failure = checkWrittenCells(sheet)) return failure;
     for (const SheetRow& row : sheet.rows) {
         for (std::size_t column = 0; column < row.size(); ++column) {
             if (column > 0) text += form.separator;
@@ -56,12 +56,12 @@ SheetOutcome write(const Sheet& sheet, const Form& form, std::string& text) {
 
 }  // namespace
 
-SheetOutcome csvText(const Sheet& sheet, std::string& text) {
+std::optional<SheetFailure> csvText(const Sheet& sheet, std::string& text) {
     text = "\xEF\xBB\xBF";
     return write(sheet, csv, text);
 }
 
-SheetOutcome writeClipboardBlock(const Sheet& sheet, std::string& text) {
+std::optional<SheetFailure> writeClipboardBlock(const Sheet& sheet, std::string& text) {
     text.clear();
     return write(sheet, block, text);
 }

@@ -22,15 +22,15 @@ bool endsInAnyCase(std::string_view text, std::string_view end) {
 
 /// Makes a file beside its place with `make`, and puts it there.
 template <class Make>
-SheetOutcome writeFile(const std::string& path, const Make& make) {
+std::optional<SheetFailure> writeFile(const std::string& path, const Make& make) {
     StagedFile staged(path);
     if (!staged.status()) return whileWriting(staged.status(), path);
-    if (SheetOutcome failure = make(staged)) return whileWriting(*failure, path);
+    if (std::optional<SheetFailure> failure = make(staged)) return whileWriting(*failure, path);
     const Status status = staged.place(true);
-    return status ? SheetOutcome() : whileWriting(status, path);
+    return status ? std::optional<SheetFailure>() : whileWriting(status, path);
 }
 
-SheetOutcome readBytes(std::string_view bytes, Sheet& sheet) {
+std::optional<SheetFailure> readBytes(std::string_view bytes, Sheet& sheet) {
     constexpr std::string_view zipSign("PK\x03\x04");
     constexpr std::string_view oldWorkbookSign("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1");
     if (bytes.starts_with(zipSign)) return readXlsx(bytes, sheet);
@@ -40,31 +40,32 @@ SheetOutcome readBytes(std::string_view bytes, Sheet& sheet) {
 
 /// Whether a file just written holds that sheet. A disk that is full is not always told while
 /// the file is made.
-SheetOutcome compare(const Sheet& sheet, const std::string& path) {
+std::optional<SheetFailure> compare(const Sheet& sheet, const std::string& path) {
     std::string bytes;
     if (const Status status = readFile(path, std::string::npos, bytes); !status)
         return whileReading(status, path);
     Sheet written;
     const bool isRead = !readXlsx(bytes, written);
     return isRead && isSameContent(sheet, written)
-               ? SheetOutcome()
+               ? std::optional<SheetFailure>()
                : SheetFailure{.reason = sheet_texts::writtenDiffers};
 }
 
 }  // namespace
 
-SheetOutcome writeCsv(const Sheet& sheet, const std::string& path) {
+std::optional<SheetFailure> writeCsv(const Sheet& sheet, const std::string& path) {
     std::string text;
-    if (SheetOutcome failure = csvText(sheet, text)) return whileWriting(*failure, path);
+    if (std::optional<SheetFailure> failure = csvText(sheet, text))
+        return whileWriting(*failure, path);
     return writeFile(path, [&](const StagedFile& draft) {
         const Status status = draft.write(text);
-        return status ? SheetOutcome() : whileWriting(status, path);
+        return status ? std::optional<SheetFailure>() : whileWriting(status, path);
     });
 }
 
-SheetOutcome writeXlsx(const Sheet& sheet, const std::string& path) {
+std::optional<SheetFailure> writeXlsx(const Sheet& sheet, const std::string& path) {
     return writeFile(path, [&](const StagedFile& draft) {
-        SheetOutcome failure = makeWorkbook(sheet, draft.path());
+        std::optional<SheetFailure> failure = makeWorkbook(sheet, draft.path());
         return failure ? failure : compare(sheet, draft.path());
     });
 }
@@ -73,16 +74,17 @@ bool isSheetName(std::string_view path) {
     return endsInAnyCase(path, csvEnd) || endsInAnyCase(path, xlsxEnd);
 }
 
-SheetOutcome writeSheet(const Sheet& sheet, const std::string& path) {
+std::optional<SheetFailure> writeSheet(const Sheet& sheet, const std::string& path) {
     return endsInAnyCase(path, csvEnd) ? writeCsv(sheet, path) : writeXlsx(sheet, path);
 }
 
-SheetOutcome readSheet(const std::string& path, Sheet& sheet) {
+std::optional<SheetFailure> readSheet(const std::string& path, Sheet& sheet) {
     sheet = Sheet();
     std::string bytes;
     if (const Status status = readFile(path, sheet_limits::fileSize, bytes); !status)
         return whileReading(status, path);
-    if (SheetOutcome failure = readBytes(bytes, sheet)) return whileReading(*failure, path);
+    if (std::optional<SheetFailure> failure = readBytes(bytes, sheet))
+        return whileReading(*failure, path);
     return std::nullopt;
 }
 

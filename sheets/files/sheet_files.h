@@ -10,15 +10,15 @@ namespace chengheng {
 
 /// Write a sheet as a file, in the place of one that is there already. The new file appears
 /// whole or not at all: after a failure the old one is as it was.
-SheetOutcome writeCsv(const Sheet& sheet, const std::string& path);
-SheetOutcome writeXlsx(const Sheet& sheet, const std::string& path);
+std::optional<SheetFailure> writeCsv(const Sheet& sheet, const std::string& path);
+std::optional<SheetFailure> writeXlsx(const Sheet& sheet, const std::string& path);
 
 /// Whether a name ends as that of a file that can be written: .csv or .xlsx, in any case.
 bool isSheetName(std::string_view path);
 /// Writes the one or the other, as the name says.
-SheetOutcome writeSheet(const Sheet& sheet, const std::string& path);
+std::optional<SheetFailure> writeSheet(const Sheet& sheet, const std::string& path);
 
 /// Reads an XLSX or CSV file; which of them it is, its content tells, not its name.
-SheetOutcome readSheet(const std::string& path, Sheet& sheet);
+std::optional<SheetFailure> readSheet(const std::string& path, Sheet& sheet);
 
 }  // namespace chengheng

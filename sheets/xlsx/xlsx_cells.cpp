@@ -66,7 +66,7 @@ void XlsxCellsHandler::text(std::string_view piece) {
     if (!m_isInCell) return;
     if (m_isInValue && m_value) *m_value += piece;
     m_inline.text(piece);
-    if (SheetOutcome failure = m_budget.take(0, piece.size())) fail(*failure);
+    if (std::optional<SheetFailure> failure = m_budget.take(0, piece.size())) fail(*failure);
 }
 
 void XlsxCellsHandler::startRow(const XmlAttributes& attributes) {
@@ -101,7 +101,7 @@ void XlsxCellsHandler::endCell() {
     Cell cell = readCell();
     if (hasFailed()) return;
     // A text that many cells refer to is copied into each; others were counted as they came.
-    SheetOutcome failure = m_budget.take(0, m_kind == "s" ? cell.text.size() : 0);
+    std::optional<SheetFailure> failure = m_budget.take(0, m_kind == "s" ? cell.text.size() : 0);
     if (!failure) failure = m_budget.put(m_sheet, m_row - 1, m_column - 1, std::move(cell));
     if (failure) fail(*failure);
 }

@@ -115,20 +115,20 @@ std::string partName(std::string_view from, std::string_view target) {
     return name;
 }
 
-SheetOutcome findContents(XlsxPackage& package, XlsxContents& contents) {
+std::optional<SheetFailure> findContents(XlsxPackage& package, XlsxContents& contents) {
     const SheetFailure foreign{.reason = sheet_texts::notWorkbook};
     RelationshipsHandler top("");
     if (!package.hasPart("_rels/.rels")) return foreign;
-    if (SheetOutcome failure = package.read("_rels/.rels", top)) return failure;
+    if (std::optional<SheetFailure> failure = package.read("_rels/.rels", top)) return failure;
     const std::string workbookPart = top.partOfKind("officeDocument");
     if (!workbookPart.ends_with(".xml") || !package.hasPart(workbookPart)) return foreign;
     WorkbookHandler workbook;
-    if (SheetOutcome failure = package.read(workbookPart, workbook)) return failure;
+    if (std::optional<SheetFailure> failure = package.read(workbookPart, workbook)) return failure;
     if (!workbook.isWorkbook()) return foreign;
     RelationshipsHandler parts(workbookPart);
     const std::string partsPart = relationshipsPartOf(workbookPart);
     if (!package.hasPart(partsPart)) return foreign;
-    if (SheetOutcome failure = package.read(partsPart, parts)) return failure;
+    if (std::optional<SheetFailure> failure = package.read(partsPart, parts)) return failure;
     contents.countsFrom1904 = workbook.countsFrom1904();
     contents.stringsPart = existing(package, parts.partOfKind("sharedStrings"));
     contents.stylesPart = existing(package, parts.partOfKind("styles"));

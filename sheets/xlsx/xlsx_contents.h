@@ -19,7 +19,7 @@ struct XlsxContents {
 };
 
 /// Finds the first visible sheet.
-SheetOutcome findContents(XlsxPackage& package, XlsxContents& contents);
+std::optional<SheetFailure> findContents(XlsxPackage& package, XlsxContents& contents);
 
 /// The name of a part that another one refers to: "../a.xml" in "xl/sheets/b.xml" is "xl/a.xml".
 std::string partName(std::string_view from, std::string_view target);

@@ -151,9 +151,9 @@ NumberLook lookOfFormat(std::string_view format) {
     return look;
 }
 
-SheetOutcome XlsxNumberFormats::read(XlsxPackage& package, const std::string& part) {
+std::optional<SheetFailure> XlsxNumberFormats::read(XlsxPackage& package, const std::string& part) {
     StylesHandler styles;
-    if (SheetOutcome failure = package.read(part, styles)) return failure;
+    if (std::optional<SheetFailure> failure = package.read(part, styles)) return failure;
     m_looks = styles.takeLooks();
     return std::nullopt;
 }

@@ -25,7 +25,7 @@ NumberLook lookOfFormat(std::string_view format);
 /// The looks of a workbook, by the number that its cells name.
 class XlsxNumberFormats {
   public:
-    SheetOutcome read(XlsxPackage& package, const std::string& part);
+    std::optional<SheetFailure> read(XlsxPackage& package, const std::string& part);
     NumberLook look(std::size_t style) const;
 
   private:

@@ -57,7 +57,7 @@ XlsxPackage::~XlsxPackage() {
     if (m_archive != nullptr) zip_discard(m_archive);
 }
 
-SheetOutcome XlsxPackage::open(std::string_view bytes) {
+std::optional<SheetFailure> XlsxPackage::open(std::string_view bytes) {
     zip_error_t error;
     zip_error_init(&error);
     zip_source_t* const source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
@@ -72,7 +72,7 @@ bool XlsxPackage::hasPart(const std::string& name) const {
     return zip_name_locate(m_archive, name.c_str(), ZIP_FL_NOCASE) >= 0;
 }
 
-SheetOutcome XlsxPackage::read(const std::string& name, XmlHandler& handler) {
+std::optional<SheetFailure> XlsxPackage::read(const std::string& name, XmlHandler& handler) {
     Part part(m_archive, name);
     if (!part.isOpen())
         return damagedPart(name, wordsOf(zip_error_code_zip(zip_get_error(m_archive))).c_str());

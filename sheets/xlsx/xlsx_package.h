@@ -23,10 +23,10 @@ class XlsxPackage {
     XlsxPackage& operator=(const XlsxPackage&) = delete;
 
     /// Opens the content of a file, which must outlive this.
-    SheetOutcome open(std::string_view bytes);
+    std::optional<SheetFailure> open(std::string_view bytes);
     bool hasPart(const std::string& name) const;
     /// Reads a part, checks that it is unharmed, and tells the handler what it holds.
-    SheetOutcome read(const std::string& name, XmlHandler& handler);
+    std::optional<SheetFailure> read(const std::string& name, XmlHandler& handler);
 
   private:
     zip* m_archive = nullptr;

@@ -18,11 +18,11 @@ class StringsHandler : public XmlHandler {
         m_gatherer.end(name);
         if (name == "si") m_strings.push_back(m_gatherer.take());
         if (name == "si")
-            if (SheetOutcome failure = m_budget.take(1, 0)) fail(*failure);
+            if (std::optional<SheetFailure> failure = m_budget.take(1, 0)) fail(*failure);
     }
     void text(std::string_view piece) override {
         m_gatherer.text(piece);
-        if (SheetOutcome failure = m_budget.take(0, piece.size())) fail(*failure);
+        if (std::optional<SheetFailure> failure = m_budget.take(0, piece.size())) fail(*failure);
     }
 
     std::vector<std::string> takeStrings() { return std::move(m_strings); }
@@ -51,9 +51,9 @@ void XlsxTextGatherer::text(std::string_view piece) {
 
 std::string XlsxTextGatherer::take() const { return unescapedFromXlsx(m_text); }
 
-SheetOutcome XlsxStrings::read(XlsxPackage& package, const std::string& part) {
+std::optional<SheetFailure> XlsxStrings::read(XlsxPackage& package, const std::string& part) {
     StringsHandler strings;
-    if (SheetOutcome failure = package.read(part, strings)) return failure;
+    if (std::optional<SheetFailure> failure = package.read(part, strings)) return failure;
     m_strings = strings.takeStrings();
     return std::nullopt;
 }

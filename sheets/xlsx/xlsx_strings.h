@@ -28,7 +28,7 @@ class XlsxTextGatherer {
 /// The texts that the cells of a workbook refer to by number.
 class XlsxStrings {
   public:
-    SheetOutcome read(XlsxPackage& package, const std::string& part);
+    std::optional<SheetFailure> read(XlsxPackage& package, const std::string& part);
     /// Null when there is none of that number.
     const std::string* find(std::size_t number) const;
 

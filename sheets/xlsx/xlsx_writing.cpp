@@ -152,7 +152,7 @@ lxw_error layOut(Workbook& book, const Sheet& sheet) {
 }
 
 /// What a spreadsheet program would refuse to open.
-SheetOutcome checkLimits(const Sheet& sheet) {
+std::optional<SheetFailure> checkLimits(const Sheet& sheet) {
     constexpr std::size_t longestEscape = 7;
     namespace limits = sheet_limits;
     if (sheet.rows.size() > limits::rows)
@@ -180,9 +180,9 @@ SheetFailure libraryFailure(lxw_error error, int systemError) {
 
 }  // namespace
 
-SheetOutcome makeWorkbook(const Sheet& sheet, const std::string& path) {
-    if (SheetOutcome failure = checkWrittenCells(sheet)) return failure;
-    if (SheetOutcome failure = checkLimits(sheet)) return failure;
+std::optional<SheetFailure> makeWorkbook(const Sheet& sheet, const std::string& path) {
+    if (std::optional<SheetFailure> failure = checkWrittenCells(sheet)) return failure;
+    if (std::optional<SheetFailure> failure = checkLimits(sheet)) return failure;
     const PlainLocale plain;
     errno = 0;
     Workbook book(path);

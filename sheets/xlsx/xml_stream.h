@@ -34,7 +34,7 @@ class XmlHandler {
     /// A piece of text; one text may come in several.
     virtual void text(std::string_view piece) = 0;
 
-    const SheetOutcome& failure() const { return m_failure; }
+    const std::optional<SheetFailure>& failure() const { return m_failure; }
 
   protected:
     /// Ends the reading.
@@ -42,7 +42,7 @@ class XmlHandler {
     bool hasFailed() const { return m_failure.has_value(); }
 
   private:
-    SheetOutcome m_failure;
+    std::optional<SheetFailure> m_failure;
 };
 
 /// Reads an XML text piece by piece without keeping it. Refuses what can be made to exhaust

@@ -21,7 +21,7 @@ Texts textsOf(const Sheet& sheet) {
 
 Texts readTexts(std::string_view bytes) {
     Sheet sheet;
-    const SheetOutcome failure = readCsv(bytes, sheet);
+    const std::optional<SheetFailure> failure = readCsv(bytes, sheet);
     EXPECT_FALSE(failure) << failure->text();
     return textsOf(sheet);
 }
@@ -29,7 +29,7 @@ Texts readTexts(std::string_view bytes) {
 SheetFailure readFailure(std::string_view bytes) {
     Sheet sheet;
     sheet.rows.resize(3);
-    const SheetOutcome failure = readCsv(bytes, sheet);
+    const std::optional<SheetFailure> failure = readCsv(bytes, sheet);
     EXPECT_TRUE(failure);
     EXPECT_TRUE(sheet.rows.empty()) << "half of a sheet was left";
     return failure.value_or(SheetFailure());
@@ -171,7 +171,7 @@ TEST(CsvReading, MoreCellsThanAreReadIsAFailure) {
 
 Texts readBlock(std::string_view text) {
     Sheet sheet;
-    const SheetOutcome failure = readClipboardBlock(text, sheet);
+    const std::optional<SheetFailure> failure = readClipboardBlock(text, sheet);
     EXPECT_FALSE(failure) << failure->text();
     return textsOf(sheet);
 }

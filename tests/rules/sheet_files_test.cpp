@@ -15,14 +15,14 @@ namespace {
 
 namespace files = std::filesystem;
 
-using WriteSheet = SheetOutcome (*)(const Sheet&, const std::string&);
+using WriteSheet = std::optional<SheetFailure> (*)(const Sheet&, const std::string&);
 
 Sheet written(WriteSheet write, const Sheet& sheet) {
     const std::string path = freshFolder() + "/表.file";
-    const SheetOutcome failure = write(sheet, path);
+    const std::optional<SheetFailure> failure = write(sheet, path);
     EXPECT_FALSE(failure) << failure->text();
     Sheet read;
-    const SheetOutcome unread = readSheet(path, read);
+    const std::optional<SheetFailure> unread = readSheet(path, read);
     EXPECT_FALSE(unread) << unread->text();
     return read;
 }
@@ -146,7 +146,7 @@ TEST(SheetFiles, FileThatCannotBeReadIsNamedWithItsFault) {
         {"/open.csv", "第 2 行 A 列:单元格以引号开头,但没有结束的引号。"}};
     for (const auto& [name, reason] : failures) {
         Sheet sheet;
-        const SheetOutcome failure = readSheet(folder + name, sheet);
+        const std::optional<SheetFailure> failure = readSheet(folder + name, sheet);
         ASSERT_TRUE(failure) << name;
         EXPECT_EQ(failure->text(), "没有读入文件“" + folder + name + "”。\n" + reason);
     }
@@ -157,7 +157,7 @@ TEST(SheetFiles, FileTooLongToBeReadIsRefused) {
     std::ofstream(path) << "a";
     files::resize_file(path, (64U << 20U) + 1);
     Sheet sheet;
-    const SheetOutcome failure = readSheet(path, sheet);
+    const std::optional<SheetFailure> failure = readSheet(path, sheet);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->reason, "文件超过 64 MB,太大了。请拆分后重试。");
 }
@@ -169,7 +169,7 @@ void expectOldFileKept(WriteSheet write, rlim_t room) {
     Sheet sheet;
     for (int row = 0; row < 5000; ++row)
         sheet.rows.push_back({Cell::of("科目 " + std::to_string(row)), Cell::of(row * 0.5)});
-    SheetOutcome failure;
+    std::optional<SheetFailure> failure;
     {
         const SmallDisk disk(room);
         failure = write(sheet, folder + "/a");

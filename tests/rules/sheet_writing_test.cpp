@@ -23,7 +23,7 @@ std::string bytesOf(const std::string& path) {
 
 std::string csvOf(const Sheet& sheet) {
     std::string text;
-    const SheetOutcome failure = csvText(sheet, text);
+    const std::optional<SheetFailure> failure = csvText(sheet, text);
     EXPECT_FALSE(failure) << failure->text();
     return text;
 }
@@ -72,7 +72,7 @@ TEST(CsvText, RefusesWhatIsNoTextAndNoNumberAndNamesTheCell) {
     for (const Cell& cell : {Cell::of("a\xFF"), Cell::of(std::string("a\0b", 3)),
                              Cell::of(infinity), Cell::of(std::nan(""))}) {
         std::string text;
-        const SheetOutcome failure = csvText(sheetOf({{}, {Cell(), cell}}), text);
+        const std::optional<SheetFailure> failure = csvText(sheetOf({{}, {Cell(), cell}}), text);
         ASSERT_TRUE(failure);
         EXPECT_EQ(failure->row, 2U);
         EXPECT_EQ(failure->column, 2U);
@@ -97,12 +97,12 @@ TEST(ColumnLetters, CountAsSpreadsheetsDo) {
     EXPECT_EQ(columnLetters(16384), "XFD");
 }
 
-using WriteSheet = SheetOutcome (*)(const Sheet&, const std::string&);
+using WriteSheet = std::optional<SheetFailure> (*)(const Sheet&, const std::string&);
 
 /// What holds for a file of either kind.
 class SheetFileWriting : public testing::TestWithParam<WriteSheet> {
   protected:
-    SheetOutcome write(const Sheet& sheet) { return GetParam()(sheet, m_path); }
+    std::optional<SheetFailure> write(const Sheet& sheet) { return GetParam()(sheet, m_path); }
 
     std::string m_folder = freshFolder();
     std::string m_path = m_folder + "/科目.file";
@@ -123,7 +123,7 @@ TEST_P(SheetFileWriting, PutsTheFileInThePlaceOfTheOldOneAndLeavesNothingBeside)
 
 TEST_P(SheetFileWriting, CellThatCannotBeWrittenLeavesTheOldFile) {
     std::ofstream(m_path) << "old";
-    const SheetOutcome failure = write(oneCell(Cell::of("\xFF")));
+    const std::optional<SheetFailure> failure = write(oneCell(Cell::of("\xFF")));
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->text(), "没有写入文件“" + m_path +
                                    "”,原有的文件保持不变。\n"
@@ -134,7 +134,7 @@ TEST_P(SheetFileWriting, CellThatCannotBeWrittenLeavesTheOldFile) {
 
 TEST_P(SheetFileWriting, MissingFolderIsToldByName) {
     m_path = m_folder + "/none/a.file";
-    const SheetOutcome failure = write(oneCell(Cell::of("a")));
+    const std::optional<SheetFailure> failure = write(oneCell(Cell::of("a")));
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->text(), "没有写入文件“" + m_path +
                                    "”,原有的文件保持不变。\n"
@@ -143,7 +143,7 @@ TEST_P(SheetFileWriting, MissingFolderIsToldByName) {
 
 TEST_P(SheetFileWriting, FolderInItsPlaceStays) {
     files::create_directory(m_path);
-    const SheetOutcome failure = write(oneCell(Cell::of("a")));
+    const std::optional<SheetFailure> failure = write(oneCell(Cell::of("a")));
     ASSERT_TRUE(failure);
     EXPECT_NE(failure->text().find(m_path), std::string::npos);
     EXPECT_TRUE(files::is_directory(m_path));
@@ -152,7 +152,7 @@ TEST_P(SheetFileWriting, FolderInItsPlaceStays) {
 TEST(XlsxWriting, TextLongerThanSpreadsheetsTakeIsRefusedWithItsPlace) {
     const std::string path = freshFolder() + "/a.xlsx";
     EXPECT_FALSE(writeXlsx(oneCell(Cell::of(std::string(32767, 'x'))), path));
-    const SheetOutcome failure =
+    const std::optional<SheetFailure> failure =
         writeXlsx(sheetOf({{}, {}, {Cell::of(std::string(32768, 'x'))}}), path);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->row, 3U);

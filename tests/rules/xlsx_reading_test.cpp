@@ -11,7 +11,7 @@ namespace {
 
 Sheet readBytes(std::string_view bytes) {
     Sheet sheet;
-    const SheetOutcome failure = readXlsx(bytes, sheet);
+    const std::optional<SheetFailure> failure = readXlsx(bytes, sheet);
     EXPECT_FALSE(failure) << failure->text();
     return sheet;
 }
@@ -26,7 +26,7 @@ SheetRow readCells(const MadeWorkbook& workbook) {
 SheetFailure failureOf(std::string_view bytes) {
     Sheet sheet;
     sheet.rows.resize(3);
-    const SheetOutcome failure = readXlsx(bytes, sheet);
+    const std::optional<SheetFailure> failure = readXlsx(bytes, sheet);
     EXPECT_TRUE(failure);
     EXPECT_TRUE(sheet.rows.empty()) << "half of a sheet was left";
     return failure.value_or(SheetFailure());
@@ -310,7 +310,7 @@ TEST(XlsxReading, PartsThatTogetherUnpackToTooMuchAreRefused) {
     ASSERT_FALSE(package.open(bytes));
     Unheeding handler;
     EXPECT_FALSE(package.read("a.xml", handler));
-    const SheetOutcome failure = package.read("a.xml", handler);
+    const std::optional<SheetFailure> failure = package.read("a.xml", handler);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->text(), "XLSX 文件解压后超过 1 MB,太大了。请拆分后重试。");
 }
