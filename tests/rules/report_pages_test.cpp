@@ -30,14 +30,21 @@ constexpr const char* plainPage =
     "column-rule=0.1\nrow-rule=0.2\n[footer]\nheight=20\nmiddle = {page}/{pages}\n";
 
 struct ReportPagesTest : testing::Test {
-    /// Lays a report out and draws its pages.
-    std::vector<PageDrawing> draw(const Report& report, const std::string& more = {}) {
-        const OwnLayout layout(plainPage + more);
-        std::vector<PageDrawing> pages;
+    /// Works on the pages that a report has on the paper of a layout; none is laid out yet.
+    void withPages(const Report& report, const std::string& layoutText,
+                   const std::function<void(ReportPages&)>& work) {
+        const OwnLayout layout(layoutText);
         withReport(report, [&](CReport& engine) {
             engine.extension().page.byPaper = 0;
             StructRPTExt(engine);
-            ReportPages laidOut(engine, measure);
+            ReportPages pages(engine, measure);
+            work(pages);
+        });
+    }
+    /// Lays a report out and draws its pages.
+    std::vector<PageDrawing> draw(const Report& report, const std::string& more = {}) {
+        std::vector<PageDrawing> pages;
+        withPages(report, plainPage + more, [&](ReportPages& laidOut) {
             laidOut.layOut();
             for (std::size_t page = 0; page < laidOut.pageCount(); ++page)
                 pages.push_back(laidOut.draw(page));
@@ -166,14 +173,9 @@ TEST_F(ReportPagesTest, StandTheTableInTheMiddleOfThePage) {
 TEST_F(ReportPagesTest, WidenANarrowTableNoFurtherThanTheLayoutAllows) {
     Report report = sampleReport({20, 20});
     addNumberedRows(report, 1);
-    const OwnLayout unused(plainPage);
     auto wide = std::string(plainPage);
     wide.replace(wide.find("stretch=100"), 11, "stretch=150");
-    const OwnLayout layout(wide);
-    withReport(report, [&](CReport& engine) {
-        engine.extension().page.byPaper = 0;
-        StructRPTExt(engine);
-        ReportPages pages(engine, measure);
+    withPages(report, wide, [&](ReportPages& pages) {
         pages.layOut();
         EXPECT_DOUBLE_EQ(textOf(pages.draw(0), "1-1").width, 60);
         EXPECT_DOUBLE_EQ(textOf(pages.draw(0), "1-1").scale, 1);
@@ -232,11 +234,7 @@ TEST_F(ReportPagesTest, WidenTheColumnsOfStripsUntilTheyFillThePage) {
     addNumberedRows(report, 1);
     auto wide = std::string(plainPage);
     wide.replace(wide.find("stretch=100"), 11, "stretch=200");
-    const OwnLayout layout(wide);
-    withReport(report, [&](CReport& engine) {
-        engine.extension().page.byPaper = 0;
-        StructRPTExt(engine);
-        ReportPages pages(engine, measure);
+    withPages(report, wide, [&](ReportPages& pages) {
         pages.layOut();
         EXPECT_EQ(pages.pageCount(), 4U);
         const DrawnText cell = textOf(pages.draw(0), "1-2");
@@ -275,11 +273,7 @@ TEST_F(ReportPagesTest, CarryLongTextsOnWhereTheLayoutWraps) {
     report.addRow({"乙", "2"});
     auto wrapping = std::string(plainPage);
     wrapping.replace(wrapping.find("padding=0"), 9, "padding=0\noverflow=wrap\nmost-lines=2");
-    const OwnLayout layout(wrapping);
-    withReport(report, [&](CReport& engine) {
-        engine.extension().page.byPaper = 0;
-        StructRPTExt(engine);
-        ReportPages pages(engine, measure);
+    withPages(report, wrapping, [&](ReportPages& pages) {
         pages.layOut();
         const PageDrawing page = pages.draw(0);
         EXPECT_THAT(cells(page), ElementsAre("南京清和", "商贸", "1", "乙", "2"));
@@ -339,11 +333,7 @@ TEST_F(ReportPagesTest, LeaveTheTableARowHoweverMuchStandsAboveIt) {
     report.lines.assign(40, {"科目:1122"});
     auto lines = std::string(plainPage);
     lines.replace(lines.find("[heading]\nheight=0"), 18, "[heading]\nheight=9");
-    const OwnLayout layout(lines);
-    withReport(report, [&](CReport& engine) {
-        engine.extension().page.byPaper = 0;
-        StructRPTExt(engine);
-        ReportPages pages(engine, measure);
+    withPages(report, lines, [&](ReportPages& pages) {
         pages.layOut();
         ASSERT_EQ(pages.pageCount(), 3U);
         EXPECT_THAT(cells(pages.draw(2)), ElementsAre("3-1"));
@@ -390,11 +380,7 @@ TEST_F(ReportPagesTest, CutATitleThatIsWiderThanThePage) {
 TEST_F(ReportPagesTest, LayOutAPortionAtATimeAndKnowTheirCountAtTheEnd) {
     Report report = sampleReport({10});
     addNumberedRows(report, 35);
-    const OwnLayout layout(plainPage);
-    withReport(report, [&](CReport& engine) {
-        engine.extension().page.byPaper = 0;
-        StructRPTExt(engine);
-        ReportPages pages(engine, measure);
+    withPages(report, plainPage, [&](ReportPages& pages) {
         pages.layOut(12);
         EXPECT_FALSE(pages.isComplete());
         EXPECT_EQ(pages.rowsLaidOut(), 12U);
