@@ -6,7 +6,7 @@
 #include <charconv>
 
 #include "base/values/numbers.h"
-#include "report/engine/print_texts.h"
+#include "currency/currency_texts.h"
 #include "report/layout/page_facts.h"
 #include "report/output/list_fields.h"
 #include "report/output/list_reading.h"
@@ -34,8 +34,8 @@ constexpr std::array currencyFields{
     ListField<_CyrencyInfo>{"bMode", Alignment::left,
                             [](const _CyrencyInfo& currency) {
                                 return ReportCell(currency.bMode == 1
-                                                      ? print_texts::foreignTimesRate
-                                                      : print_texts::foreignByRate);
+                                                      ? currency_texts::foreignTimesRate
+                                                      : currency_texts::foreignByRate);
                             }},
     ListField<_CyrencyInfo>{"byDecimal", Alignment::center,
                             [](const _CyrencyInfo& currency) {
@@ -83,7 +83,7 @@ bool fillRates(Report& report, std::span<const ListField<Rate>> fields,
     for (const Row& row : rows)
         rates.push_back({timeOf(row), row.dRate, row.dAdjustRate, currency.byDecimal});
     report.lines.push_back(
-        {.left = fmt::format(print_texts::currencyLine, currency.sExchName, currency.sExchCode)});
+        {.left = fmt::format(currency_texts::ratesOf, currency.sExchName, currency.sExchCode)});
     addRows<Rate>(report, fields, rates);
     return true;
 }

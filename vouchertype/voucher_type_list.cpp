@@ -3,15 +3,16 @@
 #include <array>
 
 #include "data/tables/settlement.h"
-#include "report/engine/print_texts.h"
 #include "report/output/list_reading.h"
 #include "report/output/print_templates.h"
+#include "vouchertype/voucher_type_texts.h"
 
 namespace chengheng {
 namespace {
 
-constexpr std::array limitTexts{print_texts::debitRequired, print_texts::creditRequired,
-                                print_texts::bothForbidden};
+constexpr std::array limitTexts{voucher_type_texts::debitRequired,
+                                voucher_type_texts::creditRequired,
+                                voucher_type_texts::bothForbidden};
 
 /// Absent for a type without restriction.
 ReportCell limitCell(const _SignInfo& type) {
