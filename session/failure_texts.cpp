@@ -10,11 +10,13 @@
 namespace chengheng {
 namespace {
 
-/// Texts with {} where the file or address goes.
+/// The file or address takes the place of {}.
+using PlaceText = fmt::format_string<std::string>;
+
 struct FailureText {
     Failure failure;
-    const char* file;
-    const char* server;
+    PlaceText file;
+    PlaceText server;
 };
 
 constexpr std::array bookTexts{
@@ -58,18 +60,18 @@ constexpr std::array bookTexts{
     FailureText{Failure::cancelled, "对帐套文件“{}”的等待已取消。", "对帐套“{}”的等待已取消。"},
 };
 
-constexpr const char* registryDamaged =
+constexpr PlaceText registryDamaged =
     "帐套列表文件“{}”已损坏,没有改动它。\n请修复或移走该文件;帐套本身不受影响,仍可按路径打开。";
-constexpr const char* registryNewer =
+constexpr PlaceText registryNewer =
     "帐套列表文件“{}”由更新版本的程序建立,没有改动它。\n请升级本程序。";
-constexpr const char* registryOther =
+constexpr PlaceText registryOther =
     "无法读写帐套列表文件“{}”。\n请检查所在文件夹的权限和磁盘空间。";
-constexpr const char* passwordFileMissing = "找不到口令文件“{}”。\n请检查路径是否正确。";
-constexpr const char* passwordFileOther =
+constexpr PlaceText passwordFileMissing = "找不到口令文件“{}”。\n请检查路径是否正确。";
+constexpr PlaceText passwordFileOther =
     "无法读取口令文件“{}”。\n请检查文件权限;口令应写在第一行,不超过 1024 个字节。";
 constexpr const char* detailLine = "\n详细信息:{}";
 
-const char* formatFor(Failure failure, bool isServer, FailureSubject subject) {
+PlaceText formatFor(Failure failure, bool isServer, FailureSubject subject) {
     if (subject == FailureSubject::passwordFile)
         return failure == Failure::missing ? passwordFileMissing : passwordFileOther;
     if (subject == FailureSubject::registry) {
@@ -101,8 +103,8 @@ std::string oneLine(std::string_view text) {
 }  // namespace
 
 std::string failureText(const Status& status, std::string_view location, FailureSubject subject) {
-    const char* format = formatFor(status.failure, isServerAddress(location), subject);
-    std::string text = fmt::format(fmt::runtime(format), shownLocation(location));
+    const PlaceText format = formatFor(status.failure, isServerAddress(location), subject);
+    std::string text = fmt::format(format, shownLocation(location));
     const std::string detail = oneLine(status.detail);
     if (!detail.empty() && !isClearWithoutDetail(status.failure))
         text += fmt::format(detailLine, detail);
