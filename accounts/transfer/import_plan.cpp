@@ -144,10 +144,6 @@ std::size_t ImportPlan::count(RowFate fate) const {
     return static_cast<std::size_t>(std::ranges::count(rows, fate, &PlannedRow::fate));
 }
 
-bool ImportPlan::hasQuestions() const {
-    return std::ranges::any_of(rows, [](const PlannedRow& row) { return !row.questions.empty(); });
-}
-
 ImportPlan planImport(const ChartSheet& sheet, const ChartState& state) {
     return ImportPlanner(sheet, state).plan();
 }

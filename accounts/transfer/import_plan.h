@@ -33,7 +33,6 @@ struct ImportPlan {
     std::vector<std::string> ignored;  ///< headings that mean nothing here
 
     std::size_t count(RowFate fate) const;
-    bool hasQuestions() const;
     /// Whether no row is refused: a chart is imported whole or not at all.
     bool isAcceptable() const { return count(RowFate::refused) == 0; }
 

@@ -157,7 +157,6 @@ TEST(ImportPlans, NoteWhatTheDialogWouldAsk) {
     EXPECT_EQ(fates(plan(state, "code,name,class,partner\n2001,借款,资产,\n2202,应付,负债,是\n")),
               "2 新增 2001 ? 科目编码首位和分类编号不符,接受此编码吗? | 3 修改 2202 ? 科目 2202 "
               "在[已记帐凭证]中已使用,修改辅助核算可能导致数据错误,是否继续?");
-    EXPECT_TRUE(made.hasQuestions());
     EXPECT_EQ(made.count(RowFate::refused), 2u);
 }
 
@@ -193,6 +192,29 @@ TEST(ImportPlans, ReadCurrenciesBySymbolOrNameAndMnemonicsInCapitals) {
     EXPECT_EQ(made.added[0].byExchId, 3);
     EXPECT_EQ(made.added[0].sHelp, "JIA");
     EXPECT_EQ(made.added[1].byExchId, 3);
+}
+
+TEST(ImportPlans, TakeAUnitAloneForQuantityAccountingAndAnEmptyOneForNone) {
+    const auto made = plan(books(), "code,name,class,unit\n1003,甲,资产, 吨 \n1004,乙,资产,\n");
+    ASSERT_EQ(made.added.size(), 2u);
+    EXPECT_EQ(made.added[0].bAmount, 1);
+    EXPECT_EQ(made.added[0].sUnit, "吨");
+    EXPECT_EQ(made.added[1].bAmount, 0);
+    EXPECT_EQ(made.added[1].sUnit, "");
+    ChartState state = books();
+    state.accounts[2].bAmount = 1;
+    state.accounts[2].sUnit = "吨";
+    const auto taken = plan(state, "code,name,unit\n1002,存款,\n");
+    ASSERT_EQ(taken.changed.size(), 1u);
+    EXPECT_EQ(taken.changed[0].bAmount, 0);
+    EXPECT_EQ(taken.changed[0].sUnit, "");
+}
+
+TEST(ImportPlans, BelieveTheQuantityColumnMoreThanAUnit) {
+    const auto made = plan(books(), "code,name,class,quantity,unit\n1003,甲,资产,否,吨\n");
+    ASSERT_EQ(made.added.size(), 1u);
+    EXPECT_EQ(made.added[0].bAmount, 0);
+    EXPECT_EQ(made.added[0].sUnit, "");
 }
 
 TEST(ImportPlans, KeepTheDirectionOfAnAccountThatIsThere) {
