@@ -171,6 +171,7 @@ TEST_F(Additions, AskAboutATopLevelCodeThatDepartsFromItsCategory) {
     ASSERT_EQ(questions.size(), 1u);
     EXPECT_EQ(questions[0].question.text, "科目编码首位和分类编号不符,接受此编码吗?");
     EXPECT_EQ(questions[0].question.buttons, AnswerButtons::okCancel);
+    EXPECT_EQ(questions[0].question.preset, Answer::ok);
     EXPECT_STREQ(questions[0].focusField, "sCode");
 }
 
@@ -305,6 +306,7 @@ TEST_F(Modifications, AskAboutEachPlaceAndWithinItAboutEachKindThatChanged) {
         asked.push_back(question.question.text);
         EXPECT_EQ(question.question.icon, MessageIcon::stop);
         EXPECT_EQ(question.question.buttons, AnswerButtons::okCancel);
+        EXPECT_EQ(question.question.preset, Answer::cancel) << "Enter alone changes nothing";
     }
     EXPECT_EQ(asked.size(), 21u);
     EXPECT_EQ(asked, expected);
