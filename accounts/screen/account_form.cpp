@@ -9,58 +9,72 @@
 #include "accounts/codes/mnemonic.h"
 #include "accounts/codes/proposed_code.h"
 #include "data/access/host_database.h"
+#include "session/last_failure.h"
 
 namespace chengheng {
 namespace {
 
-/// The codes below an account in code order; with none given those of the top.
-std::vector<std::string> codesBelow(std::string_view parent) {
+using Codes = std::vector<std::string>;
+
+/// The codes below an account in code order; with none given those of the top. Nothing when
+/// they cannot be read.
+std::optional<Codes> codesBelow(std::string_view parent) {
     StoredChart chart(*g_pDB);
     const std::string condition =
         parent.empty() ? std::string(account_sql::topLevel) : account_sql::below(parent);
-    std::vector<std::string> codes;
+    Codes codes;
     for (const _CodeInfo& account : chart.accounts(condition)) codes.push_back(account.sCode);
     std::ranges::sort(codes);
-    return codes;
+    return chart.isRead() ? std::optional(std::move(codes)) : std::nullopt;
 }
 
-std::vector<_zCodeClassInfo> knownClasses() {
-    return AccountService::classes().value_or(std::vector<_zCodeClassInfo>());
+/// The entry of an account beside another one, with that one's settings.
+AccountEntry siblingOf(const _CodeInfo& account, std::string code) {
+    AccountEntry entry = copyOf(account);
+    entry.direction.reset();
+    entry.code = std::move(code);
+    return entry;
 }
 
-bool isClass(std::string_view name) {
-    const auto classes = knownClasses();
+bool isClass(const std::vector<_zCodeClassInfo>& classes, std::string_view name) {
     return std::ranges::find(classes, name, &_zCodeClassInfo::sClsName) != classes.end();
 }
 
 }  // namespace
 
 AccountForm::AccountForm(IMessages& messages, const CodeLevels& levels, const ChartScreen& screen)
-    : m_service(messages, levels), m_levels(levels), m_screen(screen) {}
+    : m_messages(messages), m_service(messages, levels), m_levels(levels), m_screen(screen) {}
 
-void AccountForm::beginNew(std::string_view parent, std::string_view className) {
+Outcome AccountForm::beginNew(std::string_view parent, std::string_view className) {
+    const auto classes = AccountService::classes();
+    if (!classes) return Outcome::failed;
+    auto code = proposedBelow(parent);
+    if (code && code->empty()) code = proposedBeside(parent);
+    if (!code) return Outcome::failed;
+    const bool isClassGiven = isClass(*classes, className);
+    auto proposedClass = isClassGiven ? std::string(className) : classOf(*code);
+    if (!proposedClass) return Outcome::failed;
+    // An account without a class would stand on no tab but that of all accounts.
+    if (proposedClass->empty() && !classes->empty()) proposedClass = classes->front().sClsName;
     m_shown.reset();
     m_place = parent;
-    m_opened = {};
-    m_isClassGiven = isClass(className);
-    m_opened.page = account_texts::ledgerPages.front();
-    m_opened.code = proposedBelow(parent);
-    if (m_opened.code.empty()) m_opened.code = proposedBeside(parent);
-    m_opened.className = m_isClassGiven ? std::string(className) : classFor(m_opened.code);
-    // An account without a class would stand on no tab but that of all accounts.
-    const auto classes = knownClasses();
-    if (m_opened.className.empty() && !classes.empty())
-        m_opened.className = classes.front().sClsName;
+    m_isClassGiven = isClassGiven;
+    m_opened = {.code = *std::move(code),
+                .className = *std::move(proposedClass),
+                .page = account_texts::ledgerPages.front()};
+    return Outcome::done;
 }
 
 Outcome AccountForm::beginCopy(std::string_view code) {
     _CodeInfo account;
     const Outcome outcome = AccountService::find(code, account);
     if (outcome != Outcome::done) return outcome;
+    const auto proposed = proposedBeside(code);
+    if (!proposed) return Outcome::failed;
     m_shown.reset();
     m_place = code;
     m_isClassGiven = true;
-    beginSibling(copyOf(account), code);
+    m_opened = siblingOf(account, *proposed);
     return outcome;
 }
 
@@ -74,18 +88,16 @@ Outcome AccountForm::beginModification(std::string_view code) {
     return outcome;
 }
 
-void AccountForm::beginSibling(const AccountEntry& like, std::string_view code) {
-    m_opened = like;
-    m_opened.direction.reset();
-    m_opened.code = proposedBeside(code);
+std::optional<std::string> AccountForm::proposedBelow(std::string_view parent) const {
+    const auto codes = codesBelow(parent);
+    if (!codes) return std::nullopt;
+    return proposedChild(m_levels, *codes, parent);
 }
 
-std::string AccountForm::proposedBelow(std::string_view parent) const {
-    return proposedChild(m_levels, codesBelow(parent), parent);
-}
-
-std::string AccountForm::proposedBeside(std::string_view code) const {
-    return proposedSibling(m_levels, codesBelow(m_levels.parentOf(code)), code);
+std::optional<std::string> AccountForm::proposedBeside(std::string_view code) const {
+    const auto codes = codesBelow(m_levels.parentOf(code));
+    if (!codes) return std::nullopt;
+    return proposedSibling(m_levels, *codes, code);
 }
 
 bool AccountForm::isChanged(const AccountEntry& typed) const {
@@ -104,9 +116,10 @@ AccountChange AccountForm::save(const AccountEntry& typed) {
     AccountChange change = m_service.add(typed);
     if (change.outcome != Outcome::done) return change;
     m_place = change.account.sCode;
-    AccountEntry like = copyOf(change.account);
-    like.name.clear();
-    beginSibling(like, change.account.sCode);
+    const auto proposed = proposedBeside(change.account.sCode);
+    if (!proposed) m_messages.tell(lastFailureNotice());
+    m_opened = siblingOf(change.account, proposed.value_or(""));
+    m_opened.name.clear();
     return change;
 }
 
@@ -132,27 +145,31 @@ Outcome AccountForm::goTo(std::string_view code) {
     return isAdding() ? beginCopy(code) : beginModification(code);
 }
 
-std::string AccountForm::mnemonicFor(std::string_view name) {
+std::optional<std::string> AccountForm::mnemonicFor(std::string_view name) {
     StoredChart chart(*g_pDB);
     std::string proposed = proposedMnemonic(
         name, [&chart](std::string_view taken) { return chart.isMnemonicTaken(taken, 0); });
-    return chart.isRead() ? proposed : std::string();
+    return chart.isRead() ? std::optional(std::move(proposed)) : std::nullopt;
 }
 
-std::string AccountForm::classFor(std::string_view code) const {
-    if (m_isClassGiven) return {};
+std::optional<std::string> AccountForm::classFor(std::string_view code) const {
+    return m_isClassGiven ? std::string() : classOf(code);
+}
+
+std::optional<std::string> AccountForm::classOf(std::string_view code) const {
     const std::string parent = m_levels.parentOf(code);
     if (!parent.empty()) {
         _CodeInfo account;
-        const bool isThere = AccountService::find(parent, account) == Outcome::done;
-        return isThere ? account.sType : std::string();
+        const Outcome outcome = AccountService::find(parent, account);
+        return outcome == Outcome::failed ? std::nullopt : std::optional(account.sType);
     }
-    const auto classes = knownClasses();
+    const auto classes = AccountService::classes();
+    if (!classes) return std::nullopt;
     const auto number = code.empty() ? 0 : code.front() - '0';
-    if (m_levels.gradeOf(code) != 1 || number < 1 || number > static_cast<int>(classes.size())) {
-        return {};
+    if (m_levels.gradeOf(code) != 1 || number < 1 || number > static_cast<int>(classes->size())) {
+        return std::string();
     }
-    return classes[static_cast<std::size_t>(number - 1)].sClsName;
+    return (*classes)[static_cast<std::size_t>(number - 1)].sClsName;
 }
 
 }  // namespace chengheng

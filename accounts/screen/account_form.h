@@ -24,11 +24,13 @@ class AccountForm {
     /// The screen gives the accounts that the arrows lead through; both outlive the form.
     AccountForm(IMessages& messages, const CodeLevels& levels, const ChartScreen& screen);
 
+    // Beginnings: failed when the books cannot be read, not done the form is as before.
+
     /// Begins a new account below `parent`, of the class named; a class that is none of the
     /// list, or an empty chart, leaves it to the proposals.
-    void beginNew(std::string_view parent, std::string_view className);
+    Outcome beginNew(std::string_view parent, std::string_view className);
     /// Begins a new account with the settings of another one, which is read anew as by
-    /// AccountService::find; not done, the form is as before.
+    /// AccountService::find.
     Outcome beginCopy(std::string_view code);
     /// Begins modifying an account, read in the same way.
     Outcome beginModification(std::string_view code);
@@ -39,7 +41,8 @@ class AccountForm {
     /// Whether saving would write anything new.
     bool isChanged(const AccountEntry& typed) const;
 
-    /// Adds or modifies. After an addition that is done the form begins the next account.
+    /// Adds or modifies. After an addition that is done the form begins the next account,
+    /// without a code when none can be read, which is told.
     AccountChange save(const AccountEntry& typed);
 
     /// The account that an arrow leads to; empty when there is none.
@@ -47,17 +50,20 @@ class AccountForm {
     /// Goes there, without regard to what has been typed, by a copy or a modification.
     Outcome goTo(std::string_view code);
 
+    // Proposals: nothing when the books cannot be read.
+
     /// The mnemonic proposed for a name: empty when the name gives none.
-    static std::string mnemonicFor(std::string_view name);
+    static std::optional<std::string> mnemonicFor(std::string_view name);
     /// The class proposed for a code: that of the account above, at the top the one of the
     /// code's first digit; empty when neither is known or the operator's tab has decided.
-    std::string classFor(std::string_view code) const;
+    std::optional<std::string> classFor(std::string_view code) const;
 
   private:
-    void beginSibling(const AccountEntry& like, std::string_view code);
-    std::string proposedBelow(std::string_view parent) const;
-    std::string proposedBeside(std::string_view code) const;
+    std::optional<std::string> classOf(std::string_view code) const;
+    std::optional<std::string> proposedBelow(std::string_view parent) const;
+    std::optional<std::string> proposedBeside(std::string_view code) const;
 
+    IMessages& m_messages;
     AccountService m_service;
     CodeLevels m_levels;
     const ChartScreen& m_screen;

@@ -68,8 +68,8 @@ void CNbCwBursarDlg::showSaved(const _CodeInfo& account) {
 
 void CNbCwBursarDlg::OnMenuInsert() {
     AccountForm form(messages(), CodeLevels(m_levelPattern), m_screen);
-    form.beginNew(currentCode(), activeCategory());
-    runAccountWindow(form);
+    const std::string code = currentCode();
+    if (isRead(form.beginNew(code, activeCategory()), code)) runAccountWindow(form);
 }
 
 void CNbCwBursarDlg::OnMenuCopy() {

@@ -227,16 +227,24 @@ void AccountWindow::reflectArrows() {
 
 void AccountWindow::followCode() {
     if (m_isShowing || m_isClassChosen || !m_form.isAdding()) return;
-    const std::string proposed = m_form.classFor(m_ui->sCode->text().toStdString());
-    if (!proposed.empty()) select(m_ui->sType, proposed);
+    const auto proposed = m_form.classFor(m_ui->sCode->text().toStdString());
+    if (isRead(proposed) && !proposed->empty()) select(m_ui->sType, *proposed);
 }
 
 void AccountWindow::followName() {
     if (m_isShowing || !m_form.isAdding()) return;
     // Once the operator has put something else there, or nothing, it is theirs.
     if (m_ui->sHelp->text().toStdString() != m_proposedMnemonic) return;
-    m_proposedMnemonic = AccountForm::mnemonicFor(m_ui->sName->text().toStdString());
+    const auto proposed = AccountForm::mnemonicFor(m_ui->sName->text().toStdString());
+    if (!isRead(proposed)) return;
+    m_proposedMnemonic = *proposed;
     m_ui->sHelp->setText(shown(m_proposedMnemonic));
+}
+
+bool AccountWindow::isRead(const std::optional<std::string>& proposed) {
+    const bool hasBeenTold = std::exchange(m_hasToldUnread, !proposed);
+    if (!proposed && !hasBeenTold) TellFailure();
+    return proposed.has_value();
 }
 
 void AccountWindow::showUse(const std::string& usedCode) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "accounts/screen/account_directories.h"
 #include "accounts/screen/account_form.h"
@@ -53,6 +54,9 @@ class AccountWindow final : public CNxMiddleDialog {
     void move(AccountForm::Step step);
     void followCode();
     void followName();
+    /// Whether a proposal could be read. The operator is told once, not at every key, until one
+    /// can be read again.
+    bool isRead(const std::optional<std::string>& proposed);
     void reflectChecks();
     void reflectArrows();
     void focusOn(const std::string& field);
@@ -69,6 +73,7 @@ class AccountWindow final : public CNxMiddleDialog {
     std::string m_usedCode;
     bool m_isShowing = false;
     bool m_isClassChosen = false;
+    bool m_hasToldUnread = false;
     bool m_hasMetForeignChange = false;
 };
 

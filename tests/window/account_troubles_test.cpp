@@ -40,16 +40,16 @@ TEST_F(AccountWindowTest, ClosesWhenTheAccountWasDeletedElsewhereAndListsTheChar
     EXPECT_EQ(codes().size(), 5);
 }
 
-TEST_F(AccountWindowTest, TellsWhyItDoesNotOpenWhenTheDatabaseFails) {
+TEST_F(AccountWindowTest, TellsOnceWhyItDoesNotOpenWhicheverReadingFails) {
     addSomeAccounts();
     open();
-    for (const char* command : {"修改", "复制"}) {
+    for (const char* command : {"增加", "修改", "复制"}) {
+        in(command, [](const Hands&) {});  // which leaves its statements prepared
         books.engine().failCall(0);
         int calls = 0;
         in(command, [&](const Hands&) { calls = books.engine().calls(); });
         ASSERT_GE(calls, 6);
-        // The last calls of a copy look for a free code, which is only proposed.
-        for (int call = 1; call <= 4; ++call) {
+        for (int call = 1; call <= calls; ++call) {
             books.engine().failCall(call, Failure::full);
             window->choose(command);
             EXPECT_TRUE(books.engine().hasFailed());
@@ -58,4 +58,53 @@ TEST_F(AccountWindowTest, TellsWhyItDoesNotOpenWhenTheDatabaseFails) {
             books.messages().forget();
         }
     }
+}
+
+TEST_F(AccountWindowTest, SaysOnceUntilItCanReadAgainThatItProposesNothing) {
+    addSomeAccounts();
+    open();
+    in("增加", [&](const Hands& hands) {
+        hands.edit("sCode").clear();
+        for (const char* field : {"sCode", "sName"}) {
+            const auto typeWhileNothingIsRead = [&] {
+                books.engine().failCall(1, Failure::full);
+                QTest::keyClick(&hands.edit(field), Qt::Key_2);
+                EXPECT_TRUE(books.engine().hasFailed());
+                books.engine().failCall(0);
+            };
+            typeWhileNothingIsRead();
+            EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+            typeWhileNothingIsRead();
+            EXPECT_EQ(books.messages().notices().size(), 1);
+            QTest::keyClick(&hands.edit(field), Qt::Key_2);
+            typeWhileNothingIsRead();
+            EXPECT_EQ(books.messages().notices().size(), 2);
+            QTest::keyClick(&hands.edit(field), Qt::Key_2);
+            books.messages().forget();
+        }
+        EXPECT_EQ(hands.text("sHelp"), "22222");
+    });
+}
+
+TEST_F(AccountWindowTest, ProposesNoCodeAfterASaveWhenTheTakenOnesCannotBeRead) {
+    addSomeAccounts();
+    open();
+    in("增加", [&](const Hands& hands) {
+        const auto addWithFailingCall = [&](int call, const char* code) {
+            hands.type("sCode", code);
+            hands.type("sName", code);
+            books.engine().failCall(call, Failure::full);
+            hands.click("confirm");
+        };
+        addWithFailingCall(0, "1101");
+        addWithFailingCall(0, "1111");
+        EXPECT_EQ(hands.text("sCode"), "1112");
+        const int calls = books.engine().calls();
+        addWithFailingCall(calls, "1121");
+        EXPECT_TRUE(books.engine().hasFailed());
+        EXPECT_TRUE(books.hasAccount("1121"));
+        EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+        EXPECT_EQ(hands.text("sCode"), "");
+        EXPECT_EQ(hands.text("sName"), "");
+    });
 }
