@@ -312,6 +312,8 @@ void CNbCwBursarDlg::OnMouseMoveVcf1ctrlInfoitem(QPoint position) {
 }
 
 void CNbCwBursarDlg::PostNcDestroy() {
-    CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName);
+    const bool isLoaded = CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) >= 0;
+    // A window that did not open has said why, and has changed nothing.
+    if (!isLoaded && m_model) TellFailure();
     CNxMiddleDialog::PostNcDestroy();
 }

@@ -62,6 +62,25 @@ TEST_F(ChartTest, DoesNotOpenWithoutAccountClasses) {
     EXPECT_EQ(notice.text, "分类数据为空!");
 }
 
+TEST_F(ChartTest, SaysWhenTheAccountsCannotBeLoadedAnewAtItsEnd) {
+    addSomeAccounts();
+    open();
+    books.engine().failCall(1, Failure::full);
+    window->OnCommand(chart_command::exit);
+    EXPECT_TRUE(books.engine().hasFailed());
+    EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+    EXPECT_TRUE(cachedAccounts().empty());
+}
+
+TEST_F(ChartTest, HasOneBoxForADatabaseThatDoesNotAnswer) {
+    books.messages().whileShown([&](const std::string&) { books.engine().failCall(1); });
+    books.engine().failCall(1);
+    OpenChart chart;
+    EXPECT_EQ(chart.DoModal(), QDialog::Rejected);
+    EXPECT_TRUE(books.engine().hasFailed()) << "the accounts are loaded anew all the same";
+    EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+}
+
 TEST_F(ChartTest, HasATabForAllAndForEachOfAtMostFiveClasses) {
     int id = 3;
     for (const char* name : {"共同", "权益", "成本", "损益", "表外"}) {
