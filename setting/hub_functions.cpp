@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/messages/checks.h"
 #include "base/values/text.h"
 #include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
@@ -13,39 +14,47 @@
 namespace chengheng {
 namespace {
 
-/// What a function asks before it opens, from left to right. Right 0: no right is asked.
-struct HubChecks {
+/// What a function asks of who opens it. Right 0: no right is asked.
+struct HubNeeds {
     HubFunction function;
     bool isForSupervisors;
     int right;
     bool needsForeignCurrency;
 };
 
-constexpr HubChecks hubChecks[] = {
+constexpr HubNeeds hubNeeds[] = {
     {HubFunction::divide, true, 0, false},    {HubFunction::bursar, false, 41, false},
     {HubFunction::exchange, false, 46, true}, {HubFunction::begleft, false, 43, false},
     {HubFunction::species, false, 52, false}, {HubFunction::method, false, 57, false},
     {HubFunction::exit, false, 0, false},
 };
 
-bool isSupervisor() { return g_lpLogonUserInfo != nullptr && g_lpLogonUserInfo->lManager == 1; }
-
-bool keepsForeignCurrency() {
-    return CGetData::m_pzAccountMInfo != nullptr && CGetData::m_pzAccountMInfo->bFgn != 0;
+Refusal closedFunction(const char* text, MessageIcon icon) {
+    return {RefusalKind::wrongInput, {.text = text, .icon = icon}};
 }
 
-bool isAllowed(const HubChecks& checks, IMessages& messages) {
-    if (checks.isForSupervisors && !isSupervisor()) {
-        messages.tell({.text = hub_texts::noSupervisor, .icon = MessageIcon::stop});
-        return false;
-    }
-    if (checks.right != 0 && !CCheckAuth(checks.right, 1, nullptr)) return false;
-    if (checks.needsForeignCurrency && !keepsForeignCurrency()) {
-        messages.tell({.text = hub_texts::noForeignCurrency, .icon = MessageIcon::information});
-        return false;
-    }
-    return true;
+std::optional<Refusal> supervisor(const HubNeeds& needs) {
+    const bool isSupervisor = g_lpLogonUserInfo != nullptr && g_lpLogonUserInfo->lManager == 1;
+    if (!needs.isForSupervisors || isSupervisor) return std::nullopt;
+    return closedFunction(hub_texts::noSupervisor, MessageIcon::stop);
 }
+
+std::optional<Refusal> right(const HubNeeds& needs) {
+    return needs.right == 0 ? std::nullopt : rightRefusal(needs.right);
+}
+
+std::optional<Refusal> foreignCurrency(const HubNeeds& needs) {
+    const auto* const books = CGetData::m_pzAccountMInfo;
+    const bool keepsForeignCurrency = books != nullptr && books->bFgn != 0;
+    if (!needs.needsForeignCurrency || keepsForeignCurrency) return std::nullopt;
+    return closedFunction(hub_texts::noForeignCurrency, MessageIcon::information);
+}
+
+constexpr Check<HubNeeds> hubChecks[] = {
+    {"supervisor", supervisor},
+    {"right", right},
+    {"foreign currency", foreignCurrency},
+};
 
 }  // namespace
 
@@ -55,8 +64,12 @@ bool opensOnlyOpeningBalances(std::string_view launchArgument) {
 }
 
 void HubFunctions::open(HubFunction function) {
-    const auto checks = std::ranges::find(hubChecks, function, &HubChecks::function);
-    if (checks == std::end(hubChecks) || !isAllowed(*checks, m_messages)) return;
+    const auto needs = std::ranges::find(hubNeeds, function, &HubNeeds::function);
+    if (needs == std::end(hubNeeds)) return;
+    if (const auto refusal = firstRefusal<HubNeeds>(hubChecks, *needs)) {
+        m_messages.tell(refusal->notice);
+        return;
+    }
     if (function == HubFunction::species) {
         openSpecies();
     } else {

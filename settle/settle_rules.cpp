@@ -1,5 +1,7 @@
 #include "settle/settle_rules.h"
 
+#include <array>
+
 #include "base/values/text.h"
 #include "settle/settle_texts.h"
 
@@ -10,20 +12,20 @@ constexpr std::int16_t chequeRegisterBit = 1;
 
 bool isAddition(const SettleClashFacts& facts) { return facts.wanted.lId == 0; }
 
-Notice numberClash(const SettleClashFacts& facts, bool isFirstLeaf) {
+Refusal numberClash(const SettleClashFacts& facts, bool isFirstLeaf) {
     using namespace settle_texts;
-    if (!isAddition(facts)) return settleNumberNotice(numberNotModified);
-    return settleNumberNotice(isFirstLeaf ? firstNumberNotAdded : numberNotAdded);
+    if (!isAddition(facts)) return settleNumberRefusal(numberNotModified);
+    return settleNumberRefusal(isFirstLeaf ? firstNumberNotAdded : numberNotAdded);
 }
 
-Notice nameClash(const SettleClashFacts& facts, bool isFirstLeaf) {
+Refusal nameClash(const SettleClashFacts& facts, bool isFirstLeaf) {
     using namespace settle_texts;
-    if (!isAddition(facts)) return settleNameNotice(nameNotModified);
-    return settleNameNotice(isFirstLeaf ? firstNameNotAdded : nameNotAdded);
+    if (!isAddition(facts)) return settleNameRefusal(nameNotModified);
+    return settleNameRefusal(isFirstLeaf ? firstNameNotAdded : nameNotAdded);
 }
 
 /// Leaf by leaf, number before name.
-std::optional<Notice> leafClash(const SettleClashFacts& facts) {
+std::optional<Refusal> leafClash(const SettleClashFacts& facts) {
     for (const Leaf& leaf : facts.leaves) {
         if (leaf.id == facts.wanted.lId) continue;
         const auto [number, name] = settleLeafParts(leaf.text);
@@ -34,38 +36,33 @@ std::optional<Notice> leafClash(const SettleClashFacts& facts) {
     return std::nullopt;
 }
 
-std::optional<Notice> storedNumberClash(const SettleClashFacts& facts) {
+std::optional<Refusal> storedNumberClash(const SettleClashFacts& facts) {
     if (!facts.hasStoredNumber(facts.wanted.sStlId)) return std::nullopt;
     return numberClash(facts, false);
 }
 
-std::optional<Notice> storedNameClash(const SettleClashFacts& facts) {
+std::optional<Refusal> storedNameClash(const SettleClashFacts& facts) {
     if (!facts.hasStoredName(facts.wanted.sSettle)) return std::nullopt;
     return nameClash(facts, false);
 }
 
+constexpr std::array clashChecks{
+    Check<SettleClashFacts>{"no leaf has its number or name", leafClash},
+    Check<SettleClashFacts>{"no stored method has its number", storedNumberClash},
+    Check<SettleClashFacts>{"no stored method has its name", storedNameClash},
+};
+
 }  // namespace
 
-Notice settleNumberNotice(const char* text) {
-    return {.text = text, .beep = true, .focusField = settleNumberField};
+Refusal settleNumberRefusal(const char* text) {
+    return {RefusalKind::wrongInput, {.text = text, .beep = true, .focusField = settleNumberField}};
 }
 
-Notice settleNameNotice(const char* text) {
-    return {.text = text, .beep = true, .focusField = settleNameField};
+Refusal settleNameRefusal(const char* text) {
+    return {RefusalKind::wrongInput, {.text = text, .beep = true, .focusField = settleNameField}};
 }
 
-const std::array<SettleClashCheck, 3> settleClashChecks{{
-    {"no leaf has its number or name", leafClash},
-    {"no stored method has its number", storedNumberClash},
-    {"no stored method has its name", storedNameClash},
-}};
-
-std::optional<Notice> settleClash(const SettleClashFacts& facts) {
-    for (const SettleClashCheck& check : settleClashChecks) {
-        if (auto refusal = check.refusal(facts)) return refusal;
-    }
-    return std::nullopt;
-}
+std::span<const Check<SettleClashFacts>> settleClashChecks() { return clashChecks; }
 
 SettleInput settleInput(const _SettleInfo& method) {
     return {method.sStlId, method.sSettle, (method.bNote & chequeRegisterBit) != 0};

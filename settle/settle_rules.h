@@ -1,13 +1,11 @@
 #pragma once
 
-#include <array>
 #include <functional>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "base/messages/messages.h"
+#include "base/messages/checks.h"
 #include "data/tables/settlement.h"
 #include "forms/leaf_list.h"
 
@@ -53,20 +51,11 @@ struct SettleClashFacts {
     std::function<bool(std::string_view)> hasStoredName;
 };
 
-/// One check: what it says when it refuses.
-struct SettleClashCheck {
-    const char* name;
-    std::optional<Notice> (*refusal)(const SettleClashFacts& facts);
-};
-
 /// A refusal of a method's number or name: a beep, and the focus on the field.
-Notice settleNumberNotice(const char* text);
-Notice settleNameNotice(const char* text);
+Refusal settleNumberRefusal(const char* text);
+Refusal settleNameRefusal(const char* text);
 
-/// In their order.
-extern const std::array<SettleClashCheck, 3> settleClashChecks;
-
-/// What the first of the checks that refuses says.
-std::optional<Notice> settleClash(const SettleClashFacts& facts);
+/// Whether the wanted method may stand beside the others.
+std::span<const Check<SettleClashFacts>> settleClashChecks();
 
 }  // namespace chengheng

@@ -61,13 +61,14 @@ Result refuseClash(const _SettleInfo& wanted, std::span<const Leaf> leaves) {
                    return row->lId != wanted.lId;
                });
     };
-    const auto refusal = settleClash(
+    const auto refusal = firstRefusal(
+        settleClashChecks(),
         {.wanted = wanted,
          .leaves = leaves,
          .hasStoredNumber = [&](auto number) { return hasOther(settle_sql::ofNumber(number)); },
          .hasStoredName = [&](auto name) { return hasOther(settle_sql::ofName(name)); }});
     if (hasFailed) return Result::failed();
-    return refusal ? Result::refused(*refusal) : Result::done();
+    return refusal ? Result::refused(refusal->notice) : Result::done();
 }
 
 Result addMethod(const _SettleInfo& method, std::span<const Leaf> leaves, int& id) {
@@ -81,7 +82,8 @@ Result modifyMethod(const _SettleInfo& loaded, const _SettleInfo& wanted,
     if (wanted.sStlId != loaded.sStlId) {
         const auto isUsed = isNumberUsed(loaded.sStlId);
         if (!isUsed) return Result::failed();
-        if (*isUsed) return Result::refused(settleNumberNotice(settle_texts::usedNotModified));
+        if (*isUsed)
+            return Result::refused(settleNumberRefusal(settle_texts::usedNotModified).notice);
     }
     _SettleInfo stored;
     Result result = readMethod(loaded.lId, stored);

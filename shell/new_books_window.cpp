@@ -96,7 +96,7 @@ NewBooks NewBooksWindow::facts() const {
 }
 
 std::optional<Refusal> NewBooksWindow::refusalOf(const NewBooks& books) const {
-    if (std::optional<Refusal> refusal = newBooksRefusal(books)) return refusal;
+    if (std::optional<Refusal> refusal = firstRefusal(newBooksChecks(), books)) return refusal;
     if (m_ui->password->text() == m_ui->confirmation->text()) return std::nullopt;
     return inputRefusal(shell_texts::passwordsDiffer, confirmationField);
 }

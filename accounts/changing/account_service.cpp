@@ -13,9 +13,9 @@
 namespace chengheng {
 namespace {
 
-Result refused(const AccountRefusal& refusal, AccountChange& change) {
+Result refused(const Refusal& refusal, AccountChange& change) {
     change.focusField = refusal.notice.focusField;
-    change.usedCode = refusal.usedCode;
+    change.usedCode = refusal.obstacle;
     return Result::refused(refusal.notice);
 }
 
@@ -73,7 +73,8 @@ Result removeChecked(std::string_view code, const CodeLevels& levels, AccountCha
     StoredChart chart(*g_pDB);
     const auto account = chart.accountOf(code);
     if (!account) return Result::failed();
-    const auto refusal = deletionRefusal({*account, chart.idsWithBelow(code), chart});
+    const auto refusal =
+        firstRefusal(deletionChecks(), {*account, chart.idsWithBelow(code), chart});
     if (!chart.isRead()) return Result::failed();
     if (refusal) return refused(*refusal, change);
     change.account = *account;

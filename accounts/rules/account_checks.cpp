@@ -5,22 +5,12 @@
 
 #include "accounts/chart/account_texts.h"
 #include "accounts/rules/code_structure_check.h"
+#include "accounts/rules/entry_refusal.h"
 
 namespace chengheng {
 namespace {
 
 using account_texts::Accounting;
-using Refusal = std::optional<AccountRefusal>;
-
-/// Every refusal of an entry beeps and shows the information picture.
-AccountRefusal entryRefusal(std::string text, const char* field, std::string usedCode = {}) {
-    return {{.text = std::move(text), .beep = true, .focusField = field}, std::move(usedCode)};
-}
-
-Refusal refusalIf(bool isRefused, const char* text, const char* field) {
-    if (!isRefused) return std::nullopt;
-    return entryRefusal(text, field);
-}
 
 /// Whether an account other than the one being saved has the code. The account itself is no
 /// parent of its own new code either.
@@ -34,31 +24,30 @@ CodeFacts codeFacts(const AccountFacts& facts) {
     return {facts.entry.code, facts.levels, isOther, isOther};
 }
 
-Refusal ofNotice(std::optional<Notice> notice) {
-    if (!notice) return std::nullopt;
-    return AccountRefusal{std::move(*notice)};
+std::optional<Refusal> wholeCode(const AccountFacts& facts) {
+    return firstRefusal(codeChecks(), codeFacts(facts));
 }
 
-Refusal wholeCode(const AccountFacts& facts) { return ofNotice(codeRefusal(codeFacts(facts))); }
-
-Refusal codeText(const AccountFacts& facts) { return ofNotice(codeTextRefusal(codeFacts(facts))); }
-
-Refusal codePlace(const AccountFacts& facts) {
-    return ofNotice(codePlaceRefusal(codeFacts(facts)));
+std::optional<Refusal> codeText(const AccountFacts& facts) {
+    return firstRefusal(codeTextChecks(), codeFacts(facts));
 }
 
-Refusal uniqueCode(const AccountFacts& facts) {
-    return refusalIf(isOtherAccount(facts, facts.entry.code), account_texts::codeNotUnique,
-                     account_field::code);
+std::optional<Refusal> codePlace(const AccountFacts& facts) {
+    return firstRefusal(codePlaceChecks(), codeFacts(facts));
 }
 
-Refusal noChildren(const AccountFacts& facts) {
+std::optional<Refusal> uniqueCode(const AccountFacts& facts) {
+    return entryRefusalIf(isOtherAccount(facts, facts.entry.code), account_texts::codeNotUnique,
+                          account_field::code);
+}
+
+std::optional<Refusal> noChildren(const AccountFacts& facts) {
     const std::string& code = facts.before->sCode;
     if (!facts.isCodeChanged() || !facts.chart.hasChildren(code)) return std::nullopt;
     return entryRefusal(account_texts::hasChildren(code), account_field::code);
 }
 
-Refusal notUsed(const AccountFacts& facts) {
+std::optional<Refusal> notUsed(const AccountFacts& facts) {
     if (!facts.isCodeChanged()) return std::nullopt;
     const std::string& code = facts.before->sCode;
     for (const UsePlace place : usePlaces)
@@ -67,35 +56,36 @@ Refusal notUsed(const AccountFacts& facts) {
     return std::nullopt;
 }
 
-Refusal name(const AccountFacts& facts) {
-    return refusalIf(facts.entry.name.empty(), account_texts::nameMissing, account_field::name);
+std::optional<Refusal> name(const AccountFacts& facts) {
+    return entryRefusalIf(facts.entry.name.empty(), account_texts::nameMissing,
+                          account_field::name);
 }
 
-Refusal mnemonic(const AccountFacts& facts) {
+std::optional<Refusal> mnemonic(const AccountFacts& facts) {
     const std::string& entered = facts.entry.mnemonic;
     const bool isTaken =
         !entered.empty() && facts.chart.isMnemonicTaken(entered, facts.accountId());
-    return refusalIf(isTaken, account_texts::mnemonicTaken, account_field::mnemonic);
+    return entryRefusalIf(isTaken, account_texts::mnemonicTaken, account_field::mnemonic);
 }
 
-Refusal chosenCurrency(const AccountFacts& facts) {
-    return refusalIf(facts.entry.keepsForeign && facts.entry.currencyId == 0,
-                     account_texts::currencyMissing, account_field::currency);
+std::optional<Refusal> chosenCurrency(const AccountFacts& facts) {
+    return entryRefusalIf(facts.entry.keepsForeign && facts.entry.currencyId == 0,
+                          account_texts::currencyMissing, account_field::currency);
 }
 
-Refusal existingCurrency(const AccountFacts& facts) {
+std::optional<Refusal> existingCurrency(const AccountFacts& facts) {
     const AccountEntry& entry = facts.entry;
     const bool isGone =
         entry.keepsForeign && entry.currencyId != 0 && !facts.chart.hasCurrency(entry.currencyId);
-    return refusalIf(isGone, account_texts::currencyGone, account_field::currency);
+    return entryRefusalIf(isGone, account_texts::currencyGone, account_field::currency);
 }
 
-Refusal unit(const AccountFacts& facts) {
-    return refusalIf(facts.entry.keepsQuantity && facts.entry.unit.empty(),
-                     account_texts::unitMissing, account_field::unit);
+std::optional<Refusal> unit(const AccountFacts& facts) {
+    return entryRefusalIf(facts.entry.keepsQuantity && facts.entry.unit.empty(),
+                          account_texts::unitMissing, account_field::unit);
 }
 
-Refusal unusedParent(const AccountFacts& facts, std::span<const UsePlace> places) {
+std::optional<Refusal> unusedParent(const AccountFacts& facts, std::span<const UsePlace> places) {
     const std::string code = facts.parentCode();
     if (code.empty() || !facts.isCodeChanged()) return std::nullopt;
     const auto parent = facts.chart.accountOf(code);
@@ -106,32 +96,36 @@ Refusal unusedParent(const AccountFacts& facts, std::span<const UsePlace> places
     return std::nullopt;
 }
 
-Refusal parentOfAdded(const AccountFacts& facts) { return unusedParent(facts, placesOfParent); }
+std::optional<Refusal> parentOfAdded(const AccountFacts& facts) {
+    return unusedParent(facts, placesOfParent);
+}
 
-Refusal parentOfModified(const AccountFacts& facts) { return unusedParent(facts, usePlaces); }
+std::optional<Refusal> parentOfModified(const AccountFacts& facts) {
+    return unusedParent(facts, usePlaces);
+}
 
 constexpr std::array additions{
-    AccountCheck{"code", wholeCode},
-    AccountCheck{"name", name},
-    AccountCheck{"mnemonic", mnemonic},
-    AccountCheck{"currency is chosen", chosenCurrency},
-    AccountCheck{"currency is there", existingCurrency},
-    AccountCheck{"unit", unit},
-    AccountCheck{"parent is not used", parentOfAdded},
+    Check<AccountFacts>{"code", wholeCode},
+    Check<AccountFacts>{"name", name},
+    Check<AccountFacts>{"mnemonic", mnemonic},
+    Check<AccountFacts>{"currency is chosen", chosenCurrency},
+    Check<AccountFacts>{"currency is there", existingCurrency},
+    Check<AccountFacts>{"unit", unit},
+    Check<AccountFacts>{"parent is not used", parentOfAdded},
 };
 
 constexpr std::array modifications{
-    AccountCheck{"code is there, without a blank", codeText},
-    AccountCheck{"code is unique", uniqueCode},
-    AccountCheck{"changed code has no children", noChildren},
-    AccountCheck{"changed code is not used", notUsed},
-    AccountCheck{"code has its place", codePlace},
-    AccountCheck{"name", name},
-    AccountCheck{"mnemonic", mnemonic},
-    AccountCheck{"currency is there", existingCurrency},
-    AccountCheck{"currency is chosen", chosenCurrency},
-    AccountCheck{"unit", unit},
-    AccountCheck{"new parent is not used", parentOfModified},
+    Check<AccountFacts>{"code is there, without a blank", codeText},
+    Check<AccountFacts>{"code is unique", uniqueCode},
+    Check<AccountFacts>{"changed code has no children", noChildren},
+    Check<AccountFacts>{"changed code is not used", notUsed},
+    Check<AccountFacts>{"code has its place", codePlace},
+    Check<AccountFacts>{"name", name},
+    Check<AccountFacts>{"mnemonic", mnemonic},
+    Check<AccountFacts>{"currency is there", existingCurrency},
+    Check<AccountFacts>{"currency is chosen", chosenCurrency},
+    Check<AccountFacts>{"unit", unit},
+    Check<AccountFacts>{"new parent is not used", parentOfModified},
 };
 
 /// The kinds of accounting that an entry changes, in the order in which they are asked about.
@@ -172,15 +166,8 @@ int AccountFacts::categoryNumber() const {
     return found == classes.end() ? 0 : static_cast<int>(found - classes.begin()) + 1;
 }
 
-std::span<const AccountCheck> additionChecks() { return additions; }
-std::span<const AccountCheck> modificationChecks() { return modifications; }
-
-std::optional<AccountRefusal> firstRefusal(std::span<const AccountCheck> checks,
-                                           const AccountFacts& facts) {
-    for (const AccountCheck& check : checks)
-        if (Refusal refusal = check.refusal(facts)) return refusal;
-    return std::nullopt;
-}
+std::span<const Check<AccountFacts>> additionChecks() { return additions; }
+std::span<const Check<AccountFacts>> modificationChecks() { return modifications; }
 
 std::vector<AccountQuestion> additionQuestions(const AccountFacts& facts) {
     if (!departsFromCategory(facts.levels, facts.entry.code, facts.categoryNumber())) return {};

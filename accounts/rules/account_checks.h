@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -8,7 +7,7 @@
 #include "accounts/chart/account_entry.h"
 #include "accounts/chart/chart_facts.h"
 #include "accounts/codes/code_levels.h"
-#include "base/messages/messages.h"
+#include "base/messages/checks.h"
 
 namespace chengheng {
 
@@ -27,25 +26,10 @@ struct AccountFacts {
     int categoryNumber() const;
 };
 
-/// Why an entry was refused.
-struct AccountRefusal {
-    Notice notice;
-    /// The account whose use in the ledger stands in the way; empty for any other refusal.
-    std::string usedCode = {};
-};
-
-struct AccountCheck {
-    const char* name;
-    std::optional<AccountRefusal> (*refusal)(const AccountFacts& facts);
-};
-
-/// In the order in which they are told.
-std::span<const AccountCheck> additionChecks();
-std::span<const AccountCheck> modificationChecks();
-
-/// The first refusal; nothing when the entry may be saved.
-std::optional<AccountRefusal> firstRefusal(std::span<const AccountCheck> checks,
-                                           const AccountFacts& facts);
+/// Whether an entry may be saved. The obstacle of a refusal is the code of the account whose use
+/// in the ledger stands in the way.
+std::span<const Check<AccountFacts>> additionChecks();
+std::span<const Check<AccountFacts>> modificationChecks();
 
 /// What is asked before an entry that nothing refuses is saved: OK goes on to the next
 /// question, Cancel stops the save.

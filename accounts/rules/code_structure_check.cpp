@@ -1,54 +1,53 @@
 #include "accounts/rules/code_structure_check.h"
 
-#include <algorithm>
-#include <span>
+#include <array>
 
+#include "accounts/chart/account_entry.h"
 #include "accounts/chart/account_texts.h"
+#include "accounts/rules/entry_refusal.h"
 #include "base/values/text.h"
 
 namespace chengheng {
 namespace {
 
-bool isMissing(const CodeFacts& facts) { return facts.code.empty(); }
+std::optional<Refusal> codeRefusalIf(bool isRefused, const char* text) {
+    return entryRefusalIf(isRefused, text, account_field::code);
+}
 
-bool hasBlankInside(const CodeFacts& facts) { return hasBlank(facts.code); }
+std::optional<Refusal> codeIsThere(const CodeFacts& facts) {
+    return codeRefusalIf(facts.code.empty(), account_texts::codeMissing);
+}
 
-bool isTaken(const CodeFacts& facts) { return facts.isTaken(facts.code); }
+std::optional<Refusal> codeHasNoBlank(const CodeFacts& facts) {
+    return codeRefusalIf(hasBlank(facts.code), account_texts::codeHasBlank);
+}
 
-bool isMalformed(const CodeFacts& facts) { return !facts.levels.isWellFormed(facts.code); }
+std::optional<Refusal> codeIsUnique(const CodeFacts& facts) {
+    return codeRefusalIf(facts.isTaken(facts.code), account_texts::codeNotUnique);
+}
 
-bool lacksParent(const CodeFacts& facts) {
+std::optional<Refusal> codeFitsALevel(const CodeFacts& facts) {
+    return codeRefusalIf(!facts.levels.isWellFormed(facts.code), account_texts::codeMalformed);
+}
+
+std::optional<Refusal> parentIsThere(const CodeFacts& facts) {
     const std::string parent = facts.levels.parentOf(facts.code);
-    return !parent.empty() && !facts.hasAccount(parent);
+    return codeRefusalIf(!parent.empty() && !facts.hasAccount(parent),
+                         account_texts::parentMissing);
 }
 
-std::optional<Notice> firstRefusal(std::span<const CodeCheck> checks, const CodeFacts& facts) {
-    const auto refusing = std::ranges::find_if(
-        checks, [&facts](const CodeCheck& check) { return check.refuses(facts); });
-    if (refusing == checks.end()) return std::nullopt;
-    return Notice{.text = refusing->message, .beep = true, .focusField = codeField};
-}
+constexpr std::array codeCheckList{
+    Check<CodeFacts>{"code is there", codeIsThere},
+    Check<CodeFacts>{"code has no blank", codeHasNoBlank},
+    Check<CodeFacts>{"code is unique", codeIsUnique},
+    Check<CodeFacts>{"code fits a level", codeFitsALevel},
+    Check<CodeFacts>{"parent is there", parentIsThere},
+};
 
 }  // namespace
 
-const std::array<CodeCheck, 5> codeChecks{{
-    {"code is there", isMissing, account_texts::codeMissing},
-    {"code has no blank", hasBlankInside, account_texts::codeHasBlank},
-    {"code is unique", isTaken, account_texts::codeNotUnique},
-    {"code fits a level", isMalformed, account_texts::codeMalformed},
-    {"parent is there", lacksParent, account_texts::parentMissing},
-}};
-
-std::optional<Notice> codeRefusal(const CodeFacts& facts) {
-    return firstRefusal(codeChecks, facts);
-}
-
-std::optional<Notice> codeTextRefusal(const CodeFacts& facts) {
-    return firstRefusal(std::span(codeChecks).first(2), facts);
-}
-
-std::optional<Notice> codePlaceRefusal(const CodeFacts& facts) {
-    return firstRefusal(std::span(codeChecks).last(2), facts);
-}
+std::span<const Check<CodeFacts>> codeChecks() { return codeCheckList; }
+std::span<const Check<CodeFacts>> codeTextChecks() { return codeChecks().first(2); }
+std::span<const Check<CodeFacts>> codePlaceChecks() { return codeChecks().last(2); }
 
 }  // namespace chengheng

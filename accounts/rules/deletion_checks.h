@@ -1,10 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <span>
 #include <vector>
 
-#include "accounts/rules/account_checks.h"
+#include "accounts/chart/chart_facts.h"
+#include "base/messages/checks.h"
 
 namespace chengheng {
 
@@ -15,15 +15,7 @@ struct DeletionFacts {
     IChartFacts& chart;
 };
 
-struct DeletionCheck {
-    const char* name;
-    std::optional<AccountRefusal> (*refusal)(const DeletionFacts& facts);
-};
-
-/// In the order in which they are told.
-std::span<const DeletionCheck> deletionChecks();
-
-/// The first refusal; nothing when the account may be deleted.
-std::optional<AccountRefusal> deletionRefusal(const DeletionFacts& facts);
+/// Whether an account may be deleted. The obstacle of a refusal is its code when it is used.
+std::span<const Check<DeletionFacts>> deletionChecks();
 
 }  // namespace chengheng

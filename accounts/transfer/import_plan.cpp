@@ -117,7 +117,7 @@ class ImportPlanner {
         m_chart.change(after);
     }
 
-    void refuse(PlannedRow& planned, const AccountRefusal& refusal) const {
+    void refuse(PlannedRow& planned, const Refusal& refusal) const {
         refuse(planned, refusal.notice.text, columnOfField(refusal.notice.focusField));
     }
     void refuse(PlannedRow& planned, std::string reason, ChartField field) const {

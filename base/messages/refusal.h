@@ -8,15 +8,17 @@
 namespace chengheng {
 
 enum class RefusalKind {
-    wrongInput,    ///< what a person gave cannot be
+    wrongInput,    ///< what a person gave or wanted cannot be
     alreadyThere,  ///< what was to be made exists
     failed,        ///< a file, a server or the machine failed
 };
 
-/// Why books were not made, opened or logged on to.
+/// Why something was not done.
 struct Refusal {
     RefusalKind kind = RefusalKind::failed;
-    Notice notice;
+    Notice notice = {};
+    /// What stands in the way where more can be shown of it: the code of an account in use.
+    std::string obstacle = {};
 };
 
 /// Wrong input: a beep, the warning picture and the focus on the field.

@@ -140,7 +140,7 @@ std::string placeOfBooks(const std::string& location, const std::string& home, s
 
 std::optional<Refusal> BooksCreation::create(const NewBooks& given, CreatedBooks& created) const {
     const NewBooks books = withoutSurplusBlanks(given);
-    if (std::optional<Refusal> refusal = newBooksRefusal(books)) return refusal;
+    if (std::optional<Refusal> refusal = firstRefusal(newBooksChecks(), books)) return refusal;
     if (m_registry == nullptr) return createIn(nullptr, books, created);
     if (m_registry->folder().empty()) return failureRefusal(books_texts::homeMissing);
     RegistryChange change(*m_registry);

@@ -67,25 +67,19 @@ std::optional<Refusal> passwordRefusal(const NewBooks& books) {
 }
 
 constexpr std::array checks{
-    NewBooksCheck{"name", nameRefusal},
-    NewBooksCheck{"company", companyRefusal},
-    NewBooksCheck{"year", yearRefusal},
-    NewBooksCheck{"start month", monthRefusal},
-    NewBooksCheck{"level pattern", patternRefusal},
-    NewBooksCheck{"chart fits the pattern", chartRefusal},
-    NewBooksCheck{"supervisor", supervisorRefusal},
-    NewBooksCheck{"password", passwordRefusal},
+    Check<NewBooks>{"name", nameRefusal},
+    Check<NewBooks>{"company", companyRefusal},
+    Check<NewBooks>{"year", yearRefusal},
+    Check<NewBooks>{"start month", monthRefusal},
+    Check<NewBooks>{"level pattern", patternRefusal},
+    Check<NewBooks>{"chart fits the pattern", chartRefusal},
+    Check<NewBooks>{"supervisor", supervisorRefusal},
+    Check<NewBooks>{"password", passwordRefusal},
 };
 
 }  // namespace
 
-std::span<const NewBooksCheck> newBooksChecks() { return checks; }
-
-std::optional<Refusal> newBooksRefusal(const NewBooks& books) {
-    for (const NewBooksCheck& check : checks)
-        if (std::optional<Refusal> refusal = check.refusal(books)) return refusal;
-    return std::nullopt;
-}
+std::span<const Check<NewBooks>> newBooksChecks() { return checks; }
 
 std::string levelPatternExample(std::string_view pattern) {
     const CodeLevels levels(pattern);

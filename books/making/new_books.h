@@ -1,11 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "base/messages/refusal.h"
+#include "base/messages/checks.h"
 #include "books/making/chart_templates.h"
 #include "session/rights/passwords.h"
 
@@ -46,17 +45,8 @@ inline constexpr const char* operatorName = "operatorName";
 inline constexpr const char* date = "date";
 }  // namespace books_field
 
-/// A named check.
-struct NewBooksCheck {
-    const char* name;
-    std::optional<Refusal> (*refusal)(const NewBooks& books);
-};
-
-/// What is asked of new books, in the order in which it is told.
-std::span<const NewBooksCheck> newBooksChecks();
-
-/// The first refusal; nothing when the books can be made.
-std::optional<Refusal> newBooksRefusal(const NewBooks& books);
+/// What is asked of new books.
+std::span<const Check<NewBooks>> newBooksChecks();
 
 /// "1001 / 100101 / 10010101": the first code of each level by a pattern; empty for a text
 /// that is no pattern.

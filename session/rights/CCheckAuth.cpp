@@ -22,8 +22,8 @@ std::optional<std::string> readRights(std::int32_t userId) {
     return readOneCell(*g_pDB, services_sql::rightsOf(userId)).text;
 }
 
-/// What the operator is told; nothing when the function may be used.
-std::optional<std::string> refusal(int function) {
+/// In words.
+std::optional<std::string> refusalText(int function) {
     const CDivideWInfo* const user = g_lpLogonUserInfo;
     if (user != nullptr && user->lManager == 1) return std::nullopt;
     const char* const name = functionName(function);
@@ -37,8 +37,14 @@ std::optional<std::string> refusal(int function) {
 
 }  // namespace
 
+std::optional<Refusal> chengheng::rightRefusal(int function) {
+    auto text = refusalText(function);
+    if (!text) return std::nullopt;
+    return Refusal{RefusalKind::wrongInput, {.text = *std::move(text), .icon = MessageIcon::stop}};
+}
+
 CCheckAuth::CCheckAuth(int function, int, void*) {
-    const auto text = refusal(function);
-    m_isGranted = !text;
-    if (text) hostMessages().tell({.text = *text, .icon = MessageIcon::stop});
+    const auto refusal = rightRefusal(function);
+    m_isGranted = !refusal;
+    if (refusal) hostMessages().tell(refusal->notice);
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <optional>
+
+#include "base/messages/refusal.h"
+
 /// Whether the logged-on operator may use a function of the rights list: true for a supervisor
 /// and for whoever holds the right. When it is false the operator has already been told which
 /// right is missing, or why the rights could not be read.
@@ -14,3 +18,11 @@ class CCheckAuth {
   private:
     bool m_isGranted = false;
 };
+
+namespace chengheng {
+
+/// The same question without a word to the operator: why the function may not be used, nothing
+/// when it may.
+std::optional<Refusal> rightRefusal(int function);
+
+}  // namespace chengheng

@@ -39,14 +39,12 @@ class Entries : public testing::Test {
         change(given);
         return {tidied(std::move(given)), &m_before, levels, classes, m_chart};
     }
-    AccountRefusal additionRefusal(AccountEntry given) {
-        return firstRefusal(additionChecks(), newFacts(std::move(given)))
-            .value_or(AccountRefusal{});
+    Refusal additionRefusal(AccountEntry given) {
+        return firstRefusal(additionChecks(), newFacts(std::move(given))).value_or(Refusal{});
     }
-    AccountRefusal modificationRefusal(const std::string& code,
-                                       const std::function<void(AccountEntry&)>& change) {
-        return firstRefusal(modificationChecks(), changedFacts(code, change))
-            .value_or(AccountRefusal{});
+    Refusal modificationRefusal(const std::string& code,
+                                const std::function<void(AccountEntry&)>& change) {
+        return firstRefusal(modificationChecks(), changedFacts(code, change)).value_or(Refusal{});
     }
 
     FakeChart m_chart;
@@ -82,7 +80,7 @@ TEST_F(Additions, TellTheFirstOfManyFaultsAndThenTheNext) {
     m_chart.use(UsePlace::posted, "1002");
     AccountEntry given{.code = " ", .mnemonic = "XJ", .keepsForeign = true, .keepsQuantity = true};
     const auto expectRefusal = [&](const std::string& text, const char* field) {
-        const AccountRefusal refusal = additionRefusal(given);
+        const Refusal refusal = additionRefusal(given);
         EXPECT_EQ(refusal.notice.text, text);
         EXPECT_EQ(refusal.notice.focusField, field) << text;
         EXPECT_EQ(refusal.notice.icon, MessageIcon::information) << text;
@@ -126,7 +124,7 @@ TEST_F(Additions, RefuseAParentThatIsUsedInOneOfSixPlaces) {
         }
         ASSERT_TRUE(refusal) << title;
         EXPECT_EQ(refusal->notice.text, "科目 1002 在[" + title + "]中已使用,不能增加下级科目!");
-        EXPECT_EQ(refusal->usedCode, "1002");
+        EXPECT_EQ(refusal->obstacle, "1002");
     }
 }
 
@@ -247,7 +245,7 @@ TEST_F(Modifications, RefuseANewCodeOfAnAccountUsedInOneOfSevenPlaces) {
         ASSERT_TRUE(refusal) << title;
         EXPECT_EQ(refusal->notice.text, "科目 2202 在[" + title + "]中已使用!");
         EXPECT_EQ(refusal->notice.focusField, "sCode");
-        EXPECT_EQ(refusal->usedCode, "2202");
+        EXPECT_EQ(refusal->obstacle, "2202");
     }
 }
 
@@ -270,7 +268,7 @@ TEST_F(Modifications, RefuseANewParentUsedInOneOfSevenPlaces) {
         const auto refusal = firstRefusal(modificationChecks(), facts);
         ASSERT_TRUE(refusal) << title;
         EXPECT_EQ(refusal->notice.text, "科目 1002 在[" + title + "]中已使用,不能增加下级科目!");
-        EXPECT_EQ(refusal->usedCode, "1002");
+        EXPECT_EQ(refusal->obstacle, "1002");
     }
 }
 

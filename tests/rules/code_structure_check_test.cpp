@@ -20,19 +20,42 @@ CodeFacts factsOf(const std::string& code, const Chart& chart, const char* patte
     return {code, CodeLevels(pattern), isThere, isThere};
 }
 
+std::optional<Refusal> codeRefusal(const CodeFacts& facts) {
+    return firstRefusal(codeChecks(), facts);
+}
+
 std::string refusalText(const CodeFacts& facts) {
-    const auto refusal = codeRefusal(facts);
-    return refusal ? refusal->text : "";
+    return codeRefusal(facts).value_or(Refusal{}).notice.text;
+}
+
+std::optional<Refusal> placeRefusal(const CodeFacts& facts) {
+    return firstRefusal(codePlaceChecks(), facts);
+}
+
+using Names = std::vector<std::string>;
+
+Names namesOf(std::span<const Check<CodeFacts>> checks) {
+    Names names;
+    for (const Check<CodeFacts>& check : checks) names.emplace_back(check.name);
+    return names;
 }
 
 }  // namespace
 
 TEST(CodeChecks, StandInTheirOrder) {
-    std::vector<std::string> messages;
-    for (const CodeCheck& check : codeChecks) messages.push_back(check.message);
-    EXPECT_EQ(messages, (std::vector<std::string>{"必须输入科目编码", "科目编码不能包含空格!",
-                                                  "科目编码不唯一", "不符合科目编码规则",
-                                                  "必须先定义上级科目编码"}));
+    EXPECT_EQ(namesOf(codeChecks()), (Names{"code is there", "code has no blank", "code is unique",
+                                            "code fits a level", "parent is there"}));
+    EXPECT_EQ(namesOf(codeTextChecks()), (Names{"code is there", "code has no blank"}));
+    EXPECT_EQ(namesOf(codePlaceChecks()), (Names{"code fits a level", "parent is there"}));
+}
+
+TEST(CodeChecks, TellTheFirstOfManyFaultsAndThenTheNext) {
+    const Chart chart{"", "1 1", "10010"};
+    EXPECT_EQ(refusalText(factsOf("", chart)), "必须输入科目编码");
+    EXPECT_EQ(refusalText(factsOf("1 1", chart)), "科目编码不能包含空格!");
+    EXPECT_EQ(refusalText(factsOf("10010", chart)), "科目编码不唯一");
+    EXPECT_EQ(refusalText(factsOf("10020", chart)), "不符合科目编码规则");
+    EXPECT_EQ(refusalText(factsOf("100201", chart)), "必须先定义上级科目编码");
 }
 
 TEST(CodeChecks, LetAFreeTopLevelCodePass) {
@@ -98,10 +121,10 @@ TEST(CodeChecks, BeepShowInformationAndReturnToTheCode) {
     for (const char* code : {"", "1 1", "1001", "10010", "100201"}) {
         const auto refusal = codeRefusal(factsOf(code, {"1001"}));
         ASSERT_TRUE(refusal) << code;
-        EXPECT_TRUE(refusal->beep) << code;
-        EXPECT_EQ(refusal->icon, MessageIcon::information) << code;
-        EXPECT_EQ(refusal->caption, "澄恒财务软件") << code;
-        EXPECT_EQ(refusal->focusField, codeField) << code;
+        EXPECT_TRUE(refusal->notice.beep) << code;
+        EXPECT_EQ(refusal->notice.icon, MessageIcon::information) << code;
+        EXPECT_EQ(refusal->notice.caption, "澄恒财务软件") << code;
+        EXPECT_EQ(refusal->notice.focusField, "sCode") << code;
     }
 }
 
@@ -114,15 +137,15 @@ TEST(CodeChecks, AskTheChartForNothingWhenTheTextIsRefused) {
 }
 
 TEST(CodePlace, IsCheckedWithoutTheTextAndWithoutUniqueness) {
-    EXPECT_EQ(codePlaceRefusal(factsOf("1001", {"1001"})), std::nullopt);
-    EXPECT_EQ(codePlaceRefusal(factsOf("10010", {}))->text, "不符合科目编码规则");
-    EXPECT_EQ(codePlaceRefusal(factsOf("100101", {}))->text, "必须先定义上级科目编码");
+    EXPECT_EQ(placeRefusal(factsOf("1001", {"1001"})), std::nullopt);
+    EXPECT_EQ(placeRefusal(factsOf("10010", {}))->notice.text, "不符合科目编码规则");
+    EXPECT_EQ(placeRefusal(factsOf("100101", {}))->notice.text, "必须先定义上级科目编码");
 }
 
 TEST(CodePlace, NeedsNoLookupForATopLevelCode) {
     CodeFacts facts = factsOf("1001", {});
     facts.hasAccount = nullptr;
-    EXPECT_EQ(codePlaceRefusal(facts), std::nullopt);
+    EXPECT_EQ(placeRefusal(facts), std::nullopt);
 }
 
 TEST(AccountTexts, AskAboutTheCategoryDigitInTheseWords) {

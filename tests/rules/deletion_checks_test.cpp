@@ -8,16 +8,16 @@ using namespace chengheng;
 
 namespace {
 
-AccountRefusal refusalOf(FakeChart& chart, const std::string& code) {
+Refusal refusalOf(FakeChart& chart, const std::string& code) {
     const _CodeInfo account = chart.account(code);
-    return deletionRefusal({account, {account.lId}, chart}).value_or(AccountRefusal{});
+    return firstRefusal(deletionChecks(), {account, {account.lId}, chart}).value_or(Refusal{});
 }
 
 }  // namespace
 
 TEST(Deletion, IsCheckedInItsOrder) {
     std::vector<std::string> names;
-    for (const DeletionCheck& check : deletionChecks()) names.emplace_back(check.name);
+    for (const Check<DeletionFacts>& check : deletionChecks()) names.emplace_back(check.name);
     EXPECT_EQ(names, (std::vector<std::string>{"end account", "no bank account", "no cash account",
                                                "not used"}));
 }
@@ -39,7 +39,7 @@ TEST(Deletion, TellsTheFirstOfManyReasonsAndThenTheNext) {
     account.bCash = 0;
     EXPECT_EQ(refusalOf(chart, "1002").notice.text, "在[已记帐凭证]中已使用本科目或其下级科目");
     EXPECT_EQ(refusalOf(chart, "1002").notice.icon, MessageIcon::information);
-    EXPECT_EQ(refusalOf(chart, "1002").usedCode, "1002");
+    EXPECT_EQ(refusalOf(chart, "1002").obstacle, "1002");
 }
 
 TEST(Deletion, NamesEachOfTheSevenPlacesInTheirOrder) {
@@ -70,5 +70,5 @@ TEST(Deletion, LetsAnUnusedEndAccountGo) {
     FakeChart chart;
     chart.add("1002");
     const _CodeInfo account = chart.account("1002");
-    EXPECT_EQ(deletionRefusal({account, {account.lId}, chart}), std::nullopt);
+    EXPECT_EQ(firstRefusal(deletionChecks(), {account, {account.lId}, chart}), std::nullopt);
 }

@@ -19,7 +19,7 @@ NewBooks fitBooks() {
 
 /// The text and field of the first refusal, joined by a bar; empty when there is none.
 std::string refusalOf(const NewBooks& books) {
-    const auto refusal = newBooksRefusal(books);
+    const auto refusal = firstRefusal(newBooksChecks(), books);
     if (!refusal) return {};
     EXPECT_EQ(refusal->kind, RefusalKind::wrongInput);
     EXPECT_TRUE(refusal->notice.beep);
@@ -30,7 +30,7 @@ TEST(NewBooks, FitFactsAreNotRefused) { EXPECT_EQ(refusalOf(fitBooks()), ""); }
 
 TEST(NewBooks, ChecksRunInTheOrderOfTheForm) {
     std::vector<std::string> names;
-    for (const NewBooksCheck& check : newBooksChecks()) names.emplace_back(check.name);
+    for (const Check<NewBooks>& check : newBooksChecks()) names.emplace_back(check.name);
     EXPECT_EQ(names,
               (std::vector<std::string>{"name", "company", "year", "start month", "level pattern",
                                         "chart fits the pattern", "supervisor", "password"}));

@@ -20,9 +20,10 @@ struct Clash {
     const char* field;
 };
 
-std::optional<Notice> clashOf(const _SettleInfo& wanted, const Texts& storedNumbers = {},
-                              const Texts& storedNames = {}) {
-    return settleClash(
+std::optional<Refusal> clashOf(const _SettleInfo& wanted, const Texts& storedNumbers = {},
+                               const Texts& storedNames = {}) {
+    return firstRefusal(
+        settleClashChecks(),
         {.wanted = wanted,
          .leaves = leaves,
          .hasStoredNumber = [&](auto number) { return storedNumbers.contains(number); },
@@ -32,12 +33,13 @@ std::optional<Notice> clashOf(const _SettleInfo& wanted, const Texts& storedNumb
 void expectClashes(std::span<const Clash> clashes, const Texts& numbers = {},
                    const Texts& names = {}) {
     for (const Clash& clash : clashes) {
-        const auto notice = clashOf({clash.id, clash.number, clash.name, 0}, numbers, names);
-        ASSERT_TRUE(notice.has_value()) << clash.text;
-        EXPECT_EQ(notice->text, clash.text) << clash.number << ' ' << clash.name;
-        EXPECT_EQ(notice->focusField, clash.field) << clash.text;
-        EXPECT_EQ(notice->icon, MessageIcon::information);
-        EXPECT_TRUE(notice->beep);
+        const auto refusal = clashOf({clash.id, clash.number, clash.name, 0}, numbers, names);
+        ASSERT_TRUE(refusal.has_value()) << clash.text;
+        const Notice& notice = refusal->notice;
+        EXPECT_EQ(notice.text, clash.text) << clash.number << ' ' << clash.name;
+        EXPECT_EQ(notice.focusField, clash.field) << clash.text;
+        EXPECT_EQ(notice.icon, MessageIcon::information);
+        EXPECT_TRUE(notice.beep);
     }
 }
 
@@ -45,7 +47,7 @@ void expectClashes(std::span<const Clash> clashes, const Texts& numbers = {},
 
 TEST(SettleRules, CheckTheLeavesBeforeTheStoredNumberAndTheStoredName) {
     std::vector<std::string> names;
-    for (const SettleClashCheck& check : settleClashChecks) names.emplace_back(check.name);
+    for (const auto& check : settleClashChecks()) names.emplace_back(check.name);
     EXPECT_EQ(names, (std::vector<std::string>{"no leaf has its number or name",
                                                "no stored method has its number",
                                                "no stored method has its name"}));
