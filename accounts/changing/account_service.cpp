@@ -42,7 +42,7 @@ Result addChecked(IMessages& messages, const AccountFacts& facts, const StoredCh
     if (!chart.isRead()) return Result::failed();
     return inOneUnit([&] {
         return inTurn(
-            {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parentCode()); }});
+            {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parent); }});
     });
 }
 
@@ -62,7 +62,7 @@ Result modifyChecked(IMessages& messages, const AccountFacts& facts, const Store
     return inOneUnit([&] {
         const std::string parentBefore = facts.levels.parentOf(facts.before->sCode);
         return inTurn({write, [&] { return endsAgainWithoutChildren(parentBefore); },
-                       [&] { return endsNoMore(facts.parentCode()); }});
+                       [&] { return endsNoMore(facts.parent); }});
     });
 }
 

@@ -34,13 +34,11 @@ Result editAccount(const _CodeInfo& account) {
 
 Result deleteAccount(int id) { return doneIf(g_pDB->Code_Delete(id) == 0); }
 
-Result endsNoMore(const std::string& code) {
-    if (code.empty()) return Result::done();
-    StoredChart chart(*g_pDB);
-    auto account = chart.accountOf(code);
-    if (!account) return Result::failed();
-    account->bEnd = 0;
-    return editAccount(*account);
+Result endsNoMore(const std::optional<_CodeInfo>& parent) {
+    if (!parent) return Result::done();
+    _CodeInfo account = *parent;
+    account.bEnd = 0;
+    return editAccount(account);
 }
 
 Result endsAgainWithoutChildren(const std::string& code) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "data/tables/accounts.h"
@@ -18,9 +19,9 @@ Result addAccount(_CodeInfo& account);
 Result editAccount(const _CodeInfo& account);
 Result deleteAccount(int id);
 
-/// The account of a code got a child; an empty code is no account.
-Result endsNoMore(const std::string& code);
-/// It lost a child, maybe its last.
+/// The account got a child; nothing to be done where there is none.
+Result endsNoMore(const std::optional<_CodeInfo>& parent);
+/// The account of a code lost a child, maybe its last; an empty code is no account.
 Result endsAgainWithoutChildren(const std::string& code);
 
 }  // namespace chengheng

@@ -12,16 +12,15 @@ namespace {
 
 using account_texts::Accounting;
 
-/// Whether an account other than the one being saved has the code. The account itself is no
-/// parent of its own new code either.
-bool isOtherAccount(const AccountFacts& facts, std::string_view code) {
-    const auto found = facts.chart.accountOf(code);
-    return found && (facts.before == nullptr || found->lId != facts.before->lId);
+bool isCodeTaken(const AccountFacts& facts) {
+    const auto found = facts.chart.accountOf(facts.entry.code);
+    return found && !facts.isOwn(*found);
 }
 
 CodeFacts codeFacts(const AccountFacts& facts) {
-    const auto isOther = [&facts](std::string_view code) { return isOtherAccount(facts, code); };
-    return {facts.entry.code, facts.levels, isOther, isOther};
+    // The account itself is no parent of its own new code.
+    const bool hasParent = facts.parent && !facts.isOwn(*facts.parent);
+    return {facts.entry.code, facts.levels, [&facts] { return isCodeTaken(facts); }, hasParent};
 }
 
 std::optional<Refusal> wholeCode(const AccountFacts& facts) {
@@ -37,8 +36,7 @@ std::optional<Refusal> codePlace(const AccountFacts& facts) {
 }
 
 std::optional<Refusal> uniqueCode(const AccountFacts& facts) {
-    return entryRefusalIf(isOtherAccount(facts, facts.entry.code), account_texts::codeNotUnique,
-                          account_field::code);
+    return entryRefusalIf(isCodeTaken(facts), account_texts::codeNotUnique, account_field::code);
 }
 
 std::optional<Refusal> noChildren(const AccountFacts& facts) {
@@ -86,12 +84,10 @@ std::optional<Refusal> unit(const AccountFacts& facts) {
 }
 
 std::optional<Refusal> unusedParent(const AccountFacts& facts, std::span<const UsePlace> places) {
-    const std::string code = facts.parentCode();
-    if (code.empty() || !facts.isCodeChanged()) return std::nullopt;
-    const auto parent = facts.chart.accountOf(code);
-    if (!parent) return std::nullopt;
+    if (!facts.parent || !facts.isCodeChanged()) return std::nullopt;
+    const std::string& code = facts.parent->sCode;
     for (const UsePlace place : places)
-        if (facts.chart.isUsed(place, {parent->lId}, SumsUse::openingMoney))
+        if (facts.chart.isUsed(place, {facts.parent->lId}, SumsUse::openingMoney))
             return entryRefusal(account_texts::parentUsed(code, place), account_field::code, code);
     return std::nullopt;
 }
@@ -160,6 +156,18 @@ constexpr const char* fieldOf(Accounting kind) {
 }
 
 }  // namespace
+
+AccountFacts::AccountFacts(AccountEntry tidiedEntry, const _CodeInfo* accountBefore,
+                           const CodeLevels& codeLevels,
+                           const std::vector<_zCodeClassInfo>& allClasses, IChartFacts& chartFacts)
+    : entry(std::move(tidiedEntry)),
+      before(accountBefore),
+      levels(codeLevels),
+      classes(allClasses),
+      chart(chartFacts) {
+    const std::string code = parentCode();
+    if (!code.empty()) parent = chart.accountOf(code);
+}
 
 int AccountFacts::categoryNumber() const {
     const auto found = std::ranges::find(classes, entry.className, &_zCodeClassInfo::sClsName);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -13,15 +14,25 @@ namespace chengheng {
 
 /// What the checks of an addition or modification look at.
 struct AccountFacts {
-    AccountEntry entry;                 ///< tidied
-    const _CodeInfo* before = nullptr;  ///< the account modified; null: a new one
+    /// Reads the parent, which the checks, the new account and the writing all look at.
+    AccountFacts(AccountEntry tidiedEntry, const _CodeInfo* accountBefore,
+                 const CodeLevels& codeLevels, const std::vector<_zCodeClassInfo>& allClasses,
+                 IChartFacts& chartFacts);
+
+    AccountEntry entry;       ///< tidied
+    const _CodeInfo* before;  ///< the account modified; null: a new one
     const CodeLevels& levels;
     const std::vector<_zCodeClassInfo>& classes;  ///< in the order of the list
     IChartFacts& chart;
+    std::optional<_CodeInfo> parent;  ///< the account of the parent's code
 
     bool isCodeChanged() const { return before == nullptr || before->sCode != entry.code; }
     int accountId() const { return before == nullptr ? 0 : before->lId; }
     std::string parentCode() const { return levels.parentOf(entry.code); }
+    /// Whether an account is the one being saved.
+    bool isOwn(const _CodeInfo& account) const {
+        return before != nullptr && before->lId == account.lId;
+    }
     /// Position in the list plus one; 0 for a class that is not in it.
     int categoryNumber() const;
 };

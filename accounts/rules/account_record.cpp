@@ -5,8 +5,7 @@ namespace {
 
 std::int16_t directionOf(const AccountFacts& facts) {
     if (facts.entry.direction) return *facts.entry.direction;
-    const auto parent = facts.chart.accountOf(facts.parentCode());
-    if (parent) return parent->bDirect;
+    if (facts.parent) return facts.parent->bDirect;
     const int number = facts.categoryNumber();
     return number == 0 ? std::int16_t{1} : facts.classes[number - 1].bDirect;
 }

@@ -23,7 +23,7 @@ std::optional<Refusal> codeHasNoBlank(const CodeFacts& facts) {
 }
 
 std::optional<Refusal> codeIsUnique(const CodeFacts& facts) {
-    return codeRefusalIf(facts.isTaken(facts.code), account_texts::codeNotUnique);
+    return codeRefusalIf(facts.isTaken(), account_texts::codeNotUnique);
 }
 
 std::optional<Refusal> codeFitsALevel(const CodeFacts& facts) {
@@ -31,9 +31,8 @@ std::optional<Refusal> codeFitsALevel(const CodeFacts& facts) {
 }
 
 std::optional<Refusal> parentIsThere(const CodeFacts& facts) {
-    const std::string parent = facts.levels.parentOf(facts.code);
-    return codeRefusalIf(!parent.empty() && !facts.hasAccount(parent),
-                         account_texts::parentMissing);
+    const bool isAtTop = facts.levels.parentOf(facts.code).empty();
+    return codeRefusalIf(!isAtTop && !facts.hasParent, account_texts::parentMissing);
 }
 
 constexpr std::array codeCheckList{

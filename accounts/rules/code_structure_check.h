@@ -3,22 +3,19 @@
 #include <functional>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "accounts/codes/code_levels.h"
 #include "base/messages/checks.h"
 
 namespace chengheng {
 
-/// What the checks of a code look at. The lookups ask the chart; a check asks only what it
-/// needs, so that a code refused for its text costs no reading.
+/// What the checks of a code look at. The chart is asked only by the check that needs it.
 struct CodeFacts {
     std::string code;  ///< as typed, but without blanks at its end
     CodeLevels levels;
-    /// Whether an account other than the one being saved has this code.
-    std::function<bool(std::string_view)> isTaken;
-    /// Whether an account has this code.
-    std::function<bool(std::string_view)> hasAccount;
+    /// Whether an account other than the one being saved has the code.
+    std::function<bool()> isTaken;
+    bool hasParent;  ///< whether the account above is in the chart
 };
 
 /// The checks of a new account's code, in their order. Every refusal beeps, shows the

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "accounts/rules/account_record.h"
 #include "tests/support/fake_chart.h"
 
 using namespace chengheng;
@@ -145,6 +146,14 @@ TEST_F(Additions, AcceptAChildOfAnAccountWhoseSumsHaveNoOpeningBalance) {
 TEST_F(Additions, AskNothingAboutUseAtTheTop) {
     EXPECT_EQ(additionRefusal(entry("1003")).notice.text, "");
     EXPECT_TRUE(m_chart.askedPlaces().empty());
+}
+
+TEST_F(Additions, ReadTheirOwnCodeAndTheirParentOnce) {
+    const AccountFacts facts = newFacts(entry("100201"));
+    EXPECT_EQ(firstRefusal(additionChecks(), facts), std::nullopt);
+    EXPECT_TRUE(additionQuestions(facts).empty());
+    EXPECT_EQ(newAccount(facts).bDirect, 1);
+    EXPECT_EQ(m_chart.askedCodes(), (std::vector<std::string>{"1002", "100201"}));
 }
 
 TEST_F(Additions, LetTwoEmptyMnemonicsStandSideBySide) {

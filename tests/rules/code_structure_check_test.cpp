@@ -16,8 +16,9 @@ namespace {
 using Chart = std::set<std::string, std::less<>>;
 
 CodeFacts factsOf(const std::string& code, const Chart& chart, const char* pattern = "4222") {
-    const auto isThere = [chart](std::string_view asked) { return chart.contains(asked); };
-    return {code, CodeLevels(pattern), isThere, isThere};
+    const CodeLevels levels(pattern);
+    return {code, levels, [=] { return chart.contains(code); },
+            chart.contains(levels.parentOf(code))};
 }
 
 std::optional<Refusal> codeRefusal(const CodeFacts& facts) {
@@ -131,7 +132,7 @@ TEST(CodeChecks, BeepShowInformationAndReturnToTheCode) {
 TEST(CodeChecks, AskTheChartForNothingWhenTheTextIsRefused) {
     int questions = 0;
     CodeFacts facts = factsOf("10 01", {});
-    facts.isTaken = facts.hasAccount = [&questions](std::string_view) { return ++questions > 0; };
+    facts.isTaken = [&questions] { return ++questions > 0; };
     EXPECT_TRUE(codeRefusal(facts));
     EXPECT_EQ(questions, 0);
 }
@@ -142,9 +143,9 @@ TEST(CodePlace, IsCheckedWithoutTheTextAndWithoutUniqueness) {
     EXPECT_EQ(placeRefusal(factsOf("100101", {}))->notice.text, "必须先定义上级科目编码");
 }
 
-TEST(CodePlace, NeedsNoLookupForATopLevelCode) {
-    CodeFacts facts = factsOf("1001", {});
-    facts.hasAccount = nullptr;
+TEST(CodePlace, NeedsNoParentForATopLevelCode) {
+    const CodeFacts facts = factsOf("1001", {});
+    EXPECT_FALSE(facts.hasParent);
     EXPECT_EQ(placeRefusal(facts), std::nullopt);
 }
 

@@ -31,6 +31,7 @@ void FakeChart::use(UsePlace place, const std::string& code) {
 void FakeChart::addEmptySums(const std::string& code) { m_emptySums.insert(account(code).lId); }
 
 std::optional<_CodeInfo> FakeChart::accountOf(std::string_view code) {
+    m_askedCodes.emplace_back(code);
     const auto found = std::ranges::find(m_accounts, code, &_CodeInfo::sCode);
     return found == m_accounts.end() ? std::nullopt : std::optional(*found);
 }
@@ -41,10 +42,7 @@ bool FakeChart::isMnemonicTaken(std::string_view mnemonic, int exceptAccountId) 
     });
 }
 
-bool FakeChart::hasChildren(std::string_view code) {
-    const auto found = accountOf(code);
-    return found && found->bEnd == 0;
-}
+bool FakeChart::hasChildren(std::string_view code) { return account(std::string(code)).bEnd == 0; }
 
 bool FakeChart::isUsed(UsePlace place, const std::vector<int>& accountIds, SumsUse sums) {
     m_asked.push_back(place);

@@ -10,7 +10,7 @@
 namespace chengheng {
 
 /// A chart without a database: accounts, currencies and uses as a test writes them down. It
-/// notes every question about use, in order.
+/// notes every question about use and every account asked for, in order.
 class FakeChart final : public IChartFacts {
   public:
     /// Gives the account's id: 1, 2, ...
@@ -22,6 +22,7 @@ class FakeChart final : public IChartFacts {
 
     _CodeInfo& account(const std::string& code);
     const std::vector<UsePlace>& askedPlaces() const { return m_asked; }
+    const std::vector<std::string>& askedCodes() const { return m_askedCodes; }
 
     std::optional<_CodeInfo> accountOf(std::string_view code) override;
     bool isMnemonicTaken(std::string_view mnemonic, int exceptAccountId) override;
@@ -35,6 +36,7 @@ class FakeChart final : public IChartFacts {
     std::set<std::pair<UsePlace, int>> m_uses;
     std::set<int> m_emptySums;
     std::vector<UsePlace> m_asked;
+    std::vector<std::string> m_askedCodes;
 };
 
 }  // namespace chengheng
