@@ -111,9 +111,9 @@ void CNbCwBursarDlg::OnMenuImport() {
                                                       QFileDialog::DontUseNativeDialog);
     if (file.isEmpty()) return;
     chengheng::ChartImport import(messages());
-    auto plan = import.plan(file.toStdString());
+    const auto plan = import.plan(file.toStdString());
     if (!plan) return;
-    chengheng::ImportWindow window(import, std::move(*plan), file.toStdString(), this);
+    chengheng::ImportWindow window(import, *plan, file.toStdString(), this);
     if (window.DoModal() == Accepted) listActiveCategory();
 }
 

@@ -3,40 +3,26 @@
 #include <fmt/format.h>
 
 #include <QCoreApplication>
-#include <QDialogButtonBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QPushButton>
-#include <QVBoxLayout>
-#include <algorithm>
 #include <array>
 
 #include "accounts/transfer/import_texts.h"
-#include "screen/colours.h"
-#include "screen/grid/CVCF1.h"
-#include "screen/grid/grid_model.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 #include "screen/wait_window.h"
 
 namespace chengheng {
 namespace {
 
-constexpr int importTemplate = 132;
+namespace texts = import_texts;
+
 constexpr QSize importWindowSize(860, 520);
 constexpr std::size_t paintedRows = 64;
 constexpr std::array planColumns{
-    GridColumn{"行", 6, CellAlignment::number},
-    GridColumn{"结果", 8, CellAlignment::centre},
-    GridColumn{"科目编码", 18},
-    GridColumn{"科目名称", 30},
-    GridColumn{"说明", 40},
+    GridColumn{texts::rowColumn, 6, CellAlignment::number},
+    GridColumn{texts::fateColumn, 8, CellAlignment::centre},
+    GridColumn{texts::codeColumn, 18},
+    GridColumn{texts::nameColumn, 30},
+    GridColumn{texts::remarkColumn, 40},
 };
-
-template <class... Values>
-std::string filled(const char* text, const Values&... values) {
-    return fmt::format(fmt::runtime(text), values...);
-}
 
 /// Why a row is refused, or what the import will ask about it.
 std::string remarkOf(const PlannedRow& row) {
@@ -44,96 +30,69 @@ std::string remarkOf(const PlannedRow& row) {
     return fmt::format("{}", fmt::join(row.questions, " "));
 }
 
-QLabel* plainLabel(const std::string& text, QWidget* parent) {
-    auto* label = new QLabel(shown(text), parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
-}  // namespace
-
-/// The rows of a plan; those refused stand out.
-class PlannedRows final : public GridModel {
+class PlannedRows final : public PlanModel {
   public:
-    explicit PlannedRows(const ImportPlan& plan) : GridModel(planColumns), m_plan(plan) {}
+    explicit PlannedRows(const ImportPlan& plan) : PlanModel(planColumns), m_plan(plan) {}
 
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : static_cast<int>(m_plan.rows.size());
     }
+    bool isRefused(int row) const override { return planned(row).fate == RowFate::refused; }
 
   protected:
     QString text(int row, int column) const override {
-        const PlannedRow& planned = m_plan.rows[static_cast<std::size_t>(row)];
         switch (column) {
             case 0:
-                return QString::number(planned.row);
+                return QString::number(planned(row).row);
             case 1:
-                return shown(fateTitle(planned.fate));
+                return shown(fateTitle(planned(row).fate));
             case 2:
-                return shown(planned.code);
+                return shown(planned(row).code);
             case 3:
-                return shown(planned.name);
+                return shown(planned(row).name);
             default:
-                return shown(remarkOf(planned));
+                return shown(remarkOf(planned(row)));
         }
-    }
-    QColor foreground(int row, int) const override {
-        const bool isRefused = m_plan.rows[static_cast<std::size_t>(row)].fate == RowFate::refused;
-        return isRefused ? colours::seal : QColor();
     }
 
   private:
+    const PlannedRow& planned(int row) const { return m_plan.rows[static_cast<std::size_t>(row)]; }
+
     const ImportPlan& m_plan;
 };
 
-ImportWindow::ImportWindow(ChartImport& import, ImportPlan plan, const std::string& file,
+bool hasWork(const ImportPlan& plan) { return !plan.added.empty() || !plan.changed.empty(); }
+
+const char* adviceOn(const ImportPlan& plan) {
+    if (!plan.isAcceptable()) return texts::isRefused;
+    return hasWork(plan) ? texts::isReady : texts::hasNothingNew;
+}
+
+PlanContent contentOf(const ImportPlan& plan, const std::string& file) {
+    PlanContent content{
+        .title = texts::title,
+        .above = {fmt::format(texts::file, file),
+                  fmt::format(texts::summary, plan.count(RowFate::added),
+                              plan.count(RowFate::changed), plan.count(RowFate::unchanged),
+                              plan.count(RowFate::refused))},
+        .rowsName = texts::rows,
+        .apply = texts::apply,
+        .mayBeApplied = plan.isAcceptable() && hasWork(plan)};
+    if (!plan.ignored.empty())
+        content.below.push_back(
+            fmt::format(texts::ignored, fmt::join(plan.ignored, texts::listSeparator)));
+    content.below.emplace_back(adviceOn(plan));
+    return content;
+}
+
+}  // namespace
+
+ImportWindow::ImportWindow(ChartImport& import, const ImportPlan& plan, const std::string& file,
                            QWidget* parent)
-    : CNxMiddleDialog(importTemplate, parent),
+    : PlanWindow(contentOf(plan, file), std::make_unique<PlannedRows>(plan), parent),
       m_import(import),
-      m_plan(std::move(plan)),
-      m_rows(std::make_unique<PlannedRows>(m_plan)) {
-    setWindowTitle(shown(import_texts::title));
-    buildControls(file);
+      m_plan(plan) {
     resize(importWindowSize);
-}
-
-ImportWindow::~ImportWindow() = default;
-
-std::string ImportWindow::advice() const {
-    if (!m_plan.isAcceptable()) return import_texts::isRefused;
-    const bool hasWork = !m_plan.added.empty() || !m_plan.changed.empty();
-    return hasWork ? import_texts::isReady : import_texts::hasNothingNew;
-}
-
-void ImportWindow::buildControls(const std::string& file) {
-    auto* grid = new CVCF1(shown(import_texts::rows), CVCF1::Unit::row, this);
-    grid->setGridModel(m_rows.get());
-    grid->horizontalHeader()->setStretchLastSection(true);
-    const auto refused = std::ranges::find(m_plan.rows, RowFate::refused, &PlannedRow::fate);
-    const bool hasRefused = refused != m_plan.rows.end();
-    grid->setCurrentRow(hasRefused ? static_cast<int>(refused - m_plan.rows.begin()) : 0);
-
-    auto* buttons = new QDialogButtonBox(this);
-    auto* applies = buttons->addButton(shown(import_texts::apply), QDialogButtonBox::AcceptRole);
-    applies->setEnabled(advice() == import_texts::isReady);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { apply(); }));
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
-
-    auto* rows = new QVBoxLayout(this);
-    rows->addWidget(plainLabel(filled(import_texts::file, file), this));
-    rows->addWidget(plainLabel(
-        filled(import_texts::summary, m_plan.count(RowFate::added), m_plan.count(RowFate::changed),
-               m_plan.count(RowFate::unchanged), m_plan.count(RowFate::refused)),
-        this));
-    rows->addWidget(grid, 1);
-    if (!m_plan.ignored.empty())
-        rows->addWidget(plainLabel(
-            filled(import_texts::ignored, fmt::format("{}", fmt::join(m_plan.ignored, "、"))),
-            this));
-    rows->addWidget(plainLabel(advice(), this));
-    rows->addWidget(buttons);
 }
 
 void ImportWindow::apply() {
@@ -142,7 +101,7 @@ void ImportWindow::apply() {
         // Up from the first row on, so that it does not lie over what is asked before.
         std::unique_ptr<WaitWindow> wait;
         outcome = m_import.apply(m_plan, [this, &wait](std::size_t done, std::size_t) {
-            if (!wait) wait = std::make_unique<WaitWindow>(shown(import_texts::working), this);
+            if (!wait) wait = std::make_unique<WaitWindow>(shown(texts::working), this);
             if (done % paintedRows == 0)
                 QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             return true;
@@ -150,8 +109,8 @@ void ImportWindow::apply() {
     }
     if (outcome == Outcome::refused) return;
     if (outcome == Outcome::done)
-        messages().tell({.text = filled(import_texts::done, m_plan.count(RowFate::added),
-                                        m_plan.count(RowFate::changed))});
+        messages().tell({.text = fmt::format(texts::done, m_plan.count(RowFate::added),
+                                             m_plan.count(RowFate::changed))});
     EndDialog(outcome == Outcome::done ? Accepted : Rejected);
 }
 

@@ -1,32 +1,28 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "accounts/transfer/chart_import.h"
-#include "screen/CNxMiddleDialog.h"
+#include "screen/grid/plan_window.h"
 
 namespace chengheng {
-class PlannedRows;
 
 /// Shows what an import would make of each row of a file, and does it when the operator says
 /// so: exactly what is shown, or nothing.
-class ImportWindow final : public CNxMiddleDialog {
+class ImportWindow final : public PlanWindow {
     Q_OBJECT
 
   public:
-    /// The plan is one that `import` has made of the file.
-    ImportWindow(ChartImport& import, ImportPlan plan, const std::string& file, QWidget* parent);
-    ~ImportWindow() override;
+    /// The plan is one that `import` has made of the file; both outlive the window.
+    ImportWindow(ChartImport& import, const ImportPlan& plan, const std::string& file,
+                 QWidget* parent);
+
+  protected:
+    void apply() override;
 
   private:
-    void buildControls(const std::string& file);
-    std::string advice() const;
-    void apply();
-
     ChartImport& m_import;
-    ImportPlan m_plan;
-    std::unique_ptr<PlannedRows> m_rows;
+    const ImportPlan& m_plan;
 };
 
 }  // namespace chengheng

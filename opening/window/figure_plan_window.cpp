@@ -2,20 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <QDialogButtonBox>
-#include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
-#include <algorithm>
 #include <array>
 
 #include "base/values/numbers.h"
 #include "opening/sheet/opening_texts.h"
-#include "screen/colours.h"
-#include "screen/grid/CVCF1.h"
-#include "screen/grid/grid_model.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 #include "sheets/sheet.h"
 
@@ -24,7 +15,6 @@ namespace {
 
 namespace texts = opening_texts;
 
-constexpr int planTemplate = 127;
 constexpr QSize planWindowSize(900, 520);
 constexpr std::array planColumns{
     GridColumn{"单元格", 8},
@@ -55,32 +45,23 @@ std::string amountText(const PlannedCell& cell, double amount) {
                                           : std::string();
 }
 
-QLabel* plainLabel(const std::string& text, QWidget* parent) {
-    auto* label = new QLabel(shown(text), parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
 const char* adviceOn(const FigurePlan& plan) {
     if (plan.count(CellFate::refused) > 0) return texts::planRefused;
     return plan.mayBeApplied() ? texts::planReady : texts::planHasNothing;
 }
 
-}  // namespace
-
-/// The cells of a plan; those refused stand out.
-class PlannedFigures final : public GridModel {
+class PlannedFigures final : public PlanModel {
   public:
-    explicit PlannedFigures(const FigurePlan& plan) : GridModel(planColumns), m_plan(plan) {}
+    explicit PlannedFigures(const FigurePlan& plan) : PlanModel(planColumns), m_plan(plan) {}
 
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : static_cast<int>(m_plan.cells.size());
     }
+    bool isRefused(int row) const override { return cellAt(row).fate == CellFate::refused; }
 
   protected:
     QString text(int row, int column) const override {
-        const PlannedCell& cell = m_plan.cells[static_cast<std::size_t>(row)];
+        const PlannedCell& cell = cellAt(row);
         switch (column) {
             case 0:
                 return shown(columnLetters(cell.column + 1) + std::to_string(cell.row + 1));
@@ -98,55 +79,33 @@ class PlannedFigures final : public GridModel {
                 return shown(cell.reason);
         }
     }
-    QColor foreground(int row, int) const override {
-        const bool isRefused =
-            m_plan.cells[static_cast<std::size_t>(row)].fate == CellFate::refused;
-        return isRefused ? colours::seal : QColor();
-    }
 
   private:
+    const PlannedCell& cellAt(int row) const { return m_plan.cells[static_cast<std::size_t>(row)]; }
+
     const FigurePlan& m_plan;
 };
 
-FigurePlanWindow::FigurePlanWindow(const char* title, const std::string& heading,
-                                   const FigurePlan& plan, QWidget* parent)
-    : CNxMiddleDialog(planTemplate, parent),
-      m_plan(plan),
-      m_rows(std::make_unique<PlannedFigures>(m_plan)) {
-    setWindowTitle(shown(title));
-    buildControls(heading);
-    resize(planWindowSize);
+PlanContent contentOf(const char* title, const std::string& heading, const FigurePlan& plan) {
+    PlanContent content{.title = title,
+                        .rowsName = texts::planCells,
+                        .below = {adviceOn(plan)},
+                        .apply = texts::planApply,
+                        .mayBeApplied = plan.mayBeApplied()};
+    if (!heading.empty()) content.above.push_back(heading);
+    content.above.push_back(fmt::format(
+        texts::planSummary, plan.count(CellFate::changed), plan.count(CellFate::unchanged),
+        plan.count(CellFate::ignored), plan.count(CellFate::refused)));
+    return content;
 }
 
-FigurePlanWindow::~FigurePlanWindow() = default;
+}  // namespace
 
-void FigurePlanWindow::buildControls(const std::string& heading) {
-    auto* grid = new CVCF1(shown(texts::planCells), CVCF1::Unit::row, this);
-    grid->setGridModel(m_rows.get());
-    grid->horizontalHeader()->setStretchLastSection(true);
-    const auto refused = std::ranges::find(m_plan.cells, CellFate::refused, &PlannedCell::fate);
-    const bool hasRefused = refused != m_plan.cells.end();
-    grid->setCurrentRow(hasRefused ? static_cast<int>(refused - m_plan.cells.begin()) : 0);
-
-    auto* buttons = new QDialogButtonBox(this);
-    auto* applies = buttons->addButton(shown(texts::planApply), QDialogButtonBox::AcceptRole);
-    applies->setEnabled(m_plan.mayBeApplied());
-    applies->setDefault(m_plan.mayBeApplied());
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
-
-    auto* rows = new QVBoxLayout(this);
-    if (!heading.empty()) rows->addWidget(plainLabel(heading, this));
-    rows->addWidget(
-        plainLabel(fmt::format(fmt::runtime(texts::planSummary), m_plan.count(CellFate::changed),
-                               m_plan.count(CellFate::unchanged), m_plan.count(CellFate::ignored),
-                               m_plan.count(CellFate::refused)),
-                   this));
-    rows->addWidget(grid, 1);
-    rows->addWidget(plainLabel(adviceOn(m_plan), this));
-    rows->addWidget(buttons);
-    if (m_plan.mayBeApplied()) applies->setFocus();
+FigurePlanWindow::FigurePlanWindow(const char* title, const std::string& heading,
+                                   const FigurePlan& plan, QWidget* parent)
+    : PlanWindow(contentOf(title, heading, plan), std::make_unique<PlannedFigures>(plan), parent) {
+    resize(planWindowSize);
+    if (plan.mayBeApplied()) applyButton().setFocus();
 }
 
 }  // namespace chengheng

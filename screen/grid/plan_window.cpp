@@ -1,0 +1,68 @@
+#include "screen/grid/plan_window.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "screen/colours.h"
+#include "screen/grid/CVCF1.h"
+#include "screen/screen_texts.h"
+#include "screen/shown.h"
+
+namespace chengheng {
+namespace {
+
+void addLines(QVBoxLayout& rows, const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) {
+        auto* label = new QLabel(shown(line));
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        rows.addWidget(label);
+    }
+}
+
+int firstRefusedRow(const PlanModel& rows) {
+    for (int row = 0; row < rows.rowCount(); ++row)
+        if (rows.isRefused(row)) return row;
+    return 0;
+}
+
+}  // namespace
+
+QColor PlanModel::foreground(int row, int) const {
+    return isRefused(row) ? colours::seal : QColor();
+}
+
+PlanWindow::PlanWindow(const PlanContent& content, std::unique_ptr<PlanModel> rows, QWidget* parent)
+    : CNxMiddleDialog(parent), m_rows(std::move(rows)) {
+    setWindowTitle(shown(content.title));
+    buildControls(content);
+}
+
+PlanWindow::~PlanWindow() = default;
+
+void PlanWindow::buildControls(const PlanContent& content) {
+    auto* grid = new CVCF1(shown(content.rowsName), CVCF1::Unit::row, this);
+    grid->setGridModel(m_rows.get());
+    grid->horizontalHeader()->setStretchLastSection(true);
+    grid->setCurrentRow(firstRefusedRow(*m_rows));
+    auto* rows = new QVBoxLayout(this);
+    addLines(*rows, content.above);
+    rows->addWidget(grid, 1);
+    addLines(*rows, content.below);
+    rows->addWidget(buildButtons(content));
+}
+
+QWidget* PlanWindow::buildButtons(const PlanContent& content) {
+    auto* buttons = new QDialogButtonBox(this);
+    m_apply = buttons->addButton(shown(content.apply), QDialogButtonBox::AcceptRole);
+    m_apply->setEnabled(content.mayBeApplied);
+    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { apply(); }));
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    return buttons;
+}
+
+}  // namespace chengheng

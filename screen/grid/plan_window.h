@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "screen/CNxMiddleDialog.h"
+#include "screen/grid/grid_model.h"
+
+class QPushButton;
+
+namespace chengheng {
+
+/// The rows of a plan: what would become of each. Those refused stand out.
+class PlanModel : public GridModel {
+  public:
+    using GridModel::GridModel;
+
+    virtual bool isRefused(int row) const = 0;
+
+  protected:
+    QColor foreground(int row, int column) const override;
+};
+
+/// What stands in a plan window around its rows.
+struct PlanContent {
+    std::string title;
+    std::vector<std::string> above = {};  ///< lines above the rows
+    std::string rowsName;                 ///< of the grid, for who hears it read
+    std::vector<std::string> below = {};
+    std::string apply;  ///< on the button that does it
+    bool mayBeApplied;
+};
+
+/// Shows a plan before it is done, with the first refused row in sight; nothing is done but what
+/// is shown.
+class PlanWindow : public CNxMiddleDialog {
+    Q_OBJECT
+
+  public:
+    PlanWindow(const PlanContent& content, std::unique_ptr<PlanModel> rows, QWidget* parent);
+    ~PlanWindow() override;
+
+  protected:
+    /// The operator wants the plan done.
+    virtual void apply() { EndDialog(Accepted); }
+
+    QPushButton& applyButton() const { return *m_apply; }
+
+  private:
+    void buildControls(const PlanContent& content);
+    QWidget* buildButtons(const PlanContent& content);
+
+    std::unique_ptr<PlanModel> m_rows;
+    QPushButton* m_apply = nullptr;
+};
+
+}  // namespace chengheng
