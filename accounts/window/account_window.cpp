@@ -19,7 +19,6 @@
 namespace chengheng {
 namespace {
 
-constexpr int accountTemplate = 127;
 constexpr int widthCharacters = 76;
 
 /// A check box and the book it stands for; those of a directory have a browse button too.
@@ -56,7 +55,7 @@ void select(QComboBox* list, const std::string& text) {
 }  // namespace
 
 AccountWindow::AccountWindow(AccountForm& form, Observers observers, QWidget* parent)
-    : CNxMiddleDialog(accountTemplate, parent),
+    : CNxMiddleDialog(parent),
       m_form(form),
       m_observers(std::move(observers)),
       m_ui(std::make_unique<Ui::AccountWindow>()) {

@@ -16,7 +16,6 @@
 namespace chengheng {
 namespace {
 
-constexpr int designationTemplate = 129;
 constexpr int pictureSize = 64;
 constexpr int listCharacters = 34;
 
@@ -29,7 +28,7 @@ void fill(QComboBox* list, const DesignationChoices& choices, int chosen) {
 }  // namespace
 
 DesignationWindow::DesignationWindow(QWidget* parent)
-    : CNxMiddleDialog(designationTemplate, parent), m_service(messages()) {
+    : CNxMiddleDialog(parent), m_service(messages()) {
     setWindowTitle(shown(account_dialog_texts::designateTitle));
 }
 

@@ -12,13 +12,12 @@
 namespace chengheng {
 namespace {
 
-constexpr int findTemplate = 125;
 constexpr int wantedCharacters = 28;
 
 }  // namespace
 
 FindAccountWindow::FindAccountWindow(QWidget* parent)
-    : DialogFrame(findTemplate, parent), m_field(new QLineEdit(this)) {
+    : DialogFrame(parent), m_field(new QLineEdit(this)) {
     setWindowTitle(QString::fromUtf8(chart_texts::findTitle));
     m_field->setMinimumWidth(wantedCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     auto* form = new QFormLayout;

@@ -15,13 +15,12 @@
 namespace chengheng {
 namespace {
 
-constexpr int printRangeTemplate = 131;
 constexpr int fieldCharacters = 24;
 
 }  // namespace
 
 PrintRangeWindow::PrintRangeWindow(int levels, QWidget* parent)
-    : CNxMiddleDialog(printRangeTemplate, parent), m_levels(std::max(1, levels)) {
+    : CNxMiddleDialog(parent), m_levels(std::max(1, levels)) {
     setWindowTitle(shown(account_dialog_texts::rangeTitle));
     buildControls();
 }

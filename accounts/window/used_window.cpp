@@ -19,7 +19,6 @@
 namespace chengheng {
 namespace {
 
-constexpr int usedTemplate = 128;
 constexpr QSize usedWindowSize(800, 420);
 constexpr int placesWidth = 180;
 constexpr int columnCharacters = 14;
@@ -68,7 +67,7 @@ class UseRows final : public GridModel {
 };
 
 UsedWindow::UsedWindow(std::string code, QWidget* parent)
-    : CNxMiddleDialog(usedTemplate, parent), m_code(std::move(code)) {
+    : CNxMiddleDialog(parent), m_code(std::move(code)) {
     setWindowTitle(shown(account_dialog_texts::usedTitle));
 }
 
