@@ -1,10 +1,6 @@
 #include "accounts/window/CNbCwBursarDlg.h"
 
-#include <fmt/format.h>
-
-#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QToolBar>
@@ -12,31 +8,33 @@
 #include <algorithm>
 
 #include "accounts/screen/chart_texts.h"
+#include "accounts/window/account_actions.h"
+#include "accounts/window/chart_files.h"
+#include "accounts/window/chart_finder.h"
+#include "accounts/window/chart_grid.h"
+#include "accounts/window/chart_heading.h"
 #include "accounts/window/chart_menus.h"
-#include "accounts/window/chart_model.h"
 #include "accounts/window/find_account_window.h"
+#include "accounts/window/print_range_window.h"
 #include "data/lookups/CGetData.h"
-#include "screen/fonts.h"
-#include "screen/grid/CVCF1.h"
 #include "screen/help/help_pages.h"
 #include "screen/help/help_window.h"
-#include "screen/search_bar.h"
 #include "screen/shown.h"
 #include "screen/wait_window.h"
 #include "session/host_globals.h"
 
 namespace chart_command = chengheng::chart_command;
 namespace chart_texts = chengheng::chart_texts;
+using chengheng::ChartGrid;
+using chengheng::CodeLevels;
 using chengheng::MessageIcon;
+using chengheng::ReportOutput;
 using chengheng::shown;
 
 namespace {
 
 constexpr int bursarTemplate = 124;
 constexpr QSize chartWindowSize(900, 620);
-constexpr int nameColumn = static_cast<int>(chengheng::ListColumn::name);
-constexpr int headingPixels = 12;
-constexpr int headingSpacing = 24;
 constexpr int margin = 8;
 // Where the rows begin: the pointer above or left of it is over headers.
 constexpr int rowsTop = 31;
@@ -51,7 +49,8 @@ CNbCwBursarDlg::CNbCwBursarDlg(QWidget* parent) : CNxMiddleDialog(bursarTemplate
     setWindowFlag(Qt::WindowMaximizeButtonHint);
 }
 
-CNbCwBursarDlg::~CNbCwBursarDlg() = default;
+// The grid goes before the accounts that it shows.
+CNbCwBursarDlg::~CNbCwBursarDlg() { delete m_grid; }
 
 bool CNbCwBursarDlg::OnCreate() {
     if (!SelectDatabase()) {
@@ -69,7 +68,6 @@ bool CNbCwBursarDlg::OnInitDialog() {
     }
     buildControls();
     connectGrid();
-    connectSearch();
     resize(chartWindowSize);
     OnInitMessage(chart_texts::allAccounts);
     m_grid->setFocus();
@@ -81,45 +79,27 @@ void CNbCwBursarDlg::buildControls() {
     m_tabs->setAccessibleName(shown(chart_texts::tabs));
     m_tabs->setExpanding(false);
     for (const std::string& tab : m_screen.tabs()) m_tabs->addTab(shown(tab));
-    m_model = std::make_unique<chengheng::ChartModel>(m_screen, m_search);
-    m_grid = new CVCF1(shown(chart_texts::title), CVCF1::Unit::row, this);
-    m_grid->setObjectName(QStringLiteral("chart"));
-    m_grid->setGridModel(m_model.get());
-    m_grid->horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
-    m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_grid = new chengheng::ChartGrid(m_screen, this);
+    m_heading = new chengheng::ChartHeading(this);
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(margin, 0, margin, margin);
     m_commands = std::make_unique<chengheng::WindowCommands>(*this, chengheng::chartMenus);
     rows->addWidget(
         m_commands->makeToolBar(shown(chart_texts::toolBar), chengheng::chartToolButtons));
-    rows->addWidget(buildHeading());
+    rows->addWidget(m_heading);
     rows->addWidget(m_tabs);
     rows->addWidget(m_grid, 1);
     rows->setSpacing(0);
-    setTabOrder(m_grid, m_searchBar);
-    setTabOrder(m_searchBar, m_tabs);
-}
-
-QWidget* CNbCwBursarDlg::buildHeading() {
-    auto* heading = new QWidget(this);
-    auto* line = new QHBoxLayout(heading);
-    line->setContentsMargins(margin / 2, margin, margin / 2, margin);
-    line->setSpacing(headingSpacing);
-    for (QLabel** label : {&m_levelLengths, &m_accountCount}) {
-        *label = new QLabel(heading);
-        (*label)->setFont(chengheng::pictureFont(headingPixels));
-        (*label)->setTextFormat(Qt::PlainText);
-        line->addWidget(*label);
-    }
-    line->addStretch(1);
-    m_searchBar = new chengheng::SearchBar(shown(chart_texts::searchLabel),
-                                           shown(chart_texts::searchHint), heading);
-    line->addWidget(m_searchBar);
-    return heading;
+    setTabOrder(m_grid, &m_heading->searchBar());
+    setTabOrder(&m_heading->searchBar(), m_tabs);
 }
 
 void CNbCwBursarDlg::connectGrid() {
+    m_actions = std::make_unique<chengheng::AccountActions>(messages(), *m_grid,
+                                                            CodeLevels(m_levelPattern));
+    connect(m_grid, &ChartGrid::listed, this, [this] { reflectAccounts(); });
+    m_finder = std::make_unique<chengheng::ChartFinder>(m_heading->searchBar(), *m_grid);
     connect(m_tabs, &QTabBar::currentChanged, this,
             [this](int tab) { guarded([&] { OnCommand(chart_command::allAccounts + tab); })(); });
     connect(m_grid, &CVCF1::clicked, this,
@@ -135,46 +115,12 @@ void CNbCwBursarDlg::connectGrid() {
     });
 }
 
-void CNbCwBursarDlg::connectSearch() {
-    using chengheng::SearchBar;
-    connect(m_grid, &CVCF1::textTyped, m_searchBar, &SearchBar::takeOver);
-    connect(m_searchBar, &SearchBar::textChanged, this, [this](const QString& text) {
-        m_model->search(text.toStdString());
-        goToMatch(m_search.matchFrom(std::max(0, m_grid->currentRow())));
-    });
-    connect(m_searchBar, &SearchBar::nextWanted, this,
-            [this] { goToMatch(m_search.matchFrom(m_grid->currentRow() + 1)); });
-    connect(m_searchBar, &SearchBar::previousWanted, this,
-            [this] { goToMatch(m_search.matchBefore(m_grid->currentRow())); });
-    connect(m_searchBar, &SearchBar::left, this, [this] { m_grid->setFocus(); });
-}
-
-void CNbCwBursarDlg::goToMatch(int row) {
-    if (row >= 0) m_grid->setCurrentRow(row);
-    showSearchResult();
-}
-
-void CNbCwBursarDlg::showSearchResult() {
-    std::string result;
-    if (m_search.isActive()) {
-        result = m_search.matchCount() == 0
-                     ? chart_texts::searchNothing
-                     : fmt::format(fmt::runtime(chart_texts::searchResult),
-                                   m_search.numberOf(m_grid->currentRow()), m_search.matchCount());
-    }
-    m_searchBar->setResult(shown(result));
-}
-
 std::string CNbCwBursarDlg::activeCategory() const {
     return m_screen.tabs()[static_cast<std::size_t>(m_tabs->currentIndex())];
 }
 
-std::string CNbCwBursarDlg::currentCode() const { return m_screen.codeAt(m_grid->currentRow()); }
-
 void CNbCwBursarDlg::OnInitMessage(const std::string& category) {
-    if (!m_model->load(category)) TellFailure();
-    m_grid->setCurrentRow(0);
-    reflectAccounts();
+    if (!m_grid->list(category)) TellFailure();
 }
 
 void CNbCwBursarDlg::reflectAccounts() {
@@ -185,15 +131,9 @@ void CNbCwBursarDlg::reflectAccounts() {
             m_commands->setEnabled(item.command, !isIdle);
         }
     }
-    showSearchResult();
 }
 
-void CNbCwBursarDlg::OnPaint() {
-    m_levelLengths->setText(
-        shown(fmt::format(fmt::runtime(chart_texts::levelLengths), m_levelPattern)));
-    m_accountCount->setText(
-        shown(fmt::format(fmt::runtime(chart_texts::accountCount), m_screen.countText())));
-}
+void CNbCwBursarDlg::OnPaint() { m_heading->showFacts(m_levelPattern, m_screen.countText()); }
 
 void CNbCwBursarDlg::listActiveCategory() { OnInitMessage(activeCategory()); }
 
@@ -247,6 +187,27 @@ bool CNbCwBursarDlg::OnCommand(int command) {
     return true;
 }
 
+void CNbCwBursarDlg::OnMenuInsert() { m_actions->add(activeCategory()); }
+void CNbCwBursarDlg::OnMenuCopy() { m_actions->addCopy(); }
+void CNbCwBursarDlg::OnMenuModify() { m_actions->modify(); }
+void CNbCwBursarDlg::OnMenuDelete() { m_actions->remove(); }
+void CNbCwBursarDlg::OnMenuAppoint() { m_actions->designate(); }
+void CNbCwBursarDlg::OnMenuWhereUsed() { m_actions->showUses(); }
+
+void CNbCwBursarDlg::OnMenuImport() {
+    if (chengheng::importFromChosenFile(messages(), this)) listActiveCategory();
+}
+
+void CNbCwBursarDlg::OnMenuExport() { chengheng::exportToChosenFile(messages(), this); }
+
+void CNbCwBursarDlg::printChart(ReportOutput output) {
+    chengheng::PrintRangeWindow window(CodeLevels(m_levelPattern).count(), this);
+    if (window.DoModal() != Accepted) return;
+    chengheng::printList(chengheng::chartList(window.range()), output, messages());
+}
+
+void CNbCwBursarDlg::OnMenuPrint() { printChart(ReportOutput::print); }
+void CNbCwBursarDlg::OnMenuPreview() { printChart(ReportOutput::preview); }
 void CNbCwBursarDlg::OnMenuExit() { EndDialog(Rejected); }
 
 void CNbCwBursarDlg::OnMenuFind() {
@@ -291,7 +252,7 @@ void CNbCwBursarDlg::OnDblClickVcf1ctrlInfoitem() {
 
 void CNbCwBursarDlg::OnKeyDownVcf1ctrlInfoitem(int key) {
     m_isEnterDown = isEnter(key);
-    showSearchResult();
+    m_finder->showResult();
 }
 
 void CNbCwBursarDlg::OnKeyUpVcf1ctrlInfoitem(int key) {
@@ -301,7 +262,7 @@ void CNbCwBursarDlg::OnKeyUpVcf1ctrlInfoitem(int key) {
     if (isOwnEnter && m_grid->currentRow() >= 0) OnDblClickVcf1ctrlInfoitem();
 }
 
-void CNbCwBursarDlg::OnMouseDownVcf1ctrlInfoitem() { showSearchResult(); }
+void CNbCwBursarDlg::OnMouseDownVcf1ctrlInfoitem() { m_finder->showResult(); }
 
 void CNbCwBursarDlg::OnMouseMoveVcf1ctrlInfoitem(QPoint position) {
     // Headers stand above the rows; the rows' own pixels begin below them.
@@ -314,6 +275,6 @@ void CNbCwBursarDlg::OnMouseMoveVcf1ctrlInfoitem(QPoint position) {
 void CNbCwBursarDlg::PostNcDestroy() {
     const bool isLoaded = CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) >= 0;
     // A window that did not open has said why, and has changed nothing.
-    if (!isLoaded && m_model) TellFailure();
+    if (!isLoaded && m_grid != nullptr) TellFailure();
     CNxMiddleDialog::PostNcDestroy();
 }

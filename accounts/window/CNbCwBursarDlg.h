@@ -4,19 +4,16 @@
 #include <string>
 
 #include "accounts/screen/chart_screen.h"
-#include "accounts/screen/chart_search.h"
 #include "report/output/report_printer.h"
 #include "screen/CNxMiddleDialog.h"
 #include "screen/module_export.h"
-#include "session/record_change.h"
 
-class CVCF1;
-class QLabel;
 class QTabBar;
 namespace chengheng {
-class AccountForm;
-class ChartModel;
-class SearchBar;
+class AccountActions;
+class ChartFinder;
+class ChartGrid;
+class ChartHeading;
 class WindowCommands;
 }  // namespace chengheng
 
@@ -80,37 +77,22 @@ class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
 
   private:
     void buildControls();
-    QWidget* buildHeading();
     void connectGrid();
-    void connectSearch();
     std::string activeCategory() const;
-    std::string currentCode() const;
     void listActiveCategory();
     void showTab(int tab);
     void reflectAccounts();
-    void listAgain();
-    /// Whether the account is there; the operator is told when it is not.
-    bool isStillThere(const std::string& code);
-    /// Whether reading the account was done; the operator is told when it was not.
-    bool isRead(chengheng::Outcome outcome, const std::string& code);
-    void tellGone(const std::string& code);
-    void runAccountWindow(chengheng::AccountForm& form);
-    void showSaved(const _CodeInfo& account);
     void printChart(chengheng::ReportOutput output);
-    void goToMatch(int row);
-    void showSearchResult();
 
     chengheng::ChartScreen m_screen;
-    chengheng::ChartSearch m_search{m_screen};
-    std::unique_ptr<chengheng::ChartModel> m_model;
     std::unique_ptr<chengheng::WindowCommands> m_commands;
+    std::unique_ptr<chengheng::ChartFinder> m_finder;
+    std::unique_ptr<chengheng::AccountActions> m_actions;
     std::string m_levelPattern;
     bool m_swallowsKeyUp = false;
     bool m_isEnterDown = false;
 
     QTabBar* m_tabs = nullptr;
-    CVCF1* m_grid = nullptr;
-    QLabel* m_levelLengths = nullptr;
-    QLabel* m_accountCount = nullptr;
-    chengheng::SearchBar* m_searchBar = nullptr;
+    chengheng::ChartGrid* m_grid = nullptr;
+    chengheng::ChartHeading* m_heading = nullptr;
 };

@@ -1,0 +1,79 @@
+#include "accounts/window/account_actions.h"
+
+#include "accounts/chart/account_texts.h"
+#include "accounts/window/account_window.h"
+#include "accounts/window/designation_window.h"
+#include "accounts/window/used_window.h"
+#include "data/lookups/existence.h"
+#include "session/last_failure.h"
+#include "session/open_books.h"
+
+namespace chengheng {
+
+bool AccountActions::isStillThere(const std::string& code) {
+    const int existence = selectOpenBooks() ? CodeIsExist(code) : -1;
+    if (existence < 0) return isRead(Outcome::failed, code);
+    return isRead(existence == 0 ? Outcome::done : Outcome::stale, code);
+}
+
+bool AccountActions::isRead(Outcome outcome, const std::string& code) {
+    if (outcome == Outcome::failed) m_messages.tell(lastFailureNotice());
+    if (outcome == Outcome::stale) tellGone(code);
+    return outcome == Outcome::done;
+}
+
+void AccountActions::tellGone(const std::string& code) {
+    m_messages.tell({.text = account_texts::deletedMeanwhile(code)});
+    listAnew();
+}
+
+void AccountActions::listAnew() {
+    if (!m_grid.listAnew()) m_messages.tell(lastFailureNotice());
+}
+
+void AccountActions::runWindow(AccountForm& form) {
+    AccountWindow window(form,
+                         {.saved = [this](const _CodeInfo& account) { m_grid.place(account); },
+                          .moved = [this](const std::string& code) { m_grid.goToCode(code); }},
+                         m_grid.window());
+    window.DoModal();
+    if (window.hasMetForeignChange()) listAnew();
+    m_grid.viewport()->update();
+    m_grid.setFocus();
+}
+
+void AccountActions::add(const std::string& className) {
+    AccountForm form = newForm();
+    const std::string code = m_grid.currentCode();
+    if (isRead(form.beginNew(code, className), code)) runWindow(form);
+}
+
+void AccountActions::addCopy() {
+    const std::string code = m_grid.currentCode();
+    if (!isStillThere(code)) return;
+    AccountForm form = newForm();
+    if (isRead(form.beginCopy(code), code)) runWindow(form);
+}
+
+void AccountActions::modify() {
+    const std::string code = m_grid.currentCode();
+    if (!isStillThere(code)) return;
+    AccountForm form = newForm();
+    if (isRead(form.beginModification(code), code)) runWindow(form);
+}
+
+void AccountActions::remove() {
+    const std::string code = m_grid.currentCode();
+    const std::string name = m_grid.screen().text(m_grid.currentRow(), ListColumn::name);
+    const AccountChange change = AccountService(m_messages, m_levels).remove(code, name);
+    if (change.outcome == Outcome::stale) tellGone(code);
+    if (change.outcome == Outcome::done) m_grid.removeCurrent();
+}
+
+void AccountActions::designate() {
+    if (DesignationWindow(m_grid.window()).DoModal() == QDialog::Accepted) listAnew();
+}
+
+void AccountActions::showUses() { UsedWindow(m_grid.currentCode(), m_grid.window()).DoModal(); }
+
+}  // namespace chengheng

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "accounts/codes/code_levels.h"
+#include "accounts/screen/account_form.h"
+#include "accounts/window/chart_grid.h"
+
+namespace chengheng {
+
+/// What an operator does to single accounts of the chart, most of it to the current one. Dialogs
+/// come up over the window of the grid, which shows at once what has changed.
+class AccountActions {
+  public:
+    /// The messages and the grid outlive the actions.
+    AccountActions(IMessages& messages, ChartGrid& grid, const CodeLevels& levels)
+        : m_messages(messages), m_grid(grid), m_levels(levels) {}
+
+    /// Adds accounts, the first one of a class and below the current account.
+    void add(const std::string& className);
+    void addCopy();
+    void modify();
+    void remove();
+    void designate();
+    void showUses();
+
+    /// Lists the tab anew; what keeps it from being read is told.
+    void listAnew();
+
+  private:
+    AccountForm newForm() { return {m_messages, m_levels, m_grid.screen()}; }
+    /// Whether the account is there; the operator is told when it is not.
+    bool isStillThere(const std::string& code);
+    /// Whether reading the account was done; the operator is told when it was not.
+    bool isRead(Outcome outcome, const std::string& code);
+    void tellGone(const std::string& code);
+    void runWindow(AccountForm& form);
+
+    IMessages& m_messages;
+    ChartGrid& m_grid;
+    CodeLevels m_levels;
+};
+
+}  // namespace chengheng

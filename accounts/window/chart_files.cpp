@@ -1,0 +1,36 @@
+#include "accounts/window/chart_files.h"
+
+#include <fmt/format.h>
+
+#include <QDialog>
+#include <QFileDialog>
+
+#include "accounts/transfer/chart_import.h"
+#include "accounts/transfer/import_texts.h"
+#include "accounts/window/import_window.h"
+#include "screen/shown.h"
+
+namespace chengheng {
+
+bool importFromChosenFile(IMessages& messages, QWidget* window) {
+    const std::string file = QFileDialog::getOpenFileName(window, shown(import_texts::openTitle),
+                                                          {}, shown(import_texts::fileFilter),
+                                                          nullptr, QFileDialog::DontUseNativeDialog)
+                                 .toStdString();
+    if (file.empty()) return false;
+    ChartImport import(messages);
+    const auto plan = import.plan(file);
+    return plan && ImportWindow(import, *plan, file, window).DoModal() == QDialog::Accepted;
+}
+
+void exportToChosenFile(IMessages& messages, QWidget* window) {
+    const std::string file = QFileDialog::getSaveFileName(window, shown(import_texts::saveTitle),
+                                                          shown(import_texts::defaultFile),
+                                                          shown(import_texts::fileFilter), nullptr,
+                                                          QFileDialog::DontUseNativeDialog)
+                                 .toStdString();
+    if (file.empty() || exportChart(messages, file) != Outcome::done) return;
+    messages.tell({.text = fmt::format(import_texts::exported, file)});
+}
+
+}  // namespace chengheng

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+
+#include "accounts/window/chart_grid.h"
+#include "screen/search_bar.h"
+
+namespace chengheng {
+
+/// Goes to the accounts that match what is typed into the search bar, or into the grid, and says
+/// which of the matches the operator stands on.
+class ChartFinder final : public QObject {
+    Q_OBJECT
+
+  public:
+    ChartFinder(SearchBar& bar, ChartGrid& grid);
+
+    /// The operator stands elsewhere, or other accounts are listed.
+    void showResult();
+
+  private:
+    void goTo(int row);
+
+    SearchBar& m_bar;
+    ChartGrid& m_grid;
+};
+
+}  // namespace chengheng

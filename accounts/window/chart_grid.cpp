@@ -1,0 +1,56 @@
+#include "accounts/window/chart_grid.h"
+
+#include <QHeaderView>
+#include <algorithm>
+
+#include "accounts/screen/chart_texts.h"
+#include "screen/shown.h"
+
+namespace chengheng {
+namespace {
+
+constexpr int nameColumn = static_cast<int>(ListColumn::name);
+
+}  // namespace
+
+ChartGrid::ChartGrid(ChartScreen& screen, QWidget* parent)
+    : CVCF1(shown(chart_texts::title), Unit::row, parent),
+      m_screen(screen),
+      m_search(screen),
+      m_model(screen, m_search) {
+    setObjectName(QStringLiteral("chart"));
+    setGridModel(&m_model);
+    horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+bool ChartGrid::list(std::string_view category) {
+    const bool isRead = m_model.load(category);
+    setCurrentRow(0);
+    emit listed();
+    return isRead;
+}
+
+bool ChartGrid::listAnew() {
+    const int row = currentRow();
+    const bool isRead = m_model.load(std::string(m_screen.category()));
+    stayAt(row);
+    emit listed();
+    return isRead;
+}
+
+void ChartGrid::place(const _CodeInfo& account) {
+    setCurrentRow(m_model.place(account));
+    emit listed();
+}
+
+void ChartGrid::removeCurrent() {
+    const int row = currentRow();
+    m_model.remove(row);
+    stayAt(row);
+    emit listed();
+}
+
+void ChartGrid::stayAt(int row) { setCurrentRow(std::min(row, m_model.rowCount() - 1)); }
+
+}  // namespace chengheng
