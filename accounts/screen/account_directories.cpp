@@ -1,6 +1,6 @@
 #include "accounts/screen/account_directories.h"
 
-#include "accounts/screen/account_dialog_texts.h"
+#include "accounts/screen/chart_texts.h"
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
 
@@ -23,13 +23,13 @@ Entries read(std::string Record::*code, std::string Record::*name) {
 const char* titleOf(AccountDirectory directory) {
     switch (directory) {
         case AccountDirectory::persons:
-            return account_dialog_texts::persons;
+            return chart_texts::persons;
         case AccountDirectory::departments:
-            return account_dialog_texts::departments;
+            return chart_texts::departments;
         case AccountDirectory::projects:
-            return account_dialog_texts::projects;
+            return chart_texts::projects;
         case AccountDirectory::units:
-            return account_dialog_texts::units;
+            return chart_texts::units;
     }
     return "";
 }

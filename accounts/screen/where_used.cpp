@@ -7,6 +7,7 @@
 #include "accounts/chart/account_texts.h"
 #include "accounts/chart/stored_chart.h"
 #include "accounts/chart/where_used_sql.h"
+#include "accounts/screen/chart_texts.h"
 #include "base/values/numbers.h"
 #include "data/access/host_database.h"
 #include "data/lookups/one_cell.h"
@@ -22,32 +23,31 @@ struct UseColumn {
     Shown shown = Shown::asItIs;
 };
 
-constexpr UseColumn voucherColumns[]{{account_texts::codeColumn},
-                                     {account_texts::periodColumn},
-                                     {account_texts::dateColumn},
-                                     {account_texts::signColumn},
-                                     {account_texts::numberColumn},
-                                     {account_texts::digestColumn},
-                                     {account_texts::directionColumn, Shown::direction},
-                                     {account_texts::amountColumn, Shown::amount}};
-constexpr UseColumn sumColumns[]{{account_texts::codeColumn},
-                                 {account_texts::periodColumn},
-                                 {account_texts::openingColumn, Shown::amount},
-                                 {account_texts::debitColumn, Shown::amount},
-                                 {account_texts::creditColumn, Shown::amount}};
-constexpr UseColumn frequentColumns[]{{account_texts::codeColumn},
-                                      {account_texts::frequentColumn},
-                                      {account_texts::digestColumn},
-                                      {account_texts::directionColumn, Shown::direction},
-                                      {account_texts::amountColumn, Shown::amount}};
-constexpr UseColumn digestColumns[]{{account_texts::codeColumn}, {account_texts::digestColumn}};
-constexpr UseColumn transferColumns[]{{account_texts::codeColumn},
-                                      {account_texts::transferColumn},
-                                      {account_texts::digestColumn},
-                                      {account_texts::directionColumn, Shown::direction}};
-constexpr UseColumn projectColumns[]{{account_texts::codeColumn},
-                                     {account_texts::projectCodeColumn},
-                                     {account_texts::projectColumn}};
+constexpr UseColumn voucherColumns[]{{chart_texts::codeColumn},
+                                     {chart_texts::periodColumn},
+                                     {chart_texts::dateColumn},
+                                     {chart_texts::signColumn},
+                                     {chart_texts::numberColumn},
+                                     {chart_texts::digestColumn},
+                                     {chart_texts::directionColumn, Shown::direction},
+                                     {chart_texts::amountColumn, Shown::amount}};
+constexpr UseColumn sumColumns[]{{chart_texts::codeColumn},
+                                 {chart_texts::periodColumn},
+                                 {chart_texts::openingColumn, Shown::amount},
+                                 {chart_texts::debitColumn, Shown::amount},
+                                 {chart_texts::creditColumn, Shown::amount}};
+constexpr UseColumn frequentColumns[]{{chart_texts::codeColumn},
+                                      {chart_texts::frequentColumn},
+                                      {chart_texts::digestColumn},
+                                      {chart_texts::directionColumn, Shown::direction},
+                                      {chart_texts::amountColumn, Shown::amount}};
+constexpr UseColumn digestColumns[]{{chart_texts::codeColumn}, {chart_texts::digestColumn}};
+constexpr UseColumn transferColumns[]{{chart_texts::codeColumn},
+                                      {chart_texts::transferColumn},
+                                      {chart_texts::digestColumn},
+                                      {chart_texts::directionColumn, Shown::direction}};
+constexpr UseColumn projectColumns[]{
+    {chart_texts::codeColumn}, {chart_texts::projectCodeColumn}, {chart_texts::projectColumn}};
 
 std::span<const UseColumn> columnsOf(UsePlace place) {
     switch (place) {

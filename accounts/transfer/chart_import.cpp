@@ -8,7 +8,7 @@
 #include "accounts/changing/account_locks.h"
 #include "accounts/changing/chart_writing.h"
 #include "accounts/chart/account_sql.h"
-#include "accounts/chart/account_texts.h"
+#include "accounts/transfer/import_texts.h"
 #include "base/values/text.h"
 #include "data/access/host_database.h"
 #include "session/open_books.h"
@@ -18,7 +18,7 @@
 namespace chengheng {
 namespace {
 
-namespace texts = account_texts;
+namespace texts = import_texts;
 
 constexpr std::size_t rowsAtOnce = 500;
 
@@ -110,10 +110,9 @@ std::optional<ImportPlan> ChartImport::plan(const Sheet& sheet, const std::strin
 
 Outcome ChartImport::apply(const ImportPlan& plan, const ImportProgress& progress) {
     const std::size_t refused = plan.count(RowFate::refused);
-    if (refused > 0)
-        return told(m_messages, refusal(fmt::format(fmt::runtime(texts::rowsRefused), refused)));
+    if (refused > 0) return told(m_messages, refusal(fmt::format(texts::rowsRefused, refused)));
     if (const std::size_t asked = rowsWithQuestions(plan); asked > 0) {
-        const Question question{.text = fmt::format(fmt::runtime(texts::askAcceptance), asked),
+        const Question question{.text = fmt::format(texts::askAcceptance, asked),
                                 .buttons = AnswerButtons::okCancel,
                                 .icon = MessageIcon::stop,
                                 .preset = Answer::cancel};
@@ -134,8 +133,7 @@ Result ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportProgress
 
 Outcome exportChart(IMessages& messages, const std::string& path) {
     if (!isSheetName(path))
-        return told(messages,
-                    refusal(fmt::format(fmt::runtime(sheet_texts::fileKindUnknown), path)));
+        return told(messages, refusal(fmt::format(sheet_texts::fileKindUnknown, path)));
     ChartState state;
     if (!selectOpenBooks() || !readChartState(*g_pDB, state))
         return told(messages, Result::failed());

@@ -7,17 +7,18 @@
 #include "accounts/chart/account_entry.h"
 #include "accounts/chart/account_texts.h"
 #include "accounts/codes/code_levels.h"
+#include "accounts/transfer/import_texts.h"
 #include "base/values/text.h"
 
 namespace chengheng {
 namespace {
 
-namespace texts = account_texts;
+namespace texts = import_texts;
 
 constexpr std::array<ChartColumn, chartFieldCount> columns{{
     {ChartField::level, texts::levelColumn, "level"},
-    {ChartField::code, texts::codeColumn, "code"},
-    {ChartField::name, texts::nameColumn, "name"},
+    {ChartField::code, account_texts::codeColumn, "code"},
+    {ChartField::name, account_texts::nameColumn, "name"},
     {ChartField::className, texts::classColumn, "class"},
     {ChartField::direction, texts::balanceColumn, "direction"},
     {ChartField::page, texts::pageColumn, "page"},
@@ -82,7 +83,7 @@ SheetRow rowOf(const _CodeInfo& account, std::span<const _CyrencyInfo> currencie
         account.sCode,
         indentedName(account.sName, account.byGrade),
         account.sType,
-        account.bDirect != 0 ? texts::debit : texts::credit,
+        account.bDirect != 0 ? account_texts::debit : account_texts::credit,
         account.sPage,
         account.sHelp,
         symbolOf(account.byExchId, currencies),

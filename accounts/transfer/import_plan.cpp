@@ -7,6 +7,7 @@
 #include "accounts/chart/account_texts.h"
 #include "accounts/rules/account_checks.h"
 #include "accounts/rules/account_record.h"
+#include "accounts/transfer/import_texts.h"
 #include "accounts/transfer/planned_chart.h"
 #include "accounts/transfer/row_entry.h"
 #include "base/values/text.h"
@@ -14,7 +15,7 @@
 namespace chengheng {
 namespace {
 
-namespace texts = account_texts;
+namespace texts = import_texts;
 
 /// The column that shows a field of the dialog.
 ChartField columnOfField(const std::string& field) {
@@ -69,7 +70,7 @@ class ImportPlanner {
         planned.name = entry.name;
         const bool isRepeated = !planned.code.empty() && !m_seen.insert(planned.code).second;
         if (isRepeated) {
-            refuse(planned, texts::codeNotUnique, ChartField::code);
+            refuse(planned, account_texts::codeNotUnique, ChartField::code);
         } else if (existing) {
             planChange(*existing, tidied(entry), unread, planned);
         } else {
@@ -81,7 +82,7 @@ class ImportPlanner {
     /// A new account has the class of its parent and the plainest page until its row says
     /// otherwise.
     AccountEntry newEntry(const std::string& code) {
-        AccountEntry entry{.page = texts::ledgerPages.front()};
+        AccountEntry entry{.page = account_texts::ledgerPages.front()};
         if (const auto parent = m_chart.accountOf(m_levels.parentOf(code)))
             entry.className = parent->sType;
         return entry;

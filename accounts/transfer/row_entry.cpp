@@ -8,13 +8,13 @@
 #include "accounts/chart/account_texts.h"
 #include "accounts/codes/code_levels.h"
 #include "accounts/codes/mnemonic.h"
+#include "accounts/transfer/import_texts.h"
 #include "base/values/text.h"
 
 namespace chengheng {
 namespace {
 
-namespace texts = account_texts;
-using Refusal = std::optional<CellRefusal>;
+namespace texts = import_texts;
 
 constexpr std::array<std::string_view, 6> yesWords{texts::yes, "√", "1", "y", "yes", "true"};
 constexpr std::array<std::string_view, 6> noWords{texts::no, "", "0", "n", "no", "false"};
@@ -26,10 +26,6 @@ std::optional<std::string> cellOf(const ChartRow& row, ChartField field) {
     return std::string(withoutBlanksAround(*cell));
 }
 
-Refusal unknown(ChartField field, const char* words, const std::string& cell) {
-    return CellRefusal{field, fmt::format(fmt::runtime(words), cell)};
-}
-
 /// The name without the indentation that an exported chart gives it, and without any other
 /// unless the account is named so.
 std::string nameOf(const std::string& cell, const std::string& nameBefore, int grade) {
@@ -37,26 +33,28 @@ std::string nameOf(const std::string& cell, const std::string& nameBefore, int g
     return std::string(withoutBlanksAround(cell));
 }
 
-Refusal readClass(const ChartRow& row, const ChartState& state, AccountEntry& entry) {
+std::optional<CellRefusal> readClass(const ChartRow& row, const ChartState& state,
+                                     AccountEntry& entry) {
     const auto cell = cellOf(row, ChartField::className);
     if (cell && !cell->empty()) entry.className = *cell;
     const auto found =
         std::ranges::find(state.classes, entry.className, &_zCodeClassInfo::sClsName);
     if (found != state.classes.end()) return std::nullopt;
     if (entry.className.empty()) return CellRefusal{ChartField::className, texts::classMissing};
-    return unknown(ChartField::className, texts::classUnknown, entry.className);
+    return CellRefusal{ChartField::className, fmt::format(texts::classUnknown, entry.className)};
 }
 
-Refusal readDirection(const ChartRow& row, AccountEntry& entry) {
+std::optional<CellRefusal> readDirection(const ChartRow& row, AccountEntry& entry) {
     const auto cell = cellOf(row, ChartField::direction);
     if (!cell || cell->empty()) return std::nullopt;
-    if (*cell != texts::debit && *cell != texts::credit)
-        return unknown(ChartField::direction, texts::directionUnknown, *cell);
-    entry.direction = static_cast<std::int16_t>(*cell == texts::debit ? 1 : 0);
+    if (*cell != account_texts::debit && *cell != account_texts::credit)
+        return CellRefusal{ChartField::direction, fmt::format(texts::directionUnknown, *cell)};
+    entry.direction = static_cast<std::int16_t>(*cell == account_texts::debit ? 1 : 0);
     return std::nullopt;
 }
 
-Refusal readCurrency(const ChartRow& row, const ChartState& state, AccountEntry& entry) {
+std::optional<CellRefusal> readCurrency(const ChartRow& row, const ChartState& state,
+                                        AccountEntry& entry) {
     const auto cell = cellOf(row, ChartField::currency);
     if (!cell) return std::nullopt;
     entry.keepsForeign = !cell->empty();
@@ -66,7 +64,7 @@ Refusal readCurrency(const ChartRow& row, const ChartState& state, AccountEntry&
         return isSameInAnyCase(currency.sExchCode, *cell) || currency.sExchName == *cell;
     });
     if (found == state.currencies.end())
-        return unknown(ChartField::currency, texts::currencyUnknown, *cell);
+        return CellRefusal{ChartField::currency, fmt::format(texts::currencyUnknown, *cell)};
     entry.currencyId = found->lId;
     return std::nullopt;
 }
@@ -76,22 +74,22 @@ bool isOneOf(std::span<const std::string_view> words, std::string_view cell) {
         words, [cell](std::string_view word) { return isSameInAnyCase(cell, word); });
 }
 
-Refusal readSwitch(const ChartRow& row, ChartField field, bool& isOn) {
+std::optional<CellRefusal> readSwitch(const ChartRow& row, ChartField field, bool& isOn) {
     const auto cell = cellOf(row, field);
     if (!cell) return std::nullopt;
     isOn = isOneOf(yesWords, *cell);
     if (isOn || isOneOf(noWords, *cell)) return std::nullopt;
-    return unknown(field, texts::neitherYesNorNo, *cell);
+    return CellRefusal{field, fmt::format(texts::neitherYesNorNo, *cell)};
 }
 
-Refusal readQuantity(const ChartRow& row, AccountEntry& entry) {
+std::optional<CellRefusal> readQuantity(const ChartRow& row, AccountEntry& entry) {
     const auto unit = cellOf(row, ChartField::unit);
     if (unit) entry.unit = *unit;
     if (unit && !row.at(ChartField::quantity)) entry.keepsQuantity = !unit->empty();
     return readSwitch(row, ChartField::quantity, entry.keepsQuantity);
 }
 
-Refusal readBooks(const ChartRow& row, AuxiliaryBooks& books) {
+std::optional<CellRefusal> readBooks(const ChartRow& row, AuxiliaryBooks& books) {
     const std::pair<ChartField, bool*> switches[] = {
         {ChartField::byPerson, &books.byPerson},         {ChartField::byUnit, &books.byUnit},
         {ChartField::byDepartment, &books.byDepartment}, {ChartField::byProject, &books.byProject},
@@ -103,7 +101,8 @@ Refusal readBooks(const ChartRow& row, AuxiliaryBooks& books) {
 
 }  // namespace
 
-Refusal readRowEntry(const ChartRow& row, const ChartState& state, int grade, AccountEntry& entry) {
+std::optional<CellRefusal> readRowEntry(const ChartRow& row, const ChartState& state, int grade,
+                                        AccountEntry& entry) {
     entry.name = nameOf(row.at(ChartField::name).value_or(""), entry.name, grade);
     if (const auto page = cellOf(row, ChartField::page)) entry.page = *page;
     const auto mnemonic = cellOf(row, ChartField::mnemonic);

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "accounts/chart/account_texts.h"
-#include "accounts/screen/account_dialog_texts.h"
+#include "accounts/screen/chart_texts.h"
 #include "accounts/window/used_window.h"
 #include "data/access/host_database.h"
 #include "data/lookups/CGetData.h"
@@ -62,12 +62,9 @@ AccountWindow::AccountWindow(AccountForm& form, Observers observers, QWidget* pa
     m_ui->setupUi(this);
     setMinimumWidth(widthCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     const bool isAdding = form.isAdding();
-    setWindowTitle(
-        shown(isAdding ? account_dialog_texts::addTitle : account_dialog_texts::modifyTitle));
-    m_ui->confirm->setText(
-        shown(isAdding ? account_dialog_texts::addConfirm : account_dialog_texts::modifyConfirm));
-    m_ui->cancel->setText(
-        shown(isAdding ? account_dialog_texts::addCancel : account_dialog_texts::modifyCancel));
+    setWindowTitle(shown(isAdding ? chart_texts::addTitle : chart_texts::modifyTitle));
+    m_ui->confirm->setText(shown(isAdding ? chart_texts::addConfirm : chart_texts::modifyConfirm));
+    m_ui->cancel->setText(shown(isAdding ? chart_texts::addCancel : chart_texts::modifyCancel));
 }
 
 AccountWindow::~AccountWindow() = default;
@@ -126,7 +123,7 @@ void AccountWindow::connectButtons() {
     connectArrow(m_ui->previous, AccountForm::Step::previous);
     connectArrow(m_ui->next, AccountForm::Step::next);
     connectArrow(m_ui->last, AccountForm::Step::last);
-    m_ui->currencyBrowse->setAccessibleName(shown(account_dialog_texts::browseCurrency));
+    m_ui->currencyBrowse->setAccessibleName(shown(chart_texts::browseCurrency));
     connect(m_ui->currencyBrowse, &QToolButton::clicked, this,
             guarded([this] { browseCurrency(); }));
     for (const BookBox& book : bookBoxes) {
@@ -147,7 +144,7 @@ void AccountWindow::browseCurrency() {
     std::vector<PickerRow> rows;
     for (const _CyrencyInfo& currency : cachedCurrencies())
         rows.push_back({currency.sExchCode, currency.sExchName});
-    PickerWindow picker(shown(account_dialog_texts::browseCurrency), std::move(rows), this);
+    PickerWindow picker(shown(chart_texts::browseCurrency), std::move(rows), this);
     const int chosen = picker.choose(m_ui->byExchId->currentIndex());
     if (chosen >= 0) m_ui->byExchId->setCurrentIndex(chosen);
 }

@@ -3,36 +3,41 @@
 #include <span>
 
 #include "accounts/screen/chart_commands.h"
+#include "accounts/screen/chart_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
 
 inline constexpr MenuItemResource chartFileItems[] = {
-    {chart_command::print, "打印\tCtrl+P"},  {chart_command::preview, "打印预览"},    {0, ""},
-    {chart_command::importChart, "导入..."}, {chart_command::exportChart, "导出..."}, {0, ""},
-    {chart_command::exit, "退出"},
+    {chart_command::print, chart_texts::print},
+    {chart_command::preview, chart_texts::preview},
+    {0, ""},
+    {chart_command::importChart, chart_texts::importChart},
+    {chart_command::exportChart, chart_texts::exportChart},
+    {0, ""},
+    {chart_command::exit, chart_texts::exit},
 };
 inline constexpr MenuItemResource chartEditItems[] = {
-    {chart_command::insert, "增加\tCtrl+N"}, {chart_command::copy, "复制\tCtrl+I"},
-    {chart_command::remove, "删除\tCtrl+D"}, {chart_command::modify, "修改"},
-    {chart_command::appoint, "指定科目"},
+    {chart_command::insert, chart_texts::insert},   {chart_command::copy, chart_texts::copy},
+    {chart_command::remove, chart_texts::remove},   {chart_command::modify, chart_texts::modify},
+    {chart_command::appoint, chart_texts::appoint},
 };
 inline constexpr MenuItemResource chartViewItems[] = {
-    {chart_command::find, "查找\tCtrl+S"},
-    {chart_command::refurbish, "刷新"},
-    {chart_command::whereUsed, "使用情况"},
+    {chart_command::find, chart_texts::find},
+    {chart_command::refurbish, chart_texts::refurbish},
+    {chart_command::whereUsed, chart_texts::whereUsed},
 };
 inline constexpr MenuItemResource chartHelpItems[] = {
-    {chart_command::help, "帮助主题"},
-    {chart_command::search, "搜索"},
+    {chart_command::help, chart_texts::help},
+    {chart_command::search, chart_texts::search},
     {0, ""},
-    {chart_command::about, "关于..."},
+    {chart_command::about, chart_texts::about},
 };
 inline constexpr WindowMenu chartMenus[] = {
-    {"文件(&F)", chartFileItems},
-    {"编辑(&E)", chartEditItems},
-    {"查看(&V)", chartViewItems},
-    {"帮助(&H)", chartHelpItems},
+    {chart_texts::fileMenu, chartFileItems},
+    {chart_texts::editMenu, chartEditItems},
+    {chart_texts::viewMenu, chartViewItems},
+    {chart_texts::helpMenu, chartHelpItems},
 };
 
 inline constexpr ToolButton chartToolButtons[] = {

@@ -3,17 +3,18 @@
 #include <algorithm>
 #include <array>
 
+#include "accounts/screen/chart_texts.h"
 #include "screen/colours.h"
 
 namespace chengheng {
 namespace {
 
 constexpr std::array shownColumns{
-    GridColumn{"级\n次", 4, CellAlignment::centre},
-    GridColumn{"科目编码", 18},
-    GridColumn{"科目名称 ", 34},
-    GridColumn{"外币币种", 18},
-    GridColumn{"辅助核算", 11},
+    GridColumn{chart_texts::levelColumn, 4, CellAlignment::centre},
+    GridColumn{chart_texts::codeColumn, 18},
+    GridColumn{chart_texts::nameColumn, 34},
+    GridColumn{chart_texts::currencyColumn, 18},
+    GridColumn{chart_texts::auxiliaryColumn, 11},
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "accounts/screen/account_dialog_texts.h"
+#include "accounts/screen/chart_texts.h"
 #include "screen/resources.h"
 #include "screen/screen_texts.h"
 #include "screen/shown.h"
@@ -29,7 +29,7 @@ void fill(QComboBox* list, const DesignationChoices& choices, int chosen) {
 
 DesignationWindow::DesignationWindow(QWidget* parent)
     : CNxMiddleDialog(parent), m_service(messages()) {
-    setWindowTitle(shown(account_dialog_texts::designateTitle));
+    setWindowTitle(shown(chart_texts::designateTitle));
 }
 
 bool DesignationWindow::OnInitDialog() {
@@ -49,10 +49,10 @@ void DesignationWindow::buildControls() {
     m_bank = new QComboBox(this);
     for (QComboBox* list : {m_cash, m_bank})
         list->setMinimumWidth(listCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
-    form->addRow(shown(account_dialog_texts::designateCash), m_cash);
-    form->addRow(shown(account_dialog_texts::designateBank), m_bank);
+    form->addRow(shown(chart_texts::designateCash), m_cash);
+    form->addRow(shown(chart_texts::designateBank), m_bank);
     auto* buttons = new QDialogButtonBox(this);
-    auto* note = new QPushButton(shown(account_dialog_texts::designateNote), this);
+    auto* note = new QPushButton(shown(chart_texts::designateNote), this);
     note->hide();
     auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
     confirm->setDefault(true);

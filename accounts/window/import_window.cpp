@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <array>
 
+#include "accounts/chart/account_texts.h"
 #include "accounts/transfer/import_texts.h"
 #include "screen/shown.h"
 #include "screen/wait_window.h"
@@ -19,8 +20,8 @@ constexpr std::size_t paintedRows = 64;
 constexpr std::array planColumns{
     GridColumn{texts::rowColumn, 6, CellAlignment::number},
     GridColumn{texts::fateColumn, 8, CellAlignment::centre},
-    GridColumn{texts::codeColumn, 18},
-    GridColumn{texts::nameColumn, 30},
+    GridColumn{account_texts::codeColumn, 18},
+    GridColumn{account_texts::nameColumn, 30},
     GridColumn{texts::remarkColumn, 40},
 };
 

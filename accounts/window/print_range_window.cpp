@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "accounts/screen/account_dialog_texts.h"
+#include "accounts/screen/chart_texts.h"
 #include "screen/screen_texts.h"
 #include "screen/shown.h"
 
@@ -21,7 +21,7 @@ constexpr int fieldCharacters = 24;
 
 PrintRangeWindow::PrintRangeWindow(int levels, QWidget* parent)
     : CNxMiddleDialog(parent), m_levels(std::max(1, levels)) {
-    setWindowTitle(shown(account_dialog_texts::rangeTitle));
+    setWindowTitle(shown(chart_texts::rangeTitle));
     buildControls();
 }
 
@@ -31,7 +31,7 @@ void PrintRangeWindow::buildControls() {
     m_lastCode = new QLineEdit(this);
     for (QLineEdit* code : {m_firstCode, m_lastCode}) {
         code->setMinimumWidth(fieldCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
-        code->setPlaceholderText(shown(account_dialog_texts::rangeOpen));
+        code->setPlaceholderText(shown(chart_texts::rangeOpen));
     }
     m_firstLevel = new QSpinBox(this);
     m_lastLevel = new QSpinBox(this);
@@ -39,10 +39,10 @@ void PrintRangeWindow::buildControls() {
     m_lastLevel->setValue(m_levels);
     m_firstLevel->setObjectName(QStringLiteral("firstLevel"));
     m_lastLevel->setObjectName(QStringLiteral("lastLevel"));
-    form->addRow(shown(account_dialog_texts::rangeFirstCode), m_firstCode);
-    form->addRow(shown(account_dialog_texts::rangeLastCode), m_lastCode);
-    form->addRow(shown(account_dialog_texts::rangeFirstLevel), m_firstLevel);
-    form->addRow(shown(account_dialog_texts::rangeLastLevel), m_lastLevel);
+    form->addRow(shown(chart_texts::rangeFirstCode), m_firstCode);
+    form->addRow(shown(chart_texts::rangeLastCode), m_lastCode);
+    form->addRow(shown(chart_texts::rangeFirstLevel), m_firstLevel);
+    form->addRow(shown(chart_texts::rangeLastLevel), m_lastLevel);
     auto* buttons = new QDialogButtonBox(this);
     auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
     confirm->setDefault(true);
@@ -66,7 +66,7 @@ void PrintRangeWindow::OnOK() {
         EndDialog(Accepted);
         return;
     }
-    messages().tell({.text = account_dialog_texts::rangeReversed,
+    messages().tell({.text = chart_texts::rangeReversed,
                      .beep = true,
                      .focusField = m_lastLevel->objectName().toStdString()});
 }

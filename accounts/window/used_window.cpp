@@ -11,7 +11,7 @@
 #include <QStringListModel>
 #include <QVBoxLayout>
 
-#include "accounts/screen/account_dialog_texts.h"
+#include "accounts/screen/chart_texts.h"
 #include "screen/grid/CVCF1.h"
 #include "screen/grid/grid_model.h"
 #include "screen/shown.h"
@@ -68,7 +68,7 @@ class UseRows final : public GridModel {
 
 UsedWindow::UsedWindow(std::string code, QWidget* parent)
     : CNxMiddleDialog(parent), m_code(std::move(code)) {
-    setWindowTitle(shown(account_dialog_texts::usedTitle));
+    setWindowTitle(shown(chart_texts::usedTitle));
 }
 
 UsedWindow::~UsedWindow() = default;
@@ -85,25 +85,24 @@ bool UsedWindow::OnInitDialog() {
 }
 
 void UsedWindow::buildControls() {
-    const char* text =
-        m_sections.empty() ? account_dialog_texts::usedNowhere : account_dialog_texts::usedHeading;
-    auto* heading = new QLabel(shown(fmt::format(fmt::runtime(text), m_code)), this);
+    const std::string text = m_sections.empty() ? fmt::format(chart_texts::usedNowhere, m_code)
+                                                : fmt::format(chart_texts::usedHeading, m_code);
+    auto* heading = new QLabel(shown(text), this);
     heading->setTextFormat(Qt::PlainText);
     m_more = new QLabel(this);
     m_more->setTextFormat(Qt::PlainText);
     QStringList titles;
     for (const UseSection& section : m_sections)
-        titles.append(shown(fmt::format(fmt::runtime(account_dialog_texts::usedPlace),
-                                        section.title, section.count)));
+        titles.append(shown(fmt::format(chart_texts::usedPlace, section.title, section.count)));
     m_places = new QListView(this);
     m_places->setModel(new QStringListModel(titles, this));
     m_places->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_places->setAccessibleName(shown(account_dialog_texts::usedPlaces));
+    m_places->setAccessibleName(shown(chart_texts::usedPlaces));
     m_places->setFixedWidth(placesWidth);
-    m_grid = new CVCF1(shown(account_dialog_texts::usedRows), CVCF1::Unit::row, this);
+    m_grid = new CVCF1(shown(chart_texts::usedRows), CVCF1::Unit::row, this);
     m_grid->horizontalHeader()->setStretchLastSection(true);
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(shown(account_dialog_texts::close), QDialogButtonBox::RejectRole);
+    buttons->addButton(shown(chart_texts::close), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
     connect(m_places->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) { showPlace(current.row()); });
@@ -128,8 +127,7 @@ void UsedWindow::showPlace(int place) {
     m_grid->setCurrentRow(0);
     const int listed = m_rows->rowCount();
     m_more->setText(listed < section.count
-                        ? shown(fmt::format(fmt::runtime(account_dialog_texts::usedMore),
-                                            section.count, listed))
+                        ? shown(fmt::format(chart_texts::usedMore, section.count, listed))
                         : QString());
 }
 
