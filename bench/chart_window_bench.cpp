@@ -96,7 +96,7 @@ class ChartBench {
             require(m_screen.find(std::to_string(1000000 + m_books.accounts())).has_value(),
                     "finding");
         };
-        require(m_screen.load("资产"), "reading the accounts");
+        require(m_screen.load("资产").isDone(), "reading the accounts");
         report("find the last", 0.5);
     }
     void saving() {

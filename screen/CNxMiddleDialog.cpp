@@ -3,6 +3,6 @@
 #include "session/last_failure.h"
 #include "session/open_books.h"
 
-bool CNxMiddleDialog::SelectDatabase() { return chengheng::selectOpenBooks(); }
+bool CNxMiddleDialog::SelectDatabase() { return chengheng::selectOpenBooks().isDone(); }
 
 void CNxMiddleDialog::TellFailure() { messages().tell(chengheng::lastFailureNotice()); }

@@ -5,6 +5,9 @@
 
 namespace chengheng {
 
-bool selectOpenBooks() { return g_pDB != nullptr && g_pDB->DBSelect(g_lpszNbZwDBName) != 0; }
+Status selectOpenBooks() {
+    if (g_pDB == nullptr) return Status::of(Failure::notOpen);
+    return g_pDB->DBSelect(g_lpszNbZwDBName) != 0 ? Status::done() : g_pDB->lastStatus();
+}
 
 }  // namespace chengheng

@@ -130,20 +130,20 @@ AccountChange AccountService::remove(std::string_view code, std::string_view nam
     return change;
 }
 
-Outcome AccountService::find(std::string_view code, _CodeInfo& account) {
-    if (!selectOpenBooks()) return Outcome::failed;
+Status AccountService::find(std::string_view code, _CodeInfo& account) {
+    if (Status selected = selectOpenBooks(); !selected) return selected;
     StoredChart chart(*g_pDB);
     auto found = chart.accountOf(code);
-    if (!found) return chart.isRead() ? Outcome::stale : Outcome::failed;
-    account = std::move(*found);
-    return Outcome::done;
+    if (!found) return chart.isRead() ? Status::of(Failure::missing) : chart.status();
+    account = *std::move(found);
+    return Status::done();
 }
 
-std::optional<std::vector<_zCodeClassInfo>> AccountService::classes() {
-    if (!selectOpenBooks()) return std::nullopt;
+Status AccountService::readClasses(std::vector<_zCodeClassInfo>& classes) {
+    if (Status selected = selectOpenBooks(); !selected) return selected;
     StoredChart chart(*g_pDB);
-    auto classes = chart.classes();
-    return chart.isRead() ? std::optional(std::move(classes)) : std::nullopt;
+    classes = chart.classes();
+    return chart.status();
 }
 
 }  // namespace chengheng

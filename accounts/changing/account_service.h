@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,11 +41,10 @@ class AccountService {
     /// without a word.
     AccountChange remove(std::string_view code, std::string_view name);
 
-    /// Reads the account of a code as it is stored; stale when there is none, failed when it
-    /// cannot be read. Tells nothing.
-    static Outcome find(std::string_view code, _CodeInfo& account);
-    /// The account classes in the order of the list; nothing when they cannot be read.
-    static std::optional<std::vector<_zCodeClassInfo>> classes();
+    /// Reads the account of a code as it is stored; missing when there is none.
+    static Status find(std::string_view code, _CodeInfo& account);
+    /// Reads the account classes in the order of the list.
+    static Status readClasses(std::vector<_zCodeClassInfo>& classes);
 
   private:
     IMessages& m_messages;

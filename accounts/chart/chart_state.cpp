@@ -11,17 +11,17 @@ namespace chengheng {
 namespace {
 
 template <class Record>
-bool readAll(CNbCwDB& database, const char* condition, std::vector<Record>& records) {
+Status readAll(CNbCwDB& database, const char* condition, std::vector<Record>& records) {
     const RowLease<Record> lease(database, condition);
     records = lease.copy();
-    return lease.isRead();
+    return lease.isRead() ? Status::done() : database.lastStatus();
 }
 
-bool readIds(CNbCwDB& database, const std::string& select, std::unordered_set<int>& ids) {
+Status readIds(CNbCwDB& database, const std::string& select, std::unordered_set<int>& ids) {
     char** cells = nullptr;
     int columns = 0;
     int rows = 0;
-    if (database.QRYGetData(select, cells, columns, rows) != 0) return false;
+    if (database.QRYGetData(select, cells, columns, rows) != 0) return database.lastStatus();
     for (int row = 0; row < rows; ++row) {
         const char* const cell = cells[row * columns];
         int id = 0;
@@ -29,28 +29,27 @@ bool readIds(CNbCwDB& database, const std::string& select, std::unordered_set<in
         ids.insert(id);
     }
     database.QRYReleaseBuffer(cells, columns, rows);
-    return true;
+    return Status::done();
 }
 
-bool readUses(CNbCwDB& database, ChartState& state) {
-    for (std::size_t at = 0; at < usePlaces.size(); ++at)
-        if (!readIds(database, where_used_sql::accountsIn(usePlaces[at]), state.usedIn[at]))
-            return false;
-    return readIds(database, where_used_sql::accountsWithOpening, state.withOpening);
+Status readUses(CNbCwDB& database, ChartState& state) {
+    Status status = readIds(database, where_used_sql::accountsWithOpening, state.withOpening);
+    for (std::size_t at = 0; status && at < usePlaces.size(); ++at)
+        status = readIds(database, where_used_sql::accountsIn(usePlaces[at]), state.usedIn[at]);
+    return status;
 }
 
 }  // namespace
 
-bool readChartState(CNbCwDB& database, ChartState& state) {
+Status readChartState(CNbCwDB& database, ChartState& state) {
     state = {};
     std::vector<_zAccountMInfo> parameters;
-    const bool isRead = readAll(database, nullptr, parameters) &&
-                        readAll(database, account_sql::allClasses, state.classes) &&
-                        readAll(database, account_sql::allCurrencies, state.currencies) &&
-                        readAll(database, account_sql::all, state.accounts) &&
-                        readUses(database, state);
+    Status status = readAll(database, nullptr, parameters);
     if (!parameters.empty()) state.levelPattern = parameters.front().sCodeLen;
-    return isRead;
+    if (status) status = readAll(database, account_sql::allClasses, state.classes);
+    if (status) status = readAll(database, account_sql::allCurrencies, state.currencies);
+    if (status) status = readAll(database, account_sql::all, state.accounts);
+    return status ? readUses(database, state) : status;
 }
 
 }  // namespace chengheng

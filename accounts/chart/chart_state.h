@@ -22,7 +22,7 @@ struct ChartState {
     std::unordered_set<int> withOpening = {};
 };
 
-/// Reads it from the selected database; false when that fails.
-bool readChartState(CNbCwDB& database, ChartState& state);
+/// Reads it from the selected database.
+Status readChartState(CNbCwDB& database, ChartState& state);
 
 }  // namespace chengheng

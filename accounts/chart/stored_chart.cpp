@@ -8,19 +8,23 @@
 
 namespace chengheng {
 
+void StoredChart::note(bool isRead) {
+    if (!isRead) m_status = m_database.lastStatus();
+}
+
 template <class Record>
 std::vector<Record> StoredChart::read(const std::string& condition) {
-    if (!m_isRead) return {};
+    if (!isRead()) return {};
     const RowLease<Record> rows(m_database, condition.c_str());
-    m_isRead = rows.isRead();
+    note(rows.isRead());
     return rows.copy();
 }
 
 template <class Record>
 bool StoredChart::hasRow(const std::string& condition) {
-    if (!m_isRead) return false;
+    if (!isRead()) return false;
     const auto found = hasRows<Record>(m_database, condition);
-    m_isRead = found.has_value();
+    note(found.has_value());
     return found.value_or(false);
 }
 
@@ -45,9 +49,9 @@ bool StoredChart::isMnemonicTaken(std::string_view mnemonic, int exceptAccountId
 }
 
 bool StoredChart::hasCurrency(int currencyId) {
-    if (!m_isRead) return false;
+    if (!isRead()) return false;
     const int existence = currencyExistence(currencyId);
-    m_isRead = existence >= 0;
+    note(existence >= 0);
     return existence == 0;
 }
 

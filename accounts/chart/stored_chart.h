@@ -6,12 +6,13 @@
 namespace chengheng {
 
 /// The chart as it stands in the selected database. After a failed reading nothing more is
-/// read and no answer counts; why it failed stays the last failure of the database.
+/// read and no answer counts; why it failed is its status.
 class StoredChart final : public IChartFacts {
   public:
     explicit StoredChart(CNbCwDB& database) : m_database(database) {}
 
-    bool isRead() const { return m_isRead; }
+    const Status& status() const { return m_status; }
+    bool isRead() const { return m_status.isDone(); }
 
     std::optional<_CodeInfo> accountOf(std::string_view code) override;
     bool isMnemonicTaken(std::string_view mnemonic, int exceptAccountId) override;
@@ -33,7 +34,10 @@ class StoredChart final : public IChartFacts {
     bool hasRow(const std::string& condition);
 
     CNbCwDB& m_database;
-    bool m_isRead = true;
+    /// Notes how a reading went.
+    void note(bool isRead);
+
+    Status m_status;
 };
 
 }  // namespace chengheng

@@ -7,15 +7,13 @@
 namespace chengheng {
 namespace {
 
-using Entries = std::optional<std::vector<DirectoryEntry>>;
-
 template <class Record>
-Entries read(std::string Record::*code, std::string Record::*name) {
+Status readEntries(std::string Record::*code, std::string Record::*name,
+                   std::vector<DirectoryEntry>& entries) {
     const RowLease<Record> lease(*g_pDB, nullptr);
-    if (!lease.isRead()) return std::nullopt;
-    std::vector<DirectoryEntry> entries;
+    if (!lease.isRead()) return g_pDB->lastStatus();
     for (const Record* record : lease.rows()) entries.push_back({record->*code, record->*name});
-    return entries;
+    return Status::done();
 }
 
 }  // namespace
@@ -34,18 +32,18 @@ const char* titleOf(AccountDirectory directory) {
     return "";
 }
 
-Entries readDirectory(AccountDirectory directory) {
+Status readDirectory(AccountDirectory directory, std::vector<DirectoryEntry>& entries) {
     switch (directory) {
         case AccountDirectory::persons:
-            return read(&_PersonInfo::sPersonCode, &_PersonInfo::sPersonName);
+            return readEntries(&_PersonInfo::sPersonCode, &_PersonInfo::sPersonName, entries);
         case AccountDirectory::departments:
-            return read(&_DeptInfo::sDeptCode, &_DeptInfo::sDeptName);
+            return readEntries(&_DeptInfo::sDeptCode, &_DeptInfo::sDeptName, entries);
         case AccountDirectory::projects:
-            return read(&_ProjClassInfo::sClsCode, &_ProjClassInfo::sClsName);
+            return readEntries(&_ProjClassInfo::sClsCode, &_ProjClassInfo::sClsName, entries);
         case AccountDirectory::units:
-            return read(&_EnterInfo::sEnterCode, &_EnterInfo::sEnterName);
+            return readEntries(&_EnterInfo::sEnterCode, &_EnterInfo::sEnterName, entries);
     }
-    return std::nullopt;
+    return Status::done();
 }
 
 }  // namespace chengheng

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
+
+#include "base/values/status.h"
 
 namespace chengheng {
 
@@ -16,7 +17,7 @@ struct DirectoryEntry {
     std::string name;
 };
 
-/// Everything in a directory of the open set of books (g_pDB); nothing when it cannot be read.
-std::optional<std::vector<DirectoryEntry>> readDirectory(AccountDirectory directory);
+/// Reads everything in a directory of the open set of books (g_pDB).
+Status readDirectory(AccountDirectory directory, std::vector<DirectoryEntry>& entries);
 
 }  // namespace chengheng

@@ -14,18 +14,14 @@
 namespace chengheng {
 namespace {
 
-using Codes = std::vector<std::string>;
-
-/// The codes below an account in code order; with none given those of the top. Nothing when
-/// they cannot be read.
-std::optional<Codes> codesBelow(std::string_view parent) {
+/// The codes below an account in code order; with none given those of the top.
+Status codesBelow(std::string_view parent, std::vector<std::string>& codes) {
     StoredChart chart(*g_pDB);
     const std::string condition =
         parent.empty() ? std::string(account_sql::topLevel) : account_sql::below(parent);
-    Codes codes;
     for (const _CodeInfo& account : chart.accounts(condition)) codes.push_back(account.sCode);
     std::ranges::sort(codes);
-    return chart.isRead() ? std::optional(std::move(codes)) : std::nullopt;
+    return chart.status();
 }
 
 /// The entry of an account beside another one, with that one's settings.
@@ -45,59 +41,60 @@ bool isClass(const std::vector<_zCodeClassInfo>& classes, std::string_view name)
 AccountForm::AccountForm(IMessages& messages, const CodeLevels& levels, const ChartScreen& screen)
     : m_messages(messages), m_service(messages, levels), m_levels(levels), m_screen(screen) {}
 
-Outcome AccountForm::beginNew(std::string_view parent, std::string_view className) {
-    const auto classes = AccountService::classes();
-    if (!classes) return Outcome::failed;
-    auto code = proposedBelow(parent);
-    if (code && code->empty()) code = proposedBeside(parent);
-    if (!code) return Outcome::failed;
-    const bool isClassGiven = isClass(*classes, className);
-    auto proposedClass = isClassGiven ? std::string(className) : classOf(*code);
-    if (!proposedClass) return Outcome::failed;
+Status AccountForm::beginNew(std::string_view parent, std::string_view className) {
+    AccountEntry entry{.className = std::string(className),
+                       .page = account_texts::ledgerPages.front()};
+    std::vector<_zCodeClassInfo> classes;
+    Status status = AccountService::readClasses(classes);
+    if (status) status = proposeBelow(parent, entry.code);
+    if (status && entry.code.empty()) status = proposeBeside(parent, entry.code);
+    const bool isClassGiven = isClass(classes, className);
+    if (status && !isClassGiven) status = readClassOf(entry.code, entry.className);
+    if (!status) return status;
     // An account without a class would stand on no tab but that of all accounts.
-    if (proposedClass->empty() && !classes->empty()) proposedClass = classes->front().sClsName;
+    if (entry.className.empty() && !classes.empty()) entry.className = classes.front().sClsName;
     m_shown.reset();
     m_place = parent;
     m_isClassGiven = isClassGiven;
-    m_opened = {.code = *std::move(code),
-                .className = *std::move(proposedClass),
-                .page = account_texts::ledgerPages.front()};
-    return Outcome::done;
+    m_opened = std::move(entry);
+    return status;
 }
 
-Outcome AccountForm::beginCopy(std::string_view code) {
+Status AccountForm::beginCopy(std::string_view code) {
     _CodeInfo account;
-    const Outcome outcome = AccountService::find(code, account);
-    if (outcome != Outcome::done) return outcome;
-    const auto proposed = proposedBeside(code);
-    if (!proposed) return Outcome::failed;
+    std::string proposed;
+    Status status = AccountService::find(code, account);
+    if (status) status = proposeBeside(code, proposed);
+    if (!status) return status;
     m_shown.reset();
     m_place = code;
     m_isClassGiven = true;
-    m_opened = siblingOf(account, *proposed);
-    return outcome;
+    m_opened = siblingOf(account, std::move(proposed));
+    return status;
 }
 
-Outcome AccountForm::beginModification(std::string_view code) {
+Status AccountForm::beginModification(std::string_view code) {
     _CodeInfo account;
-    const Outcome outcome = AccountService::find(code, account);
-    if (outcome != Outcome::done) return outcome;
-    m_shown = account;
+    Status status = AccountService::find(code, account);
+    if (!status) return status;
     m_place = code;
     m_opened = entryOf(account);
-    return outcome;
+    m_shown = std::move(account);
+    return status;
 }
 
-std::optional<std::string> AccountForm::proposedBelow(std::string_view parent) const {
-    const auto codes = codesBelow(parent);
-    if (!codes) return std::nullopt;
-    return proposedChild(m_levels, *codes, parent);
+Status AccountForm::proposeBelow(std::string_view parent, std::string& code) const {
+    std::vector<std::string> codes;
+    Status status = codesBelow(parent, codes);
+    if (status) code = proposedChild(m_levels, codes, parent);
+    return status;
 }
 
-std::optional<std::string> AccountForm::proposedBeside(std::string_view code) const {
-    const auto codes = codesBelow(m_levels.parentOf(code));
-    if (!codes) return std::nullopt;
-    return proposedSibling(m_levels, *codes, code);
+Status AccountForm::proposeBeside(std::string_view place, std::string& code) const {
+    std::vector<std::string> codes;
+    Status status = codesBelow(m_levels.parentOf(place), codes);
+    if (status) code = proposedSibling(m_levels, codes, place);
+    return status;
 }
 
 bool AccountForm::isChanged(const AccountEntry& typed) const {
@@ -116,9 +113,9 @@ AccountChange AccountForm::save(const AccountEntry& typed) {
     AccountChange change = m_service.add(typed);
     if (change.outcome != Outcome::done) return change;
     m_place = change.account.sCode;
-    const auto proposed = proposedBeside(change.account.sCode);
-    if (!proposed) m_messages.tell(lastFailureNotice());
-    m_opened = siblingOf(change.account, proposed.value_or(""));
+    std::string proposed;
+    if (!proposeBeside(m_place, proposed)) m_messages.tell(lastFailureNotice());
+    m_opened = siblingOf(change.account, std::move(proposed));
     m_opened.name.clear();
     return change;
 }
@@ -141,35 +138,38 @@ std::string AccountForm::neighbour(Step step) const {
     return {};
 }
 
-Outcome AccountForm::goTo(std::string_view code) {
+Status AccountForm::goTo(std::string_view code) {
     return isAdding() ? beginCopy(code) : beginModification(code);
 }
 
-std::optional<std::string> AccountForm::mnemonicFor(std::string_view name) {
+Status AccountForm::proposeMnemonic(std::string_view name, std::string& mnemonic) {
     StoredChart chart(*g_pDB);
     std::string proposed = proposedMnemonic(
         name, [&chart](std::string_view taken) { return chart.isMnemonicTaken(taken, 0); });
-    return chart.isRead() ? std::optional(std::move(proposed)) : std::nullopt;
+    if (chart.isRead()) mnemonic = std::move(proposed);
+    return chart.status();
 }
 
-std::optional<std::string> AccountForm::classFor(std::string_view code) const {
-    return m_isClassGiven ? std::string() : classOf(code);
+Status AccountForm::proposeClass(std::string_view code, std::string& className) const {
+    className.clear();
+    return m_isClassGiven ? Status::done() : readClassOf(code, className);
 }
 
-std::optional<std::string> AccountForm::classOf(std::string_view code) const {
+Status AccountForm::readClassOf(std::string_view code, std::string& className) const {
+    className.clear();
     const std::string parent = m_levels.parentOf(code);
     if (!parent.empty()) {
         _CodeInfo account;
-        const Outcome outcome = AccountService::find(parent, account);
-        return outcome == Outcome::failed ? std::nullopt : std::optional(account.sType);
+        Status status = AccountService::find(parent, account);
+        className = account.sType;
+        return status.failure == Failure::missing ? Status::done() : status;
     }
-    const auto classes = AccountService::classes();
-    if (!classes) return std::nullopt;
+    std::vector<_zCodeClassInfo> classes;
+    Status status = AccountService::readClasses(classes);
     const auto number = code.empty() ? 0 : code.front() - '0';
-    if (m_levels.gradeOf(code) != 1 || number < 1 || number > static_cast<int>(classes->size())) {
-        return std::string();
-    }
-    return (*classes)[static_cast<std::size_t>(number - 1)].sClsName;
+    if (m_levels.gradeOf(code) == 1 && number >= 1 && number <= static_cast<int>(classes.size()))
+        className = classes[static_cast<std::size_t>(number - 1)].sClsName;
+    return status;
 }
 
 }  // namespace chengheng

@@ -24,16 +24,16 @@ class AccountForm {
     /// The screen gives the accounts that the arrows lead through; both outlive the form.
     AccountForm(IMessages& messages, const CodeLevels& levels, const ChartScreen& screen);
 
-    // Beginnings: failed when the books cannot be read, not done the form is as before.
+    // Beginnings; one that is not done leaves the form as it is.
 
     /// Begins a new account below `parent`, of the class named; a class that is none of the
     /// list, or an empty chart, leaves it to the proposals.
-    Outcome beginNew(std::string_view parent, std::string_view className);
+    Status beginNew(std::string_view parent, std::string_view className);
     /// Begins a new account with the settings of another one, which is read anew as by
     /// AccountService::find.
-    Outcome beginCopy(std::string_view code);
+    Status beginCopy(std::string_view code);
     /// Begins modifying an account, read in the same way.
-    Outcome beginModification(std::string_view code);
+    Status beginModification(std::string_view code);
 
     bool isAdding() const { return !m_shown; }
     /// What the fields begin with.
@@ -48,20 +48,18 @@ class AccountForm {
     /// The account that an arrow leads to; empty when there is none.
     std::string neighbour(Step step) const;
     /// Goes there, without regard to what has been typed, by a copy or a modification.
-    Outcome goTo(std::string_view code);
+    Status goTo(std::string_view code);
 
-    // Proposals: nothing when the books cannot be read.
-
-    /// The mnemonic proposed for a name: empty when the name gives none.
-    static std::optional<std::string> mnemonicFor(std::string_view name);
-    /// The class proposed for a code: that of the account above, at the top the one of the
-    /// code's first digit; empty when neither is known or the operator's tab has decided.
-    std::optional<std::string> classFor(std::string_view code) const;
+    /// Proposes a mnemonic for a name: none when the name gives none.
+    static Status proposeMnemonic(std::string_view name, std::string& mnemonic);
+    /// Proposes a class for a code: that of the account above, at the top the one of the code's
+    /// first digit; none when neither is known or the operator's tab has decided.
+    Status proposeClass(std::string_view code, std::string& className) const;
 
   private:
-    std::optional<std::string> classOf(std::string_view code) const;
-    std::optional<std::string> proposedBelow(std::string_view parent) const;
-    std::optional<std::string> proposedBeside(std::string_view code) const;
+    Status readClassOf(std::string_view code, std::string& className) const;
+    Status proposeBelow(std::string_view parent, std::string& code) const;
+    Status proposeBeside(std::string_view place, std::string& code) const;
 
     IMessages& m_messages;
     AccountService m_service;

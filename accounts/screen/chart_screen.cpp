@@ -29,32 +29,32 @@ bool isSameForFinding(std::string_view shown, std::string_view wanted) {
     return isSameInAnyCase(withoutLeadingBlanks(shown), withoutLeadingBlanks(wanted));
 }
 
-bool ChartScreen::readClasses() {
+Status ChartScreen::readClasses() {
     m_tabs.clear();
     const RowLease<_zCodeClassInfo> classes(*g_pDB, account_sql::allClasses);
-    if (!classes.isFound()) return false;
+    if (!classes.isFound()) return g_pDB->lastStatus();
     m_tabs.emplace_back(chart_texts::allAccounts);
     for (const _zCodeClassInfo* accountClass : classes.rows()) {
         if (m_tabs.size() > mostClasses) break;
         m_tabs.push_back(accountClass->sClsName);
     }
-    return true;
+    return Status::done();
 }
 
-bool ChartScreen::load(std::string_view category) {
+Status ChartScreen::load(std::string_view category) {
     m_category = category;
     m_rows.clear();
     m_currencies.clear();
-    if (!selectOpenBooks()) return false;
+    if (Status selected = selectOpenBooks(); !selected) return selected;
     const std::string condition = category == chart_texts::allAccounts
                                       ? chart_sql::ofOtherClasses(category)
                                       : chart_sql::ofClass(category);
     const RowLease<_CodeInfo> accounts(*g_pDB, condition.c_str());
-    if (!accounts.isRead()) return false;
+    if (!accounts.isRead()) return g_pDB->lastStatus();
     m_rows.reserve(accounts.rows().size());
     for (const _CodeInfo* account : accounts.rows()) m_rows.emplace_back(*account);
     for (const ListedAccount& row : m_rows) nameCurrency(row.currencyId);
-    return true;
+    return Status::done();
 }
 
 void ChartScreen::nameCurrency(int currencyId) {

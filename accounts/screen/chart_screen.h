@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "accounts/chart/listed_account.h"
+#include "base/values/status.h"
 
 namespace chengheng {
 
@@ -18,13 +19,13 @@ class ChartScreen {
     /// Tabs beside 全部; further classes have none.
     static constexpr std::size_t mostClasses = 5;
 
-    /// Reads the account classes. False when there is none or they cannot be read.
-    bool readClasses();
+    /// Reads the account classes; missing when there is none.
+    Status readClasses();
     /// 全部 and the classes, in the order of the list.
     const std::vector<std::string>& tabs() const { return m_tabs; }
 
-    /// Reads the accounts of a tab. False when they could not be read; the list is empty then.
-    bool load(std::string_view category);
+    /// Reads the accounts of a tab. Not done the list is empty.
+    Status load(std::string_view category);
     /// The tab whose accounts are listed.
     const std::string& category() const { return m_category; }
 

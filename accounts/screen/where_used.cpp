@@ -83,14 +83,14 @@ std::string shownText(const char* cell, Shown shown) {
     return cell;
 }
 
-bool readRows(std::span<const int> ids, UseSection& section) {
+Status readRows(std::span<const int> ids, UseSection& section) {
     const auto columns = columnsOf(section.place);
     for (const UseColumn& column : columns) section.headings.emplace_back(column.heading);
     char** cells = nullptr;
     int columnCount = 0;
     int rowCount = 0;
     const std::string select = where_used_sql::rows(section.place, ids, mostUsesListed);
-    if (g_pDB->QRYGetData(select, cells, columnCount, rowCount) != 0) return false;
+    if (g_pDB->QRYGetData(select, cells, columnCount, rowCount) != 0) return g_pDB->lastStatus();
     for (int row = 0; row < rowCount; ++row) {
         std::vector<std::string>& texts = section.rows.emplace_back();
         for (std::size_t column = 0; column < columns.size(); ++column)
@@ -98,28 +98,30 @@ bool readRows(std::span<const int> ids, UseSection& section) {
                                       columns[column].shown));
     }
     g_pDB->QRYReleaseBuffer(cells, columnCount, rowCount);
-    return true;
+    return Status::done();
 }
 
 }  // namespace
 
-bool findUses(std::string_view code, std::vector<UseSection>& sections) {
+Status findUses(std::string_view code, std::vector<UseSection>& sections) {
     sections.clear();
-    if (!selectOpenBooks()) return false;
+    Status status = selectOpenBooks();
+    if (!status) return status;
     StoredChart chart(*g_pDB);
     const std::vector<int> ids = chart.idsWithBelow(code);
-    if (ids.empty()) return chart.isRead();
+    if (ids.empty()) return chart.status();
     for (const UsePlace place : usePlaces) {
         const OneCell cell = readOneCell(*g_pDB, where_used_sql::count(place, ids));
-        if (!cell.isRead) return false;
+        if (!cell.isRead) return g_pDB->lastStatus();
         UseSection section{.place = place, .title = placeTitle(place)};
         const std::string text = cell.text.value_or("0");
         std::from_chars(text.data(), text.data() + text.size(), section.count);
         if (section.count == 0) continue;
-        if (!readRows(ids, section)) return false;
+        status = readRows(ids, section);
+        if (!status) return status;
         sections.push_back(std::move(section));
     }
-    return true;
+    return status;
 }
 
 }  // namespace chengheng

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "accounts/chart/account_use.h"
+#include "base/values/status.h"
 
 namespace chengheng {
 
@@ -21,8 +22,7 @@ struct UseSection {
 inline constexpr int mostUsesListed = 200;
 
 /// Which vouchers, balances, definitions and projects of the open set of books (g_pDB) hold an
-/// account or one below it. Only places that hold one are in the list. False when they cannot be
-/// read; lastFailureNotice() says why.
-bool findUses(std::string_view code, std::vector<UseSection>& sections);
+/// account or one below it. Only places that hold one are in the list.
+Status findUses(std::string_view code, std::vector<UseSection>& sections);
 
 }  // namespace chengheng

@@ -138,7 +138,7 @@ Outcome exportChart(IMessages& messages, const std::string& path) {
     if (!selectOpenBooks() || !readChartState(*g_pDB, state))
         return told(messages, Result::failed());
     const Sheet sheet = chartSheet(state.accounts, state.currencies);
-    const SheetOutcome failure = writeSheet(sheet, path);
+    const auto failure = writeSheet(sheet, path);
     if (!failure) return Outcome::done;
     return told(messages,
                 {Outcome::failed,

@@ -41,7 +41,8 @@ const ChartColumn* columnNamed(std::string_view heading) {
     return found == columns.end() ? nullptr : &*found;
 }
 
-SheetOutcome readHeadings(const SheetRow& row, std::size_t number, ChartSheet& chart) {
+std::optional<SheetFailure> readHeadings(const SheetRow& row, std::size_t number,
+                                         ChartSheet& chart) {
     for (std::size_t at = 0; at < row.size(); ++at) {
         const std::string text = cellText(row[at]);
         const std::string_view heading = withoutBlanksAround(text);
@@ -104,7 +105,7 @@ SheetRow rowOf(const _CodeInfo& account, std::span<const _CyrencyInfo> currencie
 
 std::span<const ChartColumn> chartColumns() { return columns; }
 
-SheetOutcome readChartSheet(const Sheet& sheet, ChartSheet& chart) {
+std::optional<SheetFailure> readChartSheet(const Sheet& sheet, ChartSheet& chart) {
     chart = {};
     std::size_t at = 0;
     while (at < sheet.rows.size() && isBlankRow(sheet.rows[at])) ++at;

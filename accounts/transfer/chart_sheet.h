@@ -67,7 +67,7 @@ struct ChartSheet {
 
 /// Finds the headings in the first row that is not blank and reads the rows below. A failure
 /// says which headings are missing or stand twice.
-SheetOutcome readChartSheet(const Sheet& sheet, ChartSheet& chart);
+std::optional<SheetFailure> readChartSheet(const Sheet& sheet, ChartSheet& chart);
 
 /// The accounts as a sheet that reads back as they are: names indented by level, currencies by
 /// their symbols.

@@ -195,7 +195,8 @@ void CNbCwBursarDlg::OnMenuAppoint() { m_actions->designate(); }
 void CNbCwBursarDlg::OnMenuWhereUsed() { m_actions->showUses(); }
 
 void CNbCwBursarDlg::OnMenuImport() {
-    if (chengheng::importFromChosenFile(messages(), this)) listActiveCategory();
+    const auto outcome = chengheng::importFromChosenFile(messages(), this);
+    if (outcome == chengheng::Outcome::done) listActiveCategory();
 }
 
 void CNbCwBursarDlg::OnMenuExport() { chengheng::exportToChosenFile(messages(), this); }

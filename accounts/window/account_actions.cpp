@@ -4,22 +4,16 @@
 #include "accounts/window/account_window.h"
 #include "accounts/window/designation_window.h"
 #include "accounts/window/used_window.h"
-#include "data/lookups/existence.h"
 #include "session/last_failure.h"
-#include "session/open_books.h"
 
 namespace chengheng {
 
-bool AccountActions::isStillThere(const std::string& code) {
-    const int existence = selectOpenBooks() ? CodeIsExist(code) : -1;
-    if (existence < 0) return isRead(Outcome::failed, code);
-    return isRead(existence == 0 ? Outcome::done : Outcome::stale, code);
-}
-
-bool AccountActions::isRead(Outcome outcome, const std::string& code) {
-    if (outcome == Outcome::failed) m_messages.tell(lastFailureNotice());
-    if (outcome == Outcome::stale) tellGone(code);
-    return outcome == Outcome::done;
+bool AccountActions::hasBegun(const Status& status, const std::string& code) {
+    if (status.failure == Failure::missing)
+        tellGone(code);
+    else if (!status)
+        m_messages.tell(lastFailureNotice());
+    return status.isDone();
 }
 
 void AccountActions::tellGone(const std::string& code) {
@@ -45,21 +39,19 @@ void AccountActions::runWindow(AccountForm& form) {
 void AccountActions::add(const std::string& className) {
     AccountForm form = newForm();
     const std::string code = m_grid.currentCode();
-    if (isRead(form.beginNew(code, className), code)) runWindow(form);
+    if (hasBegun(form.beginNew(code, className), code)) runWindow(form);
 }
 
 void AccountActions::addCopy() {
     const std::string code = m_grid.currentCode();
-    if (!isStillThere(code)) return;
     AccountForm form = newForm();
-    if (isRead(form.beginCopy(code), code)) runWindow(form);
+    if (hasBegun(form.beginCopy(code), code)) runWindow(form);
 }
 
 void AccountActions::modify() {
     const std::string code = m_grid.currentCode();
-    if (!isStillThere(code)) return;
     AccountForm form = newForm();
-    if (isRead(form.beginModification(code), code)) runWindow(form);
+    if (hasBegun(form.beginModification(code), code)) runWindow(form);
 }
 
 void AccountActions::remove() {

@@ -29,10 +29,8 @@ class AccountActions {
 
   private:
     AccountForm newForm() { return {m_messages, m_levels, m_grid.screen()}; }
-    /// Whether the account is there; the operator is told when it is not.
-    bool isStillThere(const std::string& code);
-    /// Whether reading the account was done; the operator is told when it was not.
-    bool isRead(Outcome outcome, const std::string& code);
+    /// Whether a form has begun; the operator is told when the account is gone or unreadable.
+    bool hasBegun(const Status& status, const std::string& code);
     void tellGone(const std::string& code);
     void runWindow(AccountForm& form);
 

@@ -70,13 +70,10 @@ AccountWindow::AccountWindow(AccountForm& form, Observers observers, QWidget* pa
 AccountWindow::~AccountWindow() = default;
 
 bool AccountWindow::OnCreate() {
-    auto classes = AccountService::classes();
-    if (classes && CGetData::LoadCYRENCYINFOMemoryMapTable(g_lpszNbZwDBName) >= 0) {
-        m_classes = std::move(*classes);
-        return true;
-    }
-    TellFailure();
-    return false;
+    const bool isRead = AccountService::readClasses(m_classes).isDone() &&
+                        CGetData::LoadCYRENCYINFOMemoryMapTable(g_lpszNbZwDBName) >= 0;
+    if (!isRead) TellFailure();
+    return isRead;
 }
 
 bool AccountWindow::OnInitDialog() {
@@ -150,13 +147,13 @@ void AccountWindow::browseCurrency() {
 }
 
 void AccountWindow::browse(AccountDirectory directory) {
-    const auto entries = readDirectory(directory);
-    if (!entries) {
+    std::vector<DirectoryEntry> entries;
+    if (!readDirectory(directory, entries)) {
         TellFailure();
         return;
     }
     std::vector<PickerRow> rows;
-    for (const DirectoryEntry& entry : *entries) rows.push_back({entry.code, entry.name});
+    for (const DirectoryEntry& entry : entries) rows.push_back({entry.code, entry.name});
     PickerWindow(shown(titleOf(directory)), std::move(rows), this).choose();
 }
 
@@ -223,24 +220,24 @@ void AccountWindow::reflectArrows() {
 
 void AccountWindow::followCode() {
     if (m_isShowing || m_isClassChosen || !m_form.isAdding()) return;
-    const auto proposed = m_form.classFor(m_ui->sCode->text().toStdString());
-    if (isRead(proposed) && !proposed->empty()) select(m_ui->sType, *proposed);
+    std::string proposed;
+    const Status status = m_form.proposeClass(m_ui->sCode->text().toStdString(), proposed);
+    if (isRead(status) && !proposed.empty()) select(m_ui->sType, proposed);
 }
 
 void AccountWindow::followName() {
     if (m_isShowing || !m_form.isAdding()) return;
     // Once the operator has put something else there, or nothing, it is theirs.
     if (m_ui->sHelp->text().toStdString() != m_proposedMnemonic) return;
-    const auto proposed = AccountForm::mnemonicFor(m_ui->sName->text().toStdString());
-    if (!isRead(proposed)) return;
-    m_proposedMnemonic = *proposed;
+    const std::string name = m_ui->sName->text().toStdString();
+    if (!isRead(AccountForm::proposeMnemonic(name, m_proposedMnemonic))) return;
     m_ui->sHelp->setText(shown(m_proposedMnemonic));
 }
 
-bool AccountWindow::isRead(const std::optional<std::string>& proposed) {
-    const bool hasBeenTold = std::exchange(m_hasToldUnread, !proposed);
-    if (!proposed && !hasBeenTold) TellFailure();
-    return proposed.has_value();
+bool AccountWindow::isRead(const Status& proposal) {
+    const bool hasBeenTold = std::exchange(m_hasToldUnread, !proposal);
+    if (!proposal && !hasBeenTold) TellFailure();
+    return proposal.isDone();
 }
 
 void AccountWindow::showUse(const std::string& usedCode) {
@@ -290,13 +287,14 @@ void AccountWindow::move(AccountForm::Step step) {
     if (!mayLeaveInput()) return;
     const std::string code = m_form.neighbour(step);
     if (code.empty()) return;
-    const Outcome outcome = m_form.goTo(code);
-    if (outcome == Outcome::failed) TellFailure();
-    if (outcome == Outcome::stale) {
+    const Status status = m_form.goTo(code);
+    if (status.failure == Failure::missing) {
         m_hasMetForeignChange = true;
         messages().tell({.text = account_texts::deletedMeanwhile(code)});
+    } else if (!status) {
+        TellFailure();
     }
-    if (outcome != Outcome::done) return;
+    if (!status) return;
     showForm();
     m_observers.moved(code);
 }

@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 #include "accounts/screen/account_directories.h"
 #include "accounts/screen/account_form.h"
@@ -56,7 +55,7 @@ class AccountWindow final : public CNxMiddleDialog {
     void followName();
     /// Whether a proposal could be read. The operator is told once, not at every key, until one
     /// can be read again.
-    bool isRead(const std::optional<std::string>& proposed);
+    bool isRead(const Status& proposal);
     void reflectChecks();
     void reflectArrows();
     void focusOn(const std::string& field);

@@ -12,15 +12,17 @@
 
 namespace chengheng {
 
-bool importFromChosenFile(IMessages& messages, QWidget* window) {
+Outcome importFromChosenFile(IMessages& messages, QWidget* window) {
     const std::string file = QFileDialog::getOpenFileName(window, shown(import_texts::openTitle),
                                                           {}, shown(import_texts::fileFilter),
                                                           nullptr, QFileDialog::DontUseNativeDialog)
                                  .toStdString();
-    if (file.empty()) return false;
+    if (file.empty()) return Outcome::refused;
     ChartImport import(messages);
     const auto plan = import.plan(file);
-    return plan && ImportWindow(import, *plan, file, window).DoModal() == QDialog::Accepted;
+    if (!plan) return Outcome::failed;
+    ImportWindow preview(import, *plan, file, window);
+    return preview.DoModal() == QDialog::Accepted ? Outcome::done : Outcome::refused;
 }
 
 void exportToChosenFile(IMessages& messages, QWidget* window) {

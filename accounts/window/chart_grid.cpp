@@ -24,19 +24,19 @@ ChartGrid::ChartGrid(ChartScreen& screen, QWidget* parent)
     setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
-bool ChartGrid::list(std::string_view category) {
-    const bool isRead = m_model.load(category);
+Status ChartGrid::list(std::string_view category) {
+    Status status = m_model.load(category);
     setCurrentRow(0);
     emit listed();
-    return isRead;
+    return status;
 }
 
-bool ChartGrid::listAnew() {
+Status ChartGrid::listAnew() {
     const int row = currentRow();
-    const bool isRead = m_model.load(std::string(m_screen.category()));
+    Status status = m_model.load(std::string(m_screen.category()));
     stayAt(row);
     emit listed();
-    return isRead;
+    return status;
 }
 
 void ChartGrid::place(const _CodeInfo& account) {

@@ -21,11 +21,10 @@ class ChartGrid final : public CVCF1 {
     const ChartSearch& matches() const { return m_search; }
     void search(std::string_view text) { m_model.search(text); }
 
-    /// Lists the accounts of a tab, the first one being current. False when they could not be
-    /// read.
-    bool list(std::string_view category);
+    /// Lists the accounts of a tab, the first one being current.
+    Status list(std::string_view category);
     /// Lists the same tab anew and stays at its place.
-    bool listAnew();
+    Status listAnew();
     /// Shows an account that was added or modified, if the tab lists it.
     void place(const _CodeInfo& account);
     void removeCurrent();

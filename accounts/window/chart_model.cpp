@@ -34,12 +34,12 @@ QColor ChartModel::background(int row, int) const {
     return m_search.isMatch(row) ? colours::found : QColor();
 }
 
-bool ChartModel::load(std::string_view category) {
+Status ChartModel::load(std::string_view category) {
     beginResetModel();
-    const bool isRead = m_screen.load(category);
+    Status status = m_screen.load(category);
     m_search.repeat();
     endResetModel();
-    return isRead;
+    return status;
 }
 
 int ChartModel::place(const _CodeInfo& account) {

@@ -16,8 +16,8 @@ class ChartModel final : public GridModel {
 
     int rowCount(const QModelIndex& parent = {}) const override;
 
-    /// Lists the accounts of a tab. False when they could not be read.
-    bool load(std::string_view category);
+    /// Lists the accounts of a tab.
+    Status load(std::string_view category);
     /// Puts an account that was added or modified where it belongs among those listed. Gives
     /// its row; -1 when it is not one of them (any more).
     int place(const _CodeInfo& account);

@@ -11,7 +11,7 @@ Outcome add(AccountBooks& books) { return books.service().add(assetEntry("220201
 
 Outcome renumber(AccountBooks& books) {
     _CodeInfo shown;
-    if (AccountService::find("100101", shown) != Outcome::done) return Outcome::failed;
+    if (!AccountService::find("100101", shown)) return Outcome::failed;
     AccountEntry entry = entryOf(shown);
     entry.code = "220207";
     return books.service().modify(shown, entry).outcome;
