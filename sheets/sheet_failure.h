@@ -19,9 +19,6 @@ struct SheetFailure {
     std::string text() const;
 };
 
-/// Nothing when all went well.
-using SheetOutcome = std::optional<SheetFailure>;
-
 /// The failure as one of reading or writing that file.
 SheetFailure whileReading(SheetFailure failure, const std::string& file);
 SheetFailure whileWriting(SheetFailure failure, const std::string& file);

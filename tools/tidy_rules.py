@@ -128,6 +128,14 @@ def locale_independence(source):
         yield number, f"{name} depends on the locale; use fmt::format or std::from_chars"
 
 
+def checked_texts(source):
+    if not source.is_cpp:
+        return
+    for number, name in source.code_matches(r"\bfmt::(?:runtime|vformat)\b"):
+        yield number, (f"{name}: give the text itself or a fmt::format_string, so that the "
+                       "compiler holds it against its values")
+
+
 def qt_at_its_place(source):
     if not source.is_cpp or not is_without_qt(source.path):
         return
@@ -198,8 +206,9 @@ def no_machine_paths(source):
 
 
 ALL_RULES = (line_length, function_length, file_length, white_space, pragma_once, message_boxes,
-             sql_at_its_place, locale_independence, qt_at_its_place, no_texts_in_data,
-             arrows_run_down, lies_in_a_folder, left_over_marks, own_words, no_machine_paths)
+             sql_at_its_place, locale_independence, checked_texts, qt_at_its_place,
+             no_texts_in_data, arrows_run_down, lies_in_a_folder, left_over_marks, own_words,
+             no_machine_paths)
 
 
 def faults(source):

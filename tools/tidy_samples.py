@@ -99,6 +99,11 @@ SAMPLES = [
      [("locale_independence", 1)]),
     ("fmt is independent of the locale", "data/sql/a.cpp", "fmt::print(a);\nformat(a);\n", []),
 
+    ("a text that the compiler cannot check is found", "tool/a.cpp",
+     "f = fmt::format(fmt::runtime(text), a);\n", [("checked_texts", 1)]),
+    ("a text that it checks passes", "tool/a.cpp",
+     "void f(fmt::format_string<int> text) {\n    fmt::format(text, 1);\n}\n", []),
+
     ("Qt in the data layer is found", "data/sql/a.h", HEADER + "#include <QString>\n",
      [("qt_at_its_place", 2)]),
     ("Qt in a rule is found", "opening/balance/trial_balance.cpp", "#include <QtCore/QString>\n",

@@ -17,6 +17,7 @@
 #include "accounts/window/find_account_window.h"
 #include "accounts/window/print_range_window.h"
 #include "data/lookups/CGetData.h"
+#include "screen/dialog_templates.h"
 #include "screen/help/help_pages.h"
 #include "screen/help/help_window.h"
 #include "screen/shown.h"
@@ -33,7 +34,6 @@ using chengheng::shown;
 
 namespace {
 
-constexpr int bursarTemplate = 124;
 constexpr QSize chartWindowSize(900, 620);
 constexpr int margin = 8;
 // Where the rows begin: the pointer above or left of it is over headers.
@@ -44,7 +44,8 @@ bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 }  // namespace
 
-CNbCwBursarDlg::CNbCwBursarDlg(QWidget* parent) : CNxMiddleDialog(bursarTemplate, parent) {
+CNbCwBursarDlg::CNbCwBursarDlg(QWidget* parent)
+    : CNxMiddleDialog(chengheng::dialog_templates::bursar, parent) {
     setWindowTitle(shown(chart_texts::title));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
 }

@@ -20,6 +20,7 @@
 #include "opening/window/opening_look.h"
 #include "opening/window/opening_menus.h"
 #include "screen/CBalanceTableDlg.h"
+#include "screen/dialog_templates.h"
 #include "screen/help/help_pages.h"
 #include "screen/help/help_window.h"
 #include "screen/report/CNxGridControl.h"
@@ -36,14 +37,14 @@ using chengheng::shown;
 
 namespace {
 
-constexpr int openingTemplate = 125;
 constexpr QSize openingSize(860, 640);
 constexpr int besideColumns = 48;
 
 }  // namespace
 
 CNbCwBegleftDlg::CNbCwBegleftDlg(QWidget* parent)
-    : CNxMiddleDialog(openingTemplate, parent), m_atWork(opening_texts::title) {
+    : CNxMiddleDialog(chengheng::dialog_templates::begleft, parent),
+      m_atWork(opening_texts::title) {
     setWindowTitle(shown(opening_texts::title));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
 }

@@ -69,7 +69,7 @@ TEST_F(ChartTest, SaysWhenTheAccountsCannotBeLoadedAnewAtItsEnd) {
     window->OnCommand(chart_command::exit);
     EXPECT_TRUE(books.engine().hasFailed());
     EXPECT_FALSE(books.messages().onlyNotice().text.empty());
-    EXPECT_TRUE(cachedAccounts().empty());
+    EXPECT_EQ(CGetData::GetCODEINFOByCode("1001"), nullptr);
 }
 
 TEST_F(ChartTest, HasOneBoxForADatabaseThatDoesNotAnswer) {
