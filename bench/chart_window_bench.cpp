@@ -13,6 +13,7 @@
 #include "bench/sample_books.h"
 #include "bench/timing.h"
 #include "data/lookups/cached_records.h"
+#include "data/tables/accounts.h"
 #include "screen/application.h"
 #include "screen/grid/CVCF1.h"
 #include "session/host_globals.h"

@@ -10,6 +10,8 @@
 #include "bench/raw_codes.h"
 #include "bench/sample_books.h"
 #include "bench/timing.h"
+#include "data/tables/accounts.h"
+#include "data/tables/balances.h"
 
 namespace {
 

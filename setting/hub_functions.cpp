@@ -7,6 +7,7 @@
 #include "base/values/text.h"
 #include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
+#include "data/tables/settlement.h"
 #include "session/host_globals.h"
 #include "session/rights/CCheckAuth.h"
 #include "setting/hub_texts.h"

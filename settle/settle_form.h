@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/tables/settlement.h"
 #include "forms/list_form.h"
 #include "settle/settle_rules.h"
 #include "settle/settle_service.h"

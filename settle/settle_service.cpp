@@ -9,6 +9,7 @@
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
 #include "data/lookups/existence.h"
+#include "data/tables/vouchers.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
 #include "settle/settle_rules.h"

@@ -9,6 +9,7 @@
 #include "books/logon/password_file.h"
 #include "data/engines/open_engine.h"
 #include "data/lookups/CGetData.h"
+#include "data/tables/books.h"
 #include "screen/background_work.h"
 #include "screen/enter_moves_on.h"
 #include "screen/guarded.h"

@@ -12,6 +12,7 @@
 #include "data/access/host_database.h"
 #include "data/engine/engine.h"
 #include "data/lookups/cached_records.h"
+#include "data/tables/currency.h"
 #include "report/engine/report_run.h"
 #include "report/output/report_sheet.h"
 #include "session/last_failure.h"

@@ -7,6 +7,7 @@
 #include "accounts/chart/account_entry.h"
 #include "accounts/codes/code_levels.h"
 #include "accounts/rules/account_checks.h"
+#include "data/tables/accounts.h"
 #include "session/record_change.h"
 
 namespace chengheng {

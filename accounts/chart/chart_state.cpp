@@ -6,6 +6,7 @@
 #include "accounts/chart/account_sql.h"
 #include "accounts/chart/where_used_sql.h"
 #include "data/access/row_lease.h"
+#include "data/tables/books.h"
 
 namespace chengheng {
 namespace {

@@ -7,6 +7,8 @@
 
 #include "accounts/chart/account_use.h"
 #include "data/access/CNbCwDB.h"
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 
 namespace chengheng {
 

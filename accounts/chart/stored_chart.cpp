@@ -5,6 +5,10 @@
 #include "accounts/chart/account_sql.h"
 #include "data/access/row_lease.h"
 #include "data/lookups/existence.h"
+#include "data/tables/balances.h"
+#include "data/tables/definitions.h"
+#include "data/tables/directories.h"
+#include "data/tables/vouchers.h"
 
 namespace chengheng {
 

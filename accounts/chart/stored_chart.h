@@ -2,6 +2,7 @@
 
 #include "accounts/chart/chart_facts.h"
 #include "data/access/CNbCwDB.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

@@ -9,6 +9,7 @@
 #include "accounts/chart/chart_facts.h"
 #include "accounts/codes/code_levels.h"
 #include "base/messages/checks.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "accounts/rules/account_checks.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

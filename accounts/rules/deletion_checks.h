@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "accounts/chart/chart_facts.h"
+#include "accounts/rules/account_checks.h"
 #include "base/messages/checks.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

@@ -3,6 +3,7 @@
 #include "accounts/screen/chart_texts.h"
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
+#include "data/tables/directories.h"
 
 namespace chengheng {
 namespace {

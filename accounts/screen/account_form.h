@@ -8,6 +8,7 @@
 #include "accounts/chart/account_entry.h"
 #include "accounts/codes/code_levels.h"
 #include "accounts/screen/chart_screen.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

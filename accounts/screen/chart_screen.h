@@ -8,6 +8,7 @@
 
 #include "accounts/chart/listed_account.h"
 #include "base/values/status.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

@@ -11,6 +11,7 @@
 #include "accounts/transfer/import_texts.h"
 #include "base/values/text.h"
 #include "data/access/host_database.h"
+#include "data/tables/accounts.h"
 #include "session/open_books.h"
 #include "sheets/files/sheet_files.h"
 #include "sheets/sheet_texts.h"

@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "data/tables/all_records.h"
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 #include "sheets/sheet.h"
 #include "sheets/sheet_failure.h"
 

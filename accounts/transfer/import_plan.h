@@ -6,6 +6,7 @@
 
 #include "accounts/chart/chart_state.h"
 #include "accounts/transfer/chart_sheet.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "data/tables/currency.h"
+
 namespace chengheng {
 
 PlannedChart::PlannedChart(const ChartState& state) : m_state(state), m_accounts(state.accounts) {

@@ -6,6 +6,7 @@
 
 #include "accounts/chart/chart_facts.h"
 #include "accounts/chart/chart_state.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

@@ -10,6 +10,8 @@
 #include "accounts/codes/mnemonic.h"
 #include "accounts/transfer/import_texts.h"
 #include "base/values/text.h"
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 
 namespace chengheng {
 namespace {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "accounts/screen/chart_screen.h"
+#include "data/tables/accounts.h"
 #include "report/output/report_printer.h"
 #include "screen/CNxMiddleDialog.h"
 #include "screen/module_export.h"

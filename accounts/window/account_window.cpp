@@ -10,6 +10,7 @@
 #include "data/access/host_database.h"
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
+#include "data/tables/currency.h"
 #include "forms/form_texts.h"
 #include "screen/enter_moves_on.h"
 #include "screen/grid/picker_window.h"

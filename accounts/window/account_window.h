@@ -5,6 +5,7 @@
 
 #include "accounts/screen/account_directories.h"
 #include "accounts/screen/account_form.h"
+#include "data/tables/accounts.h"
 #include "screen/CNxMiddleDialog.h"
 
 class QCheckBox;

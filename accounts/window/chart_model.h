@@ -2,6 +2,7 @@
 
 #include "accounts/screen/chart_screen.h"
 #include "accounts/screen/chart_search.h"
+#include "data/tables/accounts.h"
 #include "screen/grid/grid_model.h"
 
 namespace chengheng {

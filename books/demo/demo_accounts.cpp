@@ -2,6 +2,8 @@
 #include "accounts/codes/code_levels.h"
 #include "books/demo/demo_parts.h"
 #include "data/access/row_lease.h"
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 
 namespace chengheng {
 namespace {

@@ -1,5 +1,6 @@
 #include "base/values/numbers.h"
 #include "books/demo/demo_parts.h"
+#include "data/tables/currency.h"
 
 namespace chengheng {
 namespace {

@@ -2,6 +2,10 @@
 #include "books/demo/demo_sql.h"
 #include "data/connection/database.h"
 #include "data/layout/layout.h"
+#include "data/tables/definitions.h"
+#include "data/tables/directories.h"
+#include "data/tables/operators.h"
+#include "data/tables/settlement.h"
 
 namespace chengheng {
 namespace {

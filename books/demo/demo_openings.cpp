@@ -6,6 +6,11 @@
 #include "base/values/numbers.h"
 #include "books/demo/demo_parts.h"
 #include "books/demo/demo_sql.h"
+#include "data/tables/accounts.h"
+#include "data/tables/balances.h"
+#include "data/tables/directories.h"
+#include "data/tables/operators.h"
+#include "data/tables/vouchers.h"
 
 namespace chengheng {
 namespace {

@@ -6,6 +6,8 @@
 
 #include "books/demo/demo_data.h"
 #include "data/access/CNbCwDB.h"
+#include "data/tables/accounts.h"
+#include "data/tables/record_type.h"
 #include "session/rights/passwords.h"
 
 namespace chengheng {
@@ -31,12 +33,12 @@ class DemoBooks {
     /// Adds a row that others will name.
     template <class Record>
     Status addNamed(const Record& record, std::string_view name) {
-        return add(record, m_ids[idKey(TableOf<Record>::name, name)]);
+        return add(record, m_ids[idKey(recordTypeOf<Record>().table.name, name)]);
     }
     /// The id of a row that was added by that name; 0 for none, named "".
     template <class Record>
     std::int32_t idOf(std::string_view name) const {
-        const auto found = m_ids.find(idKey(TableOf<Record>::name, name));
+        const auto found = m_ids.find(idKey(recordTypeOf<Record>().table.name, name));
         return found == m_ids.end() ? 0 : found->second;
     }
     Status run(const std::string& batch) {

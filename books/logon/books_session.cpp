@@ -12,6 +12,8 @@
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
 #include "data/engines/open_engine.h"
+#include "data/tables/books.h"
+#include "data/tables/operators.h"
 #include "session/failure_texts.h"
 #include "session/rights/passwords.h"
 

@@ -2,7 +2,10 @@
 
 #include "accounts/chart/account_sql.h"
 #include "data/sql/sql_format.h"
-#include "data/tables/all_records.h"
+#include "data/tables/books.h"
+#include "data/tables/operators.h"
+#include "data/tables/printing.h"
+#include "data/tables/record_type.h"
 #include "report/output/print_templates.h"
 #include "session/rights/rights_list.h"
 
@@ -24,7 +27,7 @@ struct Batch {
     template <class Record>
     void setLastId(int lastId) {
         add("UPDATE ABIdTable SET lLastId = %d WHERE sTable = '%s'", lastId,
-            std::string_view(TableOf<Record>::idRow));
+            recordTypeOf<Record>().table.idRow);
     }
 };
 

@@ -1,6 +1,11 @@
 #include "data/access/CNbCwDB.h"
 
-#include "data/access/CNbCwDB_impl.h"
+#include <map>
+#include <utility>
+
+#include "data/access/open_databases.h"
+#include "data/access/record_table.h"
+#include "data/access/unit_of_work.h"
 #include "data/engines/open_engine.h"
 #include "data/layout/layout.h"
 
@@ -8,10 +13,13 @@ using chengheng::Database;
 using chengheng::Engine;
 using chengheng::Failure;
 using chengheng::LockMode;
+using chengheng::RecordType;
 using chengheng::Status;
 using chengheng::TextResult;
 
 namespace {
+
+constexpr int failed = -1;
 
 std::string textOrEmpty(const char* text) { return text == nullptr ? std::string() : text; }
 
@@ -28,12 +36,45 @@ LockMode lockMode(int mode) { return mode == 2 ? LockMode::exclusive : LockMode:
 
 }  // namespace
 
+/// What CNbCwDB keeps: the open databases, a table of each record type in use, the results of
+/// free selects that were not yet released, and what came of the last operation.
+struct CNbCwDB::Impl {
+    chengheng::RecordTable& table(const RecordType& type) {
+        return tables.try_emplace(&type, type).first->second;
+    }
+    /// Remembers the outcome; true when it is done.
+    bool settle(Status outcome) {
+        status = std::move(outcome);
+        const bool isLoss =
+            status.failure == Failure::lost || status.failure == Failure::unreachable;
+        if (isLoss && lossObserver) lossObserver(status);
+        return status.isDone();
+    }
+    /// The selected database; null when none is, and that is remembered.
+    Database* selected() {
+        if (databases.selected() == nullptr) settle(Status::of(Failure::notOpen, "no database"));
+        return databases.selected();
+    }
+    /// Runs something on the selected database and remembers what came of it.
+    template <class Operation>
+    bool run(Operation operation) {
+        Database* const database = selected();
+        return database != nullptr && settle(operation(*database));
+    }
+
+    chengheng::OpenDatabases databases;
+    std::map<const RecordType*, chengheng::RecordTable> tables;
+    std::map<char**, std::unique_ptr<TextResult>> results;
+    Status status;
+    std::function<void(const Status&)> lossObserver;
+};
+
 CNbCwDB::CNbCwDB() : m_impl(std::make_unique<Impl>()) {}
 CNbCwDB::~CNbCwDB() = default;
 
 int CNbCwDB::DBOpen(NbCwDBInfo& info, const char* location, const char* name, int flag) {
     const std::string place = textOrEmpty(location);
-    if (m_impl->databases.contains(textOrEmpty(name))) {
+    if (m_impl->databases.find(textOrEmpty(name)) != nullptr) {
         m_impl->settle(Status::of(Failure::refused, "a database of that name is open"));
         return 0;
     }
@@ -47,54 +88,95 @@ int CNbCwDB::DBOpen(NbCwDBInfo& info, const char* location, const char* name, in
 }
 
 void CNbCwDB::adopt(std::unique_ptr<Engine> engine, const char* location, const char* name) {
-    engine->locks().setWaiter(m_impl->waiter);
-    engine->locks().setIdentity(m_impl->identity);
-    const std::string key = textOrEmpty(name);
-    const bool isSelected = key == m_impl->selectedName;
-    auto& database = m_impl->databases[key];
-    database = std::make_unique<Database>(std::move(engine), textOrEmpty(location));
-    if (isSelected) m_impl->selected = database.get();
+    m_impl->databases.add(std::move(engine), textOrEmpty(location), textOrEmpty(name));
 }
 
 int CNbCwDB::DBClose(const char* name) {
-    const auto found = m_impl->databases.find(textOrEmpty(name));
-    if (found == m_impl->databases.end()) {
-        m_impl->settle(Status::of(Failure::notOpen, textOrEmpty(name)));
-        return 0;
-    }
-    if (found->second.get() == m_impl->selected) {
-        m_impl->selected = nullptr;
-        m_impl->selectedName.clear();
-    }
-    m_impl->databases.erase(found);
-    m_impl->settle(Status::done());
-    return 1;
+    return m_impl->settle(m_impl->databases.close(textOrEmpty(name))) ? 1 : 0;
 }
 
 int CNbCwDB::DBSelect(const char* name) {
-    const auto found = m_impl->databases.find(textOrEmpty(name));
-    if (found == m_impl->databases.end()) {
-        m_impl->settle(Status::of(Failure::notOpen, textOrEmpty(name)));
-        return 0;
-    }
-    if (!m_impl->settle(found->second->ensureConnected())) return 0;
-    m_impl->selected = found->second.get();
-    m_impl->selectedName = found->first;
-    return 1;
+    return m_impl->settle(m_impl->databases.select(textOrEmpty(name))) ? 1 : 0;
+}
+
+int CNbCwDB::readRecords(const RecordType& type, void*& pointers, int& count,
+                         const char* condition) {
+    pointers = nullptr;
+    count = 0;
+    chengheng::RecordTable& table = m_impl->table(type);
+    table.records().clear();
+    const auto read = [&](Database& database) { return table.read(database, condition); };
+    if (!m_impl->run(read)) return failed;
+    pointers = table.records().pointers();
+    count = static_cast<int>(table.records().count());
+    return 0;
+}
+
+int chengheng::RecordOperations::readRecord(const RecordType& type, void*& pointers, int id) {
+    int count = 0;
+    return readRecords(type, pointers, count, chengheng::formatSql("lId = %d", id).c_str());
+}
+
+int CNbCwDB::readTexts(const RecordType& type, TextRow*& rows, int& count, const char* condition) {
+    rows = nullptr;
+    count = 0;
+    chengheng::RecordTable& table = m_impl->table(type);
+    const auto read = [&](Database& database) { return table.readTexts(database, condition); };
+    if (!m_impl->run(read)) return failed;
+    rows = table.texts().textRows();
+    count = table.texts().rows();
+    return 0;
+}
+
+void CNbCwDB::releaseRecords(const RecordType& type) { m_impl->table(type).release(); }
+
+int CNbCwDB::addRecord(const RecordType& type, const void* record, int& newId) {
+    const auto add = [&](Database& database) {
+        chengheng::UnitOfWork unit(*this);
+        int id = 0;
+        Status status = unit.status();
+        if (status) status = m_impl->table(type).add(database, record, id);
+        if (status) status = unit.commit();
+        if (status) newId = id;
+        return status;
+    };
+    return m_impl->run(add) ? 0 : failed;
+}
+
+int CNbCwDB::editRecord(const RecordType& type, const void* record) {
+    const auto edit = [&](Database& database) {
+        return m_impl->table(type).edit(database, record);
+    };
+    return m_impl->run(edit) ? 0 : failed;
+}
+
+int CNbCwDB::removeRecord(const RecordType& type, int id) {
+    const auto remove = [&](Database& database) {
+        return m_impl->table(type).remove(database, id);
+    };
+    return m_impl->run(remove) ? 0 : failed;
+}
+
+int CNbCwDB::readLastId(const RecordType& type) { return lastId(type.table.idRow); }
+
+int CNbCwDB::lastId(std::string_view idRow) {
+    int id = 0;
+    m_impl->run([&](Database& database) { return database.lastId(idRow, id); });
+    return id;
 }
 
 int CNbCwDB::QRYExecuteSQL(std::string_view statements) {
-    if (!m_impl->hasSelected()) return 0;
-    return m_impl->settle(m_impl->selected->executeBatch(statements)) ? 1 : 0;
+    const auto execute = [&](Database& database) { return database.executeBatch(statements); };
+    return m_impl->run(execute) ? 1 : 0;
 }
 
 int CNbCwDB::QRYGetData(std::string_view select, char**& cells, int& columnCount, int& rowCount) {
     cells = nullptr;
     columnCount = rowCount = 0;
-    if (!m_impl->hasSelected()) return -1;
     auto result = std::make_unique<TextResult>();
     const auto read = [&result](chengheng::Cursor& cursor) { return result->read(cursor); };
-    if (!m_impl->settle(m_impl->selected->select(select, read))) return -1;
+    const auto run = [&](Database& database) { return database.select(select, read); };
+    if (!m_impl->run(run)) return failed;
     columnCount = result->columns();
     rowCount = result->rows();
     cells = result->cells();
@@ -104,63 +186,64 @@ int CNbCwDB::QRYGetData(std::string_view select, char**& cells, int& columnCount
 
 void CNbCwDB::QRYReleaseBuffer(char** cells, int, int) { m_impl->results.erase(cells); }
 
+int CNbCwDB::changeRows(std::string statement, const char* condition) {
+    if (condition != nullptr) statement.append(" WHERE ").append(condition);
+    const auto change = [&](Database& database) { return database.executeBatch(statement); };
+    return m_impl->run(change) ? 0 : failed;
+}
+
 int CNbCwDB::editRows(const char* table, const char* condition, const std::string& assignment) {
-    if (!m_impl->hasSelected()) return -1;
-    std::string text = "UPDATE " + textOrEmpty(table) + " SET " + assignment;
-    if (condition != nullptr) text.append(" WHERE ").append(condition);
-    return m_impl->settle(m_impl->selected->executeBatch(text)) ? 0 : -1;
+    return changeRows("UPDATE " + textOrEmpty(table) + " SET " + assignment, condition);
 }
 
 int CNbCwDB::QRYDelete(const char* table, const char* condition) {
-    if (!m_impl->hasSelected()) return -1;
-    std::string text = "DELETE FROM " + textOrEmpty(table);
-    if (condition != nullptr) text.append(" WHERE ").append(condition);
-    return m_impl->settle(m_impl->selected->executeBatch(text)) ? 0 : -1;
+    return changeRows("DELETE FROM " + textOrEmpty(table), condition);
 }
 
 int CNbCwDB::SQLLock(const char* tables, int mode, int wait) {
-    if (!m_impl->hasSelected()) return 0;
-    auto& locks = m_impl->selected->engine().locks();
-    return m_impl->settle(locks.lock(textOrEmpty(tables), lockMode(mode), wait != 0)) ? 1 : 0;
+    const auto lock = [&](Database& database) {
+        return database.engine().locks().lock(textOrEmpty(tables), lockMode(mode), wait != 0);
+    };
+    return m_impl->run(lock) ? 1 : 0;
 }
 
 void CNbCwDB::SQLUnLock(const char* tables, int mode) {
-    if (m_impl->selected != nullptr)
-        m_impl->selected->engine().locks().unlock(textOrEmpty(tables), lockMode(mode));
+    if (chengheng::LockService* locks = lockService())
+        locks->unlock(textOrEmpty(tables), lockMode(mode));
 }
 
 const Status& CNbCwDB::lastStatus() const { return m_impl->status; }
 
-const std::string& CNbCwDB::selectedName() const { return m_impl->selectedName; }
+const std::string& CNbCwDB::selectedName() const { return m_impl->databases.selectedName(); }
 
 Status CNbCwDB::beginUnit() {
-    if (m_impl->hasSelected()) m_impl->settle(m_impl->selected->beginUnit());
+    m_impl->run([](Database& database) { return database.beginUnit(); });
     return m_impl->status;
 }
 
 Status CNbCwDB::commitUnit(const std::string& name) {
-    Database* database = m_impl->find(name);
+    Database* database = m_impl->databases.find(name);
     m_impl->settle(database == nullptr ? Status::of(Failure::notOpen, name)
                                        : database->commitUnit());
     return m_impl->status;
 }
 
 void CNbCwDB::rollbackUnit(const std::string& name) {
-    if (Database* database = m_impl->find(name)) database->rollbackUnit();
+    if (Database* database = m_impl->databases.find(name)) database->rollbackUnit();
 }
 
 chengheng::LockService* CNbCwDB::lockService() {
-    return m_impl->selected == nullptr ? nullptr : &m_impl->selected->engine().locks();
+    Database* const database = m_impl->databases.selected();
+    return database == nullptr ? nullptr : &database->engine().locks();
 }
 
 chengheng::LockService* CNbCwDB::lockService(const std::string& name) {
-    Database* database = m_impl->find(name);
+    Database* const database = m_impl->databases.find(name);
     return database == nullptr ? nullptr : &database->engine().locks();
 }
 
 void CNbCwDB::setLockWaiter(chengheng::LockWaiter* waiter) {
-    m_impl->waiter = waiter;
-    for (auto& [name, database] : m_impl->databases) database->engine().locks().setWaiter(waiter);
+    m_impl->databases.setLockWaiter(waiter);
 }
 
 void CNbCwDB::setLossObserver(std::function<void(const Status&)> observer) {
@@ -168,15 +251,7 @@ void CNbCwDB::setLossObserver(std::function<void(const Status&)> observer) {
 }
 
 void CNbCwDB::setLockIdentity(const chengheng::LockIdentity& identity) {
-    m_impl->identity = identity;
-    for (auto& [name, database] : m_impl->databases)
-        database->engine().locks().setIdentity(identity);
+    m_impl->databases.setLockIdentity(identity);
 }
 
-Database* CNbCwDB::selectedDatabase() { return m_impl->selected; }
-
-int CNbCwDB::lastId(const char* idRow) {
-    int id = 0;
-    if (m_impl->hasSelected()) m_impl->settle(m_impl->selected->lastId(idRow, id));
-    return id;
-}
+Database* CNbCwDB::selectedDatabase() { return m_impl->databases.selected(); }

@@ -8,11 +8,10 @@
 #include <type_traits>
 
 #include "base/values/status.h"
+#include "data/access/record_operations.h"
 #include "data/access/table_operations.h"
 #include "data/engine/lock_service.h"
 #include "data/sql/sql_format.h"
-#include "data/tables/all_records.h"
-#include "data/tables/text_row.h"
 
 namespace chengheng {
 class Database;
@@ -36,7 +35,7 @@ struct NbCwDBInfo {
 ///
 /// Ownership: rows live in the table's one buffer inside this object until that table's next
 /// GetInfo or its ReleaseAllBuffer, whichever comes first.
-class CNbCwDB {
+class CNbCwDB final : public chengheng::RecordOperations {
   public:
     CNbCwDB();
     ~CNbCwDB();
@@ -160,26 +159,23 @@ class CNbCwDB {
     /// The selected database itself, for the host's tools; null when none is selected.
     chengheng::Database* selectedDatabase();
 
-    template <class Record>
-    int readList(Record**& rows, int& count, const char* condition);
-    template <class Record>
-    int readOne(Record*& row, int id);
-    template <class Record>
-    int readText(TextRow*& rows, int& count, const char* condition);
-    template <class Record>
-    void release();
-    template <class Record>
-    int add(const Record& record, int& newId);
-    template <class Record>
-    int edit(const Record& record);
-    template <class Record>
-    int remove(int id);
     /// The last id handed out for a row of ABIdTable, counters held back by an open unit of
     /// work included; 0 when it has none.
-    int lastId(const char* idRow);
+    int lastId(std::string_view idRow);
 
   private:
+    int readRecords(const chengheng::RecordType& type, void*& pointers, int& count,
+                    const char* condition) override;
+    int readTexts(const chengheng::RecordType& type, TextRow*& rows, int& count,
+                  const char* condition) override;
+    void releaseRecords(const chengheng::RecordType& type) override;
+    int addRecord(const chengheng::RecordType& type, const void* record, int& newId) override;
+    int editRecord(const chengheng::RecordType& type, const void* record) override;
+    int removeRecord(const chengheng::RecordType& type, int id) override;
+    int readLastId(const chengheng::RecordType& type) override;
+
     int editRows(const char* table, const char* condition, const std::string& assignment);
+    int changeRows(std::string statement, const char* condition);
 
     struct Impl;
     std::unique_ptr<Impl> m_impl;

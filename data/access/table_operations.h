@@ -24,4 +24,4 @@
     int Table##_Delete(int id) { return remove<Record>(id); }
 
 #define CHENGHENG_TABLE_LAST_ID(Table, Record) \
-    int Table##_GetLastId() { return lastId(chengheng::TableOf<Record>::idRow); }
+    int Table##_GetLastId() { return lastIdOf<Record>(); }

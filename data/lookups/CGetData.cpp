@@ -4,6 +4,8 @@
 
 #include "base/values/text.h"
 #include "data/lookups/id_lookups.h"
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 
 using chengheng::Directory;
 

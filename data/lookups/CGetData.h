@@ -6,7 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "data/tables/all_records.h"
+#include "data/tables/accounts.h"
+#include "data/tables/books.h"
+#include "data/tables/currency.h"
 
 /// Lookups in the open set of books, over g_pDB. Accounts, currencies, voucher types and
 /// settlement methods are cached: a cached answer is that of the last load, and a record it

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/tables/table.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
-
-#include "data/tables/table.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -42,37 +38,3 @@ struct _zCodeClassInfo {
 
     bool operator==(const _zCodeClassInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_CodeInfo> {
-    static constexpr const char* name = "Code";
-    static constexpr const char* idRow = "Code";
-    static constexpr std::array<const char*, 3> indexes{"sCode", "sHelp", "byExchId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_CodeInfo::lId),         column("sCode", &_CodeInfo::sCode),
-        column("sName", &_CodeInfo::sName),     column("sType", &_CodeInfo::sType),
-        column("byGrade", &_CodeInfo::byGrade), column("bEnd", &_CodeInfo::bEnd),
-        column("bDirect", &_CodeInfo::bDirect), column("bCash", &_CodeInfo::bCash),
-        column("bBank", &_CodeInfo::bBank),     column("sAssBook", &_CodeInfo::sAssBook),
-        column("sHelp", &_CodeInfo::sHelp),     column("byExchId", &_CodeInfo::byExchId),
-        column("lNum", &_CodeInfo::lNum),       column("sPage", &_CodeInfo::sPage),
-        column("bAmount", &_CodeInfo::bAmount), column("sUnit", &_CodeInfo::sUnit),
-    };
-};
-
-template <>
-struct TableOf<_zCodeClassInfo> {
-    static constexpr const char* name = "zCodeClass";
-    static constexpr const char* idRow = "zCodeClass";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_zCodeClassInfo::lId),
-        column("lNum", &_zCodeClassInfo::lNum),
-        column("sClsName", &_zCodeClassInfo::sClsName),
-        column("bDirect", &_zCodeClassInfo::bDirect),
-    };
-};
-
-}  // namespace chengheng

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <tuple>
-
-#include "data/tables/table.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -51,48 +47,3 @@ struct _AssAccInfo {
 
     bool operator==(const _AssAccInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_AccSumInfo> {
-    static constexpr const char* name = "AccSum";
-    static constexpr const char* idRow = "AccSum";
-    /// The opening balances are one row in twelve.
-    static constexpr std::array<const char*, 2> indexes{"lCodeId, byPeroid",
-                                                        "lCodeId WHERE byPeroid = 1"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_AccSumInfo::lId),
-        column("lCodeId", &_AccSumInfo::lCodeId),
-        column("byPeroid", &_AccSumInfo::byPeroid),
-        column("mBegin", &_AccSumInfo::mBegin),
-        column("mDebet", &_AccSumInfo::mDebet),
-        column("mCredit", &_AccSumInfo::mCredit),
-        column("dAmtBegin", &_AccSumInfo::dAmtBegin),
-        column("dAmtDebet", &_AccSumInfo::dAmtDebet),
-        column("dAmtCredit", &_AccSumInfo::dAmtCredit),
-        column("mFgnBegin", &_AccSumInfo::mFgnBegin),
-        column("mFgnDebet", &_AccSumInfo::mFgnDebet),
-        column("mFgnCredit", &_AccSumInfo::mFgnCredit),
-    };
-};
-
-template <>
-struct TableOf<_AssAccInfo> {
-    static constexpr const char* name = "AssAcc";
-    static constexpr const char* idRow = "AssAcc";
-    static constexpr std::array<const char*, 1> indexes{"lCodeId, byPeroid"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_AssAccInfo::lId),           column("byPeroid", &_AssAccInfo::byPeroid),
-        column("lCodeId", &_AssAccInfo::lCodeId),   column("lItemId", &_AssAccInfo::lItemId),
-        column("lDeptId", &_AssAccInfo::lDeptId),   column("lPersonId", &_AssAccInfo::lPersonId),
-        column("lEnterId", &_AssAccInfo::lEnterId), column("sItemId", &_AssAccInfo::sItemId),
-        column("mBegin", &_AssAccInfo::mBegin),     column("mDebt", &_AssAccInfo::mDebt),
-        column("mCredit", &_AssAccInfo::mCredit),   column("dBegin", &_AssAccInfo::dBegin),
-        column("dDebt", &_AssAccInfo::dDebt),       column("dCredit", &_AssAccInfo::dCredit),
-        column("mFBegin", &_AssAccInfo::mFBegin),   column("mFDebt", &_AssAccInfo::mFDebt),
-        column("mFCredit", &_AssAccInfo::mFCredit),
-    };
-};
-
-}  // namespace chengheng

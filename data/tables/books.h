@@ -1,11 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
 
-#include "data/tables/table.h"
+#include "base/values/date.h"
 
 using chengheng::Date;
 
@@ -36,41 +34,3 @@ struct _BooksFormatInfo {
 
     bool operator==(const _BooksFormatInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_zAccountMInfo> {
-    static constexpr const char* name = "zAccountM";
-    static constexpr const char* idRow = "zAccountM";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_zAccountMInfo::lId),           column("sName", &_zAccountMInfo::sName),
-        column("sCompany", &_zAccountMInfo::sCompany), column("dtStart", &_zAccountMInfo::dtStart),
-        column("sCodeLen", &_zAccountMInfo::sCodeLen), column("bFgn", &_zAccountMInfo::bFgn),
-        column("lYear", &_zAccountMInfo::lYear),
-    };
-};
-
-template <>
-struct TableOf<_ABIdTableInfo> {
-    static constexpr const char* name = "ABIdTable";
-    static constexpr const char* idRow = "";
-    static constexpr std::array<const char*, 1> indexes{"sTable"};
-    static constexpr auto columns = std::tuple{
-        column("sTable", &_ABIdTableInfo::sTable),
-        column("lLastId", &_ABIdTableInfo::lLastId),
-    };
-};
-
-template <>
-struct TableOf<_BooksFormatInfo> {
-    static constexpr const char* name = "BooksFormat";
-    static constexpr const char* idRow = "";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lVersion", &_BooksFormatInfo::lVersion),
-    };
-};
-
-}  // namespace chengheng

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
 
-#include "data/tables/table.h"
+#include "base/values/date.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -48,53 +46,3 @@ struct _ExchgFltInfo {
 
     bool operator==(const _ExchgFltInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_CyrencyInfo> {
-    static constexpr const char* name = "Cyrency";
-    static constexpr const char* idRow = "Cyrency";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_CyrencyInfo::lId),
-        column("bySeq", &_CyrencyInfo::bySeq),
-        column("sExchCode", &_CyrencyInfo::sExchCode),
-        column("sExchName", &_CyrencyInfo::sExchName),
-        column("bMode", &_CyrencyInfo::bMode),
-        column("byDecimal", &_CyrencyInfo::byDecimal),
-        column("fMaxError", &_CyrencyInfo::fMaxError),
-    };
-};
-
-template <>
-struct TableOf<_ExchgFixInfo> {
-    static constexpr const char* name = "ExchgFix";
-    static constexpr const char* idRow = "ExchgFix";
-    static constexpr std::array<const char*, 1> indexes{"byExchId, byPeroid"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_ExchgFixInfo::lId),
-        column("byExchId", &_ExchgFixInfo::byExchId),
-        column("dtDate", &_ExchgFixInfo::dtDate),
-        column("byPeroid", &_ExchgFixInfo::byPeroid),
-        column("dRate", &_ExchgFixInfo::dRate),
-        column("dAdjustRate", &_ExchgFixInfo::dAdjustRate),
-    };
-};
-
-template <>
-struct TableOf<_ExchgFltInfo> {
-    static constexpr const char* name = "ExchgFlt";
-    static constexpr const char* idRow = "ExchgFlt";
-    static constexpr std::array<const char*, 1> indexes{"byExchId, byPeroid"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_ExchgFltInfo::lId),
-        column("byExchId", &_ExchgFltInfo::byExchId),
-        column("dtDate", &_ExchgFltInfo::dtDate),
-        column("byPeroid", &_ExchgFltInfo::byPeroid),
-        column("dRate", &_ExchgFltInfo::dRate),
-        column("dAdjustRate", &_ExchgFltInfo::dAdjustRate),
-    };
-};
-
-}  // namespace chengheng

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
-
-#include "data/tables/table.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -51,55 +47,3 @@ struct __DigestInfo {
 
     bool operator==(const __DigestInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_AutoMainInfo> {
-    static constexpr const char* name = "AutoMain";
-    static constexpr const char* idRow = "AutoMain";
-    static constexpr std::array<const char*, 1> indexes{"sSign"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_AutoMainInfo::lId),
-        column("sSign", &_AutoMainInfo::sSign),
-        column("sName", &_AutoMainInfo::sName),
-    };
-};
-
-template <>
-struct TableOf<_AutoSubInfo> {
-    static constexpr const char* name = "AutoSub";
-    static constexpr const char* idRow = "AutoSub";
-    static constexpr std::array<const char*, 1> indexes{"lCodeId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_AutoSubInfo::lId),         column("lTieId", &_AutoSubInfo::lTieId),
-        column("lCodeId", &_AutoSubInfo::lCodeId), column("sDigest", &_AutoSubInfo::sDigest),
-        column("bDirect", &_AutoSubInfo::bDirect), column("sFormula", &_AutoSubInfo::sFormula),
-    };
-};
-
-template <>
-struct TableOf<_FreqSubInfo> {
-    static constexpr const char* name = "FreqSub";
-    static constexpr const char* idRow = "FreqSub";
-    static constexpr std::array<const char*, 1> indexes{"lCodeId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_FreqSubInfo::lId),         column("lTieId", &_FreqSubInfo::lTieId),
-        column("lCodeId", &_FreqSubInfo::lCodeId), column("sDigest", &_FreqSubInfo::sDigest),
-        column("bDirect", &_FreqSubInfo::bDirect), column("mMoney", &_FreqSubInfo::mMoney),
-    };
-};
-
-template <>
-struct TableOf<__DigestInfo> {
-    static constexpr const char* name = "_Digest";
-    static constexpr const char* idRow = "_Digest";
-    static constexpr std::array<const char*, 1> indexes{"lCodeId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &__DigestInfo::lId),
-        column("lCodeId", &__DigestInfo::lCodeId),
-        column("sDigest", &__DigestInfo::sDigest),
-    };
-};
-
-}  // namespace chengheng

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
-
-#include "data/tables/table.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -65,81 +61,3 @@ struct _ProjCodesInfo {
 
     bool operator==(const _ProjCodesInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_DeptInfo> {
-    static constexpr const char* name = "Dept";
-    static constexpr const char* idRow = "Dept";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_DeptInfo::lId),
-        column("sDeptCode", &_DeptInfo::sDeptCode),
-        column("sDeptName", &_DeptInfo::sDeptName),
-    };
-};
-
-template <>
-struct TableOf<_PersonInfo> {
-    static constexpr const char* name = "Person";
-    static constexpr const char* idRow = "Person";
-    static constexpr std::array<const char*, 1> indexes{"lDeptId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_PersonInfo::lId),
-        column("lDeptId", &_PersonInfo::lDeptId),
-        column("sPersonCode", &_PersonInfo::sPersonCode),
-        column("sPersonName", &_PersonInfo::sPersonName),
-    };
-};
-
-template <>
-struct TableOf<_EnterClassInfo> {
-    static constexpr const char* name = "EnterClass";
-    static constexpr const char* idRow = "EnterClass";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_EnterClassInfo::lId),
-        column("sClsCode", &_EnterClassInfo::sClsCode),
-        column("sClsName", &_EnterClassInfo::sClsName),
-    };
-};
-
-template <>
-struct TableOf<_EnterInfo> {
-    static constexpr const char* name = "Enter";
-    static constexpr const char* idRow = "Enter";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_EnterInfo::lId),
-        column("lClassId", &_EnterInfo::lClassId),
-        column("sEnterCode", &_EnterInfo::sEnterCode),
-        column("sEnterName", &_EnterInfo::sEnterName),
-    };
-};
-
-template <>
-struct TableOf<_ProjClassInfo> {
-    static constexpr const char* name = "ProjClass";
-    static constexpr const char* idRow = "ProjClass";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_ProjClassInfo::lId),
-        column("sClsCode", &_ProjClassInfo::sClsCode),
-        column("sClsName", &_ProjClassInfo::sClsName),
-    };
-};
-
-template <>
-struct TableOf<_ProjCodesInfo> {
-    static constexpr const char* name = "ProjCodes";
-    static constexpr const char* idRow = "ProjCodes";
-    static constexpr std::array<const char*, 1> indexes{"lCodeId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_ProjCodesInfo::lId),
-        column("lCodeId", &_ProjCodesInfo::lCodeId),
-        column("sItemId", &_ProjCodesInfo::sItemId),
-    };
-};
-
-}  // namespace chengheng

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
 
-#include "data/tables/table.h"
+#include "base/values/date.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -52,57 +50,3 @@ struct _LoginInfo {
 
     bool operator==(const _LoginInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_UsersInfo> {
-    static constexpr const char* name = "Users";
-    static constexpr const char* idRow = "Users";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_UsersInfo::lId),
-        column("lUserId", &_UsersInfo::lUserId),
-        column("sUserName", &_UsersInfo::sUserName),
-        column("bManager", &_UsersInfo::bManager),
-        column("sPassword", &_UsersInfo::sPassword),
-    };
-};
-
-template <>
-struct TableOf<_UserAuthInfo> {
-    static constexpr const char* name = "UserAuth";
-    static constexpr const char* idRow = "UserAuth";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_UserAuthInfo::lId),
-        column("lUserId", &_UserAuthInfo::lUserId),
-        column("sAuthId", &_UserAuthInfo::sAuthId),
-    };
-};
-
-template <>
-struct TableOf<_zAuthInfo> {
-    static constexpr const char* name = "zAuth";
-    static constexpr const char* idRow = "zAuth";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_zAuthInfo::lId),
-        column("sGroup", &_zAuthInfo::sGroup),
-        column("sName", &_zAuthInfo::sName),
-    };
-};
-
-template <>
-struct TableOf<_LoginInfo> {
-    static constexpr const char* name = "LoginInfoTbl";
-    static constexpr const char* idRow = "LoginInfoTbl";
-    static constexpr std::array<const char*, 1> indexes{"lAccId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_LoginInfo::lId),           column("lAccId", &_LoginInfo::lAccId),
-        column("sUser", &_LoginInfo::sUser),       column("sStation", &_LoginInfo::sStation),
-        column("lProcess", &_LoginInfo::lProcess), column("dtLogon", &_LoginInfo::dtLogon),
-    };
-};
-
-}  // namespace chengheng

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
-
-#include "data/tables/table.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -30,32 +26,3 @@ struct _ZWPrintSubInfo {
 
     bool operator==(const _ZWPrintSubInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_ZWPrintMainInfo> {
-    static constexpr const char* name = "ZWPrintMain";
-    static constexpr const char* idRow = "ZWPrintMain";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_ZWPrintMainInfo::lId),
-        column("sTitle", &_ZWPrintMainInfo::sTitle),
-        column("byPage", &_ZWPrintMainInfo::byPage),
-        column("bPortrait", &_ZWPrintMainInfo::bPortrait),
-    };
-};
-
-template <>
-struct TableOf<_ZWPrintSubInfo> {
-    static constexpr const char* name = "ZWPrintSub";
-    static constexpr const char* idRow = "ZWPrintSub";
-    static constexpr std::array<const char*, 1> indexes{"lTieId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_ZWPrintSubInfo::lId),           column("lTieId", &_ZWPrintSubInfo::lTieId),
-        column("sColName", &_ZWPrintSubInfo::sColName), column("sFiled", &_ZWPrintSubInfo::sFiled),
-        column("byWidth", &_ZWPrintSubInfo::byWidth),
-    };
-};
-
-}  // namespace chengheng

@@ -3,31 +3,10 @@
 #include <algorithm>
 
 #include "base/values/text.h"
-#include "data/tables/all_records.h"
+#include "data/tables/record_type.h"
 
 namespace chengheng {
 namespace {
-
-template <class Record>
-TableInfo tableInfo() {
-    using Table = TableOf<Record>;
-    TableInfo info{Table::name, Table::idRow, {}, {}};
-    std::apply(
-        [&info](const auto&... columns) {
-            (info.columns.push_back(
-                 {columns.name,
-                  columnTypeOf<std::remove_reference_t<decltype(Record{}.*columns.field)>>()}),
-             ...);
-        },
-        Table::columns);
-    info.indexes.assign(Table::indexes.begin(), Table::indexes.end());
-    return info;
-}
-
-template <class... Records>
-std::vector<TableInfo> tableInfos(RecordList<Records...>) {
-    return {tableInfo<Records>()...};
-}
 
 bool isClassCodeLetter(char letter) {
     const char lower = lowerAscii(letter);
@@ -36,8 +15,35 @@ bool isClassCodeLetter(char letter) {
 
 }  // namespace
 
+std::span<const RecordType* const> allRecordTypes() {
+    static const RecordType* const types[] = {
+        &recordTypeOf<_BooksFormatInfo>(), &recordTypeOf<_ABIdTableInfo>(),
+        &recordTypeOf<_zAccountMInfo>(),   &recordTypeOf<_zCodeClassInfo>(),
+        &recordTypeOf<_zAuthInfo>(),       &recordTypeOf<_CodeInfo>(),
+        &recordTypeOf<_AccSumInfo>(),      &recordTypeOf<_AssAccInfo>(),
+        &recordTypeOf<_SignInfo>(),        &recordTypeOf<_SettleInfo>(),
+        &recordTypeOf<_CyrencyInfo>(),     &recordTypeOf<_ExchgFixInfo>(),
+        &recordTypeOf<_ExchgFltInfo>(),    &recordTypeOf<_UsersInfo>(),
+        &recordTypeOf<_UserAuthInfo>(),    &recordTypeOf<_LoginInfo>(),
+        &recordTypeOf<_DeptInfo>(),        &recordTypeOf<_PersonInfo>(),
+        &recordTypeOf<_EnterClassInfo>(),  &recordTypeOf<_EnterInfo>(),
+        &recordTypeOf<_ProjClassInfo>(),   &recordTypeOf<_ProjCodesInfo>(),
+        &recordTypeOf<_RegMainInfo>(),     &recordTypeOf<_RegSubInfo>(),
+        &recordTypeOf<_UnregMainInfo>(),   &recordTypeOf<_UnregSubInfo>(),
+        &recordTypeOf<_AutoMainInfo>(),    &recordTypeOf<_AutoSubInfo>(),
+        &recordTypeOf<_FreqSubInfo>(),     &recordTypeOf<__DigestInfo>(),
+        &recordTypeOf<_RecpBankInfo>(),    &recordTypeOf<_RecpEnterInfo>(),
+        &recordTypeOf<_ZWPrintMainInfo>(), &recordTypeOf<_ZWPrintSubInfo>(),
+    };
+    return types;
+}
+
 const std::vector<TableInfo>& allTables() {
-    static const std::vector<TableInfo> tables = tableInfos(AllRecords{});
+    static const std::vector<TableInfo> tables = [] {
+        std::vector<TableInfo> made;
+        for (const RecordType* type : allRecordTypes()) made.push_back(type->table);
+        return made;
+    }();
     return tables;
 }
 

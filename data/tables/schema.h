@@ -4,16 +4,26 @@
 #include <string_view>
 #include <vector>
 
-#include "data/tables/table.h"
-
 namespace chengheng {
+
+/// How a column is stored; follows from the type of the record's field.
+enum class ColumnType {
+    integer,          ///< l: 32-bit signed
+    nullableInteger,  ///< l that may be unknown (NULL)
+    byte,             ///< by: 0 to 255
+    flag,             ///< b: 16-bit, 0 = no
+    real,             ///< m and d: double
+    single,           ///< f: single-precision
+    text,             ///< s
+    date,             ///< dt
+};
 
 struct ColumnInfo {
     std::string name;
-    ColumnType type;
+    ColumnType type{};
 };
 
-/// A table of the set of books as plain data; built from the TableOf declarations.
+/// A table of the set of books as plain data; declared in this folder, one beside each record.
 struct TableInfo {
     std::string name;
     std::string idRow;                 ///< its counter in ABIdTable; empty: it has none

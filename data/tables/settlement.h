@@ -1,11 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
-#include <tuple>
 
-#include "data/tables/table.h"
+#include "base/values/date.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -59,64 +57,3 @@ struct _RecpEnterInfo {
 
     bool operator==(const _RecpEnterInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_SignInfo> {
-    static constexpr const char* name = "Sign";
-    static constexpr const char* idRow = "Sign";
-    static constexpr std::array<const char*, 1> indexes{"sSign"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_SignInfo::lId),
-        column("sSign", &_SignInfo::sSign),
-        column("sSignName", &_SignInfo::sSignName),
-        column("byLimit", &_SignInfo::byLimit),
-        column("sCode1", &_SignInfo::sCode1),
-        column("sCode2", &_SignInfo::sCode2),
-    };
-};
-
-template <>
-struct TableOf<_SettleInfo> {
-    static constexpr const char* name = "Settle";
-    static constexpr const char* idRow = "Settle";
-    static constexpr std::array<const char*, 1> indexes{"sStlId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_SettleInfo::lId),
-        column("sStlId", &_SettleInfo::sStlId),
-        column("sSettle", &_SettleInfo::sSettle),
-        column("bNote", &_SettleInfo::bNote),
-    };
-};
-
-template <>
-struct TableOf<_RecpBankInfo> {
-    static constexpr const char* name = "RecpBank";
-    static constexpr const char* idRow = "RecpBank";
-    static constexpr std::array<const char*, 1> indexes{"sNoteMethod"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_RecpBankInfo::lId),
-        column("lCodeId", &_RecpBankInfo::lCodeId),
-        column("dtDate", &_RecpBankInfo::dtDate),
-        column("sNoteMethod", &_RecpBankInfo::sNoteMethod),
-        column("sNoteNo", &_RecpBankInfo::sNoteNo),
-        column("bDirect", &_RecpBankInfo::bDirect),
-        column("mMoney", &_RecpBankInfo::mMoney),
-    };
-};
-
-template <>
-struct TableOf<_RecpEnterInfo> {
-    static constexpr const char* name = "RecpEnter";
-    static constexpr const char* idRow = "RecpEnter";
-    static constexpr std::array<const char*, 0> indexes{};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_RecpEnterInfo::lId),           column("lCodeId", &_RecpEnterInfo::lCodeId),
-        column("lEnterId", &_RecpEnterInfo::lEnterId), column("dtDate", &_RecpEnterInfo::dtDate),
-        column("sDigest", &_RecpEnterInfo::sDigest),   column("bDirect", &_RecpEnterInfo::bDirect),
-        column("mMoney", &_RecpEnterInfo::mMoney),
-    };
-};
-
-}  // namespace chengheng

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <tuple>
 
-#include "data/tables/table.h"
+#include "base/values/date.h"
 
 // Record types: the first field is the row's id, the others follow the columns of the
 // table. The names are those of the database format.
@@ -92,82 +90,3 @@ struct _UnregSubInfo {
 
     bool operator==(const _UnregSubInfo&) const = default;
 };
-
-namespace chengheng {
-
-template <>
-struct TableOf<_RegMainInfo> {
-    static constexpr const char* name = "RegMain";
-    static constexpr const char* idRow = "RegMain";
-    static constexpr std::array<const char*, 2> indexes{"sSign", "byPeroid"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_RegMainInfo::lId),         column("byPeroid", &_RegMainInfo::byPeroid),
-        column("dtDate", &_RegMainInfo::dtDate),   column("sSign", &_RegMainInfo::sSign),
-        column("lNumber", &_RegMainInfo::lNumber), column("lAttach", &_RegMainInfo::lAttach),
-        column("lUBill", &_RegMainInfo::lUBill),   column("lUCheck", &_RegMainInfo::lUCheck),
-        column("lUBook", &_RegMainInfo::lUBook),
-    };
-};
-
-template <>
-struct TableOf<_UnregMainInfo> {
-    static constexpr const char* name = "UnregMain";
-    static constexpr const char* idRow = "UnRegMain";
-    static constexpr std::array<const char*, 1> indexes{"sSign"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_UnregMainInfo::lId),         column("byPeroid", &_UnregMainInfo::byPeroid),
-        column("dtDate", &_UnregMainInfo::dtDate),   column("sSign", &_UnregMainInfo::sSign),
-        column("lNumber", &_UnregMainInfo::lNumber), column("lAttach", &_UnregMainInfo::lAttach),
-        column("lUBill", &_UnregMainInfo::lUBill),   column("lUCheck", &_UnregMainInfo::lUCheck),
-        column("lUBook", &_UnregMainInfo::lUBook),
-    };
-};
-
-template <>
-struct TableOf<_RegSubInfo> {
-    static constexpr const char* name = "RegSub";
-    static constexpr const char* idRow = "RegSub";
-    static constexpr std::array<const char*, 3> indexes{"lCodeId", "lTieId", "sStlId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_RegSubInfo::lId),           column("lTieId", &_RegSubInfo::lTieId),
-        column("lLine", &_RegSubInfo::lLine),       column("sDigest", &_RegSubInfo::sDigest),
-        column("lCodeId", &_RegSubInfo::lCodeId),   column("bDirect", &_RegSubInfo::bDirect),
-        column("mMoney", &_RegSubInfo::mMoney),     column("mFgn", &_RegSubInfo::mFgn),
-        column("dAmt", &_RegSubInfo::dAmt),         column("dRate", &_RegSubInfo::dRate),
-        column("lDeptId", &_RegSubInfo::lDeptId),   column("lPersonId", &_RegSubInfo::lPersonId),
-        column("lEnterId", &_RegSubInfo::lEnterId), column("lItemId", &_RegSubInfo::lItemId),
-        column("sItemId", &_RegSubInfo::sItemId),   column("sStlId", &_RegSubInfo::sStlId),
-        column("sNoteNo", &_RegSubInfo::sNoteNo),   column("dtNote", &_RegSubInfo::dtNote),
-        column("bBegin", &_RegSubInfo::bBegin),
-    };
-};
-
-template <>
-struct TableOf<_UnregSubInfo> {
-    static constexpr const char* name = "UnregSub";
-    static constexpr const char* idRow = "UnRegSub";
-    static constexpr std::array<const char*, 3> indexes{"lCodeId", "lTieId", "sStlId"};
-    static constexpr auto columns = std::tuple{
-        column("lId", &_UnregSubInfo::lId),
-        column("lTieId", &_UnregSubInfo::lTieId),
-        column("lLine", &_UnregSubInfo::lLine),
-        column("sDigest", &_UnregSubInfo::sDigest),
-        column("lCodeId", &_UnregSubInfo::lCodeId),
-        column("bDirect", &_UnregSubInfo::bDirect),
-        column("mMoney", &_UnregSubInfo::mMoney),
-        column("mFgn", &_UnregSubInfo::mFgn),
-        column("dAmt", &_UnregSubInfo::dAmt),
-        column("dRate", &_UnregSubInfo::dRate),
-        column("lDeptId", &_UnregSubInfo::lDeptId),
-        column("lPersonId", &_UnregSubInfo::lPersonId),
-        column("lEnterId", &_UnregSubInfo::lEnterId),
-        column("lItemId", &_UnregSubInfo::lItemId),
-        column("sItemId", &_UnregSubInfo::sItemId),
-        column("sStlId", &_UnregSubInfo::sStlId),
-        column("sNoteNo", &_UnregSubInfo::sNoteNo),
-        column("dtNote", &_UnregSubInfo::dtNote),
-        column("bBegin", &_UnregSubInfo::bBegin),
-    };
-};
-
-}  // namespace chengheng

@@ -4,6 +4,7 @@
 
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
+#include "data/tables/directories.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/storing/opening_sql.h"
 #include "session/last_failure.h"

@@ -5,6 +5,7 @@
 #include "base/values/text.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/host_database.h"
+#include "data/tables/accounts.h"
 #include "opening/sheet/opening_texts.h"
 
 namespace chengheng {

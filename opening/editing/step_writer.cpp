@@ -8,6 +8,7 @@
 #include <set>
 
 #include "data/access/host_database.h"
+#include "data/tables/accounts.h"
 #include "opening/editing/amount_text.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/sheet/roll_up.h"

@@ -5,6 +5,7 @@
 #include "data/access/host_database.h"
 #include "data/access/unit_of_work.h"
 #include "data/lookups/CGetData.h"
+#include "data/tables/accounts.h"
 #include "opening/auxiliary/auxiliary_directories.h"
 #include "opening/direction/direction_adjust.h"
 #include "opening/editing/amount_text.h"

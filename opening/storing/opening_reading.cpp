@@ -3,6 +3,10 @@
 #include <optional>
 
 #include "data/access/row_lease.h"
+#include "data/tables/balances.h"
+#include "data/tables/books.h"
+#include "data/tables/currency.h"
+#include "data/tables/vouchers.h"
 #include "opening/storing/opening_sql.h"
 #include "opening/storing/posting.h"
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "data/access/CNbCwDB.h"
+#include "data/tables/accounts.h"
 #include "opening/sheet/opening_sheet.h"
 
 namespace chengheng {

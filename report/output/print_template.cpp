@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "data/access/CNbCwDB.h"
+#include "data/tables/printing.h"
 #include "report/engine/print_refusal.h"
 #include "report/engine/print_texts.h"
 #include "report/output/print_sql.h"

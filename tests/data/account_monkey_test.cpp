@@ -9,6 +9,7 @@
 #include "accounts/chart/account_sql.h"
 #include "accounts/transfer/chart_import.h"
 #include "data/access/row_lease.h"
+#include "data/tables/accounts.h"
 #include "sheets/delimited/delimited_text.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"

@@ -4,6 +4,7 @@
 
 #include "accounts/changing/designation.h"
 #include "accounts/transfer/chart_import.h"
+#include "data/tables/accounts.h"
 #include "sheets/delimited/delimited_text.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"

@@ -3,6 +3,11 @@
 #include "data/access/CNbCwDB.h"
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
+#include "data/tables/accounts.h"
+#include "data/tables/balances.h"
+#include "data/tables/currency.h"
+#include "data/tables/directories.h"
+#include "data/tables/operators.h"
 #include "tests/support/engine_cases.h"
 
 namespace {

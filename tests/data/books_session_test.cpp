@@ -10,6 +10,7 @@
 #include "base/system/workstation.h"
 #include "data/access/row_lease.h"
 #include "data/lookups/CGetData.h"
+#include "data/tables/operators.h"
 #include "session/failure_texts.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"

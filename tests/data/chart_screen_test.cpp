@@ -5,6 +5,7 @@
 #include "accounts/screen/chart_commands.h"
 #include "accounts/screen/chart_search.h"
 #include "data/lookups/cached_records.h"
+#include "data/tables/accounts.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/tables/accounts.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 

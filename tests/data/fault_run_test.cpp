@@ -7,6 +7,8 @@
 #include "data/access/table_locks.h"
 #include "data/access/unit_of_work.h"
 #include "data/layout/layout.h"
+#include "data/tables/accounts.h"
+#include "data/tables/balances.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
 

@@ -9,6 +9,7 @@
 #include "currency/currency_list.h"
 #include "data/access/CNbCwDB.h"
 #include "data/lookups/cached_records.h"
+#include "data/tables/currency.h"
 #include "session/host_globals.h"
 #include "session/host_messages.h"
 #include "settle/settlement_list.h"

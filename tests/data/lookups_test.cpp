@@ -7,6 +7,8 @@
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
 #include "data/lookups/existence.h"
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 #include "session/CyrencyIsExist.h"
 #include "session/host_globals.h"
 #include "session/host_messages.h"

@@ -4,6 +4,7 @@
 
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
+#include "data/tables/balances.h"
 #include "opening/storing/saving.h"
 #include "opening/storing/zero_row_sweep.h"
 #include "tests/support/engine_cases.h"

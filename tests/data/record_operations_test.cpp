@@ -3,6 +3,9 @@
 #include "data/access/CNbCwDB.h"
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
+#include "data/tables/accounts.h"
+#include "data/tables/settlement.h"
+#include "data/tables/vouchers.h"
 #include "tests/support/engine_cases.h"
 
 namespace {

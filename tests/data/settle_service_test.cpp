@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/connection/database.h"
+#include "data/tables/settlement.h"
 #include "settle/settle_rules.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/settle_books.h"

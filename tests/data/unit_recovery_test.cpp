@@ -4,6 +4,8 @@
 #include "data/access/row_lease.h"
 #include "data/access/table_locks.h"
 #include "data/access/unit_of_work.h"
+#include "data/tables/accounts.h"
+#include "data/tables/balances.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/private_postgres.h"
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "accounts/chart/account_sql.h"
+#include "data/tables/accounts.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 

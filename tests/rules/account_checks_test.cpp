@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "accounts/rules/account_record.h"
+#include "data/tables/accounts.h"
 #include "tests/support/fake_chart.h"
 
 using namespace chengheng;

@@ -1,4 +1,5 @@
 #include "accounts/chart/account_entry.h"
+#include "data/tables/accounts.h"
 
 #include <gtest/gtest.h>
 

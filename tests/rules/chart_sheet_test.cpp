@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 #include "sheets/delimited/delimited_text.h"
 
 using namespace chengheng;

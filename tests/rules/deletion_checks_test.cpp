@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/tables/accounts.h"
 #include "tests/support/fake_chart.h"
 
 using namespace chengheng;

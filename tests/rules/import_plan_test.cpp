@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "data/tables/accounts.h"
+#include "data/tables/currency.h"
 #include "sheets/delimited/delimited_text.h"
 
 using namespace chengheng;

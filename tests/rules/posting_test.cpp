@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "data/tables/balances.h"
 #include "opening/sheet/edit_journal.h"
 #include "opening/storing/opening_sql.h"
 #include "tests/support/opening_accounts.h"

@@ -1,4 +1,5 @@
 #include "settle/settle_rules.h"
+#include "data/tables/settlement.h"
 
 #include <gtest/gtest.h>
 

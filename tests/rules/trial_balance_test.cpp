@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/tables/accounts.h"
 #include "tests/support/opening_accounts.h"
 
 using namespace chengheng;

@@ -2,6 +2,7 @@
 
 #include "accounts/changing/designation.h"
 #include "accounts/transfer/chart_import.h"
+#include "data/tables/accounts.h"
 #include "sheets/delimited/delimited_text.h"
 
 namespace chengheng {

@@ -10,6 +10,11 @@
 #include "books/checking/integrity_check.h"
 #include "data/access/row_lease.h"
 #include "data/layout/layout.h"
+#include "data/tables/balances.h"
+#include "data/tables/definitions.h"
+#include "data/tables/directories.h"
+#include "data/tables/record_type.h"
+#include "data/tables/vouchers.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/small_books.h"
 
@@ -46,7 +51,7 @@ void mustBe(bool isDone, const CNbCwDB& database, const std::string& what) {
 template <class Record>
 int addRow(CNbCwDB& database, const Record& record) {
     int id = 0;
-    mustBe(database.add(record, id) == 0, database, TableOf<Record>::name);
+    mustBe(database.add(record, id) == 0, database, recordTypeOf<Record>().table.name);
     return id;
 }
 

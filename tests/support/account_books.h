@@ -8,6 +8,7 @@
 #include "accounts/changing/account_service.h"
 #include "accounts/chart/account_use.h"
 #include "data/access/CNbCwDB.h"
+#include "data/tables/accounts.h"
 #include "session/host_globals.h"
 #include "tests/support/faulty_engine.h"
 #include "tests/support/logged_locks.h"

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "accounts/chart/chart_facts.h"
+#include "data/tables/accounts.h"
 
 namespace chengheng {
 

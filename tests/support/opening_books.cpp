@@ -8,6 +8,9 @@
 
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
+#include "data/tables/accounts.h"
+#include "data/tables/balances.h"
+#include "data/tables/vouchers.h"
 #include "opening/storing/saving.h"
 
 namespace chengheng {

@@ -4,22 +4,21 @@
 
 #include <fstream>
 #include <regex>
-#include <set>
 
 #include "data/tables/schema.h"
 
 namespace chengheng {
 namespace {
 
-/// Reads a header line by line and remembers in which record or table it is.
+/// Reads headers and declarations line by line and remembers in which record or table it is.
 class NoteReader {
   public:
     explicit NoteReader(RecordNotes& notes) : m_notes(notes) {}
 
     void read(const std::string& line) {
         static const std::regex recordLine("struct (_\\w+) \\{");
-        static const std::regex tableLine("struct TableOf<(_\\w+)> \\{");
-        static const std::regex nameLine(".*\\bname = \"(\\w+)\";");
+        static const std::regex tableLine("const RecordType& recordTypeOf<(_\\w+)>\\(\\) \\{");
+        static const std::regex nameLine("(?:.*recordType<Record>\\(| +)\"(\\w+)\", \"\\w*\".*");
         static const std::regex fieldLine("    [\\w:<> ]+ (\\w+)(?: = \\S+)?;(?: *///< ?(.*))?");
         static const std::regex noteLine(" */// ?(?:< ?)?(.*)");
         std::smatch found;
@@ -116,13 +115,14 @@ class's code, with `lId`, `FIELD0` (code of the item) and `FIELD1` (its name, in
 
 RecordNotes readRecordNotes(const std::filesystem::path& folder) {
     RecordNotes notes;
-    std::set<std::filesystem::path> headers;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        if (entry.path().extension() == ".h") headers.insert(entry.path());
-    for (const auto& header : headers) {
-        NoteReader reader(notes);
-        std::ifstream file(header);
-        for (std::string line; std::getline(file, line);) reader.read(line);
+    NoteReader reader(notes);
+    // A record's header first: the declaration of its table gives the notes their names.
+    for (const char* kind : {".h", ".cpp"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+            if (entry.path().extension() != kind) continue;
+            std::ifstream file(entry.path());
+            for (std::string line; std::getline(file, line);) reader.read(line);
+        }
     }
     return notes;
 }

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "data/access/row_lease.h"
+#include "data/tables/settlement.h"
 
 namespace chengheng {
 namespace {

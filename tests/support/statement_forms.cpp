@@ -8,6 +8,7 @@
 #include "books/demo/demo_sql.h"
 #include "books/making/books_sql.h"
 #include "data/sql/sql_format.h"
+#include "data/tables/accounts.h"
 #include "opening/storing/opening_sql.h"
 #include "report/output/print_sql.h"
 #include "session/rights/services_sql.h"

@@ -1,3 +1,4 @@
+#include "data/tables/accounts.h"
 #include "tests/window/account_fixture.h"
 
 using namespace chengheng;

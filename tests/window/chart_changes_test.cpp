@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QScrollBar>
 
+#include "data/tables/accounts.h"
 #include "tests/support/recording_printer.h"
 #include "tests/window/chart_fixture.h"
 

@@ -13,6 +13,7 @@
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
+#include "data/tables/accounts.h"
 #include "session/host_messages.h"
 #include "tests/support/account_books.h"
 #include "tests/window/grid_window.h"

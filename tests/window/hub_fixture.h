@@ -9,6 +9,7 @@
 
 #include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
+#include "data/tables/books.h"
 #include "session/host_globals.h"
 #include "session/host_messages.h"
 #include "setting/window/CNbCwSettingDlg.h"

@@ -11,6 +11,7 @@
 
 #include "books/logon/known_books.h"
 #include "data/access/CNbCwDB.h"
+#include "data/tables/books.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/recording_messages.h"
 #include "tests/window/typing.h"

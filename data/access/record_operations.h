@@ -1,0 +1,69 @@
+#pragma once
+
+#include "data/tables/records.h"
+#include "data/tables/text_row.h"
+
+namespace chengheng {
+
+/// The operations on tables by record type: what those that bear a table's name come to, and
+/// what code for records of any type calls. CNbCwDB says what their results mean.
+class RecordOperations {
+  public:
+    template <class Record>
+    int readList(Record**& rows, int& count, const char* condition) {
+        void* pointers = nullptr;
+        const int result = readRecords(recordTypeOf<Record>(), pointers, count, condition);
+        rows = static_cast<Record**>(pointers);
+        return result;
+    }
+    template <class Record>
+    int readOne(Record*& row, int id) {
+        void* pointers = nullptr;
+        const int result = readRecord(recordTypeOf<Record>(), pointers, id);
+        row = result == 0 ? *static_cast<Record**>(pointers) : nullptr;
+        return result;
+    }
+    template <class Record>
+    int readText(TextRow*& rows, int& count, const char* condition) {
+        return readTexts(recordTypeOf<Record>(), rows, count, condition);
+    }
+    template <class Record>
+    void release() {
+        releaseRecords(recordTypeOf<Record>());
+    }
+    template <class Record>
+    int add(const Record& record, int& newId) {
+        return addRecord(recordTypeOf<Record>(), &record, newId);
+    }
+    template <class Record>
+    int edit(const Record& record) {
+        return editRecord(recordTypeOf<Record>(), &record);
+    }
+    template <class Record>
+    int remove(int id) {
+        return removeRecord(recordTypeOf<Record>(), id);
+    }
+    template <class Record>
+    int lastIdOf() {
+        return readLastId(recordTypeOf<Record>());
+    }
+
+  protected:
+    RecordOperations() = default;
+    ~RecordOperations() = default;
+
+  private:
+    /// `pointers` comes to the first of as many `Record*` as there are rows.
+    virtual int readRecords(const RecordType& type, void*& pointers, int& count,
+                            const char* condition) = 0;
+    int readRecord(const RecordType& type, void*& pointers, int id);
+    virtual int readTexts(const RecordType& type, TextRow*& rows, int& count,
+                          const char* condition) = 0;
+    virtual void releaseRecords(const RecordType& type) = 0;
+    virtual int addRecord(const RecordType& type, const void* record, int& newId) = 0;
+    virtual int editRecord(const RecordType& type, const void* record) = 0;
+    virtual int removeRecord(const RecordType& type, int id) = 0;
+    virtual int readLastId(const RecordType& type) = 0;
+};
+
+}  // namespace chengheng

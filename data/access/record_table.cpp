@@ -1,0 +1,143 @@
+#include "data/access/record_table.h"
+
+#include <algorithm>
+#include <deque>
+#include <string_view>
+#include <vector>
+
+#include "base/values/text.h"
+#include "data/connection/row_io.h"
+
+namespace chengheng {
+namespace {
+
+bool startsWithOrderBy(std::string_view condition) {
+    constexpr std::string_view order = "ORDER BY";
+    const auto start = condition.find_first_not_of(" \t\r\n");
+    return start != std::string_view::npos &&
+           isSameInAnyCase(condition.substr(start, order.size()), order);
+}
+
+/// "SELECT lId, sCode, ... FROM Code"
+std::string selectSql(const TableInfo& table) {
+    std::string columns;
+    for (const ColumnInfo& column : table.columns)
+        columns += (columns.empty() ? "" : ", ") + column.name;
+    return "SELECT " + columns + " FROM " + table.name;
+}
+
+/// "INSERT INTO Code VALUES ($1, $2, ...)"
+std::string insertSql(const TableInfo& table) {
+    std::string places;
+    for (std::size_t number = 1; number <= table.columns.size(); ++number)
+        places += (number > 1 ? ", $" : "$") + std::to_string(number);
+    return "INSERT INTO " + table.name + " VALUES (" + places + ")";
+}
+
+/// "UPDATE Code SET lId = $1, sCode = $2, ... WHERE lId = $1"
+std::string updateSql(const TableInfo& table) {
+    std::string assignments;
+    int number = 0;
+    for (const ColumnInfo& column : table.columns) {
+        ++number;
+        assignments += (number > 1 ? ", " : "") + column.name + " = $" + std::to_string(number);
+    }
+    return "UPDATE " + table.name + " SET " + assignments + " WHERE lId = $1";
+}
+
+/// Posted and unposted vouchers share one sequence of ids: the other counter of a pair.
+const char* partnerRow(std::string_view idRow) {
+    if (idRow == "RegMain") return "UnRegMain";
+    if (idRow == "RegSub") return "UnRegSub";
+    if (idRow == "UnRegMain") return "RegMain";
+    if (idRow == "UnRegSub") return "RegSub";
+    return nullptr;
+}
+
+Status takeNextId(Database& database, std::string_view idRow, int& id) {
+    if (Status status = database.lastId(idRow, id); !status) return status;
+    const char* partner = partnerRow(idRow);
+    if (partner != nullptr) {
+        int partnerId = 0;
+        if (Status status = database.lastId(partner, partnerId); !status) return status;
+        id = std::max(id, partnerId);
+    }
+    ++id;
+    Status status = database.setLastId(idRow, id);
+    return status && partner != nullptr ? database.setLastId(partner, id) : status;
+}
+
+/// A change of the one row of an id.
+Status changeRow(Database& database, const std::string& sql, std::span<const Value> values) {
+    std::int64_t changed = 0;
+    Status status = database.executePlain(sql, values, &changed);
+    return status && changed == 0 ? Status::of(Failure::missing, "no row of that id") : status;
+}
+
+}  // namespace
+
+RecordTable::RecordTable(const RecordType& type)
+    : m_type(type),
+      m_select(selectSql(type.table)),
+      m_insert(insertSql(type.table)),
+      m_update(updateSql(type.table)),
+      m_delete("DELETE FROM " + type.table.name + " WHERE lId = $1"),
+      m_records(type) {}
+
+std::string RecordTable::selectText(const char* condition) const {
+    if (condition == nullptr || condition[0] == '\0') return m_select;
+    return m_select + (startsWithOrderBy(condition) ? " " : " WHERE ") + condition;
+}
+
+Status RecordTable::read(Database& database, const char* condition) {
+    const auto readAll = [this](Cursor& cursor) {
+        while (true) {
+            const Cursor::Step step = cursor.next();
+            if (step == Cursor::Step::failed) return cursor.status();
+            if (step == Cursor::Step::end) return Status::done();
+            readRecord(cursor, m_type, m_records.append());
+        }
+    };
+    m_records.clear();
+    Status status = database.select(selectText(condition), readAll);
+    if (status && m_records.count() == 0) status = Status::of(Failure::missing, "no rows");
+    if (!status) m_records.clear();
+    return status;
+}
+
+Status RecordTable::readTexts(Database& database, const char* condition) {
+    m_texts = std::make_unique<TextResult>();
+    const auto readAll = [this](Cursor& cursor) { return m_texts->read(cursor); };
+    Status status = database.select(selectText(condition), readAll);
+    if (status && m_texts->rows() == 0) status = Status::of(Failure::missing, "no rows");
+    if (!status) m_texts.reset();
+    return status;
+}
+
+void RecordTable::release() {
+    m_records.clear();
+    m_texts.reset();
+}
+
+Status RecordTable::add(Database& database, const void* record, int& newId) const {
+    int id = 0;
+    if (Status status = takeNextId(database, m_type.table.idRow, id); !status) return status;
+    std::deque<std::string> texts;
+    std::vector<Value> values = recordValues(m_type, record, texts);
+    values[0] = Value::of(std::int64_t{id});
+    Status status = database.executePlain(m_insert, values);
+    if (status) newId = id;
+    return status;
+}
+
+Status RecordTable::edit(Database& database, const void* record) const {
+    std::deque<std::string> texts;
+    return changeRow(database, m_update, recordValues(m_type, record, texts));
+}
+
+Status RecordTable::remove(Database& database, int id) const {
+    const Value values[] = {Value::of(std::int64_t{id})};
+    return changeRow(database, m_delete, values);
+}
+
+}  // namespace chengheng
