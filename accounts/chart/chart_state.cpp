@@ -1,11 +1,9 @@
 #include "accounts/chart/chart_state.h"
 
-#include <charconv>
-#include <cstring>
-
 #include "accounts/chart/account_sql.h"
 #include "accounts/chart/where_used_sql.h"
 #include "data/access/row_lease.h"
+#include "data/access/selected_cells.h"
 #include "data/tables/books.h"
 
 namespace chengheng {
@@ -19,17 +17,9 @@ Status readAll(CNbCwDB& database, const char* condition, std::vector<Record>& re
 }
 
 Status readIds(CNbCwDB& database, const std::string& select, std::unordered_set<int>& ids) {
-    char** cells = nullptr;
-    int columns = 0;
-    int rows = 0;
-    if (database.QRYGetData(select, cells, columns, rows) != 0) return database.lastStatus();
-    for (int row = 0; row < rows; ++row) {
-        const char* const cell = cells[row * columns];
-        int id = 0;
-        if (cell != nullptr) std::from_chars(cell, cell + std::strlen(cell), id);
-        ids.insert(id);
-    }
-    database.QRYReleaseBuffer(cells, columns, rows);
+    const SelectedCells cells(database, select);
+    if (!cells.isRead()) return database.lastStatus();
+    for (int row = 0; row < cells.rows(); ++row) ids.insert(cells.number<int>(row, 0));
     return Status::done();
 }
 

@@ -1,7 +1,5 @@
 #include "accounts/screen/where_used.h"
 
-#include <charconv>
-#include <cstring>
 #include <span>
 
 #include "accounts/chart/account_texts.h"
@@ -10,7 +8,7 @@
 #include "accounts/screen/chart_texts.h"
 #include "base/values/numbers.h"
 #include "data/access/host_database.h"
-#include "data/lookups/one_cell.h"
+#include "data/access/selected_cells.h"
 #include "session/open_books.h"
 
 namespace chengheng {
@@ -68,36 +66,30 @@ std::span<const UseColumn> columnsOf(UsePlace place) {
     return projectColumns;
 }
 
-std::string shownText(const char* cell, Shown shown) {
-    if (cell == nullptr) return {};
-    double number = 0;
-    std::from_chars(cell, cell + std::strlen(cell), number);
+std::string shownText(const SelectedCells& cells, int row, int column, Shown shown) {
+    if (cells.cell(row, column) == nullptr) return {};
     switch (shown) {
         case Shown::asItIs:
             break;
         case Shown::amount:
-            return ftoaWithSap(number, 2);
+            return ftoaWithSap(cells.number<double>(row, column), 2);
         case Shown::direction:
-            return number != 0 ? account_texts::debit : account_texts::credit;
+            return cells.number<double>(row, column) != 0 ? account_texts::debit
+                                                          : account_texts::credit;
     }
-    return cell;
+    return std::string(cells.text(row, column));
 }
 
 Status readRows(std::span<const int> ids, UseSection& section) {
     const auto columns = columnsOf(section.place);
     for (const UseColumn& column : columns) section.headings.emplace_back(column.heading);
-    char** cells = nullptr;
-    int columnCount = 0;
-    int rowCount = 0;
-    const std::string select = where_used_sql::rows(section.place, ids, mostUsesListed);
-    if (g_pDB->QRYGetData(select, cells, columnCount, rowCount) != 0) return g_pDB->lastStatus();
-    for (int row = 0; row < rowCount; ++row) {
+    const SelectedCells cells(*g_pDB, where_used_sql::rows(section.place, ids, mostUsesListed));
+    if (!cells.isRead()) return g_pDB->lastStatus();
+    for (int row = 0; row < cells.rows(); ++row) {
         std::vector<std::string>& texts = section.rows.emplace_back();
-        for (std::size_t column = 0; column < columns.size(); ++column)
-            texts.push_back(shownText(cells[row * columnCount + static_cast<int>(column)],
-                                      columns[column].shown));
+        for (const UseColumn& column : columns)
+            texts.push_back(shownText(cells, row, static_cast<int>(texts.size()), column.shown));
     }
-    g_pDB->QRYReleaseBuffer(cells, columnCount, rowCount);
     return Status::done();
 }
 
@@ -111,11 +103,10 @@ Status findUses(std::string_view code, std::vector<UseSection>& sections) {
     const std::vector<int> ids = chart.idsWithBelow(code);
     if (ids.empty()) return chart.status();
     for (const UsePlace place : usePlaces) {
-        const OneCell cell = readOneCell(*g_pDB, where_used_sql::count(place, ids));
-        if (!cell.isRead) return g_pDB->lastStatus();
+        const SelectedCells counted(*g_pDB, where_used_sql::count(place, ids));
+        if (!counted.isRead()) return g_pDB->lastStatus();
         UseSection section{.place = place, .title = placeTitle(place)};
-        const std::string text = cell.text.value_or("0");
-        std::from_chars(text.data(), text.data() + text.size(), section.count);
+        if (counted.rows() > 0) section.count = counted.number<decltype(section.count)>(0, 0);
         if (section.count == 0) continue;
         status = readRows(ids, section);
         if (!status) return status;

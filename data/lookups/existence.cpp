@@ -3,7 +3,7 @@
 #include <string>
 
 #include "data/access/host_database.h"
-#include "data/lookups/one_cell.h"
+#include "data/access/selected_cells.h"
 #include "data/sql/sql_format.h"
 
 using chengheng::formatSql;
@@ -12,9 +12,9 @@ namespace {
 
 int existence(const std::string& select) {
     if (g_pDB == nullptr) return -1;
-    const auto cell = chengheng::readOneCell(*g_pDB, select);
-    if (!cell.isRead) return -1;
-    return cell.text ? 0 : 1;
+    const chengheng::SelectedCells cells(*g_pDB, select);
+    if (!cells.isRead()) return -1;
+    return cells.rows() > 0 ? 0 : 1;
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 #include "data/lookups/id_lookups.h"
 
-#include <charconv>
-
 #include "data/access/host_database.h"
-#include "data/lookups/one_cell.h"
+#include "data/access/selected_cells.h"
 #include "data/sql/sql_format.h"
 
 namespace chengheng {
@@ -13,17 +11,16 @@ bool isSelected(const char* databaseName) {
     return g_pDB != nullptr && g_pDB->DBSelect(databaseName) != 0;
 }
 
-int idFrom(const OneCell& cell) {
-    if (!cell.isRead) return -1;
-    int id = 0;
-    if (cell.text) std::from_chars(cell.text->data(), cell.text->data() + cell.text->size(), id);
-    return id;
+/// The id that a select gives first.
+int idFrom(const std::string& select) {
+    const SelectedCells cells(*g_pDB, select);
+    if (!cells.isRead()) return -1;
+    return cells.rows() > 0 ? cells.number<int>(0, 0) : 0;
 }
 
 int idBy(const Directory& directory, const char* column, std::string_view text) {
-    return idFrom(
-        readOneCell(*g_pDB, formatSql("SELECT lId FROM %s WHERE %s = '%s' ORDER BY lId",
-                                      SqlFragment{directory.table}, SqlFragment{column}, text)));
+    return idFrom(formatSql("SELECT lId FROM %s WHERE %s = '%s' ORDER BY lId",
+                            SqlFragment{directory.table}, SqlFragment{column}, text));
 }
 
 }  // namespace
@@ -40,12 +37,13 @@ std::string nameOf(const Directory& directory, const char* databaseName, int id)
     const auto select =
         formatSql("SELECT %s FROM %s WHERE lId = %d", SqlFragment{directory.nameColumn},
                   SqlFragment{directory.table}, id);
-    return readOneCell(*g_pDB, select).text.value_or("");
+    const SelectedCells cells(*g_pDB, select);
+    return cells.rows() > 0 ? std::string(cells.text(0, 0)) : std::string();
 }
 
 int accountIdOf(std::string_view code) {
     if (g_pDB == nullptr) return -1;
-    return idFrom(readOneCell(*g_pDB, formatSql("SELECT lId FROM Code WHERE sCode = '%s'", code)));
+    return idFrom(formatSql("SELECT lId FROM Code WHERE sCode = '%s'", code));
 }
 
 }  // namespace chengheng

@@ -3,10 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
-#include <string_view>
 
-#include "data/access/CNbCwDB.h"
+#include "data/access/selected_cells.h"
 #include "data/tables/printing.h"
 #include "report/engine/print_refusal.h"
 #include "report/engine/print_texts.h"
@@ -30,40 +28,6 @@ Refusal unread(std::int32_t number) {
     return printRefusal(fmt::format(print_texts::templateUnreadable, number, lastFailureText()));
 }
 
-/// The number a decimal text begins with; 0 when it begins with none.
-int numberOf(std::string_view text) {
-    int value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
-    return std::clamp(value, 0, widestColumn);
-}
-
-/// The cells of a select, given back with the end of the reading.
-class SelectedCells {
-  public:
-    explicit SelectedCells(const std::string& select) {
-        m_isRead = g_pDB->QRYGetData(select, m_cells, m_columns, m_rows) == 0;
-    }
-    ~SelectedCells() {
-        if (m_isRead) g_pDB->QRYReleaseBuffer(m_cells, m_columns, m_rows);
-    }
-    SelectedCells(const SelectedCells&) = delete;
-    SelectedCells& operator=(const SelectedCells&) = delete;
-
-    bool isRead() const { return m_isRead; }
-    int rows() const { return m_rows; }
-    /// Empty for an absent cell.
-    std::string_view at(int row, int column) const {
-        const char* cell = m_cells[row * m_columns + column];
-        return cell == nullptr ? std::string_view() : std::string_view(cell);
-    }
-
-  private:
-    char** m_cells = nullptr;
-    int m_columns = 0;
-    int m_rows = 0;
-    bool m_isRead = false;
-};
-
 /// Header of the template; its buffer is released before this returns.
 bool readHeader(std::int32_t number, Report& report) {
     _ZWPrintMainInfo* header = nullptr;
@@ -83,14 +47,14 @@ std::optional<Refusal> readPrintTemplate(std::int32_t number, ColumnSource sourc
     report = {};
     if (!readHeader(number, report)) return unread(number);
     const bool hasFields = source == ColumnSource::field;
-    const SelectedCells cells(hasFields ? print_sql::fieldColumnsOf(number)
-                                        : print_sql::columnsOf(number));
+    const SelectedCells cells(
+        *g_pDB, hasFields ? print_sql::fieldColumnsOf(number) : print_sql::columnsOf(number));
     if (!cells.isRead()) return unread(number);
     for (int row = 0; row < cells.rows(); ++row) {
         ReportColumn column;
-        column.heading = cells.at(row, 0);
-        if (hasFields) column.field = cells.at(row, 1);
-        column.width = numberOf(cells.at(row, hasFields ? 2 : 1));
+        column.heading = cells.text(row, 0);
+        if (hasFields) column.field = cells.text(row, 1);
+        column.width = std::clamp(cells.number<int>(row, hasFields ? 2 : 1), 0, widestColumn);
         report.columns.push_back(std::move(column));
     }
     if (report.columns.empty()) return missing(number);

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "data/lookups/one_cell.h"
+#include "data/access/selected_cells.h"
 #include "session/host_globals.h"
 #include "session/host_messages.h"
 #include "session/last_failure.h"
@@ -19,7 +19,9 @@ using namespace chengheng;
 /// The rights string of an operator of the open books; nothing when it cannot be read.
 std::optional<std::string> readRights(std::int32_t userId) {
     if (!selectOpenBooks()) return std::nullopt;
-    return readOneCell(*g_pDB, services_sql::rightsOf(userId)).text;
+    const SelectedCells cells(*g_pDB, services_sql::rightsOf(userId));
+    if (cells.rows() == 0) return std::nullopt;
+    return std::string(cells.text(0, 0));
 }
 
 /// In words.
