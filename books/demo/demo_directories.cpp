@@ -38,6 +38,7 @@ std::string rightsText(std::span<const int> functions) {
 Status writeOperator(DemoBooks& books, const demo::Operator& given) {
     _UsersInfo user;
     user.lId = user.lUserId = books.database().Users_GetLastId() + 1;
+    if (!books.database().lastStatus()) return books.database().lastStatus();
     user.sUserName = given.name;
     user.sPassword = hashPassword(demo::password, books.passwordCost());
     if (user.sPassword.empty()) return Status::of(Failure::full, "no memory to hash a password");

@@ -10,8 +10,10 @@
 
 #include "books/checking/integrity_check.h"
 #include "books/demo/demo_data.h"
+#include "books/demo/demo_parts.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/row_lease.h"
+#include "data/layout/layout.h"
 #include "data/tables/accounts.h"
 #include "data/tables/balances.h"
 #include "data/tables/currency.h"
@@ -22,6 +24,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/faulty_engine.h"
 
 namespace {
 
@@ -237,6 +240,20 @@ TEST_P(DemoBooks, WhereBooksAreAlreadyTheyAreLeftAlone) {
 }
 
 CHENGHENG_ON_SHARED_ENGINES(DemoBooks);
+
+TEST(DemoOperators, AreNotWrittenWhenTheirNextIdCannotBeRead) {
+    auto made = openForTest(":memory:");
+    ASSERT_TRUE(createLayout(*made));
+    auto faulty = std::make_unique<chengheng::FaultyEngine>(std::move(made));
+    chengheng::FaultyEngine& engine = *faulty;
+    CNbCwDB database;
+    database.adopt(std::move(faulty), "", "demo");
+    ASSERT_NE(database.DBSelect("demo"), 0);
+    chengheng::DemoBooks books(database, PasswordCost::least);
+    engine.failCall(1);
+    EXPECT_EQ(writeDemoOperators(books).failure, chengheng::Failure::full);
+    EXPECT_THAT(readRows<_UsersInfo>(database, nullptr), IsEmpty());
+}
 
 TEST(DemoFile, DiskThatFillsUpOnTheWayLeavesNothingBehind) {
     const std::string folder = chengheng::freshFolder();
