@@ -3,15 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <span>
 
 #include "accounts/changing/account_locks.h"
-#include "accounts/changing/chart_writing.h"
-#include "accounts/chart/account_sql.h"
+#include "accounts/chart/account_texts.h"
 #include "accounts/transfer/import_texts.h"
 #include "base/values/text.h"
 #include "data/access/host_database.h"
-#include "data/tables/accounts.h"
 #include "session/open_books.h"
 #include "sheets/files/sheet_files.h"
 #include "sheets/sheet_texts.h"
@@ -21,64 +18,20 @@ namespace {
 
 namespace texts = import_texts;
 
-constexpr std::size_t rowsAtOnce = 500;
-
 Result refusal(std::string text) {
     return Result::refused({.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
 }
 
-Result runBatch(const std::string& batch) {
-    return g_pDB->QRYExecuteSQL(batch) != 0 ? Result::done() : Result::failed();
-}
-
-/// Writes a plan step by step and tells how far it is.
-class PlanWriter {
-  public:
-    PlanWriter(const ImportPlan& plan, const ImportProgress& progress)
-        : m_plan(plan), m_progress(progress) {}
-
-    Result write() {
-        return inTurn({[this] { return tellProgress(0); }, [this] { return writeAdded(); },
-                       [this] { return writeChanged(); }});
-    }
-
-  private:
-    Result tellProgress(std::size_t more) {
-        m_done += more;
-        const std::size_t total = m_plan.added.size() + m_plan.changed.size();
-        if (!m_progress || m_progress(m_done, total)) return Result::done();
+/// Of the writing of a plan.
+Result resultOf(const Status& status) {
+    if (status) return Result::done();
+    if (status.failure == Failure::cancelled)
         return Result::refused({.text = texts::importCancelled});
-    }
-
-    Result writeAdded() {
-        if (m_plan.added.empty()) return Result::done();
-        int lastId = g_pDB->Code_GetLastId();
-        if (!g_pDB->lastStatus()) return Result::failed();
-        std::span<const _CodeInfo> left = m_plan.added;
-        while (!left.empty()) {
-            const auto part = left.first(std::min(rowsAtOnce, left.size()));
-            Result result = runBatch(account_sql::addAccounts(part, lastId + 1));
-            if (result.outcome == Outcome::done) result = tellProgress(part.size());
-            if (result.outcome != Outcome::done) return result;
-            lastId += static_cast<int>(part.size());
-            left = left.subspan(part.size());
-        }
-        return runBatch(account_sql::setLastAccountId(lastId));
-    }
-
-    Result writeChanged() {
-        for (const _CodeInfo& account : m_plan.changed) {
-            Result result = editAccount(account);
-            if (result.outcome == Outcome::done) result = tellProgress(1);
-            if (result.outcome != Outcome::done) return result;
-        }
-        return Result::done();
-    }
-
-    const ImportPlan& m_plan;
-    const ImportProgress& m_progress;
-    std::size_t m_done = 0;
-};
+    if (status.failure == Failure::missing)
+        return Result::stale(
+            {.text = account_texts::deletedMeanwhile(status.detail), .beep = true});
+    return Result::failed();
+}
 
 std::size_t rowsWithQuestions(const ImportPlan& plan) {
     return static_cast<std::size_t>(std::ranges::count_if(
@@ -129,7 +82,7 @@ Result ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportProgress
     if (planImport(m_sheet, state) != plan)
         return Result::stale(
             {.text = texts::planOutdated, .icon = MessageIcon::warning, .beep = true});
-    return inOneUnit([&] { return PlanWriter(plan, progress).write(); });
+    return inOneUnit([&] { return resultOf(writePlan(*g_pDB, plan, progress)); });
 }
 
 Outcome exportChart(IMessages& messages, const std::string& path) {

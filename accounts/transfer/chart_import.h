@@ -1,17 +1,14 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 
 #include "accounts/transfer/import_plan.h"
+#include "accounts/transfer/plan_writing.h"
 #include "session/record_change.h"
 
 namespace chengheng {
-
-/// Told how much of an import is written; false gives it up, and nothing is changed.
-using ImportProgress = std::function<bool(std::size_t done, std::size_t total)>;
 
 /// Brings a chart from a spreadsheet into the open set of books (g_pDB): first a plan that
 /// changes nothing, then exactly that plan, whole or not at all. Whatever does not give a plan

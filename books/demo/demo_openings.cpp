@@ -2,7 +2,6 @@
 #include <tuple>
 #include <vector>
 
-#include "accounts/codes/code_levels.h"
 #include "base/values/numbers.h"
 #include "books/demo/demo_parts.h"
 #include "books/demo/demo_sql.h"
@@ -11,25 +10,19 @@
 #include "data/tables/directories.h"
 #include "data/tables/operators.h"
 #include "data/tables/vouchers.h"
+#include "opening/storing/opening_reading.h"
+#include "opening/storing/posting.h"
 
 namespace chengheng {
 namespace {
 
 constexpr int periods = 12;
 constexpr int moneyDecimals = 2;
-constexpr int quantityDecimals = 5;
 constexpr const char* entryVoucherType = "转";
 constexpr const char* bookkeeper = "李明";
 
 /// The day before the books begin.
 constexpr Date entryDate{demo::year - 1, 12, 31};
-
-struct Sums {
-    double money = 0;
-    double foreign = 0;
-    double quantity = 0;
-};
-using SumsByCode = std::map<std::string, Sums>;
 
 /// An opening entry is a voucher of one line in no period.
 _RegMainInfo headerOf(const DemoBooks& books, std::int32_t number) {
@@ -114,38 +107,29 @@ Status writeAuxiliary(DemoBooks& books, const std::vector<_AssAccInfo>& auxiliar
     return status;
 }
 
-/// Each balance counts for its own account and for every one above it.
-SumsByCode rolledUp() {
-    const CodeLevels levels(demo::levelPattern);
-    SumsByCode sums;
-    const auto addUp = [&](std::string code, const Sums& part) {
-        for (; !code.empty(); code = levels.parentOf(code)) {
-            Sums& whole = sums[code];
-            whole.money += part.money;
-            whole.foreign += part.foreign;
-            whole.quantity += part.quantity;
-            Round(whole.money, moneyDecimals);
-            Round(whole.foreign, moneyDecimals);
-            Round(whole.quantity, quantityDecimals);
-        }
-    };
-    for (const demo::Opening& opening : demo::openings())
-        addUp(opening.code, {opening.money, opening.foreign, opening.quantity});
-    for (const demo::Entry& entry : demo::entries()) addUp(entry.code, {entry.money, 0, 0});
-    return sums;
+/// Adds to the figures of an end account.
+void addTo(OpeningSheet& sheet, const char* code, double money, double foreign, double quantity) {
+    const auto place = sheet.placeOfCode(code);
+    if (!place) return;
+    const double added[] = {money, foreign, quantity};
+    for (const Measure measure : measures) {
+        double& opening = sheet.accounts()[*place].balance(measure).opening;
+        opening += added[static_cast<std::size_t>(measure)];
+        Round(opening, decimalsOf(measure));
+    }
 }
 
-Status writeSums(DemoBooks& books, const std::string& code, const Sums& sums) {
-    _AccSumInfo row;
-    row.lCodeId = books.accounts.at(code).lId;
-    row.mBegin = sums.money;
-    row.mFgnBegin = sums.foreign;
-    row.dAmtBegin = sums.quantity;
-    Status status = Status::done();
-    for (int period = 1; status && period <= periods; ++period) {
-        row.byPeroid = static_cast<std::uint8_t>(period);
-        status = books.add(row);
-    }
+/// The sums of every account, those above end accounts by the roll-up of the opening balances.
+Status writeSums(DemoBooks& books) {
+    OpeningBooks opening;
+    Status status = readOpeningBooks(books.database(), opening);
+    OpeningSheet& sheet = opening.sheet;
+    for (const demo::Opening& given : demo::openings())
+        addTo(sheet, given.code, given.money, given.foreign, given.quantity);
+    for (const demo::Entry& entry : demo::entries()) addTo(sheet, entry.code, entry.money, 0, 0);
+    sheet.rollUp();
+    for (const OpeningAccount& account : sheet.accounts())
+        if (status) status = postAccount(books.database(), account, sheet.layout());
     return status;
 }
 
@@ -155,9 +139,7 @@ Status writeDemoOpenings(DemoBooks& books) {
     std::vector<_AssAccInfo> auxiliary;
     Status status = writeEntries(books, auxiliary);
     if (status) status = writeAuxiliary(books, auxiliary);
-    for (const auto& [code, sums] : rolledUp())
-        if (status) status = writeSums(books, code, sums);
-    return status;
+    return status ? writeSums(books) : status;
 }
 
 }  // namespace chengheng
