@@ -3,13 +3,20 @@
 find_package(GTest REQUIRED)
 find_package(Threads REQUIRED)
 
-# Some of a layer's sources at a time are compiled together, their common headers once.
-function(compile_tests_together target headers)
+# Some of a layer's sources at a time are compiled together, their common headers once for all.
+function(compile_tests_together target)
     if(NOT CHENGHENG_TOGETHER)
         return()
     endif()
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
-    target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/${headers}.h)
+    if(target STREQUAL "test_support")
+        target_precompile_headers(${target}
+            PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/common_test_headers.h)
+    else()
+        # As the library with which it shares them.
+        target_compile_options(${target} PRIVATE -fPIC)
+        target_precompile_headers(${target} REUSE_FROM test_support)
+    endif()
 endfunction()
 
 folder_sources(support_sources tests/support/*.cpp)
@@ -20,22 +27,22 @@ target_compile_options(test_support PUBLIC
 target_link_libraries(test_support
     PUBLIC ${TOP_PLAIN_FOLDER} GTest::gtest GTest::gmock Threads::Threads
     PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL PkgConfig::ZIP)
-compile_tests_together(test_support common_test_headers)
+compile_tests_together(test_support)
 set_source_files_properties(tests/rules/schema_page_test.cpp tests/support/private_postgres.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 
 # The other workstation of tests with several processes.
 add_executable(test_workstation tests/workstation/main.cpp)
 target_link_libraries(test_workstation PRIVATE data_transfer)
-target_compile_definitions(test_support
-    PRIVATE CHENGHENG_TEST_WORKSTATION="$<TARGET_FILE:test_workstation>")
+set_source_files_properties(tests/support/other_workstation.cpp
+    PROPERTIES COMPILE_DEFINITIONS CHENGHENG_TEST_WORKSTATION="$<TARGET_FILE:test_workstation>")
 add_dependencies(test_support test_workstation)
 
 foreach(layer rules data)
     folder_sources(sources tests/${layer}/*.cpp tests/${layer}/*/*.cpp)
     add_executable(test_${layer} ${sources})
     target_link_libraries(test_${layer} PRIVATE test_support tool GTest::gtest_main)
-    compile_tests_together(test_${layer} common_test_headers)
+    compile_tests_together(test_${layer})
     add_test(NAME ${layer} COMMAND test_${layer})
     set_tests_properties(${layer} PROPERTIES LABELS ${layer})
 endforeach()
@@ -46,6 +53,7 @@ add_executable(test_e2e ${e2e_sources})
 target_link_libraries(test_e2e PRIVATE test_support nlohmann_json::nlohmann_json GTest::gtest_main)
 target_compile_definitions(test_e2e PRIVATE CHENGHENG_CHBOOKS="$<TARGET_FILE:chbooks>")
 add_dependencies(test_e2e chbooks)
+compile_tests_together(test_e2e)
 if(TARGET chbooks-pdf)
     target_compile_definitions(test_e2e PRIVATE CHENGHENG_CHBOOKS_PDF="$<TARGET_FILE:chbooks-pdf>")
     add_dependencies(test_e2e chbooks-pdf)
@@ -84,7 +92,11 @@ if(CHENGHENG_WINDOWS)
     target_link_libraries(test_window PRIVATE
         test_support shell ${TOP_WINDOW_FOLDER} Qt6::Test)
     qt_target(test_window)
-    compile_tests_together(test_window common_window_test_headers)
+    if(CHENGHENG_TOGETHER)
+        set_target_properties(test_window PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+        target_precompile_headers(test_window
+            PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/common_window_test_headers.h)
+    endif()
     add_test(NAME window COMMAND test_window)
     set_tests_properties(window PROPERTIES
         LABELS window ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1")

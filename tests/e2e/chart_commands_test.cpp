@@ -4,26 +4,20 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
+#include "tests/e2e/run_chbooks.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/run_program.h"
 #include "tests/support/small_books.h"
 
 namespace {
 
+using chengheng::chbooks;
 using chengheng::EngineCase;
 using chengheng::ProgramRun;
 using testing::HasSubstr;
 using Json = nlohmann::json;
 
-constexpr int done = 0;
-constexpr int wrongUsage = 2;
-constexpr int failed = 3;
-constexpr int wrongInput = 5;
-
-ProgramRun chbooks(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), CHENGHENG_CHBOOKS);
-    return chengheng::runProgram(arguments, {{"LC_ALL", "C"}});
-}
+using namespace chengheng::chbooks_exit;
 
 /// The commands that bring a chart in and out, on books of each engine.
 class ChartCommands : public testing::TestWithParam<EngineCase> {

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
+#include "tests/e2e/run_chbooks.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/run_program.h"
@@ -12,6 +13,7 @@
 
 namespace {
 
+using chengheng::chbooks;
 using chengheng::EngineCase;
 using chengheng::freshFolder;
 using chengheng::freshLocation;
@@ -23,30 +25,13 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using Json = nlohmann::json;
 
-// The numbers that scripts rely on.
-constexpr int done = 0;
-constexpr int faultsFound = 1;
-constexpr int wrongUsage = 2;
-constexpr int failed = 3;
-constexpr int targetExists = 4;
-constexpr int wrongInput = 5;
-
-/// A list of books of its own, and a locale without Chinese: the texts do not depend on it.
-chengheng::ProgramSettings settings() {
-    static const std::string home = freshFolder();
-    return {{"LC_ALL", "C"}, {"CHENGHENG_HOME", home}};
-}
-
-ProgramRun chbooks(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), CHENGHENG_CHBOOKS);
-    return chengheng::runProgram(arguments, settings());
-}
+using namespace chengheng::chbooks_exit;
 
 /// The same in a terminal, each answer typed at a prompt for a password.
 ProgramRun chbooksTyping(std::vector<std::string> arguments,
                          const std::vector<std::string>& answers) {
     arguments.insert(arguments.begin(), CHENGHENG_CHBOOKS);
-    return chengheng::runInTerminal(arguments, "口令:", answers, settings());
+    return chengheng::runInTerminal(arguments, "口令:", answers, chengheng::chbooksSettings());
 }
 
 std::vector<std::string> newBooks(const std::string& location,

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/e2e/run_chbooks.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_books.h"
 #include "tests/support/run_program.h"
@@ -16,10 +17,7 @@ using chengheng::EngineCase;
 using chengheng::ProgramRun;
 using testing::HasSubstr;
 
-constexpr int done = 0;
-constexpr int wrongUsage = 2;
-constexpr int failed = 3;
-constexpr int wrongInput = 5;
+using namespace chengheng::chbooks_exit;
 
 /// Without a screen, and in a locale without Chinese.
 ProgramRun run(const std::vector<std::string>& command) {
