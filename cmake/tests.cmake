@@ -38,7 +38,8 @@ set_source_files_properties(tests/support/other_workstation.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_TEST_WORKSTATION="$<TARGET_FILE:test_workstation>")
 add_dependencies(test_support test_workstation)
 
-foreach(layer rules data)
+# The longest first, so that none is left over at the end.
+foreach(layer data rules)
     folder_sources(sources tests/${layer}/*.cpp tests/${layer}/*/*.cpp)
     add_executable(test_${layer} ${sources})
     target_link_libraries(test_${layer} PRIVATE test_support tool GTest::gtest_main)
