@@ -16,6 +16,7 @@ CodeLevels::CodeLevels(std::string_view pattern) {
         const int above = lengthOf(m_count);
         ++m_count;
         m_lengths.at(m_count) = above + (digit - '0');
+        m_grades.at(m_lengths.at(m_count)) = static_cast<std::int8_t>(m_count);
     }
 }
 
@@ -24,9 +25,7 @@ int CodeLevels::lengthOf(int grade) const {
 }
 
 int CodeLevels::gradeOfLength(int length) const {
-    for (int grade = 1; grade <= m_count; ++grade)
-        if (lengthOf(grade) == length) return grade;
-    return 0;
+    return length >= 0 && length <= longestCode ? m_grades[length] : 0;
 }
 
 int CodeLevels::gradeOf(std::string_view code) const {

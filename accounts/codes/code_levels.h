@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -44,8 +45,12 @@ class CodeLevels {
     std::string parentOf(std::string_view code) const;
 
   private:
+    static constexpr int longestCode = 9 * mostLevels;
+
     /// By grade; the 0 at the front is what stands before level 1.
     std::array<int, mostLevels + 1> m_lengths{};
+    /// By length; 0 where no level has codes of that length.
+    std::array<std::int8_t, longestCode + 1> m_grades{};
     int m_count = 0;
 };
 

@@ -13,7 +13,9 @@ bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC
 }  // namespace
 
 std::size_t characterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(text, beginsCharacter));
+    std::size_t count = 0;
+    for (const char byte : text) count += beginsCharacter(byte) ? 1 : 0;
+    return count;
 }
 
 std::string_view firstCharacters(std::string_view text, std::size_t count) {

@@ -1,5 +1,5 @@
+#include <bitset>
 #include <map>
-#include <set>
 #include <utility>
 #include <vector>
 
@@ -25,48 +25,45 @@ constexpr RateKind fixedRates{integrity_texts::fixedRatesTitle, integrity_sql::f
 constexpr RateKind floatingRates{integrity_texts::floatingRatesTitle, integrity_sql::floatingRates,
                                  false};
 
-/// The days of a year for which a currency has a rate of that kind.
-std::vector<Date> rateDays(const RateKind& kind, int year) {
-    std::vector<Date> days;
+/// The days of a year that have a rate, by month and day.
+using RateDays = std::bitset<13 * 32>;
+
+std::size_t slotOf(int month, int day) { return month * 32 + day; }
+
+/// Every year that has a rate at all has them all.
+void checkYear(const RateKind& kind, const std::string& currency, int year, const RateDays& found,
+               FaultList& faults) {
+    int missing = 0;
+    Date firstMissing;
     for (int month = 1; month <= monthsInAYear; ++month) {
         const int last = kind.isMonthly ? 1 : daysInMonth(year, month);
         for (int day = 1; day <= last; ++day)
-            days.push_back({static_cast<std::int16_t>(year), static_cast<std::uint8_t>(month),
-                            static_cast<std::uint8_t>(day)});
+            if (!found[slotOf(month, day)] && ++missing == 1)
+                firstMissing = {static_cast<std::int16_t>(year), static_cast<std::uint8_t>(month),
+                                static_cast<std::uint8_t>(day)};
     }
-    return days;
-}
-
-/// Every year that has a rate at all has them all.
-void checkYears(const RateKind& kind, const std::string& currency, const std::set<Date>& found,
-                FaultList& faults) {
-    std::set<int> years;
-    for (const Date& day : found) years.insert(day.year);
-    if (years.empty()) faults.add(integrity_texts::noRates(kind.title, currency));
-    for (const int year : years) {
-        std::vector<Date> missing;
-        for (const Date& day : rateDays(kind, year))
-            if (!found.contains(day)) missing.push_back(day);
-        if (!missing.empty())
-            faults.add(integrity_texts::ratesMissing(kind.title, currency, year,
-                                                     static_cast<int>(missing.size()),
-                                                     isoText(missing.front())));
-    }
+    if (missing > 0)
+        faults.add(integrity_texts::ratesMissing(kind.title, currency, year, missing,
+                                                 isoText(firstMissing)));
 }
 
 Status checkRatesOf(CheckedBooks& books, FaultList& faults, const RateKind& kind,
                     std::int64_t currencyId, const std::string& currency) {
-    std::set<Date> found;
+    std::map<int, RateDays> found;
     const Value id = Value::of(currencyId);
     const Status status = forEachRow(books.engine(), kind.sql, {&id, 1}, [&](const Cursor& row) {
         const auto day = parseDate(row.text(0));
         const std::int64_t period = row.integer(1);
         const bool isRight = day && day->month == period && (!kind.isMonthly || day->day == 1);
-        if (!isRight || !found.insert(*day).second)
+        if (!isRight || found[day->year][slotOf(day->month, day->day)])
             faults.add(integrity_texts::rateWrong(kind.title, currency, row.text(0), period));
+        else
+            found[day->year].set(slotOf(day->month, day->day));
         return Status::done();
     });
-    if (status) checkYears(kind, currency, found, faults);
+    if (!status) return status;
+    if (found.empty()) faults.add(integrity_texts::noRates(kind.title, currency));
+    for (const auto& [year, days] : found) checkYear(kind, currency, year, days, faults);
     return status;
 }
 
