@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 using chengheng::CodeLevels;
@@ -22,17 +23,21 @@ std::vector<int> lengthsByTheRule(const std::string& pattern) {
     std::vector<int> lengths;
     int sum = 0;
     for (const char digit : pattern) {
-        if (std::string("123456789").find(digit) == std::string::npos) return {};
+        if (std::string_view("123456789").find(digit) == std::string_view::npos) return {};
         sum += digit - '0';
         lengths.push_back(sum);
     }
     return lengths;
 }
 
-/// The first level, in increasing order, whose codes have this length.
-int gradeByTheRule(const std::vector<int>& lengths, int length) {
-    const auto found = std::find(lengths.begin(), lengths.end(), length);
-    return found == lengths.end() ? 0 : static_cast<int>(found - lengths.begin()) + 1;
+/// By length, the level whose codes have it; 0 where there is none.
+using Grades = std::array<int, longestCode + 2>;
+
+Grades gradesByTheRule(const std::vector<int>& lengths) {
+    Grades grades{};
+    for (std::size_t level = 0; level < lengths.size(); ++level)
+        grades[lengths[level]] = static_cast<int>(level) + 1;
+    return grades;
 }
 
 /// The digits 0 to 9 over and over.
@@ -153,8 +158,9 @@ TEST(CodeLevels, AgreesWithTheRuleForEveryPatternAndEveryLength) {
         const CodeLevels levels(pattern);
         const std::vector<int> lengths = lengthsByTheRule(pattern);
         bool agrees = isLevelPattern(pattern) == !lengths.empty();
+        const Grades grades = gradesByTheRule(lengths);
         for (int length = 0; length <= longestCode + 1; ++length)
-            agrees &= levels.gradeOfLength(length) == gradeByTheRule(lengths, length);
+            agrees &= levels.gradeOfLength(length) == grades[length];
         if (!agrees) ADD_FAILURE() << pattern;
     });
     EXPECT_EQ(patterns, 1'111'110);
