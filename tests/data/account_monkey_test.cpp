@@ -122,6 +122,9 @@ class Monkey {
     Outcome use() {
         const _CodeInfo used = account();
         const UsePlace place = usePlaces[below(usePlaces.size())];
+        // A total without auxiliary totals beside it would be no sound book to begin with.
+        if (place == UsePlace::sums && !lettersOf(entryOf(used).books).empty())
+            return Outcome::refused;
         if (used.lId == 0 || used.bEnd == 0 || !m_uses.emplace(place, used.lId).second)
             return Outcome::refused;
         m_books.use(place, used.sCode);
