@@ -65,7 +65,11 @@ function(add_folder folder type below)
     set_target_properties(${name} PROPERTIES DEFINE_SYMBOL "" LINK_DEPENDS_NO_SHARED ON)
     get_target_property(form ${name} TYPE)
     if(form STREQUAL SHARED_LIBRARY)
-        target_link_options(${name} PRIVATE LINKER:--no-undefined LINKER:--as-needed)
+        target_link_options(${name} PRIVATE LINKER:--as-needed)
+        # Clang's sanitizers are found in the program only.
+        if(NOT CHENGHENG_SANITIZE)
+            target_link_options(${name} PRIVATE LINKER:--no-undefined)
+        endif()
     endif()
 endfunction()
 
