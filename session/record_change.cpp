@@ -7,38 +7,38 @@
 #include "session/open_books.h"
 
 namespace chengheng {
-Result Result::failed() { return {Outcome::failed, lastFailureNotice()}; }
+UntoldOutcome UntoldOutcome::failed() { return {Outcome::failed, lastFailureNotice()}; }
 
-Result resultOfRow(int operationResult, const Notice& whenMissing) {
-    if (operationResult == 0) return Result::done();
-    if (g_pDB->lastStatus().failure == Failure::missing) return Result::stale(whenMissing);
-    return Result::failed();
+UntoldOutcome outcomeOfRow(int operationResult, const Notice& whenMissing) {
+    if (operationResult == 0) return UntoldOutcome::done();
+    if (g_pDB->lastStatus().failure == Failure::missing) return UntoldOutcome::stale(whenMissing);
+    return UntoldOutcome::failed();
 }
 
 Outcome underLocks(IMessages& messages, const LockLists& tables,
-                   const std::function<Result()>& work) {
+                   const std::function<UntoldOutcome()>& work) {
     const auto run = [&] {
-        if (!selectOpenBooks()) return Result::failed();
+        if (!selectOpenBooks()) return UntoldOutcome::failed();
         const TableLocks locks(*g_pDB, tables.referring, tables.own, tables.releaseOrder);
-        return locks.areGranted() ? work() : Result::failed();
+        return locks.areGranted() ? work() : UntoldOutcome::failed();
     };
     return told(messages, run());
 }
 
-Result inOneUnit(const std::function<Result()>& work) {
+UntoldOutcome inOneUnit(const std::function<UntoldOutcome()>& work) {
     UnitOfWork unit(*g_pDB);
-    if (!unit.isOpen()) return Result::failed();
-    Result result = work();
-    if (result.outcome == Outcome::done && !unit.commit()) return Result::failed();
+    if (!unit.isOpen()) return UntoldOutcome::failed();
+    UntoldOutcome result = work();
+    if (result.outcome == Outcome::done && !unit.commit()) return UntoldOutcome::failed();
     return result;
 }
 
 Outcome changeRecords(IMessages& messages, const LockLists& tables,
-                      const std::function<Result()>& work) {
+                      const std::function<UntoldOutcome()>& work) {
     return underLocks(messages, tables, [&work] { return inOneUnit(work); });
 }
 
-Outcome told(IMessages& messages, const Result& result) {
+Outcome told(IMessages& messages, const UntoldOutcome& result) {
     if (result.notice) messages.tell(*result.notice);
     return result.outcome;
 }

@@ -42,17 +42,17 @@ std::optional<bool> isNumberUsed(std::string_view number) {
     return false;
 }
 
-Result readMethod(int id, _SettleInfo& method) {
+UntoldOutcome readMethod(int id, _SettleInfo& method) {
     _SettleInfo* row = nullptr;
-    const Result result =
-        resultOfRow(g_pDB->Settle_GetInfo(row, id), Notice{.text = settle_texts::gone});
+    const UntoldOutcome result =
+        outcomeOfRow(g_pDB->Settle_GetInfo(row, id), Notice{.text = settle_texts::gone});
     if (result.outcome != Outcome::done) return result;
     method = *row;
     g_pDB->Settle_ReleaseAllBuffer();
     return result;
 }
 
-Result refuseClash(const _SettleInfo& wanted, std::span<const Leaf> leaves) {
+UntoldOutcome refuseClash(const _SettleInfo& wanted, std::span<const Leaf> leaves) {
     // An answer that cannot be read refuses, too, and is then told as the failure it is.
     bool hasFailed = false;
     const auto hasOther = [&](const std::string& condition) {
@@ -68,46 +68,48 @@ Result refuseClash(const _SettleInfo& wanted, std::span<const Leaf> leaves) {
          .leaves = leaves,
          .hasStoredNumber = [&](auto number) { return hasOther(settle_sql::ofNumber(number)); },
          .hasStoredName = [&](auto name) { return hasOther(settle_sql::ofName(name)); }});
-    if (hasFailed) return Result::failed();
-    return refusal ? Result::refused(refusal->notice) : Result::done();
+    if (hasFailed) return UntoldOutcome::failed();
+    return refusal ? UntoldOutcome::refused(refusal->notice) : UntoldOutcome::done();
 }
 
-Result addMethod(const _SettleInfo& method, std::span<const Leaf> leaves, int& id) {
-    Result result = refuseClash(method, leaves);
+UntoldOutcome addMethod(const _SettleInfo& method, std::span<const Leaf> leaves, int& id) {
+    UntoldOutcome result = refuseClash(method, leaves);
     if (result.outcome != Outcome::done) return result;
-    return g_pDB->Settle_AddNew(method, id) == 0 ? result : Result::failed();
+    return g_pDB->Settle_AddNew(method, id) == 0 ? result : UntoldOutcome::failed();
 }
 
-Result modifyMethod(const _SettleInfo& loaded, const _SettleInfo& wanted,
-                    std::span<const Leaf> leaves) {
+UntoldOutcome modifyMethod(const _SettleInfo& loaded, const _SettleInfo& wanted,
+                           std::span<const Leaf> leaves) {
     if (wanted.sStlId != loaded.sStlId) {
         const auto isUsed = isNumberUsed(loaded.sStlId);
-        if (!isUsed) return Result::failed();
+        if (!isUsed) return UntoldOutcome::failed();
         if (*isUsed)
-            return Result::refused(settleNumberRefusal(settle_texts::usedNotModified).notice);
+            return UntoldOutcome::refused(
+                settleNumberRefusal(settle_texts::usedNotModified).notice);
     }
     _SettleInfo stored;
-    Result result = readMethod(loaded.lId, stored);
+    UntoldOutcome result = readMethod(loaded.lId, stored);
     if (result.outcome != Outcome::done || stored == wanted) return result;
-    if (stored != loaded) return Result::stale({.text = settle_texts::changed});
+    if (stored != loaded) return UntoldOutcome::stale({.text = settle_texts::changed});
     result = refuseClash(wanted, leaves);
     if (result.outcome != Outcome::done) return result;
-    return resultOfRow(g_pDB->Settle_Edit(wanted), {.text = settle_texts::gone});
+    return outcomeOfRow(g_pDB->Settle_Edit(wanted), {.text = settle_texts::gone});
 }
 
-Result deleteMethod(const _SettleInfo& loaded) {
+UntoldOutcome deleteMethod(const _SettleInfo& loaded) {
     const int existence = SettleIsExist(loaded.sStlId);
-    if (existence < 0) return Result::failed();
+    if (existence < 0) return UntoldOutcome::failed();
     _SettleInfo stored;
-    const Result result = readMethod(loaded.lId, stored);
+    const UntoldOutcome result = readMethod(loaded.lId, stored);
     // Deleted already, as the operator wants it: there is nothing to say.
     if (result.outcome == Outcome::stale) return {Outcome::stale};
     if (result.outcome != Outcome::done) return result;
-    if (existence != 0 || stored != loaded) return Result::stale({.text = settle_texts::changed});
+    if (existence != 0 || stored != loaded)
+        return UntoldOutcome::stale({.text = settle_texts::changed});
     const auto isUsed = isNumberUsed(stored.sStlId);
-    if (!isUsed) return Result::failed();
-    if (*isUsed) return Result::refused({.text = settle_texts::usedNotDeleted});
-    return resultOfRow(g_pDB->Settle_Delete(stored.lId), {.text = settle_texts::gone});
+    if (!isUsed) return UntoldOutcome::failed();
+    if (*isUsed) return UntoldOutcome::refused({.text = settle_texts::usedNotDeleted});
+    return outcomeOfRow(g_pDB->Settle_Delete(stored.lId), {.text = settle_texts::gone});
 }
 
 }  // namespace
@@ -122,11 +124,11 @@ std::optional<std::vector<_SettleInfo>> SettleService::readAll() {
 }
 
 Outcome SettleService::read(int id, _SettleInfo& method, bool& isUsed) {
-    if (!selectOpenBooks()) return told(m_messages, Result::failed());
-    const Result result = readMethod(id, method);
+    if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
+    const UntoldOutcome result = readMethod(id, method);
     if (result.outcome != Outcome::done) return told(m_messages, result);
     const auto found = isNumberUsed(method.sStlId);
-    if (!found) return told(m_messages, Result::failed());
+    if (!found) return told(m_messages, UntoldOutcome::failed());
     isUsed = *found;
     return Outcome::done;
 }
@@ -147,7 +149,7 @@ Outcome SettleService::modify(const _SettleInfo& loaded, const _SettleInfo& want
 
 Outcome SettleService::remove(const Leaf* leaf, const _SettleInfo& loaded) {
     if (leaf == nullptr)
-        return told(m_messages, Result::refused({.text = settle_texts::nothingSelected}));
+        return told(m_messages, UntoldOutcome::refused({.text = settle_texts::nothingSelected}));
     const auto [number, name] = settleLeafParts(leaf->text);
     const Answer answer =
         m_messages.ask({.text = fmt::format(settle_texts::deletion, number, name)});

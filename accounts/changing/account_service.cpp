@@ -13,47 +13,47 @@
 namespace chengheng {
 namespace {
 
-Result refused(const Refusal& refusal, AccountChange& change) {
+UntoldOutcome refused(const Refusal& refusal, AccountChange& change) {
     change.focusField = refusal.notice.focusField;
     change.usedCode = refusal.obstacle;
-    return Result::refused(refusal.notice);
+    return UntoldOutcome::refused(refusal.notice);
 }
 
 /// Asks one question after the other; the first one answered with Cancel ends the action.
-Result askAll(IMessages& messages, const std::vector<AccountQuestion>& questions,
-              AccountChange& change) {
+UntoldOutcome askAll(IMessages& messages, const std::vector<AccountQuestion>& questions,
+                     AccountChange& change) {
     for (const AccountQuestion& asked : questions) {
         if (messages.ask(asked.question) == Answer::ok) continue;
         change.focusField = asked.focusField;
         return {Outcome::refused};
     }
-    return Result::done();
+    return UntoldOutcome::done();
 }
 
-Result addChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
-                  AccountChange& change) {
+UntoldOutcome addChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
+                         AccountChange& change) {
     const auto refusal = firstRefusal(additionChecks(), facts);
-    if (!chart.isRead()) return Result::failed();
+    if (!chart.isRead()) return UntoldOutcome::failed();
     if (refusal) return refused(*refusal, change);
-    Result asked = askAll(messages, additionQuestions(facts), change);
+    UntoldOutcome asked = askAll(messages, additionQuestions(facts), change);
     if (asked.outcome != Outcome::done) return asked;
     _CodeInfo& account = change.account;
     account = newAccount(facts);
-    if (!chart.isRead()) return Result::failed();
+    if (!chart.isRead()) return UntoldOutcome::failed();
     return inOneUnit([&] {
         return inTurn(
             {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parent); }});
     });
 }
 
-Result modifyChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
-                     AccountChange& change) {
+UntoldOutcome modifyChecked(IMessages& messages, const AccountFacts& facts,
+                            const StoredChart& chart, AccountChange& change) {
     const auto refusal = firstRefusal(modificationChecks(), facts);
-    if (!chart.isRead()) return Result::failed();
+    if (!chart.isRead()) return UntoldOutcome::failed();
     if (refusal) return refused(*refusal, change);
     const auto questions = modificationQuestions(facts);
-    if (!chart.isRead()) return Result::failed();
-    Result asked = askAll(messages, questions, change);
+    if (!chart.isRead()) return UntoldOutcome::failed();
+    UntoldOutcome asked = askAll(messages, questions, change);
     if (asked.outcome != Outcome::done) return asked;
     _CodeInfo& account = change.account;
     account = modifiedAccount(facts);
@@ -66,16 +66,17 @@ Result modifyChecked(IMessages& messages, const AccountFacts& facts, const Store
     });
 }
 
-Result removeChecked(std::string_view code, const CodeLevels& levels, AccountChange& change) {
+UntoldOutcome removeChecked(std::string_view code, const CodeLevels& levels,
+                            AccountChange& change) {
     const int existence = CodeIsExist(code);
-    if (existence < 0) return Result::failed();
+    if (existence < 0) return UntoldOutcome::failed();
     if (existence > 0) return {Outcome::stale};
     StoredChart chart(*g_pDB);
     const auto account = chart.accountOf(code);
-    if (!account) return Result::failed();
+    if (!account) return UntoldOutcome::failed();
     const auto refusal =
         firstRefusal(deletionChecks(), {*account, chart.idsWithBelow(code), chart});
-    if (!chart.isRead()) return Result::failed();
+    if (!chart.isRead()) return UntoldOutcome::failed();
     if (refusal) return refused(*refusal, change);
     change.account = *account;
     return inOneUnit([&] {
@@ -103,12 +104,12 @@ AccountChange AccountService::modify(const _CodeInfo& shown, const AccountEntry&
         StoredChart chart(*g_pDB);
         const auto stored = chart.accountOfId(shown.lId);
         const auto classes = chart.classes();
-        if (!chart.isRead()) return Result::failed();
+        if (!chart.isRead()) return UntoldOutcome::failed();
         if (!stored)
-            return Result::stale(
+            return UntoldOutcome::stale(
                 {.text = account_texts::deletedMeanwhile(shown.sCode), .beep = true});
         if (entryOf(*stored) != entryOf(shown))
-            return Result::stale(
+            return UntoldOutcome::stale(
                 {.text = account_texts::changedMeanwhile(shown.sCode), .beep = true});
         const AccountFacts facts{tidied(entry), &*stored, m_levels, classes, chart};
         return modifyChecked(m_messages, facts, chart, change);

@@ -8,41 +8,43 @@
 namespace chengheng {
 namespace {
 
-Result doneIf(bool isDone) { return isDone ? Result::done() : Result::failed(); }
+UntoldOutcome doneIf(bool isDone) {
+    return isDone ? UntoldOutcome::done() : UntoldOutcome::failed();
+}
 
 }  // namespace
 
-Result inTurn(std::initializer_list<std::function<Result()>> steps) {
+UntoldOutcome inTurn(std::initializer_list<std::function<UntoldOutcome()>> steps) {
     for (const auto& step : steps) {
-        Result result = step();
+        UntoldOutcome result = step();
         if (result.outcome != Outcome::done) return result;
     }
-    return Result::done();
+    return UntoldOutcome::done();
 }
 
-Result addAccount(_CodeInfo& account) {
+UntoldOutcome addAccount(_CodeInfo& account) {
     int id = 0;
-    if (g_pDB->Code_AddNew(account, id) != 0) return Result::failed();
+    if (g_pDB->Code_AddNew(account, id) != 0) return UntoldOutcome::failed();
     account.lId = id;
-    return Result::done();
+    return UntoldOutcome::done();
 }
 
-Result editAccount(const _CodeInfo& account) {
-    return resultOfRow(g_pDB->Code_Edit(account),
-                       {.text = account_texts::deletedMeanwhile(account.sCode), .beep = true});
+UntoldOutcome editAccount(const _CodeInfo& account) {
+    return outcomeOfRow(g_pDB->Code_Edit(account),
+                        {.text = account_texts::deletedMeanwhile(account.sCode), .beep = true});
 }
 
-Result deleteAccount(int id) { return doneIf(g_pDB->Code_Delete(id) == 0); }
+UntoldOutcome deleteAccount(int id) { return doneIf(g_pDB->Code_Delete(id) == 0); }
 
-Result endsNoMore(const std::optional<_CodeInfo>& parent) {
-    if (!parent) return Result::done();
+UntoldOutcome endsNoMore(const std::optional<_CodeInfo>& parent) {
+    if (!parent) return UntoldOutcome::done();
     _CodeInfo account = *parent;
     account.bEnd = 0;
     return editAccount(account);
 }
 
-Result endsAgainWithoutChildren(const std::string& code) {
-    if (code.empty()) return Result::done();
+UntoldOutcome endsAgainWithoutChildren(const std::string& code) {
+    if (code.empty()) return UntoldOutcome::done();
     StoredChart chart(*g_pDB);
     const bool hasChildren = chart.hasAccountsBelow(code);
     if (hasChildren || !chart.isRead()) return doneIf(chart.isRead());

@@ -12,16 +12,16 @@ namespace chengheng {
 // The writes of a change of the chart, on g_pDB inside a unit of work.
 
 /// Runs the steps until one is not done.
-Result inTurn(std::initializer_list<std::function<Result()>> steps);
+UntoldOutcome inTurn(std::initializer_list<std::function<UntoldOutcome()>> steps);
 
 /// Adds the account and gives it its id.
-Result addAccount(_CodeInfo& account);
-Result editAccount(const _CodeInfo& account);
-Result deleteAccount(int id);
+UntoldOutcome addAccount(_CodeInfo& account);
+UntoldOutcome editAccount(const _CodeInfo& account);
+UntoldOutcome deleteAccount(int id);
 
 /// The account got a child; nothing to be done where there is none.
-Result endsNoMore(const std::optional<_CodeInfo>& parent);
+UntoldOutcome endsNoMore(const std::optional<_CodeInfo>& parent);
 /// The account of a code lost a child, maybe its last; an empty code is no account.
-Result endsAgainWithoutChildren(const std::string& code);
+UntoldOutcome endsAgainWithoutChildren(const std::string& code);
 
 }  // namespace chengheng

@@ -14,20 +14,20 @@
 namespace chengheng {
 namespace {
 
-Result checkExistence(const std::string& code) {
+UntoldOutcome checkExistence(const std::string& code) {
     const int existence = CodeIsExist(code);
-    if (existence < 0) return Result::failed();
-    if (existence == 0) return Result::done();
-    return Result::stale({.text = account_texts::deletedMeanwhile(code)});
+    if (existence < 0) return UntoldOutcome::failed();
+    if (existence == 0) return UntoldOutcome::done();
+    return UntoldOutcome::stale({.text = account_texts::deletedMeanwhile(code)});
 }
 
-Result designateUnderLocks(const std::string& cash, const std::string& bank) {
+UntoldOutcome designateUnderLocks(const std::string& cash, const std::string& bank) {
     for (const std::string& code : {cash, bank}) {
-        Result result = checkExistence(code);
+        UntoldOutcome result = checkExistence(code);
         if (result.outcome != Outcome::done) return result;
     }
     const bool isDone = g_pDB->QRYExecuteSQL(account_sql::designation(cash, bank)) != 0;
-    return isDone ? Result::done() : Result::failed();
+    return isDone ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
 int positionOf(const std::vector<_CodeInfo>& accounts, std::int16_t _CodeInfo::*mark) {

@@ -18,19 +18,20 @@ namespace {
 
 namespace texts = import_texts;
 
-Result refusal(std::string text) {
-    return Result::refused({.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
+UntoldOutcome refusal(std::string text) {
+    return UntoldOutcome::refused(
+        {.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
 }
 
 /// Of the writing of a plan.
-Result resultOf(const Status& status) {
-    if (status) return Result::done();
+UntoldOutcome outcomeOf(const Status& status) {
+    if (status) return UntoldOutcome::done();
     if (status.failure == Failure::cancelled)
-        return Result::refused({.text = texts::importCancelled});
+        return UntoldOutcome::refused({.text = texts::importCancelled});
     if (status.failure == Failure::missing)
-        return Result::stale(
+        return UntoldOutcome::stale(
             {.text = account_texts::deletedMeanwhile(status.detail), .beep = true});
-    return Result::failed();
+    return UntoldOutcome::failed();
 }
 
 std::size_t rowsWithQuestions(const ImportPlan& plan) {
@@ -56,7 +57,7 @@ std::optional<ImportPlan> ChartImport::plan(const Sheet& sheet, const std::strin
     }
     ChartState state;
     if (!selectOpenBooks() || !readChartState(*g_pDB, state)) {
-        told(m_messages, Result::failed());
+        told(m_messages, UntoldOutcome::failed());
         return std::nullopt;
     }
     return planImport(m_sheet, state);
@@ -76,13 +77,13 @@ Outcome ChartImport::apply(const ImportPlan& plan, const ImportProgress& progres
                       [&] { return applyUnderLocks(plan, progress); });
 }
 
-Result ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportProgress& progress) {
+UntoldOutcome ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportProgress& progress) {
     ChartState state;
-    if (!readChartState(*g_pDB, state)) return Result::failed();
+    if (!readChartState(*g_pDB, state)) return UntoldOutcome::failed();
     if (planImport(m_sheet, state) != plan)
-        return Result::stale(
+        return UntoldOutcome::stale(
             {.text = texts::planOutdated, .icon = MessageIcon::warning, .beep = true});
-    return inOneUnit([&] { return resultOf(writePlan(*g_pDB, plan, progress)); });
+    return inOneUnit([&] { return outcomeOf(writePlan(*g_pDB, plan, progress)); });
 }
 
 Outcome exportChart(IMessages& messages, const std::string& path) {
@@ -90,7 +91,7 @@ Outcome exportChart(IMessages& messages, const std::string& path) {
         return told(messages, refusal(fmt::format(sheet_texts::fileKindUnknown, path)));
     ChartState state;
     if (!selectOpenBooks() || !readChartState(*g_pDB, state))
-        return told(messages, Result::failed());
+        return told(messages, UntoldOutcome::failed());
     const Sheet sheet = chartSheet(state.accounts, state.currencies);
     const auto failure = writeSheet(sheet, path);
     if (!failure) return Outcome::done;

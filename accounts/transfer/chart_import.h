@@ -27,7 +27,7 @@ class ChartImport {
     Outcome apply(const ImportPlan& plan, const ImportProgress& progress = {});
 
   private:
-    Result applyUnderLocks(const ImportPlan& plan, const ImportProgress& progress);
+    UntoldOutcome applyUnderLocks(const ImportPlan& plan, const ImportProgress& progress);
 
     IMessages& m_messages;
     ChartSheet m_sheet;

@@ -21,41 +21,41 @@ Refusal wrongInput(const char* text) { return {RefusalKind::wrongInput, {.text =
 const char* directionText(bool isDebit) { return isDebit ? texts::debit : texts::credit; }
 
 /// An account that is gone is passed over.
-Result resultOfStoring(int operationResult) {
+UntoldOutcome outcomeOfStoring(int operationResult) {
     if (operationResult == 0 || g_pDB->lastStatus().failure == Failure::missing)
-        return Result::done();
-    return Result::failed();
+        return UntoldOutcome::done();
+    return UntoldOutcome::failed();
 }
 
-Result storeDirection(std::int32_t accountId, bool isDebit) {
+UntoldOutcome storeDirection(std::int32_t accountId, bool isDebit) {
     _CodeInfo* row = nullptr;
     if (const int read = g_pDB->Code_GetInfo(row, accountId); read != 0)
-        return resultOfStoring(read);
+        return outcomeOfStoring(read);
     _CodeInfo account = *row;
     account.bDirect = isDebit ? 1 : 0;
-    const Result result = resultOfStoring(g_pDB->Code_Edit(account));
+    const UntoldOutcome result = outcomeOfStoring(g_pDB->Code_Edit(account));
     g_pDB->Code_ReleaseAllBuffer();
     return result;
 }
 
 /// Turns an account of the books as they are now; it must be the one that was asked about.
-Result turn(OpeningBooks& books, const OpeningAccount& asked) {
-    if (!readOpeningBooks(*g_pDB, books)) return Result::failed();
+UntoldOutcome turn(OpeningBooks& books, const OpeningAccount& asked) {
+    if (!readOpeningBooks(*g_pDB, books)) return UntoldOutcome::failed();
     OpeningSheet& sheet = books.sheet;
-    if (sheet.isBrowsing()) return Result::stale({.text = texts::vouchersMeanwhile});
+    if (sheet.isBrowsing()) return UntoldOutcome::stale({.text = texts::vouchersMeanwhile});
     const auto place = sheet.placeOfId(asked.id);
     if (!place || sheet.accounts()[*place].code != asked.code ||
         sheet.accounts()[*place].isDebit != asked.isDebit)
-        return Result::stale({.text = texts::chartMeanwhile});
+        return UntoldOutcome::stale({.text = texts::chartMeanwhile});
     const std::size_t line = sheet.accounts()[*place].firstLine;
     if (const auto refusal = directionRefusal(sheet, CodeLevels(books.levelPattern), line))
-        return Result::stale(refusal->notice);
+        return UntoldOutcome::stale(refusal->notice);
     for (const std::size_t each : directionSubtree(sheet, line)) {
         sheet.accounts()[each].isDebit = !asked.isDebit;
-        const Result result = storeDirection(sheet.accounts()[each].id, !asked.isDebit);
+        const UntoldOutcome result = storeDirection(sheet.accounts()[each].id, !asked.isDebit);
         if (result.outcome != Outcome::done) return result;
     }
-    return Result::done();
+    return UntoldOutcome::done();
 }
 
 }  // namespace
@@ -87,7 +87,7 @@ std::vector<std::size_t> directionSubtree(const OpeningSheet& sheet, std::size_t
 
 Outcome adjustDirection(OpeningBooks& books, std::size_t line, IMessages& messages) {
     if (const auto refusal = directionRefusal(books.sheet, CodeLevels(books.levelPattern), line))
-        return told(messages, Result::refused(refusal->notice));
+        return told(messages, UntoldOutcome::refused(refusal->notice));
     if (messages.ask(directionQuestion(books.sheet, line)) != Answer::yes) return Outcome::refused;
     OpeningBooks fresh;
     const OpeningAccount asked = books.sheet.accountOfLine(line);

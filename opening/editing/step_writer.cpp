@@ -135,25 +135,26 @@ Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& 
     return outcome;
 }
 
-Result StepWriter::run(const StepMaker& make) {
+UntoldOutcome StepWriter::run(const StepMaker& make) {
     bool isBrowsing = false;
-    if (!holdSums(*g_pDB) || !readIsBrowsing(*g_pDB, isBrowsing)) return Result::failed();
-    if (isBrowsing) return Result::stale({.text = opening_texts::vouchersMeanwhile});
+    if (!holdSums(*g_pDB) || !readIsBrowsing(*g_pDB, isBrowsing)) return UntoldOutcome::failed();
+    if (isBrowsing) return UntoldOutcome::stale({.text = opening_texts::vouchersMeanwhile});
     bool isCurrent = m_step.size() < manyChanges && areAllowed(m_books.sheet, m_step);
-    if (isCurrent && !compareWithStored(isCurrent)) return Result::failed();
+    if (isCurrent && !compareWithStored(isCurrent)) return UntoldOutcome::failed();
     if (!isCurrent) {
         m_fresh.emplace();
-        if (!readOpeningBooks(*g_pDB, *m_fresh)) return Result::failed();
+        if (!readOpeningBooks(*g_pDB, *m_fresh)) return UntoldOutcome::failed();
         m_step = make(m_fresh->sheet);
         if (!areAllowed(m_fresh->sheet, m_step) ||
             !areSameAccounts(m_books.sheet, m_fresh->sheet, m_step))
-            return Result::stale({.text = opening_texts::chartMeanwhile});
+            return UntoldOutcome::stale({.text = opening_texts::chartMeanwhile});
         collectPlaces(m_fresh->sheet);
     }
-    if (isTooLarge(m_step)) return Result::refused({.text = opening_texts::tooLarge, .beep = true});
+    if (isTooLarge(m_step))
+        return UntoldOutcome::refused({.text = opening_texts::tooLarge, .beep = true});
     OpeningSheet& sheet = m_fresh ? m_fresh->sheet : m_books.sheet;
     setFigures(sheet, m_step);
-    return post(sheet) ? Result::done() : Result::failed();
+    return post(sheet) ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
 void StepWriter::collectPlaces(const OpeningSheet& sheet) {

@@ -39,7 +39,7 @@ class StepWriter {
         std::optional<StoredSums> stored;
     };
 
-    Result run(const StepMaker& make);
+    UntoldOutcome run(const StepMaker& make);
     void collectPlaces(const OpeningSheet& sheet);
     Status compareWithStored(bool& isCurrent);
     Status compare(Place& place, bool& isCurrent);

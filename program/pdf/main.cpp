@@ -5,6 +5,7 @@
 
 #include "screen/application.h"
 #include "screen/report/pdf_writing.h"
+#include "sheets/sheet_failure.h"
 #include "tool/tool.h"
 
 namespace {
@@ -12,12 +13,10 @@ namespace {
 chengheng::ExitCode writeFile(chengheng::Tool& tool, const CReport& report,
                               const std::string& path) {
     chengheng::ReportDocument document(report);
-    chengheng::SheetFailure failure;
     const auto everyPageGoesOn = [](std::size_t, std::size_t) { return true; };
-    if (chengheng::writePdf(document, path, everyPageGoesOn, failure) ==
-        chengheng::PdfOutcome::written)
-        return chengheng::ExitCode::done;
-    tool.err << failure.text() << '\n';
+    const chengheng::Status status = chengheng::writePdf(document, path, everyPageGoesOn);
+    if (status) return chengheng::ExitCode::done;
+    tool.err << chengheng::whileWriting(status, path).text() << '\n';
     return chengheng::ExitCode::failed;
 }
 

@@ -43,8 +43,8 @@ int CReport::StructTheRpt(const char* layoutFile, const char* const* cells, int 
                           int columnCount, const char* const* headings, const int* widths, int) {
     if (columnCount <= 0 || cellCount < 0 || cellCount % columnCount != 0)
         return refuse(chengheng::print_texts::oddMatrix);
-    if (auto fault = chengheng::readLayoutFile(layoutFile, m_fileLayout))
-        return refuse(std::move(*fault));
+    if (auto refusal = chengheng::readLayoutFile(layoutFile, m_fileLayout))
+        return refuse(std::move(refusal->notice.text));
     m_fault.clear();
     m_layout = m_fileLayout;
     m_cells = cells;

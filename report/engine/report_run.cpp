@@ -2,9 +2,9 @@
 
 #include <fmt/format.h>
 
-#include "report/engine/print_refusal.h"
 #include "report/layout/layout_settings.h"
 #include "report/layout/layout_texts.h"
+#include "report/layout/print_refusal.h"
 #include "session/GetPrintFile.h"
 
 namespace chengheng {

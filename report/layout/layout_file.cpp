@@ -11,6 +11,7 @@
 #include "base/values/utf8.h"
 #include "report/layout/layout_settings.h"
 #include "report/layout/layout_texts.h"
+#include "report/layout/print_refusal.h"
 
 namespace chengheng {
 namespace {
@@ -94,14 +95,16 @@ std::optional<LayoutFault> parseLayout(std::string_view text, ReportLayout& layo
     return std::nullopt;
 }
 
-std::optional<std::string> readLayoutFile(const std::string& path, ReportLayout& layout) {
+std::optional<Refusal> readLayoutFile(const std::string& path, ReportLayout& layout) {
     std::string text;
     const Status status = readFile(path, largestFile, text);
-    if (status.failure == Failure::missing) return fmt::format(layout_texts::missingFile, path);
-    if (!status) return fmt::format(layout_texts::unreadableFile, path, status.detail);
+    if (status.failure == Failure::missing)
+        return printRefusal(fmt::format(layout_texts::missingFile, path));
+    if (!status)
+        return printRefusal(fmt::format(layout_texts::unreadableFile, path, status.detail));
     const auto fault = parseLayout(text, layout);
     if (!fault) return std::nullopt;
-    return fmt::format(layout_texts::faultyFile, path, fault->line, fault->reason);
+    return printRefusal(fmt::format(layout_texts::faultyFile, path, fault->line, fault->reason));
 }
 
 }  // namespace chengheng

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/messages/refusal.h"
 #include "report/layout/report_layout.h"
 
 namespace chengheng {
@@ -18,7 +19,7 @@ struct LayoutFault {
 /// its default value. After a fault the layout is as it was.
 std::optional<LayoutFault> parseLayout(std::string_view text, ReportLayout& layout);
 
-/// Reads a layout file; what is said when it cannot be used.
-std::optional<std::string> readLayoutFile(const std::string& path, ReportLayout& layout);
+/// Reads a layout file, or says why it cannot be used.
+std::optional<Refusal> readLayoutFile(const std::string& path, ReportLayout& layout);
 
 }  // namespace chengheng

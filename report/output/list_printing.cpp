@@ -5,8 +5,8 @@
 #include "base/system/workstation.h"
 #include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
-#include "report/engine/print_refusal.h"
 #include "report/engine/print_texts.h"
+#include "report/layout/print_refusal.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"
 

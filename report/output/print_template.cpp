@@ -6,8 +6,8 @@
 
 #include "data/access/selected_cells.h"
 #include "data/tables/printing.h"
-#include "report/engine/print_refusal.h"
 #include "report/engine/print_texts.h"
+#include "report/layout/print_refusal.h"
 #include "report/output/print_sql.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"

@@ -41,8 +41,8 @@ bool paintInto(std::string& pdf, const ReportDocument& document, std::span<const
 
 }  // namespace
 
-PdfOutcome writePdf(const ReportDocument& document, std::span<const std::size_t> pages,
-                    const std::string& path, const WorkProgress& progress, SheetFailure& failure) {
+Status writePdf(const ReportDocument& document, std::span<const std::size_t> pages,
+                const std::string& path, const WorkProgress& progress) {
     bool isCancelled = false;
     const auto watched = [&](std::size_t done, std::size_t all) {
         isCancelled = isCancelled || !progress(done, all);
@@ -53,21 +53,18 @@ PdfOutcome writePdf(const ReportDocument& document, std::span<const std::size_t>
     std::string pdf;
     if (status && !paintInto(pdf, document, pages, watched))
         status = Status::of(Failure::damaged, report_texts::notPainted);
-    if (isCancelled) return PdfOutcome::cancelled;
+    if (isCancelled) return Status::of(Failure::cancelled);
     if (status) status = makeTextsReadable(pdf, codesOf(document));
     if (status) status = staged.write(pdf);
     if (status) status = staged.place(true);
-    if (status) return PdfOutcome::written;
-    failure = whileWriting(status, path);
-    return PdfOutcome::failed;
+    return status;
 }
 
-PdfOutcome writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress,
-                    SheetFailure& failure) {
-    if (!document.layOutAll(progress)) return PdfOutcome::cancelled;
+Status writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress) {
+    if (!document.layOutAll(progress)) return Status::of(Failure::cancelled);
     std::vector<std::size_t> pages(document.pages().pageCount());
     std::iota(pages.begin(), pages.end(), std::size_t{0});
-    return writePdf(document, pages, path, progress, failure);
+    return writePdf(document, pages, path, progress);
 }
 
 }  // namespace chengheng

@@ -2,22 +2,18 @@
 
 #include <span>
 
+#include "base/values/status.h"
 #include "screen/report/report_document.h"
-#include "sheets/sheet_failure.h"
 
 namespace chengheng {
 
-/// How writing a PDF file ended. A file that was there already is replaced as a whole, or not
-/// touched.
-enum class PdfOutcome { written, cancelled, failed };
-
-/// Writes pages, counted from 0, with fonts embedded and texts that can be searched. After
-/// `failed`, the failure says why.
-PdfOutcome writePdf(const ReportDocument& document, std::span<const std::size_t> pages,
-                    const std::string& path, const WorkProgress& progress, SheetFailure& failure);
+/// Writes pages, counted from 0, as a PDF file with fonts embedded and texts that can be searched.
+/// A file that was there already is replaced as a whole, or not touched; whileWriting() has the
+/// words for why.
+Status writePdf(const ReportDocument& document, std::span<const std::size_t> pages,
+                const std::string& path, const WorkProgress& progress);
 
 /// The same with all pages of the document, which is laid out before.
-PdfOutcome writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress,
-                    SheetFailure& failure);
+Status writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress);
 
 }  // namespace chengheng

@@ -36,18 +36,17 @@ QString fileName(const std::string& title, const char* suffix) {
     return name + QLatin1Char('.') + QLatin1String(suffix);
 }
 
-ExportOutcome writePages(ReportDocument& document, const std::string& path, QWidget* parent,
-                         SheetFailure& failure) {
+UntoldOutcome failed(const SheetFailure& failure) {
+    return {Outcome::failed,
+            Notice{.text = failure.text(), .icon = MessageIcon::warning, .beep = true}};
+}
+
+UntoldOutcome writePages(ReportDocument& document, const std::string& path, QWidget* parent) {
     WorkProgressBox box(report_texts::writing, parent);
-    switch (writePdf(document, path, box.progress(), failure)) {
-        case PdfOutcome::written:
-            return ExportOutcome::written;
-        case PdfOutcome::cancelled:
-            return ExportOutcome::cancelled;
-        case PdfOutcome::failed:
-            break;
-    }
-    return ExportOutcome::failed;
+    const Status status = writePdf(document, path, box.progress());
+    if (status) return UntoldOutcome::done();
+    if (status.failure == Failure::cancelled) return {Outcome::refused};
+    return failed(whileWriting(status, path));
 }
 
 }  // namespace
@@ -65,17 +64,15 @@ QString askForExportFile(ExportKind kind, const std::string& title, QWidget* par
     return dialog.selectedFiles().constFirst();
 }
 
-ExportOutcome exportDocument(ReportDocument& document, ExportKind kind, const std::string& path,
-                             QWidget* parent, SheetFailure& failure) {
-    if (kind == ExportKind::pdf) return writePages(document, path, parent, failure);
-    std::optional<SheetFailure> outcome;
+UntoldOutcome exportDocument(ReportDocument& document, ExportKind kind, const std::string& path,
+                             QWidget* parent) {
+    if (kind == ExportKind::pdf) return writePages(document, path, parent);
+    std::optional<SheetFailure> failure;
     runBesidePainting([&] {
         const Sheet sheet = sheetOf(document.report());
-        outcome = kind == ExportKind::xlsx ? writeXlsx(sheet, path) : writeCsv(sheet, path);
+        failure = kind == ExportKind::xlsx ? writeXlsx(sheet, path) : writeCsv(sheet, path);
     });
-    if (!outcome) return ExportOutcome::written;
-    failure = *outcome;
-    return ExportOutcome::failed;
+    return failure ? failed(*failure) : UntoldOutcome::done();
 }
 
 }  // namespace chengheng

@@ -240,17 +240,14 @@ void ReportPreview::exportTo(ExportKind kind) {
     const QString path = askForExportFile(kind, m_document.report().title(), this);
     if (path.isEmpty()) return;
     m_layingOut.stop();
-    SheetFailure failure;
-    const ExportOutcome outcome =
-        exportDocument(m_document, kind, path.toStdString(), this, failure);
+    const UntoldOutcome untold = exportDocument(m_document, kind, path.toStdString(), this);
     tellPages();
     m_view->refresh();
-    if (outcome == ExportOutcome::written)
+    if (untold.outcome == Outcome::done)
         m_status->setText(text(report_texts::exported, path.toStdString()));
-    if (outcome == ExportOutcome::cancelled)
+    if (untold.outcome == Outcome::refused)
         m_status->setText(QString::fromUtf8(report_texts::exportCancelled));
-    if (outcome == ExportOutcome::failed)
-        messages().tell({.text = failure.text(), .icon = MessageIcon::warning, .beep = true});
+    told(messages(), untold);
 }
 
 }  // namespace chengheng

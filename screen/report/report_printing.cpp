@@ -9,6 +9,7 @@
 #include "screen/report/report_texts.h"
 #include "screen/report/work_progress.h"
 #include "screen/screen_texts.h"
+#include "sheets/sheet_failure.h"
 
 namespace chengheng {
 namespace {
@@ -32,11 +33,10 @@ bool askForPrinter(QPrinter& printer, const ReportDocument& document, QWidget* p
 std::string put(const ReportDocument& document, QPrinter& printer,
                 std::span<const std::size_t> pages, const WorkProgress& progress) {
     if (printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty()) {
-        SheetFailure failure;
         const std::string path = printer.outputFileName().toStdString();
-        const bool isFailed =
-            writePdf(document, pages, path, progress, failure) == PdfOutcome::failed;
-        return isFailed ? failure.text() : std::string();
+        const Status status = writePdf(document, pages, path, progress);
+        const bool isFailed = !status && status.failure != Failure::cancelled;
+        return isFailed ? whileWriting(status, path).text() : std::string();
     }
     const bool isPrinted =
         document.paintPages(printer, pages, progress) && printer.printerState() != QPrinter::Error;

@@ -18,6 +18,7 @@
 #include "screen/report/report_export.h"
 #include "screen/report/report_printing.h"
 #include "sheets/files/sheet_files.h"
+#include "sheets/sheet_failure.h"
 #include "tests/support/recording_messages.h"
 #include "tests/support/run_program.h"
 #include "tests/support/sample_report.h"
@@ -126,17 +127,15 @@ TEST(ReportOutputs, AgreeOnTheCells) {
     const auto wanted = cellWords(report);
     const std::string folder = freshFolder();
     withDocument(report, [&](ReportDocument& document) {
-        SheetFailure failure;
         EXPECT_EQ(cellWords(document.readText(0).toStdString()), wanted) << "preview";
-        ASSERT_EQ(writePdf(document, folder + "/a.pdf", everyPageGoesOn, failure),
-                  PdfOutcome::written);
+        ASSERT_TRUE(writePdf(document, folder + "/a.pdf", everyPageGoesOn));
         EXPECT_EQ(cellWords(readPdf(folder + "/a.pdf")), wanted) << "PDF";
         printTo(folder + "/printed.pdf", document);
         EXPECT_EQ(cellWords(readPdf(folder + "/printed.pdf")), wanted) << "print";
         for (const auto& [kind, name] :
              {std::pair{ExportKind::xlsx, "/a.xlsx"}, std::pair{ExportKind::csv, "/a.csv"}}) {
-            ASSERT_EQ(exportDocument(document, kind, folder + name, nullptr, failure),
-                      ExportOutcome::written);
+            ASSERT_EQ(exportDocument(document, kind, folder + name, nullptr).outcome,
+                      Outcome::done);
             EXPECT_EQ(sheetWords(folder + name), wanted) << name;
         }
     });
@@ -145,9 +144,7 @@ TEST(ReportOutputs, AgreeOnTheCells) {
 TEST(ReportOutputs, KeepCodesAsTextsAndMakeAmountsNumbersInASpreadsheet) {
     const std::string path = freshFolder() + "/a.xlsx";
     withDocument(richReport(), [&](ReportDocument& document) {
-        SheetFailure failure;
-        ASSERT_EQ(exportDocument(document, ExportKind::xlsx, path, nullptr, failure),
-                  ExportOutcome::written);
+        ASSERT_EQ(exportDocument(document, ExportKind::xlsx, path, nullptr).outcome, Outcome::done);
     });
     Sheet sheet;
     ASSERT_FALSE(readSheet(path, sheet));
@@ -161,8 +158,7 @@ TEST(ReportOutputs, KeepCodesAsTextsAndMakeAmountsNumbersInASpreadsheet) {
 TEST(PdfFile, EmbedsTheFontsItUses) {
     const std::string path = freshFolder() + "/a.pdf";
     withDocument(richReport(), [&](ReportDocument& document) {
-        SheetFailure failure;
-        ASSERT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::written);
+        ASSERT_TRUE(writePdf(document, path, everyPageGoesOn));
     });
     std::istringstream fonts(runProgram({"/usr/bin/env", "pdffonts", path}).out);
     int count = 0;
@@ -183,8 +179,7 @@ TEST(PdfFile, HoldsThePagesAndTheirPaper) {
     report.page = {.paper = 11, .isPortrait = false};
     const std::string path = freshFolder() + "/a.pdf";
     withDocument(report, [&](ReportDocument& document) {
-        SheetFailure failure;
-        ASSERT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::written);
+        ASSERT_TRUE(writePdf(document, path, everyPageGoesOn));
         const std::string facts = runProgram({"/usr/bin/env", "pdfinfo", path}).out;
         EXPECT_THAT(facts,
                     ContainsRegex("Pages: +" + std::to_string(document.pages().pageCount())));
@@ -200,9 +195,8 @@ TEST(PdfFile, ThatIsGivenUpLeavesTheOldOneAsItWas) {
     const std::string path = folder + "/a.pdf";
     std::ofstream(path) << "old";
     withDocument(report, [&](ReportDocument& document) {
-        SheetFailure failure;
         const auto afterTwo = [](std::size_t done, std::size_t) { return done < 2; };
-        EXPECT_EQ(writePdf(document, path, afterTwo, failure), PdfOutcome::cancelled);
+        EXPECT_EQ(writePdf(document, path, afterTwo).failure, Failure::cancelled);
     });
     std::ifstream file(path);
     EXPECT_EQ((std::string{std::istreambuf_iterator<char>(file), {}}), "old");
@@ -211,10 +205,9 @@ TEST(PdfFile, ThatIsGivenUpLeavesTheOldOneAsItWas) {
 
 TEST(PdfFile, WhoseFolderIsMissingSaysSo) {
     withDocument(sampleReport({10}), [&](ReportDocument& document) {
-        SheetFailure failure;
-        EXPECT_EQ(writePdf(document, freshFolder() + "/none/a.pdf", everyPageGoesOn, failure),
-                  PdfOutcome::failed);
-        EXPECT_THAT(failure.text(), HasSubstr("所在的文件夹不存在"));
+        const std::string path = freshFolder() + "/none/a.pdf";
+        const Status status = writePdf(document, path, everyPageGoesOn);
+        EXPECT_THAT(whileWriting(status, path).text(), HasSubstr("所在的文件夹不存在"));
     });
 }
 
@@ -226,17 +219,18 @@ TEST(PdfFile, ThatHasNoRoomOnTheDiskSaysSoAndLeavesTheOldOne) {
     std::ofstream(path) << "old";
     withDocument(report, [&](ReportDocument& document) {
         for (const rlim_t room : {0U, 10U, 1000U, 5000U, 20'000U}) {
-            SheetFailure failure;
+            Status status;
             {
                 const SmallDisk disk(room);
-                EXPECT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::failed);
+                status = writePdf(document, path, everyPageGoesOn);
             }
-            EXPECT_THAT(failure.text(), HasSubstr("磁盘")) << room;
-            EXPECT_THAT(failure.text(), HasSubstr(path + "”,原有的文件保持不变。")) << room;
+            ASSERT_FALSE(status);
+            const std::string words = whileWriting(status, path).text();
+            EXPECT_THAT(words, HasSubstr("磁盘")) << room;
+            EXPECT_THAT(words, HasSubstr(path + "”,原有的文件保持不变。")) << room;
             EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
         }
-        SheetFailure failure;
-        EXPECT_EQ(writePdf(document, path, everyPageGoesOn, failure), PdfOutcome::written);
+        EXPECT_TRUE(writePdf(document, path, everyPageGoesOn));
         EXPECT_GT(std::filesystem::file_size(path), 20'000U);
     });
 }

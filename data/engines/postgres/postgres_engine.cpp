@@ -59,7 +59,7 @@ class PostgresEngine final : public Engine {
         m_locks.transactionEnded();
         return status;
     }
-    Status run(std::span<const Command> commands, PostgresPipeline::Outcome& outcome);
+    Status run(std::span<const Command> commands, PostgresPipeline::Received& received);
     Status prepareNow(PostgresStatement& statement);
     Status dropRetired();
     Status findSchema(bool& isFound);
@@ -140,31 +140,32 @@ Status PostgresEngine::dropRetired() {
     return m_connection.run(sql);
 }
 
-Status PostgresEngine::run(std::span<const Command> commands, PostgresPipeline::Outcome& outcome) {
+Status PostgresEngine::run(std::span<const Command> commands,
+                           PostgresPipeline::Received& received) {
     Status status = m_transaction.mayRun();
     if (status) status = PostgresPipeline::check(commands);
-    if (status) status = m_pipeline.run(m_transaction.takeHeldBack(), commands, outcome);
+    if (status) status = m_pipeline.run(m_transaction.takeHeldBack(), commands, received);
     return status;
 }
 
 Status PostgresEngine::execute(std::span<const Command> commands, std::int64_t* changed) {
     if (changed != nullptr) *changed = 0;
     if (commands.empty()) return m_transaction.mayRun();
-    PostgresPipeline::Outcome outcome;
-    Status status = run(commands, outcome);
-    if (status && changed != nullptr) *changed = outcome.changed;
+    PostgresPipeline::Received received;
+    Status status = run(commands, received);
+    if (status && changed != nullptr) *changed = received.changed;
     return status;
 }
 
 Status PostgresEngine::open(const Command& command, std::unique_ptr<Cursor>& cursor) {
-    PostgresPipeline::Outcome outcome;
+    PostgresPipeline::Received received;
     const bool isInside = m_transaction.isOpen();
     Status status = PostgresPipeline::check({&command, 1});
     if (status && isInside) status = m_transaction.beginPart();
     if (!status) return status;
-    status = run({&command, 1}, outcome);
+    status = run({&command, 1}, received);
     if (isInside) m_transaction.endPart(status);
-    if (status) cursor = std::make_unique<PostgresCursor>(std::move(outcome.last));
+    if (status) cursor = std::make_unique<PostgresCursor>(std::move(received.last));
     return status;
 }
 

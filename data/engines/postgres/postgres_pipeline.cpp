@@ -24,13 +24,13 @@ PostgresStatement& statementOf(const Command& command) {
 }  // namespace
 
 Status PostgresPipeline::run(std::span<const std::string> controls,
-                             std::span<const Command> commands, Outcome& outcome) {
+                             std::span<const Command> commands, Received& received) {
     if (!m_connection.isConnected()) return m_connection.lost();
     if (PQenterPipelineMode(m_connection.handle()) == 0)
         return Status::of(Failure::refused, PQerrorMessage(m_connection.handle()));
     m_awaited.clear();
     m_bytesSent = 0;
-    return finish(sendAll(controls, commands, outcome), outcome);
+    return finish(sendAll(controls, commands, received), received);
 }
 
 Status PostgresPipeline::check(std::span<const Command> commands) {
@@ -43,13 +43,13 @@ Status PostgresPipeline::check(std::span<const Command> commands) {
 }
 
 Status PostgresPipeline::sendAll(std::span<const std::string> controls,
-                                 std::span<const Command> commands, Outcome& outcome) {
+                                 std::span<const Command> commands, Received& received) {
     for (const std::string& control : controls)
         if (!sendControl(control)) return m_connection.lost();
     for (const Command& command : commands) {
         if (!sendCommand(command)) return m_connection.lost();
         if (m_awaited.size() < mostAwaited && m_bytesSent < mostBytesSent) continue;
-        if (Status status = takeAnswers(outcome); !status) return status;
+        if (Status status = takeAnswers(received); !status) return status;
     }
     return Status::done();
 }
@@ -78,19 +78,19 @@ bool PostgresPipeline::sendCommand(const Command& command) {
                                m_parameters.texts(), nullptr, nullptr, 0) != 0;
 }
 
-Status PostgresPipeline::takeAnswers(Outcome& outcome) {
+Status PostgresPipeline::takeAnswers(Received& received) {
     if (PQsendFlushRequest(m_connection.handle()) == 0) return m_connection.lost();
-    return readAnswers(outcome);
+    return readAnswers(received);
 }
 
-Status PostgresPipeline::readAnswers(Outcome& outcome) {
+Status PostgresPipeline::readAnswers(Received& received) {
     Status status = Status::done();
     for (std::size_t at = 0; at < m_awaited.size(); ++at) {
         PostgresResult result(PQgetResult(m_connection.handle()));
         if (result == nullptr) return m_connection.lost();
         const ExecStatusType kind = PQresultStatus(result.get());
         if (kind == PGRES_COMMAND_OK || kind == PGRES_TUPLES_OK) {
-            note(m_awaited[at], std::move(result), outcome);
+            note(m_awaited[at], std::move(result), received);
         } else {
             // What follows the failed command is answered as skipped.
             if (m_awaited[at].isPreparation) m_awaited[at].statement->setNotPrepared();
@@ -106,16 +106,16 @@ Status PostgresPipeline::readAnswers(Outcome& outcome) {
     return status;
 }
 
-void PostgresPipeline::note(const Awaited& awaited, PostgresResult result, Outcome& outcome) {
+void PostgresPipeline::note(const Awaited& awaited, PostgresResult result, Received& received) {
     if (awaited.isPreparation || awaited.statement == nullptr) return;
-    outcome.changed += changedRows(result.get());
-    outcome.last = std::move(result);
+    received.changed += changedRows(result.get());
+    received.last = std::move(result);
 }
 
-Status PostgresPipeline::finish(Status status, Outcome& outcome) {
+Status PostgresPipeline::finish(Status status, Received& received) {
     if (!m_connection.isConnected()) return status;
     if (PQpipelineSync(m_connection.handle()) == 0) return m_connection.lost();
-    Status rest = readAnswers(outcome);
+    Status rest = readAnswers(received);
     if (status) status = rest;
     if (!m_connection.isConnected()) return status;
     const PostgresResult sync(PQgetResult(m_connection.handle()));

@@ -18,7 +18,8 @@ class PostgresPipeline {
   public:
     explicit PostgresPipeline(PostgresConnection& connection) : m_connection(connection) {}
 
-    struct Outcome {
+    /// What the server answered.
+    struct Received {
         std::int64_t changed = 0;
         PostgresResult last;  ///< of the last command
     };
@@ -28,7 +29,7 @@ class PostgresPipeline {
     /// Runs `controls` (BEGIN, SAVEPOINT ...) and then the commands, which have passed the
     /// check. The first failure ends the run.
     Status run(std::span<const std::string> controls, std::span<const Command> commands,
-               Outcome& outcome);
+               Received& received);
 
   private:
     /// What an answer that is still to come belongs to.
@@ -38,15 +39,15 @@ class PostgresPipeline {
     };
 
     Status sendAll(std::span<const std::string> controls, std::span<const Command> commands,
-                   Outcome& outcome);
+                   Received& received);
     bool sendControl(const std::string& control);
     bool sendCommand(const Command& command);
     /// Has the server answer what it was sent so far, and reads it.
-    Status takeAnswers(Outcome& outcome);
-    Status readAnswers(Outcome& outcome);
-    void note(const Awaited& awaited, PostgresResult result, Outcome& outcome);
+    Status takeAnswers(Received& received);
+    Status readAnswers(Received& received);
+    void note(const Awaited& awaited, PostgresResult result, Received& received);
     /// Reads up to the synchronisation point, which also ends a failed run.
-    Status finish(Status status, Outcome& outcome);
+    Status finish(Status status, Received& received);
 
     PostgresConnection& m_connection;
     ParameterTexts m_parameters;
