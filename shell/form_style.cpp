@@ -5,6 +5,7 @@
 
 #include "screen/resources.h"
 #include "screen/screen_texts.h"
+#include "shell/shell_texts.h"
 
 namespace chengheng {
 namespace {
@@ -37,7 +38,8 @@ void styleHint(QLabel* hint) {
 }
 
 void widen(QWidget* form, int characters) {
-    form->setMinimumWidth(form->fontMetrics().horizontalAdvance("帐") * characters);
+    form->setMinimumWidth(form->fontMetrics().horizontalAdvance(shell_texts::wideCharacter) *
+                          characters);
 }
 
 void nameButtons(QDialogButtonBox* buttons, const char* acceptText) {

@@ -2,9 +2,9 @@
 
 #include <QFileDialog>
 
-#include "books/list/books_texts.h"
 #include "books/logon/books_session.h"
 #include "books/logon/known_books.h"
+#include "books/logon/logon_texts.h"
 #include "books/making/new_books.h"
 #include "screen/background_work.h"
 #include "screen/guarded.h"
@@ -44,7 +44,7 @@ void OpenBooksWindow::check() {
     m_location = locationOfBooks(m_ui->location->text().trimmed().toStdString());
     std::optional<Refusal> refusal;
     if (m_location.empty())
-        refusal = inputRefusal(books_texts::locationMissing, books_field::location);
+        refusal = inputRefusal(logon_texts::locationMissing, books_field::location);
     else
         runBesidePainting([&] { refusal = readBooks(m_location, m_parameters); });
     if (!refusal) return QDialog::accept();

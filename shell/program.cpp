@@ -8,10 +8,10 @@
 #include <exception>
 
 #include "base/system/workstation.h"
-#include "books/list/books_texts.h"
 #include "books/logon/books_session.h"
-#include "books/logon/launch_texts.h"
+#include "books/logon/logon_texts.h"
 #include "books/logon/password_file.h"
+#include "books/making/making_texts.h"
 #include "books/making/new_books.h"
 #include "screen/application.h"
 #include "screen/message_boxes.h"
@@ -36,7 +36,7 @@ void printError(const std::string& text) {
 /// folders and drivers of the machine, say nothing to an operator.
 void reportQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtFatalMsg) {
-        printError(launch_texts::withoutScreen);
+        printError(logon_texts::withoutScreen);
         std::_Exit(exitCode(ProgramExit::withoutScreen));
     }
     if (type == QtCriticalMsg) printError(text.toStdString());
@@ -91,7 +91,7 @@ std::optional<ProgramExit> logOnSilently(Program& program, const LaunchOptions& 
 
 /// Whether an operator logged on; false when they gave up.
 bool logOnInWindow(Program& program, const LaunchOptions& options) {
-    if (program.registry.folder().empty()) printError(books_texts::homeMissing);
+    if (program.registry.folder().empty()) printError(making_texts::homeMissing);
     LogonWindow window(program.session, program.registry, program.boxes, options);
     return window.exec() == QDialog::Accepted;
 }
@@ -116,7 +116,7 @@ int startProgram(const std::vector<std::string>& arguments, const std::function<
         return exitCode(*reading.exit);
     }
     if (!hasScreen()) {
-        printError(launch_texts::withoutScreen);
+        printError(logon_texts::withoutScreen);
         return exitCode(ProgramExit::withoutScreen);
     }
     qInstallMessageHandler(reportQtMessage);
@@ -128,7 +128,7 @@ int startProgram(const std::vector<std::string>& arguments, const std::function<
     try {
         return exitCode(runShell(reading.options, work));
     } catch (const std::exception& error) {
-        printError(std::string(launch_texts::unexpected) + "\n" + error.what());
+        printError(std::string(logon_texts::unexpected) + "\n" + error.what());
         return exitCode(ProgramExit::failed);
     }
 }

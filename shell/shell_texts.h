@@ -3,6 +3,9 @@
 /// The texts of the log-on windows that do not stand in their forms. %1 is a value.
 namespace chengheng::shell_texts {
 
+/// As wide as any.
+inline constexpr const char* wideCharacter = "帐";
+
 inline constexpr const char* lockWaitTitle = "等待其他工作站";
 inline constexpr const char* lockWaited = "已等待 %1";
 inline constexpr const char* logon = "登录";

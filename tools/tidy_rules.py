@@ -109,7 +109,8 @@ SQL = re.compile(
     r"|\bdelete\s+from\b|^\s*delete\s+\w+\s*(where\b|$)"
     r"|\b(create|drop|alter)\s+(table|index|schema)\b"
     r"|\b(begin|commit|rollback)\s+transaction\b|\b(order|group)\s+by\b"
-    r"|\b\w+\s*(=|<>|<=|>=|<|>|\blike\b|\bin\b)\s*[('\s]*%(d|lf|s)", re.IGNORECASE)
+    r"|\b\w+\s*(=|<>|<=|>=|<|>|\blike\b|\bin\b)\s*[('\s]*%(d|lf|s)"
+    r"|^\s*(l|b|by|s|m|d)(?-i:[A-Z])\w*\s*(=|<>|<=|>=|<|>)\s*['0-9]", re.IGNORECASE)
 
 
 def sql_at_its_place(source):
@@ -155,6 +156,23 @@ def no_texts_in_data(source):
         return
     for number, text in source.string_matches(CHINESE):
         yield number, f"a text for the operator ('{text}') in a low folder; return a status instead"
+
+
+# Where Chinese is what the program works on, not what it says: readings, punctuation, typed
+# characters, names of fonts, contents of books; and the name of the product.
+CHINESE_AS_DATA = ("accounts/codes/mnemonic.cpp", "base/messages/messages.h",
+                   "books/demo/demo_data.", "opening/editing/amount_text.cpp",
+                   "report/engine/cell_lines.cpp", "report/output/print_templates.cpp",
+                   "screen/fonts.cpp", "session/rights/rights_list.cpp")
+
+
+def texts_at_their_place(source):
+    if not source.is_cpp or source.path.startswith(("tests/", "bench/", "fuzz/") + TEXTLESS):
+        return
+    if re.search(r"_texts\.(h|cpp)$", source.path) or source.path.startswith(CHINESE_AS_DATA):
+        return
+    for number, text in source.string_matches(CHINESE):
+        yield number, f"a text for the operator ('{text}') outside the folder's _texts file"
 
 
 def arrows_run_down(source):
@@ -207,8 +225,8 @@ def no_machine_paths(source):
 
 ALL_RULES = (line_length, function_length, file_length, white_space, pragma_once, message_boxes,
              sql_at_its_place, locale_independence, checked_texts, qt_at_its_place,
-             no_texts_in_data, arrows_run_down, lies_in_a_folder, left_over_marks, own_words,
-             no_machine_paths)
+             no_texts_in_data, texts_at_their_place, arrows_run_down, lies_in_a_folder,
+             left_over_marks, own_words, no_machine_paths)
 
 
 def faults(source):

@@ -22,15 +22,15 @@ struct Figure {
     int decimals;  ///< to which the books round it
 };
 
-constexpr std::array<Figure, 9> figures{{{"期初金额", 2},
-                                         {"借方金额", 2},
-                                         {"贷方金额", 2},
-                                         {"期初数量", 5},
-                                         {"借方数量", 5},
-                                         {"贷方数量", 5},
-                                         {"期初外币", 2},
-                                         {"借方外币", 2},
-                                         {"贷方外币", 2}}};
+constexpr std::array<Figure, 9> figures{{{integrity_texts::openingMoney, 2},
+                                         {integrity_texts::debitMoney, 2},
+                                         {integrity_texts::creditMoney, 2},
+                                         {integrity_texts::openingQuantity, 5},
+                                         {integrity_texts::debitQuantity, 5},
+                                         {integrity_texts::creditQuantity, 5},
+                                         {integrity_texts::openingForeign, 2},
+                                         {integrity_texts::debitForeign, 2},
+                                         {integrity_texts::creditForeign, 2}}};
 
 using Figures = std::array<double, figures.size()>;
 using FiguresByPeriod = std::map<std::pair<int, int>, Figures>;

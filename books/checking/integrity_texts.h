@@ -32,6 +32,16 @@ inline constexpr const char* auxiliarySumsTitle = "辅助总帐与科目总帐";
 inline constexpr const char* fixedRatesTitle = "固定汇率";
 inline constexpr const char* floatingRatesTitle = "浮动汇率";
 
+inline constexpr const char* openingMoney = "期初金额";
+inline constexpr const char* debitMoney = "借方金额";
+inline constexpr const char* creditMoney = "贷方金额";
+inline constexpr const char* openingQuantity = "期初数量";
+inline constexpr const char* debitQuantity = "借方数量";
+inline constexpr const char* creditQuantity = "贷方数量";
+inline constexpr const char* openingForeign = "期初外币";
+inline constexpr const char* debitForeign = "借方外币";
+inline constexpr const char* creditForeign = "贷方外币";
+
 std::string engineFault(std::string_view detail);
 std::string parameterRows(int rows);
 std::string wrongPattern(std::string_view pattern);

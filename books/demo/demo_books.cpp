@@ -8,8 +8,8 @@
 #include "base/system/staged_file.h"
 #include "books/copying/transfer_texts.h"
 #include "books/demo/demo_parts.h"
-#include "books/list/books_texts.h"
 #include "books/making/books_creation.h"
+#include "books/making/making_texts.h"
 #include "data/access/unit_of_work.h"
 #include "data/engines/open_engine.h"
 #include "data/engines/remove_database.h"
@@ -58,7 +58,7 @@ Status fillNew(std::unique_ptr<Engine> engine, const std::string& location, Pass
 }
 
 Refusal existingRefusal(const std::string& location) {
-    return existsRefusal(fmt::format(books_texts::placeExists, shownLocation(location)), "");
+    return existsRefusal(fmt::format(making_texts::placeExists, shownLocation(location)), "");
 }
 
 /// Makes the books where nothing is, and removes what comes to nothing. The place may be

@@ -12,6 +12,7 @@ namespace chengheng::demo {
 inline constexpr const char* setName = "演示帐套";
 inline constexpr const char* company = "南京清和商贸有限公司";
 inline constexpr const char* supervisor = "陈静";
+inline constexpr const char* bookkeeper = "李明";
 inline constexpr const char* password = "demo-2026";
 inline constexpr const char* levelPattern = "4222";
 inline constexpr std::int16_t year = 2026;

@@ -18,8 +18,6 @@ namespace {
 
 constexpr int periods = 12;
 constexpr int moneyDecimals = 2;
-constexpr const char* entryVoucherType = "转";
-constexpr const char* bookkeeper = "李明";
 
 /// The day before the books begin.
 constexpr Date entryDate{demo::year - 1, 12, 31};
@@ -28,9 +26,9 @@ constexpr Date entryDate{demo::year - 1, 12, 31};
 _RegMainInfo headerOf(const DemoBooks& books, std::int32_t number) {
     _RegMainInfo header;
     header.dtDate = entryDate;
-    header.sSign = entryVoucherType;
+    header.sSign = demo::transferVoucherType;
     header.lNumber = number;
-    header.lUBill = books.idOf<_UsersInfo>(bookkeeper);
+    header.lUBill = books.idOf<_UsersInfo>(demo::bookkeeper);
     return header;
 }
 

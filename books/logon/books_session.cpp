@@ -6,8 +6,8 @@
 #include <filesystem>
 
 #include "base/system/workstation.h"
-#include "books/list/books_texts.h"
-#include "books/making/books_sql.h"
+#include "books/logon/logon_sql.h"
+#include "books/logon/logon_texts.h"
 #include "books/making/new_books.h"
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
@@ -27,15 +27,15 @@ bool hasFailed(const Status& status) { return !status && status.failure != Failu
 
 std::optional<Refusal> inputsRefusal(const LogonRequest& request) {
     if (request.location.empty())
-        return inputRefusal(books_texts::locationMissing, books_field::location);
+        return inputRefusal(logon_texts::locationMissing, books_field::location);
     if (request.operatorName.empty())
-        return inputRefusal(books_texts::operatorMissing, books_field::operatorName);
+        return inputRefusal(logon_texts::operatorMissing, books_field::operatorName);
     return std::nullopt;
 }
 
 std::optional<Refusal> dateRefusal(const std::optional<Date>& date, const DayRange& days) {
     if (!date || days.holds(*date)) return std::nullopt;
-    return inputRefusal(fmt::format(books_texts::dateOutsideYear, isoText(*date),
+    return inputRefusal(fmt::format(logon_texts::dateOutsideYear, isoText(*date),
                                     isoText(days.first), isoText(days.last)),
                         books_field::date);
 }
@@ -123,10 +123,10 @@ std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
         return candidate.failure();
     candidate.name = name;
     if (m_database.DBSelect(name.c_str()) == 0) return candidate.failure();
-    const auto parameters = readRows<_zAccountMInfo>(m_database, "lId > 0");
+    const auto parameters = readRows<_zAccountMInfo>(m_database, logon_sql::parameters);
     if (hasFailed(m_database.lastStatus())) return candidate.failure();
     if (parameters.empty())
-        return failureRefusal(fmt::format(books_texts::operatorsUnreadable,
+        return failureRefusal(fmt::format(logon_texts::operatorsUnreadable,
                                           chengheng::shownLocation(candidate.location)),
                               books_field::location);
     candidate.parameters = parameters.front();
@@ -138,19 +138,19 @@ std::optional<Refusal> BooksSession::checkOperator(const LogonRequest& request,
     const auto wait = m_tries.waitLeft(candidate.location, request.operatorName);
     if (wait.count() > 0) {
         const auto seconds = std::chrono::ceil<std::chrono::seconds>(wait).count();
-        return inputRefusal(fmt::format(books_texts::logonDelayed, seconds), books_field::password);
+        return inputRefusal(fmt::format(logon_texts::logonDelayed, seconds), books_field::password);
     }
     const auto users =
-        readRows<_UsersInfo>(m_database, books_sql::ofOperator(request.operatorName).c_str());
+        readRows<_UsersInfo>(m_database, logon_sql::ofOperator(request.operatorName).c_str());
     if (hasFailed(m_database.lastStatus())) return candidate.failure();
     if (users.empty() || !isPasswordOf(users.front().sPassword, request.password)) {
         m_tries.noteWrong(candidate.location, request.operatorName);
-        return inputRefusal(books_texts::logonRefused, books_field::password);
+        return inputRefusal(logon_texts::logonRefused, books_field::password);
     }
     m_tries.noteRight(candidate.location, request.operatorName);
     candidate.user = users.front();
     const auto rights = readRows<_UserAuthInfo>(
-        m_database, books_sql::ofRightsOwner(candidate.user.lUserId).c_str());
+        m_database, logon_sql::ofRightsOwner(candidate.user.lUserId).c_str());
     if (hasFailed(m_database.lastStatus())) return candidate.failure();
     if (!rights.empty()) candidate.rightsId = rights.front().lId;
     return std::nullopt;
@@ -160,11 +160,11 @@ std::optional<Refusal> BooksSession::enterLogon(Candidate& candidate) {
     const std::string station = stationName();
     UnitOfWork unit(m_database);
     if (!unit.isOpen()) return candidate.failure();
-    const auto rows = readRows<_LoginInfo>(m_database, books_sql::ofStation(station).c_str());
+    const auto rows = readRows<_LoginInfo>(m_database, logon_sql::ofStation(station).c_str());
     if (hasFailed(m_database.lastStatus())) return candidate.failure();
     const std::string stale = staleIds(rows);
     if (!stale.empty() &&
-        m_database.QRYDelete("LoginInfoTbl", books_sql::ofLogons(stale).c_str()) != 0)
+        m_database.QRYDelete("LoginInfoTbl", logon_sql::ofLogons(stale).c_str()) != 0)
         return candidate.failure();
     const _LoginInfo own{.lAccId = candidate.parameters.lId,
                          .sUser = candidate.user.sUserName,
@@ -203,7 +203,7 @@ void BooksSession::logOff() {
     // A row that a lost server keeps is removed by the next log-on from this workstation.
     if (m_database.DBSelect(name.c_str()) != 0)
         m_database.QRYDelete("LoginInfoTbl",
-                             books_sql::ofLogons(std::to_string(m_logonId)).c_str());
+                             logon_sql::ofLogons(std::to_string(m_logonId)).c_str());
     m_lookups.reset();
     m_session.reset();
     m_database.DBClose(name.c_str());

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-#include "books/list/books_texts.h"
+#include "books/logon/logon_sql.h"
+#include "books/logon/logon_texts.h"
 #include "books/making/new_books.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/row_lease.h"
@@ -32,13 +33,13 @@ std::optional<Refusal> readBooks(const std::string& location, _zAccountMInfo& pa
     const bool isOpen = database.DBOpen(info, location.c_str(), nameWhileRead, 1) != 0 &&
                         database.DBSelect(nameWhileRead) != 0;
     std::vector<_zAccountMInfo> rows;
-    if (isOpen) rows = readRows<_zAccountMInfo>(database, "lId > 0");
+    if (isOpen) rows = readRows<_zAccountMInfo>(database, logon_sql::parameters);
     const Status& status = database.lastStatus();
     if (!isOpen || (!status && status.failure != Failure::missing))
         return failureRefusal(failureText(status, location), books_field::location);
     if (rows.empty())
         return failureRefusal(
-            fmt::format(books_texts::operatorsUnreadable, shownLocation(location)),
+            fmt::format(logon_texts::operatorsUnreadable, shownLocation(location)),
             books_field::location);
     parameters = rows.front();
     return std::nullopt;

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "base/system/program_version.h"
-#include "books/logon/launch_texts.h"
+#include "books/logon/logon_texts.h"
 
 namespace chengheng {
 namespace {
@@ -28,7 +28,7 @@ bool isLaunchArgument(const std::string& argument) {
 LaunchReading ended(ProgramExit exit, std::string text) { return {{}, exit, std::move(text)}; }
 
 LaunchReading refused(std::string_view fault) {
-    return ended(ProgramExit::wrongUsage, fmt::format(launch_texts::seeHelp, fault));
+    return ended(ProgramExit::wrongUsage, fmt::format(logon_texts::seeHelp, fault));
 }
 
 /// The option out of "--books: 1 required TEXT missing".
@@ -53,7 +53,7 @@ LaunchReading readLaunchOptions(std::vector<std::string> arguments) {
     LaunchReading reading;
     LaunchOptions& options = reading.options;
     const std::vector<std::string> launch = takeLaunchArguments(arguments);
-    if (launch.size() > 1) return refused(launch_texts::argumentTwice);
+    if (launch.size() > 1) return refused(logon_texts::argumentTwice);
     if (!launch.empty()) options.launchArgument = launch.front();
 
     std::string date;
@@ -68,17 +68,17 @@ LaunchReading readLaunchOptions(std::vector<std::string> arguments) {
     try {
         app.parse(arguments);
     } catch (const CLI::CallForHelp&) {
-        return ended(ProgramExit::done, launch_texts::help);
+        return ended(ProgramExit::done, logon_texts::help);
     } catch (const CLI::CallForVersion&) {
-        return ended(ProgramExit::done, fmt::format(launch_texts::version, programVersion()));
+        return ended(ProgramExit::done, fmt::format(logon_texts::version, programVersion()));
     } catch (const CLI::ExtrasError&) {
-        return refused(fmt::format(launch_texts::unknownArgument, fmt::join(app.remaining(), " ")));
+        return refused(fmt::format(logon_texts::unknownArgument, fmt::join(app.remaining(), " ")));
     } catch (const CLI::ParseError& error) {
-        return refused(fmt::format(launch_texts::valueMissing, optionNamedBy(error)));
+        return refused(fmt::format(logon_texts::valueMissing, optionNamedBy(error)));
     }
     if (date.empty()) return reading;
     options.date = parseDate(date);
-    if (!options.date) return refused(fmt::format(launch_texts::dateMalformed, date));
+    if (!options.date) return refused(fmt::format(logon_texts::dateMalformed, date));
     return reading;
 }
 

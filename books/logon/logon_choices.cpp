@@ -5,20 +5,16 @@
 #include <algorithm>
 #include <ranges>
 
+#include "books/logon/logon_texts.h"
 #include "data/engines/open_engine.h"
 
 namespace chengheng {
-namespace {
-
-constexpr const char* label = "{} {}年度";
-
-}  // namespace
-
 std::vector<LogonChoice> logonChoices(const std::vector<BooksSet>& sets) {
     std::vector<LogonChoice> choices;
     for (const BooksSet& set : sets)
         for (const BooksYear& year : set.years | std::views::reverse)
-            choices.push_back({fmt::format(label, set.name, year.year), year.location, year.year});
+            choices.push_back(
+                {fmt::format(logon_texts::choice, set.name, year.year), year.location, year.year});
     return choices;
 }
 

@@ -6,8 +6,8 @@
 #include <filesystem>
 
 #include "base/values/text.h"
-#include "books/list/books_texts.h"
 #include "books/making/books_sql.h"
+#include "books/making/making_texts.h"
 #include "data/engines/open_engine.h"
 #include "data/engines/remove_database.h"
 #include "data/layout/layout.h"
@@ -109,7 +109,7 @@ class DatabaseInMaking {
 
 Refusal databaseRefusal(const DatabaseInMaking& made, const std::string& location) {
     if (!made.isMade() && made.status().failure == Failure::refused)
-        return existsRefusal(fmt::format(books_texts::placeExists, shownLocation(location)),
+        return existsRefusal(fmt::format(making_texts::placeExists, shownLocation(location)),
                              books_field::location);
     return failureRefusal(failureText(made.status(), location), books_field::location);
 }
@@ -142,7 +142,7 @@ std::optional<Refusal> BooksCreation::create(const NewBooks& given, CreatedBooks
     const NewBooks books = withoutSurplusBlanks(given);
     if (std::optional<Refusal> refusal = firstRefusal(newBooksChecks(), books)) return refusal;
     if (m_registry == nullptr) return createIn(nullptr, books, created);
-    if (m_registry->folder().empty()) return failureRefusal(books_texts::homeMissing);
+    if (m_registry->folder().empty()) return failureRefusal(making_texts::homeMissing);
     RegistryChange change(*m_registry);
     if (!change.status())
         return failureRefusal(
@@ -156,7 +156,7 @@ std::optional<Refusal> BooksCreation::createIn(RegistryChange* change, const New
     if (set != nullptr) {
         const auto known = std::ranges::find(set->years, books.year, &BooksYear::year);
         if (known != set->years.end())
-            return existsRefusal(fmt::format(books_texts::yearExists, books.name, books.year,
+            return existsRefusal(fmt::format(making_texts::yearExists, books.name, books.year,
                                              shownLocation(known->location)),
                                  books_field::name);
     }
@@ -165,9 +165,9 @@ std::optional<Refusal> BooksCreation::createIn(RegistryChange* change, const New
                                                 : 1;
     const std::string home = m_registry == nullptr ? std::string() : m_registry->folder();
     const std::string location = placeOfBooks(books.location, home, id, books.year);
-    if (location.empty()) return inputRefusal(books_texts::placeMissing, books_field::location);
+    if (location.empty()) return inputRefusal(making_texts::placeMissing, books_field::location);
     const std::string hash = hashPassword(books.password, books.passwordCost);
-    if (hash.empty()) return failureRefusal(books_texts::passwordNotHashed);
+    if (hash.empty()) return failureRefusal(making_texts::passwordNotHashed);
 
     FolderInMaking folder(location);
     if (!folder.status())

@@ -99,16 +99,4 @@ std::string fillNewBooks(const NewBooks& books, std::span<const _CodeInfo> accou
     return batch.text;
 }
 
-std::string ofOperator(const std::string& name) {
-    return formatSql("lId > 0 AND sUserName = '%s'", name);
-}
-
-std::string ofRightsOwner(std::int32_t userId) { return formatSql("lUserId = %d", userId); }
-
-std::string ofStation(const std::string& station) { return formatSql("sStation = '%s'", station); }
-
-std::string ofLogons(const std::string& ids) {
-    return formatSql("lId in ( %s )", SqlFragment{ids});
-}
-
 }  // namespace chengheng::books_sql

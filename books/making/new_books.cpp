@@ -6,7 +6,7 @@
 
 #include "accounts/codes/code_levels.h"
 #include "base/values/text.h"
-#include "books/list/books_texts.h"
+#include "books/making/making_texts.h"
 
 namespace chengheng {
 namespace {
@@ -23,47 +23,47 @@ std::optional<Refusal> textRefusal(std::string_view text, std::size_t longest, c
 }
 
 std::optional<Refusal> nameRefusal(const NewBooks& books) {
-    return textRefusal(books.name, longestName, books_texts::nameMissing, books_texts::nameTooLong,
-                       books_field::name);
+    return textRefusal(books.name, longestName, making_texts::nameMissing,
+                       making_texts::nameTooLong, books_field::name);
 }
 
 std::optional<Refusal> companyRefusal(const NewBooks& books) {
-    return textRefusal(books.company, longestCompany, books_texts::companyMissing,
-                       books_texts::companyTooLong, books_field::company);
+    return textRefusal(books.company, longestCompany, making_texts::companyMissing,
+                       making_texts::companyTooLong, books_field::company);
 }
 
 std::optional<Refusal> yearRefusal(const NewBooks& books) {
     if (books.year >= firstBooksYear && books.year <= lastBooksYear) return std::nullopt;
-    return inputRefusal(fmt::format(books_texts::yearOutOfRange, firstBooksYear, lastBooksYear),
+    return inputRefusal(fmt::format(making_texts::yearOutOfRange, firstBooksYear, lastBooksYear),
                         books_field::year);
 }
 
 std::optional<Refusal> monthRefusal(const NewBooks& books) {
     if (books.startMonth >= 1 && books.startMonth <= 12) return std::nullopt;
-    return inputRefusal(books_texts::monthOutOfRange, books_field::startMonth);
+    return inputRefusal(making_texts::monthOutOfRange, books_field::startMonth);
 }
 
 std::optional<Refusal> patternRefusal(const NewBooks& books) {
     if (isLevelPattern(books.levelPattern)) return std::nullopt;
-    return inputRefusal(fmt::format(books_texts::patternMalformed, books.levelPattern),
+    return inputRefusal(fmt::format(making_texts::patternMalformed, books.levelPattern),
                         books_field::levelPattern);
 }
 
 std::optional<Refusal> chartRefusal(const NewBooks& books) {
     const bool fits = CodeLevels(books.levelPattern).lengthOf(1) == chartCodeLength;
     if (fits || books.chart == ChartTemplate::empty) return std::nullopt;
-    return inputRefusal(fmt::format(books_texts::patternUnfitForChart, books.levelPattern),
+    return inputRefusal(fmt::format(making_texts::patternUnfitForChart, books.levelPattern),
                         books_field::levelPattern);
 }
 
 std::optional<Refusal> supervisorRefusal(const NewBooks& books) {
-    return textRefusal(books.supervisor, longestOperator, books_texts::supervisorMissing,
-                       books_texts::supervisorTooLong, books_field::supervisor);
+    return textRefusal(books.supervisor, longestOperator, making_texts::supervisorMissing,
+                       making_texts::supervisorTooLong, books_field::supervisor);
 }
 
 std::optional<Refusal> passwordRefusal(const NewBooks& books) {
     if (!books.password.empty()) return std::nullopt;
-    return inputRefusal(books_texts::passwordMissing, books_field::password);
+    return inputRefusal(making_texts::passwordMissing, books_field::password);
 }
 
 constexpr std::array checks{

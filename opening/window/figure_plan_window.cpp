@@ -17,13 +17,13 @@ namespace texts = opening_texts;
 
 constexpr QSize planWindowSize(900, 520);
 constexpr std::array planColumns{
-    GridColumn{"单元格", 8},
-    GridColumn{"结果", 6, CellAlignment::centre},
-    GridColumn{"科目编码", 14},
-    GridColumn{"内容", 16},
-    GridColumn{"原来", 18, CellAlignment::number},
-    GridColumn{"改为", 18, CellAlignment::number},
-    GridColumn{"说明", 26},
+    GridColumn{texts::planCell, 8},
+    GridColumn{texts::planFate, 6, CellAlignment::centre},
+    GridColumn{texts::code, 14},
+    GridColumn{texts::planContent, 16},
+    GridColumn{texts::planBefore, 18, CellAlignment::number},
+    GridColumn{texts::planAfter, 18, CellAlignment::number},
+    GridColumn{texts::planRemark, 26},
 };
 
 const char* fateTitle(CellFate fate) {

@@ -7,46 +7,46 @@
 namespace chengheng {
 
 inline constexpr MenuItemResource openingFileItems[] = {
-    {opening_command::preview, "打印预览"},
-    {opening_command::print, "打印\tCtrl+P"},
+    {opening_command::preview, opening_texts::menuPreview},
+    {opening_command::print, opening_texts::menuPrint},
     {0, ""},
-    {opening_command::importFigures, "导入..."},
-    {opening_command::exportFigures, "导出..."},
+    {opening_command::importFigures, opening_texts::menuImport},
+    {opening_command::exportFigures, opening_texts::menuExport},
     {0, ""},
-    {opening_command::exit, "退出"},
+    {opening_command::exit, opening_texts::menuExit},
 };
 inline constexpr MenuItemResource openingEditItems[] = {
-    {opening_command::adjustDirection, "调余额方向"},
+    {opening_command::adjustDirection, opening_texts::menuDirection},
     {0, ""},
     {opening_command::carryForward, opening_texts::carryForward},
     {0, ""},
-    {opening_command::undo, "撤销\tCtrl+Z"},
-    {opening_command::redo, "重做\tCtrl+Y"},
+    {opening_command::undo, opening_texts::menuUndo},
+    {opening_command::redo, opening_texts::menuRedo},
     {0, ""},
-    {opening_command::copy, "复制\tCtrl+C"},
-    {opening_command::paste, "粘贴\tCtrl+V"},
-    {opening_command::clear, "清零\tDel"},
+    {opening_command::copy, opening_texts::menuCopy},
+    {opening_command::paste, opening_texts::menuPaste},
+    {opening_command::clear, opening_texts::menuClear},
     {0, ""},
-    {opening_command::auxiliary, "录入辅助期初"},
+    {opening_command::auxiliary, opening_texts::menuAuxiliary},
 };
 inline constexpr MenuItemResource openingViewItems[] = {
-    {opening_command::refurbish, "刷新"},
-    {opening_command::trialBalance, "试算平衡"},
+    {opening_command::refurbish, opening_texts::menuRefurbish},
+    {opening_command::trialBalance, opening_texts::menuTrialBalance},
     {0, ""},
-    {opening_command::find, "查找\tCtrl+K"},
+    {opening_command::find, opening_texts::menuFind},
     {opening_command::causes, opening_texts::causesTitle},
 };
 inline constexpr MenuItemResource openingHelpItems[] = {
-    {opening_command::help, "帮助主题"},
-    {opening_command::search, "搜索"},
+    {opening_command::help, opening_texts::menuHelp},
+    {opening_command::search, opening_texts::menuSearch},
     {0, ""},
-    {opening_command::about, "关于..."},
+    {opening_command::about, opening_texts::menuAbout},
 };
 inline constexpr WindowMenu openingMenus[] = {
-    {"文件(&F)", openingFileItems},
-    {"编辑(&E)", openingEditItems},
-    {"查看(&V)", openingViewItems},
-    {"帮助(&H)", openingHelpItems},
+    {opening_texts::fileMenu, openingFileItems},
+    {opening_texts::editMenu, openingEditItems},
+    {opening_texts::viewMenu, openingViewItems},
+    {opening_texts::helpMenu, openingHelpItems},
 };
 
 /// The menu of a right click on the grid.

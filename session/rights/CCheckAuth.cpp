@@ -9,8 +9,8 @@
 #include "session/last_failure.h"
 #include "session/open_books.h"
 #include "session/rights/rights_list.h"
+#include "session/rights/rights_texts.h"
 #include "session/rights/services_sql.h"
-#include "session/service_texts.h"
 
 namespace {
 
@@ -29,11 +29,11 @@ std::optional<std::string> refusalText(int function) {
     const CDivideWInfo* const user = g_lpLogonUserInfo;
     if (user != nullptr && user->lManager == 1) return std::nullopt;
     const char* const name = functionName(function);
-    if (name == nullptr) return service_texts::rightUnknown(function);
-    if (user == nullptr) return service_texts::nobodyLoggedOn(name);
+    if (name == nullptr) return rights_texts::rightUnknown(function);
+    if (user == nullptr) return rights_texts::nobodyLoggedOn(name);
     const auto rights = readRights(user->lUserId);
-    if (!rights) return service_texts::rightsUnreadable(name, lastFailureText());
-    if (!grants(*rights, function)) return service_texts::rightMissing(name);
+    if (!rights) return rights_texts::rightsUnreadable(name, lastFailureText());
+    if (!grants(*rights, function)) return rights_texts::rightMissing(name);
     return std::nullopt;
 }
 

@@ -6,6 +6,7 @@
 #include "accounts/chart/where_used_sql.h"
 #include "accounts/screen/chart_sql.h"
 #include "books/demo/demo_sql.h"
+#include "books/logon/logon_sql.h"
 #include "books/making/books_sql.h"
 #include "data/sql/sql_format.h"
 #include "data/tables/accounts.h"
@@ -273,10 +274,10 @@ void addListConditions(Forms& forms) {
     addCondition(forms, settle_sql::ofNoteMethod(awkward), {"RecpBank"});
     addCondition(forms, "lId > 0 ORDER BY lUserId", {"Users", "UserAuth"});
     addCondition(forms, settle_sql::inOrder, {"Settle"});
-    addCondition(forms, books_sql::ofOperator(awkward), {"Users"});
-    addCondition(forms, books_sql::ofRightsOwner(1), {"UserAuth"});
-    addCondition(forms, books_sql::ofStation(awkward), {"LoginInfoTbl"});
-    addCondition(forms, books_sql::ofLogons("1, 2, 3"), {"LoginInfoTbl"});
+    addCondition(forms, logon_sql::ofOperator(awkward), {"Users"});
+    addCondition(forms, logon_sql::ofRightsOwner(1), {"UserAuth"});
+    addCondition(forms, logon_sql::ofStation(awkward), {"LoginInfoTbl"});
+    addCondition(forms, logon_sql::ofLogons("1, 2, 3"), {"LoginInfoTbl"});
     addCondition(forms, formatSql("sUserName = '%s' and lUserId <> %d ", awkward, 301), {"Users"});
     addCondition(forms, formatSql("lUBill = %d OR lUCheck = %d OR lUBook = %d", 1, 1, 1),
                  {"UnregMain", "RegMain"});

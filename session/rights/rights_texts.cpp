@@ -1,8 +1,8 @@
-#include "session/service_texts.h"
+#include "session/rights/rights_texts.h"
 
 #include <fmt/format.h>
 
-namespace chengheng::service_texts {
+namespace chengheng::rights_texts {
 
 std::string rightMissing(std::string_view functionName) {
     return fmt::format("你没有[{}]权限!", functionName);
@@ -21,8 +21,4 @@ std::string nobodyLoggedOn(std::string_view functionName) {
     return fmt::format("没有登录操作员,不能使用[{}]!", functionName);
 }
 
-std::string currencyUnreadable(std::string_view reason) {
-    return fmt::format("无法读取外币资料,操作没有进行!\n{}", reason);
-}
-
-}  // namespace chengheng::service_texts
+}  // namespace chengheng::rights_texts

@@ -1,7 +1,17 @@
 #pragma once
 
-/// The texts of the program's command line. {} is a value.
-namespace chengheng::launch_texts {
+/// The texts of logging on and of the program's command line. {} is a value.
+namespace chengheng::logon_texts {
+
+/// A choice of the log-on window: set of books, year.
+inline constexpr const char* choice = "{} {}年度";
+inline constexpr const char* locationMissing = "请选择帐套,或输入帐套的路径或服务器地址";
+inline constexpr const char* operatorMissing = "请输入操作员姓名";
+inline constexpr const char* logonRefused = "操作员姓名或口令不正确";
+inline constexpr const char* logonDelayed = "口令连续输错,请在{}秒后重试";
+inline constexpr const char* dateOutsideYear =
+    "登录日期{}不在本帐套的会计年度内,请输入{}到{}之间的日期";
+inline constexpr const char* operatorsUnreadable = "帐套“{}”中没有帐套参数或操作员,不能登录";
 
 inline constexpr const char* help =
     "澄恒财务软件:基础设置\n"
@@ -47,4 +57,4 @@ inline constexpr const char* withoutScreen =
     "没有图形显示,无法打开窗口。请在桌面环境中运行;服务器上可使用命令行工具 chbooks。";
 inline constexpr const char* unexpected = "程序出现意外错误,已结束;已保存的数据不受影响。";
 
-}  // namespace chengheng::launch_texts
+}  // namespace chengheng::logon_texts

@@ -1,9 +1,8 @@
 #pragma once
 
-/// What the operator is told while books are made, opened and logged on to. {} is a value.
-namespace chengheng::books_texts {
+/// What the operator is told while books are made. {} is a value.
+namespace chengheng::making_texts {
 
-// A new set of books.
 inline constexpr const char* nameMissing = "请输入帐套名称";
 inline constexpr const char* nameTooLong = "帐套名称不能超过40个字";
 inline constexpr const char* companyMissing = "请输入单位名称";
@@ -25,13 +24,4 @@ inline constexpr const char* placeExists =
 inline constexpr const char* passwordNotHashed = "内存不足,无法加密口令,帐套没有建立";
 inline constexpr const char* homeMissing = "找不到存放帐套的文件夹,请设置环境变量 CHENGHENG_HOME";
 
-// Logging on.
-inline constexpr const char* locationMissing = "请选择帐套,或输入帐套的路径或服务器地址";
-inline constexpr const char* operatorMissing = "请输入操作员姓名";
-inline constexpr const char* logonRefused = "操作员姓名或口令不正确";
-inline constexpr const char* logonDelayed = "口令连续输错,请在{}秒后重试";
-inline constexpr const char* dateOutsideYear =
-    "登录日期{}不在本帐套的会计年度内,请输入{}到{}之间的日期";
-inline constexpr const char* operatorsUnreadable = "帐套“{}”中没有帐套参数或操作员,不能登录";
-
-}  // namespace chengheng::books_texts
+}  // namespace chengheng::making_texts

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+/// What is told about currencies and locks. {} is a value.
+namespace chengheng::session_texts {
+
+inline constexpr const char* currencyGone = "该外币已经被删除!";
+inline constexpr const char* currencyUnreadable = "无法读取外币资料,操作没有进行!\n{}";
+
+struct LockTitle {
+    std::string_view name;
+    const char* title;
+};
+
+/// What a lock keeps for its holder, in a bookkeeper's words. AssSum, RegSug and UnRegSug are
+/// names that lock lists carry (sic).
+inline constexpr std::array lockTitles{
+    LockTitle{"Code", "会计科目"},        LockTitle{"AccSum", "科目余额"},
+    LockTitle{"AssAcc", "辅助核算余额"},  LockTitle{"Settle", "结算方式"},
+    LockTitle{"Sign", "凭证类别"},        LockTitle{"Cyrency", "外币"},
+    LockTitle{"ExchgFix", "固定汇率"},    LockTitle{"ExchgFlt", "浮动汇率"},
+    LockTitle{"Users", "操作员"},         LockTitle{"UserAuth", "操作员权限"},
+    LockTitle{"RegMain", "凭证"},         LockTitle{"RegSub", "凭证"},
+    LockTitle{"UnRegMain", "未记帐凭证"}, LockTitle{"UnRegSub", "未记帐凭证"},
+    LockTitle{"AssSum", "辅助核算余额"},  LockTitle{"RegSug", "凭证"},
+    LockTitle{"UnRegSug", "未记帐凭证"},  LockTitle{"RecpBank", "银行对帐单"},
+    LockTitle{"RecpEnter", "往来对帐单"},
+};
+
+inline constexpr const char* lockHolder =
+    "“{}”正被其他人使用,请稍候。\n\n操作员:{}\n工作站:{}\n开始时间:{}";
+inline constexpr const char* holdersFunction = "\n正在使用的功能:{}";
+inline constexpr const char* unknown = "(未知)";
+inline constexpr const char* secondsWaited = "{} 秒";
+inline constexpr const char* minutesWaited = "{} 分 {:02} 秒";
+
+}  // namespace chengheng::session_texts
