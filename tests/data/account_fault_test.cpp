@@ -5,6 +5,7 @@
 #include "tests/support/account_actions.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/killed_process.h"
+#include "tests/support/told_failures.h"
 
 using namespace chengheng;
 
@@ -34,6 +35,8 @@ void failEachCall(const EngineCase& kind, const AccountAction& action, Failure f
         EXPECT_FALSE(books.engine().inTransaction());
         if (outcome == Outcome::done) break;
         ++failures;
+        ASSERT_EQ(books.messages().notices().size(), 1u) << action.name << " call " << call;
+        EXPECT_THAT(books.messages().notices()[0].text, tellsOf(failure)) << action.name;
         ASSERT_EQ(books.chart(), before) << action.name << " call " << call;
         EXPECT_EQ(books.faults(), std::vector<std::string>{});
     }

@@ -11,6 +11,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/killed_process.h"
 #include "tests/support/opening_books.h"
+#include "tests/support/told_failures.h"
 #include "tests/support/waiting_process.h"
 
 namespace {
@@ -79,8 +80,7 @@ class OpeningFaults : public testing::TestWithParam<EngineCase> {
             ++failures;
             ASSERT_EQ(books.rows(), before) << action.name << " call " << call;
             ASSERT_EQ(figuresOf(books.work().sheet()), figures) << call;
-            const std::string told = books.messages().onlyNotice().text;
-            EXPECT_TRUE(told.ends_with("made to fail")) << call << " " << told;
+            EXPECT_THAT(books.messages().onlyNotice().text, tellsOf(failure)) << call;
         }
         EXPECT_TRUE(isDone) << action.name;
         EXPECT_GT(failures, 5) << action.name;

@@ -5,6 +5,7 @@
 #include "opening/sheet/opening_texts.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/opening_books.h"
+#include "tests/support/told_failures.h"
 
 namespace {
 
@@ -13,11 +14,6 @@ using Texts = std::vector<std::string>;
 
 constexpr auto foreign = Measure::foreign;
 constexpr auto quantity = Measure::quantity;
-
-/// What is told when the test makes a call of the database fail.
-bool isOfTheFailedCall(const std::string& text) {
-    return text.find("磁盘空间不足") != std::string::npos && text.ends_with("made to fail");
-}
 
 class Opening : public testing::TestWithParam<EngineCase> {
   protected:
@@ -334,7 +330,7 @@ TEST_P(Opening, BalancesAndTellsWhyWhenTheClassesCannotBeRead) {
     EXPECT_EQ(work().trialBalance().texts().result, "试算结果平衡");
     m_books.books().engine().failCall(0);
     const Notice told = messages().onlyNotice();
-    EXPECT_TRUE(isOfTheFailedCall(told.text)) << told.text;
+    EXPECT_THAT(told.text, tellsOf(Failure::full));
     EXPECT_EQ(told.icon, MessageIcon::warning);
     EXPECT_EQ(work().trialBalance().texts().result, "试算结果不平衡,差额为100.00");
 }
@@ -457,7 +453,7 @@ TEST_P(Opening, TellsWhyTheBooksCannotBeReadAndKeepsTheSheet) {
     EXPECT_NE(work().refresh(), Outcome::done);
     m_books.books().engine().failCall(0);
     const Notice told = messages().onlyNotice();
-    EXPECT_TRUE(isOfTheFailedCall(told.text)) << told.text;
+    EXPECT_THAT(told.text, tellsOf(Failure::full));
     EXPECT_EQ(work().sheet().lineCount(), lines);
 }
 
@@ -471,7 +467,7 @@ TEST_P(Opening, MayBeClosedUnsavedWhenSavingFails) {
     EXPECT_TRUE(work().mayClose());
     ASSERT_EQ(messages().texts().size(), 3u);
     EXPECT_EQ(messages().texts()[0], "期初余额试算不平衡,差额为100.00,是否退出?");
-    EXPECT_TRUE(isOfTheFailedCall(messages().texts()[1])) << messages().texts()[1];
+    EXPECT_THAT(messages().texts()[1], tellsOf(Failure::full));
     EXPECT_EQ(messages().texts()[2], opening_texts::closeUnsaved);
     EXPECT_EQ(messages().questions().back().preset, Answer::no);
 }
@@ -486,10 +482,11 @@ TEST_P(Opening, ClosesUnaskedWhenNothingWasChangedThoughTheBooksCannotBeRead) {
         hasFailed = m_books.books().engine().hasFailed();
         m_books.books().engine().failCall(0);
         EXPECT_TRUE(messages().questions().empty()) << call;
-        if (hasFailed)
-            EXPECT_TRUE(isOfTheFailedCall(messages().onlyNotice().text)) << call;
-        else
+        if (hasFailed) {
+            EXPECT_THAT(messages().onlyNotice().text, tellsOf(Failure::full)) << call;
+        } else {
             EXPECT_TRUE(messages().texts().empty()) << call;
+        }
     }
     EXPECT_GT(call, 8);
 }

@@ -6,6 +6,7 @@
 #include "tests/support/killed_process.h"
 #include "tests/support/logged_locks.h"
 #include "tests/support/settle_books.h"
+#include "tests/support/told_failures.h"
 
 namespace {
 
@@ -58,8 +59,10 @@ class SettleTrouble : public testing::TestWithParam<EngineCase> {
                 EXPECT_FALSE(trouble.books.holdsLocks()) << "call " << number;
                 EXPECT_EQ(!trouble.books.messages.notices().empty(), hasFailed)
                     << "call " << number;
-                for (const Notice& notice : trouble.books.messages.notices())
-                    EXPECT_EQ(notice.icon, MessageIcon::warning) << notice.text;
+                for (const Notice& notice : trouble.books.messages.notices()) {
+                    EXPECT_THAT(notice.text, tellsOf(failure)) << "call " << number;
+                    EXPECT_EQ(notice.icon, MessageIcon::warning);
+                }
                 ASSERT_NE(trouble.books.database.DBSelect("books"), 0);
                 EXPECT_EQ(trouble.books.stored() != before, isDone) << "call " << number;
                 EXPECT_TRUE(isDone || hasFailed);
@@ -133,6 +136,8 @@ TEST_P(SettleTrouble, AFailedCallKeepsTheSelectionWhereItWas) {
         EXPECT_EQ(trouble.form.selectedId(), isSelected ? 2 : 1);
         EXPECT_EQ(trouble.form.input.name, isSelected ? "支票" : "现金");
         EXPECT_EQ(trouble.books.messages.notices().size(), hasFailed ? 1u : 0u);
+        for (const Notice& notice : trouble.books.messages.notices())
+            EXPECT_THAT(notice.text, tellsOf(Failure::lost)) << "call " << number;
     }
     EXPECT_GT(number, 4);
 }
@@ -150,6 +155,8 @@ TEST_P(SettleTrouble, AFailedCallOpensTheWindowForAnAddition) {
         EXPECT_EQ(trouble.form.isAdding(), hasFailed);
         EXPECT_FALSE(trouble.form.canDelete() && hasFailed);
         EXPECT_EQ(trouble.books.messages.notices().empty(), !hasFailed);
+        for (const Notice& notice : trouble.books.messages.notices())
+            EXPECT_THAT(notice.text, tellsOf(Failure::lost)) << "call " << number;
     }
     EXPECT_GT(number, 4);
 }

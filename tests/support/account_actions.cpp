@@ -3,6 +3,7 @@
 #include "accounts/changing/designation.h"
 #include "accounts/transfer/chart_import.h"
 #include "data/tables/accounts.h"
+#include "session/last_failure.h"
 #include "sheets/delimited/delimited_text.h"
 
 namespace chengheng {
@@ -12,7 +13,10 @@ Outcome add(AccountBooks& books) { return books.service().add(assetEntry("220201
 
 Outcome renumber(AccountBooks& books) {
     _CodeInfo shown;
-    if (!AccountService::find("100101", shown)) return Outcome::failed;
+    if (!AccountService::find("100101", shown)) {
+        books.messages().tell(lastFailureNotice());  // as the window does
+        return Outcome::failed;
+    }
     AccountEntry entry = entryOf(shown);
     entry.code = "220207";
     return books.service().modify(shown, entry).outcome;

@@ -1,5 +1,6 @@
 #include <QListView>
 
+#include "tests/support/told_failures.h"
 #include "tests/window/account_fixture.h"
 
 using namespace chengheng;
@@ -54,7 +55,8 @@ TEST_F(AccountWindowTest, TellsOnceWhyItDoesNotOpenWhicheverReadingFails) {
             window->choose(command);
             EXPECT_TRUE(books.engine().hasFailed());
             books.engine().failCall(0);
-            EXPECT_FALSE(books.messages().onlyNotice().text.empty()) << command << call;
+            EXPECT_THAT(books.messages().onlyNotice().text, tellsOf(Failure::full))
+                << command << call;
             books.messages().forget();
         }
     }
@@ -73,7 +75,7 @@ TEST_F(AccountWindowTest, SaysOnceUntilItCanReadAgainThatItProposesNothing) {
                 books.engine().failCall(0);
             };
             typeWhileNothingIsRead();
-            EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+            EXPECT_THAT(books.messages().onlyNotice().text, tellsOf(Failure::full));
             typeWhileNothingIsRead();
             EXPECT_EQ(books.messages().notices().size(), 1);
             QTest::keyClick(&hands.edit(field), Qt::Key_2);
@@ -103,7 +105,7 @@ TEST_F(AccountWindowTest, ProposesNoCodeAfterASaveWhenTheTakenOnesCannotBeRead) 
         addWithFailingCall(calls, "1121");
         EXPECT_TRUE(books.engine().hasFailed());
         EXPECT_TRUE(books.hasAccount("1121"));
-        EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+        EXPECT_THAT(books.messages().onlyNotice().text, tellsOf(Failure::full));
         EXPECT_EQ(hands.text("sCode"), "");
         EXPECT_EQ(hands.text("sName"), "");
     });

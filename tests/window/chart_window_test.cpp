@@ -4,6 +4,7 @@
 #include <QToolButton>
 
 #include "screen/help/help_window.h"
+#include "tests/support/told_failures.h"
 #include "tests/window/chart_fixture.h"
 #include "tests/window/wait_watch.h"
 
@@ -68,7 +69,7 @@ TEST_F(ChartTest, SaysWhenTheAccountsCannotBeLoadedAnewAtItsEnd) {
     books.engine().failCall(1, Failure::full);
     window->OnCommand(chart_command::exit);
     EXPECT_TRUE(books.engine().hasFailed());
-    EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+    EXPECT_THAT(books.messages().onlyNotice().text, tellsOf(Failure::full));
     EXPECT_EQ(CGetData::GetCODEINFOByCode("1001"), nullptr);
 }
 
@@ -78,7 +79,7 @@ TEST_F(ChartTest, HasOneBoxForADatabaseThatDoesNotAnswer) {
     OpenChart chart;
     EXPECT_EQ(chart.DoModal(), QDialog::Rejected);
     EXPECT_TRUE(books.engine().hasFailed()) << "the accounts are loaded anew all the same";
-    EXPECT_FALSE(books.messages().onlyNotice().text.empty());
+    EXPECT_THAT(books.messages().onlyNotice().text, tellsOf(Failure::full));
 }
 
 TEST_F(ChartTest, HasATabForAllAndForEachOfAtMostFiveClasses) {
