@@ -52,7 +52,6 @@ BatchReader::BatchReader(std::string_view batch)
 }
 
 bool BatchReader::next(ReadStatement& statement) {
-    if (!m_status) return false;
     skipBlanks();
     while (m_at < m_end && *m_at == ';') {
         ++m_at;
@@ -78,7 +77,6 @@ bool BatchReader::next(ReadStatement& statement) {
 bool BatchReader::fail(const char* place, std::string_view reason) {
     if (m_status)
         m_status = Status::of(Failure::unreadable, placeText(textBetween(m_begin, place), reason));
-    m_at = m_end;
     return false;
 }
 
@@ -148,7 +146,7 @@ bool BatchReader::readMark() {
 
 bool BatchReader::readToken() {
     skipBlanks();
-    if (m_at == m_end) return false;
+    if (m_at == m_end || !m_status) return false;
     switch (characterOf(*m_at)) {
         case Character::letter:
             return readWord();

@@ -199,7 +199,6 @@ void BatchReader::readPlainNumbers() {
         const char* const start = at;
         const bool isNegative = at < m_end && *at == '-';
         if (isNegative) ++at;
-        if (at == m_end || characterOf(*at) != Character::digit) return;
         at = readUnsigned(at, m_end, isNegative, value);
         if (at == nullptr) return;
         const char* const end = at;

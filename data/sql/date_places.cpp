@@ -111,7 +111,7 @@ class InsertReader {
             if (column < columns.size() && columns[column] && isValue(m_tokens[m_at]))
                 m_dates.push_back(m_at);
         }
-        const bool isEmpty = m_at > 0 && m_tokens[m_at - 1].is("(");
+        const bool isEmpty = m_tokens[m_at - 1].is("(");
         ++m_at;
         return isEmpty ? 0 : column + 1;
     }

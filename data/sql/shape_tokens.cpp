@@ -1,5 +1,7 @@
 #include "data/sql/shape_tokens.h"
 
+#include <algorithm>
+
 #include "data/sql/characters.h"
 
 namespace chengheng {
@@ -20,18 +22,20 @@ std::size_t quotedLength(std::string_view text) {
 }
 
 std::size_t numberLength(std::string_view text) {
-    std::size_t at = 0;
-    while (at < text.size() &&
-           (isWordPart(text[at]) || text[at] == '.' ||
-            (at > 0 && lowerOf(text[at - 1]) == 'e' && (text[at] == '+' || text[at] == '-'))))
-        ++at;
-    return at;
+    std::size_t length = 0;
+    char before = ' ';
+    for (const char letter : text) {
+        const bool isExponentSign = before == 'e' && (letter == '+' || letter == '-');
+        if (!isWordPart(letter) && letter != '.' && !isExponentSign) break;
+        before = lowerOf(letter);
+        ++length;
+    }
+    return length;
 }
 
 std::size_t wordLength(std::string_view text) {
-    std::size_t at = 0;
-    while (at < text.size() && isWordPart(text[at])) ++at;
-    return at;
+    const auto end = std::ranges::find_if_not(text, isWordPart);
+    return static_cast<std::size_t>(end - text.begin());
 }
 
 bool isNumberStart(std::string_view text) {

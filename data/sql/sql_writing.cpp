@@ -61,7 +61,7 @@ char* writeReal(char* at, double number) {
         ++whole;
         decimals = 0;
     }
-    if (number < 0 && (whole != 0 || decimals != 0)) *at++ = '-';
+    if (std::signbit(number) && (whole != 0 || decimals != 0)) *at++ = '-';
     at = whole < 10 ? (*at = static_cast<char>('0' + whole), at + 1)
                     : std::to_chars(at, at + integerBound, whole).ptr;
     *at++ = '.';

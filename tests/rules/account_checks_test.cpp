@@ -157,6 +157,25 @@ TEST_F(Additions, ReadTheirOwnCodeAndTheirParentOnce) {
     EXPECT_EQ(m_chart.askedCodes(), (std::vector<std::string>{"1002", "100201"}));
 }
 
+TEST_F(Additions, RefuseTheMnemonicOfTheFirstAccountToo) {
+    m_chart.account("1001").sHelp = "KCXJ";
+    AccountEntry given = entry("1003");
+    given.mnemonic = "KCXJ";
+    EXPECT_EQ(additionRefusal(given).notice.text, "助记码必须唯一");
+}
+
+TEST_F(Additions, AtTheTopTakeTheDirectionOfTheirClassAndWithoutOneDebit) {
+    const std::vector<_zCodeClassInfo> creditFirst{{1, 1, "负债", 0}, {2, 2, "资产", 1}};
+    const auto directionIn = [&](const char* className) {
+        AccountEntry given = entry("3001");
+        given.className = className;
+        return newAccount({given, nullptr, levels, creditFirst, m_chart}).bDirect;
+    };
+    EXPECT_EQ(directionIn("负债"), 0);
+    EXPECT_EQ(directionIn("资产"), 1);
+    EXPECT_EQ(directionIn("没有"), 1);
+}
+
 TEST_F(Additions, LetTwoEmptyMnemonicsStandSideBySide) {
     AccountEntry given = entry("1003");
     given.mnemonic = "  ";

@@ -41,6 +41,8 @@ TEST(BatchValues, AfterSetAndWhereAreLifted) {
               "select*from a where s like ? and t not like ? | 'x%', 'y'");
     EXPECT_EQ(lifted("DELETE A WHERE b BETWEEN 1 AND 2 AND c = 3"),
               "delete a where b between # and # and c=# | 1, 2, 3");
+    EXPECT_EQ(lifted("DELETE A WHERE b BETWEEN 1 AND 2 AND 3"),
+              "delete a where b between # and # and 3 | 1, 2 | once");
     EXPECT_EQ(lifted("DELETE A WHERE lId=5AND sCode='x'"),
               "line 1, column 20: a number that runs into a word");
 }

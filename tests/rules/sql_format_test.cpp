@@ -49,6 +49,7 @@ TEST(SqlFormat, EscapesWildcardsInALikePattern) {
               "sCode Like '1\\_0\\%''\\\\%' AND sCode <> '1_0%'");
     EXPECT_EQ(formatSql("s NOT LIKE\n'%%%s'", "_"), "s NOT LIKE\n'%\\_'");
     EXPECT_EQ(formatSql("sUnlike '%s'", "_"), "sUnlike '_'");
+    EXPECT_EQ(formatSql(" LIKE '%s'", "_"), " LIKE '\\_'") << "behind a column put in before it";
 }
 
 TEST(SqlFormat, FoldsDoubledPercentSigns) {
@@ -132,6 +133,11 @@ TEST(SqlReal, HasSixDecimalsAndAPoint) {
     EXPECT_EQ(realText(-0.5), "-0.500000");
     EXPECT_EQ(realText(9.9999999), "10.000000");
     EXPECT_EQ(formatSql("%lf", 2.5F), "2.500000");
+}
+
+TEST(SqlReal, HasASignBelowZero) {
+    EXPECT_EQ(realText(-1), "-1.000000");
+    EXPECT_EQ(realText(-0.000001), "-0.000001");
 }
 
 TEST(SqlReal, HasNoSignWhenItRoundsToZero) {

@@ -67,6 +67,16 @@ TEST(Translation, RefusesASecondNameBehindTheTableOfAChange) {
     EXPECT_EQ(sqlOf("DELETE main.Code WHERE lId = 1"), "delete from main.code where lid=$1");
 }
 
+TEST(Translation, BeginsAnewInWhatHeldAnotherOne) {
+    TranslatedShape translated;
+    ASSERT_TRUE(translateText("DELETE ABIdTable WHERE lLastId = 1 OR dtDate = ''", translated));
+    ASSERT_TRUE(translateText("DELETE Code WHERE lId = 1", translated));
+    EXPECT_EQ(translated.sql, "delete from code where lid=$1");
+    EXPECT_EQ(translated.parameters, 1);
+    EXPECT_THAT(translated.dateParameters, IsEmpty());
+    EXPECT_FALSE(translated.touchesIdTable);
+}
+
 TEST(Translation, NumbersTheParametersInTheirOrder) {
     const auto translated =
         translatedOf("UPDATE A SET a = 1, b = 2.5, c = 'x' WHERE d = 4 AND e = 5");
