@@ -1,4 +1,6 @@
+#include <QApplication>
 #include <QListView>
+#include <QTimer>
 
 #include "tests/support/told_failures.h"
 #include "tests/window/account_fixture.h"
@@ -41,6 +43,23 @@ TEST_F(AccountWindowTest, ClosesWhenTheAccountWasDeletedElsewhereAndListsTheChar
     EXPECT_EQ(codes().size(), 5);
 }
 
+/// Closes the dialog that comes up where none should, so that the test ends, and fails it.
+class NoModal {
+  public:
+    NoModal() {
+        QObject::connect(&m_timer, &QTimer::timeout, [before = QApplication::activeModalWidget()] {
+            QWidget* const opened = QApplication::activeModalWidget();
+            if (opened == nullptr || opened == before || !opened->isVisible()) return;
+            ADD_FAILURE() << "came up: " << opened->windowTitle().toStdString();
+            opened->close();
+        });
+        m_timer.start(2);
+    }
+
+  private:
+    QTimer m_timer;
+};
+
 TEST_F(AccountWindowTest, TellsOnceWhyItDoesNotOpenWhicheverReadingFails) {
     addSomeAccounts();
     open();
@@ -50,6 +69,7 @@ TEST_F(AccountWindowTest, TellsOnceWhyItDoesNotOpenWhicheverReadingFails) {
         int calls = 0;
         in(command, [&](const Hands&) { calls = books.engine().calls(); });
         ASSERT_GE(calls, 6);
+        const NoModal nothing;
         for (int call = 1; call <= calls; ++call) {
             books.engine().failCall(call, Failure::full);
             window->choose(command);
