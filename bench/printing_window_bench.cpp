@@ -55,7 +55,9 @@ void layOut(const Report& report) {
 void writePages(const Report& report, const std::string& path) {
     withDocument(report, [&](ReportDocument& document) {
         const auto everyPageGoesOn = [](std::size_t, std::size_t) { return true; };
-        require(chengheng::writePdf(document, path, everyPageGoesOn).isDone(), "writing the pages");
+        require(chengheng::writePdf(document, path, chengheng::Overwrite::replace, everyPageGoesOn)
+                    .isDone(),
+                "writing the pages");
     });
 }
 

@@ -53,6 +53,8 @@ SheetFailure whileWriting(const Status& status, const std::string& file) {
     std::string reason = reasonOf(status);
     if (status.failure == Failure::missing) reason = sheet_texts::folderMissing;
     if (status.failure == Failure::full) reason = sheet_texts::diskFull;
+    if (status.failure == Failure::refused) reason = sheet_texts::fileThere;
+    if (status.failure == Failure::foreign) reason = sheet_texts::booksThere;
     return whileWriting(SheetFailure{.reason = std::move(reason)}, file);
 }
 

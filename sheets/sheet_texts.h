@@ -12,6 +12,8 @@ inline constexpr const char* folderMissing = "所在的文件夹不存在。请�
 inline constexpr const char* fileMissing = "找不到该文件。请检查路径是否正确。";
 inline constexpr const char* noRight =
     "没有权限。请检查文件和所在文件夹的属主、权限以及磁盘是否只读。";
+inline constexpr const char* fileThere = "文件已经存在。请换一个文件名,或加 --force 替换它。";
+inline constexpr const char* booksThere = "那里是帐套,不能用打印或导出的内容替换。请换一个文件名。";
 inline constexpr const char* diskFull = "磁盘空间不足。请清理磁盘空间后重试。";
 inline constexpr const char* fileFailed = "读写时出错。请检查磁盘后重试。\n详细信息:{}";
 inline constexpr const char* fileTooLong = "文件超过 {} MB,太大了。请拆分后重试。";

@@ -8,6 +8,7 @@
 #include "data/engine/engine.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
+#include "tool/output_file.h"
 #include "tool/tool_session.h"
 #include "tool/tool_texts.h"
 
@@ -20,6 +21,9 @@ struct ChartOptions {
     bool isDryRun = false;
     bool acceptsAll = false;
     bool isJson = false;
+    bool isForced = false;
+
+    OutputFile output() const { return {file, isForced}; }
 };
 
 const char* fateWord(RowFate fate) {
@@ -91,13 +95,15 @@ ExitCode importChart(Tool& tool, const ChartOptions& options) {
 }
 
 ExitCode writeChart(Tool& tool, const ChartOptions& options) {
+    if (const auto refused = refuseTarget(tool, options.output())) return *refused;
     auto engine = openBooks(tool, options.books);
     if (engine == nullptr) return ExitCode::failed;
     const ToolSession session(std::move(engine), options.books);
     ToolMessages messages(tool, false);
-    const Outcome outcome = exportChart(messages, options.file);
+    const Outcome outcome = exportChart(messages, options.file, options.output().overwrite());
     if (outcome == Outcome::done)
-        tool.out << fmt::format(tool_texts::exported, options.file) << '\n';
+        wordsBeside(tool, options.output())
+            << fmt::format(tool_texts::exported, options.file) << '\n';
     return exitCodeOf(outcome);
 }
 
@@ -121,6 +127,7 @@ void addExportChartCommand(CLI::App& app, Tool& tool) {
     CLI::App* command = app.add_subcommand("export-chart", tool_texts::exportChartCommand);
     command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
     command->add_option("FILE", options->file, tool_texts::exportFileArgument)->required();
+    command->add_flag("--force", options->isForced, tool_texts::forceFile);
     command->callback([&tool, options] {
         tool.action = [&tool, options] { return writeChart(tool, *options); };
     });

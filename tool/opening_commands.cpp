@@ -16,6 +16,7 @@
 #include "sheets/sheet_texts.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
+#include "tool/output_file.h"
 #include "tool/tool_session.h"
 #include "tool/tool_texts.h"
 
@@ -27,6 +28,9 @@ struct OpeningOptions {
     std::string file;
     bool isDryRun = false;
     bool isJson = false;
+    bool isForced = false;
+
+    OutputFile output() const { return {file, isForced}; }
 };
 
 /// Works on the opening balances of the books that a command names.
@@ -149,12 +153,15 @@ ExitCode exportOpening(Tool& tool, const OpeningOptions& options) {
         tool.err << fmt::format(sheet_texts::fileKindUnknown, options.file) << '\n';
         return ExitCode::wrongInput;
     }
+    const OutputFile file = options.output();
+    if (const auto refused = refuseTarget(tool, file)) return *refused;
     return withOpenings(tool, options, [&](OpeningBooks& books, IMessages&) {
-        if (const auto failure = writeSheet(exportedOpenings(books.sheet), options.file)) {
+        if (const auto failure =
+                writeSheet(exportedOpenings(books.sheet), file.path, file.overwrite())) {
             tool.err << failure->text() << '\n';
             return ExitCode::failed;
         }
-        tool.out << fmt::format(tool_texts::openingExported, options.file) << '\n';
+        wordsBeside(tool, file) << fmt::format(tool_texts::openingExported, file.path) << '\n';
         return ExitCode::done;
     });
 }
@@ -193,6 +200,7 @@ void addExportOpeningCommand(CLI::App& app, Tool& tool) {
     CLI::App* command =
         add(app, tool, "export-opening", tool_texts::exportOpeningCommand, options, exportOpening);
     command->add_option("FILE", options->file, tool_texts::exportFileArgument)->required();
+    command->add_flag("--force", options->isForced, tool_texts::forceFile);
 }
 
 }  // namespace chengheng

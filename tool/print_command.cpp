@@ -20,6 +20,7 @@
 #include "settle/settlement_list.h"
 #include "sheets/files/sheet_files.h"
 #include "tool/commands.h"
+#include "tool/output_file.h"
 #include "tool/pdf_program.h"
 #include "tool/tool_session.h"
 #include "tool/tool_texts.h"
@@ -37,7 +38,9 @@ struct PrintOptions {
     std::string currency;
     int month = 0;  ///< 0: the whole year
 
-    const std::string& file() const { return !pdf.empty() ? pdf : !xlsx.empty() ? xlsx : csv; }
+    bool isForced = false;
+
+    OutputFile file() const { return {!pdf.empty() ? pdf : !xlsx.empty() ? xlsx : csv, isForced}; }
     auto fileCount() const { return int{!pdf.empty()} + int{!xlsx.empty()} + int{!csv.empty()}; }
 };
 
@@ -77,10 +80,11 @@ ExitCode tell(Tool& tool, ExitCode code, fmt::format_string<const Values&...> te
 }
 
 ExitCode writeFile(Tool& tool, const PrintOptions& options, const CReport& report) {
-    if (!options.pdf.empty()) return tool.writePdf(tool, report, options.pdf);
+    const Overwrite overwrite = options.file().overwrite();
+    if (!options.pdf.empty()) return tool.writePdf(tool, report, options.pdf, overwrite);
     const Sheet sheet = sheetOf(report);
-    const auto failure =
-        options.xlsx.empty() ? writeCsv(sheet, options.csv) : writeXlsx(sheet, options.xlsx);
+    const auto failure = options.xlsx.empty() ? writeCsv(sheet, options.csv, overwrite)
+                                              : writeXlsx(sheet, options.xlsx, overwrite);
     if (!failure) return ExitCode::done;
     tool.err << failure->text() << '\n';
     return ExitCode::failed;
@@ -95,7 +99,8 @@ ExitCode writeList(Tool& tool, const PrintOptions& options, const PrintedList& l
             report, [&](const CReport& engine) { code = writeFile(tool, options, engine); });
     if (refusal) tool.err << refusal->notice.text << '\n';
     if (code == ExitCode::done)
-        tool.out << fmt::format(tool_texts::reportWritten, report.title, options.file()) << '\n';
+        wordsBeside(tool, options.file())
+            << fmt::format(tool_texts::reportWritten, report.title, options.file().path) << '\n';
     return code;
 }
 
@@ -125,6 +130,7 @@ ExitCode print(Tool& tool, const PrintOptions& options) {
         return tell(tool, ExitCode::wrongUsage, tool_texts::currencyUnused, options.list);
     if (!named->isOfDays && options.month != 0)
         return tell(tool, ExitCode::wrongUsage, tool_texts::monthUnused, options.list);
+    if (const auto refused = refuseTarget(tool, options.file())) return *refused;
     if (!options.pdf.empty() && !tool.writePdf) return runPdfProgram(tool);
     auto engine = openBooks(tool, options.books);
     if (engine == nullptr) return ExitCode::failed;
@@ -145,6 +151,7 @@ void addPrintCommand(CLI::App& app, Tool& tool) {
     command->add_option("--pdf", options->pdf, tool_texts::pdfOption);
     command->add_option("--xlsx", options->xlsx, tool_texts::xlsxOption);
     command->add_option("--csv", options->csv, tool_texts::csvOption);
+    command->add_flag("--force", options->isForced, tool_texts::forceFile);
     command->add_option("--currency", options->currency, tool_texts::currencyOption);
     command->add_option("--month", options->month, tool_texts::monthOption)
         ->check(CLI::Range(1, 12));

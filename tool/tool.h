@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/system/output_target.h"
 #include "tool/exit_codes.h"
 
 namespace CLI {
@@ -18,8 +19,8 @@ namespace chengheng {
 struct Tool;
 
 /// Writes a finished report as a PDF file, or says why not.
-using PdfWriter =
-    std::function<ExitCode(Tool& tool, const CReport& report, const std::string& path)>;
+using PdfWriter = std::function<ExitCode(Tool& tool, const CReport& report, const std::string& path,
+                                         Overwrite overwrite)>;
 
 /// What the commands of the tool share. A command's own part of the command line sets
 /// `action`, which runs when the whole line has been read.

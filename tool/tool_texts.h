@@ -105,7 +105,7 @@ inline constexpr const char* planSummary = "新增 {} 行,修改 {} 行,不变 {
 inline constexpr const char* imported = "已导入“{}”。";
 inline constexpr const char* notAccepted = "没有导入。确认无误后请加 --accept 重新执行。";
 inline constexpr const char* exportChartCommand = "把科目导出为表格文件,可以原样导入";
-inline constexpr const char* exportFileArgument = "要写入的文件,以 .csv 或 .xlsx 结尾";
+inline constexpr const char* exportFileArgument = "要写入的文件,以 .csv 或 .xlsx 结尾;- 为标准输出";
 inline constexpr const char* exported = "科目已导出到“{}”。";
 
 inline constexpr const char* trialBalanceCommand = "试算平衡:各类科目的期初余额、合计与结果";
@@ -123,9 +123,9 @@ inline constexpr const char* printCommand = "把列表写成 PDF、XLSX 或 CSV 
 inline constexpr const char* listArgument =
     "列表:settle(结算方式)、sign(凭证类别)、currency(外币)、fixed-rates(固定汇率)、\n"
     "floating-rates(浮动汇率)、accounts(会计科目)";
-inline constexpr const char* pdfOption = "写成 PDF 文件";
-inline constexpr const char* xlsxOption = "写成 XLSX 文件";
-inline constexpr const char* csvOption = "写成 CSV 文件";
+inline constexpr const char* pdfOption = "写成 PDF 文件;- 为标准输出";
+inline constexpr const char* xlsxOption = "写成 XLSX 文件;- 为标准输出";
+inline constexpr const char* csvOption = "写成 CSV 文件;- 为标准输出";
 inline constexpr const char* currencyOption = "汇率列表的币符";
 inline constexpr const char* monthOption = "浮动汇率的月份,1到12;省略时为全年";
 inline constexpr const char* unknownList =

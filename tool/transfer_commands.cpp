@@ -63,7 +63,7 @@ constexpr TransferCommand copyCommand{"copy",
                                       copyBooks};
 
 ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& options) {
-    const Overwrite overwrite = options.isForced ? Overwrite::replace : Overwrite::refuse;
+    const Overwrite overwrite = options.isForced ? Overwrite::replaceBooks : Overwrite::refuse;
     const std::string from = locationOfBooks(options.from);
     const std::string to = locationOfBooks(options.to);
     if (const auto refusal = command.run(from, to, overwrite)) return tellRefusal(tool, *refusal);

@@ -86,14 +86,14 @@ UntoldOutcome ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportP
     return inOneUnit([&] { return outcomeOf(writePlan(*g_pDB, plan, progress)); });
 }
 
-Outcome exportChart(IMessages& messages, const std::string& path) {
+Outcome exportChart(IMessages& messages, const std::string& path, Overwrite overwrite) {
     if (!isSheetName(path))
         return told(messages, refusal(fmt::format(sheet_texts::fileKindUnknown, path)));
     ChartState state;
     if (!selectOpenBooks() || !readChartState(*g_pDB, state))
         return told(messages, UntoldOutcome::failed());
     const Sheet sheet = chartSheet(state.accounts, state.currencies);
-    const auto failure = writeSheet(sheet, path);
+    const auto failure = writeSheet(sheet, path, overwrite);
     if (!failure) return Outcome::done;
     return told(messages,
                 {Outcome::failed,

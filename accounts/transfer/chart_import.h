@@ -6,6 +6,7 @@
 
 #include "accounts/transfer/import_plan.h"
 #include "accounts/transfer/plan_writing.h"
+#include "base/system/output_target.h"
 #include "session/record_change.h"
 
 namespace chengheng {
@@ -35,6 +36,6 @@ class ChartImport {
 
 /// Writes the chart of the open set of books as a file, CSV or XLSX by the end of its name; it
 /// reads back unchanged.
-Outcome exportChart(IMessages& messages, const std::string& path);
+Outcome exportChart(IMessages& messages, const std::string& path, Overwrite overwrite);
 
 }  // namespace chengheng

@@ -31,7 +31,7 @@ void exportToChosenFile(IMessages& messages, QWidget* window) {
                                                           shown(import_texts::fileFilter), nullptr,
                                                           QFileDialog::DontUseNativeDialog)
                                  .toStdString();
-    if (file.empty() || exportChart(messages, file) != Outcome::done) return;
+    if (file.empty() || exportChart(messages, file, Overwrite::replace) != Outcome::done) return;
     messages.tell({.text = fmt::format(import_texts::exported, file)});
 }
 

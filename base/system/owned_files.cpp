@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "base/system/output_target.h"
 #include "base/system/system_error.h"
 
 namespace chengheng {
@@ -101,14 +102,19 @@ Status readFile(const std::string& path, std::size_t most, std::string& text) {
 }
 
 Status replaceOwnedFile(const std::string& path, std::string_view text) {
-    const std::string draft = path + ".new";
-    Status status = writeNewFile(draft, text);
-    if (status && rename(draft.c_str(), path.c_str()) != 0) status = systemFailure(errno, path);
+    OutputTarget target;
+    Status status = findTarget(path, Overwrite::replace, target);
+    if (status && target.isStream) status = systemFailure(ENOTSUP, path);
+    if (!status) return status;
+    const std::string draft = target.path + ".new";
+    status = writeNewFile(draft, text);
+    if (status && rename(draft.c_str(), target.path.c_str()) != 0)
+        status = systemFailure(errno, path);
     if (!status) {
         unlink(draft.c_str());
         return status;
     }
-    return flushFolder(std::filesystem::path(path).parent_path());
+    return flushFolder(std::filesystem::path(target.path).parent_path());
 }
 
 FileHold::FileHold(const std::string& path) {

@@ -18,7 +18,7 @@ Status makeOwnedFolder(const std::string& path);
 Status readFile(const std::string& path, std::size_t most, std::string& text);
 
 /// Puts a text in the place of a file: whoever opens it, even after a power cut, finds the
-/// old text or the new one, whole.
+/// old text or the new one, whole. A link leads to the file; what is no file is a failure.
 Status replaceOwnedFile(const std::string& path, std::string_view text);
 
 /// Keeps other processes from an undertaking while it lives, by a lock on a file that the

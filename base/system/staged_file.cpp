@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -40,15 +41,9 @@ Status checkFinished(const std::string& path) {
 
 }  // namespace
 
-StagedFile::StagedFile(std::string target) : m_target(std::move(target)) {
-    const std::filesystem::path name = std::filesystem::path(m_target).filename();
-    std::string pattern = folderOf(m_target) + "/." + name.string() + ".XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr) {
-        m_status = systemFailure(errno, m_target);
-        return;
-    }
-    m_folder = pattern;
-    m_path = m_folder + "/" + name.string();
+StagedFile::StagedFile(const std::string& target, Overwrite overwrite)
+    : m_wanted(target), m_overwrite(overwrite), m_status(findTarget(target, overwrite, m_target)) {
+    if (m_status) m_status = makeFolder();
 }
 
 StagedFile::~StagedFile() {
@@ -64,16 +59,45 @@ Status StagedFile::write(std::string_view bytes) const {
     return file ? Status::done() : systemFailure(errno, m_path);
 }
 
-// A link fails where a file stands already; a rename replaces it. Either is all or nothing.
-Status StagedFile::place(bool replace) {
+Status StagedFile::makeFolder() {
+    const std::filesystem::path target = m_target.path;
+    std::error_code error;
+    const std::string folder = m_target.isStream
+                                   ? std::filesystem::temp_directory_path(error).string()
+                                   : folderOf(m_target.path);
+    if (error) return systemFailure(error.value(), m_wanted);
+    const std::string name = target.filename().string();
+    std::string pattern = folder + "/." + name + ".XXXXXX";
+    if (mkdtemp(pattern.data()) == nullptr) return systemFailure(errno, m_wanted);
+    m_folder = pattern;
+    m_path = m_folder + "/" + name;
+    return Status::done();
+}
+
+Status StagedFile::place() {
     Status status = checkFinished(m_path);
-    if (status) status = flush(m_path, O_RDONLY);
+    OutputTarget target;
+    // Something may have come there while the file was made.
+    if (status) status = findTarget(m_wanted, m_overwrite, target);
     if (!status) return status;
-    const int moved = replace ? std::rename(m_path.c_str(), m_target.c_str())
-                              : link(m_path.c_str(), m_target.c_str());
-    if (moved != 0 && errno == EEXIST) return Status::of(Failure::refused, m_target);
-    if (moved != 0) return systemFailure(errno, m_target);
-    return flush(folderOf(m_target), O_RDONLY | O_DIRECTORY);
+    m_target = target;
+    return m_target.isStream ? writeThrough(m_path, m_target) : move();
+}
+
+// A link fails where a file stands already; a rename replaces it. Either is all or nothing.
+Status StagedFile::move() const {
+    const std::string& target = m_target.path;
+    struct stat before {};
+    const bool isThere = stat(target.c_str(), &before) == 0;
+    const mode_t mode = isThere ? before.st_mode & 07777 : S_IRUSR | S_IWUSR;
+    if (chmod(m_path.c_str(), mode) != 0) return systemFailure(errno, m_path);
+    if (Status status = flush(m_path, O_RDONLY); !status) return status;
+    const bool replaces = m_overwrite != Overwrite::refuse;
+    const int moved = replaces ? std::rename(m_path.c_str(), target.c_str())
+                               : link(m_path.c_str(), target.c_str());
+    if (moved != 0 && errno == EEXIST) return Status::of(Failure::refused, m_wanted);
+    if (moved != 0) return systemFailure(errno, m_wanted);
+    return flush(folderOf(target), O_RDONLY | O_DIRECTORY);
 }
 
 }  // namespace chengheng

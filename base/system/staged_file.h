@@ -3,17 +3,19 @@
 #include <string>
 #include <string_view>
 
+#include "base/system/output_target.h"
 #include "base/values/status.h"
 
 namespace chengheng {
 
 /// A file in the making, in a folder of its own beside the place it is meant for, so that
 /// whatever goes with it (a log, locks) is not seen there. Nothing stands at the place
-/// before place() puts the finished file there, whole; what is not placed is removed.
+/// before place() puts the finished file there, whole; what is not placed is removed. What is
+/// meant for a pipe or a device is made elsewhere and written through.
 class StagedFile {
   public:
-    /// Makes the folder, readable by its owner only.
-    explicit StagedFile(std::string target);
+    /// Makes the folder, readable by its owner only. Failures are those of findTarget(), too.
+    StagedFile(const std::string& target, Overwrite overwrite);
     ~StagedFile();
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
@@ -24,13 +26,19 @@ class StagedFile {
     /// Makes it of these bytes.
     Status write(std::string_view bytes) const;
 
-    /// Flushes the finished file to the disk and moves it to its place. A file that is
-    /// already there is replaced or, when that is not wanted, a refusal. A database whose log
-    /// still lies beside it is not finished.
-    Status place(bool replace);
+    /// Flushes the finished file to the disk and moves it to its place, where only its owner may
+    /// read it, or whoever may read the file that it replaces. One that came there meanwhile and
+    /// is not to be replaced is a refusal. A database whose log still lies beside it is not
+    /// finished.
+    Status place();
 
   private:
-    std::string m_target;
+    Status makeFolder();
+    Status move() const;
+
+    std::string m_wanted;
+    Overwrite m_overwrite;
+    OutputTarget m_target;
     std::string m_folder;
     std::string m_path;
     Status m_status;

@@ -150,7 +150,9 @@ bool isInUse(const std::string& file) {
 
 /// Writes the source into a file that appears only when it is whole and proven.
 std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwrite overwrite) {
-    StagedFile staged(file);
+    StagedFile staged(file, overwrite);
+    if (staged.status().failure == Failure::refused)
+        return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
     if (staged.status().failure == Failure::missing)
         return inputRefusal(fmt::format(transfer_texts::folderMissing, file), "");
     if (!staged.status()) return failure(staged.status(), file);
@@ -160,11 +162,10 @@ std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwr
         if (std::optional<Refusal> refusal = makeCopy(source, staged.path())) return refusal;
     }
     if (std::optional<Refusal> refusal = provenCopy(source, staged.path(), file)) return refusal;
-    const bool replaces = overwrite == Overwrite::replace;
     std::error_code unseen;
-    if (replaces && files::exists(file, unseen) && isInUse(file))
+    if (overwrite == Overwrite::replaceBooks && files::exists(file, unseen) && isInUse(file))
         return failureRefusal(fmt::format(transfer_texts::fileInUse, file));
-    const Status status = staged.place(replaces);
+    const Status status = staged.place();
     if (status.failure == Failure::refused)
         return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
     return status ? std::optional<Refusal>() : failure(status, file);

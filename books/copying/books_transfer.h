@@ -4,11 +4,9 @@
 #include <string>
 
 #include "base/messages/refusal.h"
+#include "base/system/output_target.h"
 
 namespace chengheng {
-
-/// Whether what stands at the target already may be replaced.
-enum class Overwrite { refuse, replace };
 
 // Each of these takes the source as it stands at one moment, whoever goes on working with
 // it; compares source and result row by row through digests before the result counts; and

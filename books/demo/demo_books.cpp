@@ -82,10 +82,11 @@ std::optional<Refusal> makeFile(const std::string& path, PasswordCost cost) {
         return failureRefusal(failureText(made, path));
     std::error_code unseen;
     if (std::filesystem::exists(path, unseen)) return existingRefusal(path);
-    StagedFile staged(path);
+    StagedFile staged(path, Overwrite::refuse);
+    if (staged.status().failure == Failure::refused) return existingRefusal(path);
     if (!staged.status()) return failureRefusal(failureText(staged.status(), path));
     if (std::optional<Refusal> refusal = makeAt(staged.path(), path, cost)) return refusal;
-    const Status placed = staged.place(false);
+    const Status placed = staged.place();
     if (placed.failure == Failure::refused) return existingRefusal(path);
     return placed ? std::optional<Refusal>() : failureRefusal(failureText(placed, path));
 }

@@ -103,7 +103,7 @@ Outcome OpeningWork::exportTo(const std::string& path) {
         tell(fmt::format(sheet_texts::fileKindUnknown, path));
         return Outcome::refused;
     }
-    const auto failure = writeSheet(exportedOpenings(sheet()), path);
+    const auto failure = writeSheet(exportedOpenings(sheet()), path, Overwrite::replace);
     if (!failure) return Outcome::done;
     tell(failure->text());
     return Outcome::failed;

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QLoggingCategory>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 
@@ -10,11 +11,12 @@
 
 namespace {
 
-chengheng::ExitCode writeFile(chengheng::Tool& tool, const CReport& report,
-                              const std::string& path) {
+chengheng::ExitCode writeFile(chengheng::Tool& tool, const CReport& report, const std::string& path,
+                              chengheng::Overwrite overwrite) {
     chengheng::ReportDocument document(report);
     const auto everyPageGoesOn = [](std::size_t, std::size_t) { return true; };
-    const chengheng::Status status = chengheng::writePdf(document, path, everyPageGoesOn);
+    const chengheng::Status status =
+        chengheng::writePdf(document, path, overwrite, everyPageGoesOn);
     if (status) return chengheng::ExitCode::done;
     tool.err << chengheng::whileWriting(status, path).text() << '\n';
     return chengheng::ExitCode::failed;
@@ -23,6 +25,8 @@ chengheng::ExitCode writeFile(chengheng::Tool& tool, const CReport& report,
 }  // namespace
 
 int main(int count, char** arguments) {
+    // Whoever reads from a pipe may leave early; that is a failure to tell, not a death.
+    std::signal(SIGPIPE, SIG_IGN);
     // Pages are painted without a screen, wherever the program was started.
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     // What the toolkit misses on a server, such as a folder for sockets, is no matter of pages;

@@ -42,13 +42,13 @@ bool paintInto(std::string& pdf, const ReportDocument& document, std::span<const
 }  // namespace
 
 Status writePdf(const ReportDocument& document, std::span<const std::size_t> pages,
-                const std::string& path, const WorkProgress& progress) {
+                const std::string& path, Overwrite overwrite, const WorkProgress& progress) {
     bool isCancelled = false;
     const auto watched = [&](std::size_t done, std::size_t all) {
         isCancelled = isCancelled || !progress(done, all);
         return !isCancelled;
     };
-    StagedFile staged(path);
+    StagedFile staged(path, overwrite);
     Status status = staged.status();
     std::string pdf;
     if (status && !paintInto(pdf, document, pages, watched))
@@ -56,15 +56,16 @@ Status writePdf(const ReportDocument& document, std::span<const std::size_t> pag
     if (isCancelled) return Status::of(Failure::cancelled);
     if (status) status = makeTextsReadable(pdf, codesOf(document));
     if (status) status = staged.write(pdf);
-    if (status) status = staged.place(true);
+    if (status) status = staged.place();
     return status;
 }
 
-Status writePdf(ReportDocument& document, const std::string& path, const WorkProgress& progress) {
+Status writePdf(ReportDocument& document, const std::string& path, Overwrite overwrite,
+                const WorkProgress& progress) {
     if (!document.layOutAll(progress)) return Status::of(Failure::cancelled);
     std::vector<std::size_t> pages(document.pages().pageCount());
     std::iota(pages.begin(), pages.end(), std::size_t{0});
-    return writePdf(document, pages, path, progress);
+    return writePdf(document, pages, path, overwrite, progress);
 }
 
 }  // namespace chengheng

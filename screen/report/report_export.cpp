@@ -43,7 +43,7 @@ UntoldOutcome failed(const SheetFailure& failure) {
 
 UntoldOutcome writePages(ReportDocument& document, const std::string& path, QWidget* parent) {
     WorkProgressBox box(report_texts::writing, parent);
-    const Status status = writePdf(document, path, box.progress());
+    const Status status = writePdf(document, path, Overwrite::replace, box.progress());
     if (status) return UntoldOutcome::done();
     if (status.failure == Failure::cancelled) return {Outcome::refused};
     return failed(whileWriting(status, path));
@@ -70,7 +70,8 @@ UntoldOutcome exportDocument(ReportDocument& document, ExportKind kind, const st
     std::optional<SheetFailure> failure;
     runBesidePainting([&] {
         const Sheet sheet = sheetOf(document.report());
-        failure = kind == ExportKind::xlsx ? writeXlsx(sheet, path) : writeCsv(sheet, path);
+        failure = kind == ExportKind::xlsx ? writeXlsx(sheet, path, Overwrite::replace)
+                                           : writeCsv(sheet, path, Overwrite::replace);
     });
     return failure ? failed(*failure) : UntoldOutcome::done();
 }

@@ -34,7 +34,7 @@ std::string put(const ReportDocument& document, QPrinter& printer,
                 std::span<const std::size_t> pages, const WorkProgress& progress) {
     if (printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty()) {
         const std::string path = printer.outputFileName().toStdString();
-        const Status status = writePdf(document, pages, path, progress);
+        const Status status = writePdf(document, pages, path, Overwrite::replace, progress);
         const bool isFailed = !status && status.failure != Failure::cancelled;
         return isFailed ? whileWriting(status, path).text() : std::string();
     }

@@ -20,13 +20,20 @@ bool endsInAnyCase(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && isSameInAnyCase(text.substr(text.size() - end.size()), end);
 }
 
+bool isCsvName(std::string_view path) {
+    if (endsInAnyCase(path, csvEnd)) return true;
+    OutputTarget target;
+    return findTarget(std::string(path), Overwrite::replace, target) && target.isStream;
+}
+
 /// Makes a file beside its place with `make`, and puts it there.
 template <class Make>
-std::optional<SheetFailure> writeFile(const std::string& path, const Make& make) {
-    StagedFile staged(path);
+std::optional<SheetFailure> writeFile(const std::string& path, Overwrite overwrite,
+                                      const Make& make) {
+    StagedFile staged(path, overwrite);
     if (!staged.status()) return whileWriting(staged.status(), path);
     if (std::optional<SheetFailure> failure = make(staged)) return whileWriting(*failure, path);
-    const Status status = staged.place(true);
+    const Status status = staged.place();
     return status ? std::optional<SheetFailure>() : whileWriting(status, path);
 }
 
@@ -53,29 +60,31 @@ std::optional<SheetFailure> compare(const Sheet& sheet, const std::string& path)
 
 }  // namespace
 
-std::optional<SheetFailure> writeCsv(const Sheet& sheet, const std::string& path) {
+std::optional<SheetFailure> writeCsv(const Sheet& sheet, const std::string& path,
+                                     Overwrite overwrite) {
     std::string text;
     if (std::optional<SheetFailure> failure = csvText(sheet, text))
         return whileWriting(*failure, path);
-    return writeFile(path, [&](const StagedFile& draft) {
+    return writeFile(path, overwrite, [&](const StagedFile& draft) {
         const Status status = draft.write(text);
         return status ? std::optional<SheetFailure>() : whileWriting(status, path);
     });
 }
 
-std::optional<SheetFailure> writeXlsx(const Sheet& sheet, const std::string& path) {
-    return writeFile(path, [&](const StagedFile& draft) {
+std::optional<SheetFailure> writeXlsx(const Sheet& sheet, const std::string& path,
+                                      Overwrite overwrite) {
+    return writeFile(path, overwrite, [&](const StagedFile& draft) {
         std::optional<SheetFailure> failure = makeWorkbook(sheet, draft.path());
         return failure ? failure : compare(sheet, draft.path());
     });
 }
 
-bool isSheetName(std::string_view path) {
-    return endsInAnyCase(path, csvEnd) || endsInAnyCase(path, xlsxEnd);
-}
+bool isSheetName(std::string_view path) { return endsInAnyCase(path, xlsxEnd) || isCsvName(path); }
 
-std::optional<SheetFailure> writeSheet(const Sheet& sheet, const std::string& path) {
-    return endsInAnyCase(path, csvEnd) ? writeCsv(sheet, path) : writeXlsx(sheet, path);
+std::optional<SheetFailure> writeSheet(const Sheet& sheet, const std::string& path,
+                                       Overwrite overwrite) {
+    return endsInAnyCase(path, xlsxEnd) ? writeXlsx(sheet, path, overwrite)
+                                        : writeCsv(sheet, path, overwrite);
 }
 
 std::optional<SheetFailure> readSheet(const std::string& path, Sheet& sheet) {

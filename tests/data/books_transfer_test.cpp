@@ -109,7 +109,7 @@ TEST_P(Backup, OverAnExistingFileIsRefusedWithoutForce) {
 
 TEST_P(Backup, ReplacesAnExistingFileWhenForced) {
     std::ofstream(m_file) << "old";
-    EXPECT_EQ(textOf(backUpBooks(m_books, m_file, Overwrite::replace)), "done");
+    EXPECT_EQ(textOf(backUpBooks(m_books, m_file, Overwrite::replaceBooks)), "done");
     EXPECT_EQ(contentOf(m_file), contentOf(m_books));
 }
 
@@ -117,7 +117,7 @@ TEST_P(Backup, DoesNotReplaceAFileThatAProgramHasOpen) {
     const std::string other = makeSmallBooks(EngineCase{"sqliteFile"});
     const auto reader = openForTest(other, OpenMode::existing);
     EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
-    const std::optional<Refusal> refusal = backUpBooks(m_books, other, Overwrite::replace);
+    const std::optional<Refusal> refusal = backUpBooks(m_books, other, Overwrite::replaceBooks);
     EXPECT_THAT(textOf(refusal), HasSubstr("正在使用"));
     EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
 }
@@ -172,7 +172,7 @@ TEST(BackupFile, OntoItselfIsRefusedEvenByAnotherSpelling) {
     const std::string folder = files::path(books).parent_path();
     const std::string other =
         folder + "/../" + files::path(folder).filename().string() + "/Nbzw.db";
-    EXPECT_EQ(kindOf(chengheng::backUpBooks(books, other, Overwrite::replace)),
+    EXPECT_EQ(kindOf(chengheng::backUpBooks(books, other, Overwrite::replaceBooks)),
               RefusalKind::wrongInput);
 }
 
@@ -215,7 +215,7 @@ TEST_P(BooksCopy, ExistingBooksAreLeftAloneWithoutForce) {
 
 TEST_P(BooksCopy, ExistingBooksAreReplacedAsAWholeWhenForced) {
     fillTarget();
-    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replace)), "done");
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replaceBooks)), "done");
     EXPECT_EQ(contentOf(m_target), contentOf(m_source));
 }
 
@@ -225,15 +225,16 @@ TEST_P(BooksCopy, BooksThatSomebodyHoldsAreNotReplaced) {
     const auto holder = openForTest(m_target, OpenMode::existing);
     holder->locks().setIdentity({"王五", "会计科目"});
     ASSERT_TRUE(holder->locks().lock("Code", LockMode::shared, false).isDone());
-    const std::optional<Refusal> refusal = copyBooks(m_source, m_target, Overwrite::replace);
+    const std::optional<Refusal> refusal = copyBooks(m_source, m_target, Overwrite::replaceBooks);
     EXPECT_THAT(textOf(refusal), HasSubstr("王五"));
     EXPECT_EQ(contentOf(m_target), before);
     holder->locks().unlock("Code", LockMode::shared);
-    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replace)), "done");
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replaceBooks)), "done");
 }
 
 TEST_P(BooksCopy, OntoItselfIsRefused) {
-    EXPECT_EQ(kindOf(copyBooks(m_source, m_source, Overwrite::replace)), RefusalKind::wrongInput);
+    EXPECT_EQ(kindOf(copyBooks(m_source, m_source, Overwrite::replaceBooks)),
+              RefusalKind::wrongInput);
 }
 
 INSTANTIATE_TEST_SUITE_P(Between, BooksCopy,
@@ -261,7 +262,7 @@ class Restore : public testing::TestWithParam<EngineCase> {
 
 TEST_P(Restore, BringsTheBooksBackToTheStateOfTheBackup) {
     runScript(*openForTest(m_books, OpenMode::existing), "DELETE FROM Code; DELETE FROM AccSum");
-    EXPECT_EQ(textOf(restoreBooks(m_file, m_books, Overwrite::replace)), "done");
+    EXPECT_EQ(textOf(restoreBooks(m_file, m_books, Overwrite::replaceBooks)), "done");
     EXPECT_EQ(contentOf(m_books), m_content);
 }
 
@@ -273,14 +274,14 @@ TEST_P(Restore, MakesNewBooksWhereNoneAre) {
 
 TEST_P(Restore, CorruptBackupIsRefusedAndTheBooksStay) {
     overwriteMiddle(m_file);
-    const std::optional<Refusal> refusal = restoreBooks(m_file, m_books, Overwrite::replace);
+    const std::optional<Refusal> refusal = restoreBooks(m_file, m_books, Overwrite::replaceBooks);
     EXPECT_THAT(textOf(refusal), HasSubstr("已损坏"));
     EXPECT_EQ(contentOf(m_books), m_content);
 }
 
 TEST_P(Restore, FileThatIsNoBackupIsRefused) {
     std::ofstream(m_file, std::ios::trunc) << "no books at all";
-    const std::optional<Refusal> refusal = restoreBooks(m_file, m_books, Overwrite::replace);
+    const std::optional<Refusal> refusal = restoreBooks(m_file, m_books, Overwrite::replaceBooks);
     EXPECT_THAT(textOf(refusal), HasSubstr("不是帐套文件"));
     EXPECT_EQ(contentOf(m_books), m_content);
 }
@@ -298,7 +299,7 @@ TEST(RestoreFile, OnADiskThatFillsUpLeavesTheBooksAsTheyWere) {
     for (int room = 0; !isDone; room += 11) {
         disk.fail(chengheng::FailingDisk::Fault::full, room);
         const std::optional<Refusal> refusal =
-            chengheng::restoreBooks(file, books, Overwrite::replace);
+            chengheng::restoreBooks(file, books, Overwrite::replaceBooks);
         disk.repair();
         isDone = !refusal;
         if (!refusal) break;

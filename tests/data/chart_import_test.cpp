@@ -116,7 +116,8 @@ TEST_P(ChartImports, ReadBackWhatAnExportWroteAsCsvAndAsXlsx) {
     m_books.add("10%_");
     const std::string folder = freshFolder();
     for (const char* name : {"/科目.csv", "/科目.XLSX"}) {
-        ASSERT_EQ(exportChart(m_books.messages(), folder + name), Outcome::done);
+        ASSERT_EQ(exportChart(m_books.messages(), folder + name, Overwrite::replace),
+                  Outcome::done);
         const auto made = m_import.plan(folder + name);
         ASSERT_TRUE(made) << name;
         EXPECT_EQ(made->count(RowFate::unchanged), 4u) << name;
@@ -150,11 +151,13 @@ TEST_P(ChartImports, SayWhyAFileCannotBeRead) {
               "没有读入文件“" + folder +
                   "/空.csv”。\n第 1 行:没有标题行。标题行中应有“科目编码”和“科目名称”。");
     m_books.messages().forget();
-    EXPECT_EQ(exportChart(m_books.messages(), folder + "/科目.txt"), Outcome::refused);
+    EXPECT_EQ(exportChart(m_books.messages(), folder + "/科目.txt", Overwrite::replace),
+              Outcome::refused);
     EXPECT_EQ(m_books.messages().onlyNotice().text,
               "文件名“" + folder + "/科目.txt”应以 .csv 或 .xlsx 结尾。");
     m_books.messages().forget();
-    EXPECT_EQ(exportChart(m_books.messages(), folder + "/没有/科目.csv"), Outcome::failed);
+    EXPECT_EQ(exportChart(m_books.messages(), folder + "/没有/科目.csv", Overwrite::replace),
+              Outcome::failed);
     EXPECT_EQ(m_books.messages().onlyNotice().text,
               "没有写入文件“" + folder +
                   "/没有/科目.csv”,原有的文件保持不变。\n"

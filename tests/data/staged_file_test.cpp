@@ -11,6 +11,7 @@ namespace {
 
 namespace files = std::filesystem;
 using chengheng::Failure;
+using chengheng::Overwrite;
 using chengheng::StagedFile;
 
 void write(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
@@ -29,17 +30,17 @@ class Staging : public testing::Test {
 };
 
 TEST_F(Staging, NothingStandsAtThePlaceBeforeItIsFinished) {
-    StagedFile staged(m_target);
+    StagedFile staged(m_target, Overwrite::replace);
     ASSERT_TRUE(staged.status().isDone());
     write(staged.path(), "half");
     EXPECT_FALSE(files::exists(m_target));
-    ASSERT_TRUE(staged.place(false).isDone());
+    ASSERT_TRUE(staged.place().isDone());
     EXPECT_EQ(textOf(m_target), "half");
 }
 
 TEST_F(Staging, WhatIsNotPlacedIsRemoved) {
     {
-        StagedFile staged(m_target);
+        StagedFile staged(m_target, Overwrite::replace);
         write(staged.path(), "half");
         write(staged.path() + "-wal", "log");
     }
@@ -48,28 +49,37 @@ TEST_F(Staging, WhatIsNotPlacedIsRemoved) {
 
 TEST_F(Staging, FileAlreadyThereStaysUnlessItIsToBeReplaced) {
     write(m_target, "old");
-    StagedFile staged(m_target);
+    EXPECT_EQ(StagedFile(m_target, Overwrite::refuse).status().failure, Failure::refused);
+    StagedFile staged(m_target, Overwrite::replace);
     write(staged.path(), "new");
-    EXPECT_EQ(staged.place(false).failure, Failure::refused);
     EXPECT_EQ(textOf(m_target), "old");
-    EXPECT_TRUE(staged.place(true).isDone());
+    EXPECT_TRUE(staged.place().isDone());
     EXPECT_EQ(textOf(m_target), "new");
 }
 
+TEST_F(Staging, FileThatComesMeanwhileStaysUnlessItIsToBeReplaced) {
+    StagedFile staged(m_target, Overwrite::refuse);
+    write(staged.path(), "new");
+    write(m_target, "of another");
+    EXPECT_EQ(staged.place().failure, Failure::refused);
+    EXPECT_EQ(textOf(m_target), "of another");
+}
+
 TEST_F(Staging, DatabaseWhoseLogIsNotBroughtInIsNotPlaced) {
-    StagedFile staged(m_target);
+    StagedFile staged(m_target, Overwrite::replace);
     write(staged.path(), "pages");
     write(staged.path() + "-wal", "more pages");
-    EXPECT_EQ(staged.place(true).failure, Failure::lost);
+    EXPECT_EQ(staged.place().failure, Failure::lost);
     EXPECT_FALSE(files::exists(m_target));
 }
 
 TEST_F(Staging, FolderThatIsMissingIsAFailure) {
-    EXPECT_EQ(StagedFile(m_folder + "/none/books.db").status().failure, Failure::missing);
+    EXPECT_EQ(StagedFile(m_folder + "/none/books.db", Overwrite::refuse).status().failure,
+              Failure::missing);
 }
 
 TEST_F(Staging, OthersCannotLookIntoItsFolder) {
-    const StagedFile staged(m_target);
+    const StagedFile staged(m_target, Overwrite::replace);
     EXPECT_EQ(files::status(files::path(staged.path()).parent_path()).permissions(),
               files::perms::owner_all);
 }

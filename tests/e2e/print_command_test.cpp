@@ -53,7 +53,7 @@ class PrintCommand : public testing::TestWithParam<EngineCase> {
     }
     std::string csvOf(std::vector<std::string> arguments) {
         const std::string path = m_folder + arguments.front() + ".csv";
-        arguments.insert(arguments.end(), {m_books, "--csv", path});
+        arguments.insert(arguments.end(), {m_books, "--force", "--csv", path});
         const ProgramRun printed = print(arguments);
         EXPECT_EQ(printed.exitCode, done) << printed.err;
         EXPECT_THAT(printed.out, HasSubstr("一览表”已写入“" + path));

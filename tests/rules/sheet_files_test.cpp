@@ -15,11 +15,11 @@ namespace {
 
 namespace files = std::filesystem;
 
-using WriteSheet = std::optional<SheetFailure> (*)(const Sheet&, const std::string&);
+using WriteSheet = std::optional<SheetFailure> (*)(const Sheet&, const std::string&, Overwrite);
 
 Sheet written(WriteSheet write, const Sheet& sheet) {
     const std::string path = freshFolder() + "/表.file";
-    const std::optional<SheetFailure> failure = write(sheet, path);
+    const std::optional<SheetFailure> failure = write(sheet, path, Overwrite::replace);
     EXPECT_FALSE(failure) << failure->text();
     Sheet read;
     const std::optional<SheetFailure> unread = readSheet(path, read);
@@ -128,7 +128,7 @@ TEST(SheetFiles, KindIsToldByTheContentNotTheName) {
     const std::string path = freshFolder() + "/a.csv";
     Sheet sheet;
     sheet.rows = {{Cell::of("a")}};
-    ASSERT_FALSE(writeXlsx(sheet, path));
+    ASSERT_FALSE(writeXlsx(sheet, path, Overwrite::replace));
     Sheet read;
     ASSERT_FALSE(readSheet(path, read));
     EXPECT_EQ(read.rows, sheet.rows);
@@ -172,7 +172,7 @@ void expectOldFileKept(WriteSheet write, rlim_t room) {
     std::optional<SheetFailure> failure;
     {
         const SmallDisk disk(room);
-        failure = write(sheet, folder + "/a");
+        failure = write(sheet, folder + "/a", Overwrite::replace);
     }
     ASSERT_TRUE(failure) << room;
     EXPECT_NE(failure->text().find(folder + "/a”,原有的文件保持不变。"), std::string::npos);

@@ -97,12 +97,14 @@ TEST(ColumnLetters, CountAsSpreadsheetsDo) {
     EXPECT_EQ(columnLetters(16384), "XFD");
 }
 
-using WriteSheet = std::optional<SheetFailure> (*)(const Sheet&, const std::string&);
+using WriteSheet = std::optional<SheetFailure> (*)(const Sheet&, const std::string&, Overwrite);
 
 /// What holds for a file of either kind.
 class SheetFileWriting : public testing::TestWithParam<WriteSheet> {
   protected:
-    std::optional<SheetFailure> write(const Sheet& sheet) { return GetParam()(sheet, m_path); }
+    std::optional<SheetFailure> write(const Sheet& sheet) {
+        return GetParam()(sheet, m_path, Overwrite::replace);
+    }
 
     std::string m_folder = freshFolder();
     std::string m_path = m_folder + "/科目.file";
@@ -151,9 +153,9 @@ TEST_P(SheetFileWriting, FolderInItsPlaceStays) {
 
 TEST(XlsxWriting, TextLongerThanSpreadsheetsTakeIsRefusedWithItsPlace) {
     const std::string path = freshFolder() + "/a.xlsx";
-    EXPECT_FALSE(writeXlsx(oneCell(Cell::of(std::string(32767, 'x'))), path));
+    EXPECT_FALSE(writeXlsx(oneCell(Cell::of(std::string(32767, 'x'))), path, Overwrite::replace));
     const std::optional<SheetFailure> failure =
-        writeXlsx(sheetOf({{}, {}, {Cell::of(std::string(32768, 'x'))}}), path);
+        writeXlsx(sheetOf({{}, {}, {Cell::of(std::string(32768, 'x'))}}), path, Overwrite::replace);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->row, 3U);
     EXPECT_EQ(failure->column, 1U);
@@ -162,8 +164,8 @@ TEST(XlsxWriting, TextLongerThanSpreadsheetsTakeIsRefusedWithItsPlace) {
 
 TEST(XlsxWriting, MoreRowsOrColumnsThanSpreadsheetsHaveAreRefused) {
     const std::string path = freshFolder() + "/a.xlsx";
-    EXPECT_TRUE(writeXlsx(sheetOf(std::vector<SheetRow>(1'048'577)), path));
-    EXPECT_TRUE(writeXlsx(sheetOf({SheetRow(16'385)}), path));
+    EXPECT_TRUE(writeXlsx(sheetOf(std::vector<SheetRow>(1'048'577)), path, Overwrite::replace));
+    EXPECT_TRUE(writeXlsx(sheetOf({SheetRow(16'385)}), path, Overwrite::replace));
     EXPECT_FALSE(files::exists(path));
 }
 

@@ -23,7 +23,7 @@ SheetRow readCells(const MadeWorkbook& workbook) {
     return sheet.rows.empty() ? SheetRow() : sheet.rows.front();
 }
 
-SheetFailure failureOf(std::string_view bytes) {
+SheetFailure xlsxFailureOf(std::string_view bytes) {
     Sheet sheet;
     sheet.rows.resize(3);
     const std::optional<SheetFailure> failure = readXlsx(bytes, sheet);
@@ -32,7 +32,7 @@ SheetFailure failureOf(std::string_view bytes) {
     return failure.value_or(SheetFailure());
 }
 
-SheetFailure failureOf(const MadeWorkbook& workbook) { return failureOf(workbook.bytes()); }
+SheetFailure xlsxFailureOf(const MadeWorkbook& workbook) { return xlsxFailureOf(workbook.bytes()); }
 
 /// A workbook in which the content of one part is another; without it when that is empty.
 std::string withPart(const std::string& name, const std::string& content) {
@@ -178,8 +178,8 @@ TEST(XlsxReading, FirstVisibleSheetOfCellsIsRead) {
 }
 
 TEST(XlsxReading, WorkbookWithoutAVisibleSheetIsAFailure) {
-    const SheetFailure failure =
-        failureOf({.rows = "", .sheets = "<sheet name=\"a\" r:id=\"rId1\" state=\"veryHidden\"/>"});
+    const SheetFailure failure = xlsxFailureOf(
+        {.rows = "", .sheets = "<sheet name=\"a\" r:id=\"rId1\" state=\"veryHidden\"/>"});
     EXPECT_EQ(failure.text(), "工作簿中没有可见的工作表。");
 }
 
@@ -202,7 +202,7 @@ TEST(XlsxReading, UnreadableCellsAreFailuresWithTheirPlace) {
         {" t=\"new\"><v>1</v>", "第 4 行 B 列:单元格内容无法识别。"},
         {"><f>1+1</f>", "第 4 行 B 列:公式没有计算结果。请在表格程序中打开该文件,保存后重试。"}};
     for (const auto& [cell, text] : cells)
-        EXPECT_EQ(failureOf({.rows = before + cell + "</c></row>"}).text(), text);
+        EXPECT_EQ(xlsxFailureOf({.rows = before + cell + "</c></row>"}).text(), text);
 }
 
 TEST(XlsxReading, PlacesThatNoSheetHasAreFailures) {
@@ -211,7 +211,7 @@ TEST(XlsxReading, PlacesThatNoSheetHasAreFailures) {
           "<row r=\"1048577\"><c><v>1</v></c></row>", "<row><c r=\"XFE1\"><v>1</v></c></row>",
           "<row><c r=\"7\"><v>1</v></c></row>",
           "<row r=\"99999999999999999999\"><c><v>1</v></c></row>"})
-        EXPECT_FALSE(failureOf({.rows = rows}).reason.empty()) << rows;
+        EXPECT_FALSE(xlsxFailureOf({.rows = rows}).reason.empty()) << rows;
 }
 
 TEST(XlsxReading, FileCutAnywhereIsAFailure) {
@@ -220,7 +220,7 @@ TEST(XlsxReading, FileCutAnywhereIsAFailure) {
             .bytes();
     ASSERT_FALSE(readBytes(whole).rows.empty());
     for (std::size_t size = 0; size < whole.size(); ++size)
-        EXPECT_FALSE(failureOf(whole.substr(0, size)).reason.empty());
+        EXPECT_FALSE(xlsxFailureOf(whole.substr(0, size)).reason.empty());
 }
 
 TEST(XlsxReading, ChangedByteIsAFailureOrChangesNothing) {
@@ -240,20 +240,20 @@ TEST(XlsxReading, ChangedByteIsAFailureOrChangesNothing) {
 
 TEST(XlsxReading, OtherPackedFilesAreToldToBeNone) {
     const char* text = "文件不是 XLSX 工作簿。请在表格程序中另存为 .xlsx 或 .csv 后重试。";
-    EXPECT_EQ(failureOf(packedFile({{"readme.txt", "text"}})).text(), text);
-    EXPECT_EQ(failureOf(withPart("xl/workbook.xml", "")).text(), text);
-    EXPECT_EQ(failureOf(withPart("xl/workbook.xml", "<document/>")).text(), text);
-    EXPECT_EQ(failureOf(withPart("xl/_rels/workbook.xml.rels", "")).text(), text);
+    EXPECT_EQ(xlsxFailureOf(packedFile({{"readme.txt", "text"}})).text(), text);
+    EXPECT_EQ(xlsxFailureOf(withPart("xl/workbook.xml", "")).text(), text);
+    EXPECT_EQ(xlsxFailureOf(withPart("xl/workbook.xml", "<document/>")).text(), text);
+    EXPECT_EQ(xlsxFailureOf(withPart("xl/_rels/workbook.xml.rels", "")).text(), text);
 }
 
 TEST(XlsxReading, MissingOrHarmedPartIsNamed) {
-    EXPECT_EQ(failureOf(withPart("xl/worksheets/sheet1.xml", "")).text(),
+    EXPECT_EQ(xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "")).text(),
               "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
               "详细信息:xl/worksheets/sheet1.xml: No such file");
-    EXPECT_EQ(failureOf(withPart("xl/worksheets/sheet1.xml", "<a>\n</b>")).text(),
+    EXPECT_EQ(xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "<a>\n</b>")).text(),
               "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
               "详细信息:xl/worksheets/sheet1.xml: line 2: mismatched tag");
-    EXPECT_TRUE(failureOf(withPart("xl/worksheets/sheet1.xml", "<worksheet/>"))
+    EXPECT_TRUE(xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "<worksheet/>"))
                     .text()
                     .ends_with("xl/worksheets/sheet1.xml: no cells"));
 }
@@ -277,7 +277,7 @@ TEST(XlsxReading, CellWithinAValueBeginsAnew) {
 }
 
 TEST(XlsxReading, DocumentTypesAreRefused) {
-    const SheetFailure failure = failureOf(withPart(
+    const SheetFailure failure = xlsxFailureOf(withPart(
         "xl/worksheets/sheet1.xml",
         "<!DOCTYPE a [<!ENTITY b \"c\"><!ENTITY d \"&b;&b;\">]><worksheet>&d;</worksheet>"));
     EXPECT_TRUE(failure.text().ends_with("sheet1.xml: has a document type")) << failure.text();
@@ -286,13 +286,13 @@ TEST(XlsxReading, DocumentTypesAreRefused) {
 TEST(XlsxReading, DeepNestingIsRefused) {
     std::string deep;
     for (int level = 0; level < 100'000; ++level) deep += "<a>";
-    const SheetFailure failure = failureOf(withPart("xl/worksheets/sheet1.xml", deep));
+    const SheetFailure failure = xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", deep));
     EXPECT_TRUE(failure.text().ends_with("elements nested too deeply")) << failure.text();
 }
 
 TEST(XlsxReading, SignWithoutEndIsRefused) {
-    const SheetFailure failure =
-        failureOf(withPart("xl/worksheets/sheet1.xml", "<a b=\"" + std::string(8U << 20U, 'x')));
+    const SheetFailure failure = xlsxFailureOf(
+        withPart("xl/worksheets/sheet1.xml", "<a b=\"" + std::string(8U << 20U, 'x')));
     EXPECT_TRUE(failure.text().ends_with("a sign without end")) << failure.text();
 }
 
@@ -318,7 +318,7 @@ TEST(XlsxReading, PartsThatTogetherUnpackToTooMuchAreRefused) {
 TEST(XlsxReading, LongTextThatManyCellsReferToIsRefused) {
     std::string rows = "<row>";
     for (int cell = 0; cell < 10'000; ++cell) rows += "<c t=\"s\"><v>0</v></c>";
-    const SheetFailure failure = failureOf(
+    const SheetFailure failure = xlsxFailureOf(
         {.rows = rows + "</row>", .strings = "<si><t>" + std::string(100'000, 'x') + "</t></si>"});
     EXPECT_EQ(failure.text(), "文字超过 256 MB,表格太大了。请拆分后重试。");
 }
@@ -326,7 +326,8 @@ TEST(XlsxReading, LongTextThatManyCellsReferToIsRefused) {
 TEST(XlsxReading, ManyRowsWithACellFarRightAreRefused) {
     std::string rows;
     for (int row = 0; row < 1'000; ++row) rows += "<row><c r=\"XFD1\"><v>1</v></c></row>";
-    EXPECT_EQ(failureOf({.rows = rows}).text(), "超过 4000000 个单元格,表格太大了。请拆分后重试。");
+    EXPECT_EQ(xlsxFailureOf({.rows = rows}).text(),
+              "超过 4000000 个单元格,表格太大了。请拆分后重试。");
 }
 
 }  // namespace

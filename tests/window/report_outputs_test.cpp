@@ -128,7 +128,7 @@ TEST(ReportOutputs, AgreeOnTheCells) {
     const std::string folder = freshFolder();
     withDocument(report, [&](ReportDocument& document) {
         EXPECT_EQ(cellWords(document.readText(0).toStdString()), wanted) << "preview";
-        ASSERT_TRUE(writePdf(document, folder + "/a.pdf", everyPageGoesOn));
+        ASSERT_TRUE(writePdf(document, folder + "/a.pdf", Overwrite::replace, everyPageGoesOn));
         EXPECT_EQ(cellWords(readPdf(folder + "/a.pdf")), wanted) << "PDF";
         printTo(folder + "/printed.pdf", document);
         EXPECT_EQ(cellWords(readPdf(folder + "/printed.pdf")), wanted) << "print";
@@ -158,7 +158,7 @@ TEST(ReportOutputs, KeepCodesAsTextsAndMakeAmountsNumbersInASpreadsheet) {
 TEST(PdfFile, EmbedsTheFontsItUses) {
     const std::string path = freshFolder() + "/a.pdf";
     withDocument(richReport(), [&](ReportDocument& document) {
-        ASSERT_TRUE(writePdf(document, path, everyPageGoesOn));
+        ASSERT_TRUE(writePdf(document, path, Overwrite::replace, everyPageGoesOn));
     });
     std::istringstream fonts(runProgram({"/usr/bin/env", "pdffonts", path}).out);
     int count = 0;
@@ -179,7 +179,7 @@ TEST(PdfFile, HoldsThePagesAndTheirPaper) {
     report.page = {.paper = 11, .isPortrait = false};
     const std::string path = freshFolder() + "/a.pdf";
     withDocument(report, [&](ReportDocument& document) {
-        ASSERT_TRUE(writePdf(document, path, everyPageGoesOn));
+        ASSERT_TRUE(writePdf(document, path, Overwrite::replace, everyPageGoesOn));
         const std::string facts = runProgram({"/usr/bin/env", "pdfinfo", path}).out;
         EXPECT_THAT(facts,
                     ContainsRegex("Pages: +" + std::to_string(document.pages().pageCount())));
@@ -196,7 +196,8 @@ TEST(PdfFile, ThatIsGivenUpLeavesTheOldOneAsItWas) {
     std::ofstream(path) << "old";
     withDocument(report, [&](ReportDocument& document) {
         const auto afterTwo = [](std::size_t done, std::size_t) { return done < 2; };
-        EXPECT_EQ(writePdf(document, path, afterTwo).failure, Failure::cancelled);
+        EXPECT_EQ(writePdf(document, path, Overwrite::replace, afterTwo).failure,
+                  Failure::cancelled);
     });
     std::ifstream file(path);
     EXPECT_EQ((std::string{std::istreambuf_iterator<char>(file), {}}), "old");
@@ -206,7 +207,7 @@ TEST(PdfFile, ThatIsGivenUpLeavesTheOldOneAsItWas) {
 TEST(PdfFile, WhoseFolderIsMissingSaysSo) {
     withDocument(sampleReport({10}), [&](ReportDocument& document) {
         const std::string path = freshFolder() + "/none/a.pdf";
-        const Status status = writePdf(document, path, everyPageGoesOn);
+        const Status status = writePdf(document, path, Overwrite::replace, everyPageGoesOn);
         EXPECT_THAT(whileWriting(status, path).text(), HasSubstr("所在的文件夹不存在"));
     });
 }
@@ -222,7 +223,7 @@ TEST(PdfFile, ThatHasNoRoomOnTheDiskSaysSoAndLeavesTheOldOne) {
             Status status;
             {
                 const SmallDisk disk(room);
-                status = writePdf(document, path, everyPageGoesOn);
+                status = writePdf(document, path, Overwrite::replace, everyPageGoesOn);
             }
             ASSERT_FALSE(status);
             const std::string words = whileWriting(status, path).text();
@@ -230,7 +231,7 @@ TEST(PdfFile, ThatHasNoRoomOnTheDiskSaysSoAndLeavesTheOldOne) {
             EXPECT_THAT(words, HasSubstr(path + "”,原有的文件保持不变。")) << room;
             EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
         }
-        EXPECT_TRUE(writePdf(document, path, everyPageGoesOn));
+        EXPECT_TRUE(writePdf(document, path, Overwrite::replace, everyPageGoesOn));
         EXPECT_GT(std::filesystem::file_size(path), 20'000U);
     });
 }

@@ -1,0 +1,155 @@
+#include "base/system/output_target.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "base/system/staged_file.h"
+#include "tests/support/engine_cases.h"
+
+namespace chengheng {
+namespace {
+
+namespace targets = std::filesystem;
+
+const std::string booksStart("SQLite format 3\0 and pages", 26);
+
+void put(const std::string& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string contentOf(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+mode_t modeOf(const std::string& path) {
+    struct stat entry {};
+    EXPECT_EQ(stat(path.c_str(), &entry), 0) << path;
+    return entry.st_mode & 0777;
+}
+
+/// Writes a text as every writer writes its file.
+Status writeTo(const std::string& path, Overwrite overwrite, const std::string& text = "new") {
+    StagedFile staged(path, overwrite);
+    Status status = staged.status();
+    if (status) status = staged.write(text);
+    return status ? staged.place() : status;
+}
+
+class OutputTargets : public testing::Test {
+  protected:
+    std::string at(const std::string& name) const { return m_folder + "/" + name; }
+
+    std::string m_folder = freshFolder();
+};
+
+TEST_F(OutputTargets, AreNeverBooksNorWhatLiesBesideThem) {
+    put(at("n.db"), booksStart);
+    put(at("n.db-wal"), "log");
+    for (const char* name : {"n.db", "n.db-wal", "n.db-shm", "n.db-journal"})
+        for (const Overwrite overwrite : {Overwrite::refuse, Overwrite::replace})
+            EXPECT_EQ(writeTo(at(name), overwrite).failure, Failure::foreign) << name;
+    EXPECT_EQ(contentOf(at("n.db")), booksStart);
+    EXPECT_EQ(contentOf(at("n.db-wal")), "log");
+    EXPECT_FALSE(targets::exists(at("n.db-shm")));
+}
+
+TEST_F(OutputTargets, AreNotBooksBehindALinkEither) {
+    put(at("n.db"), booksStart);
+    targets::create_symlink("n.db", at("a.csv"));
+    EXPECT_EQ(writeTo(at("a.csv"), Overwrite::replace).failure, Failure::foreign);
+    EXPECT_EQ(contentOf(at("n.db")), booksStart);
+}
+
+TEST_F(OutputTargets, MayBeBooksForACopyOfBooksOnly) {
+    put(at("n.db"), booksStart);
+    EXPECT_TRUE(writeTo(at("n.db"), Overwrite::replaceBooks));
+    EXPECT_EQ(contentOf(at("n.db")), "new");
+}
+
+TEST_F(OutputTargets, MayBeAFileThatOnlyLooksLikeALogOfBooks) {
+    put(at("a.csv"), "old");
+    EXPECT_TRUE(writeTo(at("a.csv-wal"), Overwrite::refuse));
+}
+
+TEST_F(OutputTargets, BooksThatComeWhileTheFileIsMadeStay) {
+    StagedFile staged(at("n.db"), Overwrite::replace);
+    ASSERT_TRUE(staged.write("new"));
+    put(at("n.db"), booksStart);
+    EXPECT_EQ(staged.place().failure, Failure::foreign);
+    EXPECT_EQ(contentOf(at("n.db")), booksStart);
+}
+
+TEST_F(OutputTargets, StayAsTheyAreUnlessTheyMayBeReplaced) {
+    put(at("a.csv"), "old");
+    EXPECT_EQ(writeTo(at("a.csv"), Overwrite::refuse).failure, Failure::refused);
+    EXPECT_EQ(contentOf(at("a.csv")), "old");
+    EXPECT_TRUE(writeTo(at("a.csv"), Overwrite::replace));
+    EXPECT_EQ(contentOf(at("a.csv")), "new");
+}
+
+TEST_F(OutputTargets, LinksStayAndWhatTheyLeadToIsWritten) {
+    targets::create_directory(at("far"));
+    put(at("far/a.csv"), "old");
+    targets::create_symlink("far/a.csv", at("near.csv"));
+    targets::create_symlink(at("near.csv"), at("second.csv"));
+    EXPECT_TRUE(writeTo(at("second.csv"), Overwrite::replace));
+    EXPECT_TRUE(targets::is_symlink(at("second.csv")));
+    EXPECT_TRUE(targets::is_symlink(at("near.csv")));
+    EXPECT_EQ(contentOf(at("far/a.csv")), "new");
+}
+
+TEST_F(OutputTargets, LinkToNothingLeadsToANewFile) {
+    targets::create_symlink("new.csv", at("link.csv"));
+    EXPECT_TRUE(writeTo(at("link.csv"), Overwrite::refuse));
+    EXPECT_TRUE(targets::is_symlink(at("link.csv")));
+    EXPECT_EQ(contentOf(at("new.csv")), "new");
+}
+
+TEST_F(OutputTargets, LinksInACircleAreAFailure) {
+    targets::create_symlink("b.csv", at("a.csv"));
+    targets::create_symlink("a.csv", at("b.csv"));
+    EXPECT_EQ(writeTo(at("a.csv"), Overwrite::replace).failure, Failure::lost);
+}
+
+TEST_F(OutputTargets, FolderIsAFailureAndStays) {
+    targets::create_directory(at("a.csv"));
+    EXPECT_EQ(writeTo(at("a.csv"), Overwrite::replace).failure, Failure::lost);
+    EXPECT_TRUE(targets::is_directory(at("a.csv")));
+}
+
+TEST_F(OutputTargets, PipesAreWrittenThrough) {
+    ASSERT_EQ(mkfifo(at("pipe").c_str(), 0600), 0);
+    const std::string text(200'000, 'x');
+    std::string read;
+    std::thread reader([&] { read = contentOf(at("pipe")); });
+    EXPECT_TRUE(writeTo(at("pipe"), Overwrite::refuse, text));
+    reader.join();
+    EXPECT_EQ(read, text);
+    EXPECT_TRUE(targets::is_fifo(at("pipe")));
+}
+
+TEST_F(OutputTargets, DevicesAreWrittenThroughAndTheirFailuresTold) {
+    EXPECT_TRUE(writeTo("/dev/null", Overwrite::replaceBooks));
+    EXPECT_TRUE(targets::is_character_file("/dev/null"));
+    EXPECT_EQ(writeTo("/dev/full", Overwrite::replace).failure, Failure::full);
+}
+
+TEST_F(OutputTargets, NewFilesAreForTheirOwnerOnlyAndReplacedOnesAsTheyWere) {
+    EXPECT_TRUE(writeTo(at("a.csv"), Overwrite::refuse));
+    EXPECT_EQ(modeOf(at("a.csv")), 0600u);
+    ASSERT_EQ(chmod(at("a.csv").c_str(), 0644), 0);
+    EXPECT_TRUE(writeTo(at("a.csv"), Overwrite::replace));
+    EXPECT_EQ(modeOf(at("a.csv")), 0644u);
+}
+
+}  // namespace
+}  // namespace chengheng
