@@ -63,6 +63,7 @@ STATEMENTS = [
     ("space in advance changes nothing", "a.reserve(2 * b);", ["a.reserve(2 / b);"]),
     ("a value returned becomes the default", "return a.b(c);", ["return {};"]),
     ("a default value stays", "return nullptr;", []),
+    ("also one with a name", "return Status::done();", []),
     ("so does the first of an enumeration", "return Kind::first;", []),
     ("but not the second", "return Kind::second;", ["return {};"]),
     ("true has its own mutant", "return true;", ["return false;"]),

@@ -19,7 +19,9 @@ CALL = re.compile(
 ASSIGNMENT = re.compile(r"\*?[\w:.>\[\]()-]+ (?:[-+*/%|&^]|<<|>>)?= .*", re.DOTALL)
 DECLARATION = re.compile(r"\s*(const )?[\w:<>, ]+[\s&*]+\w+ = ", re.DOTALL)
 OF_NO_EFFECT = re.compile(r"[.>](reserve|shrink_to_fit)\(")
-NOT_FOR_DEFAULTS = {"true", "{}", "false", "0", "nullptr", "std::nullopt", '""'}
+# What a value made of nothing is already.
+NOT_FOR_DEFAULTS = {"true", "{}", "false", "0", "nullptr", "std::nullopt", '""', "'\\0'",
+                    "Status::done()", "UntoldOutcome::done()"}
 CONTROL_HEAD = re.compile(r"\b(?:if|for|while)\s*(?:constexpr\s*)?\(")
 
 
