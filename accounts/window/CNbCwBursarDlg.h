@@ -36,8 +36,9 @@ class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
     bool OnCreate() override;
     bool OnInitDialog() override;
     bool OnCommand(int command) override;
-    /// Enter outside the grid does nothing.
-    void OnOK() override {}
+    /// Enter outside the grid and Escape leave the chart open; only 退出 and the frame close it.
+    void OnOK() override { UpdateData(); }
+    void OnCancel() override { UpdateData(false); }
     void PostNcDestroy() override;
 
     /// Lists the accounts of a class, or all.

@@ -282,6 +282,21 @@ TEST_F(ChartTest, JumpsToWhatIsTypedIntoTheSearch) {
     EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(ChartTest, StaysOpenOnEscapeAndEnterAndClosesByItsCommand) {
+    addSomeAccounts();
+    open();
+    for (QWidget* place : {static_cast<QWidget*>(&window->grid()), static_cast<QWidget*>(&*window)})
+        for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Enter, Qt::Key_Escape}) {
+            if (place == &window->grid() && key == Qt::Key_Enter) continue;
+            QTest::keyClick(place, key);
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(window->isVisible());
+        }
+    EXPECT_TRUE(books.messages().texts().empty());
+    window->OnCommand(chart_command::exit);
+    EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(ChartTest, SearchesForWhatIsTypedIntoTheGrid) {
     addSomeAccounts();
     open();
