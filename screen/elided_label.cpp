@@ -14,7 +14,7 @@ QSize ElidedLabel::minimumSizeHint() const { return {0, QLabel::minimumSizeHint(
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRect room = contentsRect();
-    painter.drawText(room, static_cast<int>(alignment()),
+    painter.drawText(room, static_cast<int>(alignment()) | Qt::TextSingleLine,
                      fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }
 

@@ -6,8 +6,10 @@
 #include <cmath>
 #include <string>
 
+#include "base/values/digit_groups.h"
 #include "base/values/numbers.h"
 #include "base/values/text.h"
+#include "opening/sheet/opening_texts.h"
 
 namespace chengheng {
 namespace {
@@ -59,17 +61,12 @@ class AmountReader {
   public:
     explicit AmountReader(std::string_view text) : m_text(text) {}
 
-    /// A number without a sign, its separators anywhere between the digits of its whole part.
+    /// A number without a sign. One with a decimal comma is read over as any other.
     double number() {
-        std::string digits;
-        while (!m_text.empty()) {
-            const bool isSeparator = m_text.size() > 1 && m_text[0] == ',' && !digits.empty() &&
-                                     isDigit(digits.back()) && isDigit(m_text[1]) &&
-                                     digits.find('.') == std::string::npos;
-            if (!isSeparator && !isDigit(m_text[0]) && m_text[0] != '.') break;
-            if (!isSeparator) digits += m_text[0];
-            m_text.remove_prefix(1);
-        }
+        const std::string_view written = takeWritten();
+        const bool isWithComma = hasDecimalComma(written);
+        if (isWithComma) m_hasDecimalComma = true;
+        std::string digits = isWithComma ? "0" : withoutDigitGroups(written).value_or("");
         takeExponent(digits);
         double value = 0;
         const char* const end = digits.data() + digits.size();
@@ -95,6 +92,7 @@ class AmountReader {
         skipBlanks();
         return !m_isFaulty && m_text.empty();
     }
+    bool hasMetDecimalComma() const { return m_hasDecimalComma; }
 
   private:
     double product(int depth) {
@@ -125,6 +123,13 @@ class AmountReader {
     void skipBlanks() {
         while (!m_text.empty() && m_text[0] == ' ') m_text.remove_prefix(1);
     }
+    /// Digits, points and separators.
+    std::string_view takeWritten() {
+        const std::size_t end = std::min(m_text.find_first_not_of("0123456789.,"), m_text.size());
+        const std::string_view written = m_text.substr(0, end);
+        m_text.remove_prefix(end);
+        return written;
+    }
     void takeExponent(std::string& digits) {
         if (digits.empty() || m_text.empty() || (m_text[0] != 'e' && m_text[0] != 'E')) return;
         digits += 'e';
@@ -141,6 +146,7 @@ class AmountReader {
 
     std::string_view m_text;
     bool m_isFaulty = false;
+    bool m_hasDecimalComma = false;
 };
 
 /// A number with an optional sign, or in brackets when it is negative.
@@ -156,17 +162,29 @@ double signedNumber(AmountReader& reader, bool& isClosed) {
     return reader.number();
 }
 
-}  // namespace
+struct Reading {
+    std::optional<double> value;
+    bool hasDecimalComma = false;  ///< which is all that keeps it from being a number
+};
 
-std::optional<double> readAmount(std::string_view text) {
+Reading readingOf(std::string_view text) {
     const std::string plain = narrow(text);
     const std::string_view amount = withoutBlanksAround(plain);
-    if (amount == "-") return 0;
+    if (amount == "-") return {.value = 0};
     AmountReader reader(amount);
     bool isClosed = true;
     const double value = reader.take('=') ? reader.sum() : signedNumber(reader, isClosed);
-    if (!isClosed || !reader.isDone() || !std::isfinite(value)) return std::nullopt;
-    return value + 0.0;
+    if (!isClosed || !reader.isDone()) return {};
+    if (reader.hasMetDecimalComma()) return {.value = std::nullopt, .hasDecimalComma = true};
+    return {.value = std::isfinite(value) ? std::optional(value + 0.0) : std::nullopt};
+}
+
+}  // namespace
+
+std::optional<double> readAmount(std::string_view text) { return readingOf(text).value; }
+
+const char* whyNoAmount(std::string_view text) {
+    return readingOf(text).hasDecimalComma ? opening_texts::decimalComma : opening_texts::noNumber;
 }
 
 double typedAmount(std::string_view text, Measure measure) {

@@ -83,7 +83,7 @@ PlannedCell plannedFigure(const OpeningSheet& sheet, std::size_t place, Measure 
     const OpeningAccount& account = sheet.accounts()[place];
     const auto number = numberIn(cell);
     if (!number) {
-        PlannedCell refused = refusedCell(cell, texts::noNumber);
+        PlannedCell refused = refusedCell(cell, whyNoAmount(cell.text));
         refused.code = account.code;
         return refused;
     }

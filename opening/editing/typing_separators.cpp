@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/values/digit_groups.h"
 #include "base/values/text.h"
 
 namespace chengheng {
@@ -18,6 +19,10 @@ TypedText withoutSeparators(const TypedText& typed) {
         if (at < typed.cursor) ++bare.cursor;
     }
     return bare;
+}
+
+bool isGrouped(std::string_view text) {
+    return withoutDigitGroups(text.substr(text.starts_with('-') ? 1 : 0)).has_value();
 }
 
 /// Where the digits before the point begin and end; an empty span when it is no plain number.
@@ -42,6 +47,7 @@ TypedText withSeparators(const TypedText& typed) {
     const TypedText bare = withoutSeparators(typed);
     const Span whole = wholePart(bare.text);
     if (whole.first == whole.last) return typed;
+    if (bare.text[whole.first] == '0') return bare;
     TypedText grouped;
     for (std::size_t at = 0; at < bare.text.size(); ++at) {
         const bool isWhole = at > whole.first && at < whole.last;
@@ -53,6 +59,12 @@ TypedText withSeparators(const TypedText& typed) {
         if (at < bare.cursor) ++grouped.cursor;
     }
     return grouped;
+}
+
+TypedText withSeparators(const TypedText& typed, std::string_view before) {
+    const bool hasMore = std::ranges::count(typed.text, ',') > std::ranges::count(before, ',');
+    const bool isAsTyped = !isGrouped(typed.text) && (hasMore || !isGrouped(before));
+    return isAsTyped ? typed : withSeparators(typed);
 }
 
 }  // namespace chengheng

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "base/values/text.h"
 #include "data/access/host_database.h"
 #include "data/access/unit_of_work.h"
 #include "data/lookups/CGetData.h"
@@ -42,6 +43,17 @@ Status readAnew(OpeningBooks& books) {
     return status;
 }
 
+/// What is told of a typed text; nothing when it is a number or only empties the cell.
+std::string remarkOn(std::string_view typed, bool hasChanged) {
+    constexpr std::size_t longestShown = 30;
+    if (withoutBlanksAround(typed).empty() || readAmount(typed)) return {};
+    std::string shown(firstCharacters(typed, longestShown));
+    if (shown.size() < typed.size()) shown += "…";
+    const char* const reason = whyNoAmount(typed);
+    return hasChanged ? fmt::format(opening_texts::takenAsZero, shown, reason)
+                      : fmt::format(opening_texts::countsAsZero, shown, reason);
+}
+
 }  // namespace
 
 const char* OpeningWork::modeText() const { return isBrowsing() ? opening_texts::browsing : ""; }
@@ -54,10 +66,13 @@ Outcome OpeningWork::refresh() {
     }
     m_books = std::move(books);
     ++m_readings;
+    m_remark.clear();
     return Outcome::done;
 }
 
 Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
+    m_isChanged = true;
+    m_remark.clear();
     StepWriter writer(m_books);
     const Outcome outcome = writer.write(m_messages, make, written);
     if (writer.hasReadAnew()) ++m_readings;
@@ -70,15 +85,25 @@ Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
 Outcome OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
     if (!sheet().isEditable(line, column)) return Outcome::refused;
     const Measure measure = sheet().line(line).measure;
-    return writeFigures({{sheet().accountOfLine(line).id, measure,
-                          figureOf(sheet().columns()[column].field), typedAmount(typed, measure)}});
+    bool hasChanged = false;
+    const Outcome outcome =
+        writeTyped({{sheet().accountOfLine(line).id, measure,
+                     figureOf(sheet().columns()[column].field), typedAmount(typed, measure)}},
+                   hasChanged);
+    if (outcome == Outcome::done) m_remark = remarkOn(typed, hasChanged);
+    return outcome;
 }
 
 Outcome OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
-    m_isChanged = true;
+    bool hasChanged = false;
+    return writeTyped(figures, hasChanged);
+}
+
+Outcome OpeningWork::writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged) {
     EditStep written;
     const auto make = [&](const OpeningSheet& current) { return typedStep(current, figures); };
     const Outcome outcome = write(make, written);
+    hasChanged = !written.empty();
     if (outcome == Outcome::done) m_journal.add(std::move(written));
     return outcome;
 }
@@ -111,7 +136,6 @@ Outcome OpeningWork::exportTo(const std::string& path) {
 
 Outcome OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),
                           void (EditJournal::*forget)()) {
-    m_isChanged = true;
     EditStep written;
     const Outcome outcome = write([&step](const OpeningSheet&) { return step; }, written);
     if (outcome == Outcome::done) (m_journal.*arrived)();

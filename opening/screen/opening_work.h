@@ -39,6 +39,8 @@ class OpeningWork {
     /// The cells that steps have changed since this was last asked; lines read anew are not told
     /// by cells.
     std::vector<OpeningCell> takeChangedCells() { return std::exchange(m_changedCells, {}); }
+    /// That the text typed last was no number and what became of it; until the next edit.
+    const std::string& remark() const { return m_remark; }
     bool isBrowsing() const { return m_books.sheet.isBrowsing(); }
     /// "浏览,只读" or nothing.
     const char* modeText() const;
@@ -52,8 +54,11 @@ class OpeningWork {
     bool canRedo() const { return stepToRedo() != nullptr; }
 
     /// A cell is being edited: from now on there is something to save.
-    void beginEdit() { m_isChanged = true; }
-    /// Writes what was typed into an editable cell.
+    void beginEdit() {
+        m_isChanged = true;
+        m_remark.clear();
+    }
+    /// Writes what was typed into an editable cell. A text that is no number is written as 0.
     Outcome endEdit(std::size_t line, std::size_t column, std::string_view typed);
     /// Writes many figures as one step; nothing is written unless everything is.
     Outcome writeFigures(const std::vector<TypedFigure>& figures);
@@ -89,6 +94,7 @@ class OpeningWork {
 
   private:
     Outcome write(const StepMaker& make, EditStep& written);
+    Outcome writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged);
     Outcome goTo(const EditStep& step, void (EditJournal::*arrived)(),
                  void (EditJournal::*forget)());
 
@@ -98,6 +104,7 @@ class OpeningWork {
     bool m_isChanged = false;
     std::uint64_t m_readings = 0;
     std::vector<OpeningCell> m_changedCells;
+    std::string m_remark;
 };
 
 }  // namespace chengheng

@@ -149,6 +149,10 @@ inline constexpr const char* keepsNoQuantity = "科目不核算数量";
 inline constexpr const char* typedAuxiliary = "辅助科目的期初余额请在辅助期初中录入";
 inline constexpr const char* tooLargeCell = "数值太大,最大为9,999,999,999,999.99";
 inline constexpr const char* noNumber = "不是数字";
+inline constexpr const char* decimalComma = "不是数字:小数点应为“.”,不能用“,”";
+/// In the line below the grid: what was typed, and why it is no number.
+inline constexpr const char* takenAsZero = "“{}”{}。已按 0 录入,按 Ctrl+Z 恢复原来的金额。";
+inline constexpr const char* countsAsZero = "“{}”{}。按 0 计算,金额没有改变。";
 inline constexpr const char* belowSheet = "超出了表格的最后一行";
 inline constexpr const char* noFigureColumn = "这一列不能录入";
 inline constexpr const char* codeMissing = "没有科目编码";

@@ -14,6 +14,7 @@ FigureEditing::FigureEditing(OpeningGrid& grid, OpeningWork& work, IMessages& me
     connect(m_editor, &FigureEditor::begun, this, [this] {
         m_work.beginEdit();
         m_isRefused = false;
+        emit begun();
     });
     connect(m_editor, &FigureEditor::typed, this,
             [this](const QModelIndex& index, const QString& text) {

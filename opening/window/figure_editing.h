@@ -18,6 +18,8 @@ class FigureEditing final : public QObject {
     bool finish();
 
   signals:
+    /// Typing has begun.
+    void begun();
     /// What was typed has been written or refused.
     void ended();
 

@@ -12,16 +12,29 @@ namespace {
 constexpr int longestText = 200;
 
 /// Puts the separators where they belong in the text that has been typed so far.
-void separate(QLineEdit& field) {
+void separate(QLineEdit& field, const QString& before) {
     const QString text = field.text();
     const auto cursor = text.left(field.cursorPosition()).toUtf8().size();
     const TypedText typed{text.toStdString(), static_cast<std::size_t>(cursor)};
-    const TypedText separated = withSeparators(typed);
+    const TypedText separated = withSeparators(typed, before.toStdString());
     if (separated == typed) return;
     field.setText(QString::fromStdString(separated.text));
     field.setCursorPosition(static_cast<int>(separated.cursor));
     field.setModified(true);
 }
+
+/// A field in which the separators come as one types.
+class FigureField final : public QLineEdit {
+  public:
+    explicit FigureField(QWidget* parent) : QLineEdit(parent) {
+        connect(this, &QLineEdit::textEdited, this, [this] { separate(*this, m_before); });
+        // After the above.
+        connect(this, &QLineEdit::textChanged, this, [this] { m_before = text(); });
+    }
+
+  private:
+    QString m_before;
+};
 
 NextCell nextCellFor(const QKeyEvent& key) {
     const bool isBack = (key.modifiers() & Qt::ShiftModifier) != 0;
@@ -51,7 +64,7 @@ bool isOfTheWindow(const QKeyEvent& key) {
 
 QWidget* FigureEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                     const QModelIndex& index) const {
-    auto* field = new QLineEdit(parent);
+    auto* field = new FigureField(parent);
     field->setObjectName(QStringLiteral("figure"));
     field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     field->setAlignment(Qt::AlignRight);
@@ -60,7 +73,6 @@ QWidget* FigureEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&
     QPalette palette = field->palette();
     palette.setColor(QPalette::Base, colours::found);
     field->setPalette(palette);
-    connect(field, &QLineEdit::textEdited, field, [field] { separate(*field); });
     emit begun();
     return field;
 }

@@ -22,23 +22,31 @@ void showAmount(QLabel& label, fmt::format_string<std::string> text, double amou
 
 OpeningFoot::OpeningFoot(QWidget* parent) : QWidget(parent) {
     using namespace opening_layout;
-    auto* line = new QHBoxLayout(this);
-    line->setContentsMargins(margin / 2, margin, margin / 2, 0);
+    auto* lines = new QVBoxLayout(this);
+    lines->setContentsMargins(margin / 2, margin, margin / 2, 0);
+    auto* line = new QHBoxLayout;
     line->setSpacing(2 * spacing);
-    m_debits = addSum("debits");
-    m_credits = addSum("credits");
-    m_difference = addSum("difference");
+    lines->addLayout(line);
+    m_debits = addSum(*line, "debits");
+    m_credits = addSum(*line, "credits");
+    m_difference = addSum(*line, "difference");
     m_account = new ElidedLabel(this);
     m_account->setObjectName(QStringLiteral("account"));
     m_account->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     line->addWidget(m_account, 1);
+    m_remark = new ElidedLabel(this);
+    m_remark->setObjectName(QStringLiteral("remark"));
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, opening_colours::negative);
+    m_remark->setPalette(colours);
+    lines->addWidget(m_remark);
 }
 
-QLabel* OpeningFoot::addSum(const char* name) {
+QLabel* OpeningFoot::addSum(QLayout& line, const char* name) {
     auto* label = new QLabel(this);
     label->setObjectName(QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
-    layout()->addWidget(label);
+    line.addWidget(label);
     return label;
 }
 
@@ -54,5 +62,7 @@ void OpeningFoot::showTotals(const TrialBalance& totals) {
 void OpeningFoot::showAccount(const OpeningAccount& account) {
     m_account->setText(shown(account.code + ' ' + account.name));
 }
+
+void OpeningFoot::showRemark(const std::string& remark) { m_remark->setText(shown(remark)); }
 
 }  // namespace chengheng

@@ -5,11 +5,12 @@
 #include "opening/balance/trial_balance.h"
 
 class QLabel;
+class QLayout;
 
 namespace chengheng {
 
 /// Below the grid: the sums of debits and credits, and the account that the keyboard is on, whose
-/// columns may be out of sight.
+/// columns may be out of sight. Below these, what there is to say of the last edit.
 class OpeningFoot final : public QWidget {
     Q_OBJECT
 
@@ -18,14 +19,17 @@ class OpeningFoot final : public QWidget {
 
     void showTotals(const TrialBalance& totals);
     void showAccount(const OpeningAccount& account);
+    /// A line of its own, which keeps its place while it is empty.
+    void showRemark(const std::string& remark);
 
   private:
-    QLabel* addSum(const char* name);
+    QLabel* addSum(QLayout& line, const char* name);
 
     QLabel* m_debits;
     QLabel* m_credits;
     QLabel* m_difference;
     QLabel* m_account;
+    QLabel* m_remark;
 };
 
 }  // namespace chengheng

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/values/digit_groups.h"
+
 namespace chengheng {
 namespace {
 
@@ -19,9 +21,10 @@ struct Figure {
 constexpr std::size_t mostDigits = 15;
 
 std::optional<Figure> figureOf(std::string_view text) {
-    std::string digits;
-    for (const char letter : text)
-        if (letter != ',') digits += letter;
+    const bool isNegative = text.starts_with('-');
+    auto grouped = withoutDigitGroups(text.substr(isNegative ? 1 : 0));
+    if (!grouped) return std::nullopt;
+    const std::string digits = (isNegative ? "-" : "") + *grouped;
     Figure figure;
     const char* const end = digits.data() + digits.size();
     const auto read = std::from_chars(digits.data(), end, figure.value, std::chars_format::fixed);

@@ -144,6 +144,14 @@ TEST_P(OpeningCommands, ImportAllOrNothing) {
     EXPECT_EQ(trialBalance().code, done);
 }
 
+TEST_P(OpeningCommands, RefuseCommasThatPartNoGroup) {
+    const ToolRun run = import("科目编码,期初余额\n1001,\"1,5\"\n10020101,\"12,34,567\"\n");
+    EXPECT_EQ(run.code, wrongInput);
+    EXPECT_THAT(run.out, HasSubstr("第 2 行 B 列:1001 不是数字:小数点应为“.”,不能用“,”(“1,5”)\n"));
+    EXPECT_THAT(run.out, HasSubstr("第 3 行 B 列:10020101 不是数字(“12,34,567”)\n"));
+    EXPECT_EQ(trialBalance().code, done);
+}
+
 TEST_P(OpeningCommands, RefuseFilesThatAreNoneOfTheirs) {
     const ToolRun run = import("1001,5\n");
     EXPECT_EQ(run.code, failed);

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 #include <string>
+
+#include "base/values/numbers.h"
 
 using namespace chengheng;
 
@@ -39,15 +42,65 @@ TEST(Amounts, AreReadWithSignsSeparatorsAndBlanks) {
     EXPECT_EQ(read("\t5\u00A0"), 5);
     EXPECT_EQ(readAmount("1\n2"), std::nullopt);
     EXPECT_EQ(read("+12"), 12);
-    EXPECT_EQ(read("12,3"), 123);
     EXPECT_EQ(read(".5"), 0.5);
     EXPECT_EQ(read("5."), 5);
     EXPECT_EQ(read("1.5E+03"), 1500);
 }
 
-TEST(Amounts, TakeASeparatorOnlyBetweenDigitsOfTheWholePart) {
-    for (const char* text : {",5", "5,", "1,,2", "1.2,3"})
+TEST(Amounts, TakeASeparatorOnlyBetweenGroupsOfThreeBeforeThePoint) {
+    EXPECT_EQ(read("1,234"), 1234);
+    EXPECT_EQ(read("12,345.6"), 12345.6);
+    EXPECT_EQ(read("123,456,789.05"), 123456789.05);
+    EXPECT_EQ(read("１，２３４"), 1234);
+    EXPECT_EQ(read("(1,234)"), -1234);
+    EXPECT_EQ(read("¥-1,234"), -1234);
+    EXPECT_EQ(read("1,234e2"), 123400);
+    for (const char* text :
+         {",5",        "5,",        "1,,2",         "1.2,3",      "1,234,",    ",123",
+          "1,23,456",  "12,34,567", "1234,567,890", "1,2345,678", "1,234.5,6", "1.234,567.8",
+          "1,234 567", "1, 234",    "0,123,456",    "1,5x",       "1,5,",      "abc",
+          "",          "=1,5+",     "1,5 2"}) {
         EXPECT_EQ(readAmount(text), std::nullopt) << text;
+        EXPECT_STREQ(whyNoAmount(text), "不是数字") << text;
+    }
+}
+
+TEST(Amounts, WithADecimalCommaAreNoneAndItIsTold) {
+    for (const char* text :
+         {"1,5", "0,01", "12,34", "1,2345", "1234,5", "1234,567", "0,125", "1.234,56", "-1,5",
+          "(1,5)", "¥1,5", " 1,5 ", "１，５", "0,5e3", "=1,5+2", "=(2+1,25)*2"}) {
+        EXPECT_EQ(readAmount(text), std::nullopt) << text;
+        EXPECT_STREQ(whyNoAmount(text), "不是数字:小数点应为“.”,不能用“,”") << text;
+        EXPECT_EQ(typedAmount(text, Measure::money), 0) << text;
+    }
+}
+
+TEST(Amounts, ReadBackAsTheyAreWrittenWithSeparators) {
+    std::mt19937_64 random(12);
+    for (int round = 0; round < 20'000; ++round) {
+        const int decimals = static_cast<int>(random() % 6);
+        const auto range = static_cast<std::int64_t>(std::pow(10.0, 1 + round % 15));
+        const auto units = static_cast<std::int64_t>(random() % (2 * range)) - range;
+        double amount = static_cast<double>(units) / std::pow(10.0, decimals);
+        Round(amount, decimals);
+        const std::string text = ftoaWithSap(amount, decimals);
+        EXPECT_EQ(readAmount(text), amount + 0.0) << text;
+    }
+}
+
+TEST(Amounts, AreNoneWhenASeparatorOfThemIsMovedAddedOrTakenAway) {
+    std::mt19937_64 random(34);
+    const auto isGrouping = [](std::string text) {
+        return ftoaWithSap(readAmount(text).value_or(0), 2) == text;
+    };
+    for (int round = 0; round < 20'000; ++round) {
+        std::string text = ftoaWithSap(static_cast<double>(random() % 10'000'000'000) / 100, 2);
+        const std::size_t comma = text.find(',');
+        const std::size_t place = random() % (text.size() + 1);
+        if (comma != std::string::npos && round % 2 == 0) text.erase(comma, 1);
+        text.insert(std::min(place, text.size()), ",");
+        EXPECT_TRUE(!readAmount(text) || isGrouping(text)) << text;
+    }
 }
 
 TEST(Amounts, AreReadAsSpreadsheetsShowThem) {

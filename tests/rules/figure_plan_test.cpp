@@ -73,6 +73,16 @@ TEST(Pastes, AreRefusedAsAWholeForOneCellThatIsNoNumber) {
     EXPECT_FALSE(plan.mayBeApplied());
 }
 
+TEST(Pastes, AreRefusedForACommaThatPartsNoGroup) {
+    const FigurePlan plan = pasted(pasteSheet(), 2, "1,5\n１２，３４\n");
+    const std::string reason = "不是数字:小数点应为“.”,不能用“,”";
+    EXPECT_EQ(fatesOf(plan),
+              (Texts{"0,0 100201 refused " + reason, "1,0 100201 refused " + reason}));
+    EXPECT_EQ(plannedCellText(plan.cells[0]), "第 1 行 A 列:100201 " + reason + "(“1,5”)");
+    EXPECT_EQ(fatesOf(pasted(pasteSheet(), 0, "1,23,456")), Texts{"0,0 1001 refused 不是数字"});
+    EXPECT_EQ(fatesOf(pasted(pasteSheet(), 0, "1,234")), Texts{"0,0 1001 changed 1234"});
+}
+
 TEST(Pastes, AreRefusedWhereNothingMayBeTyped) {
     EXPECT_EQ(fatesOf(pasted(pasteSheet(), 4, "71")),
               Texts{"0,0 1122 refused 辅助科目的期初余额请在辅助期初中录入"});
@@ -207,6 +217,17 @@ TEST(OpeningImports, FindAccountsByCodeAndColumnsByHeading) {
                                      "c,8,1001,\n");
     EXPECT_EQ(fatesOf(plan),
               (Texts{"2,1 100201 changed 1000", "2,3 100201 changed 50", "4,1 1001 changed 8"}));
+}
+
+TEST(OpeningImports, RefuseACommaThatPartsNoGroup) {
+    const FigurePlan plan = imported(pasteSheet(),
+                                     "科目编码;期初余额;外币期初余额\n"
+                                     "1001;0,01;\n"
+                                     "100201;1.234,56;12,34,567\n"
+                                     "1403;1,234;\n");
+    EXPECT_EQ(fatesOf(plan), (Texts{"1,1 1001 refused 不是数字:小数点应为“.”,不能用“,”",
+                                    "2,1 100201 refused 不是数字:小数点应为“.”,不能用“,”",
+                                    "2,2 100201 refused 不是数字", "3,1 1403 changed 1234"}));
 }
 
 TEST(OpeningImports, NameRowAndColumnOfWhatTheyRefuse) {

@@ -31,12 +31,13 @@ TEST(ReportSheet, HasARowOfHeadingsThenTheRows) {
 }
 
 TEST(ReportSheet, MakesNumbersOfAColumnOfFigures) {
-    const Sheet sheet = sheetOfFigures({"1,234.50", "-0.05", {}, "0.00"});
+    const Sheet sheet = sheetOfFigures({"1,234.50", "-0.05", {}, "0.00", "-1,234,567.80"});
     EXPECT_EQ(sheet.columns[0].decimals, 2);
     EXPECT_EQ(sheet.at(1, 0), Cell::of(1234.5));
     EXPECT_EQ(sheet.at(2, 0), Cell::of(-0.05));
     EXPECT_TRUE(sheet.at(3, 0).isAbsent());
     EXPECT_EQ(sheet.at(4, 0), Cell::of(0.0));
+    EXPECT_EQ(sheet.at(5, 0), Cell::of(-1234567.8));
 }
 
 TEST(ReportSheet, KeepsTextsWhereAColumnIsNotAllFigures) {
@@ -46,6 +47,10 @@ TEST(ReportSheet, KeepsTextsWhereAColumnIsNotAllFigures) {
                                                                   {"1."},
                                                                   {"-"},
                                                                   {","},
+                                                                  {"1,5"},
+                                                                  {"0,01"},
+                                                                  {"12,34.00"},
+                                                                  {"-1,5"},
                                                                   {"nan"},
                                                                   {"12345678901234.56"}}) {
         const Sheet sheet = sheetOfFigures(cells);
