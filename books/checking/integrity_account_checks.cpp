@@ -2,6 +2,7 @@
 #include <set>
 #include <string_view>
 
+#include "base/values/text.h"
 #include "books/checking/integrity_parts.h"
 #include "books/checking/integrity_texts.h"
 
@@ -19,6 +20,8 @@ Status checkUniqueCodes(CheckedBooks& books, FaultList& faults) {
 }
 
 Status checkCodePattern(CheckedBooks& books, FaultList& faults) {
+    for (const CheckedAccount& account : books.accounts())
+        if (hasBlank(account.code)) faults.add(integrity_texts::blankInCode(account));
     if (books.levels().count() == 0) return Status::done();  // the pattern itself is the fault
     for (const CheckedAccount& account : books.accounts())
         if (!books.levels().isWellFormed(account.code))

@@ -10,9 +10,10 @@
 namespace chengheng {
 namespace {
 
-constexpr std::array<IntegrityCheck, 17> checks{{
+constexpr std::array<IntegrityCheck, 18> checks{{
     {"engine", integrity_texts::engineTitle, checkEngine},
     {"parameters", integrity_texts::parametersTitle, checkParameters},
+    {"cells", integrity_texts::cellsTitle, checkCells},
     {"idCounters", integrity_texts::idCountersTitle, checkIdCounters},
     {"sharedIds", integrity_texts::sharedIdsTitle, checkSharedIds},
     {"uniqueCodes", integrity_texts::uniqueCodesTitle, checkUniqueCodes},

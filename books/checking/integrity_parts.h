@@ -68,6 +68,8 @@ class FaultList {
 Status checkEngine(CheckedBooks& books, FaultList& faults);
 Status checkParameters(CheckedBooks& books, FaultList& faults);
 
+Status checkCells(CheckedBooks& books, FaultList& faults);
+
 Status checkIdCounters(CheckedBooks& books, FaultList& faults);
 Status checkSharedIds(CheckedBooks& books, FaultList& faults);
 

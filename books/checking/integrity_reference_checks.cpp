@@ -6,6 +6,7 @@
 #include "books/checking/integrity_sql.h"
 #include "books/checking/integrity_texts.h"
 #include "data/transfer/stored_tables.h"
+#include "session/rights/passwords.h"
 
 namespace chengheng {
 namespace {
@@ -131,15 +132,20 @@ Status checkProjectItems(CheckedBooks& books, FaultList& faults) {
 }
 
 Status checkOperators(CheckedBooks& books, FaultList& faults) {
+    bool hasManager = false;
     Status status =
-        forEachRow(books.engine(), integrity_sql::operators, {}, [&faults](const Cursor& row) {
+        forEachRow(books.engine(), integrity_sql::operators, {}, [&](const Cursor& row) {
             const std::int64_t id = row.integer(0);
             const std::int64_t userId = row.integer(1);
             const std::int64_t rights = row.integer(3);
             if (id != userId) faults.add(integrity_texts::operatorIds(row.text(2), id, userId));
             if (rights != 1) faults.add(integrity_texts::operatorRights(row.text(2), rights));
+            hasManager = hasManager || row.integer(4) != 0;
+            if (!isPasswordHash(row.text(5)))
+                faults.add(integrity_texts::passwordUnsafe(row.text(2)));
             return Status::done();
         });
+    if (status && !hasManager) faults.add(integrity_texts::noManager);
     if (status)
         status = forEachRow(
             books.engine(), integrity_sql::operatorNames, {}, [&faults](const Cursor& row) {

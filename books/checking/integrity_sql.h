@@ -45,7 +45,7 @@ std::string hasItem(const std::string& itemTable);
 
 inline constexpr const char* operators =
     "SELECT u.lId, u.lUserId, u.sUserName, (SELECT count(*) FROM UserAuth a WHERE a.lUserId = "
-    "u.lUserId) FROM Users u ORDER BY u.lId";
+    "u.lUserId), u.bManager, u.sPassword FROM Users u ORDER BY u.lId";
 inline constexpr const char* operatorNames =
     "SELECT sUserName, count(*) FROM Users GROUP BY sUserName HAVING count(*) > 1 ORDER BY "
     "sUserName";

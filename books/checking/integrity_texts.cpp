@@ -26,6 +26,25 @@ std::string wrongPattern(std::string_view pattern) {
     return fmt::format("科目级长“{}”不正确", pattern);
 }
 
+std::string cellWrong(std::string_view table, std::string_view id, std::string_view column,
+                      std::string_view fault) {
+    return fmt::format("{} 编号 {} 的 {}:{}", table, id, column, fault);
+}
+
+std::string notWhole(std::string_view value) { return fmt::format("“{}”不是整数", value); }
+
+std::string outOfRange(std::int64_t value, std::int64_t least, std::int64_t most) {
+    return fmt::format("{} 不在 {} 到 {} 之间", value, least, most);
+}
+
+std::string notNumber(std::string_view value) { return fmt::format("“{}”不是数字", value); }
+
+std::string controlCharacter(std::string_view value) {
+    return fmt::format("“{}”中有控制字符", value);
+}
+
+std::string notDate(std::string_view value) { return fmt::format("“{}”不是日期", value); }
+
 std::string counterMissing(std::string_view row) {
     return fmt::format("ABIdTable 中没有“{}”一行", row);
 }
@@ -45,6 +64,10 @@ std::string idInBoth(std::string_view one, std::string_view other, std::int64_t 
 
 std::string codeTwice(const CheckedAccount& account, int times) {
     return fmt::format("{}:编码出现 {} 次", shown(account), times);
+}
+
+std::string blankInCode(const CheckedAccount& account) {
+    return fmt::format("{}:编码中有空格", shown(account));
 }
 
 std::string codeUnfit(const CheckedAccount& account, std::string_view pattern) {
@@ -96,6 +119,10 @@ std::string operatorTwice(std::string_view name, std::int64_t times) {
 
 std::string operatorRights(std::string_view name, std::int64_t rows) {
     return fmt::format("操作员 {}:UserAuth 中应有 1 行权限,实有 {} 行", name, rows);
+}
+
+std::string passwordUnsafe(std::string_view name) {
+    return fmt::format("操作员 {}:口令为空或没有加密", name);
 }
 
 std::string strayRights(std::int64_t id, std::int64_t userId) {

@@ -16,6 +16,7 @@ namespace integrity_texts {
 
 inline constexpr const char* engineTitle = "数据库文件";
 inline constexpr const char* parametersTitle = "帐套参数";
+inline constexpr const char* cellsTitle = "单元数据";
 inline constexpr const char* idCountersTitle = "编号计数";
 inline constexpr const char* sharedIdsTitle = "凭证编号";
 inline constexpr const char* uniqueCodesTitle = "科目编码唯一";
@@ -46,6 +47,17 @@ std::string engineFault(std::string_view detail);
 std::string parameterRows(int rows);
 std::string wrongPattern(std::string_view pattern);
 
+/// The value of a column in the row of an id, and what is wrong with it.
+std::string cellWrong(std::string_view table, std::string_view id, std::string_view column,
+                      std::string_view fault);
+std::string notWhole(std::string_view value);
+std::string outOfRange(std::int64_t value, std::int64_t least, std::int64_t most);
+std::string notNumber(std::string_view value);
+inline constexpr const char* notFinite = "不是有限的数";
+inline constexpr const char* notUtf8 = "不是有效的 UTF-8 文字";
+std::string controlCharacter(std::string_view value);
+std::string notDate(std::string_view value);
+
 std::string counterMissing(std::string_view row);
 std::string counterTwice(std::string_view row, int times);
 std::string counterBehind(std::string_view row, std::int64_t counter, std::string_view table,
@@ -53,6 +65,7 @@ std::string counterBehind(std::string_view row, std::int64_t counter, std::strin
 std::string idInBoth(std::string_view one, std::string_view other, std::int64_t id);
 
 std::string codeTwice(const CheckedAccount& account, int times);
+std::string blankInCode(const CheckedAccount& account);
 std::string codeUnfit(const CheckedAccount& account, std::string_view pattern);
 std::string wrongGrade(const CheckedAccount& account, int grade);
 std::string parentMissing(const CheckedAccount& account, std::string_view parent);
@@ -69,6 +82,8 @@ std::string operatorIds(std::string_view name, std::int64_t id, std::int64_t use
 std::string operatorTwice(std::string_view name, std::int64_t times);
 std::string operatorRights(std::string_view name, std::int64_t rows);
 std::string strayRights(std::int64_t id, std::int64_t userId);
+inline constexpr const char* noManager = "没有主管:Users 中没有 bManager 不为 0 的操作员";
+std::string passwordUnsafe(std::string_view name);
 
 std::string wrongPeriods(const CheckedAccount& account, std::string_view periods);
 std::string sumsDiffer(const CheckedAccount& account, int period, std::string_view figure,

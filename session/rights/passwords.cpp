@@ -25,6 +25,8 @@ std::string hashPassword(std::string_view password, PasswordCost cost) {
     return result == 0 ? std::string(hash.data()) : std::string();
 }
 
+bool isPasswordHash(std::string_view text) { return text.starts_with(crypto_pwhash_STRPREFIX); }
+
 bool isPasswordOf(std::string_view hash, std::string_view password) {
     if (!isLibraryReady()) return false;
     const std::string terminated(hash);

@@ -104,11 +104,31 @@ constexpr Damage damages[] = {
     {"RightsWithoutOperator", "INSERT INTO UserAuth (lId, lUserId) VALUES (2, 7)", "operators",
      "操作员 7 不存在"},
     {"OperatorTwice",
-     "INSERT INTO Users (lId, lUserId, sUserName) VALUES (2, 2, '张三');"
+     "INSERT INTO Users (lId, lUserId, sUserName, sPassword) "
+     "VALUES (2, 2, '张三', '$argon2id$v=19$');"
      "INSERT INTO UserAuth (lId, lUserId) VALUES (2, 2)",
      "operators", "“张三”出现 2 次"},
     {"OperatorIdsApart", "UPDATE Users SET lUserId = 5; UPDATE UserAuth SET lUserId = 5",
      "operators", "lId 为 1,lUserId 为 5"},
+    {"NoManager", "UPDATE Users SET bManager = 0", "operators", "没有主管"},
+    {"PasswordInClear", "UPDATE Users SET sPassword = 'geheim'", "operators",
+     "操作员 张三:口令为空或没有加密"},
+    {"PasswordEmpty", "UPDATE Users SET sPassword = ''", "operators",
+     "操作员 张三:口令为空或没有加密"},
+    {"BlankInCode", "UPDATE Code SET sCode = '22 2' WHERE lId = 6", "codePattern",
+     "科目 22 2 应付账款(编号 6):编码中有空格"},
+    {"WideBlankInCode", "UPDATE Code SET sCode = '22　2' WHERE lId = 6", "codePattern",
+     "编码中有空格"},
+    {"ByteTooLarge", "UPDATE Sign SET byLimit = 300", "cells",
+     "Sign 编号 1 的 byLimit:300 不在 0 到 255 之间"},
+    {"ByteBelowNothing", "UPDATE Sign SET byLimit = -1", "cells",
+     "Sign 编号 1 的 byLimit:-1 不在 0 到 255 之间"},
+    {"MoneyThatIsNoNumber", "UPDATE FreqSub SET mMoney = 'NaN'", "cells",
+     "FreqSub 编号 1 的 mMoney:"},
+    {"ControlCharacter", "UPDATE _Digest SET sDigest = 'a\x07z'", "cells",
+     "_Digest 编号 1 的 sDigest:“a?z”中有控制字符"},
+    {"ItemWithAControlCharacter", "UPDATE ProjItems01 SET FIELD1 = '\x7F'", "cells",
+     "ProjItems01 编号 1 的 FIELD1:“?”中有控制字符"},
     {"PeriodMissing", "DELETE FROM AccSum WHERE lCodeId = 1 AND byPeroid = 7", "periodSums",
      "1, 2, 3, 4, 5, 6, 8, 9, 10, 11, 12"},
     {"PeriodTwice", "INSERT INTO AccSum (lId, lCodeId, byPeroid) VALUES (99, 1, 3)", "periodSums",
@@ -149,6 +169,35 @@ TEST_P(IntegrityDamage, GivesItsFaultAndNoOther) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, IntegrityDamage, testing::ValuesIn(damages),
+                         [](const auto& damage) { return damage.param.name; });
+
+/// What a server does not take into its columns in the first place.
+constexpr Damage damagesOfFiles[] = {
+    {"MoneyOfLetters", "UPDATE FreqSub SET mMoney = '12x'", "cells",
+     "FreqSub 编号 1 的 mMoney:“12x”不是数字"},
+    {"MoneyOfBytes", "UPDATE FreqSub SET mMoney = x'3132'", "cells", "“12”不是数字"},
+    {"InfiniteMoney", "UPDATE FreqSub SET mMoney = 9e999", "cells",
+     "FreqSub 编号 1 的 mMoney:不是有限的数"},
+    {"InfiniteMoneyBelowNothing", "UPDATE FreqSub SET mMoney = -9e999", "cells", "不是有限的数"},
+    {"RateBeyondSinglePrecision", "UPDATE Cyrency SET fMaxError = 1e300", "cells",
+     "Cyrency 编号 1 的 fMaxError:不是有限的数"},
+    {"FractionOfAByte", "UPDATE Sign SET byLimit = 1.5", "cells",
+     "Sign 编号 1 的 byLimit:“1.5”不是整数"},
+    {"NumberOfLetters", "UPDATE RegMain SET lNumber = 'drei'", "cells",
+     "RegMain 编号 1 的 lNumber:“drei”不是整数"},
+    {"NumberBeyondItsColumn", "UPDATE RegMain SET lNumber = 2147483648", "cells",
+     "2147483648 不在 -2147483648 到 2147483647 之间"},
+    {"FlagBeyondItsColumn", "UPDATE RegSub SET bBegin = 32768", "cells",
+     "32768 不在 -32768 到 32767 之间"},
+    {"TextThatIsNoUtf8", "UPDATE _Digest SET sDigest = CAST(x'41FF' AS TEXT)", "cells",
+     "_Digest 编号 1 的 sDigest:不是有效的 UTF-8 文字"},
+    {"TextWithANul", "UPDATE _Digest SET sDigest = CAST(x'410042' AS TEXT)", "cells",
+     "_Digest 编号 1 的 sDigest:“A?B”中有控制字符"},
+    {"ImpossibleDate", "UPDATE UnregMain SET dtDate = '2026-02-30'", "cells",
+     "UnregMain 编号 2 的 dtDate:“2026-02-30”不是日期"},
+};
+
+INSTANTIATE_TEST_SUITE_P(OfAFile, IntegrityDamage, testing::ValuesIn(damagesOfFiles),
                          [](const auto& damage) { return damage.param.name; });
 
 /// Columns that must name a row of another table.

@@ -30,6 +30,9 @@ INSERT INTO Cyrency (lId, sExchCode, sExchName) VALUES (1, 'USD', '美元');
 INSERT INTO Sign (lId, sSign, sSignName) VALUES (1, '记', '记帐凭证');
 INSERT INTO ProjClass (lId, sClsCode, sClsName) VALUES (1, '01', '工程');
 INSERT INTO AutoMain (lId, sSign, sName) VALUES (1, '记', '结转');
+INSERT INTO Users (lId, lUserId, sUserName, bManager, sPassword)
+    VALUES (1, 1, '张三', 1, '$argon2id$v=19$');
+INSERT INTO UserAuth (lId, lUserId, sAuthId) VALUES (1, 1, 'N');
 UPDATE ABIdTable SET lLastId = 400
     WHERE sTable NOT IN ('Code', 'AccSum', 'RegMain', 'RegSub', 'UnRegMain', 'UnRegSub');
 )";

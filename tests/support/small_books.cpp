@@ -30,7 +30,8 @@ INSERT INTO Cyrency (lId, sExchCode, sExchName) VALUES (1, 'USD', '美元');
 INSERT INTO Sign (lId, sSign, sSignName, byLimit, sCode1, sCode2)
     VALUES (1, '收', '收款凭证', 1, '1001', '1002');
 INSERT INTO Settle (lId, sStlId, sSettle) VALUES (1, '1', '现金');
-INSERT INTO Users (lId, lUserId, sUserName, bManager) VALUES (1, 1, '张三', 1);
+INSERT INTO Users (lId, lUserId, sUserName, bManager, sPassword)
+    VALUES (1, 1, '张三', 1, '$argon2id$v=19$');
 INSERT INTO UserAuth (lId, lUserId, sAuthId) VALUES (1, 1, 'N');
 INSERT INTO Dept (lId, sDeptCode, sDeptName) VALUES (1, '01', '销售部');
 INSERT INTO Person (lId, lDeptId, sPersonName) VALUES (1, 1, '李四');
