@@ -10,9 +10,10 @@
 namespace chengheng {
 namespace {
 
-constexpr std::array<IntegrityCheck, 18> checks{{
+constexpr std::array<IntegrityCheck, 19> checks{{
     {"engine", integrity_texts::engineTitle, checkEngine},
     {"parameters", integrity_texts::parametersTitle, checkParameters},
+    {"objects", integrity_texts::objectsTitle, checkObjects},
     {"cells", integrity_texts::cellsTitle, checkCells},
     {"idCounters", integrity_texts::idCountersTitle, checkIdCounters},
     {"sharedIds", integrity_texts::sharedIdsTitle, checkSharedIds},

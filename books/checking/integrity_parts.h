@@ -68,6 +68,7 @@ class FaultList {
 Status checkEngine(CheckedBooks& books, FaultList& faults);
 Status checkParameters(CheckedBooks& books, FaultList& faults);
 
+Status checkObjects(CheckedBooks& books, FaultList& faults);
 Status checkCells(CheckedBooks& books, FaultList& faults);
 
 Status checkIdCounters(CheckedBooks& books, FaultList& faults);

@@ -26,6 +26,15 @@ std::string wrongPattern(std::string_view pattern) {
     return fmt::format("科目级长“{}”不正确", pattern);
 }
 
+std::string foreignObject(bool isView, std::string_view name) {
+    return fmt::format("{}“{}”不是本程序建立的,可能改动或掩盖数据", isView ? "视图" : "触发器",
+                       name);
+}
+
+std::string indexMissing(std::string_view table, std::string_view name) {
+    return fmt::format("{} 缺少索引 {}", table, name);
+}
+
 std::string cellWrong(std::string_view table, std::string_view id, std::string_view column,
                       std::string_view fault) {
     return fmt::format("{} 编号 {} 的 {}:{}", table, id, column, fault);

@@ -16,6 +16,7 @@ namespace integrity_texts {
 
 inline constexpr const char* engineTitle = "数据库文件";
 inline constexpr const char* parametersTitle = "帐套参数";
+inline constexpr const char* objectsTitle = "数据库对象";
 inline constexpr const char* cellsTitle = "单元数据";
 inline constexpr const char* idCountersTitle = "编号计数";
 inline constexpr const char* sharedIdsTitle = "凭证编号";
@@ -46,6 +47,9 @@ inline constexpr const char* creditForeign = "贷方外币";
 std::string engineFault(std::string_view detail);
 std::string parameterRows(int rows);
 std::string wrongPattern(std::string_view pattern);
+
+std::string foreignObject(bool isView, std::string_view name);
+std::string indexMissing(std::string_view table, std::string_view name);
 
 /// The value of a column in the row of an id, and what is wrong with it.
 std::string cellWrong(std::string_view table, std::string_view id, std::string_view column,

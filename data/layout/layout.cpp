@@ -95,6 +95,12 @@ std::string createTableSql(const TableInfo& table, const EngineDialect& dialect)
     return sql;
 }
 
+std::vector<std::string> indexNames(const TableInfo& table) {
+    std::vector<std::string> names;
+    for (const std::string& index : table.indexes) names.push_back(indexName(table.name, index));
+    return names;
+}
+
 Status createTables(Engine& engine) { return engine.script(layoutScript(engine.dialect())); }
 
 Status createLayout(Engine& engine) {

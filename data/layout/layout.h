@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/values/status.h"
 #include "data/engine/engine.h"
@@ -10,6 +11,9 @@ namespace chengheng {
 
 /// "CREATE TABLE ...; CREATE INDEX ...;" for an engine.
 std::string createTableSql(const TableInfo& table, const EngineDialect& dialect);
+
+/// The names of a table's indexes.
+std::vector<std::string> indexNames(const TableInfo& table);
 
 /// Makes every table in an empty database, with its row in ABIdTable and the format
 /// version. To be called inside a transaction.

@@ -15,6 +15,9 @@ struct EngineDialect {
     std::string_view rowLock;
     /// The type of a column with its collation and default, as it stands in CREATE TABLE.
     std::string (*columnDeclaration)(ColumnType type);
+    /// Selects what lies in the database beside tables: "trigger", "view" or "index", and its
+    /// name, by kind and name.
+    std::string_view otherObjects = {};
 };
 
 }  // namespace chengheng

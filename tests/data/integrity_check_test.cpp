@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "data/layout/layout.h"
 #include "data/tables/schema.h"
 #include "data/transfer/content_copy.h"
 #include "tests/support/engine_cases.h"
@@ -270,6 +271,29 @@ TEST_P(Integrity, EveryDamageOfTheCatalogueIsFoundHereToo) {
         ASSERT_TRUE(replaceContent(*sound, *m_engine).isDone()) << damage.name;
         ASSERT_TRUE(m_engine->commit().isDone());
     }
+}
+
+TEST_P(Integrity, ViewsThatAreNotOursAreNamed) {
+    runScript(*m_engine, "CREATE VIEW looks AS SELECT lId FROM Code");
+    EXPECT_THAT(faultsIn(*m_engine),
+                ElementsAre(faultOf("objects", "视图“looks”不是本程序建立的")));
+}
+
+TEST_P(Integrity, TriggersThatAreNotOursAreNamed) {
+    runScript(*m_engine, GetParam().name == "postgres"
+                             ? "CREATE RULE grabs AS ON UPDATE TO Dept DO ALSO DELETE FROM Settle"
+                             : "CREATE TRIGGER grabs AFTER UPDATE ON Dept "
+                               "BEGIN DELETE FROM Settle; END");
+    EXPECT_THAT(faultsIn(*m_engine),
+                ElementsAre(faultOf("objects", "触发器“grabs”不是本程序建立的")));
+}
+
+TEST_P(Integrity, IndexThatIsMissingIsNamed) {
+    const auto names = chengheng::indexNames(*chengheng::findTable("AccSum"));
+    ASSERT_FALSE(names.empty());
+    runScript(*m_engine, "DROP INDEX " + names.front());
+    const std::string text = "AccSum 缺少索引 " + names.front();
+    EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("objects", text.c_str())));
 }
 
 TEST_P(Integrity, RestrictionAccountMustBeOfTheTopLevel) {

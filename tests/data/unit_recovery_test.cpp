@@ -179,6 +179,9 @@ TEST_P(Units, LocksAreReleasedOnTheDatabaseTheyWereTakenOn) {
 /// The same on a server alone.
 class ServerUnits : public Units {};
 
+// Without a server for tests there are no cases.
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ServerUnits);
+
 TEST_P(ServerUnits, LostWithTheServerLeaveNothingAndTheNextSelectReconnects) {
     ASSERT_NE(run(sumRow(1)), 0);
     const std::string session = cellOf("SELECT pg_backend_pid()");

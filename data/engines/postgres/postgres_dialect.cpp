@@ -25,10 +25,21 @@ std::string columnDeclaration(ColumnType type) {
     return "text COLLATE \"C\" NOT NULL DEFAULT ''";
 }
 
+constexpr std::string_view otherObjects =
+    "SELECT 'trigger', CAST(t.tgname AS text) COLLATE \"C\" AS name FROM pg_trigger t "
+    "JOIN pg_class c ON c.oid = t.tgrelid "
+    "WHERE c.relnamespace = current_schema()::regnamespace AND NOT t.tgisinternal "
+    "UNION ALL SELECT 'trigger', CAST(rulename AS text) FROM pg_rules "
+    "WHERE schemaname = current_schema() "
+    "UNION ALL SELECT 'view', CAST(c.relname AS text) FROM pg_class c "
+    "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('v', 'm') "
+    "UNION ALL SELECT 'index', CAST(indexname AS text) FROM pg_indexes "
+    "WHERE schemaname = current_schema() ORDER BY 1, 2";
+
 }  // namespace
 
 const EngineDialect& postgresDialect() {
-    static constexpr EngineDialect dialect{"", " FOR UPDATE", columnDeclaration};
+    static constexpr EngineDialect dialect{"", " FOR UPDATE", columnDeclaration, otherObjects};
     return dialect;
 }
 

@@ -32,7 +32,9 @@ std::string columnDeclaration(ColumnType type) {
     return {};
 }
 
-constexpr EngineDialect sqliteDialect{" ESCAPE '\\'", "", columnDeclaration};
+constexpr EngineDialect sqliteDialect{
+    " ESCAPE '\\'", "", columnDeclaration,
+    "SELECT type, name FROM sqlite_master WHERE type <> 'table' ORDER BY type, name"};
 
 class SqliteEngine final : public Engine {
   public:

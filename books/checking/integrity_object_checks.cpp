@@ -1,0 +1,44 @@
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/values/text.h"
+#include "books/checking/integrity_parts.h"
+#include "books/checking/integrity_texts.h"
+#include "data/layout/layout.h"
+#include "data/tables/schema.h"
+#include "data/transfer/stored_tables.h"
+
+namespace chengheng {
+namespace {
+
+/// As every engine compares it: a server shortens names and writes them small.
+std::string comparedName(std::string_view name) {
+    constexpr std::size_t longestName = 63;
+    std::string compared(name.substr(0, longestName));
+    for (char& letter : compared) letter = lowerAscii(letter);
+    return compared;
+}
+
+}  // namespace
+
+Status checkObjects(CheckedBooks& books, FaultList& faults) {
+    std::set<std::string> indexes;
+    Status status = forEachRow(
+        books.engine(), books.engine().dialect().otherObjects, {}, [&](const Cursor& row) {
+            if (row.text(0) == "index")
+                indexes.insert(comparedName(row.text(1)));
+            else
+                faults.add(integrity_texts::foreignObject(row.text(0) == "view", row.text(1)));
+            return Status::done();
+        });
+    if (!status) return status;
+    for (const TableInfo& table : allTables())
+        for (const std::string& name : indexNames(table))
+            if (!indexes.contains(comparedName(name)))
+                faults.add(integrity_texts::indexMissing(table.name, name));
+    return status;
+}
+
+}  // namespace chengheng
