@@ -47,14 +47,16 @@ ExitCode withOpenings(Tool& tool, const OpeningOptions& options,
 }
 
 std::string jsonOf(const TrialBalance& balance) {
-    const TrialBalanceTexts texts = balance.texts();
+    Json classes = Json::array();
+    for (const TrialBalance::ClassSum& each : balance.classes())
+        classes.push_back({{"name", each.name},
+                           {"side", each.isDebit ? "debit" : "credit"},
+                           {"sum", each.sum.value()}});
     return jsonText({{"balanced", balance.isBalanced()},
                      {"difference", balance.difference()},
-                     {"debitClasses", texts.debitClasses},
-                     {"creditClasses", texts.creditClasses},
-                     {"debitTotal", texts.debitTotal},
-                     {"creditTotal", texts.creditTotal},
-                     {"result", texts.result}});
+                     {"debitTotal", balance.debitTotal()},
+                     {"creditTotal", balance.creditTotal()},
+                     {"classes", classes}});
 }
 
 /// The five texts with the line ends of a terminal.

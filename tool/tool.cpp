@@ -1,12 +1,15 @@
 #include "tool/tool.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <ostream>
+#include <sstream>
 #include <string>
 
 #include "base/system/program_version.h"
 #include "tool/commands.h"
+#include "tool/json_text.h"
 #include "tool/tool_texts.h"
 
 namespace chengheng {
@@ -54,12 +57,25 @@ ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     return tool.action();
 }
 
+/// Whoever reads JSON gets the words beside it as JSON, too.
+std::string jsonOfWords(std::string words, ExitCode code) {
+    while (words.ends_with('\n')) words.pop_back();
+    return jsonText({{code == ExitCode::done ? "notice" : "error", words},
+                     {"exitCode", static_cast<int>(code)}}) +
+           '\n';
+}
+
 }  // namespace
 
 int runTool(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
             const PdfWriter& writePdf) {
-    Tool tool{out, err, {}, writePdf, {argv + 1, argv + argc}};
-    return static_cast<int>(readAndRun(argc, argv, tool));
+    const std::vector<std::string> commandLine(argv + 1, argv + argc);
+    const bool isJson = std::ranges::find(commandLine, "--json") != commandLine.end();
+    std::ostringstream words;
+    Tool tool{out, isJson ? words : err, {}, writePdf, commandLine};
+    const ExitCode code = readAndRun(argc, argv, tool);
+    if (!words.view().empty()) err << jsonOfWords(words.str(), code);
+    return static_cast<int>(code);
 }
 
 }  // namespace chengheng
