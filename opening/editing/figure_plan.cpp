@@ -59,11 +59,9 @@ std::size_t FigurePlan::count(CellFate fate) const {
 
 std::vector<TypedFigure> FigurePlan::figures() const {
     std::vector<TypedFigure> typed;
-    for (const PlannedCell& cell : cells) {
-        const bool isGivenOpening =
-            cell.fate == CellFate::unchanged && cell.figure.figure == &Balance::opening;
-        if (cell.fate == CellFate::changed || isGivenOpening) typed.push_back(cell.figure);
-    }
+    for (const PlannedCell& cell : cells)
+        if (cell.fate == CellFate::changed || cell.fate == CellFate::unchanged)
+            typed.push_back(cell.figure);
     return typed;
 }
 

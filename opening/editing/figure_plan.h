@@ -39,8 +39,8 @@ struct FigurePlan {
     bool mayBeApplied() const {
         return count(CellFate::refused) == 0 && count(CellFate::changed) > 0;
     }
-    /// The figures of the cells that change something, and the opening balances that are given
-    /// as they are: they follow no movement that is given with them.
+    /// The figures of the cells that change something, and those that are given as they stand: the
+    /// books may hold others by now, and an opening balance follows no movement given with it.
     std::vector<TypedFigure> figures() const;
 };
 

@@ -148,11 +148,16 @@ UntoldOutcome StepWriter::run(const StepMaker& make) {
         if (!areAllowed(m_fresh->sheet, m_step) ||
             !areSameAccounts(m_books.sheet, m_fresh->sheet, m_step))
             return UntoldOutcome::stale({.text = opening_texts::chartMeanwhile});
-        collectPlaces(m_fresh->sheet);
     }
+    std::erase_if(m_step, std::mem_fn(&CellChange::changesNothing));
+    if (m_fresh) collectPlaces(m_fresh->sheet);
+    return writeStep(m_fresh ? m_fresh->sheet : m_books.sheet);
+}
+
+UntoldOutcome StepWriter::writeStep(OpeningSheet& sheet) {
+    if (m_step.empty()) return UntoldOutcome::done();
     if (isTooLarge(m_step))
         return UntoldOutcome::refused({.text = opening_texts::tooLarge, .beep = true});
-    OpeningSheet& sheet = m_fresh ? m_fresh->sheet : m_books.sheet;
     setFigures(sheet, m_step);
     return post(sheet) ? UntoldOutcome::done() : UntoldOutcome::failed();
 }

@@ -21,13 +21,13 @@ using StepMaker = std::function<EditStep(const OpeningSheet& sheet)>;
 /// the books hold at once what a save would give. Unless it is done, both are as before.
 ///
 /// When another workstation has changed any of these rows since the sheet was read, everything
-/// is read anew first, so that neither loses what the other typed.
+/// is read anew first, so that neither loses what the other typed. That holds for a figure that
+/// the step leaves as it is, too: it is compared with the books, not with the sheet.
 class StepWriter {
   public:
     explicit StepWriter(OpeningBooks& books) : m_books(books) {}
 
     /// `written` is the step with the figures it replaced; empty when there was nothing to do.
-    /// What is as it was needs no locks.
     Outcome write(IMessages& messages, const StepMaker& make, EditStep& written);
     /// Whether the sheet was read anew.
     bool hasReadAnew() const { return m_hasReadAnew; }
@@ -40,6 +40,7 @@ class StepWriter {
     };
 
     UntoldOutcome run(const StepMaker& make);
+    UntoldOutcome writeStep(OpeningSheet& sheet);
     void collectPlaces(const OpeningSheet& sheet);
     Status compareWithStored(bool& isCurrent);
     Status compare(Place& place, bool& isCurrent);

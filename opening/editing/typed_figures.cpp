@@ -1,7 +1,9 @@
 #include "opening/editing/typed_figures.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
+#include <vector>
 
 namespace chengheng {
 namespace {
@@ -9,18 +11,27 @@ namespace {
 /// What becomes of one line.
 struct TypedLine {
     Balance after;
-    bool isOpeningTyped = false;
-    bool isMovementTyped = false;
+    std::vector<BalanceFigure> typed;
+    bool hasMovementChanged = false;
+
+    bool isTyped(BalanceFigure figure) const { return std::ranges::count(typed, figure) > 0; }
 };
 
 using LineKey = std::pair<std::size_t, Measure>;
 
-void addChanges(EditStep& step, const OpeningAccount& account, Measure measure,
-                const Balance& after) {
+/// Whether figures may be typed for the account at all.
+bool takesFigures(const OpeningAccount& account, Measure measure) {
+    return account.isEnd && !account.isAuxiliary() && account.keeps(measure);
+}
+
+void addFigures(EditStep& step, const OpeningAccount& account, Measure measure,
+                const TypedLine& line) {
     const Balance& before = account.balance(measure);
-    for (const BalanceFigure figure : balanceFigures)
-        if (before.*figure != after.*figure)
-            step.push_back({account.id, measure, figure, before.*figure, after.*figure});
+    for (const BalanceFigure figure : balanceFigures) {
+        const bool isCompared = line.isTyped(figure) && takesFigures(account, measure);
+        if (isCompared || before.*figure != line.after.*figure)
+            step.push_back({account.id, measure, figure, before.*figure, line.after.*figure});
+    }
 }
 
 }  // namespace
@@ -35,16 +46,18 @@ EditStep typedStep(const OpeningSheet& sheet, std::span<const TypedFigure> typed
             continue;
         }
         const auto [line, isNew] = lines.try_emplace({*place, each.measure});
-        if (isNew) line->second.after = sheet.accounts()[*place].balance(each.measure);
+        const Balance& before = sheet.accounts()[*place].balance(each.measure);
+        if (isNew) line->second.after = before;
         line->second.after.*each.figure = each.value;
-        const bool isOpening = each.figure == &Balance::opening;
-        (isOpening ? line->second.isOpeningTyped : line->second.isMovementTyped) = true;
+        line->second.typed.push_back(each.figure);
+        if (each.figure != &Balance::opening && before.*each.figure != each.value)
+            line->second.hasMovementChanged = true;
     }
     for (auto& [key, line] : lines) {
         const OpeningAccount& account = sheet.accounts()[key.first];
-        if (line.isMovementTyped && !line.isOpeningTyped)
+        if (line.hasMovementChanged && !line.isTyped(&Balance::opening))
             line.after.opening = openingByMovements(line.after, account.isDebit, key.second);
-        addChanges(step, account, key.second, line.after);
+        addFigures(step, account, key.second, line);
     }
     return step;
 }

@@ -17,9 +17,9 @@ struct TypedFigure {
 };
 
 /// The step that sets these figures. In books that begin mid-year the opening balance of a line
-/// follows the three other figures when one of them is typed and it is not typed itself. What is
-/// as it was has no part in it. A figure of an account that the sheet does not hold is kept, for
-/// the writing to refuse.
+/// follows the three other figures when one of them changes and it is not typed itself. A figure
+/// that is typed as it stands has a part in it, because the books may hold another one by now;
+/// so has a figure of an account that the sheet does not hold, for the writing to refuse.
 EditStep typedStep(const OpeningSheet& sheet, std::span<const TypedFigure> typed);
 
 }  // namespace chengheng

@@ -109,7 +109,7 @@ Outcome OpeningWork::writeTyped(const std::vector<TypedFigure>& figures, bool& h
 }
 
 Outcome OpeningWork::apply(const FigurePlan& plan) {
-    return plan.mayBeApplied() ? writeFigures(plan.figures()) : Outcome::refused;
+    return plan.count(CellFate::refused) == 0 ? writeFigures(plan.figures()) : Outcome::refused;
 }
 
 std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {

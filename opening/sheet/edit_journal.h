@@ -17,6 +17,7 @@ struct CellChange {
     double before = 0;
     double after = 0;
 
+    bool changesNothing() const { return before == after; }
     bool operator==(const CellChange&) const = default;
 };
 

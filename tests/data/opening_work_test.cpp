@@ -83,9 +83,61 @@ TEST_P(Opening, HoldsTheLocksOfValueEntryWhileItWrites) {
 
 TEST_P(Opening, WritesNothingWhenTheFigureStaysAsItIs) {
     m_books.type("1001", "5");
-    m_books.books().locks().forget();
+    const auto readings = work().readings();
+    const Texts before = m_books.rows();
     EXPECT_TRUE(m_books.type("1001", "5.00"));
-    EXPECT_TRUE(m_books.books().locks().log().empty());
+    EXPECT_EQ(m_books.rows(), before);
+    EXPECT_EQ(work().readings(), readings);
+    EXPECT_TRUE(work().takeChangedCells().size() == 1);
+    EXPECT_EQ(work().undo(), Outcome::done);
+    EXPECT_FALSE(work().canUndo());
+    EXPECT_TRUE(m_books.type("100202", "0"));
+    EXPECT_EQ(m_books.openings("100202"), "");
+}
+
+TEST_P(Opening, ComparesAFigureTypedAsItIsShownWithTheBooks) {
+    m_books.type("100202", "100");
+    OpeningWork other(messages());
+    ASSERT_EQ(other.refresh(), Outcome::done);
+    const auto column = placeOf(OpeningField::opening, OpeningLayout::simple);
+    const auto typeTwoHundred = [&] {
+        ASSERT_EQ(other.endEdit(m_books.lineOf("100202"), column, "200"), Outcome::done);
+        EXPECT_EQ(m_books.openings("1002"), allPeriods("200"));
+    };
+    typeTwoHundred();
+    EXPECT_TRUE(m_books.type("100202", "100"));
+    EXPECT_EQ(m_books.openings("100202"), allPeriods("100"));
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
+    EXPECT_EQ(work().undo(), Outcome::done);
+    EXPECT_EQ(m_books.openings("100202"), allPeriods("200"));
+    EXPECT_EQ(work().redo(), Outcome::done);
+
+    typeTwoHundred();
+    Sheet block;
+    block.rows = {{Cell::of(100.0)}};
+    const auto line = m_books.lineOf("100202");
+    EXPECT_EQ(work().apply(planPaste(work().sheet(), line, column, block)), Outcome::done);
+    EXPECT_EQ(m_books.openings("100202"), allPeriods("100"));
+
+    typeTwoHundred();
+    block.rows = {{Cell::of(100.0)}, {Cell::of(3.0)}};
+    EXPECT_EQ(work().apply(planPaste(work().sheet(), line, column, block)), Outcome::done);
+    EXPECT_EQ(m_books.openings("100202"), allPeriods("100"));
+    EXPECT_EQ(m_books.openings("1405"), allPeriods("3"));
+    EXPECT_EQ(m_books.whatASaveWouldChange(), Texts{});
+    EXPECT_TRUE(messages().texts().empty());
+}
+
+TEST_P(Opening, TakesOverWhatTheBooksHoldWhenThatIsWhatWasTyped) {
+    OpeningWork other(messages());
+    ASSERT_EQ(other.refresh(), Outcome::done);
+    const auto column = placeOf(OpeningField::opening, OpeningLayout::simple);
+    ASSERT_EQ(other.endEdit(m_books.lineOf("100202"), column, "200"), Outcome::done);
+    const Texts before = m_books.rows();
+    EXPECT_TRUE(m_books.type("100202", "200"));
+    EXPECT_EQ(m_books.rows(), before);
+    EXPECT_EQ(m_books.shown("1002"), "200.00");
+    EXPECT_FALSE(work().canUndo());
 }
 
 TEST_P(Opening, MakesAStepOnceUnlessTheSheetIsReadAnew) {

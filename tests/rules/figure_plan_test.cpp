@@ -140,7 +140,10 @@ TEST(Pastes, KeepAnOpeningThatIsGivenAsItIsThoughItsMovementsChange) {
     const FigurePlan plan = planPaste(sheet, 2, yearStart, blockOf("100\t50\t0\t100"));
     EXPECT_EQ(fatesOf(plan), (Texts{"0,0 100201 unchanged", "0,1 100201 changed 50",
                                     "0,2 100201 unchanged", "0,3 100201 unchanged"}));
-    const EditStep expected{{3, Measure::money, &Balance::debit, 0, 50}};
+    const EditStep expected{{3, Measure::money, &Balance::yearStart, 100, 100},
+                            {3, Measure::money, &Balance::debit, 0, 50},
+                            {3, Measure::money, &Balance::credit, 0, 0},
+                            {3, Measure::money, &Balance::opening, 100, 100}};
     EXPECT_EQ(typedStep(sheet, plan.figures()), expected);
     const FigurePlan follows = planPaste(sheet, 2, yearStart, blockOf("100\t50"));
     EXPECT_EQ(typedStep(sheet, follows.figures()).back().after, 150);
@@ -156,10 +159,20 @@ TEST(Pastes, OfOpeningsAsTheyAreMakeNoStepWhereNothingMayBeTyped) {
     for (const CellChange& change : step) EXPECT_EQ(change.accountId, 5);
 }
 
-TEST(TypedFigures, ThatChangeNothingMakeNoStep) {
+TEST(TypedFigures, ThatStandThereAlreadyAreKeptForTheWritingToCompare) {
     const OpeningSheet sheet = pasteSheet();
     const TypedFigure same{1, Measure::money, &Balance::opening, 5};
-    EXPECT_TRUE(typedStep(sheet, std::span(&same, 1)).empty());
+    const EditStep step = typedStep(sheet, std::span(&same, 1));
+    EXPECT_EQ(step, (EditStep{{1, Measure::money, &Balance::opening, 5, 5}}));
+    EXPECT_TRUE(step.front().changesNothing());
+}
+
+TEST(TypedFigures, ThatMoveNothingLeaveTheOpeningAsItIs) {
+    OpeningSheet sheet = pasteSheet(midYear);
+    sheet.accounts()[2].balance(Measure::money) = {100, 0, 0, 77};
+    const TypedFigure same{3, Measure::money, &Balance::yearStart, 100};
+    EXPECT_EQ(typedStep(sheet, std::span(&same, 1)),
+              (EditStep{{3, Measure::money, &Balance::yearStart, 100, 100}}));
 }
 
 TEST(OpeningExports, HaveARowForEachAccountWithItsFigures) {
