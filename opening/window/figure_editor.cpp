@@ -100,8 +100,7 @@ void FigureEditor::takeUp(QWidget* editor, const QString& text) const {
 
 void FigureEditor::end(QWidget* editor, NextCell to) {
     emit commitData(editor);
-    // Lines that were read anew have closed it.
-    if (editor->isVisible()) emit closeEditor(editor, NoHint);
+    emit closeEditor(editor, NoHint);
     emit movedOn(to);
 }
 

@@ -1,5 +1,6 @@
 #include "opening/window/opening_grid.h"
 
+#include <QScrollBar>
 #include <algorithm>
 
 #include "opening/sheet/opening_texts.h"
@@ -42,9 +43,48 @@ void OpeningGrid::showChanges() {
     const auto changed = m_work.takeChangedCells();
     if (m_shownReadings == m_work.readings()) return m_model->tellCellsChanged(changed);
     m_shownReadings = m_work.readings();
-    const auto place = hasLine() ? std::optional(placeAt(currentIndex())) : std::nullopt;
+    if (m_model->hasSameLines()) return m_model->tellFiguresReadAnew();
+    showLinesReadAnew();
+}
+
+void OpeningGrid::showLinesReadAnew() {
+    // An editor closes with its line and would leave the keyboard to the next field.
+    const QWidget* const focus = window()->focusWidget();
+    if (focus != nullptr && focus != this && isAncestorOf(focus)) setFocus();
+    const QModelIndex current = currentIndex();
+    if (!current.isValid()) return m_model->tellReadAnew();
+    const int row = current.row();
+    const int height = rowViewportPosition(row);
+    const FigurePlace place = m_model->placeAt(current);
+    std::vector<FigurePlace> corners;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        for (const QPersistentModelIndex& corner : {range.topLeft(), range.bottomRight()})
+            corners.push_back(m_model->placeAt(corner));
     m_model->tellReadAnew();
-    if (place) goTo(*place);
+    if (m_model->rowCount() == 0) return;
+    const auto lastLine = static_cast<std::size_t>(m_model->rowCount() - 1);
+    const std::size_t line =
+        lineOf(place).value_or(std::min(static_cast<std::size_t>(row), lastLine));
+    goToCell(line, static_cast<std::size_t>(place.column));
+    select(corners);
+    const int moved = rowViewportPosition(currentRow()) - height;
+    const int step = verticalScrollMode() == ScrollPerItem ? rowHeight(currentRow()) : 1;
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + moved / step);
+}
+
+void OpeningGrid::select(const std::vector<FigurePlace>& corners) {
+    if (corners.size() != 2) return;
+    const auto first = lineOf(corners.front());
+    const auto last = lineOf(corners.back());
+    if (!first || !last) return;
+    const QItemSelection block(m_model->index(static_cast<int>(*first), corners.front().column),
+                               m_model->index(static_cast<int>(*last), corners.back().column));
+    selectionModel()->select(block, QItemSelectionModel::ClearAndSelect);
+}
+
+void OpeningGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    // Lines that were read anew have closed it.
+    if (editor->isVisible()) CVCF1::closeEditor(editor, hint);
 }
 
 bool OpeningGrid::hasLine() const {
@@ -67,9 +107,13 @@ std::size_t OpeningGrid::firstFigureColumn() const {
     return openingColumn() + 1 - sheet().figures().size();
 }
 
-FigurePlace OpeningGrid::placeAt(const QModelIndex& index) const {
-    const std::size_t line = rowOf(index);
-    return {sheet().accountOfLine(line).id, sheet().line(line).measure, index.column()};
+FigurePlace OpeningGrid::placeAt(const QModelIndex& index) const { return m_model->placeAt(index); }
+
+std::optional<std::size_t> OpeningGrid::lineOf(const FigurePlace& place) const {
+    const auto account = sheet().placeOfId(place.accountId);
+    if (!account) return std::nullopt;
+    const auto line = sheet().lineOf(*account, place.measure);
+    return line ? *line : sheet().accounts()[*account].firstLine;
 }
 
 bool OpeningGrid::opensAuxiliary(const QModelIndex& index) const {
@@ -86,11 +130,7 @@ void OpeningGrid::goToFirst() {
 }
 
 void OpeningGrid::goTo(const FigurePlace& place) {
-    const auto column = static_cast<std::size_t>(place.column);
-    const auto account = sheet().placeOfId(place.accountId);
-    if (!account) return goToCell(0, column);
-    const auto line = sheet().lineOf(*account, place.measure);
-    goToCell(line ? *line : sheet().accounts()[*account].firstLine, column);
+    goToCell(lineOf(place).value_or(0), static_cast<std::size_t>(place.column));
 }
 
 void OpeningGrid::goToLine(std::size_t line) { setCurrentRow(static_cast<int>(line)); }

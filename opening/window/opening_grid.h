@@ -8,17 +8,10 @@
 
 #include "opening/screen/opening_work.h"
 #include "opening/window/figure_editor.h"
+#include "opening/window/opening_model.h"
 #include "screen/grid/CVCF1.h"
 
 namespace chengheng {
-class OpeningModel;
-
-/// A figure's cell, whatever line it stands on by now.
-struct FigurePlace {
-    std::int32_t accountId = 0;
-    Measure measure = Measure::money;
-    int column = 0;
-};
 
 /// The opening balances in their grid: what it shows, where the keyboard is and where it goes.
 class OpeningGrid final : public CVCF1 {
@@ -29,7 +22,8 @@ class OpeningGrid final : public CVCF1 {
     OpeningGrid(OpeningWork& work, QWidget* parent);
     ~OpeningGrid() override;
 
-    /// Shows what has changed. Lines that were read anew leave the operator's place as it is.
+    /// Shows what has changed. Lines that were read anew leave the operator's place as it is:
+    /// the keyboard, the cell, what is selected and where on the screen it stands.
     void showChanges();
 
     bool hasLine() const;
@@ -59,8 +53,14 @@ class OpeningGrid final : public CVCF1 {
     /// Of what is selected, wherever the selecting began.
     OpeningCell upperLeft() const;
 
+  protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+
   private:
     const OpeningSheet& sheet() const { return m_work.sheet(); }
+    void showLinesReadAnew();
+    std::optional<std::size_t> lineOf(const FigurePlace& place) const;
+    void select(const std::vector<FigurePlace>& corners);
     std::size_t firstFigureColumn() const;
     void goToCell(std::size_t line, std::size_t column);
     void goToNextEditable(int direction);

@@ -22,11 +22,28 @@ void OpeningModel::takeColumns() {
     for (const OpeningColumn& column : sheet().columns())
         m_columns.push_back({column.header, column.width, alignmentOf(column), column.isHidden});
     setGridColumns(m_columns);
-    m_lines = static_cast<int>(sheet().lineCount());
+    m_lines = linesOfSheet();
+    m_layout = sheet().layout();
+}
+
+std::vector<OpeningModel::ShownLine> OpeningModel::linesOfSheet() const {
+    std::vector<ShownLine> lines(sheet().lineCount());
+    for (std::size_t line = 0; line < lines.size(); ++line)
+        lines[line] = {sheet().accountOfLine(line).id, sheet().line(line).measure};
+    return lines;
+}
+
+FigurePlace OpeningModel::placeAt(const QModelIndex& index) const {
+    const ShownLine& line = m_lines[placeOf(index.row())];
+    return {line.accountId, line.measure, index.column()};
+}
+
+bool OpeningModel::hasSameLines() const {
+    return m_layout == sheet().layout() && m_lines == linesOfSheet();
 }
 
 int OpeningModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : m_lines;
+    return parent.isValid() ? 0 : static_cast<int>(m_lines.size());
 }
 
 // While a message about it is up, the sheet may have been read anew with fewer lines.
@@ -85,6 +102,11 @@ void OpeningModel::tellReadAnew() {
     beginResetModel();
     takeColumns();
     endResetModel();
+}
+
+void OpeningModel::tellFiguresReadAnew() {
+    if (m_lines.empty()) return;
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
 void OpeningModel::tellCellsChanged(std::span<const OpeningCell> cells) {

@@ -8,6 +8,13 @@
 
 namespace chengheng {
 
+/// A figure's cell, whatever line it stands on by now.
+struct FigurePlace {
+    std::int32_t accountId = 0;
+    Measure measure = Measure::money;
+    int column = 0;
+};
+
 /// The opening balances in their grid: a line for each line of the sheet.
 class OpeningModel final : public GridModel {
     Q_OBJECT
@@ -20,8 +27,14 @@ class OpeningModel final : public GridModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
+    /// Whose line a row is, also when the sheet has been read anew and that is not yet told.
+    FigurePlace placeAt(const QModelIndex& index) const;
+    /// Whether what was read anew has the lines that are shown.
+    bool hasSameLines() const;
     /// What it shows was read anew: lines may have come, gone or moved.
     void tellReadAnew();
+    /// The same where they have not.
+    void tellFiguresReadAnew();
     /// Some cells have changed.
     void tellCellsChanged(std::span<const OpeningCell> cells);
 
@@ -38,8 +51,18 @@ class OpeningModel final : public GridModel {
     bool isMarked(int row, int column) const;
 
     const OpeningWork& m_work;
+    struct ShownLine {
+        std::int32_t accountId;
+        Measure measure;
+
+        bool operator==(const ShownLine&) const = default;
+    };
+
+    std::vector<ShownLine> linesOfSheet() const;
+
     std::vector<GridColumn> m_columns;
-    int m_lines = 0;
+    std::vector<ShownLine> m_lines;
+    OpeningLayout m_layout = OpeningLayout::simple;
 };
 
 }  // namespace chengheng

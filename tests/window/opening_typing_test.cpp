@@ -546,6 +546,7 @@ TEST_F(OpeningTypingTest, LosesNothingThatAnotherWorkstationTypesMeanwhile) {
     window->press(Qt::Key_Return);
     EXPECT_EQ(window->column(opening), (Texts{"1.00", "12.00", "5.00", "7.00", "0.00"}));
     EXPECT_EQ(window->grid().currentRow(), 3);
+    EXPECT_EQ(window->focusWidget(), &window->grid());
     EXPECT_EQ(window->label("debits"), "借方合计:13.00");
     EXPECT_EQ(other.refresh(), Outcome::done);
     EXPECT_EQ(other.sheet().text(1, opening), "12.00");
