@@ -78,7 +78,6 @@ UntoldOutcome removeChecked(std::string_view code, const CodeLevels& levels,
         firstRefusal(deletionChecks(), {*account, chart.idsWithBelow(code), chart});
     if (!chart.isRead()) return UntoldOutcome::failed();
     if (refusal) return refused(*refusal, change);
-    change.account = *account;
     return inOneUnit([&] {
         return inTurn({[&] { return deleteAccount(account->lId); },
                        [&] { return endsAgainWithoutChildren(levels.parentOf(code)); }});

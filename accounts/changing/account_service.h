@@ -16,7 +16,7 @@ namespace chengheng {
 /// with Cancel. Stale: another workstation deleted or changed the account.
 struct AccountChange {
     Outcome outcome = Outcome::failed;
-    _CodeInfo account = {};       ///< as it is stored now, when it is done
+    _CodeInfo account = {};       ///< as it is stored after an addition or modification
     std::string focusField = {};  ///< after a refusal or Cancel; empty: none
     /// The account whose use stands in the way, for findUses; empty for any other refusal.
     std::string usedCode = {};
