@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <string_view>
 
 /// What tools/mutate builds into the functions it has mutants of: they are compiled once with
 /// all their variants, and each process is told by its environment which of them to run.
@@ -39,10 +41,28 @@ class Process {
         noted->second = output.st_size;
         const std::string line =
             std::to_string(output.st_size) + ' ' + std::to_string(function) + '\n';
-        if (write(m_log, line.data(), line.size()) < 0) std::abort();
+        std::string_view rest = line;
+        if (!append(rest) && !appendBeyondLimit(rest)) std::abort();
     }
 
   private:
+    /// Takes what it has written off the text; false when something is left.
+    bool append(std::string_view& text) const {
+        const ssize_t written = write(m_log, text.data(), text.size());
+        if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
+        return text.empty();
+    }
+    /// A test that plays a full disk lets no file of the process grow for a while.
+    bool appendBeyondLimit(std::string_view& text) const {
+        struct rlimit before {};
+        if (getrlimit(RLIMIT_FSIZE, &before) != 0) return false;
+        struct rlimit most = before;
+        most.rlim_cur = before.rlim_max;
+        if (setrlimit(RLIMIT_FSIZE, &most) != 0) return false;
+        const bool isWhole = append(text);
+        return setrlimit(RLIMIT_FSIZE, &before) == 0 && isWhole;
+    }
+
     int m_mutant = 0;
     int m_log = -1;
     std::string m_output;
