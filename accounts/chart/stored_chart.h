@@ -7,7 +7,7 @@
 namespace chengheng {
 
 /// The chart as it stands in the selected database. After a failed reading nothing more is
-/// read and no answer counts; why it failed is its status.
+/// read and every answer is no or nothing, which does not count; why it failed is its status.
 class StoredChart final : public IChartFacts {
   public:
     explicit StoredChart(CNbCwDB& database) : m_database(database) {}

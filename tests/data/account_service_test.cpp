@@ -5,6 +5,7 @@
 #include "data/tables/accounts.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/no_books.h"
 
 using namespace chengheng;
 
@@ -368,6 +369,21 @@ TEST_P(Accounts, WithWildcardsInTheirCodesTouchNoOther) {
     EXPECT_EQ(remove("10%_"), Outcome::done) << "1001 is no account below it";
     EXPECT_EQ(isEnd("1001"), 1);
     expectSound();
+}
+
+TEST_P(Accounts, AreFoundByTheirCodeWithTheirClassesWhileBooksAreOpen) {
+    m_books.add("1001");
+    _CodeInfo found;
+    ASSERT_TRUE(AccountService::find("1001", found));
+    EXPECT_EQ(found, m_books.account("1001"));
+    EXPECT_EQ(AccountService::find("1002", found).failure, Failure::missing);
+    std::vector<_zCodeClassInfo> classes;
+    ASSERT_TRUE(AccountService::readClasses(classes));
+    ASSERT_EQ(classes.size(), 2u);
+    EXPECT_EQ(classes[1].sClsName, "负债");
+    const NoBooks none;
+    EXPECT_EQ(AccountService::find("1001", found).failure, Failure::notOpen);
+    EXPECT_EQ(AccountService::readClasses(classes).failure, Failure::notOpen);
 }
 
 CHENGHENG_ON_ALL_ENGINES(Accounts);

@@ -73,6 +73,7 @@ TEST_P(AccountWorkstations, ModifyAnAccountThatTheOtherDeleted) {
     otherRuns("DELETE FROM Code WHERE sCode = '1002'");
     EXPECT_EQ(saveAs("1002"), Outcome::stale);
     EXPECT_EQ(lastNotice(), "科目(1002)已经删除!");
+    EXPECT_TRUE(m_books.messages().onlyNotice().beep);
     EXPECT_FALSE(m_books.hasAccount("1002"));
     expectSound();
 }
@@ -81,6 +82,7 @@ TEST_P(AccountWorkstations, ModifyAnAccountThatTheOtherRenumbered) {
     otherRuns("UPDATE Code SET sCode = '1009' WHERE sCode = '1002'");
     EXPECT_EQ(saveAs("1002"), Outcome::stale);
     EXPECT_EQ(lastNotice(), "科目(1002)已被其他操作员修改,请重新查看后再修改!");
+    EXPECT_TRUE(m_books.messages().onlyNotice().beep);
     EXPECT_EQ(m_books.account("1009").sName, "科目");
     expectSound();
 }

@@ -8,6 +8,7 @@
 #include "data/tables/accounts.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/no_books.h"
 
 using namespace chengheng;
 
@@ -65,6 +66,24 @@ TEST_P(ChartScreenTest, IsEmptyAfterAReadingThatFailed) {
     books.engine().failCall(2, Failure::full);
     EXPECT_FALSE(screen.load("全部"));
     EXPECT_TRUE(screen.isEmpty());
+}
+
+TEST_P(ChartScreenTest, IsEmptyWithoutOpenBooks) {
+    ASSERT_TRUE(screen.load("全部"));
+    const NoBooks none;
+    EXPECT_EQ(screen.load("全部").failure, Failure::notOpen);
+    EXPECT_TRUE(screen.isEmpty());
+}
+
+TEST_P(ChartScreenTest, HasATabForAllAccountsAndForEachOfTheFirstFiveClasses) {
+    ASSERT_TRUE(screen.readClasses());
+    EXPECT_EQ(screen.tabs(), (std::vector<std::string>{"全部", "资产", "负债"}));
+    for (const char* number : {"3", "4", "5", "6"})
+        books.run("INSERT INTO zCodeClass (lId, lNum, sClsName) VALUES (" + std::string(number) +
+                  ", " + number + ", '类" + number + "')");
+    ASSERT_TRUE(screen.readClasses());
+    EXPECT_EQ(screen.tabs(),
+              (std::vector<std::string>{"全部", "资产", "负债", "类3", "类4", "类5"}));
 }
 
 TEST_P(ChartScreenTest, FindsTheFirstWholeCodeOrNameInAnyCase) {

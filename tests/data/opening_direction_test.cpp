@@ -194,6 +194,29 @@ TEST_P(Directions, PassOverAnAccountThatGoesWhileTheyTurn) {
     EXPECT_GT(call, 8);
 }
 
+TEST_P(Directions, TurnWithoutAWordWhenEveryAccountGoesBeforeTheLookupsAreReadAnew) {
+    const auto turn = [this](const std::function<void(OpeningTestBooks&)>& before) {
+        OpeningTestBooks books(freshLocation(GetParam()));
+        books.addAccounts({"1002", "100201"});
+        EXPECT_EQ(books.work().refresh(), Outcome::done);
+        books.messages().willAnswer(Answer::yes);
+        books.books().engine().failCall(0);
+        before(books);
+        EXPECT_EQ(books.work().adjustDirection(0), Outcome::done);
+        EXPECT_TRUE(books.messages().notices().empty());
+        books.books().engine().beforeCall(0, {});
+        const int calls = books.books().engine().calls();
+        return std::pair(calls, books.books().hasAccount("1002"));
+    };
+    const auto [lastCall, isThere] = turn([](OpeningTestBooks&) {});
+    EXPECT_TRUE(isThere);
+    const auto emptied = turn([&, call = lastCall](OpeningTestBooks& books) {
+        books.books().engine().beforeCall(
+            call - 1, [&books] { books.books().run("DELETE FROM Code WHERE lId > 0"); });
+    });
+    EXPECT_FALSE(emptied.second);
+}
+
 TEST_P(Directions, PassOverAnAccountThatIsGone) {
     m_books.books().run("DELETE FROM Code WHERE sCode = '10020101'");
     messages().willAnswer(Answer::yes);

@@ -543,6 +543,24 @@ TEST_P(Opening, ClosesUnaskedWhenNothingWasChangedThoughTheBooksCannotBeRead) {
     EXPECT_GT(call, 8);
 }
 
+TEST_P(Opening, TellsWhyWhatAnAuxiliaryWindowWroteIsNotTakenOver) {
+    m_books.books().engine().failCall(1);
+    EXPECT_EQ(work().afterAuxiliary(), Outcome::failed);
+    m_books.books().engine().failCall(0);
+    EXPECT_THAT(messages().onlyNotice().text, tellsOf(Failure::full));
+}
+
+TEST_P(Opening, IsReadAnewOnlyWhereRowsDoNotTellWhatTheirAccountsHold) {
+    m_books.addAccounts({"6001", "600101"});
+    ASSERT_EQ(work().refresh(), Outcome::done);
+    const auto readings = work().readings();
+    EXPECT_TRUE(m_books.type("600101", "5"));
+    EXPECT_EQ(work().readings(), readings) << "there is money alone below 6001";
+    EXPECT_EQ(m_books.openings("6001"), allPeriods("5"));
+    EXPECT_TRUE(m_books.type("10020101", "5"));
+    EXPECT_GT(work().readings(), readings) << "foreign currency below 1002 may make up no rows";
+}
+
 CHENGHENG_ON_ALL_ENGINES(Opening);
 
 }  // namespace

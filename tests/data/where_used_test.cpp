@@ -6,6 +6,7 @@
 #include "data/tables/accounts.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/no_books.h"
 
 using namespace chengheng;
 
@@ -92,6 +93,41 @@ TEST_P(WhereUsed, ListsNoMoreThanOneReadsAndCountsAll) {
     ASSERT_EQ(sections.size(), 1u);
     EXPECT_EQ(sections[0].count, mostUsesListed + 5);
     EXPECT_EQ(sections[0].rows.size(), static_cast<std::size_t>(mostUsesListed));
+}
+
+TEST_P(WhereUsed, ForgetsWhatWasListedBefore) {
+    m_books.add("1001");
+    m_books.add("1002");
+    m_books.use(UsePlace::posted, "1001");
+    std::vector<UseSection> sections;
+    ASSERT_TRUE(findUses("1001", sections));
+    ASSERT_TRUE(findUses("1001", sections));
+    EXPECT_EQ(sections.size(), 1u);
+    ASSERT_TRUE(findUses("1002", sections));
+    EXPECT_TRUE(sections.empty());
+}
+
+TEST_P(WhereUsed, IsUnknownWithoutOpenBooks) {
+    std::vector<UseSection> sections;
+    const NoBooks none;
+    EXPECT_EQ(findUses("1001", sections).failure, Failure::notOpen);
+}
+
+TEST_P(WhereUsed, IsUnknownWhicheverReadingFails) {
+    m_books.add("1001");
+    for (const UsePlace place : usePlaces) m_books.use(place, "1001");
+    bool hasFailed = true;
+    int call = 1;
+    for (; hasFailed && call < 100; ++call) {
+        std::vector<UseSection> sections;
+        m_books.engine().failCall(call, Failure::full);
+        const Status status = findUses("1001", sections);
+        hasFailed = m_books.engine().hasFailed();
+        m_books.engine().failCall(0);
+        EXPECT_EQ(status.failure, hasFailed ? Failure::full : Failure::none) << call;
+        EXPECT_TRUE(hasFailed || sections.size() == usePlaces.size()) << call;
+    }
+    EXPECT_GT(call, 14);
 }
 
 CHENGHENG_ON_ALL_ENGINES(WhereUsed);

@@ -353,6 +353,20 @@ TEST_F(Modifications, AskOnlyAboutTheKindThatChanged) {
     }
 }
 
+TEST_F(Modifications, LeadToTheFieldOfTheKindThatWasNotToChangeAfterAll) {
+    m_chart.use(UsePlace::posted, "2202");
+    std::vector<std::string> fields;
+    for (const AccountQuestion& question :
+         modificationQuestions(changedFacts("2202", [](AccountEntry& entry) {
+             entry.keepsForeign = entry.keepsQuantity = entry.books.byUnit = true;
+             entry.currencyId = 1;
+         }))) {
+        ASSERT_NE(question.focusField, nullptr) << question.question.text;
+        fields.emplace_back(question.focusField);
+    }
+    EXPECT_EQ(fields, (std::vector<std::string>{"byExchId", "sAssBook", "bAmount"}));
+}
+
 TEST_F(Modifications, AskNothingWhenNoKindOfAccountingChanged) {
     m_chart.use(UsePlace::posted, "2202");
     const auto questions = modificationQuestions(changedFacts("2202", [](AccountEntry& entry) {

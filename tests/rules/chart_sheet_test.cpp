@@ -43,6 +43,19 @@ TEST(ChartSheets, AreReadByTheirHeadingsInAnyOrder) {
     EXPECT_EQ(chart.ignoredHeadings, std::vector<std::string>{"备注"});
 }
 
+TEST(ChartSheets, AreReadInEveryColumn) {
+    std::string headings;
+    std::string cells;
+    for (const ChartColumn& column : chartColumns()) {
+        headings += std::string(column.plainHeading) + ",";
+        cells += std::string("<") + column.plainHeading + ">,";
+    }
+    const ChartSheet chart = read(headings + "\n" + cells + "\n");
+    ASSERT_EQ(chart.rows.size(), 1u);
+    for (const ChartColumn& column : chartColumns())
+        EXPECT_EQ(chart.rows[0].at(column.field), std::string("<") + column.plainHeading + ">");
+}
+
 TEST(ChartSheets, UnderstandPlainHeadingsInAnyCase) {
     const ChartSheet chart = read("Code,NAME,class,direction\n1001,现金,资产,借\n");
     EXPECT_EQ(chart.rows[0].at(ChartField::className), "资产");

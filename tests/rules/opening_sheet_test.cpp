@@ -207,6 +207,16 @@ TEST(OpeningSheets, FindByTheBeginningOfACodeOrAPartOfAName) {
     EXPECT_EQ(sheet.find("", 1), std::nullopt);
 }
 
+TEST(OpeningSheets, FindBackwardsAndRoundTheEnd) {
+    const OpeningSheet sheet = sheetOf({{"1001"}, {"1002"}, {"2001"}});
+    EXPECT_EQ(sheet.findBefore("10", 1), 0u);
+    EXPECT_EQ(sheet.findBefore("10", 0), 1u);
+    EXPECT_EQ(sheet.findBefore("10", 2), 1u);
+    EXPECT_EQ(sheet.findBefore("2001", 2), 2u) << "itself, when there is no other";
+    EXPECT_EQ(sheet.findBefore("3", 0), std::nullopt);
+    EXPECT_EQ(sheet.findBefore("", 1), std::nullopt);
+}
+
 TEST(OpeningSheets, FindAccountsByIdAndCode) {
     const OpeningSheet sheet = sheetOf({{"2001"}, {"1001"}});
     EXPECT_EQ(sheet.placeOfId(1), 1u);

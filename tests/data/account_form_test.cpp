@@ -1,0 +1,132 @@
+#include "accounts/screen/account_form.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "data/tables/accounts.h"
+#include "tests/support/account_books.h"
+#include "tests/support/engine_cases.h"
+
+using namespace chengheng;
+
+namespace {
+
+using Step = AccountForm::Step;
+
+/// The dialog over a chart of 1001, 1002 with 100201 below it, and 2202 of the class 负债.
+class AccountForms : public testing::TestWithParam<EngineCase> {
+  protected:
+    AccountForms() {
+        for (const char* code : {"1001", "1002", "100201", "2202"}) m_books.add(code);
+        _CodeInfo liability = m_books.account("2202");
+        liability.sType = "负债";
+        m_books.edit(liability);
+        EXPECT_TRUE(m_screen.load("全部"));
+    }
+    /// Where the arrows lead: to the first, the previous, the next and the last account.
+    std::vector<std::string> arrows() const {
+        std::vector<std::string> codes;
+        for (const Step step : {Step::first, Step::previous, Step::next, Step::last})
+            codes.push_back(m_form.neighbour(step));
+        return codes;
+    }
+    std::string proposedClass(const std::string& code) const {
+        std::string name = "before";
+        EXPECT_TRUE(m_form.proposeClass(code, name));
+        return name;
+    }
+
+    AccountBooks m_books{freshLocation(GetParam())};
+    ChartScreen m_screen;
+    AccountForm m_form{m_books.messages(), CodeLevels("4222"), m_screen};
+};
+
+using Codes = std::vector<std::string>;
+
+}  // namespace
+
+TEST_P(AccountForms, BeginANewAccountBelowAnotherAndGoOnFromThere) {
+    ASSERT_TRUE(m_form.beginNew("1002", "全部"));
+    EXPECT_TRUE(m_form.isAdding());
+    EXPECT_EQ(m_form.entry().code, "100202");
+    EXPECT_EQ(m_form.entry().className, "资产");
+    EXPECT_EQ(arrows(), (Codes{"1001", "1001", "100201", "2202"}));
+    ASSERT_TRUE(m_form.beginNew("", "全部"));
+    EXPECT_EQ(m_form.entry().code, "");
+    EXPECT_EQ(m_form.entry().className, "资产") << "the first there is";
+    EXPECT_EQ(arrows(), (Codes{"1001", "", "1001", "2202"}));
+}
+
+TEST_P(AccountForms, LeadToWhereTheirAccountWouldStandInAListWithoutIt) {
+    ASSERT_TRUE(m_form.beginModification("1001"));
+    ASSERT_TRUE(m_screen.load("负债"));
+    EXPECT_EQ(arrows(), (Codes{"2202", "", "2202", "2202"}));
+    ASSERT_TRUE(m_screen.load("没有"));
+    EXPECT_EQ(arrows(), (Codes{"", "", "", ""}));
+}
+
+TEST_P(AccountForms, ProposeAClassUnlessTheTabIsOne) {
+    ASSERT_TRUE(m_form.beginNew("", "全部"));
+    EXPECT_EQ(proposedClass("1009"), "资产");
+    EXPECT_EQ(proposedClass("2009"), "负债");
+    EXPECT_EQ(proposedClass("220201"), "负债");
+    ASSERT_TRUE(m_form.beginNew("", "负债"));
+    EXPECT_EQ(m_form.entry().className, "负债");
+    EXPECT_EQ(proposedClass("1009"), "");
+}
+
+TEST_P(AccountForms, BeginAModificationWithWhatIsStored) {
+    ASSERT_TRUE(m_form.beginModification("2202"));
+    EXPECT_FALSE(m_form.isAdding());
+    EXPECT_EQ(m_form.entry(), entryOf(m_books.account("2202")));
+    EXPECT_FALSE(m_form.isChanged(entryOf(m_books.account("2202"))));
+    EXPECT_EQ(arrows(), (Codes{"1001", "100201", "", "2202"}));
+    ASSERT_TRUE(m_form.goTo("100201"));
+    EXPECT_EQ(m_form.entry(), entryOf(m_books.account("100201")));
+}
+
+TEST_P(AccountForms, BeginACopyBesideItsAccount) {
+    ASSERT_TRUE(m_form.beginCopy("100201"));
+    EXPECT_TRUE(m_form.isAdding());
+    EXPECT_EQ(m_form.entry().code, "100202");
+    EXPECT_EQ(m_form.entry().className, "资产");
+    EXPECT_EQ(arrows(), (Codes{"1001", "1002", "2202", "2202"}));
+}
+
+TEST_P(AccountForms, StayAsTheyAreWhicheverReadingOfABeginningFails) {
+    const std::function<Status()> beginnings[] = {
+        [this] { return m_form.beginNew("1002", "全部"); },
+        [this] { return m_form.beginCopy("100201"); },
+        [this] { return m_form.beginModification("1001"); },
+    };
+    for (const auto& begin : beginnings) {
+        ASSERT_TRUE(m_form.beginModification("2202"));
+        const AccountEntry before = m_form.entry();
+        int call = 1;
+        for (bool hasFailed = true; hasFailed; ++call) {
+            m_books.engine().failCall(call, Failure::full);
+            const Status status = begin();
+            hasFailed = m_books.engine().hasFailed();
+            m_books.engine().failCall(0);
+            ASSERT_EQ(status.failure, hasFailed ? Failure::full : Failure::none) << call;
+            if (!hasFailed) break;
+            EXPECT_EQ(m_form.entry(), before) << call;
+            EXPECT_FALSE(m_form.isAdding()) << call;
+            EXPECT_EQ(arrows(), (Codes{"1001", "100201", "", "2202"})) << call;
+        }
+        EXPECT_GT(call, 1);
+    }
+}
+
+TEST_P(AccountForms, StayAsTheyAreWhenTheAccountToBeginWithIsGone) {
+    ASSERT_TRUE(m_form.beginModification("2202"));
+    const AccountEntry before = m_form.entry();
+    EXPECT_EQ(m_form.beginCopy("1009").failure, Failure::missing);
+    EXPECT_EQ(m_form.beginModification("1009").failure, Failure::missing);
+    EXPECT_EQ(m_form.entry(), before);
+    EXPECT_FALSE(m_form.isAdding());
+    EXPECT_EQ(arrows(), (Codes{"1001", "100201", "", "2202"}));
+}
+
+CHENGHENG_ON_ALL_ENGINES(AccountForms);
