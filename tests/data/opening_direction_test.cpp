@@ -195,7 +195,7 @@ TEST_P(Directions, PassOverAnAccountThatGoesWhileTheyTurn) {
 }
 
 TEST_P(Directions, TurnWithoutAWordWhenEveryAccountGoesBeforeTheLookupsAreReadAnew) {
-    const auto turn = [this](const std::function<void(OpeningTestBooks&)>& before) {
+    const auto turn = [](const std::function<void(OpeningTestBooks&)>& before) {
         OpeningTestBooks books(freshLocation(GetParam()));
         books.addAccounts({"1002", "100201"});
         EXPECT_EQ(books.work().refresh(), Outcome::done);
