@@ -73,4 +73,13 @@ class OpeningWindowTest : public testing::Test {
     std::optional<OpenOpenings> window;
 };
 
+/// Typing into a small chart, with the keyboard on the first opening balance.
+class FilledOpeningTest : public OpeningWindowTest {
+  protected:
+    void SetUp() override {
+        make();
+        addSomeAccounts();
+    }
+};
+
 }  // namespace chengheng

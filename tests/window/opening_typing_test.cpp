@@ -1,47 +1,11 @@
-#include <QApplication>
-#include <QClipboard>
-#include <QSignalSpy>
-
 #include "tests/window/opening_fixture.h"
 
 using namespace chengheng;
 
 namespace {
 
-/// Typing into a small chart, with the keyboard on the first opening balance.
-class OpeningTypingTest : public OpeningWindowTest {
-  protected:
-    void SetUp() override {
-        make();
-        addSomeAccounts();
-    }
-};
-
-/// The cells that a grid's model announces as changed while this lives: "2,4" for row and column.
-class AnnouncedCells {
-  public:
-    explicit AnnouncedCells(const CVCF1& grid)
-        : m_changes(grid.model(), &QAbstractItemModel::dataChanged),
-          m_resets(grid.model(), &QAbstractItemModel::modelReset) {}
-
-    std::vector<std::string> take() {
-        std::vector<std::string> cells;
-        for (const auto& change : m_changes) {
-            const auto first = change[0].toModelIndex();
-            const auto last = change[1].toModelIndex();
-            for (int row = first.row(); row <= last.row(); ++row)
-                for (int column = first.column(); column <= last.column(); ++column)
-                    cells.push_back(std::to_string(row) + "," + std::to_string(column));
-        }
-        m_changes.clear();
-        EXPECT_EQ(m_resets.count(), 0);
-        return cells;
-    }
-
-  private:
-    QSignalSpy m_changes;
-    QSignalSpy m_resets;
-};
+/// The way through the figures by keys and clicks, and what an edit leaves behind.
+class OpeningTypingTest : public FilledOpeningTest {};
 
 std::string numbered(int number) { return std::to_string(1000 + number); }
 
@@ -136,121 +100,6 @@ TEST_F(OpeningTypingTest, EditsWithF2WhatIsThere) {
     EXPECT_FALSE(window->isEnabled("撤销"));
 }
 
-TEST_F(OpeningTypingTest, ReckonsSumsAndShowsNegativesInRed) {
-    open();
-    window->type("=1200+350*2");
-    window->press(Qt::Key_Down);
-    EXPECT_EQ(window->cell(0, opening), "1,900.00");
-    EXPECT_EQ(window->grid().currentRow(), 1);
-    window->press(Qt::Key_Up);
-    window->type("-3");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(0, opening), "-3.00");
-    EXPECT_GT(window->colour(0, opening, Qt::ForegroundRole).red(), 150);
-}
-
-TEST_F(OpeningTypingTest, TakesTheWideDigitsOfAnInputMethod) {
-    open();
-    typeText(&window->grid(), "１２３４．５");
-    ASSERT_TRUE(window->isEditing());
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(0, opening), "1,234.50");
-    typeText(&window->grid(), "＝１０＋５");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(2, opening), "15.00");
-}
-
-TEST_F(OpeningTypingTest, TakesACellOfASpreadsheetThatIsPastedIntoAnEdit) {
-    open();
-    QApplication::clipboard()->setText("1,234.50\n");
-    window->press(Qt::Key_F2);
-    window->press(Qt::Key_V, Qt::ControlModifier);
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(0, opening), "1,234.50");
-}
-
-TEST_F(OpeningTypingTest, SaysBelowTheGridThatATextThatIsNoNumberWasTakenAsZero) {
-    books->addRows("1001", 12, 50);
-    open();
-    EXPECT_EQ(window->label("remark"), "");
-    window->type("12x");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(0, opening), "0.00");
-    EXPECT_EQ(window->grid().currentRow(), 2);
-    EXPECT_EQ(window->label("remark"), "“12x”不是数字。已按 0 录入,按 Ctrl+Z 恢复原来的金额。");
-    EXPECT_TRUE(window->findChild<QLabel*>("remark")->isVisible());
-    EXPECT_TRUE(messages().texts().empty());
-    window->press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(window->cell(0, opening), "50.00");
-    EXPECT_EQ(window->label("remark"), "");
-}
-
-TEST_F(OpeningTypingTest, SaysNoMoreOfATextThatIsNoNumberOnceTheNextEditBegins) {
-    books->addRows("1001", 12, 50);
-    open();
-    const int height = window->grid().height();
-    window->type(std::string(40, 'x'));
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->label("remark").find("“" + std::string(30, 'x') + "…”不是数字。"), 0U);
-    EXPECT_EQ(window->grid().height(), height);
-    window->type("7");
-    EXPECT_EQ(window->label("remark"), "");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->label("remark"), "");
-}
-
-TEST_F(OpeningTypingTest, SaysOfAZeroThatATextThatIsNoNumberLeftItAsItIs) {
-    open();
-    window->type("abc");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->label("remark"), "“abc”不是数字。按 0 计算,金额没有改变。");
-    EXPECT_FALSE(window->isEnabled("撤销"));
-}
-
-TEST_F(OpeningTypingTest, SaysNothingOfAnEmptiedCell) {
-    books->addRows("1001", 12, 50);
-    open();
-    window->press(Qt::Key_F2);
-    window->press(Qt::Key_A, Qt::ControlModifier);
-    window->press(Qt::Key_Backspace);
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(0, opening), "0.00");
-    EXPECT_EQ(window->label("remark"), "");
-}
-
-TEST_F(OpeningTypingTest, DoesNotMakeAnotherNumberOfADecimalComma) {
-    books->addRows("1001", 12, 50);
-    open();
-    window->type("1,5");
-    ASSERT_TRUE(window->isEditing());
-    EXPECT_EQ(window->editor()->text(), "1,5");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(0, opening), "0.00");
-    EXPECT_EQ(window->label("remark"),
-              "“1,5”不是数字:小数点应为“.”,不能用“,”。已按 0 录入,按 Ctrl+Z 恢复原来的金额。");
-    window->type("1,234,567.5");
-    EXPECT_EQ(window->label("remark"), "");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(2, opening), "1,234,567.50");
-    window->type("0100");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(window->cell(3, opening), "100.00");
-}
-
-TEST_F(OpeningTypingTest, KeepsACommaOfTheOperatorWhenAnEditStartsFromWhatIsThere) {
-    books->addRows("1001", 12, 1250);
-    open();
-    window->press(Qt::Key_F2);
-    window->press(Qt::Key_End);
-    for (int letter = 0; letter < 3; ++letter) window->press(Qt::Key_Backspace);
-    EXPECT_EQ(window->editor()->text(), "1,250");
-    window->press(Qt::Key_Backspace);
-    EXPECT_EQ(window->editor()->text(), "125");
-    window->type(",5");
-    EXPECT_EQ(window->editor()->text(), "125,5");
-    window->press(Qt::Key_Escape);
-}
-
 TEST_F(OpeningTypingTest, GoesOnFromAnEditWithThePageKeys) {
     open();
     window->type("5");
@@ -285,49 +134,6 @@ TEST_F(OpeningTypingTest, KeepsTheRunningTotals) {
     EXPECT_EQ(window->label("credits"), "贷方合计:300.00");
     EXPECT_EQ(window->label("difference"), "差额:0.00");
     EXPECT_LT(redness(), 100);
-}
-
-TEST_F(OpeningTypingTest, RepaintsOnlyTheFigureAndTheSumsAboveIt) {
-    open();
-    AnnouncedCells announced(window->grid());
-    window->type("5");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(announced.take(), Texts{"0,4"});
-    window->type("300");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(announced.take(), (Texts{"1,4", "2,4"}));
-    window->press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(announced.take(), (Texts{"1,4", "2,4"}));
-    EXPECT_EQ(window->label("debits"), "借方合计:5.00");
-    window->press(Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(announced.take(), (Texts{"1,4", "2,4"}));
-    window->press(Qt::Key_Delete);
-    EXPECT_EQ(announced.take(), (Texts{"1,4", "2,4"}));
-    EXPECT_EQ(window->column(opening), (Texts{"5.00", "0.00", "0.00", "0.00", "0.00"}));
-}
-
-TEST_F(OpeningTypingTest, RepaintsNothingForAFigureThatStaysAsItIsOrIsRefused) {
-    open();
-    AnnouncedCells announced(window->grid());
-    window->type("0.00");
-    window->press(Qt::Key_Return);
-    window->type("99999999999999");
-    window->press(Qt::Key_Return);
-    window->press(Qt::Key_Escape);
-    EXPECT_EQ(announced.take(), Texts{});
-    EXPECT_EQ(window->column(opening), Texts(5, "0.00"));
-}
-
-TEST_F(OpeningTypingTest, RepaintsTheOpeningBalanceThatFollowsAMovement) {
-    make(OpeningLayout::midYear);
-    addSomeAccounts();
-    open();
-    window->stand(2, 5);
-    AnnouncedCells announced(window->grid());
-    window->type("5");
-    window->press(Qt::Key_Return);
-    EXPECT_EQ(announced.take(), (Texts{"1,5", "1,7", "2,5", "2,7"}));
-    EXPECT_EQ(window->cell(1, 7), "5.00");
 }
 
 TEST_F(OpeningTypingTest, WritesAnEditThatAClickElsewhereEnds) {
