@@ -8,6 +8,7 @@
 #include "books/logon/books_session.h"
 #include "data/engines/open_engine.h"
 #include "tool/commands.h"
+#include "tool/output_file.h"
 #include "tool/tool_texts.h"
 
 namespace chengheng {
@@ -30,6 +31,7 @@ struct TransferCommand {
     const char* forceText;
     fmt::format_string<std::string, std::string> done;
     std::optional<Refusal> (*run)(const std::string&, const std::string&, Overwrite);
+    bool isIntoFile = false;  ///< and so may go to standard output
 };
 
 constexpr TransferCommand backupCommand{"backup",
@@ -40,7 +42,8 @@ constexpr TransferCommand backupCommand{"backup",
                                         tool_texts::backupFileArgument,
                                         tool_texts::forceFile,
                                         tool_texts::backedUp,
-                                        backUpBooks};
+                                        backUpBooks,
+                                        true};
 
 constexpr TransferCommand restoreCommand{"restore",
                                          tool_texts::restoreCommand,
@@ -65,9 +68,11 @@ constexpr TransferCommand copyCommand{"copy",
 ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& options) {
     const Overwrite overwrite = options.isForced ? Overwrite::replaceBooks : Overwrite::refuse;
     const std::string from = locationOfBooks(options.from);
-    const std::string to = locationOfBooks(options.to);
+    const bool isOutput = command.isIntoFile && isStandardOutput(options.to);
+    const std::string to = isOutput ? options.to : locationOfBooks(options.to);
     if (const auto refusal = command.run(from, to, overwrite)) return tellRefusal(tool, *refusal);
-    tool.out << fmt::format(command.done, shownLocation(from), shownLocation(to)) << '\n';
+    wordsBeside(tool, {to}) << fmt::format(command.done, shownLocation(from), shownLocation(to))
+                            << '\n';
     return ExitCode::done;
 }
 

@@ -40,22 +40,25 @@ Status follow(const std::string& path, std::string& end) {
     return Status::done();
 }
 
-bool holdsBooks(const std::string& path) {
+/// Refused as foreign where books are. What cannot be looked into may be books, too.
+Status refuseBooks(const std::string& path) {
     constexpr std::string_view sign("SQLite format 3\0", 16);
     std::array<char, sign.size()> start{};
-    std::ifstream file(path, std::ios::binary);
-    file.read(start.data(), start.size());
-    return file.gcount() == static_cast<std::streamsize>(sign.size()) &&
-           std::string_view(start.data(), start.size()) == sign;
+    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) return errno == ENOENT ? Status::done() : systemFailure(errno, path);
+    const ssize_t got = read(file, start.data(), start.size());
+    const int error = errno;
+    close(file);
+    if (got < 0) return error == EISDIR ? Status::done() : systemFailure(error, path);
+    const std::string_view found(start.data(), static_cast<std::size_t>(got));
+    return found == sign ? Status::of(Failure::foreign, path) : Status::done();
 }
 
-/// Whether a path is that of books or of what an engine keeps beside them, there or to come.
-bool belongsToBooks(const std::string& path) {
-    if (holdsBooks(path)) return true;
+/// The same for a path of what an engine keeps beside books, there or to come.
+Status refuseBesideBooks(const std::string& path) {
     for (const std::string_view end : {"-wal", "-shm", "-journal"})
-        if (path.ends_with(end) && holdsBooks(path.substr(0, path.size() - end.size())))
-            return true;
-    return false;
+        if (path.ends_with(end)) return refuseBooks(path.substr(0, path.size() - end.size()));
+    return Status::done();
 }
 
 Status writeAll(int to, const char* bytes, std::size_t count) {
@@ -94,8 +97,9 @@ Status findTarget(const std::string& target, Overwrite overwrite, OutputTarget& 
     if (isThere && S_ISDIR(entry.st_mode)) return systemFailure(EISDIR, target);
     found.isStream = isThere && !S_ISREG(entry.st_mode);
     if (found.isStream) return Status::done();
-    if (overwrite != Overwrite::replaceBooks && belongsToBooks(found.path))
-        return Status::of(Failure::foreign, target);
+    Status status = refuseBesideBooks(found.path);
+    if (status && overwrite != Overwrite::replaceBooks) status = refuseBooks(found.path);
+    if (!status) return status;
     if (isThere && overwrite == Overwrite::refuse) return Status::of(Failure::refused, target);
     return Status::done();
 }

@@ -25,7 +25,8 @@ struct OutputTarget {
 };
 
 /// Looks what stands at a place. Failures: refused where a file is that is not to be replaced,
-/// foreign where books are, or the log of books, and this is no copy of books.
+/// foreign where books are and this is no copy of books, or where an engine keeps the log of
+/// books, and what kept it from looking.
 Status findTarget(const std::string& target, Overwrite overwrite, OutputTarget& found);
 
 /// Writes the whole of a file into a stream.

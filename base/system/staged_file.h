@@ -21,6 +21,7 @@ class StagedFile {
     StagedFile& operator=(const StagedFile&) = delete;
 
     const Status& status() const { return m_status; }
+    const OutputTarget& target() const { return m_target; }
     /// Where to make the file.
     const std::string& path() const { return m_path; }
     /// Makes it of these bytes.

@@ -58,6 +58,7 @@ std::string notWhole(std::string_view value);
 std::string outOfRange(std::int64_t value, std::int64_t least, std::int64_t most);
 std::string notNumber(std::string_view value);
 inline constexpr const char* notFinite = "不是有限的数";
+inline constexpr const char* passwordWrong = "口令的内容不正确";
 inline constexpr const char* notUtf8 = "不是有效的 UTF-8 文字";
 std::string controlCharacter(std::string_view value);
 std::string notDate(std::string_view value);

@@ -148,14 +148,23 @@ bool isInUse(const std::string& file) {
     return files::exists(file + "-wal", unseen);
 }
 
+/// Why a file is no target. Books are one when they may be replaced, what lies beside them never.
+Refusal targetRefusal(const Status& status, const std::string& file, Overwrite overwrite) {
+    std::error_code unseen;
+    const bool isFileThere = overwrite == Overwrite::refuse && files::exists(file, unseen);
+    if (status.failure == Failure::refused || (status.failure == Failure::foreign && isFileThere))
+        return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
+    if (status.failure == Failure::foreign)
+        return existsRefusal(fmt::format(transfer_texts::besideBooks, file), "");
+    if (status.failure == Failure::missing)
+        return inputRefusal(fmt::format(transfer_texts::folderMissing, file), "");
+    return failure(status, file);
+}
+
 /// Writes the source into a file that appears only when it is whole and proven.
 std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwrite overwrite) {
     StagedFile staged(file, overwrite);
-    if (staged.status().failure == Failure::refused)
-        return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
-    if (staged.status().failure == Failure::missing)
-        return inputRefusal(fmt::format(transfer_texts::folderMissing, file), "");
-    if (!staged.status()) return failure(staged.status(), file);
+    if (!staged.status()) return targetRefusal(staged.status(), file, overwrite);
     const std::optional<Status> copied = source.engine().copyToFile(staged.path());
     if (copied && !*copied) return failure(*copied, file);
     if (!copied) {
@@ -163,12 +172,12 @@ std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwr
     }
     if (std::optional<Refusal> refusal = provenCopy(source, staged.path(), file)) return refusal;
     std::error_code unseen;
-    if (overwrite == Overwrite::replaceBooks && files::exists(file, unseen) && isInUse(file))
+    const OutputTarget& target = staged.target();
+    const bool isReplaced = !target.isStream && files::exists(target.path, unseen);
+    if (overwrite == Overwrite::replaceBooks && isReplaced && isInUse(target.path))
         return failureRefusal(fmt::format(transfer_texts::fileInUse, file));
     const Status status = staged.place();
-    if (status.failure == Failure::refused)
-        return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
-    return status ? std::optional<Refusal>() : failure(status, file);
+    return status ? std::optional<Refusal>() : targetRefusal(status, file, overwrite);
 }
 
 /// The names of all tables, for a lock on the books as a whole.
@@ -215,9 +224,9 @@ std::optional<Refusal> backUpBooks(const std::string& location, const std::strin
         return inputRefusal(fmt::format(transfer_texts::backupToServer, shownLocation(file)), "");
     if (isSamePlace(location, file))
         return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(file)), "");
-    std::error_code unseen;
-    if (overwrite == Overwrite::refuse && files::exists(file, unseen))
-        return existsRefusal(fmt::format(transfer_texts::fileExists, file), "");
+    OutputTarget target;
+    if (const Status found = findTarget(file, overwrite, target); !found)
+        return targetRefusal(found, file, overwrite);
     Source source(location);
     if (std::optional<Refusal> refusal = source.open()) return refusal;
     return writeFile(source, file, overwrite);

@@ -10,6 +10,8 @@ inline constexpr const char* backupFromServerAddress =
 inline constexpr const char* sameBooks = "来源和目标是同一个帐套“{}”,没有改动它。";
 inline constexpr const char* fileExists =
     "文件“{}”已经存在,没有改动它。\n请换一个文件名,或加 --force 替换它。";
+inline constexpr const char* besideBooks =
+    "“{}”是另一个帐套的日志文件的位置,没有改动它。\n请换一个文件名。";
 inline constexpr const char* booksExist =
     "“{}”已经有帐套,没有改动它。\n请换一个目标,或加 --force 用新内容替换其全部内容。";
 inline constexpr const char* folderMissing =

@@ -172,6 +172,17 @@ TEST_P(IntegrityDamage, GivesItsFaultAndNoOther) {
 INSTANTIATE_TEST_SUITE_P(Each, IntegrityDamage, testing::ValuesIn(damages),
                          [](const auto& damage) { return damage.param.name; });
 
+TEST(IntegrityOfPasswords, ShowsNoneThatIsInClear) {
+    const auto engine = openForTest(":memory:");
+    fillSmallBooks(*engine);
+    runScript(*engine, "UPDATE Users SET sPassword = 'geheim\x07'");
+    const auto faults = faultsIn(*engine);
+    EXPECT_THAT(faults, ElementsAre(faultOf("cells", "Users 编号 1 的 sPassword:口令的内容不正确"),
+                                    faultOf("operators", "口令为空或没有加密")));
+    for (const IntegrityFault& fault : faults)
+        EXPECT_EQ(fault.text.find("geheim"), std::string::npos);
+}
+
 /// What a server does not take into its columns in the first place.
 constexpr Damage damagesOfFiles[] = {
     {"MoneyOfLetters", "UPDATE FreqSub SET mMoney = '12x'", "cells",

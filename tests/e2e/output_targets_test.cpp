@@ -123,6 +123,26 @@ TEST_F(OutputTargetsOfCommands, StandardOutputHoldsTheFileAndNoWords) {
     }
 }
 
+TEST_F(OutputTargetsOfCommands, BackupGoesToStandardOutputToo) {
+    const ProgramRun run = chbooks({"backup", m_books, "-"});
+    EXPECT_EQ(run.exitCode, done) << run.err;
+    EXPECT_TRUE(run.out.starts_with("SQLite format 3"));
+    EXPECT_THAT(run.err, HasSubstr("已备份到“-”"));
+    EXPECT_FALSE(targets::exists(m_folder + "-"));
+    std::ofstream(m_folder + "b.db", std::ios::binary) << run.out;
+    EXPECT_EQ(chbooks({"check", m_folder + "b.db"}).exitCode, done);
+}
+
+TEST_F(OutputTargetsOfCommands, BackupLeavesTheLogOfOtherBooks) {
+    const std::string log = m_folder + "o.db-wal";
+    ASSERT_EQ(chbooks({"backup", m_books, m_folder + "o.db"}).exitCode, done);
+    const ProgramRun run = chbooks({"backup", m_books, log, "--force"});
+    EXPECT_EQ(run.exitCode, targetExists);
+    EXPECT_EQ(run.err,
+              "“" + log + "”是另一个帐套的日志文件的位置,没有改动它。\n请换一个文件名。\n");
+    EXPECT_FALSE(targets::exists(log));
+}
+
 TEST_F(OutputTargetsOfCommands, FullDevicesAreAFailure) {
     for (const Command& command : writers(m_books)) {
         const ProgramRun run = runInto(command, "/dev/full");

@@ -12,6 +12,7 @@
 
 #include "base/system/staged_file.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/ordinary_user.h"
 
 namespace chengheng {
 namespace {
@@ -73,6 +74,31 @@ TEST_F(OutputTargets, MayBeBooksForACopyOfBooksOnly) {
     put(at("n.db"), booksStart);
     EXPECT_TRUE(writeTo(at("n.db"), Overwrite::replaceBooks));
     EXPECT_EQ(contentOf(at("n.db")), "new");
+}
+
+TEST_F(OutputTargets, AreNotWhatLiesBesideBooksForACopyOfBooksEither) {
+    put(at("n.db"), booksStart);
+    put(at("n.db-wal"), "log");
+    EXPECT_EQ(writeTo(at("n.db-wal"), Overwrite::replaceBooks).failure, Failure::foreign);
+    EXPECT_EQ(contentOf(at("n.db-wal")), "log");
+}
+
+TEST_F(OutputTargets, AreNotFilesThatMayNotBeLookedInto) {
+    put(at("n.db"), booksStart);
+    ASSERT_EQ(chmod(at("n.db").c_str(), 0), 0);
+    ASSERT_EQ(chmod(m_folder.c_str(), 0777), 0);
+    const int failure = asOrdinaryUser(
+        [this] { return static_cast<int>(writeTo(at("n.db"), Overwrite::replace).failure); });
+    EXPECT_EQ(static_cast<Failure>(failure), Failure::readOnly);
+    ASSERT_EQ(chmod(at("n.db").c_str(), 0600), 0);
+    EXPECT_EQ(contentOf(at("n.db")), booksStart);
+}
+
+TEST_F(OutputTargets, MayBeAFileBesideAFolderOrAPipeOfThatName) {
+    targets::create_directory(at("a"));
+    ASSERT_EQ(mkfifo(at("b").c_str(), 0600), 0);
+    EXPECT_TRUE(writeTo(at("a-wal"), Overwrite::refuse));
+    EXPECT_TRUE(writeTo(at("b-wal"), Overwrite::refuse));
 }
 
 TEST_F(OutputTargets, MayBeAFileThatOnlyLooksLikeALogOfBooks) {
