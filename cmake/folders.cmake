@@ -65,11 +65,7 @@ function(add_folder folder type below)
     set_target_properties(${name} PROPERTIES DEFINE_SYMBOL "" LINK_DEPENDS_NO_SHARED ON)
     get_target_property(form ${name} TYPE)
     if(form STREQUAL SHARED_LIBRARY)
-        target_link_options(${name} PRIVATE LINKER:--as-needed)
-        # Clang's sanitizers are found in the program only.
-        if(NOT CHENGHENG_SANITIZE)
-            target_link_options(${name} PRIVATE LINKER:--no-undefined)
-        endif()
+        target_link_options(${name} PRIVATE LINKER:--as-needed LINKER:--no-undefined)
     endif()
 endfunction()
 
@@ -123,6 +119,9 @@ set(TOP_WINDOW_FOLDER ${below_windows})
 
 target_compile_definitions(base_system PRIVATE CHENGHENG_VERSION="${PROJECT_VERSION}")
 if(CHENGHENG_WINDOWS)
-    # The library asks which form of its smart pointers is meant; 4 is the standard one.
-    target_compile_definitions(screen_report PRIVATE POINTERHOLDER_TRANSITION=4)
+    # Clang cannot read this library's headers as C++20. It asks which form of its smart pointers
+    # is meant; 4 is the standard one.
+    set_source_files_properties(screen/report/pdf_text_maps.cpp PROPERTIES
+        COMPILE_OPTIONS -std=c++17 COMPILE_DEFINITIONS POINTERHOLDER_TRANSITION=4
+        SKIP_UNITY_BUILD_INCLUSION ON SKIP_PRECOMPILE_HEADERS ON)
 endif()

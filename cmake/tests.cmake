@@ -66,24 +66,22 @@ endif()
 add_test(NAME e2e COMMAND test_e2e)
 set_tests_properties(e2e PROPERTIES LABELS e2e)
 
-# The house's own checks. A sanitizer build would only repeat them.
+# The house's own checks.
 function(script_test name)
     add_test(NAME ${name} COMMAND ${ARGN})
     set_tests_properties(${name} PROPERTIES LABELS script)
 endfunction()
 
-if(NOT CHENGHENG_SANITIZE)
-    set(tools ${CMAKE_SOURCE_DIR}/tools)
-    script_test(tidy ${tools}/tidy --compiled ${CMAKE_BINARY_DIR}/compile_commands.json)
-    script_test(tidy_samples ${tools}/tidy --self-test)
-    script_test(mutate_samples ${tools}/mutate --self-test)
-    script_test(run_tests ${tools}/test_run_tests)
-    if(TARGET nbcwsetting)
-        script_test(exports
-            ${tools}/check_exports $<TARGET_FILE:nbcwsetting> CNbCwSettingDlg CNbCwBursarDlg
-            --host $<TARGET_FILE:chenghenghost>
-            g_pDB g_lpszNbZwDBName g_lpArgument g_lpLogonUserInfo g_pDlgWnd g_lpHead g_nLine)
-    endif()
+set(tools ${CMAKE_SOURCE_DIR}/tools)
+script_test(tidy ${tools}/tidy --compiled ${CMAKE_BINARY_DIR}/compile_commands.json)
+script_test(tidy_samples ${tools}/tidy --self-test)
+script_test(mutate_samples ${tools}/mutate --self-test)
+script_test(run_tests ${tools}/test_run_tests)
+if(TARGET nbcwsetting)
+    script_test(exports
+        ${tools}/check_exports $<TARGET_FILE:nbcwsetting> CNbCwSettingDlg CNbCwBursarDlg
+        --host $<TARGET_FILE:chenghenghost>
+        g_pDB g_lpszNbZwDBName g_lpArgument g_lpLogonUserInfo g_pDlgWnd g_lpHead g_nLine)
 endif()
 
 if(CHENGHENG_WINDOWS)

@@ -72,11 +72,11 @@ void HelpWindow::buildControls() {
 void HelpWindow::fillContents(const QString& wanted) {
     QStringList titles;
     m_shownPages.clear();
-    const auto pages = helpPages();
-    for (std::size_t page = 0; page < pages.size(); ++page) {
-        if (!wanted.isEmpty() && !isFoundOnPage(pages[page], wanted)) continue;
+    const auto all = helpPages();
+    for (std::size_t page = 0; page < all.size(); ++page) {
+        if (!wanted.isEmpty() && !isFoundOnPage(all[page], wanted)) continue;
         m_shownPages.append(static_cast<int>(page));
-        titles.append(QString::fromUtf8(pages[page].title));
+        titles.append(QString::fromUtf8(all[page].title));
     }
     m_titles.setStringList(titles);
     if (m_shownPages.isEmpty()) {

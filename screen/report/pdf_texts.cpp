@@ -6,11 +6,10 @@
 #include <QString>
 #include <algorithm>
 #include <charconv>
-#include <memory>
 #include <optional>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFWriter.hh>
 #include <vector>
+
+#include "screen/report/pdf_text_maps.h"
 
 namespace chengheng {
 namespace {
@@ -73,19 +72,6 @@ std::string readableRange(std::string_view line, const ReadableCodes& codes) {
     return text + "]";
 }
 
-void makeReadable(QPDF& pdf, const ReadableCodes& codes) {
-    for (QPDFObjectHandle& object : pdf.getAllObjects()) {
-        if (!object.isDictionary() || !object.hasKey("/ToUnicode")) continue;
-        QPDFObjectHandle map = object.getKey("/ToUnicode");
-        if (!map.isStream()) continue;
-        const auto data = map.getStreamData();
-        const std::string_view text(reinterpret_cast<const char*>(data->getBuffer()),
-                                    data->getSize());
-        map.replaceStreamData(withReadableCodes(text, codes), QPDFObjectHandle::newNull(),
-                              QPDFObjectHandle::newNull());
-    }
-}
-
 }  // namespace
 
 ReadableCodes readableCodes(std::span<const QFont> fonts) {
@@ -124,24 +110,10 @@ std::string withReadableCodes(std::string_view textMap, const ReadableCodes& cod
     return result;
 }
 
-// The library does not tell when a file does not take its last bytes, so it writes into memory.
 Status makeTextsReadable(std::string& pdf, const ReadableCodes& codes) {
-    try {
-        QPDF document;
-        document.setSuppressWarnings(true);
-        document.processMemoryFile("", pdf.data(), pdf.size());
-        makeReadable(document, codes);
-        QPDFWriter writer(document);
-        writer.setOutputMemory();
-        writer.write();
-        if (document.anyWarnings())
-            return Status::of(Failure::damaged, document.getWarnings().front().what());
-        const std::shared_ptr<Buffer> written = writer.getBufferSharedPointer();
-        pdf.assign(reinterpret_cast<const char*>(written->getBuffer()), written->getSize());
-    } catch (const std::exception& error) {
-        return Status::of(Failure::damaged, error.what());
-    }
-    return Status::done();
+    const std::string fault = changeTextMaps(
+        pdf, [&codes](std::string_view map) { return withReadableCodes(map, codes); });
+    return fault.empty() ? Status::done() : Status::of(Failure::damaged, fault);
 }
 
 }  // namespace chengheng

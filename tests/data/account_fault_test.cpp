@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <tuple>
 
 #include "tests/support/account_actions.h"
 #include "tests/support/engine_cases.h"
@@ -13,7 +14,18 @@ namespace {
 
 constexpr int tooManyCalls = 500;
 
-class AccountFaults : public testing::TestWithParam<EngineCase> {};
+using ActionCase = std::tuple<EngineCase, AccountAction>;
+
+class AccountFaults : public testing::TestWithParam<ActionCase> {};
+
+auto everyActionOn(const std::vector<EngineCase>& engines) {
+    return testing::Combine(testing::ValuesIn(engines), testing::ValuesIn(accountActions()));
+}
+
+std::string actionCaseName(const testing::TestParamInfo<ActionCase>& info) {
+    const auto& [engine, action] = info.param;
+    return engine.name + "_" + action.name;
+}
 
 /// Lets the n-th call of an action fail, n = 1, 2, ..., until it is done. After each failure the
 /// chart is as before, the operator knows, and no lock is held.
@@ -38,7 +50,7 @@ void failEachCall(const EngineCase& kind, const AccountAction& action, Failure f
         ASSERT_EQ(books.messages().notices().size(), 1u) << action.name << " call " << call;
         EXPECT_THAT(books.messages().notices()[0].text, tellsOf(failure)) << action.name;
         ASSERT_EQ(books.chart(), before) << action.name << " call " << call;
-        EXPECT_EQ(books.faults(), std::vector<std::string>{});
+        EXPECT_EQ(books.chartFaults(), std::vector<std::string>{});
     }
     EXPECT_EQ(outcome, Outcome::done) << action.name;
     EXPECT_NE(books.chart(), before) << action.name;
@@ -49,7 +61,7 @@ void failEachCall(const EngineCase& kind, const AccountAction& action, Failure f
 /// The chart that books of a place hold; the test fails when they are not sound.
 std::vector<std::string> soundChart(const std::string& location) {
     AccountBooks books(location, false);
-    EXPECT_EQ(books.faults(), std::vector<std::string>{});
+    EXPECT_EQ(books.chartFaults(), std::vector<std::string>{});
     EXPECT_NE(books.database().SQLLock("AccSum Code", 2, 0), 0) << "the dead hold nothing";
     return books.chart();
 }
@@ -66,36 +78,36 @@ bool diesAtCall(const std::string& location, const AccountAction& action, int ca
 }  // namespace
 
 TEST_P(AccountFaults, LeaveTheChartAsItWasWhateverCallFails) {
-    for (const AccountAction& action : accountActions())
-        for (const Failure failure : {Failure::full, Failure::lost})
-            failEachCall(GetParam(), action, failure);
+    const auto& [engine, action] = GetParam();
+    for (const Failure failure : {Failure::full, Failure::lost})
+        failEachCall(engine, action, failure);
 }
 
-CHENGHENG_ON_ALL_ENGINES(AccountFaults);
+INSTANTIATE_TEST_SUITE_P(On, AccountFaults, everyActionOn(allEngineCases()), actionCaseName);
 
 namespace {
 
-class AccountCrashes : public testing::TestWithParam<EngineCase> {};
+class AccountCrashes : public testing::TestWithParam<ActionCase> {};
 
 }  // namespace
 
 TEST_P(AccountCrashes, LeaveTheOldChartOrTheNewOne) {
-    for (const AccountAction& action : accountActions()) {
-        const std::string location = freshLocation(GetParam());
-        std::vector<std::string> before;
-        {
-            AccountBooks books(location);
-            prepareActions(books);
-            before = books.chart();
-        }
-        int call = 1;
-        while (diesAtCall(location, action, call) && call < tooManyCalls) {
-            ASSERT_EQ(soundChart(location), before) << action.name << " died at call " << call;
-            ++call;
-        }
-        EXPECT_GT(call, 5) << action.name;
-        EXPECT_NE(soundChart(location), before) << action.name;
+    const auto& [engine, action] = GetParam();
+    const std::string location = freshLocation(engine);
+    std::vector<std::string> before;
+    {
+        AccountBooks books(location);
+        prepareActions(books);
+        before = books.chart();
     }
+    int call = 1;
+    while (diesAtCall(location, action, call) && call < tooManyCalls) {
+        ASSERT_EQ(soundChart(location), before) << "died at call " << call;
+        ++call;
+    }
+    EXPECT_GT(call, 5);
+    EXPECT_NE(soundChart(location), before);
+    EXPECT_EQ(AccountBooks(location, false).faults(), std::vector<std::string>{});
 }
 
-CHENGHENG_ON_SHARED_ENGINES(AccountCrashes);
+INSTANTIATE_TEST_SUITE_P(On, AccountCrashes, everyActionOn(sharedEngineCases()), actionCaseName);
