@@ -8,7 +8,7 @@
 namespace chengheng {
 namespace {
 
-constexpr int fieldCharacters = 24;
+constexpr int fieldCharacters = 15;
 constexpr int resultCharacters = 14;
 
 }  // namespace

@@ -102,6 +102,7 @@ std::string jsonOf(const FigurePlan& plan) {
                          {"text", cell.text},
                          {"fate", fateWord(cell.fate)},
                          {"reason", cell.reason},
+                         {"disagrees", cell.disagrees},
                          {"before", cell.before},
                          {"after", cell.figure.value}});
     return jsonText({{"changed", plan.count(CellFate::changed)},
@@ -137,6 +138,7 @@ ExitCode importOpening(Tool& tool, const OpeningOptions& options) {
             tool.err << failure->text() << '\n';
             return ExitCode::failed;
         }
+        markDisagreeing(plan, books.sheet);
         tool.out << (options.isJson ? jsonOf(plan) : textOf(plan));
         if (plan.count(CellFate::refused) > 0) {
             tool.err << tool_texts::cellsRefused << '\n';

@@ -4,10 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <utility>
 
 #include "base/values/numbers.h"
 #include "base/values/text.h"
 #include "opening/editing/amount_text.h"
+#include "opening/editing/typed_figures.h"
 #include "opening/sheet/opening_texts.h"
 #include "sheets/sheet_failure.h"
 
@@ -95,13 +98,32 @@ PlannedCell plannedFigure(const OpeningSheet& sheet, std::size_t place, Measure 
     return planned;
 }
 
+void markDisagreeing(FigurePlan& plan, const OpeningSheet& sheet, const EditJournal& earlier) {
+    if (sheet.layout() == OpeningLayout::simple) return;
+    std::map<std::pair<std::int32_t, Measure>, Balance> lines;
+    for (const CellChange& change : typedStep(sheet, plan.figures(), earlier)) {
+        const auto place = sheet.placeOfId(change.accountId);
+        if (!place) continue;
+        const Balance& before = sheet.accounts()[*place].balance(change.measure);
+        lines.try_emplace({change.accountId, change.measure}, before).first->second.*change.figure =
+            change.after;
+    }
+    for (PlannedCell& cell : plan.cells) {
+        const auto line = lines.find({cell.figure.accountId, cell.figure.measure});
+        if (cell.fate != CellFate::changed || line == lines.end()) continue;
+        const OpeningAccount& account = sheet.accounts()[*sheet.placeOfId(cell.figure.accountId)];
+        cell.disagrees = !agrees(line->second, account.isDebit, cell.figure.measure);
+    }
+}
+
 std::string plannedCellText(const PlannedCell& cell) {
     const int decimals = decimalsOf(cell.figure.measure);
-    const std::string what =
+    std::string what =
         cell.reason.empty()
             ? fmt::format(texts::figureChange, cell.code, ftoaWithSap(cell.before, decimals),
                           ftoaWithSap(cell.figure.value, decimals))
             : fmt::format(texts::cellReason, cell.code, cell.reason, cell.text);
+    if (cell.disagrees) what += fmt::format(texts::cellDisagrees, texts::figuresDisagreeHere);
     return SheetFailure{what, cell.row + 1, cell.column + 1}.text();
 }
 

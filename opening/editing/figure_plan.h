@@ -28,6 +28,7 @@ struct PlannedCell {
     std::string code = {};    ///< of the account that it belongs to
     TypedFigure figure = {};  ///< what it becomes
     double before = 0;
+    bool disagrees = false;  ///< the figures of its line will not agree
 };
 
 /// What each cell becomes before anything is written. It is applied as a whole, and only when no
@@ -63,5 +64,9 @@ bool isBlankCell(const Cell& cell);
 /// columns beside each other.
 FigurePlan planPaste(const OpeningSheet& sheet, std::size_t line, std::size_t column,
                      const Sheet& block);
+
+/// Marks the cells that leave a line whose opening balance does not follow from its other
+/// figures, so that this is seen before it is written. `earlier` as for typedStep.
+void markDisagreeing(FigurePlan& plan, const OpeningSheet& sheet, const EditJournal& earlier = {});
 
 }  // namespace chengheng

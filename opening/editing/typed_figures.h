@@ -16,10 +16,15 @@ struct TypedFigure {
     double value = 0;
 };
 
-/// The step that sets these figures. In books that begin mid-year the opening balance of a line
-/// follows the three other figures when one of them changes and it is not typed itself. A figure
-/// that is typed as it stands has a part in it, because the books may hold another one by now;
-/// so has a figure of an account that the sheet does not hold, for the writing to refuse.
-EditStep typedStep(const OpeningSheet& sheet, std::span<const TypedFigure> typed);
+/// The step that sets these figures. A figure that is typed as it stands has a part in it, because
+/// the books may hold another one by now; so has a figure of an account that the sheet does not
+/// hold, for the writing to refuse.
+///
+/// In books that begin mid-year a figure that nobody gave is worked out when another of its line
+/// changes: the opening balance while it agrees with the others and was not typed, now or in
+/// `earlier`; else the year-start balance while it is 0 or was itself worked out. Movements never
+/// are, and what was given is never replaced: such a line disagrees, and is marked.
+EditStep typedStep(const OpeningSheet& sheet, std::span<const TypedFigure> typed,
+                   const EditJournal& earlier = {});
 
 }  // namespace chengheng

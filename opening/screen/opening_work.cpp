@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
+#include "base/values/numbers.h"
 #include "base/values/text.h"
 #include "data/access/host_database.h"
 #include "data/access/unit_of_work.h"
@@ -54,6 +57,26 @@ std::string remarkOn(std::string_view typed, bool hasChanged) {
                       : fmt::format(opening_texts::countsAsZero, shown, reason);
 }
 
+/// What is told of a step on one line of an account; nothing when there is nothing to tell.
+std::string remarkOn(const EditStep& step, const OpeningSheet& sheet) {
+    if (step.empty()) return {};
+    const CellChange& last = step.back();
+    for (const CellChange& change : step)
+        if (change.accountId != last.accountId || change.measure != last.measure) return {};
+    const auto place = sheet.placeOfId(last.accountId);
+    const auto line = place ? sheet.lineOf(*place, last.measure) : std::nullopt;
+    if (line && sheet.disagrees(*line)) return opening_texts::nothingReplaced;
+    const auto followed = std::ranges::find_if(step, [](const CellChange& change) {
+        return change.isWorkedOut && change.before != 0 && !change.changesNothing();
+    });
+    if (followed == step.end()) return {};
+    const int decimals = decimalsOf(followed->measure);
+    const char* const name =
+        followed->figure == &Balance::opening ? opening_texts::opening : opening_texts::yearStart;
+    return fmt::format(opening_texts::figureFollowed, name, ftoaWithSap(followed->before, decimals),
+                       ftoaWithSap(followed->after, decimals));
+}
+
 }  // namespace
 
 const char* OpeningWork::modeText() const { return isBrowsing() ? opening_texts::browsing : ""; }
@@ -90,7 +113,8 @@ Outcome OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_v
         writeTyped({{sheet().accountOfLine(line).id, measure,
                      figureOf(sheet().columns()[column].field), typedAmount(typed, measure)}},
                    hasChanged);
-    if (outcome == Outcome::done) m_remark = remarkOn(typed, hasChanged);
+    if (outcome != Outcome::done) return outcome;
+    if (const std::string remark = remarkOn(typed, hasChanged); !remark.empty()) m_remark = remark;
     return outcome;
 }
 
@@ -101,11 +125,21 @@ Outcome OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
 
 Outcome OpeningWork::writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged) {
     EditStep written;
-    const auto make = [&](const OpeningSheet& current) { return typedStep(current, figures); };
+    const auto make = [&](const OpeningSheet& current) {
+        return typedStep(current, figures, m_journal);
+    };
     const Outcome outcome = write(make, written);
     hasChanged = !written.empty();
-    if (outcome == Outcome::done) m_journal.add(std::move(written));
+    if (outcome != Outcome::done) return outcome;
+    m_remark = remarkOn(written, sheet());
+    m_journal.add(std::move(written));
     return outcome;
+}
+
+FigurePlan OpeningWork::planPaste(std::size_t line, std::size_t column, const Sheet& block) const {
+    FigurePlan plan = chengheng::planPaste(sheet(), line, column, block);
+    markDisagreeing(plan, sheet(), m_journal);
+    return plan;
 }
 
 Outcome OpeningWork::apply(const FigurePlan& plan) {
@@ -115,6 +149,7 @@ Outcome OpeningWork::apply(const FigurePlan& plan) {
 std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {
     FigurePlan plan;
     const auto failure = planImportedFile(sheet(), path, plan);
+    markDisagreeing(plan, sheet(), m_journal);
     if (!failure) return plan;
     m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning, .beep = true});
     return std::nullopt;

@@ -39,7 +39,8 @@ class OpeningWork {
     /// The cells that steps have changed since this was last asked; lines read anew are not told
     /// by cells.
     std::vector<OpeningCell> takeChangedCells() { return std::exchange(m_changedCells, {}); }
-    /// That the text typed last was no number and what became of it; until the next edit.
+    /// What there is to say of the last edit until the next: that a text was no number and what
+    /// became of it, that another figure followed, or that the figures of the line disagree.
     const std::string& remark() const { return m_remark; }
     bool isBrowsing() const { return m_books.sheet.isBrowsing(); }
     /// "浏览,只读" or nothing.
@@ -62,6 +63,8 @@ class OpeningWork {
     Outcome endEdit(std::size_t line, std::size_t column, std::string_view typed);
     /// Writes many figures as one step; nothing is written unless everything is.
     Outcome writeFigures(const std::vector<TypedFigure>& figures);
+    /// What pasting a block with its first cell on a cell would do.
+    FigurePlan planPaste(std::size_t line, std::size_t column, const Sheet& block) const;
     /// A paste or an import as it was shown; refused as well when a cell of it is.
     Outcome apply(const FigurePlan& plan);
     /// What the cells of a CSV or XLSX file become; nothing when it cannot be read.

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <map>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -16,6 +19,7 @@ struct CellChange {
     BalanceFigure figure = &Balance::opening;
     double before = 0;
     double after = 0;
+    bool isWorkedOut = false;  ///< from other figures of its line; else the operator gave it
 
     bool changesNothing() const { return before == after; }
     bool operator==(const CellChange&) const = default;
@@ -31,32 +35,65 @@ inline EditStep reversed(const EditStep& step) {
     return back;
 }
 
-/// The steps of a window's life. A new step ends what could have been done again.
+/// The steps of a window's life. A new step ends what could have been done again. It knows of the
+/// steps in the books who gave a figure: the operator, or the other figures of its line.
 class EditJournal {
   public:
     void add(EditStep step) {
         if (step.empty()) return;
         m_steps.resize(m_done);
         m_steps.push_back(std::move(step));
-        ++m_done;
+        redone();
+    }
+
+    /// Whether the operator gave the figure.
+    bool isTyped(std::int32_t accountId, Measure measure, BalanceFigure figure) const {
+        return counts(accountId, measure, figure).typed > 0;
+    }
+    /// Whether it came from other figures only.
+    bool isWorkedOut(std::int32_t accountId, Measure measure, BalanceFigure figure) const {
+        const Counts found = counts(accountId, measure, figure);
+        return found.workedOut > 0 && found.typed == 0;
     }
 
     /// The step that is undone or done again next; null when there is none.
     const EditStep* toUndo() const { return m_done == 0 ? nullptr : &m_steps[m_done - 1]; }
     const EditStep* toRedo() const { return m_done == m_steps.size() ? nullptr : &m_steps[m_done]; }
     /// That this has happened.
-    void undone() { --m_done; }
-    void redone() { ++m_done; }
+    void undone() { count(m_steps[--m_done], -1); }
+    void redone() { count(m_steps[m_done++], 1); }
     /// That it never will.
     void forgetUndo() {
-        --m_done;
+        undone();
         forgetRedo();
     }
     void forgetRedo() { m_steps.erase(m_steps.begin() + static_cast<std::ptrdiff_t>(m_done)); }
 
   private:
+    using FigureKey = std::tuple<std::int32_t, Measure, std::size_t>;
+    struct Counts {
+        int typed = 0;
+        int workedOut = 0;
+    };
+
+    static FigureKey keyOf(std::int32_t accountId, Measure measure, BalanceFigure figure) {
+        const auto place = std::ranges::find(balanceFigures, figure) - balanceFigures.begin();
+        return {accountId, measure, static_cast<std::size_t>(place)};
+    }
+    Counts counts(std::int32_t accountId, Measure measure, BalanceFigure figure) const {
+        const auto found = m_counts.find(keyOf(accountId, measure, figure));
+        return found == m_counts.end() ? Counts{} : found->second;
+    }
+    void count(const EditStep& step, int by) {
+        for (const CellChange& change : step) {
+            Counts& counted = m_counts[keyOf(change.accountId, change.measure, change.figure)];
+            (change.isWorkedOut ? counted.workedOut : counted.typed) += by;
+        }
+    }
+
     std::vector<EditStep> m_steps;
-    std::size_t m_done = 0;  ///< so many of them, from the first, are in the books
+    std::map<FigureKey, Counts> m_counts;  ///< of the steps in the books
+    std::size_t m_done = 0;                ///< so many of them, from the first, are in the books
 };
 
 }  // namespace chengheng

@@ -78,6 +78,12 @@ struct OpeningAccount {
 /// of a debit account and lower that of a credit account.
 double openingByMovements(const Balance& balance, bool isDebit, Measure measure);
 
+/// Whether the opening balance is what the other figures make it.
+bool agrees(const Balance& balance, bool isDebit, Measure measure);
+
+/// What the year-start balance is by the three other figures, likewise.
+double yearStartByOthers(const Balance& balance, bool isDebit, Measure measure);
+
 /// The name as the sheet lists it: a blank before it for each level from the second to the
 /// sixth; any other level is not indented.
 std::string openingName(std::string_view name, int grade);

@@ -161,8 +161,7 @@ bool OpeningSheet::disagrees(std::size_t line) const {
     const OpeningLine& shown = m_lines[line];
     const OpeningAccount& account = m_accounts[shown.account];
     if (m_layout == OpeningLayout::simple || !account.isEnd) return false;
-    const Balance& balance = account.balance(shown.measure);
-    return balance.opening != openingByMovements(balance, account.isDebit, shown.measure);
+    return !agrees(account.balance(shown.measure), account.isDebit, shown.measure);
 }
 
 std::optional<std::size_t> OpeningSheet::nextEditable(std::size_t line, int direction) const {

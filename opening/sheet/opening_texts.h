@@ -43,6 +43,11 @@ inline constexpr const char* debitSum = "借方合计:{}";
 inline constexpr const char* creditSum = "贷方合计:{}";
 inline constexpr const char* difference = "差额:{}";
 inline constexpr const char* figuresDisagreeHere = "期初余额与年初余额和累计发生额不符";
+inline constexpr const char* nothingReplaced =
+    "期初余额与年初余额和累计发生额不符,录入的金额都没有改动,请核对。";
+inline constexpr const char* figureFollowed = "{}由 {} 随之改为 {},按 Ctrl+Z 恢复。";
+/// Behind a planned cell.
+inline constexpr const char* cellDisagrees = "({})";
 
 inline constexpr const char* pasteTitle = "粘贴期初余额";
 inline constexpr const char* importTitle = "导入期初余额";
@@ -100,6 +105,7 @@ inline constexpr const char* homeCurrency = "本位币";
 inline constexpr const char* parentLegend = "非末级科目";
 inline constexpr const char* endLegend = "末级科目";
 inline constexpr const char* auxiliaryLegend = "辅助科目";
+inline constexpr const char* disagreeingLegend = "期初不符";
 
 inline constexpr const char* unitAndProject = "项目往来";
 inline constexpr const char* departmentAndUnit = "部门往来";

@@ -134,6 +134,7 @@ void CNbCwBegleftDlg::showChanges() {
 
 void CNbCwBegleftDlg::reflectCommands() {
     m_heading->showMode(m_work.modeText());
+    m_heading->showLayout(m_work.sheet().layout());
     m_commands->setEnabled(opening_command::adjustDirection, m_work.mayAdjustDirection());
     m_commands->setEnabled(opening_command::carryForward, m_work.mayCarryForward());
     m_commands->setEnabled(opening_command::undo, m_work.canUndo());

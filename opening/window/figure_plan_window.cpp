@@ -76,7 +76,7 @@ class PlannedFigures final : public PlanModel {
             case 5:
                 return shown(amountText(cell, cell.figure.value));
             default:
-                return shown(cell.reason);
+                return shown(cell.disagrees ? texts::figuresDisagreeHere : cell.reason);
         }
     }
 

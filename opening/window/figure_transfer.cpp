@@ -21,8 +21,7 @@ void FigureTransfer::paste(const OpeningCell& first) {
     const std::string text = QApplication::clipboard()->text().toStdString();
     if (const auto failure = readClipboardBlock(text, block))
         return m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning});
-    applyShown(planPaste(m_work.sheet(), first.line, first.column, block),
-               opening_texts::pasteTitle, {});
+    applyShown(m_work.planPaste(first.line, first.column, block), opening_texts::pasteTitle, {});
 }
 
 Outcome FigureTransfer::applyShown(const FigurePlan& plan, const char* title,

@@ -27,6 +27,16 @@ QWidget* colourSample(const QColor& colour, QWidget* parent) {
     return sample;
 }
 
+/// A colour and what it means.
+QWidget* legendEntry(const char* text, const QColor& colour, QWidget* parent) {
+    auto* entry = new QWidget(parent);
+    auto* line = new QHBoxLayout(entry);
+    line->setContentsMargins(opening_layout::spacing, 0, 0, 0);
+    line->addWidget(colourSample(colour, entry));
+    line->addWidget(new QLabel(shown(text), entry));
+    return entry;
+}
+
 }  // namespace
 
 OpeningHeading::OpeningHeading(QWidget* parent)
@@ -50,16 +60,20 @@ OpeningHeading::OpeningHeading(QWidget* parent)
         {opening_texts::parentLegend, opening_colours::parent},
         {opening_texts::endLegend, opening_colours::endAccount},
         {opening_texts::auxiliaryLegend, opening_colours::auxiliary}};
-    for (const auto& [text, colour] : legend) {
-        line->addSpacing(spacing);
-        line->addWidget(colourSample(colour, this));
-        line->addWidget(new QLabel(shown(text), this));
-    }
+    for (const auto& [text, colour] : legend) line->addWidget(legendEntry(text, colour, this));
+    m_disagreeing =
+        legendEntry(opening_texts::disagreeingLegend, opening_colours::disagreeing, this);
+    m_disagreeing->setObjectName(QStringLiteral("disagreeing"));
+    line->addWidget(m_disagreeing);
     line->addStretch(1);
     line->addWidget(m_searchBar);
 }
 
 void OpeningHeading::showMode(const char* text) { m_mode->setText(shown(text)); }
+
+void OpeningHeading::showLayout(OpeningLayout layout) {
+    m_disagreeing->setVisible(layout == OpeningLayout::midYear);
+}
 
 void OpeningHeading::setTabOrderAfter(QWidget& grid) {
     setTabOrder(&grid, m_searchBar->focusProxy());

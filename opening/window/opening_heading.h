@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "opening/sheet/opening_account.h"
+
 class QLineEdit;
 
 namespace chengheng {
@@ -15,12 +17,15 @@ class OpeningHeading final : public QWidget {
     explicit OpeningHeading(QWidget* parent);
 
     void showMode(const char* text);
+    /// Only books that begin mid-year have figures that may disagree.
+    void showLayout(OpeningLayout layout);
     SearchBar& searchBar() const { return *m_searchBar; }
     /// The grid comes before the fields here.
     void setTabOrderAfter(QWidget& grid);
 
   private:
     QLineEdit* m_mode;
+    QWidget* m_disagreeing;  ///< the sample of figures that disagree, with its text
     SearchBar* m_searchBar;
 };
 

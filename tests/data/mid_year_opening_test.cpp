@@ -75,6 +75,49 @@ TEST_P(MidYearOpening, KeepsAnOpeningBalanceThatDisagreesAndMarksIt) {
     EXPECT_FALSE(m_books.work().sheet().disagrees(m_books.lineOf("1002")));
 }
 
+TEST_P(MidYearOpening, ReplacesNoOpeningBalanceThatWasTypedBeforeTheOthers) {
+    type("100201", "150", OpeningField::opening);
+    EXPECT_EQ(m_books.shown("100201", Measure::money, OpeningField::yearStart), "150.00");
+    type("100201", "30", OpeningField::debit);
+    EXPECT_EQ(m_books.shown("100201", Measure::money, OpeningField::yearStart), "120.00");
+    type("100201", "10", OpeningField::credit);
+    EXPECT_EQ(m_books.shown("100201"), "150.00");
+    EXPECT_EQ(m_books.shown("100201", Measure::money, OpeningField::yearStart), "130.00");
+    EXPECT_EQ(m_books.work().remark(), "年初余额由 120.00 随之改为 130.00,按 Ctrl+Z 恢复。");
+    type("100201", "100", OpeningField::yearStart);
+    EXPECT_EQ(m_books.shown("100201"), "150.00");
+    EXPECT_EQ(m_books.work().remark(), opening_texts::nothingReplaced);
+    type("100201", "60", OpeningField::debit);
+    EXPECT_EQ(m_books.shown("100201"), "150.00");
+    EXPECT_EQ(m_books.shown("100201", Measure::money, OpeningField::yearStart), "100.00");
+    EXPECT_EQ(m_books.work().remark(), "");
+    EXPECT_TRUE(m_books.rowsOf("100201")[1].ends_with(" 2 begin 150"));
+}
+
+TEST_P(MidYearOpening, ReplacesNothingInALineThatDisagreesAlready) {
+    type("100201", "100", OpeningField::yearStart);
+    type("100201", "99", OpeningField::opening);
+    m_books.work().refresh();
+    type("100201", "5", OpeningField::debit);
+    EXPECT_EQ(m_books.shown("100201"), "99.00");
+    EXPECT_EQ(m_books.shown("100201", Measure::money, OpeningField::yearStart), "100.00");
+}
+
+TEST_P(MidYearOpening, TellsAnOpeningBalanceThatFollowed) {
+    type("100201", "100", OpeningField::yearStart);
+    EXPECT_EQ(m_books.work().remark(), "");
+    type("100201", "30", OpeningField::debit);
+    EXPECT_EQ(m_books.work().remark(), "期初余额由 100.00 随之改为 130.00,按 Ctrl+Z 恢复。");
+}
+
+TEST_P(MidYearOpening, LetsTheOpeningFollowAgainOnceItsTypingIsUndone) {
+    type("100201", "150", OpeningField::opening);
+    ASSERT_EQ(m_books.work().undo(), Outcome::done);
+    type("100201", "30", OpeningField::debit);
+    EXPECT_EQ(m_books.shown("100201"), "30.00");
+    EXPECT_EQ(m_books.shown("100201", Measure::money, OpeningField::yearStart), "0.00");
+}
+
 TEST_P(MidYearOpening, UndoesAFigureAndTheOpeningItFilledTogether) {
     type("100201", "100", OpeningField::yearStart);
     type("100201", "30", OpeningField::debit);

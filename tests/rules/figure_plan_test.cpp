@@ -129,7 +129,7 @@ TEST(TypedFigures, FillTheOpeningOnceForAllMovementsOfALine) {
     const EditStep expected{{3, Measure::money, &Balance::yearStart, 0, 10},
                             {3, Measure::money, &Balance::debit, 0, 2},
                             {3, Measure::money, &Balance::credit, 0, 3},
-                            {3, Measure::money, &Balance::opening, 0, 9}};
+                            {3, Measure::money, &Balance::opening, 0, 9, true}};
     EXPECT_EQ(step, expected);
 }
 
@@ -147,6 +147,40 @@ TEST(Pastes, KeepAnOpeningThatIsGivenAsItIsThoughItsMovementsChange) {
     EXPECT_EQ(typedStep(sheet, plan.figures()), expected);
     const FigurePlan follows = planPaste(sheet, 2, yearStart, blockOf("100\t50"));
     EXPECT_EQ(typedStep(sheet, follows.figures()).back().after, 150);
+}
+
+TEST(Pastes, ThatContradictThemselvesSaySo) {
+    const OpeningSheet sheet = pasteSheet(midYear);
+    const std::size_t yearStart = placeOf(OpeningField::yearStart, midYear);
+    FigurePlan plan = planPaste(sheet, 2, yearStart, blockOf("100\t50\t0\t149"));
+    markDisagreeing(plan, sheet);
+    for (const PlannedCell& cell : plan.cells)
+        EXPECT_EQ(cell.disagrees, cell.fate == CellFate::changed) << cell.column;
+    EXPECT_EQ(plannedCellText(plan.cells[0]),
+              "第 1 行 A 列:100201 0.00 → 100.00(期初余额与年初余额和累计发生额不符)");
+    for (const char* sound : {"100\t50\t0\t150", "100\t50", "\t\t\t7"}) {
+        plan = planPaste(sheet, 2, yearStart, blockOf(sound));
+        markDisagreeing(plan, sheet);
+        EXPECT_TRUE(std::ranges::none_of(plan.cells, &PlannedCell::disagrees)) << sound;
+    }
+}
+
+TEST(TypedFigures, AreKnownToTheJournalAsLongAsTheyAreInTheBooks) {
+    EditJournal journal;
+    journal.add({{3, Measure::money, &Balance::debit, 0, 5},
+                 {3, Measure::money, &Balance::opening, 0, 5, true}});
+    EXPECT_TRUE(journal.isTyped(3, Measure::money, &Balance::debit));
+    EXPECT_FALSE(journal.isTyped(3, Measure::foreign, &Balance::debit));
+    EXPECT_FALSE(journal.isTyped(3, Measure::money, &Balance::opening));
+    EXPECT_TRUE(journal.isWorkedOut(3, Measure::money, &Balance::opening));
+    journal.undone();
+    EXPECT_FALSE(journal.isTyped(3, Measure::money, &Balance::debit));
+    EXPECT_FALSE(journal.isWorkedOut(3, Measure::money, &Balance::opening));
+    journal.redone();
+    journal.add({{3, Measure::money, &Balance::opening, 5, 6}});
+    EXPECT_FALSE(journal.isWorkedOut(3, Measure::money, &Balance::opening));
+    journal.forgetUndo();
+    EXPECT_TRUE(journal.isWorkedOut(3, Measure::money, &Balance::opening));
 }
 
 TEST(Pastes, OfOpeningsAsTheyAreMakeNoStepWhereNothingMayBeTyped) {

@@ -141,9 +141,22 @@ TEST_F(OpeningWindowTest, ExplainsItsColoursInALegend) {
         EXPECT_TRUE(texts.contains(text)) << text;
     QList<QColor> samples;
     for (const QFrame* frame : window->findChildren<QFrame*>())
-        if (frame->autoFillBackground() && frame->metaObject() == &QFrame::staticMetaObject)
+        if (frame->autoFillBackground() && frame->metaObject() == &QFrame::staticMetaObject &&
+            frame->isVisible())
             samples << frame->palette().color(QPalette::Window);
     EXPECT_EQ(samples, (QList<QColor>{parent, Qt::white, auxiliary}));
+}
+
+TEST_F(OpeningWindowTest, ExplainsTheColourOfFiguresThatDisagreeInBooksThatBeginMidYear) {
+    for (const OpeningLayout layout : {OpeningLayout::simple, OpeningLayout::midYear}) {
+        make(layout);
+        books->addAccounts({"1001"});
+        open();
+        const auto* entry = window->findChild<QWidget*>("disagreeing");
+        EXPECT_EQ(entry->isVisible(), layout == OpeningLayout::midYear);
+        EXPECT_EQ(entry->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->text(),
+                  "期初不符");
+    }
 }
 
 TEST_F(OpeningWindowTest, IsOnlyForBrowsingOnceThereIsAVoucher) {
