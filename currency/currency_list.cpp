@@ -91,16 +91,16 @@ bool fillRates(Report& report, std::span<const ListField<Rate>> fields,
 }  // namespace
 
 PrintedList currencyList() {
-    return {currencyListTemplate, ColumnSource::position, everyRecord(currencyFields)};
+    return {currencyListTemplate, ColumnSource::field, everyRecord(currencyFields)};
 }
 
 PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month) {
     if (kind == RateKind::fixed)
-        return {fixedRateTemplate, ColumnSource::position, [currency](Report& report) {
+        return {fixedRateTemplate, ColumnSource::field, [currency](Report& report) {
                     return fillRates<_ExchgFixInfo>(
                         report, fixedFields, print_sql::fixedRatesOf(currency.lId), currency);
                 }};
-    return {floatingRateTemplate, ColumnSource::position, [currency, month](Report& report) {
+    return {floatingRateTemplate, ColumnSource::field, [currency, month](Report& report) {
                 return fillRates<_ExchgFltInfo>(report, floatingFields,
                                                 print_sql::floatingRatesOf(currency.lId, month),
                                                 currency);

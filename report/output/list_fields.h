@@ -19,18 +19,23 @@ struct ListField {
     ReportCell (*cell)(const Record& record);
 };
 
-/// A row for each record. A column that names a field takes that one, any other the field at
-/// its position; a column that no field belongs to stays empty.
+/// A row for each record. A column that names a field takes that one, one that names none the
+/// field at its position; a column that no field belongs to stays empty. Where a template names
+/// nothing that the list has, all columns go by position.
 template <class Record>
 void addRows(Report& report, std::span<const ListField<Record>> fields,
              const std::ranges::input_range auto& records) {
+    const auto isKnown = [&fields](const ReportColumn& column) {
+        return std::ranges::count(fields, column.field, &ListField<Record>::name) > 0;
+    };
+    const bool hasNames = std::ranges::any_of(report.columns, isKnown);
     std::vector<const ListField<Record>*> fillers;
     for (ReportColumn& column : report.columns) {
         const auto named = std::ranges::find(fields, column.field, &ListField<Record>::name);
         const std::size_t place = fillers.size();
         const ListField<Record>* filler = nullptr;
         if (named != fields.end()) filler = &*named;
-        if (column.field.empty() && place < fields.size()) filler = &fields[place];
+        if ((column.field.empty() || !hasNames) && place < fields.size()) filler = &fields[place];
         if (filler != nullptr) column.alignment = filler->alignment;
         fillers.push_back(filler);
     }

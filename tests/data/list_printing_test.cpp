@@ -1,5 +1,6 @@
 #include "report/output/list_printing.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -235,6 +236,45 @@ TEST_P(ListPrinting, PrintsTheFixedRatesOfACurrencyByMonth) {
     EXPECT_EQ(onlyReport().lines.at(0).left, "外币:美元(USD)");
     EXPECT_THAT(rowTexts(onlyReport()),
                 ElementsAre("2026.01|7.12346|7.20000", "2026.02|1,234.50000|-"));
+}
+
+TEST_P(ListPrinting, PutsEachFieldUnderItsHeadingWhenColumnsWereExchanged) {
+    // A column of a template: its number, the field it has, and what it gets.
+    const auto become = [this](int number, const char* column, const char* heading,
+                               const char* field) {
+        run(
+            fmt::format("UPDATE ZWPrintSub SET sColName = '{}', sFiled = '{}#' "
+                        "WHERE lTieId = {} AND sFiled = '{}'",
+                        heading, field, number, column));
+    };
+    become(3, "dRate", "调整汇率", "dAdjustRate");
+    become(3, "dAdjustRate", "记帐汇率", "dRate");
+    become(4, "dtDate", "记帐汇率", "dRate");
+    become(4, "dRate", "日期", "dtDate");
+    become(2, "sExchCode", "币名", "sExchName");
+    become(2, "sExchName", "币符", "sExchCode");
+    run("UPDATE ZWPrintSub SET sFiled = REPLACE(sFiled, '#', '') WHERE sFiled LIKE '%#'");
+    run("INSERT Cyrency VALUES(7, 7, 'USD', '美元', 1, 5, 0)\n"
+        "INSERT ExchgFix VALUES(1, 7, '2026/1/1', 1, 7.1, 7.2)\n"
+        "INSERT ExchgFlt VALUES(1, 7, '2026/2/1', 2, 7.3, 7.4)");
+    print(rateList(RateKind::fixed, dollar));
+    print(rateList(RateKind::floating, dollar));
+    print(currencyList());
+    ASSERT_EQ(m_printer.outputs.size(), 3u);
+    const auto report = [this](std::size_t at) { return m_printer.outputs[at].report; };
+    EXPECT_THAT(columnTexts(report(0)), ElementsAre("月份 14", "调整汇率 20", "记帐汇率 20"));
+    EXPECT_THAT(rowTexts(report(0)), ElementsAre("2026.01|7.20000|7.10000"));
+    EXPECT_THAT(columnTexts(report(1)), ElementsAre("记帐汇率 14", "日期 20", "调整汇率 20"));
+    EXPECT_THAT(rowTexts(report(1)), ElementsAre("7.30000|2026.02.01|7.40000"));
+    EXPECT_THAT(columnTexts(report(2)).front(), "币名 10");
+    EXPECT_THAT(rowTexts(report(2)).front(), testing::StartsWith("美元|USD|"));
+}
+
+TEST_P(ListPrinting, GoesByPositionWhereATemplateNamesNoFieldOfTheList) {
+    run("UPDATE ZWPrintSub SET sFiled = 'other' WHERE lTieId = 3\n"
+        "INSERT ExchgFix VALUES(1, 7, '2026/1/1', 1, 7.1, 7.2)");
+    print(rateList(RateKind::fixed, dollar));
+    EXPECT_THAT(rowTexts(onlyReport()), ElementsAre("2026.01|7.10000|7.20000"));
 }
 
 TEST_P(ListPrinting, PrintsTheFloatingRatesOfAMonthOrOfTheYearByDay) {
