@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
+#include <vector>
 
 #include "books/copying/books_transfer.h"
 #include "books/logon/books_session.h"
@@ -30,7 +31,8 @@ struct TransferCommand {
     const char* toText;
     const char* forceText;
     fmt::format_string<std::string, std::string> done;
-    std::optional<Refusal> (*run)(const std::string&, const std::string&, Overwrite);
+    std::optional<Refusal> (*run)(const std::string&, const std::string&, Overwrite,
+                                  std::vector<ForeignObject>*);
     bool isIntoFile = false;  ///< and so may go to standard output
 };
 
@@ -70,7 +72,15 @@ ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& 
     const std::string from = locationOfBooks(options.from);
     const bool isOutput = command.isIntoFile && isStandardOutput(options.to);
     const std::string to = isOutput ? options.to : locationOfBooks(options.to);
-    if (const auto refusal = command.run(from, to, overwrite)) return tellRefusal(tool, *refusal);
+    std::vector<ForeignObject> leftOut;
+    if (const auto refusal = command.run(from, to, overwrite, &leftOut))
+        return tellRefusal(tool, *refusal);
+    for (const ForeignObject& object : leftOut)
+        wordsBeside(tool, {to}) << fmt::format(
+                                       tool_texts::objectLeftOut,
+                                       object.isView ? tool_texts::view : tool_texts::trigger,
+                                       object.name)
+                                << '\n';
     wordsBeside(tool, {to}) << fmt::format(command.done, shownLocation(from), shownLocation(to))
                             << '\n';
     return ExitCode::done;

@@ -8,6 +8,7 @@
 #include "books/checking/integrity_texts.h"
 #include "data/layout/layout.h"
 #include "data/tables/schema.h"
+#include "data/transfer/foreign_objects.h"
 #include "data/transfer/stored_tables.h"
 
 namespace chengheng {
@@ -25,15 +26,17 @@ std::string comparedName(std::string_view name) {
 
 Status checkObjects(CheckedBooks& books, FaultList& faults) {
     std::set<std::string> indexes;
-    Status status = forEachRow(
-        books.engine(), books.engine().dialect().otherObjects, {}, [&](const Cursor& row) {
-            if (row.text(0) == "index")
-                indexes.insert(comparedName(row.text(1)));
-            else
-                faults.add(integrity_texts::foreignObject(row.text(0) == "view", row.text(1)));
-            return Status::done();
-        });
+    Status status = forEachRow(books.engine(), books.engine().dialect().otherObjects, {},
+                               [&](const Cursor& row) {
+                                   if (row.text(0) == "index")
+                                       indexes.insert(comparedName(row.text(1)));
+                                   return Status::done();
+                               });
+    std::vector<ForeignObject> objects;
+    if (status) status = foreignObjects(books.engine(), objects);
     if (!status) return status;
+    for (const ForeignObject& object : objects)
+        faults.add(integrity_texts::foreignObject(object.isView, object.name));
     for (const TableInfo& table : allTables())
         for (const std::string& name : indexNames(table))
             if (!indexes.contains(comparedName(name)))

@@ -67,17 +67,21 @@ class Source {
         status = m_engine->beginReading();
         m_isReading = status.isDone();
         if (status) status = digestContent(*m_engine, m_digests);
+        if (status) status = foreignObjects(*m_engine, m_objects);
         if (!status) return failure(status, m_location);
         return std::nullopt;
     }
     const std::string& location() const { return m_location; }
     Engine& engine() { return *m_engine; }
     const Digests& digests() const { return m_digests; }
+    /// What a copy leaves out.
+    const std::vector<ForeignObject>& objects() const { return m_objects; }
 
   private:
     std::string m_location;
     std::unique_ptr<Engine> m_engine;
     Digests m_digests;
+    std::vector<ForeignObject> m_objects;
     bool m_isReading = false;
 };
 
@@ -165,7 +169,8 @@ Refusal targetRefusal(const Status& status, const std::string& file, Overwrite o
 std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwrite overwrite) {
     StagedFile staged(file, overwrite);
     if (!staged.status()) return targetRefusal(staged.status(), file, overwrite);
-    const std::optional<Status> copied = source.engine().copyToFile(staged.path());
+    std::optional<Status> copied;
+    if (source.objects().empty()) copied = source.engine().copyToFile(staged.path());
     if (copied && !*copied) return failure(*copied, file);
     if (!copied) {
         if (std::optional<Refusal> refusal = makeCopy(source, staged.path())) return refusal;
@@ -219,7 +224,7 @@ std::optional<Refusal> transfer(Source& source, const std::string& target, Overw
 }  // namespace
 
 std::optional<Refusal> backUpBooks(const std::string& location, const std::string& file,
-                                   Overwrite overwrite) {
+                                   Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
     if (isServerAddress(file))
         return inputRefusal(fmt::format(transfer_texts::backupToServer, shownLocation(file)), "");
     if (isSamePlace(location, file))
@@ -229,23 +234,25 @@ std::optional<Refusal> backUpBooks(const std::string& location, const std::strin
         return targetRefusal(found, file, overwrite);
     Source source(location);
     if (std::optional<Refusal> refusal = source.open()) return refusal;
+    if (leftOut != nullptr) *leftOut = source.objects();
     return writeFile(source, file, overwrite);
 }
 
 std::optional<Refusal> restoreBooks(const std::string& file, const std::string& target,
-                                    Overwrite overwrite) {
+                                    Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
     if (isServerAddress(file))
         return inputRefusal(
             fmt::format(transfer_texts::backupFromServerAddress, shownLocation(file)), "");
-    return copyBooks(file, target, overwrite);
+    return copyBooks(file, target, overwrite, leftOut);
 }
 
 std::optional<Refusal> copyBooks(const std::string& location, const std::string& target,
-                                 Overwrite overwrite) {
+                                 Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
     if (isSamePlace(location, target))
         return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(target)), "");
     Source source(location);
     if (std::optional<Refusal> refusal = source.open()) return refusal;
+    if (leftOut != nullptr) *leftOut = source.objects();
     return transfer(source, target, overwrite);
 }
 

@@ -50,6 +50,16 @@ RefusalKind kindOf(const std::optional<Refusal>& refusal) {
     return refusal ? refusal->kind : throw std::logic_error("nothing was refused");
 }
 
+/// A trigger that changes the accounts when a department is changed.
+void plantTrigger(const std::string& location) {
+    const auto engine = openForTest(location, OpenMode::existing);
+    const bool isServer = location.starts_with("postgres");
+    runScript(*engine, isServer ? "CREATE RULE grabs AS ON UPDATE TO Dept DO ALSO "
+                                  "UPDATE Code SET sName = 'grabbed'"
+                                : "CREATE TRIGGER grabs AFTER UPDATE ON Dept "
+                                  "BEGIN UPDATE Code SET sName = 'grabbed'; END");
+}
+
 /// The names in a folder.
 std::vector<std::string> namesIn(const std::string& folder) {
     std::vector<std::string> names;
@@ -235,6 +245,20 @@ TEST_P(BooksCopy, BooksThatSomebodyHoldsAreNotReplaced) {
 TEST_P(BooksCopy, OntoItselfIsRefused) {
     EXPECT_EQ(kindOf(copyBooks(m_source, m_source, Overwrite::replaceBooks)),
               RefusalKind::wrongInput);
+}
+
+TEST_P(BooksCopy, TakesOverRowsAndNoObjectsThatSomebodyPutIntoTheSource) {
+    const auto before = contentOf(m_source);
+    plantTrigger(m_source);
+    std::vector<chengheng::ForeignObject> leftOut;
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::refuse, &leftOut)), "done");
+    ASSERT_EQ(leftOut.size(), 1u);
+    EXPECT_EQ(leftOut.front().name, "grabs");
+    EXPECT_FALSE(leftOut.front().isView);
+    EXPECT_EQ(contentOf(m_target), before);
+    const auto copy = openForTest(m_target, OpenMode::existing);
+    ASSERT_TRUE(foreignObjects(*copy, leftOut).isDone());
+    EXPECT_TRUE(leftOut.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Between, BooksCopy,

@@ -13,6 +13,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/small_books.h"
 
 namespace chengheng {
 namespace {
@@ -58,6 +59,23 @@ TEST(SqliteOpening, AFileThatIsNotThereIsMissingAndIsNotMade) {
     EXPECT_EQ(openingOf(path), Failure::missing);
     EXPECT_FALSE(fs::exists(path));
     EXPECT_EQ(openingOf(""), Failure::missing);
+}
+
+TEST(SqliteOpening, NothingThatWasPlantedInAFileRuns) {
+    const std::string location = freshFolder() + "/Nbzw.db";
+    {
+        const auto engine = openForTest(location);
+        chengheng::runScript(
+            *engine,
+            "CREATE TABLE one (lId INTEGER); CREATE TABLE two (lId INTEGER);"
+            "CREATE TRIGGER grabs AFTER INSERT ON one BEGIN INSERT INTO two VALUES (1); END;"
+            "CREATE VIEW looks AS SELECT lId FROM one");
+    }
+    const auto engine = openForTest(location, OpenMode::existing);
+    chengheng::runScript(*engine, "INSERT INTO one VALUES (7)");
+    EXPECT_EQ(readCell(*engine, "SELECT count(*) FROM two"), "0");
+    EXPECT_EQ(readCell(*engine, "SELECT count(*) FROM one"), "1");
+    EXPECT_FALSE(engine->script("SELECT lId FROM looks").isDone());
 }
 
 TEST(SqliteOpening, AFolderIsForeign) { EXPECT_EQ(openingOf(freshFolder()), Failure::foreign); }

@@ -44,6 +44,10 @@ Status openConnection(const char* path, int flags, SqliteConnection& connection)
     sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    // A file may come from anywhere: nothing that was planted in it runs.
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(opened, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     return Status::done();
 }
 
