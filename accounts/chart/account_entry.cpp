@@ -1,6 +1,7 @@
 #include "accounts/chart/account_entry.h"
 
 #include <array>
+#include <tuple>
 
 #include "accounts/chart/account_texts.h"
 #include "base/values/text.h"
@@ -66,6 +67,24 @@ AccountEntry copyOf(const _CodeInfo& account) {
     entry.code.clear();
     entry.mnemonic.clear();
     return entry;
+}
+
+void takeAccounting(const std::optional<_CodeInfo>& account, AccountEntry& entry) {
+    const AccountEntry taken = account ? entryOf(*account) : AccountEntry{};
+    entry.page = taken.page.empty() ? account_texts::ledgerPages.front() : taken.page;
+    entry.keepsForeign = taken.keepsForeign;
+    entry.currencyId = taken.currencyId;
+    entry.keepsQuantity = taken.keepsQuantity;
+    entry.unit = taken.unit;
+    entry.books = taken.books;
+}
+
+bool hasSameAccounting(const AccountEntry& left, const AccountEntry& right) {
+    const auto accounting = [](const AccountEntry& entry) {
+        return std::tie(entry.page, entry.keepsForeign, entry.currencyId, entry.keepsQuantity,
+                        entry.unit, entry.books);
+    };
+    return accounting(left) == accounting(right);
 }
 
 void fillRecord(const AccountEntry& entry, _CodeInfo& account) {

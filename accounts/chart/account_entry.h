@@ -73,6 +73,11 @@ AccountEntry entryOf(const _CodeInfo& account);
 /// code and mnemonic.
 AccountEntry copyOf(const _CodeInfo& account);
 
+/// Puts page, currency, quantity and books as another account has them; with none, the plainest
+/// page and nothing else.
+void takeAccounting(const std::optional<_CodeInfo>& account, AccountEntry& entry);
+bool hasSameAccounting(const AccountEntry& left, const AccountEntry& right);
+
 /// Puts an entry into a record; code and name, class, page, currency, quantity and letters.
 /// Level, end flag, designation and direction stay. Letters that stood in another order stay so.
 void fillRecord(const AccountEntry& entry, _CodeInfo& account);

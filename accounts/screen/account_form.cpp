@@ -42,20 +42,23 @@ AccountForm::AccountForm(IMessages& messages, const CodeLevels& levels, const Ch
     : m_messages(messages), m_service(messages, levels), m_levels(levels), m_screen(screen) {}
 
 Status AccountForm::beginNew(std::string_view parent, std::string_view className) {
-    AccountEntry entry{.className = std::string(className),
-                       .page = account_texts::ledgerPages.front()};
+    AccountEntry entry{.className = std::string(className)};
+    std::optional<_CodeInfo> above;
     std::vector<_zCodeClassInfo> classes;
     Status status = AccountService::readClasses(classes);
     if (status) status = proposeBelow(parent, entry.code);
     if (status && entry.code.empty()) status = proposeBeside(parent, entry.code);
-    const bool isClassGiven = isClass(classes, className);
-    if (status && !isClassGiven) status = readClassOf(entry.code, entry.className);
+    if (status) status = readAbove(entry.code, above);
     if (!status) return status;
+    takeAccounting(above, entry);
+    const bool isClassGiven = isClass(classes, className);
+    if (!isClassGiven) entry.className = classFor(entry.code, above, classes);
     // An account without a class would stand on no tab but that of all accounts.
     if (entry.className.empty() && !classes.empty()) entry.className = classes.front().sClsName;
     m_shown.reset();
     m_place = parent;
     m_isClassGiven = isClassGiven;
+    m_isCopy = false;
     m_opened = std::move(entry);
     return status;
 }
@@ -69,6 +72,7 @@ Status AccountForm::beginCopy(std::string_view code) {
     m_shown.reset();
     m_place = code;
     m_isClassGiven = true;
+    m_isCopy = true;
     m_opened = siblingOf(account, std::move(proposed));
     return status;
 }
@@ -150,26 +154,37 @@ Status AccountForm::proposeMnemonic(std::string_view name, std::string& mnemonic
     return chart.status();
 }
 
-Status AccountForm::proposeClass(std::string_view code, std::string& className) const {
-    className.clear();
-    return m_isClassGiven ? Status::done() : readClassOf(code, className);
+Status AccountForm::proposeFor(std::string_view code, AccountEntry& entry) const {
+    std::optional<_CodeInfo> above;
+    std::vector<_zCodeClassInfo> classes;
+    Status status = readAbove(code, above);
+    if (status) status = AccountService::readClasses(classes);
+    if (!status) return status;
+    std::string proposedClass = m_isClassGiven ? "" : classFor(code, above, classes);
+    if (!proposedClass.empty()) entry.className = std::move(proposedClass);
+    // While a code is being typed it stands nowhere.
+    const bool hasPlace = above || m_levels.gradeOf(code) == 1;
+    if (hasPlace && !m_isCopy) takeAccounting(above, entry);
+    return status;
 }
 
-Status AccountForm::readClassOf(std::string_view code, std::string& className) const {
-    className.clear();
+Status AccountForm::readAbove(std::string_view code, std::optional<_CodeInfo>& above) const {
     const std::string parent = m_levels.parentOf(code);
-    if (!parent.empty()) {
-        _CodeInfo account;
-        Status status = AccountService::find(parent, account);
-        className = account.sType;
-        return status.failure == Failure::missing ? Status::done() : status;
-    }
-    std::vector<_zCodeClassInfo> classes;
-    Status status = AccountService::readClasses(classes);
-    const auto number = code.empty() ? 0 : code.front() - '0';
-    if (m_levels.gradeOf(code) == 1 && number >= 1 && number <= static_cast<int>(classes.size()))
-        className = classes[static_cast<std::size_t>(number - 1)].sClsName;
+    if (parent.empty()) return Status::done();
+    _CodeInfo account;
+    const Status status = AccountService::find(parent, account);
+    if (status.failure == Failure::missing) return Status::done();
+    if (status) above = std::move(account);
     return status;
+}
+
+std::string AccountForm::classFor(std::string_view code, const std::optional<_CodeInfo>& above,
+                                  const std::vector<_zCodeClassInfo>& classes) const {
+    if (above) return above->sType;
+    const auto number = code.empty() ? 0 : code.front() - '0';
+    const bool isNumbered = number >= 1 && number <= static_cast<int>(classes.size());
+    if (m_levels.gradeOf(code) != 1 || !isNumbered) return {};
+    return classes[static_cast<std::size_t>(number - 1)].sClsName;
 }
 
 }  // namespace chengheng

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "accounts/changing/account_service.h"
 #include "accounts/chart/account_entry.h"
@@ -53,12 +54,16 @@ class AccountForm {
 
     /// Proposes a mnemonic for a name: none when the name gives none.
     static Status proposeMnemonic(std::string_view name, std::string& mnemonic);
-    /// Proposes a class for a code: that of the account above, at the top the one of the code's
-    /// first digit; none when neither is known or the operator's tab has decided.
-    Status proposeClass(std::string_view code, std::string& className) const;
+    /// Puts what a new account's code proposes into an entry and leaves the rest as it is. The
+    /// class: that of the account above, at the top the one of the code's first digit; unless
+    /// the operator's tab has decided. Page, currency, quantity and books: as the account above
+    /// has them, none at the top; unless another account is copied.
+    Status proposeFor(std::string_view code, AccountEntry& entry) const;
 
   private:
-    Status readClassOf(std::string_view code, std::string& className) const;
+    Status readAbove(std::string_view code, std::optional<_CodeInfo>& above) const;
+    std::string classFor(std::string_view code, const std::optional<_CodeInfo>& above,
+                         const std::vector<_zCodeClassInfo>& classes) const;
     Status proposeBelow(std::string_view parent, std::string& code) const;
     Status proposeBeside(std::string_view place, std::string& code) const;
 
@@ -70,6 +75,7 @@ class AccountForm {
     std::optional<_CodeInfo> m_shown;  ///< the account modified
     std::string m_place;               ///< the account that the arrows go on from
     bool m_isClassGiven = false;
+    bool m_isCopy = false;
 };
 
 }  // namespace chengheng

@@ -79,12 +79,17 @@ class ImportPlanner {
         return planned;
     }
 
-    /// A new account has the class of its parent and the plainest page until its row says
-    /// otherwise.
+    /// A new account has the class of its parent, the plainest page, and the journals that go with
+    /// a designated parent, until its row says otherwise.
     AccountEntry newEntry(const std::string& code) {
         AccountEntry entry{.page = account_texts::ledgerPages.front()};
-        if (const auto parent = m_chart.accountOf(m_levels.parentOf(code)))
-            entry.className = parent->sType;
+        const auto parent = m_chart.accountOf(m_levels.parentOf(code));
+        if (!parent) return entry;
+        entry.className = parent->sType;
+        if (parent->bCash == 0 && parent->bBank == 0) return entry;
+        const AuxiliaryBooks books = booksOfLetters(parent->sAssBook);
+        entry.books.isJournal = books.isJournal;
+        entry.books.isBank = books.isBank;
         return entry;
     }
 

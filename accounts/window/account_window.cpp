@@ -178,14 +178,18 @@ void AccountWindow::DoDataExchange(bool isSaving) {
     m_ui->sCode->setText(shown(m_typed.code));
     m_ui->sName->setText(shown(m_typed.name));
     select(m_ui->sType, m_typed.className);
-    select(m_ui->sPage, m_typed.page);
     m_ui->sHelp->setText(shown(m_typed.mnemonic));
-    m_ui->keepsForeign->setChecked(m_typed.keepsForeign);
-    m_ui->byExchId->setCurrentIndex(m_ui->byExchId->findData(m_typed.currencyId));
-    m_ui->bAmount->setChecked(m_typed.keepsQuantity);
-    m_ui->sUnit->setText(shown(m_typed.unit));
+    showAccounting(m_typed);
+}
+
+void AccountWindow::showAccounting(const AccountEntry& entry) {
+    select(m_ui->sPage, entry.page);
+    m_ui->keepsForeign->setChecked(entry.keepsForeign);
+    m_ui->byExchId->setCurrentIndex(m_ui->byExchId->findData(entry.currencyId));
+    m_ui->bAmount->setChecked(entry.keepsQuantity);
+    m_ui->sUnit->setText(shown(entry.unit));
     for (const BookBox& book : bookBoxes)
-        (m_ui.get()->*book.box)->setChecked(m_typed.books.*book.book);
+        (m_ui.get()->*book.box)->setChecked(entry.books.*book.book);
 }
 
 void AccountWindow::showForm() {
@@ -193,6 +197,7 @@ void AccountWindow::showForm() {
     UpdateData(false);
     m_isShowing = false;
     m_isClassChosen = false;
+    m_proposed = m_typed;
     m_proposedMnemonic = m_typed.mnemonic;
     reflectChecks();
     reflectArrows();
@@ -220,10 +225,17 @@ void AccountWindow::reflectArrows() {
 }
 
 void AccountWindow::followCode() {
-    if (m_isShowing || m_isClassChosen || !m_form.isAdding()) return;
-    std::string proposed;
-    const Status status = m_form.proposeClass(m_ui->sCode->text().toStdString(), proposed);
-    if (isRead(status) && !proposed.empty()) select(m_ui->sType, proposed);
+    if (m_isShowing || !m_form.isAdding()) return;
+    UpdateData();
+    AccountEntry proposed = m_proposed;
+    if (!isRead(m_form.proposeFor(m_typed.code, proposed))) return;
+    if (!m_isClassChosen && proposed.className != m_proposed.className)
+        select(m_ui->sType, proposed.className);
+    m_proposed.className = proposed.className;
+    // What the operator has made of the boxes is theirs.
+    if (!hasSameAccounting(m_typed, m_proposed)) return;
+    showAccounting(proposed);
+    m_proposed = std::move(proposed);
 }
 
 void AccountWindow::followName() {

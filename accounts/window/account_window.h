@@ -52,6 +52,7 @@ class AccountWindow final : public CNxMiddleDialog {
     void browse(AccountDirectory directory);
     void save();
     void move(AccountForm::Step step);
+    void showAccounting(const AccountEntry& entry);
     void followCode();
     void followName();
     /// Whether a proposal could be read. The operator is told once, not at every key, until one
@@ -69,6 +70,7 @@ class AccountWindow final : public CNxMiddleDialog {
     std::unique_ptr<Ui::AccountWindow> m_ui;
     std::vector<_zCodeClassInfo> m_classes;
     AccountEntry m_typed;
+    AccountEntry m_proposed;  ///< by the code, as far as the fields followed it
     std::string m_proposedMnemonic;
     std::string m_usedCode;
     bool m_isShowing = false;

@@ -31,10 +31,17 @@ class AccountForms : public testing::TestWithParam<EngineCase> {
             codes.push_back(m_form.neighbour(step));
         return codes;
     }
-    std::string proposedClass(const std::string& code) const {
-        std::string name = "before";
-        EXPECT_TRUE(m_form.proposeClass(code, name));
-        return name;
+    AccountEntry proposed(const std::string& code) const {
+        AccountEntry entry{.name = "name", .className = "before", .page = "before"};
+        EXPECT_TRUE(m_form.proposeFor(code, entry));
+        EXPECT_EQ(entry.name, "name");
+        return entry;
+    }
+    std::string proposedClass(const std::string& code) const { return proposed(code).className; }
+    void change(const std::string& code, const std::function<void(_CodeInfo&)>& how) {
+        _CodeInfo account = m_books.account(code);
+        how(account);
+        m_books.edit(account);
     }
 
     AccountBooks m_books{freshLocation(GetParam())};
@@ -73,7 +80,42 @@ TEST_P(AccountForms, ProposeAClassUnlessTheTabIsOne) {
     EXPECT_EQ(proposedClass("220201"), "负债");
     ASSERT_TRUE(m_form.beginNew("", "负债"));
     EXPECT_EQ(m_form.entry().className, "负债");
-    EXPECT_EQ(proposedClass("1009"), "");
+    EXPECT_EQ(proposedClass("1009"), "before");
+}
+
+TEST_P(AccountForms, ProposeTheAccountingOfTheAccountAboveTheCode) {
+    change("1002", [](_CodeInfo& bank) {
+        bank.bBank = 1;
+        bank.sAssBook = "RE";
+    });
+    change("2202", [](_CodeInfo& payable) {
+        payable.sPage = "外币数量式";
+        payable.byExchId = 1;
+        payable.bAmount = 1;
+        payable.sUnit = "吨";
+        payable.sAssBook = "BC";
+    });
+    ASSERT_TRUE(m_form.beginNew("1002", "全部"));
+    EXPECT_EQ(m_form.entry().page, "金额式") << "the account above has none";
+    EXPECT_EQ(lettersOf(m_form.entry().books), "RE");
+    const AccountEntry below = proposed("220201");
+    EXPECT_TRUE(below.keepsForeign && below.keepsQuantity);
+    EXPECT_EQ(below.currencyId, 1);
+    EXPECT_EQ(below.page + below.unit + lettersOf(below.books), "外币数量式吨BC");
+    AccountEntry top{.page = "before", .keepsForeign = true, .currencyId = 1, .books = {true}};
+    ASSERT_TRUE(m_form.proposeFor("1009", top));
+    EXPECT_EQ(top, (AccountEntry{.className = "资产", .page = "金额式"}));
+    for (const char* unfinished : {"", "10", "22020", "300101"})
+        EXPECT_EQ(proposed(unfinished).page, "before") << unfinished;
+}
+
+TEST_P(AccountForms, LeaveACopyTheAccountingOfItsAccount) {
+    change("1002", [](_CodeInfo& bank) { bank.sAssBook = "RE"; });
+    change("2202", [](_CodeInfo& payable) { payable.sAssBook = "B"; });
+    ASSERT_TRUE(m_form.beginCopy("2202"));
+    EXPECT_EQ(proposed("100202").page, "before");
+    ASSERT_TRUE(m_form.beginNew("1002", "全部"));
+    EXPECT_EQ(lettersOf(proposed("100202").books), "RE");
 }
 
 TEST_P(AccountForms, BeginAModificationWithWhatIsStored) {

@@ -157,6 +157,19 @@ TEST_F(Additions, ReadTheirOwnCodeAndTheirParentOnce) {
     EXPECT_EQ(m_chart.askedCodes(), (std::vector<std::string>{"1002", "100201"}));
 }
 
+TEST_F(Additions, AreMarkedAsTheAccountAboveIs) {
+    m_chart.account("1001").bCash = 1;
+    m_chart.account("1002").bBank = 1;
+    const auto marks = [this](const char* code) {
+        const _CodeInfo account = newAccount(newFacts(entry(code)));
+        return std::pair{account.bCash, account.bBank};
+    };
+    EXPECT_EQ(marks("100102"), std::pair(std::int16_t{1}, std::int16_t{0}));
+    EXPECT_EQ(marks("100201"), std::pair(std::int16_t{0}, std::int16_t{1}));
+    EXPECT_EQ(marks("220201"), std::pair(std::int16_t{0}, std::int16_t{0}));
+    EXPECT_EQ(marks("1003"), std::pair(std::int16_t{0}, std::int16_t{0}));
+}
+
 TEST_F(Additions, RefuseTheMnemonicOfTheFirstAccountToo) {
     m_chart.account("1001").sHelp = "KCXJ";
     AccountEntry given = entry("1003");
@@ -305,6 +318,23 @@ TEST_F(Modifications, LeaveTheParentOfAnUnchangedCodeAlone) {
     m_chart.use(UsePlace::posted, "1001");
     const auto rename = [](AccountEntry& entry) { entry.name = "人民币"; };
     EXPECT_EQ(modificationRefusal("100101", rename).notice.text, "");
+}
+
+TEST_F(Modifications, GiveAnAccountTheMarksOfItsNewPlace) {
+    m_chart.account("1001").bCash = m_chart.account("100101").bCash = 1;
+    m_chart.account("1002").bBank = 1;
+    const auto marks = [this](const char* code, const char* newCode) {
+        const auto move = [newCode](AccountEntry& entry) { entry.code = newCode; };
+        const _CodeInfo account = modifiedAccount(changedFacts(code, move));
+        return std::string(account.bCash != 0 ? "cash" : "") + (account.bBank != 0 ? "bank" : "");
+    };
+    EXPECT_EQ(marks("100101", "100102"), "cash");
+    EXPECT_EQ(marks("100101", "100201"), "bank");
+    EXPECT_EQ(marks("100101", "220201"), "");
+    EXPECT_EQ(marks("100101", "1003"), "") << "only the designation marks an account at the top";
+    EXPECT_EQ(marks("2202", "100201"), "bank");
+    EXPECT_EQ(marks("1001", "1003"), "cash") << "what was designated stays so under its new code";
+    EXPECT_EQ(marks("100101", "100101"), "cash");
 }
 
 TEST_F(Modifications, LetAnAccountKeepItsOwnMnemonic) {

@@ -248,6 +248,24 @@ TEST(ImportPlans, OfAnExportedChartChangeNothing) {
     EXPECT_TRUE(made.changed.empty());
 }
 
+TEST(ImportPlans, AddBelowADesignatedAccountWhatItsDesignationWouldHaveGiven) {
+    ChartState state = books();
+    state.accounts[2].bBank = 1;
+    state.accounts[2].sAssBook = "BRE";
+    const ImportPlan made = plan(state, "code,name\n100201,工行\n10020101,户\n220201,甲\n");
+    ASSERT_EQ(made.added.size(), 3u);
+    EXPECT_EQ(made.added[0].bBank, 1);
+    EXPECT_EQ(made.added[0].sAssBook, "RE");
+    EXPECT_EQ(made.added[1].bBank, 1);
+    EXPECT_EQ(made.added[1].sAssBook, "RE");
+    EXPECT_EQ(made.added[2].bBank, 0);
+    EXPECT_EQ(made.added[2].sAssBook, "");
+    const ImportPlan told = plan(state, "code,name,journal,bank\n100201,工行,否,是\n");
+    ASSERT_EQ(told.added.size(), 1u) << fates(told);
+    EXPECT_EQ(told.added[0].sAssBook, "E") << "as its row says";
+    EXPECT_EQ(told.added[0].bBank, 1);
+}
+
 TEST(ImportPlans, TakeWildcardsInCodesAsTheyStand) {
     EXPECT_EQ(fates("code,name,class\n10%_,甲,资产\n10%_01,乙,\n"), "2 新增 10%_ | 3 新增 10%_01");
 }

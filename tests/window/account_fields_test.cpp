@@ -37,6 +37,46 @@ TEST_F(AccountWindowTest, FollowsTheClassOfTheAccountAboveUntilOneIsChosen) {
     });
 }
 
+TEST_F(AccountWindowTest, ProposesTheBoxesOfTheAccountAboveUntilTheyAreChanged) {
+    addSomeAccounts();
+    change("1002", [](_CodeInfo& account) {
+        account.bBank = 1;
+        account.sAssBook = "RE";
+    });
+    open();
+    const auto boxes = [](const Hands& hands) {
+        std::string ticked;
+        for (const char* box : {"keepsForeign", "bAmount", "byUnit", "isJournal", "isBank"})
+            if (hands.box(box).isChecked()) ticked += std::string(" ") + box;
+        return ticked;
+    };
+    in("增加", [&](const Hands& hands) {
+        EXPECT_EQ(boxes(hands), "");
+        hands.type("sCode", "100203");
+        EXPECT_EQ(boxes(hands), " isJournal isBank");
+        hands.type("sCode", "10020201");
+        EXPECT_EQ(boxes(hands), " keepsForeign");
+        EXPECT_EQ(hands.list("byExchId").currentText(), "美元");
+        EXPECT_TRUE(hands.list("byExchId").isEnabled());
+        hands.type("sCode", "220201");
+        EXPECT_EQ(boxes(hands), " byUnit");
+        hands.tick("bAmount");
+        hands.type("sCode", "100203");
+        EXPECT_EQ(boxes(hands), " bAmount byUnit") << "the operator has decided";
+    });
+    window->grid().setCurrentRow(1);
+    in("增加", [&](const Hands& hands) {
+        EXPECT_EQ(boxes(hands), " isJournal isBank");
+        hands.add("100203", "中国银行");
+    });
+    EXPECT_EQ(books.account("100203").bBank, 1);
+    EXPECT_EQ(books.account("100203").sAssBook, "RE");
+    in("修改", [&](const Hands& hands) {
+        hands.type("sCode", "220201");
+        EXPECT_EQ(boxes(hands), " isJournal isBank") << "an account that is there keeps its own";
+    });
+}
+
 TEST_F(AccountWindowTest, OpensCurrencyAndUnitOnlyForWhatIsTicked) {
     addSomeAccounts();
     open();
