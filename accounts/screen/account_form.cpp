@@ -117,11 +117,18 @@ AccountChange AccountForm::save(const AccountEntry& typed) {
     AccountChange change = m_service.add(typed);
     if (change.outcome != Outcome::done) return change;
     m_place = change.account.sCode;
-    std::string proposed;
-    if (!proposeBeside(m_place, proposed)) m_messages.tell(lastFailureNotice());
-    m_opened = siblingOf(change.account, std::move(proposed));
-    m_opened.name.clear();
+    if (!beginNext(change.account.sType)) m_messages.tell(lastFailureNotice());
     return change;
+}
+
+Status AccountForm::beginNext(const std::string& className) {
+    std::optional<_CodeInfo> above;
+    m_isCopy = false;
+    m_opened = {.className = className};
+    Status status = proposeBeside(m_place, m_opened.code);
+    if (status) status = readAbove(m_opened.code, above);
+    takeAccounting(above, m_opened);
+    return status;
 }
 
 std::string AccountForm::neighbour(Step step) const {

@@ -43,8 +43,8 @@ class AccountForm {
     /// Whether saving would write anything new.
     bool isChanged(const AccountEntry& typed) const;
 
-    /// Adds or modifies. After an addition that is done the form begins the next account,
-    /// without a code when none can be read, which is told.
+    /// Adds or modifies. After an addition that is done the form begins the next account of the
+    /// same class; what it cannot read for that, it begins without, which is told.
     AccountChange save(const AccountEntry& typed);
 
     /// The account that an arrow leads to; empty when there is none.
@@ -61,6 +61,9 @@ class AccountForm {
     Status proposeFor(std::string_view code, AccountEntry& entry) const;
 
   private:
+    /// Begins the account after the one that was added, of its class. What cannot be read, it
+    /// begins without.
+    Status beginNext(const std::string& className);
     Status readAbove(std::string_view code, std::optional<_CodeInfo>& above) const;
     std::string classFor(std::string_view code, const std::optional<_CodeInfo>& above,
                          const std::vector<_zCodeClassInfo>& classes) const;

@@ -109,6 +109,26 @@ TEST_P(AccountForms, ProposeTheAccountingOfTheAccountAboveTheCode) {
         EXPECT_EQ(proposed(unfinished).page, "before") << unfinished;
 }
 
+TEST_P(AccountForms, BeginTheNextAccountWithTheAccountingOfTheAccountAbove) {
+    change("2202", [](_CodeInfo& payable) { payable.sAssBook = "B"; });
+    ASSERT_TRUE(m_form.beginCopy("2202"));
+    AccountEntry entry = m_form.entry();
+    entry.page = "外币数量式";
+    entry.keepsForeign = entry.keepsQuantity = true;
+    entry.currencyId = 1;
+    entry.unit = "吨";
+    ASSERT_EQ(m_form.save(entry).outcome, Outcome::done);
+    AccountEntry next{.code = "2204", .className = "负债", .page = "金额式"};
+    EXPECT_EQ(m_form.entry(), next);
+    EXPECT_EQ(lettersOf(proposed("220201").books), "B") << "it is a copy no more";
+    entry.code = "220201";
+    entry.books = {};
+    ASSERT_EQ(m_form.save(entry).outcome, Outcome::done);
+    next.code = "220202";
+    next.books.byUnit = true;
+    EXPECT_EQ(m_form.entry(), next);
+}
+
 TEST_P(AccountForms, LeaveACopyTheAccountingOfItsAccount) {
     change("1002", [](_CodeInfo& bank) { bank.sAssBook = "RE"; });
     change("2202", [](_CodeInfo& payable) { payable.sAssBook = "B"; });

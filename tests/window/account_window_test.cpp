@@ -61,6 +61,32 @@ TEST_F(AccountWindowTest, StaysOpenAfterAnAdditionAndProposesTheNextCode) {
     EXPECT_EQ(books.account("100204").sHelp, "JTYH");
 }
 
+TEST_F(AccountWindowTest, LeavesNothingOfTheLastAdditionChecked) {
+    addSomeAccounts();
+    open();
+    window->grid().setCurrentRow(1);
+    in("增加", [&](const Hands& hands) {
+        hands.choose("sPage", "外币数量式");
+        hands.tick("keepsForeign");
+        hands.choose("byExchId", "美元");
+        hands.tick("bAmount");
+        hands.type("sUnit", "吨");
+        hands.tick("byPerson");
+        hands.add("100203", "中国银行");
+        EXPECT_EQ(hands.text("sCode"), "100204");
+        EXPECT_EQ(hands.list("sPage").currentText(), "金额式");
+        EXPECT_FALSE(hands.box("keepsForeign").isChecked());
+        EXPECT_EQ(hands.list("byExchId").currentIndex(), -1);
+        EXPECT_FALSE(hands.box("bAmount").isChecked());
+        EXPECT_EQ(hands.text("sUnit"), "");
+        EXPECT_FALSE(hands.box("byPerson").isChecked());
+        hands.add("100204", "交通银行");
+    });
+    EXPECT_EQ(books.account("100203").byExchId, 1);
+    EXPECT_EQ(books.account("100204").byExchId, 0);
+    EXPECT_EQ(books.account("100204").sAssBook, "");
+}
+
 TEST_F(AccountWindowTest, PutsAnAdditionAtItsPlaceWithoutReadingTheChartAgain) {
     addSomeAccounts();
     open();
