@@ -1,5 +1,7 @@
 #include "accounts/changing/account_service.h"
 
+#include <algorithm>
+
 #include "accounts/changing/account_locks.h"
 #include "accounts/changing/chart_writing.h"
 #include "accounts/chart/account_texts.h"
@@ -137,6 +139,15 @@ Status AccountService::find(std::string_view code, _CodeInfo& account) {
     if (!found) return chart.isRead() ? Status::of(Failure::missing) : chart.status();
     account = *std::move(found);
     return Status::done();
+}
+
+Status AccountService::readUse(const _CodeInfo& account, bool& isUsed) {
+    if (Status selected = selectOpenBooks(); !selected) return selected;
+    StoredChart chart(*g_pDB);
+    isUsed = std::ranges::any_of(usePlaces, [&](UsePlace place) {
+        return chart.isUsed(place, {account.lId}, SumsUse::anyRow);
+    });
+    return chart.status();
 }
 
 Status AccountService::readClasses(std::vector<_zCodeClassInfo>& classes) {

@@ -44,6 +44,8 @@ class AccountService {
 
     /// Reads the account of a code as it is stored; missing when there is none.
     static Status find(std::string_view code, _CodeInfo& account);
+    /// Whether the ledger holds the account, in whatever place.
+    static Status readUse(const _CodeInfo& account, bool& isUsed);
     /// Reads the account classes in the order of the list.
     static Status readClasses(std::vector<_zCodeClassInfo>& classes);
 

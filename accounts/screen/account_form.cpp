@@ -1,5 +1,7 @@
 #include "accounts/screen/account_form.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <vector>
 
@@ -8,6 +10,7 @@
 #include "accounts/chart/stored_chart.h"
 #include "accounts/codes/mnemonic.h"
 #include "accounts/codes/proposed_code.h"
+#include "accounts/screen/chart_texts.h"
 #include "data/access/host_database.h"
 #include "session/last_failure.h"
 
@@ -159,6 +162,19 @@ Status AccountForm::proposeMnemonic(std::string_view name, std::string& mnemonic
         name, [&chart](std::string_view taken) { return chart.isMnemonicTaken(taken, 0); });
     if (chart.isRead()) mnemonic = std::move(proposed);
     return chart.status();
+}
+
+Status AccountForm::explainClass(std::string_view className, std::string& text) const {
+    text.clear();
+    if (!m_shown || m_shown->sType == className) return Status::done();
+    bool isUsed = false;
+    const Status status = AccountService::readUse(*m_shown, isUsed);
+    if (!status || !isUsed) return status;
+    const char* direction = m_shown->bDirect == 1 ? account_texts::debit : account_texts::credit;
+    text = m_shown->bEnd == 0
+               ? fmt::format(chart_texts::classOfUsedAbove, m_shown->sCode, className)
+               : fmt::format(chart_texts::classOfUsed, m_shown->sCode, className, direction);
+    return status;
 }
 
 Status AccountForm::proposeFor(std::string_view code, AccountEntry& entry) const {

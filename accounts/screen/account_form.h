@@ -52,6 +52,10 @@ class AccountForm {
     /// Goes there, without regard to what has been typed, by a copy or a modification.
     Status goTo(std::string_view code);
 
+    /// What it means that an account which is used gets the class chosen; empty when it keeps
+    /// its own, is not used, or is a new one.
+    Status explainClass(std::string_view className, std::string& text) const;
+
     /// Proposes a mnemonic for a name: none when the name gives none.
     static Status proposeMnemonic(std::string_view name, std::string& mnemonic);
     /// Puts what a new account's code proposes into an entry and leaves the rest as it is. The

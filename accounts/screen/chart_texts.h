@@ -60,6 +60,13 @@ inline constexpr const char* modifyTitle = "会计科目_修改";
 inline constexpr const char* modifyConfirm = "修改";
 inline constexpr const char* modifyCancel = "返回";
 
+// What another class means for an account that is used: code, class, direction.
+inline constexpr const char* classOfUsed =
+    "科目 {} "
+    "已经使用。改为“{}”后,已有的余额和发生额都归入这一类,试算平衡随之变化;余额方向“{}”不变。";
+inline constexpr const char* classOfUsedAbove =
+    "科目 {} 已经使用。改为“{}”不改变下级科目的类型,试算平衡仍按下级科目的类型计算。";
+
 inline constexpr const char* browseCurrency = "选择币种";
 inline constexpr const char* persons = "个人目录";
 inline constexpr const char* departments = "部门目录";

@@ -103,6 +103,7 @@ void AccountWindow::connectFields() {
         m_ui->sHelp->setCursorPosition(position);
     });
     connect(m_ui->sType, &QComboBox::activated, this, [this] { m_isClassChosen = true; });
+    connect(m_ui->sType, &QComboBox::currentIndexChanged, this, guarded([this] { followClass(); }));
     for (QCheckBox* box : {m_ui->keepsForeign, m_ui->bAmount})
         connect(box, &QCheckBox::toggled, this, [this] { reflectChecks(); });
     m_ui->sAssBook->setFocusProxy(m_ui->byPerson);
@@ -201,6 +202,7 @@ void AccountWindow::showForm() {
     m_proposedMnemonic = m_typed.mnemonic;
     reflectChecks();
     reflectArrows();
+    followClass();
     showUse({});
     m_ui->sCode->setFocus();
     m_ui->sCode->selectAll();
@@ -236,6 +238,14 @@ void AccountWindow::followCode() {
     if (!hasSameAccounting(m_typed, m_proposed)) return;
     showAccounting(proposed);
     m_proposed = std::move(proposed);
+}
+
+void AccountWindow::followClass() {
+    if (m_isShowing) return;
+    std::string meaning;
+    if (!isRead(m_form.explainClass(m_ui->sType->currentText().toStdString(), meaning))) return;
+    m_ui->classNote->setText(shown(meaning));
+    m_ui->classNote->setVisible(!meaning.empty());
 }
 
 void AccountWindow::followName() {

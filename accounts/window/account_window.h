@@ -55,6 +55,7 @@ class AccountWindow final : public CNxMiddleDialog {
     void showAccounting(const AccountEntry& entry);
     void followCode();
     void followName();
+    void followClass();
     /// Whether a proposal could be read. The operator is told once, not at every key, until one
     /// can be read again.
     bool isRead(const Status& proposal);

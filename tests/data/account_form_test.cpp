@@ -109,6 +109,37 @@ TEST_P(AccountForms, ProposeTheAccountingOfTheAccountAboveTheCode) {
         EXPECT_EQ(proposed(unfinished).page, "before") << unfinished;
 }
 
+TEST_P(AccountForms, ExplainAnotherClassOfAnAccountThatIsUsed) {
+    const auto explained = [this](const char* className) {
+        std::string text = "before";
+        EXPECT_TRUE(m_form.explainClass(className, text));
+        return text;
+    };
+    ASSERT_TRUE(m_form.beginModification("2202"));
+    EXPECT_EQ(explained("资产"), "") << "nothing holds it";
+    for (const UsePlace place : usePlaces) {
+        const std::string code = std::to_string(1101 + static_cast<int>(place));
+        m_books.add(code);
+        m_books.use(place, code);
+        ASSERT_TRUE(m_form.beginModification(code));
+        EXPECT_EQ(explained("资产"), "") << "its own";
+        EXPECT_EQ(explained("负债"), "科目 " + code +
+                                         " 已经使用。改为“负债”后,已有的余额和发生额都归入这一类,"
+                                         "试算平衡随之变化;余额方向“借”不变。");
+    }
+    ASSERT_TRUE(m_form.beginNew("1001", "全部"));
+    EXPECT_EQ(explained("负债"), "") << "nothing holds a new account";
+    m_books.use(UsePlace::sums, "1002");
+    ASSERT_TRUE(m_form.beginModification("1002"));
+    EXPECT_EQ(
+        explained("负债"),
+        "科目 1002 已经使用。改为“负债”不改变下级科目的类型,试算平衡仍按下级科目的类型计算。");
+    m_books.engine().failCall(1, Failure::full);
+    std::string text;
+    EXPECT_EQ(m_form.explainClass("负债", text).failure, Failure::full);
+    m_books.engine().failCall(0);
+}
+
 TEST_P(AccountForms, BeginTheNextAccountWithTheAccountingOfTheAccountAbove) {
     change("2202", [](_CodeInfo& payable) { payable.sAssBook = "B"; });
     ASSERT_TRUE(m_form.beginCopy("2202"));

@@ -77,6 +77,42 @@ TEST_F(AccountWindowTest, ProposesTheBoxesOfTheAccountAboveUntilTheyAreChanged) 
     });
 }
 
+TEST_F(AccountWindowTest, SaysAtOnceWhatAnotherClassOfAUsedAccountMeans) {
+    addSomeAccounts();
+    books.use(UsePlace::posted, "1001");
+    open();
+    in("修改", [](const Hands& hands) {
+        const QLabel& note = hands.label("classNote");
+        EXPECT_FALSE(note.isVisible());
+        hands.list("sType").setFocus();
+        QTest::keyClick(&hands.list("sType"), Qt::Key_Down);
+        ASSERT_EQ(hands.list("sType").currentText(), "负债");
+        EXPECT_TRUE(note.isVisible());
+        EXPECT_TRUE(note.text().startsWith("科目 1001 已经使用。改为“负债”后,")) << note.text().toStdString();
+        EXPECT_GE(note.height(), note.heightForWidth(note.width())) << "all of it is in sight";
+        hands.choose("sType", "资产");
+        EXPECT_FALSE(note.isVisible());
+        hands.choose("sType", "负债");
+        hands.click("confirm");
+        EXPECT_FALSE(hands.isOpen());
+    });
+    EXPECT_TRUE(books.messages().texts().empty());
+    EXPECT_EQ(books.account("1001").sType, "负债");
+}
+
+TEST_F(AccountWindowTest, ForgetsWhatAClassMeansForTheAccountBefore) {
+    addSomeAccounts();
+    books.use(UsePlace::posted, "1001");
+    open();
+    in("修改", [this](const Hands& hands) {
+        hands.choose("sType", "负债");
+        books.messages().willAnswer(Answer::yes);
+        hands.click("last");
+        EXPECT_EQ(hands.list("sType").currentText(), "负债");
+        EXPECT_FALSE(hands.label("classNote").isVisible());
+    });
+}
+
 TEST_F(AccountWindowTest, OpensCurrencyAndUnitOnlyForWhatIsTicked) {
     addSomeAccounts();
     open();

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QToolButton>
 #include <functional>
 #include <string>
@@ -19,6 +20,7 @@ class Hands {
     QComboBox& list(const char* name) const { return *m_window.findChild<QComboBox*>(name); }
     QCheckBox& box(const char* name) const { return *m_window.findChild<QCheckBox*>(name); }
     QToolButton& tool(const char* name) const { return *m_window.findChild<QToolButton*>(name); }
+    QLabel& label(const char* name) const { return *m_window.findChild<QLabel*>(name); }
     QPushButton& button(const char* name) const { return *m_window.findChild<QPushButton*>(name); }
     std::string text(const char* name) const { return edit(name).text().toStdString(); }
     void type(const char* name, const QString& text) const {
