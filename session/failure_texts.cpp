@@ -58,6 +58,14 @@ constexpr std::array bookTexts{
                 "帐套文件“{}”的两个操作互相等待,本次操作已取消。\n请稍后重试。",
                 "帐套“{}”的两个工作站互相等待,本次操作已取消。\n请稍后重试。"},
     FailureText{Failure::cancelled, "对帐套文件“{}”的等待已取消。", "对帐套“{}”的等待已取消。"},
+    FailureText{Failure::wrongValue,
+                "帐套文件“{}”中有不合规定的数据,没有读入,也没有作任何改动。\n"
+                "请用 chbooks check 查明,再用最近的备份恢复。",
+                "帐套“{}”中有不合规定的数据,没有读入,也没有作任何改动。\n"
+                "请用 chbooks check 查明,再用最近的备份恢复。"},
+    FailureText{Failure::noIdLeft,
+                "帐套文件“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。",
+                "帐套“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。"},
 };
 
 constexpr PlaceText registryDamaged =

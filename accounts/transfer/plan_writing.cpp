@@ -5,6 +5,7 @@
 
 #include "accounts/chart/account_sql.h"
 #include "data/access/CNbCwDB.h"
+#include "data/connection/id_counters.h"
 #include "data/tables/accounts.h"
 
 namespace chengheng {
@@ -42,6 +43,8 @@ class PlanWriter {
         int lastId = m_database.Code_GetLastId();
         if (!m_database.lastStatus()) return m_database.lastStatus();
         std::span<const _CodeInfo> left = m_plan.added;
+        const int count = static_cast<int>(left.size());
+        if (Status status = checkIdsLeft(lastId, count); !status) return status;
         while (!left.empty()) {
             const auto part = left.first(std::min(rowsAtOnce, left.size()));
             Status status = run(account_sql::addAccounts(part, lastId + 1));

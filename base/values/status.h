@@ -23,6 +23,8 @@ enum class Failure {
     notOpen,       ///< no database of that name is open or selected
     crossedWait,   ///< two workstations wait for each other's locks
     cancelled,     ///< the operator gave up waiting
+    wrongValue,    ///< a column holds what may not stand there
+    noIdLeft,      ///< a table's ids have reached the largest number there is
 };
 
 /// Outcome of a data operation: done, or a failure with the engine's own detail.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/values/text.h"
+#include "data/connection/id_counters.h"
 #include "data/connection/row_io.h"
 
 namespace chengheng {
@@ -62,6 +63,7 @@ Status takeNextId(Database& database, std::string_view idRow, int& id) {
         if (Status status = database.lastId(partner, partnerId); !status) return status;
         id = std::max(id, partnerId);
     }
+    if (Status status = checkIdsLeft(id, 1); !status) return status;
     ++id;
     Status status = database.setLastId(idRow, id);
     return status && partner != nullptr ? database.setLastId(partner, id) : status;
@@ -95,7 +97,8 @@ Status RecordTable::read(Database& database, const char* condition) {
             const Cursor::Step step = cursor.next();
             if (step == Cursor::Step::failed) return cursor.status();
             if (step == Cursor::Step::end) return Status::done();
-            readRecord(cursor, m_type, m_records.append());
+            if (Status status = readRecord(cursor, m_type, m_records.append()); !status)
+                return status;
         }
     };
     m_records.clear();

@@ -42,6 +42,7 @@ class Database {
 
     /// The last id handed out for a row of ABIdTable; 0 when the row is not there. Inside a
     /// unit of work the row is kept from others until its end.
+    /// A counter that no id can have is a wrongValue.
     Status lastId(std::string_view row, int& id);
     /// Sets the row of ABIdTable, at the end of the unit of work when one is open.
     Status setLastId(std::string_view row, int id);

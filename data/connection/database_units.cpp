@@ -1,9 +1,18 @@
+#include <fmt/format.h>
+
+#include <limits>
+
 #include "data/connection/database.h"
+#include "data/connection/id_counters.h"
 
 namespace chengheng {
 namespace {
 
 constexpr std::string_view readCounterSql = "SELECT lLastId FROM ABIdTable WHERE sTable = $1";
+
+Status wrongCounter(std::string_view row, std::string_view stored) {
+    return Status::of(Failure::wrongValue, fmt::format("ABIdTable {} lLastId: {}", row, stored));
+}
 
 }  // namespace
 
@@ -73,6 +82,12 @@ Status Database::writeHeldCounters() {
     return Status::done();
 }
 
+Status checkIdsLeft(int lastId, int count) {
+    return lastId <= std::numeric_limits<int>::max() - count
+               ? Status::done()
+               : Status::of(Failure::noIdLeft, std::to_string(lastId));
+}
+
 Status Database::lastId(std::string_view row, int& id) {
     if (const IdCounters::Counter* known = m_counters.find(row)) {
         id = known->value;
@@ -87,8 +102,11 @@ Status Database::lastId(std::string_view row, int& id) {
         const Cursor::Step step = cursor.next();
         if (step == Cursor::Step::failed) return cursor.status();
         isThere = step == Cursor::Step::row;
-        if (isThere) id = static_cast<int>(cursor.integer(0));
-        return Status::done();
+        if (!isThere) return Status::done();
+        const std::int64_t stored = cursor.integer(0);
+        id = static_cast<int>(stored);
+        const bool isId = cursor.kind(0) != ValueKind::text && id == stored && id >= 0;
+        return isId ? Status::done() : wrongCounter(row, cursor.text(0));
     };
     if (Status status = selectPlain(sql, values, read); !status) return status;
     if (isInUnit() && isThere) m_counters.learn(row, id);

@@ -4,11 +4,16 @@
 #include <string_view>
 #include <vector>
 
+#include "base/values/status.h"
+
 namespace chengheng {
 
 /// Stores $1 as the last id of the table $2.
 inline constexpr std::string_view writeCounterSql =
     "UPDATE ABIdTable SET lLastId = $1 WHERE sTable = $2";
+
+/// Done when so many ids can follow the last one, else noIdLeft.
+Status checkIdsLeft(int lastId, int count);
 
 /// The counters of ABIdTable as an open unit of work knows them. New values are held back
 /// here and written once at its end: a row written again and again inside one transaction

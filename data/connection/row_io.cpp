@@ -1,5 +1,7 @@
 #include "data/connection/row_io.h"
 
+#include <fmt/format.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -19,37 +21,60 @@ const Field& fieldAt(const void* place) {
     return *static_cast<const Field*>(place);
 }
 
-void readField(const Cursor& row, int column, ColumnType type, void* field) {
+/// False when the column holds no whole number of the field's range.
+template <class Number>
+bool readWhole(const Cursor& row, int column, Number& number) {
+    if (row.kind(column) == ValueKind::text) return false;
+    const std::int64_t stored = row.integer(column);
+    number = static_cast<Number>(stored);
+    return number == stored;
+}
+
+bool readReal(const Cursor& row, int column, double& number) {
+    if (row.kind(column) == ValueKind::text) return false;
+    number = row.real(column);
+    return true;
+}
+
+bool readNullable(const Cursor& row, int column, std::optional<std::int32_t>& number) {
+    number.reset();
+    return row.kind(column) == ValueKind::null || readWhole(row, column, number.emplace());
+}
+
+/// False when the column holds what the field cannot.
+bool readField(const Cursor& row, int column, ColumnType type, void* field) {
     switch (type) {
         case ColumnType::integer:
-            fieldAt<std::int32_t>(field) = static_cast<std::int32_t>(row.integer(column));
-            return;
+            return readWhole(row, column, fieldAt<std::int32_t>(field));
         case ColumnType::nullableInteger:
-            if (row.kind(column) == ValueKind::null)
-                fieldAt<std::optional<std::int32_t>>(field).reset();
-            else
-                fieldAt<std::optional<std::int32_t>>(field) =
-                    static_cast<std::int32_t>(row.integer(column));
-            return;
+            return readNullable(row, column, fieldAt<std::optional<std::int32_t>>(field));
         case ColumnType::byte:
-            fieldAt<std::uint8_t>(field) = static_cast<std::uint8_t>(row.integer(column));
-            return;
+            return readWhole(row, column, fieldAt<std::uint8_t>(field));
         case ColumnType::flag:
-            fieldAt<std::int16_t>(field) = static_cast<std::int16_t>(row.integer(column));
-            return;
+            return readWhole(row, column, fieldAt<std::int16_t>(field));
         case ColumnType::real:
-            fieldAt<double>(field) = row.real(column);
-            return;
-        case ColumnType::single:
-            fieldAt<float>(field) = static_cast<float>(row.real(column));
-            return;
+            return readReal(row, column, fieldAt<double>(field));
+        case ColumnType::single: {
+            double number = 0;
+            const bool isRead = readReal(row, column, number);
+            fieldAt<float>(field) = static_cast<float>(number);
+            return isRead;
+        }
         case ColumnType::text:
             fieldAt<std::string>(field).assign(row.text(column));
-            return;
+            return true;
         case ColumnType::date:
             fieldAt<Date>(field) = parseDate(row.text(column)).value_or(Date{});
-            return;
+            return true;
     }
+    return true;
+}
+
+Status wrongValue(const Cursor& row, int column, const TableInfo& table) {
+    return Status::of(
+        Failure::wrongValue,
+        fmt::format("{} lId={} {}: {}", table.name, row.text(0),
+                    table.columns[static_cast<std::size_t>(column)].name, row.text(column)));
 }
 
 Value fieldValue(ColumnType type, const void* field, std::deque<std::string>& texts) {
@@ -78,10 +103,14 @@ Value fieldValue(ColumnType type, const void* field, std::deque<std::string>& te
 
 }  // namespace
 
-void readRecord(const Cursor& row, const RecordType& type, void* record) {
+Status readRecord(const Cursor& row, const RecordType& type, void* record) {
     auto* const first = static_cast<std::byte*>(record);
-    for (std::size_t at = 0; at < type.offsets.size(); ++at)
-        readField(row, static_cast<int>(at), type.table.columns[at].type, first + type.offsets[at]);
+    for (std::size_t at = 0; at < type.offsets.size(); ++at) {
+        const int column = static_cast<int>(at);
+        if (!readField(row, column, type.table.columns[at].type, first + type.offsets[at]))
+            return wrongValue(row, column, type.table);
+    }
+    return Status::done();
 }
 
 std::vector<Value> recordValues(const RecordType& type, const void* record,

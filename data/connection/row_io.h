@@ -11,8 +11,10 @@ namespace chengheng {
 
 // A record's fields from and to the columns of its table.
 
-/// Takes a row, whose columns are those of the table in their order, into a record.
-void readRecord(const Cursor& row, const RecordType& type, void* record);
+/// Takes a row, whose columns are those of the table in their order, into a record. A number that
+/// does not fit its field, and a text where a number belongs, is a wrongValue; it is never read as
+/// another number.
+Status readRecord(const Cursor& row, const RecordType& type, void* record);
 
 /// The values of a record's fields in the order of the columns. Texts are borrowed from the
 /// record or kept in `texts`.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/access/row_lease.h"
+#include "data/connection/id_counters.h"
 #include "opening/storing/opening_sql.h"
 
 namespace chengheng {
@@ -112,6 +113,7 @@ Status postOver(CNbCwDB& database, const OpeningAccount& account, OpeningLayout 
     if (stored.path() == PostingPath::rebuild && deservesRows(account, layout)) {
         lastId = database.AccSum_GetLastId();
         if (!database.lastStatus()) return database.lastStatus();
+        if (Status status = checkIdsLeft(lastId, periodRows); !status) return status;
     }
     const std::string batch = postingBatch(account, stored, layout, lastId);
     if (batch.empty() || database.QRYExecuteSQL(batch) != 0) return Status::done();

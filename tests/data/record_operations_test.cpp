@@ -4,6 +4,7 @@
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
 #include "data/tables/accounts.h"
+#include "data/tables/balances.h"
 #include "data/tables/settlement.h"
 #include "data/tables/vouchers.h"
 #include "tests/support/engine_cases.h"
@@ -121,6 +122,52 @@ TEST_P(RecordOperations, IdsGrowByOneAndAreNotUsedAgain) {
     EXPECT_EQ(m_db.Code_Delete(second), 0);
     EXPECT_EQ(addAccount("1003"), second + 1);
     EXPECT_EQ(m_db.Code_GetLastId(), second + 1);
+}
+
+TEST_P(RecordOperations, IdsEndAtTheLargestNumberAndNeverTurnNegative) {
+    ASSERT_NE(m_db.QRYExecuteSQL("Update ABIdTable Set lLastId = 2147483646 Where sTable = 'Code'"),
+              0);
+    EXPECT_EQ(addAccount("1001"), 2147483647);
+    int id = 0;
+    EXPECT_NE(m_db.Code_AddNew(_CodeInfo{}, id), 0);
+    EXPECT_EQ(m_db.lastStatus().failure, Failure::noIdLeft);
+    EXPECT_EQ(id, 0);
+    EXPECT_EQ(countOf(nullptr), 1);
+    EXPECT_EQ(m_db.Code_GetLastId(), 2147483647);
+}
+
+TEST_P(RecordOperations, ACounterBelowNothingIsNoCounter) {
+    ASSERT_NE(m_db.QRYExecuteSQL("Update ABIdTable Set lLastId = -5 Where sTable = 'Code'"), 0);
+    int id = 0;
+    EXPECT_NE(m_db.Code_AddNew(_CodeInfo{}, id), 0);
+    EXPECT_EQ(m_db.lastStatus().failure, Failure::wrongValue);
+    EXPECT_EQ(countOf(nullptr), 0);
+}
+
+// 300 would be read as the period 44, and a text as an amount of 0.
+TEST_P(RecordOperations, WhatDoesNotFitItsFieldIsAnErrorAndNoOtherNumber) {
+    struct Wrong {
+        const char* change;
+        const char* told;
+        bool isStoredByServers;
+    };
+    for (const Wrong& wrong :
+         {Wrong{"byPeroid = 300", "AccSum lId=1 byPeroid: 300", true},
+          Wrong{"byPeroid = -1", "AccSum lId=1 byPeroid: -1", true},
+          Wrong{"lCodeId = 2147483648", "AccSum lId=1 lCodeId: 2147483648", false},
+          Wrong{"lCodeId = 'x'", "AccSum lId=1 lCodeId: x", false},
+          Wrong{"mBegin = '12x'", "AccSum lId=1 mBegin: 12x", false}}) {
+        if (GetParam().name == "postgres" && !wrong.isStoredByServers) continue;
+        ASSERT_NE(m_db.QRYExecuteSQL("DELETE AccSum\nINSERT AccSum Values(1, 7, 1, 5, 0, 0, 0, 0, "
+                                     "0, 0, 0, 0)"),
+                  0);
+        ASSERT_EQ(chengheng::readRows<_AccSumInfo>(m_db, nullptr).size(), 1u);
+        ASSERT_NE(m_db.QRYExecuteSQL(std::string("UPDATE AccSum SET ") + wrong.change), 0)
+            << m_db.lastStatus().detail;
+        EXPECT_TRUE(chengheng::readRows<_AccSumInfo>(m_db, nullptr).empty());
+        EXPECT_EQ(m_db.lastStatus().failure, Failure::wrongValue) << wrong.change;
+        EXPECT_EQ(m_db.lastStatus().detail, wrong.told);
+    }
 }
 
 TEST_P(RecordOperations, PostedAndUnpostedVouchersShareOneSequence) {
