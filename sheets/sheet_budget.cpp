@@ -41,10 +41,4 @@ std::optional<SheetFailure> SheetBudget::put(Sheet& sheet, std::size_t row, std:
     return std::nullopt;
 }
 
-std::optional<SheetFailure> SheetBudget::append(Sheet& sheet, SheetRow row) {
-    if (sheet.rows.size() >= limits::rows) return tooMany(sheet_texts::tooManyRows, limits::rows);
-    sheet.rows.push_back(std::move(row));
-    return std::nullopt;
-}
-
 }  // namespace chengheng

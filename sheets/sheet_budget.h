@@ -13,8 +13,6 @@ class SheetBudget {
     /// Puts a cell into a sheet, making the rows and cells before it as need be. Counts rows
     /// and columns from 0. An absent cell makes none. The bytes of the text are not counted.
     std::optional<SheetFailure> put(Sheet& sheet, std::size_t row, std::size_t column, Cell cell);
-    /// Puts a row at the end.
-    std::optional<SheetFailure> append(Sheet& sheet, SheetRow row);
     /// Counts cells and the bytes of texts.
     std::optional<SheetFailure> take(std::size_t cells, std::size_t bytes);
 

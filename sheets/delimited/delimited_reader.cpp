@@ -27,11 +27,12 @@ struct Fitness {
 Fitness fitnessOf(char separator, std::string_view sample, bool isCut) {
     DelimitedReader reader(sample, separator, LoneQuotes::refuse);
     std::map<std::size_t, std::size_t> linesOfLength;
-    SheetRow row;
-    while (reader.next(row)) {
+    std::string cell;
+    while (reader.next(cell)) {
         // The last line of a text that was cut short may lack cells.
-        const bool isWhole = !isCut || !reader.isAtEnd() || reader.rowCount() == 1;
-        if (row.size() > 1 && isWhole) ++linesOfLength[row.size()];
+        const bool isWhole = !isCut || !reader.isAtEnd() || reader.row() == 1;
+        if (reader.isLastOfRow() && reader.column() > 1 && isWhole)
+            ++linesOfLength[reader.column()];
     }
     Fitness best;
     for (const auto& [length, lines] : linesOfLength)
@@ -47,22 +48,27 @@ Fitness fitnessOf(char separator, std::string_view sample, bool isCut) {
 DelimitedReader::DelimitedReader(std::string_view text, char separator, LoneQuotes loneQuotes)
     : m_text(text), m_separator(separator), m_loneQuotes(loneQuotes) {}
 
-bool DelimitedReader::next(SheetRow& row) {
-    row.clear();
-    if (m_failure || isAtEnd()) return false;
-    m_cells = 0;
-    while (true) {
-        std::string cell;
-        if (!readCell(cell)) return false;
-        row.push_back(Cell::of(std::move(cell)));
-        ++m_cells;
-        if (isAtEnd() || m_text[m_at] != m_separator) break;
+bool DelimitedReader::next(std::string& cell) {
+    if (m_isLastOfRow) m_row += passRun('\n');
+    if (m_failure || (m_isLastOfRow && isAtEnd())) return false;
+    m_column = m_isLastOfRow ? 1 : m_column + 1;
+    if (m_isLastOfRow) ++m_row;
+    m_column += passRun(m_separator);
+    if (!readCell(cell)) return false;
+    m_isLastOfRow = isAtEnd() || m_text[m_at] != m_separator;
+    if (m_isLastOfRow)
+        skipLineEnd();
+    else
         ++m_at;
-    }
-    if (row.size() == 1 && row.front().isAbsent()) row.clear();
-    skipLineEnd();
-    ++m_rows;
     return true;
+}
+
+/// Passes the same sign as often as it stands here: empty cells or rows, however many, in one
+/// step. Gives their number.
+std::size_t DelimitedReader::passRun(char sign) {
+    const std::size_t begin = m_at;
+    m_at = std::min(m_text.find_first_not_of(sign, begin), m_text.size());
+    return m_at - begin;
 }
 
 /// Reads a cell up to the separator or line end after it.
@@ -108,7 +114,7 @@ bool DelimitedReader::isCellEnd(std::size_t at) const {
 }
 
 bool DelimitedReader::refuse(const char* reason) {
-    m_failure = SheetFailure{.reason = reason, .row = m_rows + 1, .column = m_cells + 1};
+    m_failure = SheetFailure{.reason = reason, .row = m_row, .column = m_column};
     return false;
 }
 

@@ -10,18 +10,14 @@
 namespace chengheng {
 namespace {
 
-std::size_t textSize(const SheetRow& row) {
-    std::size_t size = 0;
-    for (const Cell& cell : row) size += cell.text.size();
-    return size;
-}
-
-std::optional<SheetFailure> readRows(DelimitedReader& reader, Sheet& sheet) {
+std::optional<SheetFailure> readCells(DelimitedReader& reader, Sheet& sheet) {
     SheetBudget budget;
-    SheetRow row;
-    while (reader.next(row)) {
-        std::optional<SheetFailure> failure = budget.take(row.size(), textSize(row));
-        if (!failure) failure = budget.append(sheet, std::move(row));
+    std::string text;
+    while (reader.next(text)) {
+        std::optional<SheetFailure> failure = budget.take(0, text.size());
+        if (!failure)
+            failure =
+                budget.put(sheet, reader.row() - 1, reader.column() - 1, Cell::of(std::move(text)));
         if (failure) return failure;
     }
     return reader.failure();
@@ -37,8 +33,8 @@ std::optional<SheetFailure> finished(std::optional<SheetFailure> failure, Sheet&
 SheetFailure unknownEncodingAfter(const DelimitedReader& reader, std::string_view text) {
     const bool isLineBegun = !text.empty() && text.back() != '\n' && text.back() != '\r';
     SheetFailure failure{.reason = sheet_texts::unknownEncoding};
-    failure.row = reader.rowCount() + (isLineBegun ? 0 : 1);
-    failure.column = isLineBegun ? reader.cellCount() : 1;
+    failure.row = reader.row() + (isLineBegun ? 0 : 1);
+    failure.column = isLineBegun ? reader.column() : 1;
     return failure;
 }
 
@@ -49,7 +45,7 @@ std::optional<SheetFailure> readCsv(std::string_view bytes, Sheet& sheet) {
     std::string text;
     const bool isWhole = decodeText(bytes, text);
     DelimitedReader reader(text, separatorOf(text), LoneQuotes::refuse);
-    std::optional<SheetFailure> failure = readRows(reader, sheet);
+    std::optional<SheetFailure> failure = readCells(reader, sheet);
     if (!isWhole && !failure) failure = unknownEncodingAfter(reader, text);
     // A quote left open by a text that breaks off is not what is the matter with it.
     if (!isWhole && failure && failure->reason == sheet_texts::quoteNotClosed)
@@ -61,7 +57,7 @@ std::optional<SheetFailure> readClipboardBlock(std::string_view text, Sheet& she
     sheet = Sheet();
     if (!isUtf8(text)) return SheetFailure{.reason = sheet_texts::unknownEncoding};
     DelimitedReader reader(text, '\t', LoneQuotes::keep);
-    return finished(readRows(reader, sheet), sheet);
+    return finished(readCells(reader, sheet), sheet);
 }
 
 }  // namespace chengheng

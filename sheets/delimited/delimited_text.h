@@ -16,7 +16,8 @@ std::optional<SheetFailure> csvText(const Sheet& sheet, std::string& text);
 /// The cells of a CSV file, all of them texts, in any encoding that decodeText reads. Comma,
 /// tab and semicolon are told apart by which of them cuts the lines most evenly; any line
 /// end will do. Quotes that do not pair are a failure with their place. A line without any
-/// sign is a row without cells.
+/// sign is a row without cells. Empty cells at the end of a row are not kept, nor are empty
+/// rows at the end.
 std::optional<SheetFailure> readCsv(std::string_view bytes, Sheet& sheet);
 
 /// The cells as spreadsheet programs exchange them over the clipboard: separated by tabs, a

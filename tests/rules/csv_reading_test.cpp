@@ -93,7 +93,7 @@ TEST(CsvReading, EmptyFieldsAreAbsentCellsAndEmptyLinesRowsWithoutCells) {
     Sheet sheet;
     ASSERT_FALSE(readCsv("a,,\n\n,b\n", sheet));
     ASSERT_EQ(sheet.rows.size(), 3U);
-    EXPECT_EQ(sheet.rows[0], (SheetRow{Cell::of("a"), Cell(), Cell()}));
+    EXPECT_EQ(sheet.rows[0], (SheetRow{Cell::of("a")}));
     EXPECT_TRUE(sheet.rows[1].empty());
     EXPECT_EQ(sheet.rows[2], (SheetRow{Cell(), Cell::of("b")}));
     EXPECT_TRUE(readTexts("").empty());
@@ -159,14 +159,27 @@ TEST(CsvReading, Utf8WithAStrayByteIsNotTakenForGb18030) {
     EXPECT_EQ(readFailure("科目编码,科目名称\n1001,库存\xFF现金\n").row, 2U);
 }
 
+TEST(CsvReading, EmptyCellsAtTheEndOfARowAndEmptyRowsAtTheEndAreNotKept) {
+    EXPECT_EQ(readTexts("a,b,,\n,,\n,c,\n\n,,,\n"), (Texts{{"a", "b"}, {}, {"", "c"}}));
+    EXPECT_TRUE(readTexts(std::string(4'100'000, ',')).empty());
+}
+
 TEST(CsvReading, MoreRowsThanAreReadIsAFailure) {
-    const SheetFailure failure = readFailure(std::string(1'048'577, '\n'));
+    const SheetFailure failure = readFailure(std::string(1'048'576, '\n') + "a");
     EXPECT_EQ(failure.text(), "超过 1048576 行,表格太大了。请拆分后重试。");
 }
 
+TEST(CsvReading, MoreColumnsThanAreReadIsAFailure) {
+    const std::string separators(16'384, ',');
+    EXPECT_EQ(readTexts(separators.substr(1) + "a").front().size(), 16'384U);
+    EXPECT_EQ(readFailure(separators + "a").text(), "超过 16384 列,表格太大了。请拆分后重试。");
+}
+
 TEST(CsvReading, MoreCellsThanAreReadIsAFailure) {
-    const SheetFailure failure = readFailure(std::string(4'000'000, ','));
-    EXPECT_EQ(failure.text(), "超过 4000000 个单元格,表格太大了。请拆分后重试。");
+    const std::string row = std::string(16'383, ',') + "a\n";
+    std::string text;
+    for (int rows = 0; rows < 245; ++rows) text += row;
+    EXPECT_EQ(readFailure(text).text(), "超过 4000000 个单元格,表格太大了。请拆分后重试。");
 }
 
 Texts readBlock(std::string_view text) {
@@ -177,8 +190,7 @@ Texts readBlock(std::string_view text) {
 }
 
 TEST(ClipboardBlock, RowsAndCellsAreCutByLineEndsAndTabs) {
-    EXPECT_EQ(readBlock("1001\t1,234.50\r\n1002\t\r\n"),
-              (Texts{{"1001", "1,234.50"}, {"1002", ""}}));
+    EXPECT_EQ(readBlock("1001\t1,234.50\r\n1002\t\r\n"), (Texts{{"1001", "1,234.50"}, {"1002"}}));
     EXPECT_EQ(readBlock("a"), (Texts{{"a"}}));
     EXPECT_EQ(readBlock("a;b,c"), (Texts{{"a;b,c"}}));
     EXPECT_TRUE(readBlock("").empty());

@@ -72,7 +72,7 @@ std::vector<SheetRow> hardTexts() {
 TEST(SheetFiles, EveryTextComesBackFromACsvFile) {
     Sheet sheet;
     sheet.rows = hardTexts();
-    sheet.rows.push_back({Cell::of(std::string(1U << 20U, '"')), Cell()});
+    sheet.rows.push_back({Cell::of(std::string(1U << 20U, '"'))});
     EXPECT_EQ(written(&writeCsv, sheet).rows, sheet.rows);
 }
 
