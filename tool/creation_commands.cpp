@@ -11,6 +11,7 @@
 #include "books/making/books_creation.h"
 #include "data/engines/open_engine.h"
 #include "session/failure_texts.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/password_input.h"
@@ -105,8 +106,9 @@ void addNewCommand(CLI::App& app, Tool& tool) {
     command->add_option("BOOKS", books.location, tool_texts::newPlaceArgument);
     command->add_option("--name", books.name, tool_texts::nameOption)->required();
     command->add_option("--company", books.company, tool_texts::companyOption)->required();
-    command->add_option("--year", books.year, tool_texts::yearOption)->required();
-    command->add_option("--start-month", books.startMonth, tool_texts::startMonthOption);
+    // What years and months books may have is said by the books, in their own words.
+    addNumber(*command, "--year", books.year, {0, 9999}, tool_texts::yearOption)->required();
+    addNumber(*command, "--start-month", books.startMonth, {0, 99}, tool_texts::startMonthOption);
     command->add_option("--level-pattern", books.levelPattern, tool_texts::levelPatternOption);
     command->add_flag("--foreign-currency", books.hasForeignCurrency,
                       tool_texts::foreignCurrencyOption);

@@ -19,6 +19,7 @@
 #include "session/open_books.h"
 #include "settle/settlement_list.h"
 #include "sheets/files/sheet_files.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/output_file.h"
 #include "tool/pdf_program.h"
@@ -153,8 +154,7 @@ void addPrintCommand(CLI::App& app, Tool& tool) {
     command->add_option("--csv", options->csv, tool_texts::csvOption);
     command->add_flag("--force", options->isForced, tool_texts::forceFile);
     command->add_option("--currency", options->currency, tool_texts::currencyOption);
-    command->add_option("--month", options->month, tool_texts::monthOption)
-        ->check(CLI::Range(1, 12));
+    addNumber(*command, "--month", options->month, {1, 12}, tool_texts::monthOption);
     command->callback(
         [&tool, options] { tool.action = [&tool, options] { return print(tool, *options); }; });
 }

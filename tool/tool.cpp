@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/system/program_version.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/tool_texts.h"
@@ -16,13 +17,7 @@ namespace chengheng {
 namespace {
 
 void setUp(CLI::App& app) {
-    const auto formatter = app.get_formatter();
-    formatter->label("Usage", tool_texts::usageLabel);
-    formatter->label("Positionals", tool_texts::argumentsLabel);
-    formatter->label("OPTIONS", tool_texts::optionGroup);
-    formatter->label("SUBCOMMAND", tool_texts::commandGroup);
-    formatter->label("TEXT", "");
-    formatter->label("REQUIRED", tool_texts::requiredLabel);
+    alignHelp(app);
     app.option_defaults()->group(tool_texts::optionGroup);
     app.set_help_flag("-h,--help", tool_texts::helpOption);
     app.set_version_flag("--version", std::string("chbooks ") + programVersion(),
@@ -51,7 +46,7 @@ ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
         app.exit(wanted, tool.out, tool.err);
         return ExitCode::done;
     } catch (const CLI::ParseError& error) {
-        tool.err << tool_texts::wrongUsage(error.get_name(), error.what()) << '\n';
+        tool.err << wrongUsage(app, error) << '\n';
         return ExitCode::wrongUsage;
     }
     return tool.action();

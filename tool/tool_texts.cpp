@@ -8,36 +8,31 @@ namespace chengheng::tool_texts {
 namespace {
 
 struct UsageFault {
-    std::string_view error;   ///< the parser's name for it; empty: any
-    std::string_view before;  ///< the parser's words around what it is about
-    std::string_view after;
-    fmt::format_string<std::string_view&> text;
+    std::string_view error;  ///< the parser's name for it; empty: any
+    std::string_view words;  ///< the parser's, between what stands before and behind them
+    fmt::format_string<std::string_view&, std::string_view&> text;
 };
 
 constexpr std::array faults{
-    UsageFault{"", "A subcommand is required", "", "命令行缺少命令{}"},
-    UsageFault{"RequiredError", "", " is required", "命令行缺少 {}"},
-    UsageFault{"", "The following argument was not expected: ", "", "命令行里多出了“{}”"},
-    UsageFault{"", "The following arguments were not expected: ", "", "命令行里多出了“{}”"},
-    UsageFault{"ArgumentMismatch", "", "", "选项的值太多或太少({})"},
-    UsageFault{"ConversionError", "", "", "选项的值不对({})"},
-    UsageFault{"ValidationError", "", "", "选项的值不对({})"},
-    UsageFault{"", "", "", "命令行有误({})"},
+    UsageFault{"", "A subcommand is required", "命令行缺少命令"},
+    UsageFault{"RequiredError", " is required", "命令行缺少 {0}"},
+    UsageFault{"ArgumentMismatch", ": 1 required ", "选项 {0} 后面缺少它的值"},
+    UsageFault{"ArgumentMismatch", ": At Most ", "选项 {0} 只能给出一次"},
+    UsageFault{"ConversionError", "Could not convert: ", "选项的值不对({1})"},
+    UsageFault{"ValidationError", "", "{1}"},
+    UsageFault{"", "", "命令行有误"},
 };
-
-bool isThis(const UsageFault& fault, std::string_view error, std::string_view detail) {
-    return (fault.error.empty() || fault.error == error) && detail.starts_with(fault.before) &&
-           detail.ends_with(fault.after);
-}
 
 }  // namespace
 
-std::string wrongUsage(std::string_view error, std::string_view detail) {
+std::string usageFault(std::string_view error, std::string_view detail) {
     for (const UsageFault& fault : faults) {
-        if (!isThis(fault, error, detail)) continue;
-        detail.remove_prefix(fault.before.size());
-        detail.remove_suffix(fault.after.size());
-        return fmt::format(fault.text, detail) + "。\n用 --help 查看用法。";
+        const std::size_t at = detail.find(fault.words);
+        if (at == std::string_view::npos) continue;
+        if (!fault.error.empty() && fault.error != error) continue;
+        std::string_view before = detail.substr(0, at);
+        std::string_view behind = detail.substr(at + fault.words.size());
+        return fmt::format(fault.text, before, behind);
     }
     return {};
 }

@@ -23,11 +23,18 @@ inline constexpr const char* footer =
 
 inline constexpr const char* usageLabel = "用法";
 inline constexpr const char* argumentsLabel = "参数";
-inline constexpr const char* requiredLabel = "(必需)";
+inline constexpr const char* requiredLabel = " (必需)";
+inline constexpr const char* valueLabel = " 值";
+inline constexpr const char* numberLabel = " 整数";
 inline constexpr const char* optionGroup = "选项";
 inline constexpr const char* commandGroup = "命令";
 inline constexpr const char* helpOption = "显示本说明";
 inline constexpr const char* versionOption = "显示版本";
+inline constexpr const char* unexpected = "命令行里多出了“{}”";
+inline constexpr const char* unknownCommand = "没有“{}”这个命令";
+inline constexpr const char* notNumber = "{} 应为整数,不能是“{}”";
+inline constexpr const char* outOfRange = "{} 应在 {} 到 {} 之间,不能是“{}”";
+inline constexpr const char* seeHelp = "。\n用 --help 查看用法。";
 inline constexpr const char* jsonOption = "输出 JSON,供程序读取";
 inline constexpr const char* booksArgument = "帐套文件的路径或服务器地址";
 inline constexpr const char* newBooksArgument = "要写入的帐套文件的路径或服务器地址";
@@ -143,7 +150,7 @@ inline constexpr const char* pdfProgramMissing =
     "没有写 PDF 文件的程序“{}”({})。\n请安装带图形界面的部分,或改用 --xlsx、--csv。";
 inline constexpr const char* pdfProgramBroken = "程序“{}”中途停止,没有写成 PDF 文件。";
 
-/// What is wrong with a command line; the name is that of the parser's error.
-std::string wrongUsage(std::string_view errorName, std::string_view detail);
+/// What is wrong with a command line, by the name and the words of the parser's error.
+std::string usageFault(std::string_view error, std::string_view detail);
 
 }  // namespace chengheng::tool_texts

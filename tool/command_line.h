@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+namespace CLI {
+class App;
+class Option;
+class ParseError;
+}  // namespace CLI
+
+namespace chengheng {
+
+/// The numbers that an option may be given, from the least to the most.
+struct NumberRange {
+    int least;
+    int most;
+};
+
+/// Lays the help out for a terminal, where a Chinese character is as wide as two Latin ones.
+void alignHelp(CLI::App& app);
+
+/// Adds an option that takes a whole number, always read as a decimal one: 010 is ten.
+CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberRange range,
+                       const char* text);
+
+/// What is wrong with a command line.
+std::string wrongUsage(const CLI::App& app, const CLI::ParseError& error);
+
+}  // namespace chengheng
