@@ -8,6 +8,7 @@
 #include <exception>
 
 #include "base/system/workstation.h"
+#include "base/values/text.h"
 #include "books/logon/books_session.h"
 #include "books/logon/logon_texts.h"
 #include "books/logon/password_file.h"
@@ -28,7 +29,7 @@ namespace {
 int exitCode(ProgramExit exit) { return static_cast<int>(exit); }
 
 void printError(const std::string& text) {
-    std::fputs((text + "\n").c_str(), stderr);
+    std::fputs((printableText(text) + "\n").c_str(), stderr);
     std::fflush(stderr);
 }
 
@@ -84,9 +85,12 @@ std::optional<ProgramExit> logOnSilently(Program& program, const LaunchOptions& 
         return ProgramExit::logonRefused;
     }
     const auto refusal = program.session.logOn(request);
-    if (!refusal) return std::nullopt;
-    printError(refusal->notice.text);
-    return exitFor(*refusal);
+    if (refusal) {
+        printError(refusal->notice.text);
+        return exitFor(*refusal);
+    }
+    if (const auto warning = passwordFileWarning(options.passwordFile)) printError(*warning);
+    return std::nullopt;
 }
 
 /// Whether an operator logged on; false when they gave up.

@@ -4,6 +4,7 @@
 #include <memory>
 #include <ostream>
 
+#include "base/values/text.h"
 #include "books/checking/integrity_check.h"
 #include "data/engines/open_engine.h"
 #include "tool/commands.h"
@@ -40,7 +41,7 @@ std::string jsonOf(const std::vector<IntegrityFault>& faults, const std::string&
 std::string textOf(const std::vector<IntegrityFault>& faults) {
     std::string text;
     for (const IntegrityFault& fault : faults)
-        text += fmt::format("[{}] {}\n", titleOf(fault.check), fault.text);
+        text += fmt::format("[{}] {}\n", titleOf(fault.check), printableLine(fault.text));
     const auto checks = integrityChecks().size();
     return text + (faults.empty() ? fmt::format(tool_texts::noFaults, checks)
                                   : fmt::format(tool_texts::faultCount, checks, faults.size()));

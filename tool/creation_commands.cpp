@@ -8,6 +8,7 @@
 #include "base/system/workstation.h"
 #include "books/demo/demo_books.h"
 #include "books/demo/demo_data.h"
+#include "books/logon/password_file.h"
 #include "books/making/books_creation.h"
 #include "data/engines/open_engine.h"
 #include "session/failure_texts.h"
@@ -48,6 +49,8 @@ ExitCode create(Tool& tool, NewOptions& options) {
     else
         tool.out << fmt::format(tool_texts::created, options.books.name, location);
     tool.out << '\n';
+    if (const auto warning = passwordFileWarning(options.passwordFile))
+        tool.err << *warning << '\n';
     return ExitCode::done;
 }
 

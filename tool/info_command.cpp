@@ -4,6 +4,7 @@
 #include <memory>
 #include <ostream>
 
+#include "base/values/text.h"
 #include "books/checking/books_summary.h"
 #include "data/engines/open_engine.h"
 #include "tool/commands.h"
@@ -35,11 +36,12 @@ std::string jsonOf(const BooksSummary& books, const std::string& location) {
 }
 
 std::string textOf(const BooksSummary& books, const std::string& location) {
-    std::string text = fmt::format(tool_texts::infoHead, books.name, books.company, books.year,
-                                   isoText(books.start), books.levelPattern,
-                                   books.hasForeignCurrency ? tool_texts::yes : tool_texts::no,
-                                   books.engine.name, books.engine.version, books.formatVersion,
-                                   books.engine.bytes / 1024, shownLocation(location));
+    std::string text =
+        fmt::format(tool_texts::infoHead, printableLine(books.name), printableLine(books.company),
+                    books.year, isoText(books.start), books.levelPattern,
+                    books.hasForeignCurrency ? tool_texts::yes : tool_texts::no, books.engine.name,
+                    books.engine.version, books.formatVersion, books.engine.bytes / 1024,
+                    shownLocation(location));
     for (const auto& [table, rows] : books.tables)
         text += fmt::format("  {:<14} {:>9}\n", table, rows);
     return text;

@@ -6,11 +6,9 @@
 namespace chengheng {
 
 /// JSON as the tool prints it. The order of the members is the order of writing; bytes that
-/// are no UTF-8 come out as the replacement character.
+/// are no UTF-8 come out as the replacement character, control characters escaped.
 using Json = nlohmann::ordered_json;
 
-inline std::string jsonText(const Json& json) {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace);
-}
+std::string jsonText(const Json& json);
 
 }  // namespace chengheng

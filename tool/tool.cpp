@@ -11,6 +11,7 @@
 #include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
+#include "tool/printable_stream.h"
 #include "tool/tool_texts.h"
 
 namespace chengheng {
@@ -66,10 +67,13 @@ int runTool(int argc, const char* const* argv, std::ostream& out, std::ostream& 
             const PdfWriter& writePdf) {
     const std::vector<std::string> commandLine(argv + 1, argv + argc);
     const bool isJson = std::ranges::find(commandLine, "--json") != commandLine.end();
+    PrintableStream shown(out);
+    PrintableStream told(err);
     std::ostringstream words;
-    Tool tool{out, isJson ? words : err, {}, writePdf, commandLine};
+    std::ostream& wordsOrTold = isJson ? static_cast<std::ostream&>(words) : told;
+    Tool tool{shown, wordsOrTold, {}, writePdf, commandLine};
     const ExitCode code = readAndRun(argc, argv, tool);
-    if (!words.view().empty()) err << jsonOfWords(words.str(), code);
+    if (!words.view().empty()) told << jsonOfWords(words.str(), code);
     return static_cast<int>(code);
 }
 

@@ -101,6 +101,12 @@ Status readFile(const std::string& path, std::size_t most, std::string& text) {
     }
 }
 
+bool isReadableByOthers(const std::string& path) {
+    struct stat found {};
+    const bool isFile = stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);
+    return isFile && (found.st_mode & (S_IRGRP | S_IROTH)) != 0;
+}
+
 Status replaceOwnedFile(const std::string& path, std::string_view text) {
     OutputTarget target;
     Status status = findTarget(path, Overwrite::replace, target);

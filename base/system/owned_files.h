@@ -17,6 +17,9 @@ Status makeOwnedFolder(const std::string& path);
 /// Reads a whole file; refused when it is longer than `most` bytes.
 Status readFile(const std::string& path, std::size_t most, std::string& text);
 
+/// Whether it is a file that others than its owner may read.
+bool isReadableByOthers(const std::string& path);
+
 /// Puts a text in the place of a file: whoever opens it, even after a power cut, finds the
 /// old text or the new one, whole. A link leads to the file; what is no file is a failure.
 Status replaceOwnedFile(const std::string& path, std::string_view text);

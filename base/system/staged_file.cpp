@@ -1,7 +1,6 @@
 #include "base/system/staged_file.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -46,11 +45,6 @@ StagedFile::StagedFile(const std::string& target, Overwrite overwrite)
     if (m_status) m_status = makeFolder();
 }
 
-StagedFile::~StagedFile() {
-    std::error_code ignored;  // a folder left over is no harm
-    if (!m_folder.empty()) std::filesystem::remove_all(m_folder, ignored);
-}
-
 Status StagedFile::write(std::string_view bytes) const {
     errno = 0;
     std::ofstream file(m_path, std::ios::binary);
@@ -66,12 +60,9 @@ Status StagedFile::makeFolder() {
                                    ? std::filesystem::temp_directory_path(error).string()
                                    : folderOf(m_target.path);
     if (error) return systemFailure(error.value(), m_wanted);
-    const std::string name = target.filename().string();
-    std::string pattern = folder + "/." + name + ".XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr) return systemFailure(errno, m_wanted);
-    m_folder = pattern;
-    m_path = m_folder + "/" + name;
-    return Status::done();
+    Status status = m_folder.make(folder);
+    if (status) m_path = m_folder.path() + "/" + target.filename().string();
+    return status;
 }
 
 Status StagedFile::place() {

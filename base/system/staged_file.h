@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/system/output_target.h"
+#include "base/system/work_folder.h"
 #include "base/values/status.h"
 
 namespace chengheng {
@@ -16,9 +17,6 @@ class StagedFile {
   public:
     /// Makes the folder, readable by its owner only. Failures are those of findTarget(), too.
     StagedFile(const std::string& target, Overwrite overwrite);
-    ~StagedFile();
-    StagedFile(const StagedFile&) = delete;
-    StagedFile& operator=(const StagedFile&) = delete;
 
     const Status& status() const { return m_status; }
     const OutputTarget& target() const { return m_target; }
@@ -40,7 +38,7 @@ class StagedFile {
     std::string m_wanted;
     Overwrite m_overwrite;
     OutputTarget m_target;
-    std::string m_folder;
+    WorkFolder m_folder;
     std::string m_path;
     Status m_status;
 };

@@ -10,7 +10,50 @@ constexpr std::array<std::string_view, 3> blanks{" ", "\t", "\u3000"};
 
 bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
+/// The pictures of control characters stand together in Unicode, from U+2400 on.
+void appendPicture(unsigned char control, std::string& text) {
+    constexpr unsigned char deleteSign = 0x7F;
+    constexpr unsigned char deletePicture = 0x21;
+    text += "\xE2\x90";
+    text += static_cast<char>(0x80U + (control == deleteSign ? deletePicture : control));
+}
+
+/// Whether one of the control characters beyond ASCII stands there, U+0080 to U+009F.
+bool isLateControl(std::string_view text) {
+    return text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0U;
+}
+
+std::string printable(std::string_view text, std::string_view kept) {
+    constexpr std::string_view replacement = "\xEF\xBF\xBD";
+    std::string shown;
+    for (; !text.empty(); text.remove_prefix(1)) {
+        const auto byte = static_cast<unsigned char>(text.front());
+        const bool isControl = byte < 0x20U || byte == 0x7FU;
+        if (isLateControl(text)) {
+            shown += replacement;
+            text.remove_prefix(1);
+        } else if (isControl && kept.find(text.front()) == std::string_view::npos) {
+            appendPicture(byte, shown);
+        } else {
+            shown += text.front();
+        }
+    }
+    return shown;
+}
+
 }  // namespace
+
+std::string printableText(std::string_view text) {
+    std::string shown;
+    for (std::size_t end = text.find("\r\n"); end != std::string_view::npos;
+         end = text.find("\r\n")) {
+        shown += printable(text.substr(0, end), "\n\t");
+        text.remove_prefix(end + 1);
+    }
+    return shown + printable(text, "\n\t");
+}
+
+std::string printableLine(std::string_view text) { return printable(text, ""); }
 
 std::size_t characterCount(std::string_view text) {
     std::size_t count = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 // Texts are UTF-8. A character is what UTF-8 encodes as one: a Chinese character counts as 1,
@@ -18,6 +19,12 @@ bool hasBlank(std::string_view text);
 
 /// Whether it is one of 0 to 9.
 constexpr bool isDigit(char letter) { return letter >= '0' && letter <= '9'; }
+
+/// The text as a terminal may be given it: control characters other than line ends and tabs
+/// become pictures of themselves, so that no name steers it. Lines end with LF.
+std::string printableText(std::string_view text);
+/// The same of a name that is to stay on its line.
+std::string printableLine(std::string_view text);
 
 /// The small form of a letter A to Z; every other byte as it is.
 char lowerAscii(char letter);

@@ -13,6 +13,9 @@ inline constexpr const char* dateOutsideYear =
     "登录日期{}不在本帐套的会计年度内,请输入{}到{}之间的日期";
 inline constexpr const char* operatorsUnreadable = "帐套“{}”中没有帐套参数或操作员,不能登录";
 
+inline constexpr const char* passwordFileIsOpen =
+    "口令文件“{}”其他用户也能读。\n请改为只有自己可读,例如 chmod 600。";
+
 inline constexpr const char* help =
     "澄恒财务软件:基础设置\n"
     "\n"

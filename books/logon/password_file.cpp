@@ -1,6 +1,9 @@
 #include "books/logon/password_file.h"
 
+#include <fmt/format.h>
+
 #include "base/system/owned_files.h"
+#include "books/logon/logon_texts.h"
 
 namespace chengheng {
 namespace {
@@ -19,6 +22,11 @@ Status readPasswordFile(const std::string& path, std::string& password) {
         return Status::of(Failure::refused, path);
     password = text;
     return Status::done();
+}
+
+std::optional<std::string> passwordFileWarning(const std::string& path) {
+    if (!isReadableByOthers(path)) return std::nullopt;
+    return fmt::format(logon_texts::passwordFileIsOpen, path);
 }
 
 }  // namespace chengheng

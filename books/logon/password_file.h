@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/values/status.h"
@@ -9,5 +10,8 @@ namespace chengheng {
 /// The password in the first line of a file, without its line end. Refused when the line is
 /// longer than 1024 bytes or holds a NUL.
 Status readPasswordFile(const std::string& path, std::string& password);
+
+/// What to tell whoever used such a file, when others may read it too.
+std::optional<std::string> passwordFileWarning(const std::string& path);
 
 }  // namespace chengheng

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
 #include "tests/support/engine_cases.h"
+#include "tests/support/killed_process.h"
 
 namespace {
 
@@ -45,6 +47,27 @@ TEST_F(Staging, WhatIsNotPlacedIsRemoved) {
         write(staged.path() + "-wal", "log");
     }
     EXPECT_TRUE(files::is_empty(m_folder));
+}
+
+TEST_F(Staging, WhatAKilledProcessLeftIsRemovedByTheNext) {
+    ASSERT_TRUE(chengheng::isKilledAtWork([&] {
+        const StagedFile staged(m_target, Overwrite::replace);
+        write(staged.path(), "half");
+        raise(SIGKILL);
+    }));
+    ASSERT_FALSE(files::is_empty(m_folder));
+    files::create_directory(m_folder + "/.chengheng.other.station.abcdef");
+    files::create_directory(m_folder + "/.mine");
+    { const StagedFile next(m_folder + "/other", Overwrite::replace); }
+    EXPECT_EQ(std::distance(files::directory_iterator(m_folder), {}), 2);
+}
+
+TEST_F(Staging, WhatAnotherWorksOnIsNotTakenForALeftOver) {
+    StagedFile first(m_target, Overwrite::replace);
+    write(first.path(), "first");
+    { const StagedFile second(m_folder + "/other", Overwrite::replace); }
+    EXPECT_TRUE(first.place().isDone());
+    EXPECT_EQ(textOf(m_target), "first");
 }
 
 TEST_F(Staging, FileAlreadyThereStaysUnlessItIsToBeReplaced) {

@@ -14,6 +14,7 @@
 
 namespace {
 
+namespace files = std::filesystem;
 using chengheng::chbooks;
 using chengheng::EngineCase;
 using chengheng::freshFolder;
@@ -47,6 +48,7 @@ std::vector<std::string> newBooks(const std::string& location,
 std::string passwordFile(const std::string& password) {
     const std::string path = freshFolder() + "/password";
     std::ofstream(path) << password << '\n';
+    files::permissions(path, files::perms::owner_read | files::perms::owner_write);
     return path;
 }
 
@@ -160,6 +162,19 @@ TEST_P(ToolOnBooks, InfoShowsTheBooksToAProgram) {
     EXPECT_EQ(info["formatVersion"], 1);
 }
 
+TEST_P(ToolOnBooks, NamesCannotSteerTheTerminal) {
+    const std::string name = "红\x1B[31m\n\x7F\xC2\x9B\t字";
+    damage("UPDATE zAccountM SET sName = '" + name + "'");
+    const ProgramRun run = chbooks({"info", m_books});
+    EXPECT_EQ(run.exitCode, done) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("红␛[31m␊␡\uFFFD␉字\n"));
+    const std::string json = chbooks({"info", m_books, "--json"}).out;
+    EXPECT_THAT(json, HasSubstr("红\\u001b[31m\\n\\u007f\\u009b\\t字"));
+    EXPECT_EQ(Json::parse(json)["name"], name);
+    const ProgramRun missing = chbooks({"info", "/none\x1B[31m"});
+    EXPECT_THAT(missing.err, HasSubstr("/none␛[31m"));
+}
+
 TEST_P(ToolOnBooks, CheckOfSoundBooksFindsNothing) {
     const ProgramRun run = chbooks({"check", m_books});
     EXPECT_EQ(run.exitCode, done);
@@ -234,6 +249,16 @@ TEST_P(ToolMaking, NumbersAreDecimalWhateverZerosStandInFront) {
     line.push_back("--unlisted");
     ASSERT_EQ(chbooks(line).exitCode, done);
     EXPECT_EQ(Json::parse(chbooks({"info", m_place, "--json"}).out)["start"], "2026-10-01");
+}
+
+TEST_P(ToolMaking, APasswordFileThatOthersMayReadIsTold) {
+    const std::string file = passwordFile("geheim");
+    const auto line = newBooks(m_place, {"--password-file", file, "--unlisted"});
+    files::permissions(file, files::perms::group_read, files::perm_options::add);
+    const ProgramRun run = chbooks(line);
+    EXPECT_EQ(run.exitCode, done) << run.err;
+    EXPECT_EQ(run.err,
+              "口令文件“" + file + "”其他用户也能读。\n请改为只有自己可读,例如 chmod 600。\n");
 }
 
 TEST_P(ToolMaking, BooksAreNotMadeWhereSomeAreAlready) {

@@ -153,6 +153,21 @@ TEST(PasswordFile, FirstLineIsThePassword) {
     }
 }
 
+TEST(PasswordFile, OneThatOthersMayReadIsToldOf) {
+    const std::string path = freshFolder() + "/password";
+    writeText(path, "geheim");
+    std::filesystem::permissions(path, std::filesystem::perms(0600));
+    EXPECT_EQ(passwordFileWarning(path), std::nullopt);
+    for (const int others : {0640, 0604}) {
+        std::filesystem::permissions(path, std::filesystem::perms(others));
+        EXPECT_EQ(passwordFileWarning(path), "口令文件“" + path +
+                                                 "”其他用户也能读。\n"
+                                                 "请改为只有自己可读,例如 chmod 600。");
+    }
+    EXPECT_EQ(passwordFileWarning("/dev/null"), std::nullopt) << "no file";
+    EXPECT_EQ(passwordFileWarning(path + " of nobody"), std::nullopt);
+}
+
 TEST(PasswordFile, MissingOrOverlongFileGivesNoPassword) {
     const std::string path = freshFolder() + "/password";
     std::string password = "before";

@@ -57,3 +57,12 @@ TEST(Text, FindsATextInsideAnotherInAnyCase) {
     EXPECT_FALSE(containsInAnyCase("2 转帐支票", "现金"));
     EXPECT_FALSE(containsInAnyCase("", "现金"));
 }
+
+TEST(Text, ControlCharactersArePrintedAsTheirPictures) {
+    EXPECT_EQ(printableText("名\t称\r\n\x1B[2J\r\x7F\xC2\x80\xC2\xA0"),
+              "名\t称\n␛[2J␍␡\uFFFD\xC2\xA0");
+    EXPECT_EQ(printableText("a\r\nb\r\n"), "a\nb\n");
+    EXPECT_EQ(printableText("\xC2"), "\xC2");
+    EXPECT_EQ(printableLine("a\tb\r\nc"), "a␉b␍␊c");
+    EXPECT_EQ(printableLine(std::string(1, '\0')), "␀");
+}
