@@ -48,6 +48,30 @@ foreach(layer data rules)
     set_tests_properties(${layer} PROPERTIES LABELS ${layer})
 endforeach()
 
+# The fuzz targets over their corpus and some mutations of it, so that none goes stale unseen.
+folder_sources(fuzz_sources fuzz/*_fuzz.cpp)
+set(fuzz_parts)
+set(fuzz_entries)
+foreach(source ${fuzz_sources})
+    get_filename_component(name ${source} NAME_WE)
+    string(APPEND fuzz_parts "#define LLVMFuzzerTestOneInput run_${name}\n"
+        "#include \"fuzz/${name}.cpp\"\n#undef LLVMFuzzerTestOneInput\n")
+    string(REGEX REPLACE "_fuzz$" "" target ${name})
+    string(APPEND fuzz_entries "    {\"${target}\", run_${name}},\n")
+endforeach()
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/fuzz_targets.cpp @ONLY CONTENT
+"#include \"tests/fuzz/fuzz_targets.h\"
+@fuzz_parts@
+std::vector<FuzzTarget> fuzzTargets() { return {
+@fuzz_entries@}; }
+")
+add_executable(test_fuzz tests/fuzz/fuzz_targets_test.cpp ${CMAKE_BINARY_DIR}/fuzz_targets.cpp)
+target_link_libraries(test_fuzz PRIVATE ${TOP_PLAIN_FOLDER} GTest::gtest_main)
+target_compile_definitions(test_fuzz PRIVATE
+    CHENGHENG_FUZZ_CORPUS="${CMAKE_SOURCE_DIR}/fuzz/corpus")
+add_test(NAME fuzz COMMAND test_fuzz)
+set_tests_properties(fuzz PROPERTIES LABELS fuzz)
+
 # The programs as a person or a script runs them.
 folder_sources(e2e_sources tests/e2e/*.cpp)
 add_executable(test_e2e ${e2e_sources})
