@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "accounts/transfer/chart_import.h"
+#include "base/values/text.h"
 #include "data/engine/engine.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
@@ -45,6 +46,7 @@ std::string jsonOf(const ImportPlan& plan) {
     for (const PlannedRow& row : plan.rows)
         rows.push_back({{"row", row.row},
                         {"column", row.column},
+                        {"heading", row.heading},
                         {"code", row.code},
                         {"name", row.name},
                         {"fate", fateWord(row.fate)},
@@ -62,10 +64,10 @@ std::string jsonOf(const ImportPlan& plan) {
 std::string textOf(const ImportPlan& plan) {
     std::string text;
     for (const std::string& heading : plan.ignored)
-        text += fmt::format(tool_texts::ignoredHeading, heading);
+        text += fmt::format(tool_texts::ignoredHeading, printableLine(heading));
     for (const PlannedRow& row : plan.rows) {
-        text +=
-            fmt::format(tool_texts::plannedRow, row.row, fateTitle(row.fate), row.code, row.name);
+        text += fmt::format(tool_texts::plannedRow, row.row, fateTitle(row.fate),
+                            printableLine(row.code), printableLine(row.name));
         if (row.fate == RowFate::refused)
             text += fmt::format(tool_texts::plannedRefusal, refusalText(row));
         for (const std::string& question : row.questions)

@@ -5,6 +5,7 @@
 #include <memory>
 #include <ostream>
 
+#include "base/values/text.h"
 #include "data/access/host_database.h"
 #include "data/engine/engine.h"
 #include "opening/balance/trial_balance.h"
@@ -98,7 +99,9 @@ std::string jsonOf(const FigurePlan& plan) {
     for (const PlannedCell& cell : plan.cells)
         cells.push_back({{"row", cell.row + 1},
                          {"column", cell.column + 1},
+                         {"heading", cell.heading},
                          {"code", cell.code},
+                         {"name", cell.name},
                          {"text", cell.text},
                          {"fate", fateWord(cell.fate)},
                          {"reason", cell.reason},
@@ -117,7 +120,7 @@ std::string textOf(const FigurePlan& plan) {
     std::string text;
     for (const PlannedCell& cell : plan.cells)
         if (cell.fate == CellFate::changed || cell.fate == CellFate::refused)
-            text += plannedCellText(cell) + '\n';
+            text += printableLine(plannedCellText(cell)) + '\n';
     return text + fmt::format(tool_texts::cellSummary, plan.count(CellFate::changed),
                               plan.count(CellFate::unchanged), plan.count(CellFate::ignored),
                               plan.count(CellFate::refused));

@@ -41,6 +41,18 @@ const ChartColumn* columnNamed(std::string_view heading) {
     return found == columns.end() ? nullptr : &*found;
 }
 
+bool isHeadingRow(const SheetRow& row) {
+    bool hasCode = false;
+    bool hasName = false;
+    for (const Cell& cell : row) {
+        const std::string text = cellText(cell);
+        const ChartColumn* const column = columnNamed(withoutBlanksAround(text));
+        hasCode = hasCode || (column != nullptr && column->field == ChartField::code);
+        hasName = hasName || (column != nullptr && column->field == ChartField::name);
+    }
+    return hasCode && hasName;
+}
+
 std::optional<SheetFailure> readHeadings(const SheetRow& row, std::size_t number,
                                          ChartSheet& chart) {
     for (std::size_t at = 0; at < row.size(); ++at) {
@@ -107,10 +119,13 @@ std::span<const ChartColumn> chartColumns() { return columns; }
 
 std::optional<SheetFailure> readChartSheet(const Sheet& sheet, ChartSheet& chart) {
     chart = {};
-    std::size_t at = 0;
-    while (at < sheet.rows.size() && isBlankRow(sheet.rows[at])) ++at;
-    if (at == sheet.rows.size()) return SheetFailure{texts::headingsMissing};
-    if (auto failure = readHeadings(sheet.rows[at], at + 1, chart)) return failure;
+    // Titles may stand above the headings.
+    const auto headings = std::ranges::find_if(sheet.rows, isHeadingRow);
+    const auto first = std::ranges::find_if_not(sheet.rows, isBlankRow);
+    if (first == sheet.rows.end()) return SheetFailure{texts::headingsMissing};
+    const SheetRow& row = headings == sheet.rows.end() ? *first : *headings;
+    auto at = static_cast<std::size_t>(&row - sheet.rows.data());
+    if (auto failure = readHeadings(row, at + 1, chart)) return failure;
     for (++at; at < sheet.rows.size(); ++at)
         if (!isBlankRow(sheet.rows[at])) chart.rows.push_back(readRow(sheet, at, chart));
     return std::nullopt;

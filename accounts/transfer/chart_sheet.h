@@ -66,8 +66,8 @@ struct ChartSheet {
     }
 };
 
-/// Finds the headings in the first row that is not blank and reads the rows below. A failure
-/// says which headings are missing or stand twice.
+/// Finds the headings in the first row that names code and name, below any titles, and reads the
+/// rows below. A failure says which headings are missing or stand twice.
 std::optional<SheetFailure> readChartSheet(const Sheet& sheet, ChartSheet& chart);
 
 /// The accounts as a sheet that reads back as they are: names indented by level, currencies by

@@ -130,6 +130,8 @@ class ImportPlanner {
         planned.fate = RowFate::refused;
         planned.reason = std::move(reason);
         planned.column = m_sheet.columnOf(field);
+        if (planned.column != 0)
+            planned.heading = chartColumns()[static_cast<std::size_t>(field)].heading;
     }
 
     static void noteQuestions(const std::vector<AccountQuestion>& questions, PlannedRow& planned) {
@@ -156,6 +158,11 @@ ImportPlan planImport(const ChartSheet& sheet, const ChartState& state) {
 
 std::string refusalText(const PlannedRow& row) {
     return SheetFailure{row.reason, row.row, row.column}.text();
+}
+
+std::string refusedPlace(const PlannedRow& row) {
+    if (row.column == 0) return {};
+    return columnLetters(row.column) + std::to_string(row.row) + " " + row.heading;
 }
 
 const char* fateTitle(RowFate fate) {

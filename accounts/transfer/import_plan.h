@@ -18,8 +18,9 @@ struct PlannedRow {
     std::string code = {};
     std::string name = {};
     RowFate fate = RowFate::refused;
-    std::string reason = {};  ///< why it is refused
-    std::size_t column = 0;   ///< where, from 1; 0: no single cell
+    std::string reason = {};   ///< why it is refused
+    std::size_t column = 0;    ///< where, from 1; 0: no single cell
+    std::string heading = {};  ///< of that column
     /// What the account dialog would ask; the import goes on only when all is accepted.
     std::vector<std::string> questions = {};
 
@@ -46,6 +47,8 @@ ImportPlan planImport(const ChartSheet& sheet, const ChartState& state);
 
 /// "第 7 行 B 列:科目编码不唯一"
 std::string refusalText(const PlannedRow& row);
+/// The cell that a row is refused for: "B7 科目编码"; empty when it is no single one.
+std::string refusedPlace(const PlannedRow& row);
 /// 新增, 修改, 不变, 拒绝.
 const char* fateTitle(RowFate fate);
 

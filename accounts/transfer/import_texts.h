@@ -56,6 +56,7 @@ inline constexpr const char* ignored = "未使用的列:{}";
 inline constexpr const char* rows = "导入预览";
 inline constexpr const char* rowColumn = "行";
 inline constexpr const char* fateColumn = "结果";
+inline constexpr const char* placeColumn = "单元格";
 inline constexpr const char* remarkColumn = "说明";
 inline constexpr const char* listSeparator = "、";
 inline constexpr const char* apply = "导入";

@@ -22,12 +22,13 @@ constexpr std::array planColumns{
     GridColumn{texts::fateColumn, 8, CellAlignment::centre},
     GridColumn{account_texts::codeColumn, 18},
     GridColumn{account_texts::nameColumn, 30},
+    GridColumn{texts::placeColumn, 16},
     GridColumn{texts::remarkColumn, 40},
 };
 
 /// Why a row is refused, or what the import will ask about it.
 std::string remarkOf(const PlannedRow& row) {
-    if (row.fate == RowFate::refused) return refusalText(row);
+    if (row.fate == RowFate::refused) return row.reason;
     return fmt::format("{}", fmt::join(row.questions, " "));
 }
 
@@ -51,6 +52,8 @@ class PlannedRows final : public PlanModel {
                 return shown(planned(row).code);
             case 3:
                 return shown(planned(row).name);
+            case 4:
+                return shown(refusedPlace(planned(row)));
             default:
                 return shown(remarkOf(planned(row)));
         }

@@ -86,11 +86,13 @@ PlannedCell plannedFigure(const OpeningSheet& sheet, std::size_t place, Measure 
     if (!number) {
         PlannedCell refused = refusedCell(cell, whyNoAmount(cell.text));
         refused.code = account.code;
+        refused.name = account.name;
         return refused;
     }
     PlannedCell planned;
     planned.text = cellText(cell);
     planned.code = account.code;
+    planned.name = account.name;
     planned.before = account.balance(measure).*figure;
     planned.figure = {account.id, measure, figure, *number};
     Round(planned.figure.value, decimalsOf(measure));
@@ -145,6 +147,7 @@ FigurePlan planPaste(const OpeningSheet& sheet, std::size_t line, std::size_t co
                                                       sheet.line(target).measure, figure, cell);
             planned.row = row;
             planned.column = at;
+            if (at < columns.size()) planned.heading = sheet.columns()[columns[at]].header;
             plan.cells.push_back(std::move(planned));
         }
     }

@@ -23,10 +23,12 @@ struct PlannedCell {
     std::size_t row = 0;     ///< in the block or file, counted from 0
     std::size_t column = 0;  ///< likewise
     CellFate fate = CellFate::refused;
-    std::string text;         ///< what stands there
-    std::string reason = {};  ///< why it is ignored or refused
-    std::string code = {};    ///< of the account that it belongs to
-    TypedFigure figure = {};  ///< what it becomes
+    std::string text;          ///< what stands there
+    std::string reason = {};   ///< why it is ignored or refused
+    std::string code = {};     ///< of the account that it belongs to
+    std::string name = {};     ///< likewise
+    std::string heading = {};  ///< of its column
+    TypedFigure figure = {};   ///< what it becomes
     double before = 0;
     bool disagrees = false;  ///< the figures of its line will not agree
 };

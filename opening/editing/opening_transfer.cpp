@@ -117,8 +117,8 @@ std::optional<FileColumns> findColumns(const OpeningSheet& sheet, const Sheet& f
         for (const FigureColumn& column : wanted)
             if (const auto at = places.find(column.heading); at != places.end())
                 found.figures.emplace_back(at->second, column);
-        if (found.figures.empty()) return std::nullopt;
-        return found;
+        // A title that reads like a heading has no figures beside it.
+        if (!found.figures.empty()) return found;
     }
     return std::nullopt;
 }
@@ -159,11 +159,14 @@ class ImportPlanner {
     void refuse(std::size_t row, std::size_t column, std::string reason) {
         PlannedCell refused = refusedCell(m_file.at(row, column), std::move(reason));
         refused.code = headingIn(m_file, row, m_columns.code);
+        if (const auto place = m_sheet.placeOfCode(refused.code))
+            refused.name = m_sheet.accounts()[*place].name;
         add(row, column, std::move(refused));
     }
     void add(std::size_t row, std::size_t column, PlannedCell planned) {
         planned.row = row;
         planned.column = column;
+        planned.heading = headingIn(m_file, m_columns.headingRow, column);
         m_plan.cells.push_back(std::move(planned));
     }
 

@@ -66,6 +66,7 @@ inline constexpr const char* planHasNothing = "没有需要写入的内容。";
 inline constexpr const char* planReady = "请核对后按“写入”,所有金额将一次写入。";
 inline constexpr const char* planApply = "写入";
 inline constexpr const char* planCell = "单元格";
+inline constexpr const char* planHeading = "栏目";
 inline constexpr const char* planFate = "结果";
 inline constexpr const char* planContent = "内容";
 inline constexpr const char* planBefore = "原来";

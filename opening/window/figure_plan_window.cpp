@@ -15,11 +15,13 @@ namespace {
 
 namespace texts = opening_texts;
 
-constexpr QSize planWindowSize(900, 520);
+constexpr QSize planWindowSize(1040, 520);
 constexpr std::array planColumns{
     GridColumn{texts::planCell, 8},
+    GridColumn{texts::planHeading, 14},
     GridColumn{texts::planFate, 6, CellAlignment::centre},
     GridColumn{texts::code, 14},
+    GridColumn{texts::name, 20},
     GridColumn{texts::planContent, 16},
     GridColumn{texts::planBefore, 18, CellAlignment::number},
     GridColumn{texts::planAfter, 18, CellAlignment::number},
@@ -66,14 +68,18 @@ class PlannedFigures final : public PlanModel {
             case 0:
                 return shown(columnLetters(cell.column + 1) + std::to_string(cell.row + 1));
             case 1:
-                return shown(fateTitle(cell.fate));
+                return shown(cell.heading);
             case 2:
-                return shown(cell.code);
+                return shown(fateTitle(cell.fate));
             case 3:
-                return shown(cell.text);
+                return shown(cell.code);
             case 4:
-                return shown(amountText(cell, cell.before));
+                return shown(cell.name);
             case 5:
+                return shown(cell.text);
+            case 6:
+                return shown(amountText(cell, cell.before));
+            case 7:
                 return shown(amountText(cell, cell.figure.value));
             default:
                 return shown(cell.disagrees ? texts::figuresDisagreeHere : cell.reason);

@@ -108,7 +108,9 @@ void XlsxCellsHandler::endCell() {
 
 Cell XlsxCellsHandler::readCell() {
     if (m_kind == "inlineStr") return Cell::of(m_inline.take());
-    if (m_hasFormula && !m_value) return refuse(sheet_texts::formulaWithoutResult);
+    // An empty text is a result; an empty number is one that was never worked out.
+    const bool hasResult = m_value && (m_kind == "str" || !withoutBlanksAround(*m_value).empty());
+    if (m_hasFormula && !hasResult) return refuse(sheet_texts::formulaWithoutResult);
     if (!m_value) return {};
     if (m_kind.empty() || m_kind == "n") return readNumber(*m_value);
     if (m_kind == "str") return Cell::of(unescapedFromXlsx(*m_value));

@@ -62,6 +62,16 @@ TEST(ChartSheets, UnderstandPlainHeadingsInAnyCase) {
     EXPECT_TRUE(chart.ignoredHeadings.empty());
 }
 
+TEST(ChartSheets, MayHaveTitlesAboveTheirHeadings) {
+    const ChartSheet chart =
+        read("某公司科目编码表,,name\n制表:赵一\n\ncode,name,备注\n1001,现金,x\n");
+    ASSERT_EQ(chart.rows.size(), 1u);
+    EXPECT_EQ(chart.rows[0].row, 5u);
+    EXPECT_EQ(chart.rows[0].at(ChartField::code), "1001");
+    EXPECT_EQ(chart.ignoredHeadings, std::vector<std::string>{"备注"});
+    EXPECT_EQ(failureOf("名册\n科目编码,科目名称,code\n"), "第 2 行 C 列:标题“code”重复。");
+}
+
 TEST(ChartSheets, WithoutCodeOrNameAreRefused) {
     const std::string missing = "没有标题行。标题行中应有“科目编码”和“科目名称”。";
     EXPECT_EQ(failureOf(""), missing);

@@ -297,6 +297,21 @@ TEST(OpeningImports, NameRowAndColumnOfWhatTheyRefuse) {
                "8,0 1403 refused 科目在第 6 行已经出现"}));
 }
 
+TEST(OpeningImports, PassOverTitlesAboveTheHeadings) {
+    const FigurePlan plan =
+        imported(pasteSheet(), "某公司,期初余额\n科目编码,制表\n\n科目编码,期初余额\n1001,7\n");
+    EXPECT_EQ(fatesOf(plan), Texts{"4,1 1001 changed 7"});
+}
+
+TEST(OpeningImports, NameAccountAndColumnOfEachCell) {
+    const FigurePlan plan = imported(
+        pasteSheet(), "科目编码,借/贷,期初余额\n1001,,7\n1001,,8\n9999,,1\n100201,贷,5\n1403,,x\n");
+    Texts told;
+    for (const PlannedCell& cell : plan.cells) told.push_back(cell.name + " " + cell.heading);
+    EXPECT_EQ(told, (Texts{"科目1001 期初余额", "科目1001 科目编码", " 科目编码",
+                           "科目100201 借/贷", "科目1403 期初余额"}));
+}
+
 TEST(OpeningImports, RefuseFiguresThatTheAccountDoesNotKeep) {
     const FigurePlan plan = imported(pasteSheet(),
                                      "科目编码,期初余额,外币期初余额,数量期初余额\n"

@@ -91,6 +91,12 @@ TEST(ImportPlans, TellNewChangedAndUnchangedRowsApart) {
     EXPECT_TRUE(made.isAcceptable());
 }
 
+TEST(ImportPlans, NameTheCellOfARefusalByItsColumn) {
+    const ImportPlan made = plan(books(), "code,name,class\n1003,甲,无\n1004,乙,资产\n");
+    EXPECT_EQ(refusedPlace(made.rows[0]), "C2 科目类型");
+    EXPECT_EQ(refusedPlace(made.rows[1]), "");
+}
+
 TEST(ImportPlans, FollowTheOrderOfCodesWhereverRowsStand) {
     const ImportPlan made = plan(books(), "code,name\n10020101,美元户\n100202,农行\n100201,工行\n");
     EXPECT_EQ(fates(made), "2 新增 10020101 | 3 新增 100202 | 4 新增 100201");

@@ -53,7 +53,9 @@ TEST_F(ChartImportWindowTest, ImportsNothingWhileARowIsRefused) {
            [](QWidget& plan) {
                EXPECT_TRUE(hasLabelText(plan, "有被拒绝的行,整个文件不能导入。请改正文件后重试。"));
     EXPECT_EQ(plan.findChild<CVCF1*>()->currentRow(), 1);
-    EXPECT_NE(planCell(plan, 1, 4).find("不符合科目编码规则"), std::string::npos);
+    EXPECT_EQ(planCell(plan, 1, 3), "错误");
+    EXPECT_EQ(planCell(plan, 1, 4), "A3 科目编码");
+    EXPECT_EQ(planCell(plan, 1, 5), "不符合科目编码规则");
     EXPECT_FALSE(buttonOf(plan, "导入").isEnabled());
 });
 EXPECT_FALSE(books.hasAccount("1122"));

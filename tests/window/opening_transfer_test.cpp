@@ -37,11 +37,13 @@ TEST_F(OpeningTransferTest, ShowsWhatAPastedColumnBecomesAndThenWritesIt) {
         EXPECT_EQ(plan.windowTitle(), "粘贴期初余额");
         EXPECT_TRUE(hasLabelText(plan, "修改 3 格,不变 0 格,略过 1 格,拒绝 0 格。"));
         EXPECT_EQ(planCell(plan, 0, 0), "A1");
-        EXPECT_EQ(planCell(plan, 0, 2), "1001");
-        EXPECT_EQ(planCell(plan, 0, 4), "0.00");
-        EXPECT_EQ(planCell(plan, 0, 5), "1,000.00");
-        EXPECT_EQ(planCell(plan, 1, 1), "略过");
-        EXPECT_EQ(planCell(plan, 1, 6), "上级科目由下级科目汇总");
+        EXPECT_EQ(planCell(plan, 0, 1), "期初余额");
+        EXPECT_EQ(planCell(plan, 0, 4), "科目1001");
+        EXPECT_EQ(planCell(plan, 0, 3), "1001");
+        EXPECT_EQ(planCell(plan, 0, 6), "0.00");
+        EXPECT_EQ(planCell(plan, 0, 7), "1,000.00");
+        EXPECT_EQ(planCell(plan, 1, 2), "略过");
+        EXPECT_EQ(planCell(plan, 1, 8), "上级科目由下级科目汇总");
         pressButton(plan, "写入");
     });
     const Texts pasted{"1,000.00", "20.00", "20.00", "0.00", "-5.00"};
@@ -58,7 +60,7 @@ TEST_F(OpeningTransferTest, WritesNothingOfAPasteInWhichACellIsRefused) {
     paste("1\n2\n甲\n", [](QWidget& plan) {
         EXPECT_FALSE(buttonOf(plan, "写入").isEnabled());
         EXPECT_TRUE(hasLabelText(plan, "有被拒绝的单元格,全部不能写入。请改正后重试。"));
-        EXPECT_EQ(planCell(plan, 2, 6), "不是数字");
+        EXPECT_EQ(planCell(plan, 2, 8), "不是数字");
         QTest::keyClick(&plan, Qt::Key_Escape);
     });
     EXPECT_EQ(figures(), zeros);
