@@ -98,13 +98,28 @@ constexpr std::array causeTests{
               [](const Candidate& of) {
                   return fmt::format(texts::figuresDisagree, of.account.code, of.account.name);
               }},
-    CauseTest{ImbalanceKind::departsFromClass,
-              [](const Candidate& of) { return of.account.isDebit != of.accountClass.isDebit; },
-              [](const Candidate& of) {
-                  return fmt::format(texts::departsFromClass, of.account.code, of.account.name,
-                                     of.account.type, shown(of.account.opening()));
-              }},
 };
+
+/// Of an auxiliary account; any other counts for itself.
+double sumOfDetails(const OpeningAccount& account, const AuxiliaryOpenings* details) {
+    if (details == nullptr || !account.isAuxiliary()) return account.opening();
+    const auto found = details->find(account.id);
+    return found == details->end() ? 0 : found->second;
+}
+
+bool isOther(double sum, double opening) {
+    return std::fabs(sum) * 100 > largestInCents || centsOf(sum) != centsOf(opening);
+}
+
+std::string detailsText(const OpeningAccount& account, double sum) {
+    return fmt::format(texts::detailsDiffer, account.code, account.name, shown(account.opening()),
+                       shown(sum));
+}
+
+std::string notCountedText(const OpeningAccount& account) {
+    return fmt::format(texts::notCounted, account.code, account.name, account.type,
+                       shown(account.opening()));
+}
 
 std::size_t countOf(const std::vector<ImbalanceCause>& causes, ImbalanceKind kind) {
     return static_cast<std::size_t>(std::ranges::count(causes, kind, &ImbalanceCause::kind));
@@ -112,24 +127,31 @@ std::size_t countOf(const std::vector<ImbalanceCause>& causes, ImbalanceKind kin
 
 }  // namespace
 
-std::vector<ImbalanceCause> imbalanceCauses(const OpeningSheet& sheet,
-                                            const TrialBalance& balance) {
+std::vector<ImbalanceCause> imbalanceCauses(const OpeningSheet& sheet, const TrialBalance& balance,
+                                            const AuxiliaryOpenings* details) {
     std::vector<ImbalanceCause> causes;
     if (balance.isBalanced() || balance.difference() * 100 > largestInCents) return causes;
     const Cents surplus = centsOf(balance.surplus());
+    const auto add = [&causes](ImbalanceKind kind, std::size_t place, std::string text) {
+        if (countOf(causes, kind) < mostOfAKind) causes.push_back({kind, place, std::move(text)});
+    };
     for (std::size_t place = 0; place < sheet.accounts().size(); ++place) {
         const OpeningAccount& account = sheet.accounts()[place];
+        if (!account.isEnd || std::fabs(account.opening()) * 100 > largestInCents) continue;
+        if (const double sum = sumOfDetails(account, details); isOther(sum, account.opening()))
+            add(ImbalanceKind::detailsDiffer, place, detailsText(account, sum));
+        if (account.opening() == 0) continue;
         const auto accountClass =
             std::ranges::find(balance.classes(), account.type, &TrialBalance::ClassSum::name);
-        if (!account.isEnd || account.opening() == 0 || accountClass == balance.classes().end() ||
-            std::fabs(account.opening()) * 100 > largestInCents)
+        if (accountClass == balance.classes().end()) {
+            add(ImbalanceKind::notCounted, place, notCountedText(account));
             continue;
+        }
         const Cents cents = centsOf(account.opening());
         const Candidate candidate{sheet, account, *accountClass, account.isDebit ? cents : -cents,
                                   surplus};
         for (const CauseTest& test : causeTests)
-            if (test.holds(candidate) && countOf(causes, test.kind) < mostOfAKind)
-                causes.push_back({test.kind, place, test.text(candidate)});
+            if (test.holds(candidate)) add(test.kind, place, test.text(candidate));
     }
     if (surplus != 0 && surplus % 9 == 0 && countOf(causes, ImbalanceKind::misplacedDigits) == 0)
         causes.push_back({ImbalanceKind::divisibleByNine, std::nullopt,

@@ -198,6 +198,14 @@ TrialBalance OpeningWork::trialBalance() {
     return totals();
 }
 
+std::vector<ImbalanceCause> OpeningWork::causes() {
+    AuxiliaryOpenings details;
+    const bool isRead =
+        selectOpenBooks() && readAuxiliaryOpenings(*g_pDB, sheet().layout(), details);
+    if (!isRead) m_messages.tell(lastFailureNotice());
+    return imbalanceCauses(sheet(), totals(), isRead ? &details : nullptr);
+}
+
 Outcome OpeningWork::adjustDirection(std::size_t line) {
     if (!mayAdjustDirection()) return Outcome::refused;
     m_books.sheet.rollUp();

@@ -78,7 +78,7 @@ class OpeningWork {
     /// Of the sheet as it stands, for the running line.
     TrialBalance totals() const { return {m_books.classes, m_books.sheet.accounts()}; }
     /// What may keep the books from balancing; after a trial balance.
-    std::vector<ImbalanceCause> causes() const { return imbalanceCauses(sheet(), totals()); }
+    std::vector<ImbalanceCause> causes();
     /// The totals after a roll-up in editable mode, by the classes as they are stored now.
     TrialBalance trialBalance();
 

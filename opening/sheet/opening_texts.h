@@ -78,6 +78,7 @@ inline constexpr const char* fateIgnored = "略过";
 inline constexpr const char* fateRefused = "拒绝";
 inline constexpr const char* causesTitle = "不平衡的可能原因";
 inline constexpr const char* causesHeading = "差额为 {},可能的原因(仅供参考):";
+inline constexpr const char* nothingToExplain = "期初余额借贷平衡,没有差额。";
 inline constexpr const char* noCauses = "差额为 {},没有找到可能的原因。";
 inline constexpr const char* goToAccount = "转到科目";
 inline constexpr const char* close = "关闭";
@@ -178,7 +179,7 @@ inline constexpr const char* missingOnSide =
 inline constexpr const char* figuresDisagree = "{} {}:期初余额与年初余额和累计发生额不符。";
 inline constexpr const char* divisibleByNine =
     "差额 {} 能被9整除,可能有相邻的数字颠倒或小数点错位。";
-inline constexpr const char* departsFromClass =
-    "{} {}:余额方向与所属类别“{}”相反,请确认余额 {} 的方向。";
+inline constexpr const char* notCounted = "{} {}:所属类别“{}”不参加试算,余额 {} 没有计入。";
+inline constexpr const char* detailsDiffer = "{} {}:余额 {} 与辅助明细的合计 {} 不符。";
 
 }  // namespace chengheng::opening_texts

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "data/access/row_lease.h"
+#include "data/access/selected_cells.h"
 #include "data/tables/balances.h"
 #include "data/tables/books.h"
 #include "data/tables/currency.h"
@@ -93,6 +94,18 @@ Status readIsBrowsing(CNbCwDB& database, bool& isBrowsing) {
 
 Status readHasSums(CNbCwDB& database, bool& hasSums) {
     return readHasRows<_AccSumInfo>(database, opening_sql::anyRow, hasSums);
+}
+
+Status readAuxiliaryOpenings(CNbCwDB& database, OpeningLayout layout,
+                             std::map<std::int32_t, double>& sums) {
+    const SelectedCells cells(database, layout == OpeningLayout::simple
+                                            ? opening_sql::auxiliaryOpenings
+                                            : opening_sql::auxiliaryOpeningsMidYear);
+    sums.clear();
+    if (!cells.isRead()) return database.lastStatus();
+    for (int row = 0; row < cells.rows(); ++row)
+        sums[cells.number<std::int32_t>(row, 0)] = cells.number<double>(row, 1);
+    return Status::done();
 }
 
 Status readClasses(CNbCwDB& database, std::vector<_zCodeClassInfo>& classes) {

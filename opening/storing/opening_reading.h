@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -28,6 +30,10 @@ Status readIsBrowsing(CNbCwDB& database, bool& isBrowsing);
 
 /// Whether there are rows of period sums, of whatever account.
 Status readHasSums(CNbCwDB& database, bool& hasSums);
+
+/// The opening balances of auxiliary accounts as their details add up, by the accounts' ids.
+Status readAuxiliaryOpenings(CNbCwDB& database, OpeningLayout layout,
+                             std::map<std::int32_t, double>& sums);
 
 /// The account classes in the order of their numbers.
 Status readClasses(CNbCwDB& database, std::vector<_zCodeClassInfo>& classes);

@@ -47,6 +47,11 @@ inline constexpr const char* sumSizes =
     "SELECT Sum( abs(mBegin)+abs(mDebet)+abs(mCredit)+abs(dAmtBegin)+abs(dAmtDebet)"
     "+abs(dAmtCredit) + abs(mFgnBegin)+abs(mFgnDebet)+abs(mFgnCredit)), lCodeId FROM AccSum "
     "GROUP BY lCodeId";
+inline constexpr const char* auxiliaryOpenings =
+    "SELECT lCodeId, Sum(mBegin) FROM AssAcc WHERE byPeroid = 1 GROUP BY lCodeId";
+/// Of books that begin mid-year.
+inline constexpr const char* auxiliaryOpeningsMidYear =
+    "SELECT lCodeId, Sum(mBegin) FROM AssAcc WHERE byPeroid = 2 GROUP BY lCodeId";
 inline constexpr const char* auxiliarySizes =
     "SELECT Sum( abs(mBegin)+abs(mDebt)+abs(mCredit)+abs(dBegin)+abs(dDebt)+abs(dCredit) "
     "+ abs(mFBegin)+abs(mFDebt)+abs(mFCredit)), lCodeId, lItemId, lDeptId, lPersonId, lEnterId, "

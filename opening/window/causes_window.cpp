@@ -30,8 +30,9 @@ CausesWindow::CausesWindow(double difference, std::vector<ImbalanceCause> causes
 void CausesWindow::buildControls(double difference) {
     const std::string amount = ftoaWithSap(difference, 2);
     auto* label =
-        new QLabel(shown(m_causes.empty() ? fmt::format(opening_texts::noCauses, amount)
-                                          : fmt::format(opening_texts::causesHeading, amount)),
+        new QLabel(shown(difference == 0    ? std::string(opening_texts::nothingToExplain)
+                         : m_causes.empty() ? fmt::format(opening_texts::noCauses, amount)
+                                            : fmt::format(opening_texts::causesHeading, amount)),
                    this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);

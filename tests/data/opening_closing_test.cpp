@@ -51,6 +51,27 @@ TEST_P(OpeningClosing, BalancesAndTellsWhyWhenTheClassesCannotBeRead) {
     EXPECT_EQ(work().trialBalance().texts().result, "试算结果不平衡,差额为100.00");
 }
 
+TEST_P(OpeningClosing, ComparesAuxiliaryAccountsWithTheirDetails) {
+    m_books.change("1001", "sAssBook = 'C'");
+    m_books.addRows("1001", 12, 70);
+    const std::string id = std::to_string(m_books.idOf("1001"));
+    for (const char* row : {"1, %, 1, 5", "2, %, 1, 6.5", "3, %, 2, 900"}) {
+        std::string values(row);
+        values.replace(values.find('%'), 1, id);
+        m_books.books().run("INSERT INTO AssAcc (lId, lCodeId, byPeroid, mBegin) VALUES (" +
+                            values + ")");
+    }
+    ASSERT_EQ(work().refresh(), Outcome::done);
+    const auto causes = work().causes();
+    ASSERT_FALSE(causes.empty());
+    EXPECT_EQ(causes.front().text, "1001 科目1001:余额 70.00 与辅助明细的合计 11.50 不符。");
+    m_books.books().engine().failCall(1);
+    for (const ImbalanceCause& cause : work().causes())
+        EXPECT_NE(cause.kind, ImbalanceKind::detailsDiffer);
+    m_books.books().engine().failCall(0);
+    EXPECT_THAT(messages().onlyNotice().text, tellsOf(Failure::full));
+}
+
 TEST_P(OpeningClosing, ClosesAndSavesBalancedBooksWithoutAQuestion) {
     m_books.type("1001", "100");
     m_books.type("2001", "100");

@@ -186,6 +186,16 @@ TEST_F(OpeningTransferTest, ListsWhyBooksMayNotBalanceAndGoesToTheAccount) {
     EXPECT_EQ(window->grid().currentIndex().column(), opening);
 }
 
+TEST_F(OpeningTransferTest, SaysOfBooksThatBalanceThatThereIsNothingToExplain) {
+    open();
+    const NextModal causes([](QWidget& list) {
+        EXPECT_TRUE(hasLabelText(list, "期初余额借贷平衡,没有差额。"));
+        EXPECT_EQ(list.findChild<QListView*>()->model()->rowCount(), 0);
+        pressButton(list, "关闭");
+    });
+    window->choose("不平衡的可能原因");
+}
+
 TEST_F(OpeningTransferTest, OffersTheCausesBesideATrialBalanceThatDoesNotBalance) {
     books->addRows("100202", 12, 500);
     open();
