@@ -209,6 +209,14 @@ TEST(TypedFigures, ThatMoveNothingLeaveTheOpeningAsItIs) {
               (EditStep{{3, Measure::money, &Balance::yearStart, 100, 100}}));
 }
 
+TEST(TypedFigures, ThatMoveNothingLetNothingBeWorkedOut) {
+    OpeningSheet sheet = pasteSheet(midYear);
+    sheet.accounts()[2].balance(Measure::money) = {0, 0, 0, 77};
+    const TypedFigure same{3, Measure::money, &Balance::debit, 0};
+    EXPECT_EQ(typedStep(sheet, std::span(&same, 1)),
+              (EditStep{{3, Measure::money, &Balance::debit, 0, 0}}));
+}
+
 TEST(OpeningExports, HaveARowForEachAccountWithItsFigures) {
     OpeningSheet sheet = pasteSheet();
     sheet.accounts()[2].balance(Measure::foreign).opening = 1.5;

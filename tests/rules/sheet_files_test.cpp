@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "sheets/sheet_texts.h"
 #include "tests/support/comma_locale.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/small_disk.h"
@@ -150,6 +151,30 @@ TEST(SheetFiles, FileThatCannotBeReadIsNamedWithItsFault) {
         ASSERT_TRUE(failure) << name;
         EXPECT_EQ(failure->text(), "没有读入文件“" + folder + name + "”。\n" + reason);
     }
+}
+
+TEST(SheetFiles, FailuresOfTheSystemAreToldInWordsOfTheirOwn) {
+    const std::string unread = "没有读入文件“甲.csv”。\n";
+    const auto reading = [](Failure failure) {
+        return whileReading(Status::of(failure, "input/output error"), "甲.csv").text();
+    };
+    EXPECT_EQ(reading(Failure::readOnly), unread + sheet_texts::noRight);
+    EXPECT_NE(reading(Failure::lost).find("input/output error"), std::string::npos);
+    EXPECT_EQ(reading(Failure::lost).find(sheet_texts::noRight), std::string::npos);
+    const auto writing = [](Failure failure) {
+        return whileWriting(Status::of(failure, "input/output error"), "甲.csv").text();
+    };
+    EXPECT_TRUE(writing(Failure::readOnly).ends_with(sheet_texts::noRight));
+    EXPECT_NE(writing(Failure::lost).find("input/output error"), std::string::npos);
+}
+
+// One character in five may be broken: its rest is no further fault.
+TEST(SheetFiles, ABrokenCharacterWithARestIsOneFault) {
+    const std::string path = freshFolder() + "/broken.csv";
+    std::ofstream(path) << "a,\xE4\xB8\xAD\xE4\xB9x\n";
+    Sheet sheet;
+    const auto failure = readSheet(path, sheet);
+    EXPECT_TRUE(failure) << "was read as another encoding";
 }
 
 TEST(SheetFiles, FileTooLongToBeReadIsRefused) {

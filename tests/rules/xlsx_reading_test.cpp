@@ -137,6 +137,32 @@ TEST(XlsxReading, DatesAreTexts) {
     EXPECT_EQ(readCells(workbook)[0], Cell::of("2030-01-06"));
 }
 
+TEST(XlsxReading, LengthsOfTimeAreNumbers) {
+    const SheetRow row =
+        readCells({.rows = "<row><c s=\"0\"><v>1.5</v></c><c s=\"1\"><v>0.5</v></c></row>",
+                   .looks = "<xf numFmtId=\"46\"/><xf numFmtId=\"47\"/>"});
+    EXPECT_EQ(row, (SheetRow{Cell::of(1.5), Cell::of("12:00:00")}));
+}
+
+TEST(XlsxReading, CellsWithoutAStyleHaveTheFirstOneOfTheCells) {
+    EXPECT_EQ(readCells({.rows = "<row><c><v>46027</v></c></row>",
+                         .looks = "<xf/><xf numFmtId=\"14\"/>"}),
+              SheetRow{Cell::of(46027.0)});
+    // The styles that have names stand before those of the cells.
+    const Sheet sheet =
+        readBytes(withPart("xl/styles.xml",
+                           "<styleSheet><cellStyleXfs><xf numFmtId=\"14\"/></cellStyleXfs>"
+                           "<cellXfs><xf numFmtId=\"0\"/></cellXfs></styleSheet>"));
+    EXPECT_EQ(sheet.rows.front(), SheetRow{Cell::of(1.0)});
+}
+
+TEST(XlsxReading, ALongUnreadableNumberIsNamedByItsBeginning) {
+    const std::string text =
+        xlsxFailureOf({.rows = "<row><c><v>" + std::string(50, 'x') + "</v></c></row>"}).text();
+    EXPECT_NE(text.find(std::string(40, 'x')), std::string::npos) << text;
+    EXPECT_EQ(text.find(std::string(41, 'x')), std::string::npos) << text;
+}
+
 TEST(XlsxReading, FormatsTellDatesFromNumbers) {
     const NumberLook number{};
     const NumberLook date{true, false, 0};
@@ -160,6 +186,8 @@ TEST(XlsxReading, FormatsTellDatesFromNumbers) {
         {"0\\d", {false, false, 1}},
         {"000000", {false, false, 6}},
         {"0", {false, false, 1}},
+        {"\"\"yyyy", date},
+        {"AM/PM", number},
         {"", number},
         {"\"", number},
         {"[", number},
@@ -291,6 +319,19 @@ TEST(XlsxReading, DeepNestingIsRefused) {
     for (int level = 0; level < 100'000; ++level) deep += "<a>";
     const SheetFailure failure = xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", deep));
     EXPECT_TRUE(failure.text().ends_with("elements nested too deeply")) << failure.text();
+}
+
+TEST(XlsxReading, NestingIsRefusedFromTheSixtyFifthLevelOn) {
+    const auto isTooDeep = [](int levels) {
+        std::string nested;
+        for (int level = 0; level < levels; ++level) nested += "<a>";
+        for (int level = 0; level < levels; ++level) nested += "</a>";
+        Sheet sheet;
+        const auto failure = readXlsx(withPart("xl/worksheets/sheet1.xml", nested), sheet);
+        return failure && failure->text().ends_with("elements nested too deeply");
+    };
+    EXPECT_FALSE(isTooDeep(64));
+    EXPECT_TRUE(isTooDeep(65));
 }
 
 TEST(XlsxReading, SignWithoutEndIsRefused) {
