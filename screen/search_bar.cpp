@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <utility>
 
 namespace chengheng {
 namespace {
@@ -32,7 +33,10 @@ SearchBar::SearchBar(const QString& label, const QString& hint, QWidget* parent)
     row->addWidget(caption);
     row->addWidget(m_field);
     row->addWidget(m_result);
-    connect(m_field, &QLineEdit::textChanged, this, &SearchBar::textChanged);
+    connect(m_field, &QLineEdit::textChanged, this, [this](const QString& typed) {
+        m_isTyped = true;
+        emit textChanged(typed);
+    });
 }
 
 QString SearchBar::text() const { return m_field->text(); }
@@ -52,14 +56,16 @@ bool SearchBar::handleKey(int key, Qt::KeyboardModifiers modifiers) {
         case Qt::Key_Enter:
             if (modifiers & Qt::ShiftModifier) {
                 emit previousWanted();
-            } else {
+            } else if (!std::exchange(m_isTyped, false)) {
                 emit nextWanted();
             }
             return true;
         case Qt::Key_Down:
+            m_isTyped = false;
             emit nextWanted();
             return true;
         case Qt::Key_Up:
+            m_isTyped = false;
             emit previousWanted();
             return true;
         case Qt::Key_Escape:

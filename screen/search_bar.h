@@ -23,7 +23,7 @@ class SearchBar final : public QWidget {
 
   signals:
     void textChanged(const QString& text);
-    /// Enter or Down.
+    /// Enter or Down; but not the first Enter after typing, which keeps the match that is shown.
     void nextWanted();
     /// Shift+Enter or Up.
     void previousWanted();
@@ -38,6 +38,7 @@ class SearchBar final : public QWidget {
 
     QLineEdit* m_field;
     QLabel* m_result;
+    bool m_isTyped = false;  ///< what is shown is the match of the text as it was just typed
 };
 
 }  // namespace chengheng

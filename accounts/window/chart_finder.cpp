@@ -11,7 +11,7 @@ namespace chengheng {
 
 ChartFinder::ChartFinder(SearchBar& bar, ChartGrid& grid) : m_bar(bar), m_grid(grid) {
     connect(&grid, &ChartGrid::textTyped, &bar, &SearchBar::takeOver);
-    connect(&grid, &ChartGrid::listed, this, &ChartFinder::showResult);
+    connect(&grid, &ChartGrid::listed, this, &ChartFinder::showMatches);
     connect(&bar, &SearchBar::textChanged, this, [this](const QString& text) {
         m_grid.search(text.toStdString());
         goTo(m_grid.matches().matchFrom(std::max(0, m_grid.currentRow())));
@@ -25,10 +25,17 @@ ChartFinder::ChartFinder(SearchBar& bar, ChartGrid& grid) : m_bar(bar), m_grid(g
 
 void ChartFinder::goTo(int row) {
     if (row >= 0) m_grid.setCurrentRow(row);
-    showResult();
+    showMatches();
 }
 
 void ChartFinder::showResult() {
+    if (m_grid.matches().matchCount() == 0)
+        m_bar.setResult({});
+    else
+        showMatches();
+}
+
+void ChartFinder::showMatches() {
     const ChartSearch& matches = m_grid.matches();
     std::string result;
     if (matches.isActive()) {

@@ -15,10 +15,11 @@ class ChartFinder final : public QObject {
   public:
     ChartFinder(SearchBar& bar, ChartGrid& grid);
 
-    /// The operator stands elsewhere, or other accounts are listed.
+    /// The operator stands elsewhere: that nothing was found is said no longer.
     void showResult();
 
   private:
+    void showMatches();
     void goTo(int row);
 
     SearchBar& m_bar;

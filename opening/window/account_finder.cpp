@@ -23,6 +23,9 @@ AccountFinder::AccountFinder(SearchBar& bar, OpeningGrid& grid, const OpeningWor
     connect(&bar, &SearchBar::previousWanted, this, [this] {
         if (m_grid.hasLine()) goToMatch(m_work.sheet().findBefore(wanted(), m_grid.currentLine()));
     });
+    // What was said of the line before.
+    connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, &bar,
+            [this] { m_bar.setResult({}); });
     connect(&bar, &SearchBar::left, this, [this] { m_grid.setFocus(); });
 }
 

@@ -264,6 +264,8 @@ TEST_F(ChartTest, JumpsToWhatIsTypedIntoTheSearch) {
     EXPECT_EQ(window->currentCode(), "1002");
     EXPECT_TRUE(window->hasLabel("1/4"));
     QTest::keyClick(&window->searchField(), Qt::Key_Return);
+    EXPECT_EQ(window->currentCode(), "1002") << "the match that is shown";
+    QTest::keyClick(&window->searchField(), Qt::Key_Return);
     QTest::keyClick(&window->searchField(), Qt::Key_Down);
     EXPECT_EQ(window->currentCode(), "10020101");
     EXPECT_TRUE(window->hasLabel("3/4"));
@@ -276,6 +278,8 @@ TEST_F(ChartTest, JumpsToWhatIsTypedIntoTheSearch) {
     EXPECT_TRUE(window->grid().model()->index(5, 1).data(Qt::BackgroundRole).isValid());
     window->searchField().setText("没有");
     EXPECT_TRUE(window->hasLabel("没有匹配的科目"));
+    QTest::keyClick(&window->grid(), Qt::Key_Up);
+    EXPECT_FALSE(window->hasLabel("没有匹配的科目"));
     QTest::keyClick(&window->searchField(), Qt::Key_Escape);
     EXPECT_EQ(window->searchField().text(), "");
     EXPECT_TRUE(window->grid().hasFocus());

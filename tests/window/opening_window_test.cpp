@@ -407,6 +407,8 @@ TEST_F(OpeningWindowTest, FindsAccountsByCodeOrNameFromWhereItStands) {
     typeText(&window->searchField(), "1002");
     EXPECT_EQ(window->grid().currentRow(), 1);
     window->press(Qt::Key_Return);
+    EXPECT_EQ(window->grid().currentRow(), 1) << "the match that is shown";
+    window->press(Qt::Key_Return);
     EXPECT_EQ(window->grid().currentRow(), 2);
     window->press(Qt::Key_Up);
     EXPECT_EQ(window->grid().currentRow(), 1);
@@ -415,6 +417,12 @@ TEST_F(OpeningWindowTest, FindsAccountsByCodeOrNameFromWhereItStands) {
     window->searchField().selectAll();
     typeText(&window->searchField(), "没有");
     EXPECT_EQ(window->label("searchResult"), "没有匹配的科目");
+    window->grid().setCurrentIndex(window->grid().model()->index(0, opening));
+    EXPECT_EQ(window->label("searchResult"), "");
+    typeText(&window->searchField(), "x");
+    EXPECT_EQ(window->label("searchResult"), "没有匹配的科目");
+    window->searchField().clear();
+    EXPECT_EQ(window->label("searchResult"), "");
     window->press(Qt::Key_Escape);
     EXPECT_EQ(window->focusWidget(), &window->grid());
     EXPECT_EQ(window->grid().currentIndex().column(), opening);
