@@ -35,6 +35,7 @@ UntoldOutcome askAll(IMessages& messages, const std::vector<AccountQuestion>& qu
 UntoldOutcome addChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
                          AccountChange& change) {
     const auto refusal = firstRefusal(additionChecks(), facts);
+    if (refusal && !refusal->obstacle.empty()) change.isKeptOutByTotals = passesWithTotals(facts);
     if (!chart.isRead()) return UntoldOutcome::failed();
     if (refusal) return refused(*refusal, change);
     UntoldOutcome asked = askAll(messages, additionQuestions(facts), change);
@@ -88,12 +89,13 @@ UntoldOutcome removeChecked(std::string_view code, const CodeLevels& levels,
 
 }  // namespace
 
-AccountChange AccountService::add(const AccountEntry& entry) {
+AccountChange AccountService::add(const AccountEntry& entry, ParentSums parentSums) {
     AccountChange change;
     change.outcome = underLocks(m_messages, account_locks::inOrder, [&] {
         StoredChart chart(*g_pDB);
         const auto classes = chart.classes();
-        const AccountFacts facts{tidied(entry), nullptr, m_levels, classes, chart};
+        AccountFacts facts{tidied(entry), nullptr, m_levels, classes, chart};
+        facts.parentSums = parentSums;
         return addChecked(m_messages, facts, chart, change);
     });
     return change;

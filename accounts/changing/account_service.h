@@ -20,6 +20,9 @@ struct AccountChange {
     std::string focusField = {};  ///< after a refusal or Cancel; empty: none
     /// The account whose use stands in the way, for findUses; empty for any other refusal.
     std::string usedCode = {};
+    /// Whether only the totals of its parent keep the account out, so that it may be added with
+    /// ParentSums::mayBeTotals.
+    bool isKeptOutByTotals = false;
 };
 
 /// Adds, modifies and deletes accounts of the open set of books (g_pDB). Each action holds its
@@ -32,7 +35,7 @@ class AccountService {
     AccountService(IMessages& messages, const CodeLevels& levels)
         : m_messages(messages), m_levels(levels) {}
 
-    AccountChange add(const AccountEntry& entry);
+    AccountChange add(const AccountEntry& entry, ParentSums parentSums = ParentSums::keepOut);
 
     /// `shown` is the account as the dialog showed it; one that another workstation has changed
     /// since is left as it is.

@@ -31,6 +31,11 @@ std::string ofAccounts(std::span<const int> accountIds) {
     return condition + " )";
 }
 
+std::string ofEndAccountsBelow(std::string_view code) {
+    return formatSql("lCodeId IN ( SELECT lId FROM Code WHERE %s AND bEnd <> 0 )",
+                     SqlFragment{below(code)});
+}
+
 std::string openingOfAccounts(std::span<const int> accountIds) {
     return formatSql("%s AND mBegin <> 0", SqlFragment{ofAccounts(accountIds)});
 }

@@ -34,6 +34,8 @@ inline constexpr const char* allCurrencies = "lId > 0 ORDER BY lId";
 
 /// The rows that name one of the accounts.
 std::string ofAccounts(std::span<const int> accountIds);
+/// The rows that name one of the end accounts below a code.
+std::string ofEndAccountsBelow(std::string_view code);
 /// The sums of one of the accounts with an opening balance other than zero.
 std::string openingOfAccounts(std::span<const int> accountIds);
 

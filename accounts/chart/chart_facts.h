@@ -22,6 +22,8 @@ class IChartFacts {
     virtual bool hasChildren(std::string_view code) = 0;
     /// Whether a place holds one of the accounts.
     virtual bool isUsed(UsePlace place, const std::vector<int>& accountIds, SumsUse sums) = 0;
+    /// Whether the sums of an account are no more than the totals of the accounts below it.
+    virtual bool hasOnlyTotals(const _CodeInfo& account) = 0;
 };
 
 }  // namespace chengheng

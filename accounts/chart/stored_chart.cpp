@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "accounts/chart/account_sql.h"
+#include "accounts/chart/sum_totals.h"
 #include "data/access/row_lease.h"
 #include "data/lookups/existence.h"
 #include "data/tables/balances.h"
@@ -98,6 +99,14 @@ bool StoredChart::isUsed(UsePlace place, const std::vector<int>& accountIds, Sum
             break;
     }
     return hasRow<_ProjCodesInfo>(condition);
+}
+
+bool StoredChart::hasOnlyTotals(const _CodeInfo& account) {
+    if (!hasAccountsBelow(account.sCode)) return false;
+    const std::vector<int> ids{account.lId};
+    const auto own = read<_AccSumInfo>(account_sql::ofAccounts(ids));
+    const auto below = read<_AccSumInfo>(account_sql::ofEndAccountsBelow(account.sCode));
+    return isRead() && areOnlyTotals(own, below);
 }
 
 }  // namespace chengheng

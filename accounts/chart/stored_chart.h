@@ -20,6 +20,7 @@ class StoredChart final : public IChartFacts {
     bool hasCurrency(int currencyId) override;
     bool hasChildren(std::string_view code) override;
     bool isUsed(UsePlace place, const std::vector<int>& accountIds, SumsUse sums) override;
+    bool hasOnlyTotals(const _CodeInfo& account) override;
 
     std::optional<_CodeInfo> accountOfId(int id);
     /// Ids of the account of a code and of those below it.

@@ -83,11 +83,17 @@ std::optional<Refusal> unit(const AccountFacts& facts) {
                           account_texts::unitMissing, account_field::unit);
 }
 
+bool isMerelyTotals(const AccountFacts& facts, UsePlace place) {
+    return place == UsePlace::sums && facts.parentSums == ParentSums::mayBeTotals &&
+           facts.chart.hasOnlyTotals(*facts.parent);
+}
+
 std::optional<Refusal> unusedParent(const AccountFacts& facts, std::span<const UsePlace> places) {
     if (!facts.parent || !facts.isCodeChanged()) return std::nullopt;
     const std::string& code = facts.parent->sCode;
     for (const UsePlace place : places)
-        if (facts.chart.isUsed(place, {facts.parent->lId}, SumsUse::openingMoney))
+        if (facts.chart.isUsed(place, {facts.parent->lId}, SumsUse::openingMoney) &&
+            !isMerelyTotals(facts, place))
             return entryRefusal(account_texts::parentUsed(code, place), account_field::code, code);
     return std::nullopt;
 }
@@ -176,6 +182,12 @@ int AccountFacts::categoryNumber() const {
 
 std::span<const Check<AccountFacts>> additionChecks() { return additions; }
 std::span<const Check<AccountFacts>> modificationChecks() { return modifications; }
+
+bool passesWithTotals(const AccountFacts& facts) {
+    AccountFacts accepting = facts;
+    accepting.parentSums = ParentSums::mayBeTotals;
+    return !firstRefusal(additionChecks(), accepting);
+}
 
 std::vector<AccountQuestion> additionQuestions(const AccountFacts& facts) {
     if (!departsFromCategory(facts.levels, facts.entry.code, facts.categoryNumber())) return {};

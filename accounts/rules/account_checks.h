@@ -13,6 +13,10 @@
 
 namespace chengheng {
 
+/// Whether an account may be added below one whose opening balance is only the total of the
+/// accounts below it: no balance changes by that.
+enum class ParentSums { keepOut, mayBeTotals };
+
 /// What the checks of an addition or modification look at.
 struct AccountFacts {
     /// Reads the parent, which the checks, the new account and the writing all look at.
@@ -26,6 +30,7 @@ struct AccountFacts {
     const std::vector<_zCodeClassInfo>& classes;  ///< in the order of the list
     IChartFacts& chart;
     std::optional<_CodeInfo> parent;  ///< the account of the parent's code
+    ParentSums parentSums = ParentSums::keepOut;
 
     bool isCodeChanged() const { return before == nullptr || before->sCode != entry.code; }
     int accountId() const { return before == nullptr ? 0 : before->lId; }
@@ -42,6 +47,10 @@ struct AccountFacts {
 /// in the ledger stands in the way.
 std::span<const Check<AccountFacts>> additionChecks();
 std::span<const Check<AccountFacts>> modificationChecks();
+
+/// Whether an addition that was refused for the use of its parent would pass with
+/// ParentSums::mayBeTotals.
+bool passesWithTotals(const AccountFacts& facts);
 
 /// What is asked before an entry that nothing refuses is saved: OK goes on to the next
 /// question, Cancel stops the save.

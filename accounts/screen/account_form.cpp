@@ -108,7 +108,7 @@ bool AccountForm::isChanged(const AccountEntry& typed) const {
     return tidied(typed) != tidied(m_opened);
 }
 
-AccountChange AccountForm::save(const AccountEntry& typed) {
+AccountChange AccountForm::save(const AccountEntry& typed, ParentSums parentSums) {
     if (m_shown) {
         AccountChange change = m_service.modify(*m_shown, typed);
         if (change.outcome != Outcome::done) return change;
@@ -117,7 +117,7 @@ AccountChange AccountForm::save(const AccountEntry& typed) {
         m_opened = entryOf(change.account);
         return change;
     }
-    AccountChange change = m_service.add(typed);
+    AccountChange change = m_service.add(typed, parentSums);
     if (change.outcome != Outcome::done) return change;
     m_place = change.account.sCode;
     if (!beginNext(change.account.sType)) m_messages.tell(lastFailureNotice());

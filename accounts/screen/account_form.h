@@ -45,7 +45,7 @@ class AccountForm {
 
     /// Adds or modifies. After an addition that is done the form begins the next account of the
     /// same class; what it cannot read for that, it begins without, which is told.
-    AccountChange save(const AccountEntry& typed);
+    AccountChange save(const AccountEntry& typed, ParentSums parentSums = ParentSums::keepOut);
 
     /// The account that an arrow leads to; empty when there is none.
     std::string neighbour(Step step) const;

@@ -21,6 +21,8 @@ class PlannedChart final : public IChartFacts {
     bool hasCurrency(int currencyId) override;
     bool hasChildren(std::string_view code) override;
     bool isUsed(UsePlace place, const std::vector<int>& accountIds, SumsUse sums) override;
+    /// Never: an import keeps to the refusal, as nobody is there to insist row by row.
+    bool hasOnlyTotals(const _CodeInfo&) override { return false; }
 
     void add(_CodeInfo account, const std::string& parentCode);
     /// The code stays.

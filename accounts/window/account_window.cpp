@@ -114,6 +114,9 @@ void AccountWindow::connectButtons() {
     m_ui->confirm->setDefault(true);
     m_ui->cancel->setAutoDefault(false);
     m_ui->usedButton->setAutoDefault(false);
+    m_ui->addToTotals->setAutoDefault(false);
+    connect(m_ui->addToTotals, &QPushButton::clicked, this,
+            guarded([this] { save(ParentSums::mayBeTotals); }));
     connect(m_ui->confirm, &QPushButton::clicked, this, guarded([this] { save(); }));
     connect(m_ui->cancel, &QPushButton::clicked, this, [this] { EndDialog(Rejected); });
     connect(m_ui->usedButton, &QPushButton::clicked, this,
@@ -227,6 +230,8 @@ void AccountWindow::reflectArrows() {
 }
 
 void AccountWindow::followCode() {
+    // What was offered was so for the code that was refused.
+    m_ui->addToTotals->hide();
     if (m_isShowing || !m_form.isAdding()) return;
     UpdateData();
     AccountEntry proposed = m_proposed;
@@ -275,10 +280,11 @@ void AccountWindow::focusOn(const std::string& field) {
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
 }
 
-void AccountWindow::save() {
+void AccountWindow::save(ParentSums parentSums) {
     UpdateData();
     const bool wasAdding = m_form.isAdding();
-    const AccountChange change = m_form.save(m_typed);
+    const AccountChange change = m_form.save(m_typed, parentSums);
+    m_ui->addToTotals->setVisible(change.isKeptOutByTotals);
     switch (change.outcome) {
         case Outcome::done:
             m_observers.saved(change.account);

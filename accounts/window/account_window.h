@@ -50,7 +50,7 @@ class AccountWindow final : public CNxMiddleDialog {
     void connectArrow(QToolButton* button, AccountForm::Step step);
     void browseCurrency();
     void browse(AccountDirectory directory);
-    void save();
+    void save(ParentSums parentSums = ParentSums::keepOut);
     void move(AccountForm::Step step);
     void showAccounting(const AccountEntry& entry);
     void followCode();

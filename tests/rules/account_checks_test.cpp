@@ -144,6 +144,24 @@ TEST_F(Additions, AcceptAChildOfAnAccountWhoseSumsHaveNoOpeningBalance) {
     EXPECT_EQ(additionRefusal(entry("100201")).notice.text, "");
 }
 
+TEST_F(Additions, PassBelowMereTotalsWhenTheOperatorInsistsAndNothingElseIsInTheWay) {
+    const auto isRefused = [this](ParentSums parentSums) {
+        AccountFacts facts = newFacts(entry("100102"));
+        facts.parentSums = parentSums;
+        return firstRefusal(additionChecks(), facts).has_value();
+    };
+    m_chart.addTotals("1001");
+    EXPECT_TRUE(isRefused(ParentSums::keepOut));
+    EXPECT_FALSE(isRefused(ParentSums::mayBeTotals));
+    EXPECT_TRUE(passesWithTotals(newFacts(entry("100102"))));
+    EXPECT_FALSE(passesWithTotals(newFacts(entry("100102", ""))));
+    m_chart.use(UsePlace::transfers, "1001");
+    EXPECT_TRUE(isRefused(ParentSums::mayBeTotals));
+    EXPECT_FALSE(passesWithTotals(newFacts(entry("100102"))));
+    m_chart.use(UsePlace::sums, "1002");
+    EXPECT_FALSE(passesWithTotals(newFacts(entry("100201")))) << "a balance of its own";
+}
+
 TEST_F(Additions, AskNothingAboutUseAtTheTop) {
     EXPECT_EQ(additionRefusal(entry("1003")).notice.text, "");
     EXPECT_TRUE(m_chart.askedPlaces().empty());

@@ -30,6 +30,13 @@ void FakeChart::use(UsePlace place, const std::string& code) {
 
 void FakeChart::addEmptySums(const std::string& code) { m_emptySums.insert(account(code).lId); }
 
+void FakeChart::addTotals(const std::string& code) {
+    use(UsePlace::sums, code);
+    m_totals.insert(account(code).lId);
+}
+
+bool FakeChart::hasOnlyTotals(const _CodeInfo& account) { return m_totals.contains(account.lId); }
+
 std::optional<_CodeInfo> FakeChart::accountOf(std::string_view code) {
     m_askedCodes.emplace_back(code);
     const auto found = std::ranges::find(m_accounts, code, &_CodeInfo::sCode);

@@ -20,6 +20,8 @@ class FakeChart final : public IChartFacts {
     void use(UsePlace place, const std::string& code);
     /// Sums without an opening balance.
     void addEmptySums(const std::string& code);
+    /// Lets the sums of the account be no more than the totals of those below it.
+    void addTotals(const std::string& code);
 
     _CodeInfo& account(const std::string& code);
     const std::vector<UsePlace>& askedPlaces() const { return m_asked; }
@@ -30,12 +32,14 @@ class FakeChart final : public IChartFacts {
     bool hasCurrency(int currencyId) override { return m_currencies.contains(currencyId); }
     bool hasChildren(std::string_view code) override;
     bool isUsed(UsePlace place, const std::vector<int>& accountIds, SumsUse sums) override;
+    bool hasOnlyTotals(const _CodeInfo& account) override;
 
   private:
     std::vector<_CodeInfo> m_accounts;
     std::set<int> m_currencies;
     std::set<std::pair<UsePlace, int>> m_uses;
     std::set<int> m_emptySums;
+    std::set<int> m_totals;
     std::vector<UsePlace> m_asked;
     std::vector<std::string> m_askedCodes;
 };

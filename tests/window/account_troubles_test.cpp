@@ -130,3 +130,35 @@ TEST_F(AccountWindowTest, ProposesNoCodeAfterASaveWhenTheTakenOnesCannotBeRead) 
         EXPECT_EQ(hands.text("sName"), "");
     });
 }
+
+TEST_F(AccountWindowTest, OffersToAddBesideAccountsWhoseTotalKeepsANewOneOut) {
+    addSomeAccounts();
+    books.use(UsePlace::sums, "100202");
+    books.use(UsePlace::sums, "1002");
+    books.use(UsePlace::sums, "2202");
+    open();
+    window->grid().setCurrentRow(1);
+    in("增加", [this](const Hands& hands) {
+        const QPushButton& offer = hands.button("addToTotals");
+        EXPECT_EQ(offer.text(), "仍要增加:上级的余额只是下级的合计");
+        EXPECT_FALSE(offer.isVisible());
+        hands.add("220201", "甲公司");
+        expectRefusal("科目 2202 在[总帐]中已使用,不能增加下级科目!");
+        EXPECT_FALSE(offer.isVisible()) << "its balance is its own";
+        hands.add("100203", "中国银行");
+        expectRefusal("科目 1002 在[总帐]中已使用,不能增加下级科目!");
+        EXPECT_TRUE(offer.isVisible());
+        EXPECT_EQ(hands.focus(), "sCode");
+        hands.type("sCode", "100204");
+        EXPECT_FALSE(offer.isVisible()) << "another code, another refusal";
+        hands.click("confirm");
+        expectRefusal("科目 1002 在[总帐]中已使用,不能增加下级科目!");
+        hands.click("addToTotals");
+        EXPECT_FALSE(offer.isVisible());
+        EXPECT_EQ(hands.text("sCode"), "100205");
+        EXPECT_EQ(hands.focus(), "sCode");
+    });
+    EXPECT_TRUE(books.messages().texts().empty());
+    EXPECT_EQ(books.account("100204").sName, "中国银行");
+    EXPECT_EQ(window->currentCode(), "100204");
+}
