@@ -34,7 +34,7 @@ char capital(char letter) {
 }
 
 /// The first letter of a character's reading; 0 when it has none.
-char initialOf(std::string_view character) {
+char readInitial(std::string_view character) {
     static const std::unique_ptr<icu::Transliterator> reading = [] {
         UErrorCode outcome = U_ZERO_ERROR;
         std::unique_ptr<icu::Transliterator> made(
@@ -51,6 +51,15 @@ char initialOf(std::string_view character) {
         initial = first < 0x80 ? capital(static_cast<char>(first)) : '\0';
     }
     return isLetterOrDigit(initial) ? initial : '\0';
+}
+
+/// The same; a character is read only once, as reading takes longer than all the rest of an
+/// import.
+char initialOf(std::string_view character) {
+    thread_local std::unordered_map<std::string, char> known;
+    const auto [entry, isNew] = known.try_emplace(std::string(character), '\0');
+    if (isNew) entry->second = readInitial(character);
+    return entry->second;
 }
 
 bool isLong(std::string_view name, std::size_t at) {
@@ -91,12 +100,27 @@ std::string initialsOf(std::string_view name) {
 
 std::string proposedMnemonic(std::string_view name,
                              const std::function<bool(std::string_view)>& isTaken) {
+    return MnemonicSeries().next(name, isTaken);
+}
+
+std::string MnemonicSeries::next(std::string_view name,
+                                 const std::function<bool(std::string_view)>& isTaken) {
     const std::string initials = initialsOf(name);
     if (initials.empty()) return {};
-    std::string proposed = initials;
-    for (int number = 2; isTaken(proposed); ++number)
-        proposed = fmt::format("{}{}", initials, number);
+    int& number = m_numbers[initials];
+    std::string proposed;
+    do {
+        ++number;
+        proposed = number == 1 ? initials : fmt::format("{}{}", initials, number);
+    } while (isTaken(proposed));
     return proposed;
+}
+
+bool isMnemonicOf(std::string_view name, std::string_view mnemonic) {
+    const std::string initials = initialsOf(name);
+    if (initials.empty() || !mnemonic.starts_with(initials)) return false;
+    return std::ranges::all_of(mnemonic.substr(initials.size()),
+                               [](char digit) { return digit >= '0' && digit <= '9'; });
 }
 
 }  // namespace chengheng

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "accounts/chart/account_texts.h"
+#include "accounts/codes/mnemonic.h"
 #include "accounts/rules/account_checks.h"
 #include "accounts/rules/account_record.h"
 #include "accounts/transfer/import_texts.h"
@@ -34,7 +35,11 @@ ChartField columnOfField(const std::string& field) {
 class ImportPlanner {
   public:
     ImportPlanner(const ChartSheet& sheet, const ChartState& state)
-        : m_sheet(sheet), m_state(state), m_levels(state.levelPattern), m_chart(state) {}
+        : m_sheet(sheet), m_state(state), m_levels(state.levelPattern), m_chart(state) {
+        for (const ChartRow& row : sheet.rows)
+            if (const auto& cell = row.at(ChartField::mnemonic))
+                m_givenMnemonics.insert(inCapitals(withoutBlanksAround(*cell)));
+    }
 
     ImportPlan plan() {
         ImportPlan plan;
@@ -74,6 +79,7 @@ class ImportPlanner {
         } else if (existing) {
             planChange(*existing, tidied(entry), unread, planned);
         } else {
+            if (!unread && entry.mnemonic.empty()) entry.mnemonic = mnemonicFor(entry.name);
             planAddition(tidied(entry), unread, planned);
         }
         return planned;
@@ -91,6 +97,14 @@ class ImportPlanner {
         entry.books.isJournal = books.isJournal;
         entry.books.isBank = books.isBank;
         return entry;
+    }
+
+    /// As the dialog proposes it. A mnemonic that another row gives is that row's.
+    std::string mnemonicFor(const std::string& name) {
+        return m_mnemonics.next(name, [this](std::string_view mnemonic) {
+            return m_givenMnemonics.contains(std::string(mnemonic)) ||
+                   m_chart.isMnemonicTaken(mnemonic, 0);
+        });
     }
 
     /// A code that cannot be is told before a cell that cannot be understood, as nothing else
@@ -144,6 +158,8 @@ class ImportPlanner {
     CodeLevels m_levels;
     PlannedChart m_chart;
     std::unordered_set<std::string> m_seen;
+    std::unordered_set<std::string> m_givenMnemonics;
+    MnemonicSeries m_mnemonics;
 };
 
 }  // namespace

@@ -9,8 +9,12 @@ namespace chengheng {
 PlannedChart::PlannedChart(const ChartState& state) : m_state(state), m_accounts(state.accounts) {
     for (std::size_t at = 0; at < m_accounts.size(); ++at) {
         m_byCode.emplace(m_accounts[at].sCode, at);
-        m_mnemonics.emplace(m_accounts[at].sHelp, m_accounts[at].lId);
+        noteMnemonic(m_accounts[at]);
     }
+}
+
+void PlannedChart::noteMnemonic(const _CodeInfo& account) {
+    if (!account.sHelp.empty()) m_mnemonics.emplace(account.sHelp, account.lId);
 }
 
 std::optional<_CodeInfo> PlannedChart::accountOf(std::string_view code) {
@@ -45,7 +49,7 @@ bool PlannedChart::isUsed(UsePlace place, const std::vector<int>& accountIds, Su
 void PlannedChart::add(_CodeInfo account, const std::string& parentCode) {
     account.lId = -static_cast<int>(m_accounts.size()) - 1;
     m_byCode.emplace(account.sCode, m_accounts.size());
-    m_mnemonics.emplace(account.sHelp, account.lId);
+    noteMnemonic(account);
     m_accounts.push_back(std::move(account));
     if (const auto parent = m_byCode.find(parentCode); parent != m_byCode.end())
         m_accounts[parent->second].bEnd = 0;
@@ -57,7 +61,7 @@ void PlannedChart::change(const _CodeInfo& account) {
     const auto own = std::find_if(
         first, last, [&account](const auto& taken) { return taken.second == account.lId; });
     if (own != last) m_mnemonics.erase(own);
-    m_mnemonics.emplace(account.sHelp, account.lId);
+    noteMnemonic(account);
     planned = account;
 }
 

@@ -34,10 +34,12 @@ class PlannedChart final : public IChartFacts {
     std::vector<_CodeInfo> changed() const;
 
   private:
+    void noteMnemonic(const _CodeInfo& account);
+
     const ChartState& m_state;
     std::vector<_CodeInfo> m_accounts;  ///< those of the books, then the new ones
     std::unordered_map<std::string, std::size_t> m_byCode;
-    std::unordered_multimap<std::string, int> m_mnemonics;  ///< with the ids of their accounts
+    std::unordered_multimap<std::string, int> m_mnemonics;  ///< with their accounts' ids
 };
 
 }  // namespace chengheng

@@ -35,6 +35,15 @@ std::string nameOf(const std::string& cell, const std::string& nameBefore, int g
     return std::string(withoutBlanksAround(cell));
 }
 
+/// An empty cell takes away what somebody has given, but not the initials that an account has
+/// by itself: a file without them could not be imported twice otherwise.
+void readMnemonic(const ChartRow& row, const std::string& nameBefore, AccountEntry& entry) {
+    const auto cell = cellOf(row, ChartField::mnemonic);
+    if (!cell || *cell == entry.mnemonic) return;
+    if (cell->empty() && isMnemonicOf(nameBefore, entry.mnemonic)) return;
+    entry.mnemonic = inCapitals(*cell);
+}
+
 std::optional<CellRefusal> readClass(const ChartRow& row, const ChartState& state,
                                      AccountEntry& entry) {
     const auto cell = cellOf(row, ChartField::className);
@@ -105,10 +114,10 @@ std::optional<CellRefusal> readBooks(const ChartRow& row, AuxiliaryBooks& books)
 
 std::optional<CellRefusal> readRowEntry(const ChartRow& row, const ChartState& state, int grade,
                                         AccountEntry& entry) {
-    entry.name = nameOf(row.at(ChartField::name).value_or(""), entry.name, grade);
+    const std::string nameBefore = entry.name;
+    entry.name = nameOf(row.at(ChartField::name).value_or(""), nameBefore, grade);
     if (const auto page = cellOf(row, ChartField::page)) entry.page = *page;
-    const auto mnemonic = cellOf(row, ChartField::mnemonic);
-    if (mnemonic && *mnemonic != entry.mnemonic) entry.mnemonic = inCapitals(*mnemonic);
+    readMnemonic(row, nameBefore, entry);
     if (auto refusal = readClass(row, state, entry)) return refusal;
     if (auto refusal = readDirection(row, entry)) return refusal;
     if (auto refusal = readCurrency(row, state, entry)) return refusal;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <set>
 
+#include "data/tables/accounts.h"
+
 namespace chengheng {
 namespace {
 
@@ -82,6 +84,19 @@ TEST(ChartTemplates, ChartFileWithABrokenLineIsNotRead) {
     EXPECT_FALSE(readChart(heading + "1001,,资产,借\n"));
     EXPECT_FALSE(readChart(heading + "1001,库存现金,资产,左\n"));
     EXPECT_FALSE(readChart("1001,库存现金,资产,借\n"));
+}
+
+TEST(ChartTemplates, GiveEachAccountAMnemonicOfItsOwn) {
+    for (const auto chart : {ChartTemplate::smallEnterprise, ChartTemplate::enterprise}) {
+        const auto accounts = templateAccounts(chart, "4222");
+        ASSERT_TRUE(accounts);
+        EXPECT_EQ(accounts->front().sHelp, "KCXJ");
+        std::set<std::string> mnemonics;
+        for (const _CodeInfo& account : *accounts) {
+            EXPECT_NE(account.sHelp, "") << account.sName;
+            EXPECT_TRUE(mnemonics.insert(account.sHelp).second) << account.sHelp;
+        }
+    }
 }
 
 TEST(ChartTemplates, WordsOfTheCommandLineNameEachTemplate) {

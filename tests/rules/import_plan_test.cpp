@@ -85,7 +85,9 @@ TEST(ImportPlans, TellNewChangedAndUnchangedRowsApart) {
                                  "1003,其他,资产\n");
     EXPECT_EQ(fates(made), "2 不变 1001 | 3 修改 1002 | 4 新增 1003");
     ASSERT_EQ(made.added.size(), 1u);
-    EXPECT_EQ(made.added[0], account(0, "1003", "其他", 1));
+    _CodeInfo other = account(0, "1003", "其他", 1);
+    other.sHelp = "QT";
+    EXPECT_EQ(made.added[0], other);
     ASSERT_EQ(made.changed.size(), 1u);
     EXPECT_EQ(made.changed[0], account(3, "1002", "银行存款", 1));
     EXPECT_TRUE(made.isAcceptable());
@@ -270,6 +272,32 @@ TEST(ImportPlans, AddBelowADesignatedAccountWhatItsDesignationWouldHaveGiven) {
     ASSERT_EQ(told.added.size(), 1u) << fates(told);
     EXPECT_EQ(told.added[0].sAssBook, "E") << "as its row says";
     EXPECT_EQ(told.added[0].bBank, 1);
+}
+
+TEST(ImportPlans, GiveNewAccountsTheMnemonicThatTheDialogWouldPropose) {
+    const auto mnemonics = [](const ImportPlan& made) {
+        std::string text;
+        for (const _CodeInfo& account : made.added) text += " " + account.sHelp;
+        return text;
+    };
+    EXPECT_EQ(mnemonics(plan(books(), "code,name,class\n1003,运费,资产\n1004,运费,资产\n")),
+              " YF YF2");
+    EXPECT_EQ(mnemonics(plan(books(), "code,name\n100102,人民币\n")), " RMB2") << "RMB is taken";
+    EXPECT_EQ(mnemonics(plan(books(),
+                             "code,name,class,mnemonic\n1003,运费,资产,\n1004,医药费,资产, yf \n"
+                             "1005,运费,资产,\n1006,——,资产,\n")),
+              " YF2 YF YF3 ")
+        << "what a later row gives is that row's";
+}
+
+TEST(ImportPlans, OfAFileWithoutMnemonicsChangeNothingTheSecondTime) {
+    const std::string csv = "code,name,class,mnemonic\n1003,运费,资产,\n1004,运费,资产,\n";
+    ChartState state = books();
+    for (_CodeInfo added : plan(state, csv).added) {
+        added.lId = static_cast<int>(state.accounts.size()) + 1;
+        state.accounts.push_back(added);
+    }
+    EXPECT_EQ(fates(plan(state, csv)), "2 不变 1003 | 3 不变 1004");
 }
 
 TEST(ImportPlans, TakeWildcardsInCodesAsTheyStand) {

@@ -48,3 +48,28 @@ TEST(Mnemonics, GetTheLowestNumberThatMakesThemUnique) {
 TEST(Mnemonics, AreNotProposedForANameWithoutInitials) {
     EXPECT_EQ(proposedMnemonic("——", [](std::string_view) { return true; }), "");
 }
+
+TEST(Mnemonics, OfAListTakeNoLongerForEqualNamesThanForOthers) {
+    constexpr int count = 20'000;
+    std::set<std::string, std::less<>> taken{"YF2"};
+    int questions = 0;
+    MnemonicSeries series;
+    for (int number = 1; number <= count; ++number) {
+        const std::string given = series.next("运费", [&](std::string_view text) {
+            ++questions;
+            return taken.contains(text);
+        });
+        EXPECT_TRUE(taken.insert(given).second) << given;
+    }
+    EXPECT_EQ(questions, count + 1);
+    EXPECT_TRUE(taken.contains("YF") && taken.contains("YF3"));
+    EXPECT_TRUE(taken.contains("YF" + std::to_string(count + 1)));
+}
+
+TEST(Mnemonics, AreKnownAsThoseOfTheirName) {
+    EXPECT_TRUE(isMnemonicOf("运费", "YF"));
+    EXPECT_TRUE(isMnemonicOf("运费", "YF12"));
+    EXPECT_FALSE(isMnemonicOf("运费", "YFX"));
+    EXPECT_FALSE(isMnemonicOf("运费", "Y"));
+    EXPECT_FALSE(isMnemonicOf("——", ""));
+}
