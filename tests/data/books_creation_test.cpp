@@ -97,7 +97,7 @@ TEST_P(BooksCreations, TakeClassesAndAccountsFromTheTemplate) {
     EXPECT_EQ(first.byGrade, 1);
     EXPECT_EQ(first.bEnd, 1);
     EXPECT_EQ(first.bDirect, 1);
-    EXPECT_EQ(first.sHelp, "");
+    EXPECT_EQ(first.sHelp, "KCXJ");
     EXPECT_EQ(books.database.lastId("Code"), 156);
 }
 
