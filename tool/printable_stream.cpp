@@ -9,9 +9,10 @@ std::streamsize PrintableStream::xsputn(const char* text, std::streamsize size) 
     return m_target ? size : 0;
 }
 
-std::streambuf::int_type PrintableStream::overflow(int_type letter) {
-    const char sign = traits_type::to_char_type(letter);
-    return xsputn(&sign, 1) == 1 ? traits_type::not_eof(letter) : traits_type::eof();
+std::streambuf::int_type PrintableStream::overflow(std::streambuf::int_type letter) {
+    const char sign = std::streambuf::traits_type::to_char_type(letter);
+    return xsputn(&sign, 1) == 1 ? std::streambuf::traits_type::not_eof(letter)
+                                 : std::streambuf::traits_type::eof();
 }
 
 int PrintableStream::sync() { return m_target.flush() ? 0 : -1; }

@@ -13,7 +13,7 @@ class PrintableStream final : private std::streambuf, public std::ostream {
 
   private:
     std::streamsize xsputn(const char* text, std::streamsize size) override;
-    int_type overflow(int_type letter) override;
+    std::streambuf::int_type overflow(std::streambuf::int_type letter) override;
     int sync() override;
 
     std::ostream& m_target;
