@@ -1,8 +1,7 @@
+#include "data/connection/database.h"
+
 #include <fmt/format.h>
 
-#include <limits>
-
-#include "data/connection/database.h"
 #include "data/connection/id_counters.h"
 
 namespace chengheng {
@@ -80,12 +79,6 @@ Status Database::writeHeldCounters() {
     }
     m_counters.forget();
     return Status::done();
-}
-
-Status checkIdsLeft(int lastId, int count) {
-    return lastId <= std::numeric_limits<int>::max() - count
-               ? Status::done()
-               : Status::of(Failure::noIdLeft, std::to_string(lastId));
 }
 
 Status Database::lastId(std::string_view row, int& id) {

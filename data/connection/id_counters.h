@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,7 +14,11 @@ inline constexpr std::string_view writeCounterSql =
     "UPDATE ABIdTable SET lLastId = $1 WHERE sTable = $2";
 
 /// Done when so many ids can follow the last one, else noIdLeft.
-Status checkIdsLeft(int lastId, int count);
+inline Status checkIdsLeft(int lastId, int count) {
+    return lastId <= std::numeric_limits<int>::max() - count
+               ? Status::done()
+               : Status::of(Failure::noIdLeft, std::to_string(lastId));
+}
 
 /// The counters of ABIdTable as an open unit of work knows them. New values are held back
 /// here and written once at its end: a row written again and again inside one transaction

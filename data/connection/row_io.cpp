@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -24,16 +25,18 @@ const Field& fieldAt(const void* place) {
 /// False when the column holds no whole number of the field's range.
 template <class Number>
 bool readWhole(const Cursor& row, int column, Number& number) {
-    if (row.kind(column) == ValueKind::text) return false;
+    const ValueKind kind = row.kind(column);
+    if (kind != ValueKind::integer && kind != ValueKind::null) return false;
     const std::int64_t stored = row.integer(column);
     number = static_cast<Number>(stored);
     return number == stored;
 }
 
+/// False when the column holds no finite number.
 bool readReal(const Cursor& row, int column, double& number) {
     if (row.kind(column) == ValueKind::text) return false;
     number = row.real(column);
-    return true;
+    return std::isfinite(number);
 }
 
 bool readNullable(const Cursor& row, int column, std::optional<std::int32_t>& number) {
@@ -58,7 +61,7 @@ bool readField(const Cursor& row, int column, ColumnType type, void* field) {
             double number = 0;
             const bool isRead = readReal(row, column, number);
             fieldAt<float>(field) = static_cast<float>(number);
-            return isRead;
+            return isRead && std::isfinite(fieldAt<float>(field));
         }
         case ColumnType::text:
             fieldAt<std::string>(field).assign(row.text(column));

@@ -12,8 +12,8 @@ namespace chengheng {
 // A record's fields from and to the columns of its table.
 
 /// Takes a row, whose columns are those of the table in their order, into a record. A number that
-/// does not fit its field, and a text where a number belongs, is a wrongValue; it is never read as
-/// another number.
+/// does not fit its field, a fraction in one of whole numbers, what is not finite, and a text where
+/// a number belongs, are a wrongValue: none is ever read as another number.
 Status readRecord(const Cursor& row, const RecordType& type, void* record);
 
 /// The values of a record's fields in the order of the columns. Texts are borrowed from the

@@ -156,6 +156,8 @@ TEST_P(RecordOperations, WhatDoesNotFitItsFieldIsAnErrorAndNoOtherNumber) {
           Wrong{"byPeroid = -1", "AccSum lId=1 byPeroid: -1", true},
           Wrong{"lCodeId = 2147483648", "AccSum lId=1 lCodeId: 2147483648", false},
           Wrong{"lCodeId = 'x'", "AccSum lId=1 lCodeId: x", false},
+          Wrong{"byPeroid = 1.5", "AccSum lId=1 byPeroid: 1.5", false},
+          Wrong{"mBegin = 1e308 * 1e308", "AccSum lId=1 mBegin: Inf", false},
           Wrong{"mBegin = '12x'", "AccSum lId=1 mBegin: 12x", false}}) {
         if (GetParam().name == "postgres" && !wrong.isStoredByServers) continue;
         ASSERT_NE(m_db.QRYExecuteSQL("DELETE AccSum\nINSERT AccSum Values(1, 7, 1, 5, 0, 0, 0, 0, "
