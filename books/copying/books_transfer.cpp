@@ -165,12 +165,18 @@ Refusal targetRefusal(const Status& status, const std::string& file, Overwrite o
     return failure(status, file);
 }
 
+/// How a file of books comes about: a backup as the engine copies it, which is quicker, unless
+/// something that is not ours lies in it; new books from their rows.
+enum class CopyForm { asItIs, rows };
+
 /// Writes the source into a file that appears only when it is whole and proven.
-std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwrite overwrite) {
+std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwrite overwrite,
+                                 CopyForm form) {
     StagedFile staged(file, overwrite);
     if (!staged.status()) return targetRefusal(staged.status(), file, overwrite);
     std::optional<Status> copied;
-    if (source.objects().empty()) copied = source.engine().copyToFile(staged.path());
+    if (form == CopyForm::asItIs && source.objects().empty())
+        copied = source.engine().copyToFile(staged.path());
     if (copied && !*copied) return failure(*copied, file);
     if (!copied) {
         if (std::optional<Refusal> refusal = makeCopy(source, staged.path())) return refusal;
@@ -211,7 +217,7 @@ std::optional<Refusal> transfer(Source& source, const std::string& target, Overw
     Status status = openEngine(target, OpenMode::existing, existing);
     if (status.failure == Failure::missing) {
         if (isServerAddress(target)) return makeSchema(source, target);
-        return writeFile(source, target, Overwrite::refuse);
+        return writeFile(source, target, Overwrite::refuse, CopyForm::rows);
     }
     if (status && isEmptySchema(*existing, target)) return makeCopy(source, target);
     if (status) status = checkLayout(*existing);
@@ -235,7 +241,7 @@ std::optional<Refusal> backUpBooks(const std::string& location, const std::strin
     Source source(location);
     if (std::optional<Refusal> refusal = source.open()) return refusal;
     if (leftOut != nullptr) *leftOut = source.objects();
-    return writeFile(source, file, overwrite);
+    return writeFile(source, file, overwrite, CopyForm::asItIs);
 }
 
 std::optional<Refusal> restoreBooks(const std::string& file, const std::string& target,

@@ -247,6 +247,16 @@ TEST_P(BooksCopy, OntoItselfIsRefused) {
               RefusalKind::wrongInput);
 }
 
+TEST_P(BooksCopy, LeavesOutAnIndexThatWouldRefuseRows) {
+    {
+        const auto source = openForTest(m_source, OpenMode::existing);
+        runScript(*source, "CREATE UNIQUE INDEX keeps ON Dept (lId)");
+    }
+    ASSERT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::refuse)), "done");
+    const auto copy = openForTest(m_target, OpenMode::existing);
+    EXPECT_TRUE(copy->script("CREATE UNIQUE INDEX keeps ON Dept (lId)").isDone());
+}
+
 TEST_P(BooksCopy, TakesOverRowsAndNoObjectsThatSomebodyPutIntoTheSource) {
     const auto before = contentOf(m_source);
     plantTrigger(m_source);
