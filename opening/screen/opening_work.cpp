@@ -149,10 +149,12 @@ Outcome OpeningWork::apply(const FigurePlan& plan) {
 std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {
     FigurePlan plan;
     const auto failure = planImportedFile(sheet(), path, plan);
+    if (failure) {
+        m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning, .beep = true});
+        return std::nullopt;
+    }
     markDisagreeing(plan, sheet(), m_journal);
-    if (!failure) return plan;
-    m_messages.tell({.text = failure->text(), .icon = MessageIcon::warning, .beep = true});
-    return std::nullopt;
+    return plan;
 }
 
 Outcome OpeningWork::exportTo(const std::string& path) {

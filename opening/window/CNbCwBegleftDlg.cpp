@@ -246,7 +246,9 @@ void CNbCwBegleftDlg::OnMenuImport() { m_transfer->importFile(); }
 void CNbCwBegleftDlg::OnMenuExport() { m_transfer->exportFile(); }
 
 void CNbCwBegleftDlg::OnMenuCauses() {
-    chengheng::CausesWindow window(m_work.totals().difference(), m_work.causes(), this);
+    const chengheng::TrialBalance totals = m_work.totals();
+    chengheng::CausesWindow window(totals.isBalanced() ? 0 : totals.difference(), m_work.causes(),
+                                   this);
     if (window.DoModal() != Accepted) return;
     const auto place = window.chosenPlace();
     if (!place) return;
