@@ -97,6 +97,10 @@ function(script_test name)
 endfunction()
 
 set(tools ${CMAKE_SOURCE_DIR}/tools)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # Operators get what GCC makes.
+    script_test(gcc ${tools}/read_with_gcc ${CMAKE_BINARY_DIR}/compile_commands.json)
+endif()
 script_test(tidy ${tools}/tidy --compiled ${CMAKE_BINARY_DIR}/compile_commands.json)
 script_test(tidy_samples ${tools}/tidy --self-test)
 script_test(mutate_samples ${tools}/mutate --self-test)
