@@ -11,6 +11,8 @@ QFont paperFont(const LayoutFont& font) {
     paper.setPixelSize(qRound(font.points * unitsPerPoint));
     paper.setBold(font.isBold);
     paper.setHintingPreference(QFont::PreferNoHinting);
+    // Beside letters a font may put other shapes of digits, which a PDF file has no characters for.
+    paper.setStyleStrategy(QFont::PreferNoShaping);
     return paper;
 }
 

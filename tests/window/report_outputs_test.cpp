@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <random>
 #include <sstream>
 
 #include "base/values/numbers.h"
@@ -153,6 +154,46 @@ TEST(ReportOutputs, KeepCodesAsTextsAndMakeAmountsNumbersInASpreadsheet) {
     EXPECT_TRUE(sheet.at(1, 3).isNumber());
     EXPECT_DOUBLE_EQ(sheet.at(1, 3).number, 1234.5);
     EXPECT_TRUE(sheet.at(1, 2).isAbsent());
+}
+
+/// A text of characters as they stand beside one another in codes, names and amounts.
+std::string mixedText(std::mt19937& random) {
+    const std::vector<std::string> parts{
+        "A",  "b",  "Z",  "USD", "ABC", "fi",   "ffl",  "Tel", "AV", "0",  "7",  "001", "123",
+        "10", ".",  ",",  "-",   "(",   ")",    "/",    "#",   "&",  "%",  "'",  "\"",  ":",
+        "_",  "<",  "+",  "现",  "金",  "公司", "银行", "方",  "见", "门", "一", "二",  "长",
+        "。", "、", "，", "（",  "）",  "“",    "”",    "《",  "》", "·",  "—",  "…",   "Ａ",
+        "１", "．", "￥", "％",  "①",  "ⅲ",    "㎡",   "℃",   "×",  "²",  "é",  "Ω",   "я"};
+    std::string text;
+    for (auto count = 1 + random() % 8; count > 0; --count) text += parts[random() % parts.size()];
+    return text;
+}
+
+TEST(PdfFile, GivesTheTextOfEveryCellBackWhateverStandsBesideOneAnother) {
+    Report report = sampleReport({60, 60});
+    std::mt19937 random(20'261'122);
+    std::vector<std::string> wanted;
+    for (const char* text : {"A001", "USD100", "ABC123公司", "1月A", "第3号B2", "ＡＢ１２A1"})
+        wanted.emplace_back(text);
+    while (wanted.size() < 1000) wanted.push_back(mixedText(random));
+    for (std::size_t at = 0; at < wanted.size(); at += 2)
+        report.addRow({wanted[at], wanted[at + 1]});
+    report.columns[1].alignment = Alignment::right;
+    const std::string path = freshFolder() + "/a.pdf";
+    withDocument(report, [&](ReportDocument& document) {
+        ASSERT_TRUE(writePdf(document, path, Overwrite::replace, everyPageGoesOn));
+    });
+    const std::string text =
+        runProgram({"/usr/bin/env", "pdftotext", "-layout", "-enc", "UTF-8", path, "-"}).out;
+    const auto found = words(text);
+    std::string all;
+    for (const std::string& word : found) all += word;
+    std::size_t from = 0;
+    for (std::size_t at = 0; at < wanted.size(); ++at) {
+        const std::size_t place = all.find(wanted[at], from);
+        ASSERT_NE(place, std::string::npos) << wanted[at] << " in " << all.substr(from, 200);
+        from = place + wanted[at].size();
+    }
 }
 
 TEST(PdfFile, EmbedsTheFontsItUses) {
