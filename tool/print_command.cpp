@@ -80,7 +80,7 @@ ExitCode tell(Tool& tool, ExitCode code, fmt::format_string<const Values&...> te
     return code;
 }
 
-ExitCode writeFile(Tool& tool, const PrintOptions& options, const CReport& report) {
+ExitCode writeFile(Tool& tool, const PrintOptions& options, CReport& report) {
     const Overwrite overwrite = options.file().overwrite();
     if (!options.pdf.empty()) return tool.writePdf(tool, report, options.pdf, overwrite);
     const Sheet sheet = sheetOf(report);
@@ -96,8 +96,8 @@ ExitCode writeList(Tool& tool, const PrintOptions& options, const PrintedList& l
     ExitCode code = ExitCode::failed;
     auto refusal = makeListReport(list, report);
     if (!refusal)
-        refusal = runReport(
-            report, [&](const CReport& engine) { code = writeFile(tool, options, engine); });
+        refusal =
+            runReport(report, [&](CReport& engine) { code = writeFile(tool, options, engine); });
     if (refusal) tool.err << refusal->notice.text << '\n';
     if (code == ExitCode::done)
         wordsBeside(tool, options.file())

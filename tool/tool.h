@@ -19,7 +19,7 @@ namespace chengheng {
 struct Tool;
 
 /// Writes a finished report as a PDF file, or says why not.
-using PdfWriter = std::function<ExitCode(Tool& tool, const CReport& report, const std::string& path,
+using PdfWriter = std::function<ExitCode(Tool& tool, CReport& report, const std::string& path,
                                          Overwrite overwrite)>;
 
 /// What the commands of the tool share. A command's own part of the command line sets

@@ -11,7 +11,7 @@
 
 namespace {
 
-chengheng::ExitCode writeFile(chengheng::Tool& tool, const CReport& report, const std::string& path,
+chengheng::ExitCode writeFile(chengheng::Tool& tool, CReport& report, const std::string& path,
                               chengheng::Overwrite overwrite) {
     chengheng::ReportDocument document(report);
     const auto everyPageGoesOn = [](std::size_t, std::size_t) { return true; };

@@ -27,6 +27,7 @@ struct ReportExtension {
     PageRecord page;
     std::vector<Alignment> alignments;  ///< by column; those that are missing are left
     std::vector<HeadingLine> lines;     ///< under the title
+    std::size_t keyColumn = 0;          ///< the one that tells the rows apart
     ReportFacts facts;
 };
 
@@ -71,6 +72,8 @@ class CReport {
 
     /// Makes the layout follow the page record.
     void settlePage();
+    /// Puts the report on other pages than its file and its page record say.
+    void useLayout(chengheng::ReportLayout layout) { m_layout = std::move(layout); }
     void setWordAlignment(int alignment, std::size_t column);
 
     /// The report made last of those that live; null when none does.

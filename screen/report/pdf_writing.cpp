@@ -7,6 +7,7 @@
 
 #include "base/system/staged_file.h"
 #include "screen/report/pdf_texts.h"
+#include "screen/report/report_paper.h"
 #include "screen/report/report_texts.h"
 #include "screen/screen_texts.h"
 
@@ -31,7 +32,7 @@ bool paintInto(std::string& pdf, const ReportDocument& document, std::span<const
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setResolution(dotsPerInch);
-    writer.setPageLayout(document.paper());
+    writer.setPageLayout(paperOf(document.report().layout()));
     writer.setTitle(titleOf(document.report()));
     writer.setCreator(QString::fromUtf8(screen_texts::productName));
     const bool isPainted = document.paintPages(writer, pages, progress);

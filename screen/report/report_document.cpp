@@ -33,19 +33,25 @@ void paintRule(QPainter& painter, const DrawnRule& rule) {
 
 }  // namespace
 
-ReportDocument::ReportDocument(const CReport& report)
-    : m_report(report), m_measure(report.layout()), m_pages(report, m_measure) {}
+ReportDocument::ReportDocument(CReport& report) : m_report(report), m_measure(report.layout()) {
+    m_pages.emplace(m_report, m_measure);
+}
+
+void ReportDocument::useLayout(const ReportLayout& layout) {
+    m_report.useLayout(layout);
+    m_pages.emplace(m_report, m_measure);
+}
 
 bool ReportDocument::layOutAll(const WorkProgress& progress) {
-    while (!m_pages.isComplete()) {
-        if (!progress(m_pages.rowsLaidOut(), m_report.rowCount())) return false;
-        m_pages.layOut(rowsPerTurn);
+    while (!m_pages->isComplete()) {
+        if (!progress(m_pages->rowsLaidOut(), m_report.rowCount())) return false;
+        m_pages->layOut(rowsPerTurn);
     }
     return true;
 }
 
 void ReportDocument::paint(QPainter& painter, std::size_t page) const {
-    const PageDrawing drawing = m_pages.draw(page);
+    const PageDrawing drawing = m_pages->draw(page);
     for (const DrawnRule& rule : drawing.rules) paintRule(painter, rule);
     painter.setPen(Qt::black);
     for (const DrawnText& text : drawing.texts) paintText(painter, text);
@@ -78,21 +84,12 @@ bool ReportDocument::paintPages(QPagedPaintDevice& device, std::span<const std::
     return painter.end();
 }
 
-QPageLayout ReportDocument::paper() const {
-    const ReportLayout& layout = m_report.layout();
-    const QPageSize size(QSizeF(layout.paperWidth, layout.paperHeight), QPageSize::Millimeter);
-    QPageLayout paper(size, layout.isPortrait ? QPageLayout::Portrait : QPageLayout::Landscape,
-                      QMarginsF(), QPageLayout::Millimeter);
-    paper.setMode(QPageLayout::FullPageMode);
-    return paper;
-}
-
 QString ReportDocument::readText(std::size_t page) const {
     std::string read;
     PageDrawing around;
-    drawAboveTable(around, m_report, m_measure, m_pages.numberOf(page));
+    drawAboveTable(around, m_report, m_measure, m_pages->numberOf(page));
     for (const DrawnText& text : around.texts) read += text.text + '\n';
-    const PageRows rows = m_pages.rowsOn(page);
+    const PageRows rows = m_pages->rowsOn(page);
     // Tabs and line ends of a text would be taken for those between the cells.
     const CellSetter setter(m_measure, FontRole::cell, 1);
     const auto inOneLine = [&](std::string_view text) {
@@ -109,7 +106,7 @@ QString ReportDocument::readText(std::size_t page) const {
     for (std::size_t row = rows.first; row < rows.end; ++row)
         readRow([&](std::size_t column) { return m_report.cell(row, column); });
     around.texts.clear();
-    drawBelowTable(around, m_report, m_measure, m_pages.numberOf(page));
+    drawBelowTable(around, m_report, m_measure, m_pages->numberOf(page));
     for (const DrawnText& text : around.texts) read += text.text + '\n';
     return QString::fromStdString(read);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QPageLayout>
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <span>
 
 #include "report/engine/report_pages.h"
@@ -16,14 +16,17 @@ namespace chengheng {
 /// Told how much of a work is done; false ends the work.
 using WorkProgress = std::function<bool(std::size_t done, std::size_t all)>;
 
-/// A report on pages that can be painted on any device. The report outlives it.
+/// A report on pages that can be painted on any device. The report outlives it and takes other
+/// pages only through it.
 class ReportDocument {
   public:
-    explicit ReportDocument(const CReport& report);
+    explicit ReportDocument(CReport& report);
 
     const CReport& report() const { return m_report; }
-    ReportPages& pages() { return m_pages; }
-    const ReportPages& pages() const { return m_pages; }
+    ReportPages& pages() { return *m_pages; }
+    const ReportPages& pages() const { return *m_pages; }
+    /// Begins anew with other paper and margins; nothing is laid out then.
+    void useLayout(const ReportLayout& layout);
     /// Lays out every row; false when the progress ended it.
     bool layOutAll(const WorkProgress& progress);
 
@@ -33,17 +36,15 @@ class ReportDocument {
     /// failed or the progress ended it.
     bool paintPages(QPagedPaintDevice& device, std::span<const std::size_t> pages,
                     const WorkProgress& progress) const;
-    /// Paper and direction, without margins: these are the layout's.
-    QPageLayout paper() const;
     /// What a page reads, a row a line, cells parted by tabs, for whoever cannot see the picture.
     QString readText(std::size_t page) const;
 
   private:
     void paintText(QPainter& painter, const DrawnText& text) const;
 
-    const CReport& m_report;
+    CReport& m_report;
     PaperMeasure m_measure;
-    ReportPages m_pages;
+    std::optional<ReportPages> m_pages;
 };
 
 }  // namespace chengheng

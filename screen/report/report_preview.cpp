@@ -232,8 +232,10 @@ void ReportPreview::zoomBy(int steps) {
 void ReportPreview::printPages() {
     m_layingOut.stop();
     printDocument(m_document, this, messages());
+    // On other paper there may be fewer pages.
+    const std::size_t last = m_document.pages().pageCount() - 1;
+    m_view->page() > last ? m_view->showPage(last) : m_view->refresh();
     tellPages();
-    m_view->refresh();
 }
 
 void ReportPreview::exportTo(ExportKind kind) {

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <numeric>
 
+#include "report/layout/layout_settings.h"
 #include "screen/report/pdf_writing.h"
+#include "screen/report/report_paper.h"
 #include "screen/report/report_texts.h"
 #include "screen/report/work_progress.h"
 #include "screen/screen_texts.h"
@@ -17,7 +19,7 @@ namespace {
 void setUp(QPrinter& printer, const ReportDocument& document) {
     printer.setDocName(QString::fromStdString(document.report().title()));
     printer.setCreator(QString::fromUtf8(screen_texts::productName));
-    printer.setPageLayout(document.paper());
+    printer.setPageLayout(paperOf(document.report().layout()));
     printer.setFullPage(true);
 }
 
@@ -70,13 +72,37 @@ std::vector<std::size_t> wantedPages(const QPrinter& printer, std::size_t pageCo
     return pages;
 }
 
+namespace {
+
+bool layOutAll(ReportDocument& document, QWidget* parent) {
+    WorkProgressBox box(report_texts::layingOutAll, parent);
+    return document.layOutAll(box.progress());
+}
+
+/// Paper, direction and margins chosen in the printer's properties hold for the pages; false
+/// when they leave no room, which has been told, or the laying out was given up.
+bool takeProperties(ReportDocument& document, const QPrinter& printer, QWidget* parent,
+                    IMessages& messages) {
+    const ReportLayout chosen = onPaper(document.report().layout(), printer.pageLayout());
+    if (chosen == document.report().layout()) return true;
+    if (!hasRoomForTable(chosen)) {
+        messages.tell(
+            {.text = report_texts::noRoomOnPaper, .icon = MessageIcon::warning, .beep = true});
+        return false;
+    }
+    document.useLayout(chosen);
+    return layOutAll(document, parent);
+}
+
+}  // namespace
+
 bool printDocument(ReportDocument& document, QWidget* parent, IMessages& messages) {
-    WorkProgressBox layingOut(report_texts::layingOutAll, parent);
-    if (!document.layOutAll(layingOut.progress())) return false;
-    layingOut.close();
+    if (!layOutAll(document, parent)) return false;
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, document);
-    if (!askForPrinter(printer, document, parent)) return false;
+    if (!askForPrinter(printer, document, parent) ||
+        !takeProperties(document, printer, parent, messages))
+        return false;
     setUp(printer, document);
     const auto pages = wantedPages(printer, document.pages().pageCount());
     if (pages.empty()) return false;

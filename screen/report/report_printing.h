@@ -7,8 +7,8 @@ class QPrinter;
 
 namespace chengheng {
 
-/// Asks for a printer, pages and copies, and prints. False when the operator gave it up or it
-/// failed, which has been told.
+/// Asks for a printer, pages and copies, and prints; other paper than the document's is taken
+/// over into it. False when the operator gave it up or it failed, which has been told.
 bool printDocument(ReportDocument& document, QWidget* parent, IMessages& messages);
 
 /// The pages that a printer's settings ask for, in their order, counted from 0; copies too

@@ -40,6 +40,8 @@ inline constexpr const char* printing = "正在打印…";
 inline constexpr const char* writing = "正在写入文件…";
 inline constexpr const char* layingOutAll = "正在排版…";
 inline constexpr const char* notPainted = "页面没有画完";
+inline constexpr const char* noRoomOnPaper =
+    "所选的纸张除去页边距、页眉、标题和页脚后,没有地方放表格。\n没有打印。";
 inline constexpr const char* printCancelled = "打印已取消。已经送出的页面可能仍会打印。";
 inline constexpr const char* printFailed =
     "打印失败。\n请检查打印机是否连接、有纸,或所选文件能否写入。";

@@ -29,6 +29,7 @@
 namespace {
 
 using namespace chengheng;
+using testing::Contains;
 using testing::ContainsRegex;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -318,6 +319,82 @@ TEST(PrintedPages, ThatAreCancelledOnTheWaySaySoAndLeaveNoFile) {
         EXPECT_FALSE(printDocument(document, nullptr, messages));
         EXPECT_TRUE(progress && progress->hasCome());
         EXPECT_EQ(messages.onlyNotice().text, "打印已取消。已经送出的页面可能仍会打印。");
+    });
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+std::string pageSizes(const std::string& path) {
+    return runProgram({"/usr/bin/env", "pdfinfo", "-f", "1", "-l", "99", path}).out;
+}
+
+TEST(PrintedPages, TakePaperDirectionAndMarginsOfThePrintersProperties) {
+    Report report = sampleReport({10, 30});
+    addNumberedRows(report, 60);
+    const std::string path = freshFolder() + "/printed.pdf";
+    withDocument(report, [&](ReportDocument& document) {
+        const auto pagesBefore = document.pages().pageCount();
+        RecordingMessages messages;
+        const NextModal choosing([&](QWidget& box) {
+            auto* dialog = qobject_cast<QPrintDialog*>(&box);
+            ASSERT_TRUE(dialog);
+            // It opens with what the layout file says.
+            const QPageLayout opened = dialog->printer()->pageLayout();
+            EXPECT_EQ(opened.pageSize().id(), QPageSize::A4);
+            EXPECT_NEAR(opened.margins(QPageLayout::Millimeter).left(),
+                        document.report().layout().marginLeft, 0.5);
+            QPageLayout chosen(QPageSize(QPageSize::A5), QPageLayout::Landscape,
+                               QMarginsF(31, 22, 33, 24), QPageLayout::Millimeter);
+            chosen.setMode(QPageLayout::FullPageMode);
+            dialog->printer()->setPageLayout(chosen);
+            chooseFile(box, path);
+        });
+        EXPECT_TRUE(printDocument(document, nullptr, messages));
+        EXPECT_THAT(messages.texts(), ElementsAre());
+        EXPECT_GT(document.pages().pageCount(), pagesBefore);
+        const ReportLayout& layout = document.report().layout();
+        EXPECT_FALSE(layout.isPortrait);
+        EXPECT_NEAR(layout.marginLeft, 31, 0.5);
+        EXPECT_NEAR(layout.marginTop, 22, 0.5);
+        EXPECT_NEAR(layout.marginRight, 33, 0.5);
+        EXPECT_NEAR(layout.marginBottom, 24, 0.5);
+        for (const DrawnRule& rule : document.pages().draw(0).rules) EXPECT_GE(rule.fromX, 30.5);
+        EXPECT_THAT(pageSizes(path), HasSubstr("595 x 420 pts"));
+        EXPECT_THAT(pageSizes(path),
+                    ContainsRegex("Pages: +" + std::to_string(document.pages().pageCount())));
+    });
+    const auto found = words(readPdf(path));
+    for (const std::string& word : cellWords(report)) EXPECT_THAT(found, Contains(word));
+}
+
+TEST(PrintedPages, StayAsTheLayoutSaysWhenThePropertiesAreLeft) {
+    Report report = sampleReport({10, 30});
+    addNumberedRows(report, 60);
+    withDocument(report, [&](ReportDocument& document) {
+        const ReportLayout before = document.report().layout();
+        printTo(freshFolder() + "/printed.pdf", document);
+        EXPECT_EQ(document.report().layout(), before);
+    });
+}
+
+TEST(PrintedPages, OnPaperWithoutRoomForTheTableSaySoAndPrintNothing) {
+    const std::string folder = freshFolder();
+    withDocument(richReport(), [&](ReportDocument& document) {
+        const ReportLayout before = document.report().layout();
+        RecordingMessages messages;
+        const NextModal choosing([&](QWidget& box) {
+            auto* dialog = qobject_cast<QPrintDialog*>(&box);
+            ASSERT_TRUE(dialog);
+            QPageLayout chosen(QPageSize(QPageSize::A7), QPageLayout::Portrait,
+                               QMarginsF(30, 30, 30, 30), QPageLayout::Millimeter);
+            chosen.setMode(QPageLayout::FullPageMode);
+            dialog->printer()->setPageLayout(chosen);
+            chooseFile(box, folder + "/printed.pdf");
+        });
+        EXPECT_FALSE(printDocument(document, nullptr, messages));
+        EXPECT_EQ(messages.onlyNotice().text,
+                  "所选的纸张除去页边距、页眉、标题和页脚后,没有地方放表格。\n没有打印。");
+        EXPECT_TRUE(messages.onlyNotice().beep);
+        EXPECT_EQ(document.report().layout(), before);
     });
     EXPECT_TRUE(std::filesystem::is_empty(folder));
 }

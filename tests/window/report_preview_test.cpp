@@ -8,7 +8,9 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPrintDialog>
+#include <QPrinter>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -396,6 +398,29 @@ TEST_F(ReportPreviewTest, AsksForAPrinterAndPrintsNothingWhenThatIsGivenUp) {
             action(window, "打印(&P)")->trigger();
         }
         EXPECT_TRUE(window.isVisible());
+        EXPECT_THAT(messages.texts(), IsEmpty());
+    });
+}
+
+TEST_F(ReportPreviewTest, ShowsThePaperThatWasPrintedOn) {
+    previewRows(100, [this](ReportPreview& window) {
+        action(window, "末页")->trigger();
+        const std::size_t before = view(window).page();
+        ASSERT_GT(before, 0U);
+        const NextModal asking([](QWidget& box) {
+            auto* dialog = qobject_cast<QPrintDialog*>(&box);
+            ASSERT_TRUE(dialog);
+            QPageLayout chosen = dialog->printer()->pageLayout();
+            chosen.setPageSize(QPageSize(QPageSize::A2));
+            dialog->printer()->setPageLayout(chosen);
+            dialog->findChild<QLineEdit*>("filename")
+                ->setText(QString::fromStdString(freshFolder() + "/printed.pdf"));
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        action(window, "打印(&P)")->trigger();
+        EXPECT_LT(view(window).page(), before);
+        EXPECT_EQ(window.findChild<QSpinBox*>()->maximum(),
+                  static_cast<int>(view(window).page()) + 1);
         EXPECT_THAT(messages.texts(), IsEmpty());
     });
 }
