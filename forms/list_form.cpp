@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "forms/form_texts.h"
+#include "forms/discard_input.h"
 
 namespace chengheng {
 
@@ -57,12 +57,7 @@ void ListForm::remove(int id) {
     showOrAdd(next);
 }
 
-bool ListForm::mayLeaveInput() {
-    if (!isChanged()) return true;
-    return m_messages.ask({.text = form_texts::discardInput,
-                           .icon = MessageIcon::warning,
-                           .preset = Answer::no}) == Answer::yes;
-}
+bool ListForm::mayLeaveInput() { return !isChanged() || mayDiscardInput(m_messages); }
 
 void ListForm::beginAddition() {
     clear();

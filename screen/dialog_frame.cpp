@@ -105,7 +105,9 @@ void DialogFrame::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (hasDefaultButton(*this)) {
+            if (auto* button = qobject_cast<QPushButton*>(focusWidget())) {
+                button->click();
+            } else if (hasDefaultButton(*this)) {
                 QDialog::keyPressEvent(event);
             } else {
                 OnOK();

@@ -48,7 +48,6 @@ void nameButtons(QDialogButtonBox* buttons, const char* acceptText) {
     accept->setDefault(true);
     QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
     cancel->setText(screen_texts::cancel);
-    cancel->setAutoDefault(false);
     for (QPushButton* button : {accept, cancel}) button->setIcon(QIcon());
 }
 

@@ -117,6 +117,7 @@ void LogonWindow::showEvent(QShowEvent* event) {
                      : m_ui->operatorName->text().isEmpty() ? m_ui->operatorName
                                                             : m_ui->password;
     first->setFocus();
+    setAttribute(Qt::WA_KeyboardFocusChange);  // so that a button that has it shows it
     if (!m_listStatus) QTimer::singleShot(0, this, &LogonWindow::tellFailureToOpenList);
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/system/workstation.h"
 #include "data/engines/open_engine.h"
+#include "forms/discard_input.h"
 #include "screen/background_work.h"
 #include "screen/enter_moves_on.h"
 #include "screen/guarded.h"
@@ -60,8 +61,9 @@ void NewBooksWindow::setUpFields() {
     connect(m_ui->levelPattern, &QLineEdit::textChanged, this, &NewBooksWindow::showExample);
     connect(m_ui->browse, &QPushButton::clicked, this, &NewBooksWindow::browse);
     connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &NewBooksWindow::accept);
-    connect(m_ui->buttons, &QDialogButtonBox::rejected, this, &NewBooksWindow::reject);
+    connect(m_ui->buttons, &QDialogButtonBox::rejected, this, [this] { QDialog::reject(); });
     m_ui->name->setFocus();
+    m_offered = facts();
 }
 
 void NewBooksWindow::showExample() {
@@ -103,6 +105,14 @@ std::optional<Refusal> NewBooksWindow::refusalOf(const NewBooks& books) const {
 
 void NewBooksWindow::accept() {
     runGuarded(m_messages, windowTitle(), [this] { make(); });
+}
+
+/// Escape and the window's frame; the button says what it does.
+void NewBooksWindow::reject() {
+    runGuarded(m_messages, windowTitle(), [this] {
+        const bool isTyped = facts() != m_offered || !m_ui->confirmation->text().isEmpty();
+        if (!isTyped || mayDiscardInput(m_messages)) QDialog::reject();
+    });
 }
 
 void NewBooksWindow::make() {

@@ -23,6 +23,7 @@ class NewBooksWindow : public QDialog {
     QString supervisor() const;
 
     void accept() override;
+    void reject() override;
 
   private:
     void setUpFields();
@@ -35,6 +36,7 @@ class NewBooksWindow : public QDialog {
     const BooksRegistry& m_registry;
     IMessages& m_messages;
     std::unique_ptr<Ui::NewBooksWindow> m_ui;
+    NewBooks m_offered;  ///< the facts before anything was typed
     CreatedBooks m_created;
 };
 

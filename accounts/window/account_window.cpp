@@ -11,7 +11,7 @@
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
 #include "data/tables/currency.h"
-#include "forms/form_texts.h"
+#include "forms/discard_input.h"
 #include "screen/enter_moves_on.h"
 #include "screen/grid/picker_window.h"
 #include "screen/shown.h"
@@ -112,9 +112,6 @@ void AccountWindow::connectFields() {
 
 void AccountWindow::connectButtons() {
     m_ui->confirm->setDefault(true);
-    m_ui->cancel->setAutoDefault(false);
-    m_ui->usedButton->setAutoDefault(false);
-    m_ui->addToTotals->setAutoDefault(false);
     connect(m_ui->addToTotals, &QPushButton::clicked, this,
             guarded([this] { save(ParentSums::mayBeTotals); }));
     connect(m_ui->confirm, &QPushButton::clicked, this, guarded([this] { save(); }));
@@ -306,10 +303,7 @@ void AccountWindow::save(ParentSums parentSums) {
 
 bool AccountWindow::mayLeaveInput() {
     UpdateData();
-    if (!m_form.isChanged(m_typed)) return true;
-    return messages().ask({.text = form_texts::discardInput,
-                           .icon = MessageIcon::warning,
-                           .preset = Answer::no}) == Answer::yes;
+    return !m_form.isChanged(m_typed) || mayDiscardInput(messages());
 }
 
 void AccountWindow::move(AccountForm::Step step) {

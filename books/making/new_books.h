@@ -28,6 +28,8 @@ struct NewBooks {
     /// Path of the file to be made, or server address; empty: beside the other sets.
     std::string location = {};
     PasswordCost passwordCost = PasswordCost::usual;
+
+    bool operator==(const NewBooks&) const = default;
 };
 
 /// Names of the fields, for the focus after a refusal and for the command line's messages.

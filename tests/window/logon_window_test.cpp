@@ -1,19 +1,23 @@
 #include "shell/logon_window.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QDateEdit>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyleOptionButton>
 #include <QTest>
 #include <fstream>
 
 #include "books/making/books_creation.h"
 #include "screen/message_boxes.h"
 #include "session/failure_texts.h"
+#include "shell/new_books_window.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_books.h"
 #include "tests/support/recording_messages.h"
@@ -223,6 +227,35 @@ TEST(LogonWindow, WithoutBooksLeadsToMakingSome) {
     window.accept();
     EXPECT_EQ(station.messages.texts(),
               std::vector<std::string>{"请选择帐套,或输入帐套的路径或服务器地址"});
+}
+
+TEST(LogonWindow, ShowsWhereTheFocusIsAtTheFirstStart) {
+    Station station;
+    LogonWindow& window = station.open();
+    auto* makeNew = window.findChild<QPushButton*>("makeNew");
+    QStyleOptionButton drawn;
+    drawn.initFrom(makeNew);
+    EXPECT_TRUE(drawn.state.testFlag(QStyle::State_HasFocus));
+    EXPECT_TRUE(drawn.state.testFlag(QStyle::State_KeyboardFocusChange));
+}
+
+TEST(LogonWindow, EnterPressesTheButtonThatHasTheFocus) {
+    Station station;
+    LogonWindow& window = station.open();
+    {
+        const NextModal making([](QWidget& box) {
+            EXPECT_TRUE(qobject_cast<NewBooksWindow*>(&box));
+            box.close();
+        });
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        EXPECT_TRUE(making.hasCome());
+    }
+    EXPECT_THAT(station.messages.texts(), testing::IsEmpty());
+    window.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->setFocus();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.result(), QDialog::Rejected);
+    EXPECT_THAT(station.messages.texts(), testing::IsEmpty());
 }
 
 TEST(LogonWindow, EscapeGivesUp) {

@@ -4,8 +4,10 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
 
@@ -19,6 +21,8 @@
 using namespace chengheng;
 
 namespace {
+
+constexpr const char* discardQuestion = "当前输入尚未保存,是否放弃?";
 
 struct Form {
     Form() { showActive(window); }
@@ -94,6 +98,49 @@ TEST(NewBooksWindow, FirstFaultIsToldWithItsField) {
     std::vector<BooksSet> sets;
     ASSERT_TRUE(form.registry.read(sets));
     EXPECT_TRUE(sets.empty());
+}
+
+TEST(NewBooksWindow, EscapeAndTheFrameAskBeforeWhatWasTypedGoes) {
+    Form form;
+    form.fill();
+    form.messages.willAnswer(discardQuestion, Answer::no);
+    QTest::keyClick(&form.window, Qt::Key_Escape);
+    ASSERT_EQ(form.messages.questions().size(), 1U);
+    EXPECT_EQ(form.messages.questions().front().preset, Answer::no);
+    EXPECT_TRUE(form.window.isVisible());
+    EXPECT_EQ(form.window.findChild<QLineEdit*>("name")->text(), "示例帐套");
+    form.messages.willAnswer(discardQuestion, Answer::no);
+    form.window.close();
+    EXPECT_TRUE(form.window.isVisible());
+    form.messages.willAnswer(discardQuestion, Answer::yes);
+    QTest::keyClick(&form.window, Qt::Key_Escape);
+    EXPECT_FALSE(form.window.isVisible());
+    EXPECT_EQ(form.window.result(), QDialog::Rejected);
+}
+
+TEST(NewBooksWindow, EscapeAsksForAConfirmationAlone) {
+    Form form;
+    form.type("confirmation", "secret");
+    form.messages.willAnswer(discardQuestion, Answer::no);
+    QTest::keyClick(&form.window, Qt::Key_Escape);
+    EXPECT_TRUE(form.window.isVisible());
+}
+
+TEST(NewBooksWindow, ClosesWithoutAQuestionWhereNothingWasTypedAndByItsButton) {
+    {
+        Form form;
+        QTest::keyClick(&form.window, Qt::Key_Escape);
+        EXPECT_FALSE(form.window.isVisible());
+        EXPECT_TRUE(form.messages.texts().empty());
+    }
+    Form form;
+    form.fill();
+    auto* cancel = form.window.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel);
+    cancel->setFocus();
+    QTest::keyClick(cancel, Qt::Key_Return);
+    EXPECT_FALSE(form.window.isVisible());
+    EXPECT_EQ(form.window.result(), QDialog::Rejected);
+    EXPECT_TRUE(form.messages.texts().empty());
 }
 
 TEST(NewBooksWindow, EnterGoesFromFieldToField) {
