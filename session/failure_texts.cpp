@@ -66,12 +66,18 @@ constexpr std::array bookTexts{
     FailureText{Failure::noIdLeft,
                 "帐套文件“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。",
                 "帐套“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。"},
+    FailureText{Failure::unconfirmed,
+                "文件“{}”已经写好,但系统没有确认它已存到磁盘上。\n请检查磁盘,并核对该文件。",
+                "与服务器“{}”的连接在保存的最后一步中断,不知道本次操作是否已经保存。\n"
+                "请检查网络和服务器,先核对数据,再决定是否重做。"},
 };
 
 constexpr PlaceText registryDamaged =
     "帐套列表文件“{}”已损坏,没有改动它。\n请修复或移走该文件;帐套本身不受影响,仍可按路径打开。";
 constexpr PlaceText registryNewer =
     "帐套列表文件“{}”由更新版本的程序建立,没有改动它。\n请升级本程序。";
+constexpr PlaceText registryUnconfirmed =
+    "帐套列表文件“{}”已经写好,但系统没有确认它已存到磁盘上。\n请检查磁盘。";
 constexpr PlaceText registryOther =
     "无法读写帐套列表文件“{}”。\n请检查所在文件夹的权限和磁盘空间。";
 constexpr PlaceText passwordFileMissing = "找不到口令文件“{}”。\n请检查路径是否正确。";
@@ -84,6 +90,7 @@ PlaceText formatFor(Failure failure, bool isServer, FailureSubject subject) {
         return failure == Failure::missing ? passwordFileMissing : passwordFileOther;
     if (subject == FailureSubject::registry) {
         if (failure == Failure::damaged) return registryDamaged;
+        if (failure == Failure::unconfirmed) return registryUnconfirmed;
         return failure == Failure::newerVersion ? registryNewer : registryOther;
     }
     const auto found = std::ranges::find(bookTexts, failure, &FailureText::failure);

@@ -50,6 +50,9 @@ SheetFailure whileReading(const Status& status, const std::string& file) {
 }
 
 SheetFailure whileWriting(const Status& status, const std::string& file) {
+    if (status.failure == Failure::unconfirmed)
+        return {.reason = fmt::format(sheet_texts::unconfirmed, status.detail),
+                .heading = fmt::format(sheet_texts::written, file)};
     std::string reason = reasonOf(status);
     if (status.failure == Failure::missing) reason = sheet_texts::folderMissing;
     if (status.failure == Failure::full) reason = sheet_texts::diskFull;

@@ -4,6 +4,9 @@
 namespace chengheng::sheet_texts {
 
 inline constexpr const char* notWritten = "没有写入文件“{}”,原有的文件保持不变。";
+inline constexpr const char* written = "文件“{}”已经写好。";
+inline constexpr const char* unconfirmed =
+    "但系统没有确认它已存到磁盘上。请检查磁盘,并核对该文件。\n详细信息:{}";
 inline constexpr const char* notRead = "没有读入文件“{}”。";
 inline constexpr const char* place = "第 {} 行 {} 列:{}";
 inline constexpr const char* rowPlace = "第 {} 行:{}";

@@ -66,7 +66,8 @@ Status writeNewFile(const std::string& path, std::string_view text) {
 /// Makes a name that was given inside a folder lasting.
 Status flushFolder(const std::string& path) {
     OpenFile folder(path, O_RDONLY | O_DIRECTORY);
-    if (!folder.isOpen() || fsync(folder.number()) != 0) return systemFailure(errno, path);
+    if (!folder.isOpen() || fsync(folder.number()) != 0)
+        return Status::of(Failure::unconfirmed, systemFailure(errno, path).detail);
     return Status::done();
 }
 

@@ -88,7 +88,8 @@ Status StagedFile::move() const {
                                : link(m_path.c_str(), target.c_str());
     if (moved != 0 && errno == EEXIST) return Status::of(Failure::refused, m_wanted);
     if (moved != 0) return systemFailure(errno, m_wanted);
-    return flush(folderOf(target), O_RDONLY | O_DIRECTORY);
+    const Status lasting = flush(folderOf(target), O_RDONLY | O_DIRECTORY);
+    return lasting ? lasting : Status::of(Failure::unconfirmed, lasting.detail);
 }
 
 }  // namespace chengheng

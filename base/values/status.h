@@ -25,6 +25,8 @@ enum class Failure {
     cancelled,     ///< the operator gave up waiting
     wrongValue,    ///< a column holds what may not stand there
     noIdLeft,      ///< a table's ids have reached the largest number there is
+    unconfirmed,   ///< a file stands but may not outlast a power failure; a server took the
+                   ///< last step of a transaction and was gone before it answered
 };
 
 /// Outcome of a data operation: done, or a failure with the engine's own detail.

@@ -179,7 +179,9 @@ std::optional<Refusal> BooksCreation::createIn(RegistryChange* change, const New
     const BooksYear year{books.year, location};
     if (change != nullptr) {
         change->enter({id, books.name, books.company, {}}, year);
-        if (const Status status = change->save(); !status)
+        // A list that may not outlast a power failure names the books all the same.
+        const Status status = change->save();
+        if (!status && status.failure != Failure::unconfirmed)
             return failureRefusal(
                 failureText(status, m_registry->path(), FailureSubject::registry));
     }

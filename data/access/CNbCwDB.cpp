@@ -1,5 +1,7 @@
 #include "data/access/CNbCwDB.h"
 
+#include <algorithm>
+#include <array>
 #include <map>
 #include <utility>
 
@@ -45,8 +47,8 @@ struct CNbCwDB::Impl {
     /// Remembers the outcome; true when it is done.
     bool settle(Status outcome) {
         status = std::move(outcome);
-        const bool isLoss =
-            status.failure == Failure::lost || status.failure == Failure::unreachable;
+        constexpr std::array losses{Failure::lost, Failure::unreachable, Failure::unconfirmed};
+        const bool isLoss = std::ranges::find(losses, status.failure) != losses.end();
         if (isLoss && lossObserver) lossObserver(status);
         return status.isDone();
     }

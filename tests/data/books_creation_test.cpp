@@ -19,6 +19,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/failing_sync.h"
 #include "tests/support/made_books.h"
 
 namespace chengheng {
@@ -248,6 +249,17 @@ TEST(BooksCreation, ListThatCannotBeSavedTakesTheBooksWithIt) {
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->kind, RefusalKind::failed);
     EXPECT_FALSE(files::exists(registry.folder() + "/001"));
+}
+
+TEST(BooksCreation, ListThatTheDiskDoesNotConfirmKeepsTheBooksItNames) {
+    const BooksRegistry registry(freshFolder());
+    CreatedBooks created;
+    const FailingFolderSync failing;
+    EXPECT_EQ(refusalText(BooksCreation(&registry).create(sampleBooks(), created)), "");
+    std::vector<BooksSet> sets;
+    ASSERT_TRUE(registry.read(sets));
+    ASSERT_EQ(sets.size(), 1U);
+    EXPECT_TRUE(files::exists(sets.front().years.front().location));
 }
 
 TEST(BooksCreation, WithoutAListNeedsAPlace) {

@@ -10,6 +10,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/failing_sync.h"
 #include "tests/support/small_books.h"
 
 namespace {
@@ -130,6 +131,14 @@ TEST_P(Backup, DoesNotReplaceAFileThatAProgramHasOpen) {
     const std::optional<Refusal> refusal = backUpBooks(m_books, other, Overwrite::replaceBooks);
     EXPECT_THAT(textOf(refusal), HasSubstr("正在使用"));
     EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
+}
+
+TEST_P(Backup, ThatTheDiskDoesNotConfirmIsSaidToStand) {
+    const chengheng::FailingFolderSync failing;
+    const auto refusal = backUpBooks(m_books, m_file, Overwrite::refuse);
+    EXPECT_EQ(kindOf(refusal), RefusalKind::failed);
+    EXPECT_THAT(textOf(refusal), HasSubstr("文件“" + m_file + "”已经写好,但系统没有确认"));
+    EXPECT_EQ(contentOf(m_file), contentOf(m_books));
 }
 
 TEST_P(Backup, IntoAFolderThatIsMissingIsRefused) {
@@ -304,6 +313,15 @@ TEST_P(Restore, MakesNewBooksWhereNoneAre) {
     const std::string place = freshLocation(GetParam());
     EXPECT_EQ(textOf(restoreBooks(m_file, place, Overwrite::refuse)), "done");
     EXPECT_EQ(contentOf(place), m_content);
+}
+
+TEST(RestoreFile, ThatTheDiskDoesNotConfirmIsSaidToStand) {
+    const std::string folder = freshFolder();
+    const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
+    const chengheng::FailingFolderSync failing;
+    const std::string target = folder + "/restored.db";
+    EXPECT_THAT(textOf(restoreBooks(books, target, Overwrite::refuse)), HasSubstr("已经写好"));
+    EXPECT_EQ(contentOf(target), contentOf(books));
 }
 
 TEST_P(Restore, CorruptBackupIsRefusedAndTheBooksStay) {

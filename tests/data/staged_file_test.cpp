@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "tests/support/engine_cases.h"
+#include "tests/support/failing_sync.h"
 #include "tests/support/killed_process.h"
 
 namespace {
@@ -94,6 +95,17 @@ TEST_F(Staging, DatabaseWhoseLogIsNotBroughtInIsNotPlaced) {
     write(staged.path() + "-wal", "more pages");
     EXPECT_EQ(staged.place().failure, Failure::lost);
     EXPECT_FALSE(files::exists(m_target));
+}
+
+TEST_F(Staging, FileWhoseFolderIsNotConfirmedStandsAndIsSaidToStand) {
+    for (const Overwrite overwrite : {Overwrite::refuse, Overwrite::replace}) {
+        const std::string target = chengheng::freshFolder() + "/books.db";
+        StagedFile staged(target, overwrite);
+        write(staged.path(), "whole");
+        const chengheng::FailingFolderSync failing;
+        EXPECT_EQ(staged.place().failure, Failure::unconfirmed);
+        EXPECT_EQ(textOf(target), "whole");
+    }
 }
 
 TEST_F(Staging, FolderThatIsMissingIsAFailure) {

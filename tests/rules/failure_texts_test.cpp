@@ -15,6 +15,7 @@ constexpr Failure allFailures[] = {
     Failure::newerVersion, Failure::unreachable, Failure::lost,       Failure::full,
     Failure::busy,         Failure::unreadable,  Failure::refused,    Failure::notOpen,
     Failure::crossedWait,  Failure::cancelled,   Failure::wrongValue, Failure::noIdLeft,
+    Failure::unconfirmed,
 };
 
 TEST(FailureTexts, EveryFailureNamesTheFile) {
@@ -50,6 +51,18 @@ TEST(FailureTexts, LostServerIsSaidToBeConnectedAgain) {
               "本次操作没有完成,已保存的数据不受影响。\n"
               "请检查网络和服务器后重试,程序会自动重新连接。\n"
               "详细信息:server closed the connection");
+}
+
+TEST(FailureTexts, WhatIsNotConfirmedIsNotSaidToBeLeftUndone) {
+    EXPECT_EQ(failureText(Status::of(Failure::unconfirmed, "fsync"), booksFile),
+              "文件“/books/001/2026/Nbzw.db”已经写好,但系统没有确认它已存到磁盘上。\n"
+              "请检查磁盘,并核对该文件。\n详细信息:fsync");
+    EXPECT_EQ(
+        failureText(Status::of(Failure::unconfirmed), server),
+        "与服务器“postgresql://li@db.example:5432/books?schema=zw001_2026”的连接在保存的最后"
+        "一步中断,不知道本次操作是否已经保存。\n请检查网络和服务器,先核对数据,再决定是否重做。");
+    EXPECT_EQ(failureText(Status::of(Failure::unconfirmed), "books.json", FailureSubject::registry),
+              "帐套列表文件“books.json”已经写好,但系统没有确认它已存到磁盘上。\n请检查磁盘。");
 }
 
 TEST(FailureTexts, DetailOfTheEngineStandsOnOneLine) {

@@ -166,6 +166,10 @@ TEST(SheetFiles, FailuresOfTheSystemAreToldInWordsOfTheirOwn) {
     };
     EXPECT_TRUE(writing(Failure::readOnly).ends_with(sheet_texts::noRight));
     EXPECT_NE(writing(Failure::lost).find("input/output error"), std::string::npos);
+    EXPECT_EQ(writing(Failure::unconfirmed),
+              "文件“甲.csv”已经写好。\n"
+              "但系统没有确认它已存到磁盘上。请检查磁盘,并核对该文件。\n"
+              "详细信息:input/output error");
 }
 
 // One character in five may be broken: its rest is no further fault.

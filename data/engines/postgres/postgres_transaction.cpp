@@ -39,7 +39,10 @@ Status PostgresTransaction::begin(const char* control) {
 Status PostgresTransaction::commit() {
     Status status = mayGoOn();
     PostgresResult result;
-    if (status && m_isSent) status = run("COMMIT", &result);
+    if (status && m_isSent) {
+        status = run("COMMIT", &result);
+        if (status.failure == Failure::lost) status.failure = Failure::unconfirmed;
+    }
     // What was held back can have failed before the commit was reached.
     if (!status && mayRun() && PQtransactionStatus(m_connection.handle()) != PQTRANS_IDLE) {
         if (Status undone = m_connection.run("ROLLBACK"); !undone)
