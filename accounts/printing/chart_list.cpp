@@ -20,7 +20,7 @@ constexpr std::array fields{
         "byGrade", Alignment::center,
         [](const _CodeInfo& account) { return ReportCell(std::to_string(account.byGrade)); }},
     ListField<_CodeInfo>{"sCode", Alignment::left,
-                         [](const _CodeInfo& account) { return ReportCell(account.sCode); }},
+                         [](const _CodeInfo& account) { return ReportCell(account.sCode); }, true},
     ListField<_CodeInfo>{"sName", Alignment::left,
                          [](const _CodeInfo& account) {
                              return ReportCell(indentedName(account.sName, account.byGrade));

@@ -9,6 +9,7 @@
 
 #include "base/system/program_version.h"
 #include "forms/form_texts.h"
+#include "opening/printing/opening_list.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/window/account_finder.h"
 #include "opening/window/causes_window.h"
@@ -19,6 +20,7 @@
 #include "opening/window/opening_heading.h"
 #include "opening/window/opening_look.h"
 #include "opening/window/opening_menus.h"
+#include "opening/window/print_choice_window.h"
 #include "screen/CBalanceTableDlg.h"
 #include "screen/dialog_templates.h"
 #include "screen/help/help_pages.h"
@@ -291,8 +293,17 @@ void CNbCwBegleftDlg::OnMenuBalance() {
 void CNbCwBegleftDlg::OnMenuFind() { m_heading->searchBar().setFocus(); }
 
 void CNbCwBegleftDlg::print(chengheng::ReportOutput output) {
+    const std::vector<bool> without = chengheng::linesWithoutFigures(m_work.sheet());
+    const auto count = static_cast<std::size_t>(std::ranges::count(without, true));
+    chengheng::PrintChoiceWindow asking(without.size(), count, m_leavesOutZeros, this);
+    if (asking.DoModal() != Accepted) return;
+    m_leavesOutZeros = asking.leavesOut();
+    chengheng::GridChoice choice{.totals = chengheng::openingTotals(m_work.sheet())};
+    if (m_leavesOutZeros)
+        choice.leavesOut = [&without](int row) { return without[static_cast<std::size_t>(row)]; };
     const std::string year = fmt::format(opening_texts::accountingYear, m_work.accountingYear());
-    CNxGridControl::PrintOrPreview(*m_grid, {opening_texts::title, year}, static_cast<int>(output));
+    CNxGridControl::PrintOrPreview(*m_grid, {opening_texts::printTitle, year},
+                                   static_cast<int>(output), choice);
 }
 
 void CNbCwBegleftDlg::OnMenuPrint() { print(chengheng::ReportOutput::print); }

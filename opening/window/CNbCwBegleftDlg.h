@@ -88,4 +88,5 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     chengheng::FigureEditing* m_editing = nullptr;
     chengheng::OpeningHeading* m_heading = nullptr;
     chengheng::OpeningFoot* m_foot = nullptr;
+    bool m_leavesOutZeros = false;  ///< when it is printed, as chosen last
 };

@@ -54,6 +54,16 @@ std::size_t breakBefore(std::string_view text, std::size_t end) {
     return place > 0 ? place : end;
 }
 
+/// The blanks before a text. What they set in keeps to it in further lines, where they leave
+/// half of the width.
+std::string indentOf(std::string_view text) {
+    constexpr std::string_view wideBlank = "\u3000";
+    std::string_view rest = text;
+    while (rest.starts_with(' ') || rest.starts_with(wideBlank))
+        rest.remove_prefix(rest.starts_with(' ') ? 1 : wideBlank.size());
+    return std::string(text.substr(0, text.size() - rest.size()));
+}
+
 /// What is left after a line ended at its width: the blanks at that place are gone, and so is
 /// a line end just there.
 std::string_view nextLine(std::string_view text) {
@@ -99,25 +109,30 @@ std::string CellSetter::cut(std::string_view text, double width) const {
 std::vector<std::string> CellSetter::lines(std::string_view text, double width,
                                            std::size_t mostLines) const {
     const std::string shown = printable(text, mostLines > 1);
+    std::string indent = indentOf(shown);
+    if (this->width(indent) > width / 2) indent.clear();
     std::string_view rest = shown;
     std::vector<std::string> found;
+    std::string before;  // of a line that goes on the one above
     do {
         const std::size_t end = rest.find('\n');
         const std::string_view line = rest.substr(0, end);
-        const bool isWhole = fits(line, width);
+        const double room = width - this->width(before);
+        const bool isWhole = fits(line, room);
         const bool endsText = isWhole && end == std::string_view::npos;
         if (found.size() + 1 == mostLines && !endsText) {
             // The ellipsis stands even where the line itself fits, since more follows it.
-            found.push_back(isWhole && fits(std::string(line) + ellipsis, width)
-                                ? std::string(line) + ellipsis
-                                : cut(line, width));
+            found.push_back(before + (isWhole && fits(std::string(line) + ellipsis, room)
+                                          ? std::string(line) + ellipsis
+                                          : cut(line, room)));
             return found;
         }
         std::size_t length = line.size();
-        if (!isWhole) length = breakBefore(line, fittingLength(line, width));
-        found.emplace_back(withoutTrailingBlanks(line.substr(0, length)));
+        if (!isWhole) length = breakBefore(line, fittingLength(line, room));
+        found.push_back(before + std::string(withoutTrailingBlanks(line.substr(0, length))));
         rest.remove_prefix(isWhole && !endsText ? length + 1 : length);
         if (!isWhole) rest = nextLine(rest);
+        before = isWhole ? std::string() : indent;
         if (endsText) break;
     } while (!rest.empty());
     return found;

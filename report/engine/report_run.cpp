@@ -50,6 +50,7 @@ std::optional<Refusal> runReport(const Report& report,
                       .bFit = 1};
     extension.alignments = arrays.alignments;
     extension.lines = report.lines;
+    extension.keyColumn = report.keyColumn;
     extension.facts = report.facts;
     _SetColWordAlign(1, 0);
     engine.setHeadingLine(0, "");

@@ -44,43 +44,58 @@ std::vector<double> times(std::vector<double> widths, double factor) {
     return widths;
 }
 
-/// The columns that stand at the left of every strip: as many as leave half of the page free.
-Strip repeatedColumns(const ReportLayout& layout, const std::vector<double>& widths, double room) {
-    Strip repeated;
-    double width = 0;
-    for (std::size_t column = 0; column < widths.size(); ++column) {
-        width += widths[column];
-        if (std::cmp_equal(column, layout.repeatedColumns) || width > room / 2) break;
-        repeated.push_back(column);
-    }
-    return repeated;
-}
-
 Strip allColumns(std::size_t count) {
     Strip columns(count);
     std::iota(columns.begin(), columns.end(), std::size_t{0});
     return columns;
 }
 
+/// The columns that every strip has: the one that tells the rows apart, then those at the left,
+/// as many as leave half of the page free.
+Strip repeatedColumns(const CReport& report, const std::vector<double>& widths, double room) {
+    Strip columns = allColumns(widths.size());
+    const std::size_t key = std::min(report.extension().keyColumn, widths.size() - 1);
+    std::rotate(columns.begin(), columns.begin() + static_cast<std::ptrdiff_t>(key),
+                columns.begin() + static_cast<std::ptrdiff_t>(key) + 1);
+    Strip repeated;
+    double width = 0;
+    for (const std::size_t column : columns) {
+        width += widths[column];
+        if (std::cmp_equal(repeated.size(), report.layout().repeatedColumns) || width > room / 2)
+            break;
+        repeated.push_back(column);
+    }
+    return repeated;
+}
+
+/// A strip's columns in their order, where those repeated lie among its own; else these first.
+Strip inOrder(Strip strip, std::size_t repeatedCount) {
+    const auto own = strip.begin() + static_cast<std::ptrdiff_t>(repeatedCount);
+    const bool liesAmong = repeatedCount > 0 && own != strip.end() && strip.front() > *own &&
+                           strip.front() < strip.back();
+    if (liesAmong) std::ranges::sort(strip);
+    return strip;
+}
+
 /// Cuts a table into strips at a scale. A column has no more than what a strip leaves it.
-TableWidths inStrips(const ReportLayout& layout, double scale, std::vector<double> widths,
-                     double room) {
+TableWidths inStrips(const CReport& report, double scale, std::vector<double> widths, double room) {
     TableWidths table{scale, std::move(widths), {}};
-    const Strip repeated = repeatedColumns(layout, table.widths, room);
+    const Strip repeated = repeatedColumns(report, table.widths, room);
     const double left = room - table.stripWidth(repeated);
     Strip strip = repeated;
     double used = 0;
-    for (std::size_t column = repeated.size(); column < table.widths.size(); ++column) {
+    for (std::size_t column = 0; column < table.widths.size(); ++column) {
+        if (std::ranges::count(repeated, column) > 0) continue;
         double& width = table.widths[column];
         width = std::min(width, left);
         if (used > 0 && used + width > left) {
-            table.strips.push_back(std::exchange(strip, repeated));
+            table.strips.push_back(inOrder(std::exchange(strip, repeated), repeated.size()));
             used = 0;
         }
         strip.push_back(column);
         used += width;
     }
-    table.strips.push_back(std::move(strip));
+    table.strips.push_back(inOrder(std::move(strip), repeated.size()));
     return table;
 }
 
@@ -108,8 +123,8 @@ TableWidths tableWidths(const CReport& report, const ITextMeasure& measure, doub
     const std::vector<Strip> oneStrip{allColumns(natural.size())};
     if (fitting >= 1) return {1, times(natural, std::min(fitting, layout.mostStretch)), oneStrip};
     if (fitting >= layout.leastScale) return {fitting, times(natural, fitting), oneStrip};
-    auto large = inStrips(layout, 1, natural, room);
-    auto small = inStrips(layout, layout.leastScale, times(natural, layout.leastScale), room);
+    auto large = inStrips(report, 1, natural, room);
+    auto small = inStrips(report, layout.leastScale, times(natural, layout.leastScale), room);
     const bool isSmall = small.strips.size() < large.strips.size();
     return widened(std::move(isSmall ? small : large), layout, room);
 }

@@ -13,7 +13,7 @@ using Strip = std::vector<std::size_t>;
 
 /// How the columns of a report share the pages. A table that is narrower than the page widens;
 /// one that is wider shrinks, and when that is not enough is cut into strips, each of which
-/// begins with the first columns again.
+/// begins with the columns that tell its rows apart.
 struct TableWidths {
     double scale = 1;            ///< of texts, rows and columns
     std::vector<double> widths;  ///< by column, in millimetres, scaled

@@ -50,6 +50,7 @@ struct Report {
     std::string title;
     std::vector<HeadingLine> lines;
     std::vector<ReportColumn> columns;
+    std::size_t keyColumn = 0;      ///< the one that tells the rows apart
     std::vector<ReportCell> cells;  ///< row by row
     PageSettings page;
     ReportFacts facts;

@@ -17,6 +17,7 @@ struct ListField {
     std::string_view name;
     Alignment alignment;
     ReportCell (*cell)(const Record& record);
+    bool isKey = false;  ///< tells the records apart; where none does, the first field does
 };
 
 /// A row for each record. A column that names a field takes that one, one that names none the
@@ -39,6 +40,11 @@ void addRows(Report& report, std::span<const ListField<Record>> fields,
         if (filler != nullptr) column.alignment = filler->alignment;
         fillers.push_back(filler);
     }
+    const auto marked = std::ranges::find(fields, true, &ListField<Record>::isKey);
+    const ListField<Record>* const key = marked == fields.end() ? fields.data() : &*marked;
+    const auto place = std::ranges::find(fillers, key);
+    if (place != fillers.end())
+        report.keyColumn = static_cast<std::size_t>(place - fillers.begin());
     for (const Record& record : records)
         for (const ListField<Record>* filler : fillers)
             report.cells.push_back(filler == nullptr ? ReportCell() : filler->cell(record));

@@ -62,11 +62,26 @@ void addColumns(Report& report, const QTableView& grid) {
     report.page.isPortrait = width <= uprightWidth;
 }
 
-void addCells(Report& report, const QTableView& grid) {
+/// The first column of a model tells its rows apart, wherever it was moved to.
+std::size_t keyColumn() {
+    const auto& columns = g_lpHead->columns;
+    return static_cast<std::size_t>(
+        std::ranges::min_element(columns, {}, &GridHeadColumn::section) - columns.begin());
+}
+
+void addTotals(Report& report, const GridChoice& choice) {
+    for (const std::map<int, std::string>& texts : choice.totals)
+        for (const GridHeadColumn& column : g_lpHead->columns) {
+            const auto text = texts.find(column.section);
+            report.cells.push_back(text == texts.end() ? ReportCell() : ReportCell(text->second));
+        }
+}
+
+void addCells(Report& report, const QTableView& grid, const GridChoice& choice) {
     const int rows = grid.model()->rowCount(grid.rootIndex());
     report.cells.reserve(static_cast<std::size_t>(rows) * report.columns.size());
     for (int row = 0; row < rows; ++row) {
-        if (grid.isRowHidden(row)) continue;
+        if (grid.isRowHidden(row) || (choice.leavesOut && choice.leavesOut(row))) continue;
         for (const GridHeadColumn& column : g_lpHead->columns)
             report.cells.emplace_back(cellOf(grid, row, column).data().toString().toStdString());
     }
@@ -116,14 +131,17 @@ bool CNxGridControl::BeforePrintGrid(const QTableView& grid) {
 }
 
 bool CNxGridControl::PrintOrPreview(const QTableView& grid,
-                                    const std::array<std::string_view, 4>& headings, int flag) {
+                                    const std::array<std::string_view, 4>& headings, int flag,
+                                    const GridChoice& choice) {
     const bool isPrepared = g_lpHead->grid == &grid && !g_lpHead->columns.empty();
     if (!isPrepared && !BeforePrintGrid(grid)) return false;
     Report report;
     report.facts = hostReportFacts();
     addHeadings(report, headings);
     addColumns(report, grid);
-    addCells(report, grid);
+    report.keyColumn = keyColumn();
+    addCells(report, grid, choice);
+    addTotals(report, choice);
     // Another grid may be printed while these pages are shown.
     g_lpHead->grid = nullptr;
     g_lpHead->columns.clear();

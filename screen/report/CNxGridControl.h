@@ -3,6 +3,8 @@
 #include <QPointer>
 #include <QTableView>
 #include <array>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +26,14 @@ struct GridHead {
     QPointer<QWidget> owner;              ///< the window above which pages are shown
     QPointer<const QTableView> grid;      ///< whose columns these are; null: none are prepared
     std::vector<GridHeadColumn> columns;  ///< in the order in which they are seen
+};
+
+/// What of a grid goes onto paper beside or instead of what stands on the screen.
+struct GridChoice {
+    /// Rows that are left out; none: all are printed.
+    std::function<bool(int row)> leavesOut = {};
+    /// Rows below the grid's own: their texts by column of the model.
+    std::vector<std::map<int, std::string>> totals = {};
 };
 
 }  // namespace chengheng
@@ -52,7 +62,8 @@ class CNxGridControl {
     /// the page does not repeat it. False as BeforePrintGrid, which is done here where it was
     /// not before.
     static bool PrintOrPreview(const QTableView& grid,
-                               const std::array<std::string_view, 4>& headings, int flag);
+                               const std::array<std::string_view, 4>& headings, int flag,
+                               const chengheng::GridChoice& choice = {});
 };
 
 namespace chengheng {

@@ -65,6 +65,15 @@ TEST_F(CellLines, BeginANewLineWhereTheTextDoes) {
     EXPECT_THAT(lines("甲\n乙\n丙", 8, 2), ElementsAre("甲", "乙…"));
 }
 
+TEST_F(CellLines, KeepToTheBlanksBeforeTheirText) {
+    EXPECT_THAT(lines("  南京清和商贸有限公司", 10, 3),
+                ElementsAre("  南京清和", "  商贸有限", "  公司"));
+    EXPECT_THAT(lines("\u3000南京清和商贸有限公司", 8, 2),
+                ElementsAre("\u3000南京清", "\u3000和商…"));
+    EXPECT_THAT(lines("  甲乙\n丙", 10, 3), ElementsAre("  甲乙", "丙"));
+    EXPECT_THAT(lines("      南京清和", 8, 3), ElementsAre("      南", "京清和")) << "too many";
+}
+
 TEST_F(CellLines, LeaveOutBlanksAtTheEndAndCharactersWithoutShape) {
     EXPECT_THAT(lines("甲\t乙\x01\x7f \n", 20), ElementsAre("甲 乙"));
     EXPECT_THAT(lines("甲\n\n", 20, 3), ElementsAre("甲"));

@@ -206,6 +206,27 @@ TEST_F(ReportPagesTest, CutAMuchTooWideTableIntoStripsThatBeginWithTheFirstColum
     EXPECT_THAT(texts(pages[3], FontRole::edge), ElementsAre("4/4"));
 }
 
+TEST_F(ReportPagesTest, BeginEachStripWithTheColumnThatTellsTheRowsApart) {
+    Report report = sampleReport({20, 60, 60, 60, 60, 60});
+    report.keyColumn = 4;
+    addNumberedRows(report, 2);
+    const auto pages = draw(report);
+    ASSERT_EQ(pages.size(), 2U);
+    EXPECT_THAT(texts(pages[0], FontRole::column), ElementsAre("栏5", "栏1", "栏2", "栏3"));
+    EXPECT_THAT(texts(pages[1], FontRole::column), ElementsAre("栏4", "栏5", "栏6"));
+}
+
+TEST_F(ReportPagesTest, KeepTheOrderOfAStripThatTheColumnStandsAmong) {
+    Report report = sampleReport({20, 20, 60, 60, 60, 60});
+    report.keyColumn = 1;
+    addNumberedRows(report, 2);
+    const auto pages = draw(report);
+    ASSERT_GE(pages.size(), 2U);
+    const auto first = texts(pages[0], FontRole::column);
+    EXPECT_THAT(std::vector(first.begin(), first.begin() + 3), ElementsAre("栏1", "栏2", "栏3"));
+    EXPECT_EQ(texts(pages[1], FontRole::column).front(), "栏2");
+}
+
 TEST_F(ReportPagesTest, OfAListTellTheCodeInEveryStripThoughTheLevelStandsBeforeIt) {
     Report report = sampleReport({6, 18, 40, 40, 40, 40});
     addNumberedRows(report, 3);

@@ -147,6 +147,7 @@ TEST_F(GridPrintingTest, PreparesAnewForAnotherGrid) {
     table.setModel(&other);
     ASSERT_TRUE(CNxGridControl::BeforePrintGrid(grid));
     EXPECT_THAT(columnHeadings(printed(table)), ElementsAre("编码"));
+    EXPECT_EQ(printed(table).keyColumn, 0U);
 }
 
 TEST_F(GridPrintingTest, TurnsThePageForATableOfMoreThan110Characters) {
@@ -176,6 +177,7 @@ TEST_F(GridPrintingTest, PrintsAnyTableInTheOrderOfTheScreenWithoutHiddenRows) {
     const Report& report = printed(table);
     EXPECT_THAT(columnHeadings(report), ElementsAre("名称", "编码"));
     EXPECT_THAT(cellTexts(report), ElementsAre("名0", "0", "名2", "2"));
+    EXPECT_EQ(report.keyColumn, 1U);
     EXPECT_EQ(report.columns[1].width, 12);
     EXPECT_EQ(report.columns[1].alignment, Alignment::right);
 }
