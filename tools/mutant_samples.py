@@ -47,6 +47,7 @@ STATEMENTS = [
     ("one that adds", "*a += b;", [";"]),
     ("a count is dropped", "++a;", [";"]),
     ("a declaration stays", "std::vector<int> a(b);", []),
+    ("one of what must not be done too", "struct A { A(const A&) = delete; };", []),
     ("one with a value too", "const auto a = f(b);", []),
     ("a body without braces", "for (auto a : b) f(a);", ["for (auto a : b) ;"]),
     ("the head of a loop keeps its parts", "for (; a < b; ++a) {}", ["for (; a <= b; ++a) {}"]),

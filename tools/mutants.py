@@ -18,6 +18,7 @@ CALL = re.compile(
     r"(\*|\+\+|--)?[\w:.>\[\]()-]+?(\(\)(\(\)|\[\])*|\+\+|--)|(\+\+|--)[\w:.>\[\]()-]+")
 ASSIGNMENT = re.compile(r"\*?[\w:.>\[\]()-]+ (?:[-+*/%|&^]|<<|>>)?= .*", re.DOTALL)
 DECLARATION = re.compile(r"\s*(const )?[\w:<>, ]+[\s&*]+\w+ = ", re.DOTALL)
+DECLARED_ONLY = re.compile(r"= (?:delete|default)$")
 OF_NO_EFFECT = re.compile(r"[.>](reserve|shrink_to_fit)\(")
 # What a value made of nothing is already.
 NOT_FOR_DEFAULTS = {"true", "{}", "false", "0", "nullptr", "std::nullopt", '""', "'\\0'",
@@ -221,6 +222,8 @@ def dropped_statements(code):
             continue
         end = statement_end(code, start)
         if end is None or OF_NO_EFFECT.search(code[start:end]):
+            continue
+        if DECLARED_ONLY.search(code[start:end]):
             continue
         statement = flat(code[start:end]).rstrip()
         statement = without_blanks_in_brackets(re.sub(r"\s+(?=\.|->)", "", statement))
