@@ -60,7 +60,6 @@ bool BatchReader::next(ReadStatement& statement) {
     if (m_at == m_end || !m_status) return false;
     m_length = 0;
     m_values.clear();
-    m_depth = 0;
     m_levels[0] = {};
     m_glue = Glue::none;
     m_isWorthKeeping = true;

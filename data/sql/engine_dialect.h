@@ -9,7 +9,8 @@ namespace chengheng {
 
 /// What a statement must look like on an engine.
 struct EngineDialect {
-    /// Follows a LIKE pattern so that a backslash takes the meaning off % and _.
+    /// Follows a LIKE pattern, with a blank in front, so that a backslash takes the meaning off
+    /// % and _.
     std::string_view likeEscape;
     /// Follows a select of an id counter inside a unit of work, to keep others from it.
     std::string_view rowLock;

@@ -101,7 +101,7 @@ class Writer {
         } else {
             m_translated.sql += token.text;
         }
-        if (isPattern && !isNext(at, "escape")) writeEscape();
+        if (isPattern && !isNext(at, "escape")) m_translated.sql += m_dialect.likeEscape;
         return Status::done();
     }
 
@@ -109,12 +109,6 @@ class Writer {
         const Token& token = m_tokens[at];
         if (token.kind != TokenKind::text && !token.is("?")) return false;
         return !isNext(at, "||");
-    }
-
-    void writeEscape() {
-        if (m_dialect.likeEscape.empty()) return;
-        if (m_dialect.likeEscape.front() != ' ') m_translated.sql += ' ';
-        m_translated.sql += m_dialect.likeEscape;
     }
 
     const EngineDialect& m_dialect;

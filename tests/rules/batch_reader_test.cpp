@@ -216,6 +216,106 @@ TEST(BatchReader, TextThatIsNotUtf8IsRefused) {
     EXPECT_EQ(failureOf("DELETE \"\xff\""), "line 1, column 9: a byte that is no character");
 }
 
+TEST(BatchReader, PlacesCountCharactersNotBytes) {
+    EXPECT_EQ(failureOf("DELETE A WHERE s = '库é𠮷' #"),
+              "line 1, column 26: a character that may stand in quoted text only");
+    EXPECT_EQ(failureOf("DELETE A\n\n  UPDATE B"), "line 3, column 3: a statement is unfinished");
+}
+
+TEST(BatchReader, AStatementKnowsNothingOfTheOneBeforeIt) {
+    const std::string before[] = {"DELETE A WHERE b BETWEEN 1", "DELETE A WHERE b IN (1)",
+                                  "UPDATE A SET b = 1 WHERE c = 2", "INSERT A VALUES(1, 'x''y')",
+                                  "SELECT 1 FROM A WHERE b = (2)"};
+    const std::string after[] = {"DELETE B WHERE c = 1 AND 5", "INSERT B VALUES(7)",
+                                 "DELETE 'b' = 5", "SELECT 1, 2 FROM B WHERE c = 3",
+                                 "UPDATE B = 4 SET c = 5"};
+    for (const std::string& first : before)
+        for (const std::string& second : after) {
+            const auto alone = readStatements(second);
+            const auto both = readStatements(first + "\n" + second);
+            ASSERT_EQ(alone.statements.size() + 1, both.statements.size()) << first << second;
+            if (!alone.statements.empty())
+                EXPECT_EQ(both.statements.back(), alone.statements.back()) << first << second;
+        }
+}
+
+/// Batches with every kind of token, which are cut anywhere.
+const std::vector<std::string_view> allTokens{
+    "INSERT INTO A VALUES( 1 , -2.5, 'a''b',.5,1e-3,abs(x.y), NULL),( -7,\"q\"\"r\" )",
+    "UPDATE A SET b = 5 - -3, c='x' || d WHERE e <> 2 AND s LIKE 'q%' -- end\r\nDELETE B",
+    "BEGIN TRANSACTION a\nCOMMIT TRANSACTION\nSELECT /* c */ * FROM A.B WHERE b != 3 AND c>=-1;"};
+
+TEST(BatchReader, WhatFollowsTheBatchInMemoryIsNotRead) {
+    const auto readOf = [](std::string_view batch) {
+        const BatchCopy read = readStatements(batch);
+        std::string all = read.status.detail;
+        for (const StatementCopy& one : read.statements)
+            all += "\n" + one.shape + " | " + one.values + (one.isWorthKeeping ? "" : " | once");
+        return all;
+    };
+    for (const std::string_view batch : allTokens)
+        for (std::size_t size = 0; size <= batch.size(); ++size) {
+            const std::string cut(batch.substr(0, size));
+            const std::string alone = readOf(cut);
+            for (const char following : std::string_view("a1'\"(-/*.;=>|,) \n")) {
+                const std::string longer = cut + following + following;
+                EXPECT_EQ(readOf(std::string_view(longer).substr(0, size)), alone) << longer;
+            }
+        }
+}
+
+TEST(BatchReader, AShapeMayBeLong) {
+    std::string list;
+    for (int name = 0; name < 3000; ++name)
+        list += (name == 0 ? "" : ",") + std::string("column") + std::to_string(name);
+    EXPECT_THAT(shapesOf("SELECT " + list + " FROM A"), ElementsAre("select " + list + " from a"));
+    const std::string name(3000, 'a');
+    EXPECT_THAT(shapesOf("DELETE " + name + " WHERE " + name + " = 1"),
+                ElementsAre("delete " + name + " where " + name + "=#"));
+    std::string rows;
+    std::string marks;
+    for (int row = 0; row < 1000; ++row) {
+        rows += row == 0 ? "(1,2.5)" : ",(1,2.5)";
+        marks += row == 0 ? "(#,~)" : ",(#,~)";
+    }
+    EXPECT_THAT(shapesOf("INSERT A VALUES" + rows), ElementsAre("insert a values" + marks));
+}
+
+TEST(BatchReader, WordsAfterWhichMoreMustComeLeaveAStatementUnfinished) {
+    for (const char* word :
+         {"all",       "as",     "by",    "distinct", "escape", "in",     "into",    "is",
+          "join",      "not",    "on",    "or",       "and",    "like",   "between", "from",
+          "where",     "having", "group", "order",    "limit",  "offset", "union",   "except",
+          "intersect", "set",    "b.",    "b =",      "b <>",   "b ||",   "b +",     ","})
+        EXPECT_EQ(failureOf("SELECT a FROM A WHERE b " + std::string(word)),
+                  "line 1, column 1: a statement is unfinished")
+            << word;
+    for (const char* word : {"null", "beginx", "intersects", "wheres", "b.select"})
+        EXPECT_TRUE(readStatements("SELECT a FROM A WHERE b " + std::string(word)).status) << word;
+}
+
+TEST(BatchReader, FirstWordsWithinAStatementContinueItOnlyWhereTheyCan) {
+    EXPECT_EQ(failureOf("UPDATE A SELECT 1"),
+              "line 1, column 10: the statement before this word is unfinished");
+    EXPECT_EQ(failureOf("INSERT A VALUES(1) SELECT 2"),
+              "line 1, column 20: a statement begins in the middle of a line");
+    EXPECT_EQ(failureOf("DELETE A WHERE b = SELECT 1"),
+              "line 1, column 20: the statement before this word is unfinished");
+    EXPECT_EQ(failureOf("INSERT A, SELECT 1"),
+              "line 1, column 11: the statement before this word is unfinished");
+    EXPECT_THAT(shapesOf("DELETE A WHERE b IN (1, delete, drop)\nDELETE B"),
+                ElementsAre("delete a where b in(1,delete,drop)", "delete b"));
+    EXPECT_THAT(shapesOf("SELECT drop FROM A WHERE create = 1"),
+                ElementsAre("select drop from a where create=#"));
+    EXPECT_THAT(shapesOf("DELETE A WHERE b IN (\ndrop)"), ElementsAre("delete a where b in(drop)"));
+    EXPECT_THAT(shapesOf("INSERT A (b, (SELECT 1), c) VALUES(2)"),
+                ElementsAre("insert a(b,(select 1),c)values(#)"));
+    EXPECT_EQ(failureOf("INSERT A (b, (SELECT 1), c)"),
+              "line 1, column 1: a statement is unfinished");
+    EXPECT_EQ(failureOf("UPDATE A (b, set)"), "line 1, column 1: a statement is unfinished");
+    EXPECT_EQ(failureOf("INSERT A (values)"), "line 1, column 1: a statement is unfinished");
+}
+
 TEST(BatchReader, AFailureEndsTheReadingForGood) {
     BatchReader reader("DELETE A;DROP B;DELETE C");
     ReadStatement statement;

@@ -87,6 +87,35 @@ TEST(BatchValues, OfASubselectAreLifted) {
               "update a set b=# where exists(select 1 from b where c=#)and d=# | 1, 2, 3");
 }
 
+TEST(BatchValues, StayInEveryPartButThoseThatTellTheirType) {
+    EXPECT_EQ(lifted("SELECT a FROM f(1) WHERE b = 2 GROUP BY 3 HAVING c = 4 ORDER BY 5 LIMIT 6"),
+              "select a from f(1)where b=# group by 3 having c=4 order by 5 limit 6 | 2 | once");
+    EXPECT_EQ(lifted("SELECT a FROM A WHERE b = 1 UNION SELECT 2 FROM B WHERE c = 3"),
+              "select a from a where b=# union select 2 from b where c=# | 1, 3");
+    EXPECT_EQ(lifted("SELECT a FROM A WHERE b = 1 OFFSET 7"),
+              "select a from a where b=# offset 7 | 1");
+    EXPECT_EQ(lifted("SELECT (1), f(2) FROM A"), "select(1),f(2)from a | ");
+    EXPECT_EQ(lifted("UPDATE A SET b = 1.5, c = (2), d = f(3), e = 'x' WHERE g = f(4)"),
+              "update a set b=~,c=(2),d=f(3),e=? where g=f(4) | 1.5, 'x' | once");
+    EXPECT_EQ(lifted("INSERT A VALUES((1), 2), (3, 4)"),
+              "insert a values((1),#),(#,#) | 2, 3, 4 | once");
+    EXPECT_EQ(lifted("DELETE A WHERE (b = 1 AND c BETWEEN 2 AND (3)) AND 4"),
+              "delete a where(b=# and c between # and(3))and 4 | 1, 2 | once");
+    EXPECT_EQ(lifted("DELETE A WHERE b BETWEEN (SELECT 1 AND 2) AND 3"),
+              "delete a where b between(select 1 and 2)and # | 3");
+}
+
+TEST(BatchValues, WithAnOperatorBehindThemAreUnlifted) {
+    EXPECT_EQ(lifted("UPDATE A SET b = 1 + 2, c = -3 - 4, d = 'x''y' || e, f = 5"),
+              "update a set b=1+2,c= -3-4,d='x''y'||e,f=# | 5 | once");
+    EXPECT_EQ(lifted("DELETE A WHERE b = 1 = 2"), "delete a where b=1=# | 2 | once");
+    EXPECT_EQ(lifted("DELETE A WHERE b = 1 % 2"), "delete a where b=1%2 |  | once");
+    EXPECT_EQ(lifted("DELETE A WHERE b LIKE 'x' || 'y'"),
+              "delete a where b like 'x'||'y' |  | once");
+    EXPECT_EQ(lifted("UPDATE A SET b = NULL - -1"), "update a set b=null- -1 |  | once");
+    EXPECT_EQ(lifted("UPDATE A SET b = *-1"), "update a set b= * -1 |  | once");
+}
+
 TEST(BatchValues, BeforeAComparisonStay) {
     EXPECT_EQ(lifted("DELETE A WHERE 0 = lId AND 5 < mBegin"),
               "delete a where 0=lid and 5<mbegin |  | once");
@@ -122,6 +151,12 @@ TEST(BatchValues, WhatLooksLikeANumberMustBeOne) {
     EXPECT_EQ(lifted("INSERT A VALUES(1e)"), "line 1, column 17: a number that runs into a word");
     EXPECT_EQ(lifted("INSERT A VALUES(1e999)"), "line 1, column 17: a number that cannot be held");
     EXPECT_EQ(lifted("INSERT A VALUES(-.)"), "line 1, column 17: a number that cannot be held");
+    EXPECT_EQ(lifted("DELETE A WHERE b = ."), "line 1, column 20: a number that cannot be held");
+    EXPECT_EQ(lifted("DELETE A WHERE b = 1x"), "line 1, column 20: a number that runs into a word");
+    EXPECT_EQ(lifted("DELETE A WHERE b = 1.2."),
+              "line 1, column 20: a number that runs into a word");
+    EXPECT_EQ(lifted("DELETE A WHERE b = 1'x'"), "line 1, column 21: two values in a row");
+    EXPECT_EQ(lifted("SELECT 1 2"), "line 1, column 10: two values in a row");
 }
 
 TEST(BatchValues, FormattedNonNumbersAreRefused) {

@@ -61,10 +61,15 @@ TEST(Translation, AddsIntoAndFrom) {
 }
 
 TEST(Translation, RefusesASecondNameBehindTheTableOfAChange) {
-    for (const char* text : {"DELETE Code\nrolback", "DELETE FROM Code c WHERE lId = 1",
-                             "UPDATE Code AS c SET lId = 1", "INSERT INTO Code c VALUES (1)"})
+    for (const char* text :
+         {"DELETE Code\nrolback", "DELETE FROM Code c WHERE lId = 1",
+          "UPDATE Code AS c SET lId = 1", "INSERT INTO Code c VALUES (1)",
+          "UPDATE main.Code c SET lId = 1", "DELETE Code, Users", "INSERT Code c SELECT 1"})
         EXPECT_EQ(failureOf(text), "more than a table where the table stands");
     EXPECT_EQ(sqlOf("DELETE main.Code WHERE lId = 1"), "delete from main.code where lid=$1");
+    EXPECT_EQ(sqlOf("UPDATE a.b.Code SET lId = 1"), "update a.b.code set lid=$1");
+    EXPECT_EQ(sqlOf("DELETE FROM a.b.Code"), "delete from a.b.code");
+    EXPECT_EQ(sqlOf("INSERT Foo (lId) SELECT 1"), "insert into foo(lid)select 1");
 }
 
 TEST(Translation, BeginsAnewInWhatHeldAnotherOne) {
@@ -117,6 +122,19 @@ TEST(Translation, CountsTheValuesOfAPositionalInsert) {
     EXPECT_EQ(failureOf("INSERT UserAuth ( lId, lUserId ) Values( 1 )"), "1 values for 2 columns");
 }
 
+TEST(Translation, CountsTheValuesWhateverStandsInThem) {
+    EXPECT_EQ(sqlOf("INSERT UserAuth Values( 1, f(2, g(3, 4), 5), 'N' )"),
+              "insert into userauth values($1,f(2,g(3,4),5),$2)");
+    EXPECT_EQ(failureOf("INSERT main.UserAuth Values( 1 )"), "1 values for 3 columns");
+    EXPECT_EQ(failureOf("INSERT INTO a.b.UserAuth Values( 1 )"), "1 values for 3 columns");
+    EXPECT_EQ(failureOf("INSERT \"USERAUTH\" Values( 1 )"), "1 values for 3 columns");
+    EXPECT_EQ(failureOf("INSERT INTO UserAuth Values( 1, 2, 'N' ), ( 1 )"),
+              "1 values for 3 columns");
+    EXPECT_EQ(failureOf("INSERT Unknown ( a, b, c ) Values( 1 )"), "1 values for 3 columns");
+    EXPECT_EQ(sqlOf("INSERT ProjItems Values( 1 )"), "insert into projitems values($1)");
+    EXPECT_EQ(sqlOf("INSERT \"Values\" Values( 1 )"), "insert into \"Values\" values($1)");
+}
+
 TEST(Translation, LeavesUnknownTablesToTheEngine) {
     EXPECT_EQ(sqlOf("INSERT Unknown Values( 1 )"), "insert into unknown values($1)");
     EXPECT_EQ(sqlOf("INSERT UserAuth SELECT * FROM Old"), "insert into userauth select*from old");
@@ -133,6 +151,15 @@ TEST(Translation, FindsTheDatesOfAnInsert) {
                 ElementsAre(0));
     EXPECT_THAT(translatedOf("INSERT UserAuth Values( 1, 2, '2026/1/5' )").dateParameters,
                 IsEmpty());
+    EXPECT_THAT(translatedOf("INSERT ExchgFlt Values(1, 2, NULL, 1, 0.0, 0.0), "
+                             "(1, 2, '2026/1/5', 1, 0.0, 0.0)")
+                    .dateParameters,
+                ElementsAre(7));
+    EXPECT_EQ(sqlOf("INSERT ExchgFlt Values(1, 2, f('x', '2026/1/5'), 1, 0.0, 0.0)"),
+              "insert into exchgflt values($1,$2,f('x','2026/1/5'),$3,$4,$5)");
+    EXPECT_THAT(
+        translatedOf("INSERT main.ExchgFlt (\"dtDate\", lId) Values('2026/1/5', 1)").dateParameters,
+        ElementsAre(0));
 }
 
 TEST(Translation, FindsTheDatesOfConditionsAndAssignments) {
@@ -152,6 +179,10 @@ TEST(Translation, BringsDatesThatStayIntoTheStoredForm) {
               "delete from regmain where dtdate in('2026-01-05',null,'2026-02-05')"
               "and ssign not in('2026/1/5')");
     EXPECT_EQ(failureOf("DELETE RegMain WHERE dtDate IN ('2026/2/30')"), "no date: '2026/2/30'");
+    EXPECT_EQ(sqlOf("DELETE RegMain WHERE dtDate NOT IN ('2026/1/5') OR f('2026/1/5')"),
+              "delete from regmain where dtdate not in('2026-01-05')or f('2026/1/5')");
+    EXPECT_EQ(sqlOf("SELECT a FROM A WHERE b AND c AND '2026/1/5' OR IN ('2026/1/5')"),
+              "select a from a where b and c and '2026/1/5' or in('2026/1/5')");
 }
 
 TEST(Translation, RefusesADateBeforeItsColumn) {
@@ -159,6 +190,15 @@ TEST(Translation, RefusesADateBeforeItsColumn) {
               "a date before the column it belongs to");
     EXPECT_EQ(failureOf("DELETE RegMain WHERE '2026/1/5' BETWEEN dtDate AND dtDate"),
               "a date before the column it belongs to");
+    for (const char* sign : {"=", "<>", "!=", "<", ">", "<=", ">=", "not between"})
+        EXPECT_EQ(
+            failureOf("SELECT a FROM A WHERE '2026/1/5' " + std::string(sign) + " a.b.dtDate"),
+            "a date before the column it belongs to")
+            << sign;
+    for (const char* text : {"SELECT a FROM A WHERE 'x' = sSign", "SELECT 'x' FROM dtDate",
+                             "SELECT a FROM A WHERE 'x' || dtDate = b", "SELECT 'x' not FROM A",
+                             "SELECT a FROM A WHERE 'x' = 'y'", "SELECT 'x', dtDate FROM A"})
+        EXPECT_TRUE(translatedOf(text).dateParameters.empty()) << text;
 }
 
 TEST(Translation, NormalisesDates) {
@@ -193,6 +233,7 @@ TEST(Translation, TellsOtherUsesOfTheCounters) {
         EXPECT_FALSE(translated.isIdUpdate) << text;
     }
     EXPECT_FALSE(translatedOf("DELETE AccSum WHERE s = 'ABIdTable'").touchesIdTable);
+    EXPECT_FALSE(translatedOf("SELECT 'ABIdTable', \"ABIdTable2\" FROM Code").touchesIdTable);
 }
 
 }  // namespace
