@@ -28,13 +28,13 @@ std::optional<SheetFailure> SheetBudget::take(std::size_t cells, std::size_t byt
 }
 
 std::optional<SheetFailure> SheetBudget::put(Sheet& sheet, std::size_t row, std::size_t column,
-                                             Cell cell) {
+                                             Cell cell, std::size_t bytes) {
     if (cell.isAbsent()) return std::nullopt;
     if (row >= limits::rows) return tooMany(sheet_texts::tooManyRows, limits::rows);
     if (column >= limits::columns) return tooMany(sheet_texts::tooManyColumns, limits::columns);
     const std::size_t before = row < sheet.rows.size() ? sheet.rows[row].size() : 0;
     const std::size_t added = column < before ? 0 : column + 1 - before;
-    if (std::optional<SheetFailure> failure = take(added, 0)) return failure;
+    if (std::optional<SheetFailure> failure = take(added, bytes)) return failure;
     if (row >= sheet.rows.size()) sheet.rows.resize(row + 1);
     if (added > 0) sheet.rows[row].resize(column + 1);
     sheet.rows[row][column] = std::move(cell);

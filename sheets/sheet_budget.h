@@ -11,8 +11,10 @@ namespace chengheng {
 class SheetBudget {
   public:
     /// Puts a cell into a sheet, making the rows and cells before it as need be. Counts rows
-    /// and columns from 0. An absent cell makes none. The bytes of the text are not counted.
-    std::optional<SheetFailure> put(Sheet& sheet, std::size_t row, std::size_t column, Cell cell);
+    /// and columns from 0. An absent cell makes none. `bytes` are those of its text that were not
+    /// taken before.
+    std::optional<SheetFailure> put(Sheet& sheet, std::size_t row, std::size_t column, Cell cell,
+                                    std::size_t bytes);
     /// Counts cells and the bytes of texts.
     std::optional<SheetFailure> take(std::size_t cells, std::size_t bytes);
 

@@ -17,9 +17,9 @@ bool isLineEnd(char letter) { return letter == '\r' || letter == '\n'; }
 
 /// How well a separator fits a text; the greater fits better.
 struct Fitness {
-    bool isClean = false;    ///< no quote stands where none should
-    std::size_t lines = 0;   ///< lines that it cuts into the same number of cells
-    std::size_t length = 0;  ///< that number
+    bool isClean;        ///< no quote stands where none should
+    std::size_t lines;   ///< lines that it cuts into the same number of cells
+    std::size_t length;  ///< that number
 
     auto operator<=>(const Fitness&) const = default;
 };
@@ -34,7 +34,7 @@ Fitness fitnessOf(char separator, std::string_view sample, bool isCut) {
         if (reader.isLastOfRow() && reader.column() > 1 && isWhole)
             ++linesOfLength[reader.column()];
     }
-    Fitness best;
+    Fitness best{};
     for (const auto& [length, lines] : linesOfLength)
         best = std::max(best, Fitness{false, lines, length});
     const std::optional<SheetFailure>& failure = reader.failure();
@@ -74,11 +74,8 @@ std::size_t DelimitedReader::passRun(char sign) {
 /// Reads a cell up to the separator or line end after it.
 bool DelimitedReader::readCell(std::string& cell) {
     const std::size_t begin = m_at;
-    if (m_at < m_text.size() && m_text[m_at] == quote) {
-        if (readQuoted(cell)) return true;
-        if (m_failure) return false;
-        m_at = begin;
-    }
+    if (m_text.substr(begin).starts_with(quote) && readQuoted(cell)) return true;
+    if (m_failure) return false;
     m_at = bareEnd(begin);
     cell = m_text.substr(begin, m_at - begin);
     m_hasBareQuote = m_hasBareQuote || cell.find(quote) != std::string::npos;
@@ -90,7 +87,7 @@ bool DelimitedReader::readQuoted(std::string& cell) {
     std::size_t from = m_at + 1;
     std::size_t end = m_text.find(quote, from);
     cell.clear();
-    while (end != std::string_view::npos && end + 1 < m_text.size() && m_text[end + 1] == quote) {
+    while (end != std::string_view::npos && m_text.substr(end + 1).starts_with(quote)) {
         cell += m_text.substr(from, end + 1 - from);
         from = end + 2;
         end = m_text.find(quote, from);

@@ -14,11 +14,10 @@ std::optional<SheetFailure> readCells(DelimitedReader& reader, Sheet& sheet) {
     SheetBudget budget;
     std::string text;
     while (reader.next(text)) {
-        std::optional<SheetFailure> failure = budget.take(0, text.size());
-        if (!failure)
-            failure =
-                budget.put(sheet, reader.row() - 1, reader.column() - 1, Cell::of(std::move(text)));
-        if (failure) return failure;
+        const std::size_t bytes = text.size();
+        if (std::optional<SheetFailure> failure = budget.put(
+                sheet, reader.row() - 1, reader.column() - 1, Cell::of(std::move(text)), bytes))
+            return failure;
     }
     return reader.failure();
 }

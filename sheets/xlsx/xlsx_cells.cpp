@@ -24,14 +24,14 @@ std::optional<Number> numberOf(std::string_view text) {
     return isRead ? std::optional(number) : std::nullopt;
 }
 
-/// The column of a cell's address, "AB12" being in 28; 0 when it is none.
+/// The column of a cell's address, "AB12" being in 28; 0 when it is none, some number beyond
+/// the last column when it is too large.
 std::size_t columnOf(std::string_view address) {
     constexpr std::size_t letters = 26;
     std::size_t column = 0;
     for (const char letter : address) {
-        if (letter < 'A' || letter > 'Z') break;
+        if (letter < 'A' || letter > 'Z' || column > limits::columns) break;
         column = column * letters + static_cast<std::size_t>(letter - 'A') + 1;
-        if (column > limits::columns) return 0;
     }
     return column;
 }
@@ -46,7 +46,6 @@ void XlsxCellsHandler::start(std::string_view name, const XmlAttributes& attribu
     if (!m_isInRows) return;
     if (name == "row") startRow(attributes);
     if (name == "c" && m_row > 0) startCell(attributes);
-    if (!m_isInCell) return;
     if (name == "f") m_hasFormula = true;
     if (name == "v") {
         m_isInValue = true;
@@ -64,7 +63,7 @@ void XlsxCellsHandler::end(std::string_view name) {
 
 void XlsxCellsHandler::text(std::string_view piece) {
     if (!m_isInCell) return;
-    if (m_isInValue && m_value) *m_value += piece;
+    if (m_isInValue) *m_value += piece;
     m_inline.text(piece);
     if (std::optional<SheetFailure> failure = m_budget.take(0, piece.size())) fail(*failure);
 }
@@ -101,9 +100,10 @@ void XlsxCellsHandler::endCell() {
     Cell cell = readCell();
     if (hasFailed()) return;
     // A text that many cells refer to is copied into each; others were counted as they came.
-    std::optional<SheetFailure> failure = m_budget.take(0, m_kind == "s" ? cell.text.size() : 0);
-    if (!failure) failure = m_budget.put(m_sheet, m_row - 1, m_column - 1, std::move(cell));
-    if (failure) fail(*failure);
+    const std::size_t bytes = m_kind == "s" ? cell.text.size() : 0;
+    if (std::optional<SheetFailure> failure =
+            m_budget.put(m_sheet, m_row - 1, m_column - 1, std::move(cell), bytes))
+        fail(*failure);
 }
 
 Cell XlsxCellsHandler::readCell() {

@@ -35,7 +35,7 @@ std::pair<std::size_t, unsigned> escapeAt(std::string_view text) {
     for (const std::string_view character : notCharacters)
         if (text.starts_with(character))
             return {character.size(), character == notCharacters[0] ? 0xFFFEU : 0xFFFFU};
-    return {0, 0};
+    return {};
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <map>
 
 #include "base/values/numbers.h"
+#include "base/values/text.h"
 #include "sheets/sheet_limits.h"
 
 namespace chengheng {
@@ -24,31 +25,29 @@ struct KnownFormats {
     NumberLook look;
 };
 
-constexpr NumberLook dateLook{true, false, 0};
-constexpr NumberLook timeLook{false, true, 0};
-constexpr std::array knownFormats{
-    KnownFormats{14, 17, dateLook},        KnownFormats{18, 21, timeLook},
-    KnownFormats{22, 22, {true, true, 0}}, KnownFormats{27, 31, dateLook},
-    KnownFormats{32, 35, timeLook},        KnownFormats{36, 36, dateLook},
-    KnownFormats{45, 45, timeLook},        KnownFormats{47, 47, timeLook},
-    KnownFormats{50, 54, dateLook},        KnownFormats{55, 56, timeLook},
-    KnownFormats{57, 58, dateLook}};
-
-char lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
+constexpr NumberLook dateLook{.hasDate = true};
+constexpr NumberLook timeLook{.hasTime = true};
+constexpr NumberLook momentLook{.hasDate = true, .hasTime = true};
+constexpr std::array knownFormats{KnownFormats{14, 17, dateLook},   KnownFormats{18, 21, timeLook},
+                                  KnownFormats{22, 22, momentLook}, KnownFormats{27, 31, dateLook},
+                                  KnownFormats{32, 35, timeLook},   KnownFormats{36, 36, dateLook},
+                                  KnownFormats{45, 45, timeLook},   KnownFormats{47, 47, timeLook},
+                                  KnownFormats{50, 54, dateLook},   KnownFormats{55, 56, timeLook},
+                                  KnownFormats{57, 58, dateLook}};
 
 /// The signs of a format's first section in small letters, without what is shown as it is.
 std::string signsOf(std::string_view format) {
     std::string signs;
     for (std::size_t at = 0; at < format.size() && format[at] != ';'; ++at) {
-        const char letter = lower(format[at]);
+        const char letter = lowerAscii(format[at]);
         if (letter == '"') {
-            at = std::min(format.find('"', at + 1), format.size() - 1);
+            at = format.find('"', at + 1);
+            if (at == npos) break;
         } else if (letter == '[') {
             // A length of time, [h]:mm, is a number; other brackets hold colours and languages.
-            const std::size_t end = std::min(format.find(']', at), format.size() - 1);
-            const char inside = lower(format[std::min(at + 1, end)]);
+            const std::size_t end = format.find(']', at);
+            if (end == npos) break;
+            const char inside = lowerAscii(format[at + 1]);
             if (inside == 'h' || inside == 'm' || inside == 's') return "";
             at = end;
         } else if (letter == '\\' || letter == '_' || letter == '*') {
@@ -102,11 +101,12 @@ class StylesHandler : public XmlHandler {
     std::vector<NumberLook> m_looks;
 };
 
+/// The calendar of spreadsheets has a 29th of February 1900. Before it their numbers are one
+/// less than later ones would have them.
+constexpr std::int64_t dayThatWasNot = 60;
+
 std::string dateText(std::int64_t day, bool countsFrom1904) {
     using namespace std::chrono;
-    // The calendar of spreadsheets has a 29th of February 1900: day 60. Before it their
-    // numbers are one less than later ones would have them.
-    constexpr std::int64_t dayThatWasNot = 60;
     const sys_days first = countsFrom1904        ? sys_days(year(1904) / 1 / 1)
                            : day < dayThatWasNot ? sys_days(year(1899) / 12 / 31)
                                                  : sys_days(year(1899) / 12 / 30);
@@ -130,7 +130,7 @@ std::string momentText(double number, const NumberLook& look, bool countsFrom190
     const auto seconds = static_cast<std::int64_t>(std::floor(number * perDay + 0.5));
     const std::int64_t day = look.hasTime ? seconds / perDay : static_cast<std::int64_t>(number);
     if (look.hasTime && !look.hasDate && day == 0) return timeText(seconds);
-    if (!countsFrom1904 && (day == 0 || day == 60)) return {};
+    if (!countsFrom1904 && (day == 0 || day == dayThatWasNot)) return {};
     const std::string date = dateText(day, countsFrom1904);
     return look.hasTime ? date + " " + timeText(seconds % perDay) : date;
 }

@@ -37,28 +37,22 @@ struct XmlStream::Callbacks {
         const bool hasEnded = stream->m_handler.failure() || !stream->m_fault.empty();
         return hasEnded ? nullptr : stream;
     }
-    static void stopIfFailed(XmlStream& stream) {
-        if (stream.m_handler.failure()) XML_StopParser(stream.m_parser, XML_FALSE);
-    }
     static void start(void* user, const char* name, const char** attributes) {
         XmlStream* const stream = streamOf(user);
         if (stream == nullptr) return;
         if (++stream->m_depth > deepest) return stream->refuse("elements nested too deeply");
         stream->m_handler.start(localName(name), XmlAttributes(attributes));
-        stopIfFailed(*stream);
     }
     static void end(void* user, const char* name) {
         XmlStream* const stream = streamOf(user);
         if (stream == nullptr) return;
         --stream->m_depth;
         stream->m_handler.end(localName(name));
-        stopIfFailed(*stream);
     }
     static void text(void* user, const char* piece, int size) {
         XmlStream* const stream = streamOf(user);
         if (stream == nullptr) return;
         stream->m_handler.text({piece, static_cast<std::size_t>(size)});
-        stopIfFailed(*stream);
     }
     static void other(void* user, const char*, int) { static_cast<void>(streamOf(user)); }
     static void documentType(void* user, const char*, const char*, const char*, int) {
@@ -84,7 +78,6 @@ void XmlStream::refuse(const char* fault) {
 }
 
 bool XmlStream::parse(std::string_view piece, bool isLast) {
-    if (!m_fault.empty() || m_handler.failure()) return false;
     m_sinceLastSign += piece.size();
     const int size = static_cast<int>(piece.size());
     const bool isRead = XML_Parse(m_parser, piece.data(), size, isLast) == XML_STATUS_OK;

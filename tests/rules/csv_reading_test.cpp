@@ -112,7 +112,9 @@ TEST(CsvReading, TellsCommaTabAndSemicolonApart) {
                                                           {"\"a;b;c;d\",e\n\"f;g;h;i\",j\n", ','},
                                                           {"a,\"b\n;\"\nc,d,e\n\"f\n\"\n", ','},
                                                           {"1,5;\"b\"\n2,5;\"c\"\n", ';'},
-                                                          {"\"a\tb\";c\nd;e\n", ';'}};
+                                                          {"\"a\tb\";c\nd;e\n", ';'},
+                                                          {"1;2\n3,4,5\n", ','},
+                                                          {"标题\n说明\n备注\na;b\nc;d\n", ';'}};
     for (const auto& [text, separator] : texts) EXPECT_EQ(separatorOf(text), separator) << text;
 }
 
@@ -120,6 +122,24 @@ TEST(CsvReading, SeparatorOfALongLineIsToldFromItsBeginning) {
     std::string line;
     for (int cell = 0; cell < 40000; ++cell) line += "ab;";
     EXPECT_EQ(separatorOf(line), ';');
+}
+
+/// Longer than what the separator is told from.
+const std::string longCell(70'000, 'x');
+
+TEST(CsvReading, ALineCutShortByTheSampleCountsOnlyWhenItIsTheFirst) {
+    EXPECT_EQ(separatorOf("a;b;c\n1,2,3,4,5" + longCell + ";y;z\n"), ';');
+    std::string text = "x,1,2,3,4\n";
+    for (int row = 0; row < 5; ++row) text += "a;b\n";
+    EXPECT_EQ(separatorOf(text + longCell), ';');
+}
+
+TEST(CsvReading, AQuoteCutShortByTheSampleIsNoneThatStandsWhereItShouldNot) {
+    EXPECT_EQ(separatorOf("a,b;c\na,b;c\n1,5;\"" + longCell + "\"\n"), ';');
+    std::string text;
+    for (int row = 0; row < 20; ++row) text += "1,5\n";
+    for (int row = 0; row < 10; ++row) text += "\"" + longCell.substr(0, 7000) + "\";b\n";
+    EXPECT_EQ(separatorOf(text), ';');
 }
 
 TEST(CsvReading, QuoteThatIsNotClosedIsAFailureAtItsCell) {
@@ -149,10 +169,94 @@ TEST(CsvReading, BytesOfNoEncodingAreAFailureWhereTheyStand) {
         EXPECT_EQ(failure.column, 2U);
         EXPECT_TRUE(failure.reason.starts_with("此处的内容无法识别。")) << failure.reason;
     }
-    EXPECT_EQ(readFailure("a,b\n\xFF").row, 2U);
     EXPECT_EQ(readFailure(utf16(u"\uFEFFa\tb\n", false) + "\x01\xD8").row, 2U);
     EXPECT_EQ(readFailure(utf16(u"\uFEFFa\tb\nc", true) + "\xDC").row, 2U);
+    for (const char* text : {"a,b\n\xFF", "a,b\r\xFF"}) {
+        EXPECT_EQ(readFailure(text).row, 2U);
+        EXPECT_EQ(readFailure(text).column, 1U);
+    }
+    EXPECT_EQ(readFailure("\xFF").row, 1U);
+    EXPECT_EQ(readFailure("\xFF").column, 1U);
+    EXPECT_EQ(readFailure("现金存款,\n帐款,\xE9").column, 2U);
     EXPECT_EQ(readFailure("\x89PNG\r\n\x1A\n\xFF\xFF").row, 3U);
+}
+
+TEST(CsvReading, TextAfterAQuoteIsToldThoughTheTextBreaksOff) {
+    EXPECT_TRUE(readFailure("银行存款\n\"a\"b,c\n\xE9").reason.starts_with("结束的引号之后"));
+}
+
+TEST(CsvReading, WhatASheetHeldBeforeIsGone) {
+    for (const auto read : {&readCsv, &readClipboardBlock}) {
+        Sheet sheet;
+        sheet.name = "old";
+        sheet.rows.resize(3);
+        ASSERT_FALSE(read("a", sheet));
+        EXPECT_EQ(sheet.name, "");
+        EXPECT_EQ(textsOf(sheet), (Texts{{"a"}}));
+        EXPECT_TRUE(read("a\n\"\xFF", sheet));
+        EXPECT_TRUE(sheet.rows.empty());
+    }
+}
+
+// Of a text of ASCII more than a quarter of the bytes are zeros when it is UTF-16, of any other
+// more than a fiftieth.
+TEST(CsvReading, FewZerosDoNotMakeUtf16) {
+    EXPECT_EQ(readTexts(std::string("a\0b\0", 4)), (Texts{{"ab"}}));
+    EXPECT_EQ(readFailure(std::string("a\0bc", 4)).text(),
+              "第 1 行 A 列:单元格中有不能作为文字的内容(NUL)。");
+    std::u16string cell(47, u'库');
+    EXPECT_EQ(readTexts(utf16(cell + u",b", false)).front().size(), 2U);
+    cell += u'库';
+    EXPECT_TRUE(readFailure(utf16(cell + u",b", false)).reason.ends_with("(NUL)。"));
+}
+
+TEST(CsvReading, FirstAndLastCharactersOfUtf16PairsAreRead) {
+    EXPECT_EQ(readTexts(utf16(u"\uFEFF\U00010000,\U0010FFFF", false)),
+              (Texts{{"\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}}));
+    EXPECT_EQ(readTexts(utf16(u"\uFEFF\uD7FF,\uE000", false)),
+              (Texts{{"\xED\x9F\xBF", "\xEE\x80\x80"}}));
+}
+
+TEST(CsvReading, HalvesOfUtf16PairsAreNoCharacters) {
+    const std::string mark = "\xFF\xFE";
+    for (const std::string& units :
+         {std::string("\x00\xD8\xFF\xDB", 4), std::string("\x00\xD8\x00\xE0", 4),
+          std::string("\x00\xDC", 2), std::string("\xFF\xDF", 2), std::string("\xFF\xDB", 2),
+          std::string("\x00\xD8", 2)})
+        EXPECT_TRUE(readFailure(mark + units).reason.starts_with("此处的内容无法识别。"));
+}
+
+TEST(CsvReading, NulInUtf16IsAFailureAtItsCell) {
+    EXPECT_EQ(readFailure(utf16(std::u16string_view(u"\uFEFFa,b\0", 5), false)).text(),
+              "第 1 行 B 列:单元格中有不能作为文字的内容(NUL)。");
+}
+
+TEST(CsvReading, ALongGb18030TextIsReadWhole) {
+    std::string bytes;
+    for (int sign = 0; sign < 20'000; ++sign) bytes += "\xBF\xE2";
+    EXPECT_EQ(readTexts(bytes).front().front().size(), 60'000U);
+}
+
+// One byte in five that is not ASCII may begin what is broken.
+TEST(CsvReading, BytesAreTakenForDamagedUtf8OnlyWhenMostOfThemAreUtf8) {
+    EXPECT_EQ(readTexts("\xC3\xA9\xE4\xB9"), (Texts{{"茅涔"}}));
+    EXPECT_TRUE(readFailure("a,\xE2\x80\x94\xE4\xB9x\n").reason.starts_with("此处"));
+}
+
+TEST(TextDecoding, WhatTheTextHeldBeforeIsGone) {
+    for (const std::string& bytes :
+         {utf16(u"\uFEFFa", false), std::string("\xBF\xE2"), std::string("a")}) {
+        std::string text = "old";
+        EXPECT_TRUE(decodeText(bytes, text));
+        EXPECT_FALSE(text.starts_with("old"));
+    }
+}
+
+TEST(TextDecoding, CharactersAreThoseOfUnicodeWithoutHalvesOfPairs) {
+    for (const char32_t number : {0x1U, 0xD7FFU, 0xE000U, 0x10FFFFU})
+        EXPECT_TRUE(isCharacter(number));
+    for (const char32_t number : {0x0U, 0xD800U, 0xDFFFU, 0x110000U})
+        EXPECT_FALSE(isCharacter(number));
 }
 
 TEST(CsvReading, Utf8WithAStrayByteIsNotTakenForGb18030) {
@@ -219,14 +323,28 @@ TEST(ClipboardBlock, WhatIsWrittenIsReadBack) {
 
 TEST(ClipboardBlock, BytesThatAreNoTextAreAFailure) {
     Sheet sheet;
-    EXPECT_TRUE(readClipboardBlock("a\xFF", sheet));
-    EXPECT_TRUE(readClipboardBlock(std::string_view("a\0", 2), sheet));
+    for (const std::string_view text : {std::string_view("a\xFF"), std::string_view("a\0", 2)}) {
+        EXPECT_TRUE(readClipboardBlock(text, sheet));
+        EXPECT_TRUE(sheet.rows.empty());
+    }
 }
 
 TEST(Utf8Writing, EveryLengthOfCharacterIsWritten) {
     std::string text;
     for (const char32_t character : {U'a', U'é', U'帐', U'𠮷'}) appendUtf8(character, text);
     EXPECT_EQ(text, "aé帐𠮷");
+    const std::vector<std::pair<char32_t, std::string>> borders{{0x7F, "\x7F"},
+                                                                {0x80, "\xC2\x80"},
+                                                                {0x7FF, "\xDF\xBF"},
+                                                                {0x800, "\xE0\xA0\x80"},
+                                                                {0xFFFF, "\xEF\xBF\xBF"},
+                                                                {0x10000, "\xF0\x90\x80\x80"},
+                                                                {0x10FFFF, "\xF4\x8F\xBF\xBF"}};
+    for (const auto& [character, bytes] : borders) {
+        text.clear();
+        appendUtf8(character, text);
+        EXPECT_EQ(text, bytes);
+    }
 }
 
 }  // namespace

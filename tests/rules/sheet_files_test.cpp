@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "sheets/sheet_texts.h"
 #include "tests/support/comma_locale.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/small_disk.h"
@@ -111,12 +110,34 @@ TEST(SheetFiles, NamesThatSpreadsheetsRefuseAreMadeFit) {
         {"", "Sheet1"},
         {"a/b[c]:d*e?f\\g'h", "a_b_c__d_e_f_g_h"},
         {std::string(40, 'x'), std::string(31, 'x')},
+        {std::string(31, 'y'), std::string(31, 'y')},
+        {"𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷", "𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷𠮷"},
+        {"a b\tc\x01", "a b_c_"},
         {"\xFF", "Sheet1"}};
     for (const auto& [name, fit] : names) {
         Sheet sheet;
         sheet.name = name;
         sheet.rows = {{Cell::of("a")}};
         EXPECT_EQ(written(&writeXlsx, sheet).name, fit);
+    }
+}
+
+TEST(SheetFiles, TheNameTellsWhichKindIsWritten) {
+    for (const char* name : {"a.csv", "A.CSV", ".csv", "a.xlsx", "a.Xlsx", ".xlsx", "-"})
+        EXPECT_TRUE(isSheetName(name)) << name;
+    for (const char* name : {"", "a", "csv", "a.txt", "a.csv.bak", "xlsx"})
+        EXPECT_FALSE(isSheetName(name)) << name;
+    Sheet sheet;
+    sheet.rows = {{Cell::of("a")}};
+    const std::string folder = freshFolder();
+    for (const auto& [name, begin] : {std::pair("/a.csv", "\xEF\xBB\xBF"), {"/a.XLSX", "PK"}}) {
+        ASSERT_FALSE(writeSheet(sheet, folder + name, Overwrite::refuse));
+        std::string content;
+        std::ifstream(folder + name) >> content;
+        EXPECT_TRUE(content.starts_with(begin)) << name;
+        const auto failure = writeSheet(sheet, folder + name, Overwrite::refuse);
+        ASSERT_TRUE(failure) << name;
+        EXPECT_EQ(failure->reason, "文件已经存在。请换一个文件名,或加 --force 替换它。");
     }
 }
 
@@ -147,29 +168,12 @@ TEST(SheetFiles, FileThatCannotBeReadIsNamedWithItsFault) {
         {"/open.csv", "第 2 行 A 列:单元格以引号开头,但没有结束的引号。"}};
     for (const auto& [name, reason] : failures) {
         Sheet sheet;
+        sheet.rows.resize(3);
         const std::optional<SheetFailure> failure = readSheet(folder + name, sheet);
         ASSERT_TRUE(failure) << name;
+        EXPECT_TRUE(sheet.rows.empty());
         EXPECT_EQ(failure->text(), "没有读入文件“" + folder + name + "”。\n" + reason);
     }
-}
-
-TEST(SheetFiles, FailuresOfTheSystemAreToldInWordsOfTheirOwn) {
-    const std::string unread = "没有读入文件“甲.csv”。\n";
-    const auto reading = [](Failure failure) {
-        return whileReading(Status::of(failure, "input/output error"), "甲.csv").text();
-    };
-    EXPECT_EQ(reading(Failure::readOnly), unread + sheet_texts::noRight);
-    EXPECT_NE(reading(Failure::lost).find("input/output error"), std::string::npos);
-    EXPECT_EQ(reading(Failure::lost).find(sheet_texts::noRight), std::string::npos);
-    const auto writing = [](Failure failure) {
-        return whileWriting(Status::of(failure, "input/output error"), "甲.csv").text();
-    };
-    EXPECT_TRUE(writing(Failure::readOnly).ends_with(sheet_texts::noRight));
-    EXPECT_NE(writing(Failure::lost).find("input/output error"), std::string::npos);
-    EXPECT_EQ(writing(Failure::unconfirmed),
-              "文件“甲.csv”已经写好。\n"
-              "但系统没有确认它已存到磁盘上。请检查磁盘,并核对该文件。\n"
-              "详细信息:input/output error");
 }
 
 // One character in five may be broken: its rest is no further fault.

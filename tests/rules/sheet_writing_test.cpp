@@ -7,7 +7,9 @@
 
 #include "sheets/delimited/delimited_text.h"
 #include "sheets/files/sheet_files.h"
+#include "sheets/xlsx/xlsx_writing.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_workbook.h"
 
 namespace chengheng {
 namespace {
@@ -58,7 +60,8 @@ TEST(CsvText, KeepsTextsThatLookLikeFormulas) {
 
 TEST(CsvText, NumbersHaveTheDecimalsOfTheirColumnOrTheirOwn) {
     Sheet sheet = sheetOf({{Cell::of(1234567.0), Cell::of(2.675), Cell::of(0.1)}});
-    sheet.columns = {{.width = 0, .decimals = 2}, {.width = 0, .decimals = 2}};
+    sheet.columns = {{.width = 0, .decimals = 2}, {.width = 0, .decimals = 2}, {.decimals = 3}};
+    sheet.columns.pop_back();
     EXPECT_EQ(csvOf(sheet), std::string(mark) + "1234567.00,2.68,0.1\r\n");
 }
 
@@ -76,7 +79,9 @@ TEST(CsvText, RefusesWhatIsNoTextAndNoNumberAndNamesTheCell) {
         ASSERT_TRUE(failure);
         EXPECT_EQ(failure->row, 2U);
         EXPECT_EQ(failure->column, 2U);
-        EXPECT_TRUE(failure->text().starts_with("第 2 行 B 列:单元格")) << failure->text();
+        EXPECT_EQ(failure->text(),
+                  cell.isNumber() ? "第 2 行 B 列:单元格的数值不是有效的数字,不能写入表格文件。"
+                                  : "第 2 行 B 列:单元格内容不是有效的文字,不能写入表格文件。");
     }
 }
 
@@ -162,11 +167,97 @@ TEST(XlsxWriting, TextLongerThanSpreadsheetsTakeIsRefusedWithItsPlace) {
     EXPECT_EQ(failure->reason, "单元格内容超过 32767 个字符,XLSX 文件放不下。请改用 CSV 文件。");
 }
 
+TEST(XlsxWriting, SignsForCharactersThatXmlCannotHoldCountAsWhatTheyTake) {
+    const std::string path = freshFolder() + "/a.xlsx";
+    const auto write = [&](std::size_t size) {
+        return writeXlsx(oneCell(Cell::of(std::string(size, '\x01'))), path, Overwrite::replace);
+    };
+    EXPECT_FALSE(write(4681));
+    EXPECT_TRUE(write(4682));
+}
+
 TEST(XlsxWriting, MoreRowsOrColumnsThanSpreadsheetsHaveAreRefused) {
     const std::string path = freshFolder() + "/a.xlsx";
-    EXPECT_TRUE(writeXlsx(sheetOf(std::vector<SheetRow>(1'048'577)), path, Overwrite::replace));
-    EXPECT_TRUE(writeXlsx(sheetOf({SheetRow(16'385)}), path, Overwrite::replace));
+    const auto write = [&](std::vector<SheetRow> rows) {
+        const auto failure = writeXlsx(sheetOf(std::move(rows)), path, Overwrite::replace);
+        return failure ? failure->reason : "";
+    };
+    EXPECT_EQ(write(std::vector<SheetRow>(1'048'577)),
+              "超过 1048576 行,表格太大了。请拆分后重试。");
+    EXPECT_EQ(write({SheetRow(16'385)}), "超过 16384 列,表格太大了。请拆分后重试。");
     EXPECT_FALSE(files::exists(path));
+    EXPECT_EQ(write(std::vector<SheetRow>(1'048'576)), "");
+    EXPECT_EQ(write({SheetRow(16'384)}), "");
+}
+
+TEST(XlsxWriting, AWorkbookThatCannotBeMadeIsToldWithTheReason) {
+    const std::string path = freshFolder() + "/none/a.xlsx";
+    const auto failure = makeWorkbook(oneCell(Cell::of("a")), path);
+    ASSERT_TRUE(failure);
+    EXPECT_TRUE(failure->text().starts_with("生成 XLSX 文件时出错。\n详细信息:"))
+        << failure->text();
+    EXPECT_GT(failure->text().size(), std::string("生成 XLSX 文件时出错。\n详细信息:").size());
+}
+
+class XlsxLooks : public testing::Test {
+  protected:
+    std::string partOf(const Sheet& sheet, const std::string& part) const {
+        EXPECT_FALSE(makeWorkbook(sheet, m_path));
+        return unpackedPart(m_path, part);
+    }
+    void expectPiece(const std::string& text, const std::string& piece) const {
+        EXPECT_NE(text.find(piece), std::string::npos) << piece << " in\n" << text;
+    }
+
+    std::string m_path = freshFolder() + "/a.xlsx";
+    std::string m_cells = "xl/worksheets/sheet1.xml";
+};
+
+TEST_F(XlsxLooks, TheHeaderIsBoldAndStays) {
+    Sheet sheet = sheetOf({{Cell::of("编码")}, {Cell::of("1001")}});
+    EXPECT_EQ(partOf(sheet, m_cells).find("<pane"), std::string::npos);
+    EXPECT_EQ(partOf(sheet, "xl/styles.xml").find("<b/>"), std::string::npos);
+    sheet.hasHeader = true;
+    const std::string cells = partOf(sheet, m_cells);
+    expectPiece(cells, "<pane ySplit=\"1\" topLeftCell=\"A2\"");
+    expectPiece(cells, "<c r=\"A1\" s=\"1\" t=\"inlineStr\">");
+    expectPiece(cells, "<c r=\"A2\" t=\"inlineStr\">");
+    expectPiece(partOf(sheet, "xl/styles.xml"), "<b/>");
+}
+
+TEST_F(XlsxLooks, NumbersHaveTheDecimalsOfTheirColumn) {
+    Sheet sheet = sheetOf({{Cell::of(1.5), Cell::of(2.5), Cell::of(3.5), Cell::of(4.5)}});
+    sheet.columns = {{.decimals = 2}, {.decimals = 0}, {}, {.decimals = 4}};
+    sheet.columns.pop_back();
+    const std::string cells = partOf(sheet, m_cells);
+    expectPiece(cells, "<c r=\"A1\" s=\"1\"><v>1.5</v></c>");
+    expectPiece(cells, "<c r=\"B1\" s=\"2\"><v>2.5</v></c>");
+    expectPiece(cells, "<c r=\"C1\"><v>3.5</v></c>");
+    expectPiece(cells, "<c r=\"D1\"><v>4.5</v></c>");
+    const std::string styles = partOf(sheet, "xl/styles.xml");
+    expectPiece(styles, "<numFmt numFmtId=\"164\" formatCode=\"#,##0.00\"/>");
+    expectPiece(styles, "<numFmt numFmtId=\"165\" formatCode=\"#,##0\"/>");
+}
+
+TEST_F(XlsxLooks, ColumnsAreAsWideAsToldOrAsTheirCellsNeed) {
+    Sheet sheet = sheetOf({{Cell::of(std::string(90, 'x')), Cell::of("a"), Cell::of("科目编码名称"),
+                            Cell::of(1234567.5), Cell::of(1234567.5), Cell::of("a")},
+                           {Cell::of("b")}});
+    sheet.columns = {{.width = 20}, {}, {}, {.decimals = 2}, {.decimals = {}}, {.decimals = 9}};
+    sheet.columns.pop_back();
+    sheet.rows[0].push_back(Cell::of(std::string(90, 'y')));
+    const std::string cells = partOf(sheet, m_cells);
+    const auto expectWidth = [&](int column, const std::string& width) {
+        const std::string number = std::to_string(column);
+        expectPiece(cells, "<col min=\"" + number + "\" max=\"" + number + "\" width=\"" + width);
+    };
+    expectWidth(1, "20.7109375");
+    expectWidth(2, "10.7109375");
+    expectWidth(3, "14.7109375");
+    expectWidth(4, "14.7109375");
+    expectWidth(5, "11.7109375");
+    expectWidth(6, "10.7109375");
+    expectWidth(7, "60.7109375");
 }
 
 }  // namespace

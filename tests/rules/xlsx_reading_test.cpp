@@ -61,11 +61,12 @@ TEST(XlsxReading, NumbersComeBackWithTheDigitsTyped) {
 TEST(XlsxReading, ZerosThatTheFormatShowsBelongToTheDigits) {
     const SheetRow row =
         readCells({.rows = "<row><c s=\"0\"><v>101</v></c><c s=\"1\"><v>101</v></c>"
-                           "<c s=\"1\"><v>10102</v></c><c s=\"1\"><v>1.5</v></c></row>",
+                           "<c s=\"1\"><v>10102</v></c><c s=\"1\"><v>1.5</v></c>"
+                           "<c s=\"1\"><v>1010</v></c></row>",
                    .formats = "<numFmt numFmtId=\"170\" formatCode=\"0000\"/>",
                    .looks = "<xf numFmtId=\"0\"/><xf numFmtId=\"170\"/>"});
     EXPECT_EQ(row, (SheetRow{Cell::of(101.0), Cell::of(101.0, "0101"), Cell::of(10102.0),
-                             Cell::of(1.5)}));
+                             Cell::of(1.5), Cell::of(1010.0)}));
     EXPECT_EQ(cellText(row[1]), "0101");
 }
 
@@ -75,8 +76,11 @@ TEST(XlsxReading, SharedStringsComeWithTheirRunsButNotTheirPronunciation) {
          .strings = "<si><t>库存现金</t></si>"
                     "<si><r><rPr><b/></rPr><t>银行</t></r><r><t xml:space=\"preserve\"> 存款 "
                     "</t></r><rPh sb=\"0\" eb=\"1\"><t>yinhang</t></rPh></si>"
-                    "<si><t>&lt;a&gt; &amp; &#x4E00;</t></si>"});
+                    "<si>\n<t>&lt;a&gt; &amp; &#x4E00;</t>\n</si>"});
     EXPECT_EQ(row, (SheetRow{Cell::of("库存现金"), Cell::of("<a> & 一"), Cell::of("银行 存款 ")}));
+    EXPECT_EQ(readCells({.rows = "<row><c t=\"s\"><v>0</v></c></row>",
+                         .strings = "<si><r><t>a</t></r><rPh><t>x</t></rPh><r><t>b</t></r></si>"}),
+              SheetRow{Cell::of("ab")});
 }
 
 TEST(XlsxReading, InlineStringsComeWithTheirRuns) {
@@ -99,9 +103,11 @@ TEST(XlsxReading, ResultsOfFormulasTruthsAndFaultsAreRead) {
     const SheetRow row = readCells(
         {.rows = "<row><c><f>1+1</f><v>2</v></c><c t=\"str\"><f>A1</f><v>x</v></c>"
                  "<c t=\"b\"><v>1</v></c><c t=\"b\"><v>0</v></c><c t=\"e\"><v>#N/A</v></c>"
-                 "<c t=\"d\"><v>2026-01-05</v></c></row>"});
+                 "<c t=\"d\"><v>2026-01-05</v></c><c t=\"str\"><f>A9</f><v></v></c>"
+                 "<c/><c><v> </v></c><c t=\"str\"><v> </v></c></row>"});
     EXPECT_EQ(row, (SheetRow{Cell::of(2.0), Cell::of("x"), Cell::of("TRUE"), Cell::of("FALSE"),
-                             Cell::of("#N/A"), Cell::of("2026-01-05")}));
+                             Cell::of("#N/A"), Cell::of("2026-01-05"), Cell(), Cell(), Cell(),
+                             Cell::of(" ")}));
 }
 
 TEST(XlsxReading, CellsAndRowsKeepTheirPlaces) {
@@ -115,6 +121,25 @@ TEST(XlsxReading, CellsAndRowsKeepTheirPlaces) {
     EXPECT_EQ(sheet.rows[1], (SheetRow{Cell(), Cell(), Cell::of(1.0), Cell::of(2.0)}));
     EXPECT_EQ(sheet.rows[2], (SheetRow{Cell::of(3.0)}));
     EXPECT_EQ(sheet.name, "科目");
+}
+
+TEST(XlsxReading, CellsInAnyOrderAndAtTheBordersKeepTheirPlaces) {
+    EXPECT_EQ(readCells({.rows = "<row><c r=\"B1\"><v>2</v></c><c r=\"A1\"><v>1</v></c>"
+                                 "<c r=\"Z1\"><v>26</v></c><c r=\"AZ1\"><v>52</v></c></row>"})
+                  .size(),
+              52U);
+    const Sheet sheet = readBytes(
+        MadeWorkbook{.rows = "<row r=\"1048576\"><c r=\"XFD1048576\"><v>1</v></c></row>"}.bytes());
+    EXPECT_EQ(sheet.at(1'048'575, 16'383), Cell::of(1.0));
+}
+
+TEST(XlsxReading, CellsOutsideOfRowsAndRowsOutsideOfTheDataAreNone) {
+    const Sheet sheet =
+        readBytes(withPart("xl/worksheets/sheet1.xml",
+                           "<worksheet><row r=\"1\"><c><v>1</v></c></row><sheetData><c><v>2</v></c>"
+                           "<row r=\"2\"><c><v>3</v></c></row></sheetData>"
+                           "<row r=\"3\"><c><v>4</v></c></row></worksheet>"));
+    EXPECT_EQ(sheet.rows, (std::vector<SheetRow>{{}, {Cell::of(3.0)}}));
 }
 
 TEST(XlsxReading, DatesAreTexts) {
@@ -133,8 +158,51 @@ TEST(XlsxReading, DatesAreTexts) {
               (SheetRow{Cell::of("2026-01-05"), Cell::of("2026-01-05 08:30:00"),
                         Cell::of("12:00:00"), Cell::of("1900-02-28"), Cell::of("1900-03-01"),
                         Cell::of(-1.0), Cell::of(2958466.0), Cell::of(60.0)}));
-    workbook.settings = "<workbookPr date1904=\"1\"/>";
-    EXPECT_EQ(readCells(workbook)[0], Cell::of("2030-01-06"));
+    for (const char* flag : {"1", "true"}) {
+        workbook.settings = std::string("<workbookPr date1904=\"") + flag + "\"/>";
+        EXPECT_EQ(readCells(workbook)[0], Cell::of("2030-01-06"));
+    }
+    for (const char* flag : {"0", "false"}) {
+        workbook.settings = std::string("<workbookPr date1904=\"") + flag + "\"/>";
+        EXPECT_EQ(readCells(workbook)[0], Cell::of("2026-01-05"));
+    }
+}
+
+TEST(XlsxReading, TheCalendarEndsWithTheYear9999) {
+    const NumberLook date{.hasDate = true};
+    const NumberLook time{.hasTime = true};
+    EXPECT_EQ(shownNumber(2'958'465, date, false), Cell::of("9999-12-31"));
+    EXPECT_EQ(shownNumber(2'958'466, date, false), Cell::of(2'958'466.0));
+    EXPECT_EQ(shownNumber(2'957'003, date, true), Cell::of("9999-12-31"));
+    EXPECT_EQ(shownNumber(2'957'004, date, true), Cell::of(2'957'004.0));
+    EXPECT_EQ(shownNumber(0, date, true), Cell::of("1904-01-01"));
+    EXPECT_EQ(shownNumber(60, date, true), Cell::of("1904-03-01"));
+    EXPECT_EQ(shownNumber(0, date, false), Cell::of(0.0));
+    EXPECT_EQ(shownNumber(1, date, false), Cell::of("1900-01-01"));
+    EXPECT_EQ(shownNumber(0, time, false), Cell::of("00:00:00"));
+    EXPECT_EQ(shownNumber(0.354340277778, time, false), Cell::of("08:30:15"));
+}
+
+/// What the formats do that every workbook knows, by their numbers from 0 on: tell a number, a
+/// date, a time or both.
+constexpr std::string_view knownKinds =
+    "nnnnnnnnnnnnnnddddttttbnnnndddddttttdnnnnnnnntntnndddddttddnn";
+
+TEST(XlsxReading, KnownFormatsTellDatesAndTimes) {
+    std::string looks;
+    std::string cells;
+    SheetRow shown;
+    for (std::size_t format = 0; format < knownKinds.size(); ++format) {
+        looks += "<xf numFmtId=\"" + std::to_string(format) + "\"/>";
+        const std::string style = "<c s=\"" + std::to_string(format) + "\"><v>";
+        cells += style + "46027.5</v></c>" + style + "0.5</v></c>";
+        const char kind = knownKinds[format];
+        shown.push_back(kind == 'n'   ? Cell::of(46027.5)
+                        : kind == 'd' ? Cell::of("2026-01-05")
+                                      : Cell::of("2026-01-05 12:00:00"));
+        shown.push_back(kind == 't' ? Cell::of("12:00:00") : Cell::of(0.5));
+    }
+    EXPECT_EQ(readCells({.rows = "<row>" + cells + "</row>", .looks = looks}), shown);
 }
 
 TEST(XlsxReading, LengthsOfTimeAreNumbers) {
@@ -148,11 +216,16 @@ TEST(XlsxReading, CellsWithoutAStyleHaveTheFirstOneOfTheCells) {
     EXPECT_EQ(readCells({.rows = "<row><c><v>46027</v></c></row>",
                          .looks = "<xf/><xf numFmtId=\"14\"/>"}),
               SheetRow{Cell::of(46027.0)});
+    EXPECT_EQ(readCells({.rows = "<row><c><v>46027</v></c><c s=\"1\"><v>46027</v></c></row>",
+                         .formats = "<numFmt numFmtId=\"1\" formatCode=\"yyyy\"/>",
+                         .looks = "<xf/>"}),
+              (SheetRow{Cell::of(46027.0), Cell::of(46027.0)}));
     // The styles that have names stand before those of the cells.
     const Sheet sheet =
         readBytes(withPart("xl/styles.xml",
                            "<styleSheet><cellStyleXfs><xf numFmtId=\"14\"/></cellStyleXfs>"
-                           "<cellXfs><xf numFmtId=\"0\"/></cellXfs></styleSheet>"));
+                           "<cellXfs><xf numFmtId=\"0\"/></cellXfs>"
+                           "<dxfs><xf numFmtId=\"14\"/></dxfs></styleSheet>"));
     EXPECT_EQ(sheet.rows.front(), SheetRow{Cell::of(1.0)});
 }
 
@@ -190,7 +263,27 @@ TEST(XlsxReading, FormatsTellDatesFromNumbers) {
         {"AM/PM", number},
         {"", number},
         {"\"", number},
+        {"\"yd", number},
         {"[", number},
+        {"[h", number},
+        {"[$y", number},
+        {"[Red]yyyy", date},
+        {"[mm]:ss", number},
+        {"[S]", number},
+        {"yy;0", date},
+        {";yy", number},
+        {"_d0", {false, false, 1}},
+        {"*y0", {false, false, 1}},
+        {"h A/P", time},
+        {"A/P", number},
+        {"GENERAL", number},
+        {"s", time},
+        {"Y", date},
+        {"d", date},
+        {"m", date},
+        {"00a", number},
+        {"000000000000000", {false, false, 15}},
+        {"0000000000000000", number},
         {"\\", number}};
     for (const auto& [format, look] : formats) EXPECT_EQ(lookOfFormat(format), look) << format;
 }
@@ -217,6 +310,65 @@ TEST(XlsxReading, PartsAreFoundFromWhereTheyAreNamed) {
     EXPECT_EQ(partName("xl/workbook.xml", "/xl/a.xml"), "xl/a.xml");
     EXPECT_EQ(partName("xl/a/b.xml", "../c.xml"), "xl/c.xml");
     EXPECT_EQ(partName("xl/a.xml", "../../../etc/./c.xml"), "etc/c.xml");
+    EXPECT_EQ(partName("a.xml", "b//c.xml"), "b/c.xml");
+    EXPECT_EQ(partName("x/a.xml", ""), "x");
+}
+
+/// A workbook that is laid out otherwise: with these relationships of the package and of it.
+std::string laidOut(const std::string& workbookPart, const std::string& top,
+                    const std::string& own) {
+    auto parts = MadeWorkbook{.rows = "<row><c><v>1</v></c></row>"}.parts();
+    const std::string relations = "_rels/" + workbookPart.substr(workbookPart.rfind('/') + 1);
+    const std::string folder = workbookPart.substr(0, workbookPart.rfind('/') + 1);
+    parts[0].second = "<Relationships>" + top + "</Relationships>";
+    parts[1].first = workbookPart;
+    parts[2] = {folder + relations + ".rels", "<Relationships>" + own + "</Relationships>"};
+    return packedFile(parts);
+}
+
+std::string relation(const std::string& id, const std::string& kind, const std::string& target,
+                     const std::string& more = "") {
+    return "<Relationship Id=\"" + id + "\" Type=\"types/" + kind + "\" Target=\"" + target +
+           "\" " + more + "/>";
+}
+
+TEST(XlsxReading, WorkbookMayLieAtTheTopOfThePackage) {
+    const std::string bytes = laidOut("book.xml", relation("a", "officeDocument", "book.xml"),
+                                      relation("rId1", "worksheet", "xl/worksheets/sheet1.xml"));
+    EXPECT_EQ(readBytes(bytes).at(0, 0), Cell::of(1.0));
+}
+
+TEST(XlsxReading, WorkbookThatIsNoXmlIsNone) {
+    const std::string bytes = laidOut("xl/book.bin", relation("a", "officeDocument", "xl/book.bin"),
+                                      relation("rId1", "worksheet", "worksheets/sheet1.xml"));
+    EXPECT_TRUE(xlsxFailureOf(bytes).text().starts_with("文件不是 XLSX 工作簿。"));
+}
+
+TEST(XlsxReading, RelationshipsToTheOutsideAreNotFollowed) {
+    const std::string outside =
+        relation("rId1", "worksheet", "http://a/b.xml", "TargetMode=\"External\"");
+    const std::string bytes =
+        laidOut("xl/book.xml", relation("a", "officeDocument", "xl/book.xml"),
+                outside + relation("rId1", "worksheet", "worksheets/sheet1.xml"));
+    EXPECT_EQ(readBytes(bytes).at(0, 0), Cell::of(1.0));
+}
+
+TEST(XlsxReading, MoreRelationshipsOrSheetsThanAnyoneHasAreAFailure) {
+    std::string relations = relation("rId1", "worksheet", "worksheets/sheet1.xml");
+    for (int id = 0; id < 9'999; ++id) relations += relation("x", "y", "z");
+    const std::string top = relation("a", "officeDocument", "xl/book.xml");
+    EXPECT_EQ(readBytes(laidOut("xl/book.xml", top, relations)).at(0, 0), Cell::of(1.0));
+    relations += relation("x", "y", "z");
+    EXPECT_TRUE(xlsxFailureOf(laidOut("xl/book.xml", top, relations))
+                    .text()
+                    .ends_with("too many relationships"));
+    std::string sheets = "<sheet name=\"a\" state=\"hidden\"/>";
+    for (int sheet = 0; sheet < 10'000; ++sheet) sheets += "<sheet name=\"a\" r:id=\"rId1\"/>";
+    const std::string rows = "<row><c><v>1</v></c></row>";
+    EXPECT_EQ(readCells({.rows = rows, .sheets = sheets}), SheetRow{Cell::of(1.0)});
+    EXPECT_TRUE(xlsxFailureOf({.rows = rows, .sheets = sheets + "<sheet name=\"a\"/>"})
+                    .text()
+                    .ends_with("too many sheets"));
 }
 
 TEST(XlsxReading, UnreadableCellsAreFailuresWithTheirPlace) {
@@ -227,6 +379,8 @@ TEST(XlsxReading, UnreadableCellsAreFailuresWithTheirPlace) {
         {"><v>nan</v>", "第 4 行 B 列:数值“nan”无法识别。"},
         {" t=\"s\"><v>7</v>", "第 4 行 B 列:单元格内容无法识别。"},
         {" t=\"s\"><v>-1</v>", "第 4 行 B 列:单元格内容无法识别。"},
+        {" t=\"s\"><v>0</v>", "第 4 行 B 列:单元格内容无法识别。"},
+        {" t=\"s\"><v>0x</v>", "第 4 行 B 列:单元格内容无法识别。"},
         {" t=\"new\"><v>1</v>", "第 4 行 B 列:单元格内容无法识别。"},
         {"><f>1+1</f>", "第 4 行 B 列:公式没有计算结果。请在表格程序中打开该文件,保存后重试。"},
         {"><f>1+1</f><v/>", "第 4 行 B 列:公式没有计算结果。请在表格程序中打开该文件,保存后重试。"},
@@ -237,12 +391,24 @@ TEST(XlsxReading, UnreadableCellsAreFailuresWithTheirPlace) {
 }
 
 TEST(XlsxReading, PlacesThatNoSheetHasAreFailures) {
-    for (const char* rows :
-         {"<row r=\"0\"><c><v>1</v></c></row>", "<row r=\"x\"><c><v>1</v></c></row>",
-          "<row r=\"1048577\"><c><v>1</v></c></row>", "<row><c r=\"XFE1\"><v>1</v></c></row>",
-          "<row><c r=\"7\"><v>1</v></c></row>",
-          "<row r=\"99999999999999999999\"><c><v>1</v></c></row>"})
-        EXPECT_FALSE(xlsxFailureOf({.rows = rows}).reason.empty()) << rows;
+    const std::string tooManyRows = "超过 1048576 行,表格太大了。请拆分后重试。";
+    const auto damaged = [](const std::string& place) {
+        return "XLSX 文件已损坏或不完整。请重新取得该文件。\n详细信息:" + place;
+    };
+    const std::vector<std::pair<std::string, std::string>> places{
+        {"<row r=\"0\"><c><v>1</v></c></row>", damaged("row \"0\"")},
+        {"<row r=\"x\"><c><v>1</v></c></row>", damaged("row \"x\"")},
+        {"<row r=\"99999999999999999999\"/>", damaged("row \"99999999999999999999\"")},
+        {"<row r=\"1048577\"/>", tooManyRows},
+        {"<row r=\"1048576\"/><row/>", tooManyRows},
+        {"<row><c r=\"XFE1\"/></row>", damaged("cell \"XFE1\"")},
+        {"<row><c r=\"XFDA1\"/></row>", damaged("cell \"XFDA1\"")},
+        {"<row><c r=\"XFEA1\"/></row>", damaged("cell \"XFEA1\"")},
+        {"<row><c r=\"7\"/></row>", damaged("cell \"7\"")},
+        {"<row><c r=\"a1\"/></row>", damaged("cell \"a1\"")},
+        {"<row><c r=\"XFD1\"/><c/></row>", damaged("cell \"\"")}};
+    for (const auto& [rows, text] : places)
+        EXPECT_EQ(xlsxFailureOf({.rows = rows}).text(), text) << rows;
 }
 
 TEST(XlsxReading, FileCutAnywhereIsAFailure) {
@@ -281,9 +447,13 @@ TEST(XlsxReading, MissingOrHarmedPartIsNamed) {
     EXPECT_EQ(xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "")).text(),
               "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
               "详细信息:xl/worksheets/sheet1.xml: No such file");
-    EXPECT_EQ(xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "<a>\n</b>")).text(),
-              "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
-              "详细信息:xl/worksheets/sheet1.xml: line 2: mismatched tag");
+    for (const auto& [part, content] : MadeWorkbook{.rows = ""}.parts()) {
+        if (part == "xl/worksheets/sheet2.xml") continue;
+        EXPECT_EQ(xlsxFailureOf(withPart(part, "<a>\n</b>")).text(),
+                  "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
+                  "详细信息:" +
+                      part + ": line 2: mismatched tag");
+    }
     EXPECT_TRUE(xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "<worksheet/>"))
                     .text()
                     .ends_with("xl/worksheets/sheet1.xml: no cells"));
@@ -335,9 +505,20 @@ TEST(XlsxReading, NestingIsRefusedFromTheSixtyFifthLevelOn) {
 }
 
 TEST(XlsxReading, SignWithoutEndIsRefused) {
-    const SheetFailure failure = xlsxFailureOf(
-        withPart("xl/worksheets/sheet1.xml", "<a b=\"" + std::string(8U << 20U, 'x')));
-    EXPECT_TRUE(failure.text().ends_with("a sign without end")) << failure.text();
+    for (const std::size_t size : {8U << 20U, 3U << 19U}) {
+        const SheetFailure failure =
+            xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "<a b=\"" + std::string(size, 'x')));
+        EXPECT_TRUE(failure.text().ends_with("a sign without end")) << failure.text();
+    }
+}
+
+TEST(XlsxReading, LongSignsThatEndAndManyRemarksAreRead) {
+    std::string remarks;
+    for (int remark = 0; remark < 20'000; ++remark)
+        remarks += "<!--" + std::string(100, 'x') + "-->";
+    const std::string sheet = "<worksheet b=\"" + std::string(900'000, 'x') + "\">" + remarks +
+                              "<sheetData><row><c><v>1</v></c></row></sheetData></worksheet>";
+    EXPECT_EQ(readBytes(withPart("xl/worksheets/sheet1.xml", sheet)).at(0, 0), Cell::of(1.0));
 }
 
 /// Takes what a part holds without looking at it.
@@ -359,6 +540,28 @@ TEST(XlsxReading, PartsThatTogetherUnpackToTooMuchAreRefused) {
     EXPECT_EQ(failure->text(), "XLSX 文件解压后超过 1 MB,太大了。请拆分后重试。");
 }
 
+TEST(XlsxReading, APartThatUnpacksToJustTheLimitIsRead) {
+    const auto read = [](std::size_t size) {
+        const std::string bytes =
+            packedFile({{"a.xml", "<a>" + std::string(size - 7, ' ') + "</a>"}});
+        XlsxPackage package(sheet_limits::megabyte);
+        EXPECT_FALSE(package.open(bytes));
+        Unheeding handler;
+        return !package.read("a.xml", handler);
+    };
+    EXPECT_TRUE(read(sheet_limits::megabyte));
+    EXPECT_FALSE(read(sheet_limits::megabyte + 1));
+}
+
+TEST(XlsxReading, WhatASheetHeldBeforeIsGone) {
+    Sheet sheet;
+    sheet.hasHeader = true;
+    sheet.rows.resize(3);
+    ASSERT_FALSE(readXlsx(MadeWorkbook{.rows = "<row><c><v>1</v></c></row>"}.bytes(), sheet));
+    EXPECT_EQ(sheet.rows, (std::vector<SheetRow>{{Cell::of(1.0)}}));
+    EXPECT_FALSE(sheet.hasHeader);
+}
+
 TEST(XlsxReading, LongTextThatManyCellsReferToIsRefused) {
     std::string rows = "<row>";
     for (int cell = 0; cell < 10'000; ++cell) rows += "<c t=\"s\"><v>0</v></c>";
@@ -368,6 +571,10 @@ TEST(XlsxReading, LongTextThatManyCellsReferToIsRefused) {
 }
 
 TEST(XlsxReading, ManyRowsWithACellFarRightAreRefused) {
+    std::string most;
+    for (int row = 0; row < 244; ++row) most += "<row><c r=\"XFD1\"><v>1</v></c></row>";
+    most += "<row><c r=\"CJP1\"><v>1</v></c></row>";
+    EXPECT_EQ(readBytes(MadeWorkbook{.rows = most}.bytes()).rows.back().size(), 2304U);
     std::string rows;
     for (int row = 0; row < 1'000; ++row) rows += "<row><c r=\"XFD1\"><v>1</v></c></row>";
     EXPECT_EQ(xlsxFailureOf({.rows = rows}).text(),

@@ -2,6 +2,8 @@
 
 #include <zip.h>
 
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -45,6 +47,21 @@ std::string packedFile(const std::vector<std::pair<std::string, std::string>>& p
     if (zip_close(archive) != 0) throw std::runtime_error(zip_strerror(archive));
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string unpackedPart(const std::string& path, const std::string& name) {
+    zip_t* const archive = zip_open(path.c_str(), ZIP_RDONLY, nullptr);
+    if (archive == nullptr) throw std::runtime_error("no archive at " + path);
+    std::string content;
+    if (zip_file_t* const part = zip_fopen(archive, name.c_str(), 0); part != nullptr) {
+        std::array<char, 4096> room;
+        for (zip_int64_t got = 1; got > 0;
+             content.append(room.data(), static_cast<std::size_t>(got)))
+            got = std::max(zip_fread(part, room.data(), room.size()), zip_int64_t{0});
+        zip_fclose(part);
+    }
+    zip_discard(archive);
+    return content;
 }
 
 std::vector<std::pair<std::string, std::string>> MadeWorkbook::parts() const {

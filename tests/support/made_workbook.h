@@ -9,6 +9,9 @@ namespace chengheng {
 /// The bytes of a packed file with these parts: name and content.
 std::string packedFile(const std::vector<std::pair<std::string, std::string>>& parts);
 
+/// What a part of a packed file holds; empty when it has none of that name.
+std::string unpackedPart(const std::string& path, const std::string& name);
+
 /// What an XLSX file made by hand holds; the rest of it is made around.
 struct MadeWorkbook {
     std::string rows;             ///< what stands in sheetData
