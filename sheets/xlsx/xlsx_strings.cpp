@@ -16,9 +16,9 @@ class StringsHandler : public XmlHandler {
     }
     void end(std::string_view name) override {
         m_gatherer.end(name);
-        if (name == "si") m_strings.push_back(m_gatherer.take());
-        if (name == "si")
-            if (std::optional<SheetFailure> failure = m_budget.take(1, 0)) fail(*failure);
+        if (name != "si") return;
+        m_strings.push_back(m_gatherer.take());
+        if (std::optional<SheetFailure> failure = m_budget.take(1, 0)) fail(*failure);
     }
     void text(std::string_view piece) override {
         m_gatherer.text(piece);

@@ -220,13 +220,14 @@ TEST(XlsxReading, CellsWithoutAStyleHaveTheFirstOneOfTheCells) {
                          .formats = "<numFmt numFmtId=\"1\" formatCode=\"yyyy\"/>",
                          .looks = "<xf/>"}),
               (SheetRow{Cell::of(46027.0), Cell::of(46027.0)}));
-    // The styles that have names stand before those of the cells.
-    const Sheet sheet =
-        readBytes(withPart("xl/styles.xml",
-                           "<styleSheet><cellStyleXfs><xf numFmtId=\"14\"/></cellStyleXfs>"
-                           "<cellXfs><xf numFmtId=\"0\"/></cellXfs>"
-                           "<dxfs><xf numFmtId=\"14\"/></dxfs></styleSheet>"));
-    EXPECT_EQ(sheet.rows.front(), SheetRow{Cell::of(1.0)});
+    // The styles that have names stand before those of the cells, others behind them.
+    auto parts =
+        MadeWorkbook{.rows = "<row><c><v>1</v></c><c s=\"1\"><v>46027</v></c></row>"}.parts();
+    parts.back().second =
+        "<styleSheet><cellStyleXfs><xf numFmtId=\"14\"/></cellStyleXfs>"
+        "<cellXfs><xf numFmtId=\"0\"/></cellXfs><dxfs><xf numFmtId=\"14\"/></dxfs></styleSheet>";
+    EXPECT_EQ(readBytes(packedFile(parts)).rows.front(),
+              (SheetRow{Cell::of(1.0), Cell::of(46027.0)}));
 }
 
 TEST(XlsxReading, ALongUnreadableNumberIsNamedByItsBeginning) {
@@ -430,7 +431,10 @@ TEST(XlsxReading, ChangedByteIsAFailureOrChangesNothing) {
         std::string changed = whole;
         changed[at] = static_cast<char>(~changed[at]);
         Sheet sheet;
-        if (readXlsx(changed, sheet)) continue;
+        if (const auto failure = readXlsx(changed, sheet)) {
+            EXPECT_EQ(failure->reason.find("太大"), std::string::npos) << failure->reason;
+            continue;
+        }
         EXPECT_EQ(sheet.rows, before.rows) << at;
     }
 }
@@ -453,6 +457,8 @@ TEST(XlsxReading, MissingOrHarmedPartIsNamed) {
                   "XLSX 文件已损坏或不完整。请重新取得该文件。\n"
                   "详细信息:" +
                       part + ": line 2: mismatched tag");
+        EXPECT_TRUE(
+            xlsxFailureOf(withPart(part, "<a>")).text().ends_with("line 1: no element found"));
     }
     EXPECT_TRUE(xlsxFailureOf(withPart("xl/worksheets/sheet1.xml", "<worksheet/>"))
                     .text()
