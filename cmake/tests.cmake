@@ -28,7 +28,9 @@ target_link_libraries(test_support
     PUBLIC ${TOP_PLAIN_FOLDER} GTest::gtest GTest::gmock Threads::Threads
     PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL PkgConfig::ZIP)
 compile_tests_together(test_support)
-set_source_files_properties(tests/rules/schema_page_test.cpp tests/support/private_postgres.cpp
+set_source_files_properties(
+    tests/rules/schema_page_test.cpp tests/support/older_books.cpp
+    tests/support/private_postgres.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 
 # The other workstation of tests with several processes.

@@ -35,6 +35,11 @@ constexpr std::array bookTexts{
     FailureText{Failure::newerVersion,
                 "帐套文件“{}”由更新版本的程序建立,本程序不能打开。\n请升级本程序后再打开。",
                 "帐套“{}”由更新版本的程序建立,本程序不能打开。\n请升级本程序后再打开。"},
+    FailureText{Failure::olderVersion,
+                "帐套文件“{}”由较早版本的程序建立,要先升级才能使用。\n"
+                "请在登录窗口中打开它,或运行 chbooks upgrade。",
+                "帐套“{}”由较早版本的程序建立,要先升级才能使用。\n"
+                "请在登录窗口中打开它,或运行 chbooks upgrade。"},
     FailureText{Failure::unreachable, "无法打开帐套文件“{}”。\n请检查路径是否正确。",
                 "无法连接服务器“{}”。\n请检查地址、端口、用户名、口令和网络,并确认服务器已启动。"},
     FailureText{
@@ -101,8 +106,9 @@ PlaceText formatFor(Failure failure, bool isServer, FailureSubject subject) {
 /// Failures that say what is the matter by themselves; of the others a helper needs the
 /// engine's own words.
 bool isClearWithoutDetail(Failure failure) {
-    constexpr std::array clear{Failure::missing, Failure::foreign,     Failure::newerVersion,
-                               Failure::notOpen, Failure::crossedWait, Failure::cancelled};
+    constexpr std::array clear{Failure::missing,      Failure::foreign, Failure::newerVersion,
+                               Failure::olderVersion, Failure::notOpen, Failure::crossedWait,
+                               Failure::cancelled};
     return std::ranges::find(clear, failure) != clear.end();
 }
 

@@ -34,9 +34,10 @@ std::string lockWaitText(const LockHolder& holder) {
     const auto orUnknown = [](const std::string& text) {
         return text.empty() ? texts::unknown : text;
     };
-    std::string text =
-        fmt::format(texts::lockHolder, titleOf(holder.lockName), orUnknown(holder.operatorName),
-                    orUnknown(holder.station), clockText(holder.since));
+    std::string text = fmt::format(
+        texts::lockHolder, titleOf(holder.lockName), orUnknown(holder.operatorName),
+        orUnknown(holder.station),
+        holder.since.time_since_epoch().count() == 0 ? texts::unknown : clockText(holder.since));
     if (!holder.function.empty()) text += fmt::format(texts::holdersFunction, holder.function);
     return text;
 }

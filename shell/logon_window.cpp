@@ -7,6 +7,7 @@
 #include "base/system/workstation.h"
 #include "books/logon/known_books.h"
 #include "books/logon/password_file.h"
+#include "books/upgrading/books_upgrade.h"
 #include "data/engines/open_engine.h"
 #include "data/lookups/CGetData.h"
 #include "data/tables/books.h"
@@ -15,6 +16,7 @@
 #include "screen/guarded.h"
 #include "session/failure_texts.h"
 #include "shell/form_style.h"
+#include "shell/lock_wait_box.h"
 #include "shell/new_books_window.h"
 #include "shell/open_books_window.h"
 #include "shell/shell_texts.h"
@@ -164,7 +166,12 @@ void LogonWindow::logOn() {
     request.date = dateOf(m_ui->date->date());
     request.launchArgument = m_launchArgument;
     std::optional<Refusal> refusal;
-    runBesidePainting([&] { refusal = m_session.logOn(request); });
+    const auto tryToLogOn = [&] { refusal = m_session.logOn(request); };
+    runBesidePainting(tryToLogOn);
+    if (refusal && refusal->kind == RefusalKind::outdated) {
+        if (!upgrade(locationOfBooks(request.location))) return;
+        runBesidePainting(tryToLogOn);
+    }
     if (refusal) {
         m_messages.tell(refusal->notice);
         return;
@@ -172,6 +179,21 @@ void LogonWindow::logOn() {
     m_ui->password->clear();
     rememberLogon();
     QDialog::accept();
+}
+
+bool LogonWindow::upgrade(const std::string& location) {
+    BooksUpgrade upgrade(location);
+    UpgradePlan plan;
+    std::optional<Refusal> refusal;
+    runBesidePainting([&] { refusal = upgrade.plan(plan); });
+    if (!refusal && plan.isNeeded()) {
+        if (m_messages.ask({.text = plan.question()}) != Answer::yes) return false;
+        LockWaitBox waitBox;
+        refusal = upgrade.keepOthersOut(waitBox, LoggedOn::waitFor, runBesidePainting);
+        if (!refusal) runBesidePainting([&] { refusal = upgrade.carryOut(); });
+    }
+    if (refusal) m_messages.tell(refusal->notice);
+    return !refusal;
 }
 
 void LogonWindow::rememberLogon() {

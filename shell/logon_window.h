@@ -41,6 +41,8 @@ class LogonWindow : public QDialog {
     void tellFailureToOpenList();
     std::size_t rememberedChoice() const;
     void logOn();
+    /// Asks whether books of an older layout are to be upgraded, and does so.
+    bool upgrade(const std::string& location);
     void rememberLogon();
 
     BooksSession& m_session;

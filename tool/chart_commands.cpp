@@ -79,7 +79,8 @@ std::string textOf(const ImportPlan& plan) {
 }
 
 ExitCode importChart(Tool& tool, const ChartOptions& options) {
-    auto engine = openBooks(tool, options.books);
+    const BooksUse use = options.isDryRun ? BooksUse::reading : BooksUse::changing;
+    auto engine = openBooks(tool, options.books, use);
     if (engine == nullptr) return ExitCode::failed;
     const ToolSession session(std::move(engine), options.books);
     ToolMessages messages(tool, options.acceptsAll);

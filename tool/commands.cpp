@@ -9,10 +9,10 @@
 
 namespace chengheng {
 
-std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location) {
+std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location, BooksUse use) {
     std::unique_ptr<Engine> engine;
     Status status = openEngine(locationOfBooks(location), OpenMode::existing, engine);
-    if (status) status = checkLayout(*engine);
+    if (status) status = use == BooksUse::changing ? checkLayout(*engine) : checkReadable(*engine);
     if (status) return engine;
     tellFailure(tool, status, location);
     return nullptr;
@@ -43,6 +43,7 @@ ExitCode tellRefusal(Tool& tool, const Refusal& refusal) {
             return ExitCode::wrongInput;
         case RefusalKind::alreadyThere:
             return ExitCode::targetExists;
+        case RefusalKind::outdated:
         case RefusalKind::failed:
             break;
     }

@@ -24,6 +24,7 @@ void addCheckCommand(CLI::App& app, Tool& tool);
 void addBackupCommand(CLI::App& app, Tool& tool);
 void addRestoreCommand(CLI::App& app, Tool& tool);
 void addCopyCommand(CLI::App& app, Tool& tool);
+void addUpgradeCommand(CLI::App& app, Tool& tool);
 void addImportChartCommand(CLI::App& app, Tool& tool);
 void addExportChartCommand(CLI::App& app, Tool& tool);
 void addTrialBalanceCommand(CLI::App& app, Tool& tool);
@@ -33,8 +34,12 @@ void addPrintCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.
 
+/// What is to be done with books. Those of an older layout can be read.
+enum class BooksUse { reading, changing };
+
 /// Opens the books at a location, or says why not and gives null.
-std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location);
+std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location,
+                                  BooksUse use = BooksUse::reading);
 
 /// What an action on the books returns; it has said what there was to say.
 ExitCode exitCodeOf(Outcome outcome);

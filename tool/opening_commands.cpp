@@ -35,9 +35,9 @@ struct OpeningOptions {
 };
 
 /// Works on the opening balances of the books that a command names.
-ExitCode withOpenings(Tool& tool, const OpeningOptions& options,
+ExitCode withOpenings(Tool& tool, const OpeningOptions& options, BooksUse use,
                       const std::function<ExitCode(OpeningBooks& books, IMessages&)>& work) {
-    auto engine = openBooks(tool, options.books);
+    auto engine = openBooks(tool, options.books, use);
     if (engine == nullptr) return ExitCode::failed;
     const ToolSession session(std::move(engine), options.books);
     ToolMessages messages(tool, false);
@@ -73,7 +73,7 @@ std::string textOf(const TrialBalance& balance) {
 }
 
 ExitCode showTrialBalance(Tool& tool, const OpeningOptions& options) {
-    return withOpenings(tool, options, [&](OpeningBooks& books, IMessages&) {
+    return withOpenings(tool, options, BooksUse::reading, [&](OpeningBooks& books, IMessages&) {
         const TrialBalance balance(books.classes, books.sheet.accounts());
         tool.out << (options.isJson ? jsonOf(balance) + '\n' : textOf(balance));
         return balance.isBalanced() ? ExitCode::done : ExitCode::faultsFound;
@@ -134,7 +134,8 @@ ExitCode writePlan(OpeningBooks& books, const FigurePlan& plan, IMessages& messa
 }
 
 ExitCode importOpening(Tool& tool, const OpeningOptions& options) {
-    return withOpenings(tool, options, [&](OpeningBooks& books, IMessages& messages) {
+    const BooksUse use = options.isDryRun ? BooksUse::reading : BooksUse::changing;
+    return withOpenings(tool, options, use, [&](OpeningBooks& books, IMessages& messages) {
         FigurePlan plan;
         if (const std::optional<SheetFailure> failure =
                 planImportedFile(books.sheet, options.file, plan)) {
@@ -162,7 +163,7 @@ ExitCode exportOpening(Tool& tool, const OpeningOptions& options) {
     }
     const OutputFile file = options.output();
     if (const auto refused = refuseTarget(tool, file)) return *refused;
-    return withOpenings(tool, options, [&](OpeningBooks& books, IMessages&) {
+    return withOpenings(tool, options, BooksUse::reading, [&](OpeningBooks& books, IMessages&) {
         if (const auto failure =
                 writeSheet(exportedOpenings(books.sheet), file.path, file.overwrite())) {
             tool.err << failure->text() << '\n';

@@ -28,10 +28,10 @@ void setUp(CLI::App& app) {
 }
 
 constexpr std::array addCommands{
-    addNewCommand,         addDemoCommand,         addInfoCommand,          addCheckCommand,
-    addBackupCommand,      addRestoreCommand,      addCopyCommand,          addImportChartCommand,
-    addExportChartCommand, addTrialBalanceCommand, addImportOpeningCommand, addExportOpeningCommand,
-    addPrintCommand};
+    addNewCommand,           addDemoCommand,        addInfoCommand,         addCheckCommand,
+    addBackupCommand,        addRestoreCommand,     addCopyCommand,         addUpgradeCommand,
+    addImportChartCommand,   addExportChartCommand, addTrialBalanceCommand, addImportOpeningCommand,
+    addExportOpeningCommand, addPrintCommand};
 
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     CLI::App app(tool_texts::summary, "chbooks");

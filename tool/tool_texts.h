@@ -16,8 +16,8 @@ inline constexpr const char* footer =
     "  0  完成\n"
     "  1  检查发现了问题,或试算不平衡\n"
     "  2  命令行有误\n"
-    "  3  帐套、文件或服务器出错(不存在、不是帐套、已损坏、版本太新、只读、占用、\n"
-    "     连不上、磁盘已满),什么都没有改变\n"
+    "  3  帐套、文件或服务器出错(不存在、不是帐套、已损坏、版本太新、要先升级、\n"
+    "     只读、占用、连不上、磁盘已满),什么都没有改变\n"
     "  4  目标已经存在,没有改动它\n"
     "  5  给出的内容不合规定(科目级长、年份、口令、导入的科目等)";
 
@@ -101,6 +101,15 @@ inline constexpr const char* restoreCommand = "从备份文件恢复帐套";
 inline constexpr const char* restored = "已从“{}”恢复帐套“{}”,并核对无误。";
 inline constexpr const char* copyCommand = "复制帐套,文件与服务器之间也可以";
 inline constexpr const char* copied = "帐套“{}”已复制到“{}”,并核对无误。";
+
+inline constexpr const char* upgradeCommand = "把较早版本的程序建立的帐套升级到本版本,升级前先备份";
+inline constexpr const char* dryRunUpgrade = "只说明将要做什么,不改动帐套";
+inline constexpr const char* forceUpgrade =
+    "服务器上的帐套:不等列为已登录的人,用于其工作站已经关机的情形";
+inline constexpr const char* upToDate = "帐套“{}”的数据格式为 {},不需要升级。";
+inline constexpr const char* upgraded =
+    "帐套“{}”已从数据格式 {} 升级到 {}。\n升级前的备份在“{}”,已核对无误。";
+inline constexpr const char* upgradedElsewhere = "帐套“{}”刚由另一个程序升级。";
 
 inline constexpr const char* importChartCommand = "从表格文件导入科目,与逐个增加、修改的规则相同";
 inline constexpr const char* importFileArgument =

@@ -10,6 +10,7 @@ namespace chengheng {
 enum class RefusalKind {
     wrongInput,    ///< what a person gave or wanted cannot be
     alreadyThere,  ///< what was to be made exists
+    outdated,      ///< books of an older layout are to be upgraded first
     failed,        ///< a file, a server or the machine failed
 };
 

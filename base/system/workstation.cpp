@@ -4,10 +4,13 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
+#include <initializer_list>
 
 namespace chengheng {
 namespace {
@@ -31,10 +34,18 @@ std::string programOf(const std::string& process) {
     return name;
 }
 
-std::tm localTime() {
-    const std::time_t now = std::time(nullptr);
+/// Whether a process lives and runs one of these programs.
+bool isAliveAs(std::int32_t process, std::initializer_list<std::string> programs) {
+    if (process <= 0) return false;
+    if (kill(process, 0) != 0 && errno == ESRCH) return false;
+    // A number is given again to other programs; one that cannot be looked at counts as ours.
+    const std::string found = programOf(std::to_string(process));
+    return found.empty() || std::ranges::find(programs, found) != programs.end();
+}
+
+std::tm localTime(std::time_t moment = std::time(nullptr)) {
     std::tm local{};
-    localtime_r(&now, &local);
+    localtime_r(&moment, &local);
     return local;
 }
 
@@ -51,12 +62,10 @@ std::string booksHome() {
 
 std::int32_t ownProcess() { return static_cast<std::int32_t>(getpid()); }
 
-bool isOwnProgramAlive(std::int32_t process) {
-    if (process <= 0) return false;
-    if (kill(process, 0) != 0 && errno == ESRCH) return false;
-    // A number is given again to other programs; one that cannot be looked at counts as ours.
-    const std::string found = programOf(std::to_string(process));
-    return found.empty() || found == programOf("self");
+bool isOwnProgramAlive(std::int32_t process) { return isAliveAs(process, {programOf("self")}); }
+
+bool isBooksProgramAlive(std::int32_t process) {
+    return isAliveAs(process, {programOf("self"), "chengheng"});
 }
 
 Date today() {
@@ -68,6 +77,15 @@ Date today() {
 ClockTime timeOfDay() {
     const std::tm local = localTime();
     return {local.tm_hour, local.tm_min, local.tm_sec};
+}
+
+std::string minuteText(double moment) {
+    constexpr double latest = 253'000'000'000;  // in the year 9987
+    if (!(moment > 0 && moment < latest)) return {};
+    const std::tm local = localTime(static_cast<std::time_t>(moment));
+    std::array<char, 32> text{};
+    const std::size_t size = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local);
+    return {text.data(), size};
 }
 
 }  // namespace chengheng

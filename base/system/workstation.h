@@ -20,6 +20,9 @@ std::int32_t ownProcess();
 /// Whether a process of this workstation lives and runs the same program as this one.
 bool isOwnProgramAlive(std::int32_t process);
 
+/// Whether it lives and runs a program of ours that people log on to books with.
+bool isBooksProgramAlive(std::int32_t process);
+
 /// The day by the local calendar.
 Date today();
 
@@ -30,5 +33,9 @@ struct ClockTime {
     int second = 0;
 };
 ClockTime timeOfDay();
+
+/// "2026-11-22 14:05" for a moment in seconds since 1970, by the local calendar and clock; empty
+/// for 0 and for what is no moment of our calendar.
+std::string minuteText(double moment);
 
 }  // namespace chengheng

@@ -14,6 +14,7 @@ enum class Failure {
     damaged,       ///< the database reports corruption
     readOnly,      ///< the file or server refuses writing
     newerVersion,  ///< written by a newer program
+    olderVersion,  ///< books of an older layout, to be upgraded before anybody works with them
     unreachable,   ///< the server cannot be reached or refuses the log-on
     lost,          ///< the connection broke during use
     full,          ///< no room left on the disk

@@ -5,6 +5,8 @@
 #include "books/checking/integrity_parts.h"
 #include "books/checking/integrity_sql.h"
 #include "books/checking/integrity_texts.h"
+#include "data/layout/layout.h"
+#include "data/layout/layout_steps.h"
 #include "data/transfer/stored_tables.h"
 
 namespace chengheng {
@@ -50,8 +52,16 @@ Status runAll(CheckedBooks& books, std::vector<IntegrityFault>& faults) {
 }  // namespace
 
 Status CheckedBooks::read() {
-    Status status = readParameters();
+    Status status = readTables();
+    if (status) status = readParameters();
     return status ? readAccounts() : status;
+}
+
+Status CheckedBooks::readTables() {
+    int number = 0;
+    const Status status = readLayoutNumber(m_engine, number);
+    m_tables = tablesOfLayout(number);
+    return status;
 }
 
 Status CheckedBooks::readParameters() {

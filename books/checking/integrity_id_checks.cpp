@@ -67,7 +67,7 @@ Status checkCounter(Engine& engine, FaultList& faults, const std::string& counte
 Status checkIdCounters(CheckedBooks& books, FaultList& faults) {
     CountersByRow counters;
     Status status = readCounters(books.engine(), counters);
-    for (const TableInfo& table : allTables()) {
+    for (const TableInfo& table : books.tables()) {
         if (!status) break;
         if (table.idRow.empty()) continue;
         const std::vector<std::int64_t>& values = counters[table.idRow];

@@ -37,7 +37,7 @@ Status checkObjects(CheckedBooks& books, FaultList& faults) {
     if (!status) return status;
     for (const ForeignObject& object : objects)
         faults.add(integrity_texts::foreignObject(object.isView, object.name));
-    for (const TableInfo& table : allTables())
+    for (const TableInfo& table : books.tables())
         for (const std::string& name : indexNames(table))
             if (!indexes.contains(comparedName(name)))
                 faults.add(integrity_texts::indexMissing(table.name, name));

@@ -7,6 +7,7 @@
 
 #include "accounts/codes/code_levels.h"
 #include "books/checking/integrity_check.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 
@@ -30,6 +31,8 @@ class CheckedBooks {
     Status read();
 
     Engine& engine() { return m_engine; }
+    /// The tables that books of their layout have.
+    const std::vector<TableInfo>& tables() const { return m_tables; }
     /// How many rows of parameters there are; one is right.
     int parameterRows() const { return m_parameterRows; }
     const std::string& pattern() const { return m_pattern; }
@@ -40,10 +43,12 @@ class CheckedBooks {
     const CheckedAccount* findAccount(int id) const;
 
   private:
+    Status readTables();
     Status readParameters();
     Status readAccounts();
 
     Engine& m_engine;
+    std::vector<TableInfo> m_tables;
     int m_parameterRows = 0;
     std::string m_pattern;
     CodeLevels m_levels{""};

@@ -44,9 +44,10 @@ std::optional<Refusal> verified(Engine& engine, const std::string& location) {
         fmt::format(transfer_texts::sourceDamaged, shownLocation(location), faults.front()));
 }
 
-Status openBooks(const std::string& location, std::unique_ptr<Engine>& engine) {
+Status openToRead(const std::string& location, std::unique_ptr<Engine>& engine,
+                  int* layout = nullptr) {
     const Status status = openEngine(location, OpenMode::existing, engine);
-    return status ? checkLayout(*engine) : status;
+    return status ? checkReadable(*engine, layout) : status;
 }
 
 /// A set of books that is read as it stands at one moment.
@@ -61,7 +62,7 @@ class Source {
     Source& operator=(const Source&) = delete;
 
     std::optional<Refusal> open() {
-        Status status = openBooks(m_location, m_engine);
+        Status status = openToRead(m_location, m_engine, &m_layout);
         if (!status) return failure(status, m_location);
         if (std::optional<Refusal> refusal = verified(*m_engine, m_location)) return refusal;
         status = m_engine->beginReading();
@@ -74,12 +75,15 @@ class Source {
     const std::string& location() const { return m_location; }
     Engine& engine() { return *m_engine; }
     const Digests& digests() const { return m_digests; }
+    /// The number of its layout.
+    int layout() const { return m_layout; }
     /// What a copy leaves out.
     const std::vector<ForeignObject>& objects() const { return m_objects; }
 
   private:
     std::string m_location;
     std::unique_ptr<Engine> m_engine;
+    int m_layout = 0;
     Digests m_digests;
     std::vector<ForeignObject> m_objects;
     bool m_isReading = false;
@@ -87,16 +91,20 @@ class Source {
 
 enum class Tables { present, missing };
 
-/// Brings the source's content into the target and compares the two, in one transaction.
+/// Brings the source's content into the target and compares the two, in one transaction. What came
+/// from books of an older layout is raised to this one; `made` is what the target then holds.
 std::optional<Refusal> fill(Source& source, Engine& target, const std::string& location,
-                            Tables tables) {
+                            Tables tables, Digests& made) {
     Status status = target.begin();
     if (!status) return failure(status, location);
     if (tables == Tables::missing) status = createTables(target);
     if (status) status = replaceContent(source.engine(), target);
-    Digests digests;
-    if (status) status = digestContent(target, digests);
-    const bool isEqual = digests == source.digests();
+    if (status) status = digestContent(target, made);
+    const bool isEqual = made == source.digests();
+    if (status && isEqual && source.layout() < booksFormatVersion) {
+        status = raiseRows(target, source.layout());
+        if (status) status = digestContent(target, made);
+    }
     if (status && isEqual) {
         status = target.commit();
         return status ? std::optional<Refusal>() : failure(status, location);
@@ -107,15 +115,17 @@ std::optional<Refusal> fill(Source& source, Engine& target, const std::string& l
 }
 
 /// Makes the tables and the content of a new database; leaves an empty one when it fails.
-std::optional<Refusal> makeCopy(Source& source, const std::string& location) {
+std::optional<Refusal> makeCopy(Source& source, const std::string& location, Digests& made) {
     std::unique_ptr<Engine> target;
     const Status status = openEngine(location, OpenMode::create, target);
-    return status ? fill(source, *target, location, Tables::missing) : failure(status, location);
+    return status ? fill(source, *target, location, Tables::missing, made)
+                  : failure(status, location);
 }
 
 /// The same on a server that has no such schema yet; what comes to nothing is removed.
 std::optional<Refusal> makeSchema(Source& source, const std::string& address) {
-    std::optional<Refusal> refusal = makeCopy(source, address);
+    Digests made;
+    std::optional<Refusal> refusal = makeCopy(source, address, made);
     // The failure told is the one that came first.
     if (refusal) static_cast<void>(removeDatabase(address).isDone());
     return refusal;
@@ -129,17 +139,17 @@ bool isEmptySchema(Engine& engine, const std::string& address) {
            openEngine(address, OpenMode::create, created).isDone();
 }
 
-/// Opens a finished copy as anybody will and compares it with the source once more.
-std::optional<Refusal> provenCopy(const Source& source, const std::string& path,
-                                  const std::string& file) {
+/// Opens a finished copy as anybody will and looks once more whether it holds what it should.
+std::optional<Refusal> provenCopy(const Source& source, const Digests& made,
+                                  const std::string& path, const std::string& file) {
     std::unique_ptr<Engine> copy;
-    Status status = openBooks(path, copy);
+    Status status = openToRead(path, copy);
     if (!status) return failure(status, file);
     if (std::optional<Refusal> refusal = verified(*copy, file)) return refusal;
     Digests digests;
     status = digestContent(*copy, digests);
     if (!status) return failure(status, file);
-    return digests == source.digests() ? std::optional<Refusal>() : difference(source.location());
+    return digests == made ? std::optional<Refusal>() : difference(source.location());
 }
 
 /// Whether a program has the file open. Opening and closing it takes away the log that one
@@ -178,10 +188,12 @@ std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwr
     if (form == CopyForm::asItIs && source.objects().empty())
         copied = source.engine().copyToFile(staged.path());
     if (copied && !*copied) return failure(*copied, file);
+    Digests made = source.digests();
     if (!copied) {
-        if (std::optional<Refusal> refusal = makeCopy(source, staged.path())) return refusal;
+        if (std::optional<Refusal> refusal = makeCopy(source, staged.path(), made)) return refusal;
     }
-    if (std::optional<Refusal> refusal = provenCopy(source, staged.path(), file)) return refusal;
+    if (std::optional<Refusal> refusal = provenCopy(source, made, staged.path(), file))
+        return refusal;
     std::error_code unseen;
     const OutputTarget& target = staged.target();
     const bool isReplaced = !target.isStream && files::exists(target.path, unseen);
@@ -207,7 +219,8 @@ std::optional<Refusal> replaceBooks(Source& source, Engine& target, const std::s
                                           locks.lastHolder().operatorName,
                                           locks.lastHolder().station));
     if (!locked) return failure(locked, location);
-    std::optional<Refusal> refusal = fill(source, target, location, Tables::present);
+    Digests made;
+    std::optional<Refusal> refusal = fill(source, target, location, Tables::present, made);
     locks.unlock(tables, LockMode::exclusive);
     return refusal;
 }
@@ -219,7 +232,8 @@ std::optional<Refusal> transfer(Source& source, const std::string& target, Overw
         if (isServerAddress(target)) return makeSchema(source, target);
         return writeFile(source, target, Overwrite::refuse, CopyForm::rows);
     }
-    if (status && isEmptySchema(*existing, target)) return makeCopy(source, target);
+    Digests made;
+    if (status && isEmptySchema(*existing, target)) return makeCopy(source, target, made);
     if (status) status = checkLayout(*existing);
     if (!status) return failure(status, target);
     if (overwrite == Overwrite::refuse)

@@ -15,6 +15,9 @@ namespace chengheng {
 // leaves the target as it was when anything fails. A location is the path of a file or the
 // address of a schema.
 
+// A source of an older layout is read as it is. What comes of it has the layout of this version,
+// but for a backup that the engine copies as it is.
+
 // What is taken over are rows: triggers and views that somebody put into the source are left out
 // and named in `leftOut`.
 

@@ -40,6 +40,13 @@ std::optional<Refusal> dateRefusal(const std::optional<Date>& date, const DayRan
                         books_field::date);
 }
 
+Refusal outdatedRefusal(const std::string& location) {
+    Refusal refusal = failureRefusal(failureText(Status::of(Failure::olderVersion), location),
+                                     books_field::location);
+    refusal.kind = RefusalKind::outdated;
+    return refusal;
+}
+
 /// The ids of rows that programs of this workstation left behind; "1, 2, 3".
 std::string staleIds(const std::vector<_LoginInfo>& rows) {
     std::string ids;
@@ -122,6 +129,7 @@ std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
     if (m_database.DBOpen(info, candidate.location.c_str(), name.c_str(), 1) == 0)
         return candidate.failure();
     candidate.name = name;
+    if (info.layout < booksFormatVersion) return outdatedRefusal(candidate.location);
     if (m_database.DBSelect(name.c_str()) == 0) return candidate.failure();
     const auto parameters = readRows<_zAccountMInfo>(m_database, logon_sql::parameters);
     if (hasFailed(m_database.lastStatus())) return candidate.failure();

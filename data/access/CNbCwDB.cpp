@@ -25,13 +25,15 @@ constexpr int failed = -1;
 
 std::string textOrEmpty(const char* text) { return text == nullptr ? std::string() : text; }
 
-Status openBooks(const std::string& location, int flag, std::unique_ptr<Engine>& engine) {
+Status openBooks(const std::string& location, int flag, std::unique_ptr<Engine>& engine,
+                 int& layout) {
     using chengheng::OpenMode;
+    layout = chengheng::booksFormatVersion;
     const bool isNew = flag == 0;
     Status status =
         chengheng::openEngine(location, isNew ? OpenMode::create : OpenMode::existing, engine);
     if (!status) return status;
-    return isNew ? chengheng::createLayout(*engine) : chengheng::checkLayout(*engine);
+    return isNew ? chengheng::createLayout(*engine) : chengheng::checkReadable(*engine, &layout);
 }
 
 LockMode lockMode(int mode) { return mode == 2 ? LockMode::exclusive : LockMode::shared; }
@@ -81,7 +83,7 @@ int CNbCwDB::DBOpen(NbCwDBInfo& info, const char* location, const char* name, in
         return 0;
     }
     std::unique_ptr<Engine> engine;
-    if (!m_impl->settle(openBooks(place, flag, engine))) return 0;
+    if (!m_impl->settle(openBooks(place, flag, engine, info.layout))) return 0;
     info.location = chengheng::shownLocation(place);
     info.name = textOrEmpty(name);
     info.isServer = chengheng::isServerAddress(place);

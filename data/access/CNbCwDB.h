@@ -23,6 +23,7 @@ struct NbCwDBInfo {
     std::string location;  ///< path or address, without a password
     std::string name;      ///< the name for DBSelect and DBClose
     bool isServer = false;
+    int layout = 0;  ///< the number of its layout; books of an older one are there to be read
 };
 
 /// The data-access object: record-wise operations per table, statements, table locks, over

@@ -76,6 +76,10 @@ class Engine {
     virtual Status script(std::string_view sql) = 0;
 
     virtual Status begin() = 0;
+    /// Begins a transaction during which nobody else gets to work with the database, and does not
+    /// wait for that: busy when a connection is in the way that the engine knows of. What
+    /// only has the database open is known in a file and not known on a server.
+    virtual Status beginAlone() = 0;
     virtual Status commit() = 0;
     virtual Status rollback() = 0;
     virtual Status savepoint(int depth) = 0;
@@ -99,7 +103,8 @@ class Engine {
     /// engine's words.
     virtual Status verify(std::vector<std::string>& faults) = 0;
     /// Copies the database as it stands, or as the open transaction sees it, into the file of
-    /// a new one that openEngine reads; nothing when the engine has no way of its own.
+    /// a new one that openEngine reads; nothing when the engine has no way of its own. Not in a
+    /// transaction that has changed something.
     virtual std::optional<Status> copyToFile(const std::string& path) = 0;
 };
 

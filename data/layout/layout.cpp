@@ -1,8 +1,11 @@
 #include "data/layout/layout.h"
 
 #include <algorithm>
+#include <limits>
 #include <set>
 #include <vector>
+
+#include "data/layout/layout_steps.h"
 
 namespace chengheng {
 namespace {
@@ -38,31 +41,24 @@ std::string columnNames(const TableInfo& table) {
     return names;
 }
 
-std::string layoutScript(const EngineDialect& dialect) {
-    std::string script;
-    std::set<std::string> idRows;
-    for (const TableInfo& table : allTables()) {
-        script += createTableSql(table, dialect);
-        if (!table.idRow.empty()) idRows.insert(table.idRow);
-    }
-    for (const std::string& row : idRows)
-        script += "INSERT INTO ABIdTable (sTable, lLastId) VALUES ('" + row + "', 0);\n";
-    script +=
-        "INSERT INTO BooksFormat (lVersion) VALUES (" + std::to_string(booksFormatVersion) + ");\n";
-    return script;
+std::string addCounterSql(const std::string& row) {
+    return "INSERT INTO ABIdTable (sTable, lLastId) VALUES ('" + row + "', 0);\n";
 }
 
-/// The highest version in the row of BooksFormat; 0 when it has none.
-Status readVersion(Engine& engine, std::int64_t& version) {
-    std::unique_ptr<PreparedStatement> statement;
-    Status status = engine.prepare("SELECT max(lVersion) FROM BooksFormat", 0, statement);
-    if (!status) return status;
-    std::unique_ptr<Cursor> cursor;
-    status = engine.open({statement.get(), {}}, cursor);
-    if (!status) return status;
-    if (cursor->next() == Cursor::Step::failed) return cursor->status();
-    version = cursor->integer(0);
-    return Status::done();
+enum class NewTables { missing, present };
+
+std::string raisingScript(const EngineDialect& dialect, int from, NewTables newTables) {
+    std::string script;
+    for (const LayoutStep& step : layoutSteps()) {
+        if (step.from < from) continue;
+        for (const TableInfo& table : step.newTables) {
+            if (newTables == NewTables::missing) script += createTableSql(table, dialect);
+            if (newTables == NewTables::missing && dialect.shareTable != nullptr)
+                script += dialect.shareTable(table.name, "LoginInfoTbl");
+            if (!table.idRow.empty()) script += addCounterSql(table.idRow);
+        }
+    }
+    return script + "UPDATE BooksFormat SET lVersion = " + std::to_string(booksFormatVersion);
 }
 
 /// Whether the table is there with every column this program works with.
@@ -74,9 +70,9 @@ Status checkTable(Engine& engine, const TableInfo& table, bool& isFit) {
     return status.failure == Failure::refused ? Status::done() : status;
 }
 
-Status checkTables(Engine& engine) {
+Status checkTables(Engine& engine, int number) {
     std::string unfit;
-    for (const TableInfo& table : allTables()) {
+    for (const TableInfo& table : tablesOfLayout(number)) {
         bool isFit = false;
         if (Status status = checkTable(engine, table, isFit); !status) return status;
         if (!isFit) unfit += (unfit.empty() ? "" : " ") + table.name;
@@ -101,7 +97,20 @@ std::vector<std::string> indexNames(const TableInfo& table) {
     return names;
 }
 
-Status createTables(Engine& engine) { return engine.script(layoutScript(engine.dialect())); }
+std::string layoutScript(const EngineDialect& dialect, int number) {
+    std::string script;
+    std::set<std::string> idRows;
+    for (const TableInfo& table : tablesOfLayout(number)) {
+        script += createTableSql(table, dialect);
+        if (!table.idRow.empty()) idRows.insert(table.idRow);
+    }
+    for (const std::string& row : idRows) script += addCounterSql(row);
+    return script + "INSERT INTO BooksFormat (lVersion) VALUES (" + std::to_string(number) + ");\n";
+}
+
+Status createTables(Engine& engine, int number) {
+    return engine.script(layoutScript(engine.dialect(), number));
+}
 
 Status createLayout(Engine& engine) {
     Status status = engine.begin();
@@ -112,18 +121,48 @@ Status createLayout(Engine& engine) {
     return status;
 }
 
-Status checkLayout(Engine& engine) {
+Status readLayoutNumber(Engine& engine, int& number) {
+    number = 0;
+    std::unique_ptr<PreparedStatement> statement;
+    Status status = engine.prepare("SELECT max(lVersion) FROM BooksFormat", 0, statement);
+    if (!status) return status;
+    std::unique_ptr<Cursor> cursor;
+    status = engine.open({statement.get(), {}}, cursor);
+    if (!status) return status;
+    if (cursor->next() == Cursor::Step::failed) return cursor->status();
+    constexpr std::int64_t highest = std::numeric_limits<int>::max();
+    number = static_cast<int>(std::clamp<std::int64_t>(cursor->integer(0), 0, highest));
+    return Status::done();
+}
+
+Status checkReadable(Engine& engine, int* number) {
     bool isFound = false;
     Status status = engine.hasTable("BooksFormat", isFound);
     if (!status) return status;
     if (!isFound) return Status::of(Failure::foreign, "BooksFormat");
-    std::int64_t version = 0;
-    status = readVersion(engine, version);
+    int found = 0;
+    status = readLayoutNumber(engine, found);
     if (!status) return status;
-    if (version > booksFormatVersion)
-        return Status::of(Failure::newerVersion, std::to_string(version));
-    if (version < 1) return Status::of(Failure::damaged, "BooksFormat");
-    return checkTables(engine);
+    if (number != nullptr) *number = found;
+    if (found > booksFormatVersion) return Status::of(Failure::newerVersion, std::to_string(found));
+    if (found < 1) return Status::of(Failure::damaged, "BooksFormat");
+    return checkTables(engine, found);
+}
+
+Status checkLayout(Engine& engine) {
+    int number = 0;
+    Status status = checkReadable(engine, &number);
+    if (status && number < booksFormatVersion)
+        return Status::of(Failure::olderVersion, std::to_string(number));
+    return status;
+}
+
+Status raiseLayout(Engine& engine, int from) {
+    return engine.script(raisingScript(engine.dialect(), from, NewTables::missing));
+}
+
+Status raiseRows(Engine& engine, int from) {
+    return engine.script(raisingScript(engine.dialect(), from, NewTables::present));
 }
 
 }  // namespace chengheng

@@ -19,6 +19,10 @@ struct EngineDialect {
     /// Selects what lies in the database beside tables: "trigger", "view" or "index", and its
     /// name, by kind and name.
     std::string_view otherObjects = {};
+    /// The time by the clock of the database, in seconds since 1970.
+    std::string_view now = {};
+    /// Statements that give a new table to those who may use another one.
+    std::string (*shareTable)(const std::string& table, const std::string& model) = {};
 };
 
 }  // namespace chengheng

@@ -43,6 +43,19 @@ const RecordType& recordTypeOf<_zAuthInfo>() {
 }
 
 template <>
+const RecordType& recordTypeOf<_LogonTriesInfo>() {
+    using Record = _LogonTriesInfo;
+    static const RecordColumn columns[] = {
+        column("lId", &Record::lId),
+        column("lWrong", &Record::lWrong),
+        column("dWrongAt", &Record::dWrongAt),
+        column("dLogonAt", &Record::dLogonAt),
+    };
+    static const RecordType type = recordType<Record>("LogonTries", "", {}, columns);
+    return type;
+}
+
+template <>
 const RecordType& recordTypeOf<_LoginInfo>() {
     using Record = _LoginInfo;
     static const RecordColumn columns[] = {

@@ -39,6 +39,16 @@ struct _zAuthInfo {
     bool operator==(const _zAuthInfo&) const = default;
 };
 
+/// What was tried with an operator's name, by the clock of the database, in seconds since 1970.
+struct _LogonTriesInfo {
+    std::int32_t lId = 0;     ///< the operator's; below 0: names that no operator has
+    std::int32_t lWrong = 0;  ///< wrong passwords since the last log-on
+    double dWrongAt = 0;      ///< when the last of them was given
+    double dLogonAt = 0;      ///< when the operator last logged on
+
+    bool operator==(const _LogonTriesInfo&) const = default;
+};
+
 /// An operator who is logged on to a set of books.
 struct _LoginInfo {
     std::int32_t lId = 0;

@@ -19,6 +19,7 @@ struct _ExchgFixInfo;
 struct _ExchgFltInfo;
 struct _FreqSubInfo;
 struct _LoginInfo;
+struct _LogonTriesInfo;
 struct _PersonInfo;
 struct _ProjClassInfo;
 struct _ProjCodesInfo;
@@ -78,6 +79,8 @@ template <>
 const RecordType& recordTypeOf<_FreqSubInfo>();
 template <>
 const RecordType& recordTypeOf<_LoginInfo>();
+template <>
+const RecordType& recordTypeOf<_LogonTriesInfo>();
 template <>
 const RecordType& recordTypeOf<_PersonInfo>();
 template <>

@@ -34,6 +34,7 @@ std::span<const RecordType* const> allRecordTypes() {
         &recordTypeOf<_FreqSubInfo>(),     &recordTypeOf<__DigestInfo>(),
         &recordTypeOf<_RecpBankInfo>(),    &recordTypeOf<_RecpEnterInfo>(),
         &recordTypeOf<_ZWPrintMainInfo>(), &recordTypeOf<_ZWPrintSubInfo>(),
+        &recordTypeOf<_LogonTriesInfo>(),
     };
     return types;
 }

@@ -1,5 +1,8 @@
 #include "data/transfer/stored_tables.h"
 
+#include "data/layout/layout.h"
+#include "data/layout/layout_steps.h"
+
 namespace chengheng {
 namespace {
 
@@ -48,8 +51,10 @@ std::string columnNames(const TableInfo& table) {
 
 Status storedTables(Engine& engine, std::vector<TableInfo>& tables) {
     tables.clear();
-    for (const TableInfo& table : allTables())
-        if (table.name != sessionTable) tables.push_back(table);
+    int number = 0;
+    if (Status status = readLayoutNumber(engine, number); !status) return status;
+    for (TableInfo& table : tablesOfLayout(number))
+        if (table.name != sessionTable) tables.push_back(std::move(table));
     return projectItemTables(engine, tables);
 }
 

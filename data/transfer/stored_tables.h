@@ -18,8 +18,8 @@ Status forEachRow(Engine& engine, std::string_view sql, std::span<const Value> v
 /// "lId, sCode, ..." of a table.
 std::string columnNames(const TableInfo& table);
 
-/// The tables that make up the content of a set of books: all tables but that of who is
-/// logged on, and the item tables of its project classes.
+/// The tables that make up the content of a set of books: all tables of their layout but that of
+/// who is logged on, and the item tables of its project classes.
 Status storedTables(Engine& engine, std::vector<TableInfo>& tables);
 
 }  // namespace chengheng

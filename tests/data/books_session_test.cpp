@@ -9,6 +9,7 @@
 
 #include "base/system/workstation.h"
 #include "data/access/row_lease.h"
+#include "data/layout/layout.h"
 #include "data/lookups/CGetData.h"
 #include "data/tables/operators.h"
 #include "session/failure_texts.h"
@@ -16,6 +17,7 @@
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/made_books.h"
+#include "tests/support/older_books.h"
 #include "tests/support/ordinary_user.h"
 #include "tests/support/private_postgres.h"
 
@@ -161,6 +163,34 @@ TEST_P(BooksSessions, DoNotEvenLookAtAPasswordTooSoonAfterAWrongOne) {
     EXPECT_EQ(shell.refusalOf(requestFor(m_location)), "");
 }
 
+TEST_P(BooksSessions, AreRefusedByBooksOfAnOlderLayout) {
+    const std::string older = freshLocation(GetParam());
+    fillOlderBooks(*openForTest(older), 1);
+    Shell shell;
+    const auto refusal = shell.session.logOn(requestFor(older));
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->kind, RefusalKind::outdated);
+    EXPECT_TRUE(shell.refusalOf(requestFor(older))
+                    .ends_with("由较早版本的程序建立,要先升级才能使用。\n"
+                               "请在登录窗口中打开它,或运行 chbooks upgrade。"));
+    EXPECT_TRUE(shell.refusalOf(requestFor(older)).starts_with("location|"));
+}
+
+TEST_P(BooksSessions, OpenBooksThatWereUpgraded) {
+    const std::string older = freshLocation(GetParam());
+    {
+        const auto engine = openForTest(older);
+        fillOlderBooks(*engine, 1);
+        ASSERT_TRUE(raiseLayout(*engine, 1).isDone());
+    }
+    Shell shell;
+    for (const char* name : {"王芳", "O'Brien %_\\"}) {
+        LogonRequest request = requestFor(older);
+        request.operatorName = name;
+        EXPECT_EQ(shell.refusalOf(request), "");
+    }
+}
+
 TEST_P(BooksSessions, TakeAQuoteInAnOperatorsNameAsItStands) {
     NewBooks facts = sampleBooks();
     facts.supervisor = "O'Brien %_\\";
@@ -252,8 +282,8 @@ TEST_P(BooksSessions, ChangeOfBooksEndsTheFirstLogon) {
 }
 
 TEST_P(BooksSessions, RefuseBooksOfANewerProgram) {
-    ASSERT_TRUE(
-        openForTest(m_location, OpenMode::existing)->script("UPDATE BooksFormat SET lVersion = 2"));
+    ASSERT_TRUE(openForTest(m_location, OpenMode::existing)
+                    ->script("UPDATE BooksFormat SET lVersion = 99"));
     Shell shell;
     const std::string text = shell.refusalOf(requestFor(m_location));
     EXPECT_TRUE(text.ends_with("“" + m_shown +

@@ -3,14 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
+#include "data/layout/layout.h"
 #include "data/transfer/content_digest.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/failing_sync.h"
+#include "tests/support/older_books.h"
 #include "tests/support/small_books.h"
 
 namespace {
@@ -339,6 +342,74 @@ TEST_P(Restore, FileThatIsNoBackupIsRefused) {
 }
 
 CHENGHENG_ON_SHARED_ENGINES(Restore);
+
+/// Books of an older layout as they lie on an engine.
+class OlderSource : public testing::TestWithParam<std::tuple<EngineCase, EngineCase>> {
+  protected:
+    void SetUp() override {
+        chengheng::fillOlderBooks(*openForTest(m_source), 1);
+        m_content = contentOf(m_source);
+    }
+    /// What the books hold that came from the source; the rest is empty.
+    void expectRowsAt(const std::string& location) {
+        EXPECT_TRUE(checkLayout(*openForTest(location, OpenMode::existing)).isDone());
+        for (const chengheng::TableDigest& digest : contentOf(location)) {
+            if (digest.table == "BooksFormat") continue;
+            const auto old =
+                std::ranges::find(m_content, digest.table, &chengheng::TableDigest::table);
+            if (old == m_content.end())
+                EXPECT_EQ(digest.rows, 0) << digest.table;
+            else
+                EXPECT_EQ(digest, *old) << digest.table;
+        }
+    }
+
+    std::string m_source = freshLocation(std::get<0>(GetParam()));
+    std::string m_target = freshLocation(std::get<1>(GetParam()));
+    std::vector<chengheng::TableDigest> m_content;
+};
+
+TEST_P(OlderSource, BecomesNewBooksOfTheLayoutOfToday) {
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::refuse)), "done");
+    expectRowsAt(m_target);
+    EXPECT_EQ(contentOf(m_source), m_content);
+}
+
+TEST_P(OlderSource, ReplacesBooksOfTheLayoutOfToday) {
+    {
+        const auto engine = openForTest(m_target);
+        fillSmallBooks(*engine);
+        runScript(*engine, "INSERT INTO LogonTries VALUES (1, 9, 1, 1)");
+    }
+    EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replaceBooks)), "done");
+    expectRowsAt(m_target);
+}
+
+TEST_P(OlderSource, ReplacesNoBooksThatAreToBeUpgradedFirst) {
+    chengheng::fillOlderBooks(*openForTest(m_target), 1);
+    EXPECT_THAT(textOf(copyBooks(m_source, m_target, Overwrite::replaceBooks)),
+                HasSubstr("要先升级才能使用"));
+    EXPECT_EQ(contentOf(m_target), m_content);
+}
+
+TEST_P(OlderSource, IsBackedUp) {
+    const std::string file = freshFolder() + "/b.db";
+    EXPECT_EQ(textOf(backUpBooks(m_source, file, Overwrite::refuse)), "done");
+    if (m_source.starts_with("postgres"))
+        expectRowsAt(file);
+    else
+        EXPECT_EQ(contentOf(file), m_content);
+    EXPECT_EQ(textOf(restoreBooks(file, m_target, Overwrite::refuse)), "done");
+    expectRowsAt(m_target);
+}
+
+INSTANTIATE_TEST_SUITE_P(Between, OlderSource,
+                         testing::Combine(testing::ValuesIn(chengheng::sharedEngineCases()),
+                                          testing::ValuesIn(chengheng::sharedEngineCases())),
+                         [](const auto& pair) {
+                             return std::get<0>(pair.param).name + "To" +
+                                    std::get<1>(pair.param).name;
+                         });
 
 TEST(RestoreFile, OnADiskThatFillsUpLeavesTheBooksAsTheyWere) {
     const std::string file = makeSmallBooks(EngineCase{"sqliteFile"});

@@ -7,6 +7,7 @@
 
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_books.h"
+#include "tests/support/older_books.h"
 #include "tests/support/run_program.h"
 
 namespace {
@@ -89,6 +90,15 @@ TEST(Program, RefusesAWrongPasswordAndAWrongDate) {
                      fileHolding("secret\n"), "--date", "2025-12-31"});
     EXPECT_EQ(run.exitCode, 4);
     EXPECT_THAT(run.err, StartsWith("登录日期2025-12-31不在本帐套的会计年度内"));
+}
+
+TEST(Program, UpgradesNoBooksWithoutAWindowToAskIn) {
+    const std::string path = freshFolder() + "/Nbzw.db";
+    chengheng::fillOlderBooks(*chengheng::openForTest(path), 1);
+    const ProgramRun run = chengheng(
+        {"--books", path, "--operator", "王芳", "--password-file", fileHolding("secret\n")});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_THAT(run.err, HasSubstr("或运行 chbooks upgrade"));
 }
 
 TEST(Program, NamesAPasswordFileThatIsMissing) {

@@ -82,6 +82,11 @@ Status FaultyEngine::begin() {
     return m_engine->begin();
 }
 
+Status FaultyEngine::beginAlone() {
+    if (Status entered = enter(); !entered) return entered;
+    return m_engine->beginAlone();
+}
+
 Status FaultyEngine::beginReading() {
     if (Status entered = enter(); !entered) return entered;
     return m_engine->beginReading();
@@ -122,6 +127,16 @@ Status FaultyEngine::ensureConnected() {
     else if (Status entered = enter(); !entered)
         return entered;
     return m_engine->ensureConnected();
+}
+
+Status FaultyEngine::verify(std::vector<std::string>& faults) {
+    if (Status entered = enter(); !entered) return entered;
+    return m_engine->verify(faults);
+}
+
+std::optional<Status> FaultyEngine::copyToFile(const std::string& path) {
+    if (Status entered = enter(); !entered) return entered;
+    return m_engine->copyToFile(path);
 }
 
 Status FaultyEngine::hasTable(std::string_view name, bool& found) {

@@ -11,9 +11,9 @@ namespace chengheng {
 /// A real engine whose n-th call fails.
 ///
 /// Every call that reaches the database is one: prepare, execute, open, script, begin, commit,
-/// the savepoints, hasTable, ensureConnected, and the first step of a cursor. A call that
-/// fails does nothing; a commit that fails has rolled back. Rollbacks are not counted: they
-/// are how the failure of the others is answered. After `lost`, the transaction is gone and
+/// the savepoints, hasTable, ensureConnected, verify, copyToFile, and the first step of a cursor. A
+/// call that fails does nothing; a commit that fails has rolled back. Rollbacks are not counted:
+/// they are how the failure of the others is answered. After `lost`, the transaction is gone and
 /// every call fails until ensureConnected, as with a server that went away; locks stay.
 class FaultyEngine final : public Engine {
   public:
@@ -44,6 +44,7 @@ class FaultyEngine final : public Engine {
     Status open(const Command& command, std::unique_ptr<Cursor>& cursor) override;
     Status script(std::string_view sql) override;
     Status begin() override;
+    Status beginAlone() override;
     Status commit() override;
     Status rollback() override;
     Status savepoint(int depth) override;
@@ -57,10 +58,8 @@ class FaultyEngine final : public Engine {
     void replaceLocks(LockService& locks) { m_locks = &locks; }
     Status facts(EngineFacts& facts) override { return m_engine->facts(facts); }
     Status beginReading() override;
-    Status verify(std::vector<std::string>& faults) override { return m_engine->verify(faults); }
-    std::optional<Status> copyToFile(const std::string& path) override {
-        return m_engine->copyToFile(path);
-    }
+    Status verify(std::vector<std::string>& faults) override;
+    std::optional<Status> copyToFile(const std::string& path) override;
 
   private:
     std::unique_ptr<Engine> m_engine;

@@ -15,11 +15,13 @@
 #include <fstream>
 
 #include "books/making/books_creation.h"
+#include "data/layout/layout.h"
 #include "screen/message_boxes.h"
 #include "session/failure_texts.h"
 #include "shell/new_books_window.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_books.h"
+#include "tests/support/older_books.h"
 #include "tests/support/recording_messages.h"
 #include "tests/window/next_modal.h"
 #include "tests/window/typing.h"
@@ -139,6 +141,72 @@ TEST(LogonWindow, WrongPasswordIsToldAndLeavesTheWindowOpen) {
     EXPECT_EQ(station.messages.notices().at(0).focusField, "password");
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(station.session.isLoggedOn());
+}
+
+namespace {
+
+/// A log-on window on books of the first layout.
+struct StationOfOlderBooks : Station {
+    StationOfOlderBooks() {
+        fillOlderBooks(*openForTest(books), 1);
+        open({.books = books});
+        type("operatorName", "王芳");
+        type("password", "secret");
+    }
+
+    std::string books = freshFolder() + "/Nbzw.db";
+};
+
+int layoutAt(const std::string& books) {
+    int number = 0;
+    EXPECT_TRUE(readLayoutNumber(*openForTest(books, OpenMode::existing), number).isDone());
+    return number;
+}
+
+}  // namespace
+
+TEST(LogonWindow, AsksBeforeItUpgradesBooksAndLeavesThemAloneOnNo) {
+    StationOfOlderBooks station;
+    station.messages.willAnswer(Answer::no);
+    station.window->accept();
+    const std::string question = station.messages.texts().at(0);
+    EXPECT_TRUE(question.starts_with("帐套“旧帐”(" + station.books + ")由较早版本的程序建立"));
+    EXPECT_TRUE(question.find("先备份到“") != std::string::npos);
+    EXPECT_TRUE(question.ends_with("现在升级吗?"));
+    EXPECT_TRUE(station.window->isVisible());
+    EXPECT_FALSE(station.session.isLoggedOn());
+    EXPECT_EQ(layoutAt(station.books), 1);
+}
+
+TEST(LogonWindow, UpgradesBooksOnYesAndLogsOn) {
+    StationOfOlderBooks station;
+    station.messages.willAnswer(Answer::yes);
+    station.window->accept();
+    EXPECT_EQ(station.messages.texts().size(), 1u);
+    EXPECT_EQ(station.window->result(), QDialog::Accepted);
+    EXPECT_TRUE(station.session.isLoggedOn());
+    station.session.logOff();
+    EXPECT_EQ(layoutAt(station.books), booksFormatVersion);
+}
+
+TEST(LogonWindow, WaitsForWhoIsAtWorkAndTellsWhenTheWaitIsGivenUp) {
+    StationOfOlderBooks station;
+    const auto colleague = openForTest(station.books, OpenMode::existing);
+    ASSERT_TRUE(colleague->script(
+        "INSERT INTO LoginInfoTbl VALUES (1, 1, '李明', 'PC1', 1, '2026-01-01')"));
+    station.messages.willAnswer(Answer::yes);
+    QString shown;
+    NextModal operatorHands([&shown](QWidget& box) {
+        for (const QLabel* label : box.findChildren<QLabel*>()) shown += label->text();
+        clickOn(box, "取消");
+    });
+    station.window->accept();
+    EXPECT_TRUE(shown.contains("操作员:李明")) << shown.toStdString();
+    EXPECT_TRUE(shown.contains("工作站:PC1")) << shown.toStdString();
+    EXPECT_TRUE(station.messages.texts().at(1).find("没有升级,什么都没有改变") !=
+                std::string::npos);
+    EXPECT_TRUE(station.window->isVisible());
+    EXPECT_EQ(layoutAt(station.books), 1);
 }
 
 TEST(LogonWindow, FocusReturnsToTheFaultyField) {

@@ -1,7 +1,10 @@
 #include "data/engines/postgres/postgres_address.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
+
+#include "base/values/text.h"
 
 namespace chengheng {
 namespace {
@@ -27,6 +30,21 @@ std::optional<std::string> percentDecoded(std::string_view text) {
         at += 2;
     }
     return decoded;
+}
+
+std::string percentEncoded(std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string encoded;
+    for (const char letter : text) {
+        const char lower = lowerAscii(letter);
+        if ((lower >= 'a' && lower <= 'z') || isDigit(letter) || letter == '_') {
+            encoded += letter;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(letter);
+        encoded += {'%', digits[byte >> 4], digits[byte & 0xF]};
+    }
+    return encoded;
 }
 
 std::string quoted(std::string_view text, char quote) {
@@ -64,6 +82,19 @@ Status readPostgresAddress(std::string_view text, PostgresAddress& address) {
         address.schema = *schema;
     }
     return Status::done();
+}
+
+std::string addressText(const PostgresAddress& address) {
+    const bool hasParameters = address.serverAddress.find('?') != std::string::npos;
+    return address.serverAddress + (hasParameters ? '&' : '?') + std::string(schemaKey) +
+           percentEncoded(address.schema);
+}
+
+std::string schemaBeside(std::string_view schema, std::string_view suffix) {
+    const auto isInsideCharacter = [](char letter) { return (letter & 0xC0) == 0x80; };
+    std::size_t kept = std::min(schema.size(), longestIdentifier - suffix.size());
+    while (kept > 0 && kept < schema.size() && isInsideCharacter(schema[kept])) --kept;
+    return std::string(schema.substr(0, kept)).append(suffix);
 }
 
 std::string quotedIdentifier(std::string_view name) { return quoted(name, '"'); }

@@ -16,6 +16,12 @@ struct PostgresAddress {
 
 Status readPostgresAddress(std::string_view text, PostgresAddress& address);
 
+/// As one text again.
+std::string addressText(const PostgresAddress& address);
+
+/// A schema's name with something behind it, its own part cut where the whole would be too long.
+std::string schemaBeside(std::string_view schema, std::string_view suffix);
+
 /// A name as an SQL identifier, in double quotes.
 std::string quotedIdentifier(std::string_view name);
 

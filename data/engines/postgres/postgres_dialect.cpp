@@ -36,10 +36,25 @@ constexpr std::string_view otherObjects =
     "UNION ALL SELECT 'index', CAST(indexname AS text) FROM pg_indexes "
     "WHERE schemaname = current_schema() ORDER BY 1, 2";
 
+constexpr std::string_view now = "CAST(extract(epoch FROM clock_timestamp()) AS double precision)";
+
+/// The owner of the other table, and whoever was granted rights on it. 0 is everybody.
+std::string shareTable(const std::string& table, const std::string& model) {
+    return "DO $$ DECLARE each record; BEGIN FOR each IN "
+           "SELECT relowner AS person, 'ALL' AS kind FROM pg_class WHERE oid = '" +
+           model +
+           "'::regclass UNION ALL SELECT a.grantee, a.privilege_type "
+           "FROM pg_class, aclexplode(relacl) a WHERE pg_class.oid = '" +
+           model + "'::regclass LOOP EXECUTE format('GRANT %s ON " + table +
+           " TO %s', each.kind, CASE each.person WHEN 0 THEN 'PUBLIC' "
+           "ELSE quote_ident(pg_get_userbyid(each.person)) END); END LOOP; END $$;\n";
+}
+
 }  // namespace
 
 const EngineDialect& postgresDialect() {
-    static constexpr EngineDialect dialect{"", " FOR UPDATE", columnDeclaration, otherObjects};
+    static constexpr EngineDialect dialect{"",           " FOR UPDATE", columnDeclaration,
+                                           otherObjects, now,           shareTable};
     return dialect;
 }
 

@@ -29,6 +29,7 @@ class PostgresEngine final : public Engine {
     Status script(std::string_view sql) override;
 
     Status begin() override { return m_transaction.begin("BEGIN"); }
+    Status beginAlone() override;
     Status commit() override { return behind(m_transaction.commit()); }
     Status rollback() override { return behind(m_transaction.rollback()); }
     Status savepoint(int depth) override { return m_transaction.savepoint(depth); }
@@ -172,6 +173,18 @@ Status PostgresEngine::open(const Command& command, std::unique_ptr<Cursor>& cur
 Status PostgresEngine::script(std::string_view sql) {
     if (Status status = m_transaction.mayRun(); !status) return status;
     return m_transaction.run(std::string(sql));
+}
+
+// Whoever opens books reads the number of their layout, and whoever logs on enters it in the list
+// of those who are: both wait here for the end of the transaction.
+Status PostgresEngine::beginAlone() {
+    Status status = m_transaction.begin("BEGIN");
+    if (!status) return status;
+    status =
+        m_transaction.run("LOCK TABLE BooksFormat, LoginInfoTbl IN ACCESS EXCLUSIVE MODE NOWAIT");
+    if (status) return status;
+    if (Status undone = rollback(); !undone) status.detail += "; " + undone.detail;
+    return status;
 }
 
 Status PostgresEngine::ensureConnected() {

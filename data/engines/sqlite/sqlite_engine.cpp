@@ -34,7 +34,8 @@ std::string columnDeclaration(ColumnType type) {
 
 constexpr EngineDialect sqliteDialect{
     " ESCAPE '\\'", "", columnDeclaration,
-    "SELECT type, name FROM sqlite_master WHERE type <> 'table' ORDER BY type, name"};
+    "SELECT type, name FROM sqlite_master WHERE type <> 'table' ORDER BY type, name",
+    "(julianday('now') - 2440587.5) * 86400.0"};
 
 class SqliteEngine final : public Engine {
   public:
@@ -52,6 +53,7 @@ class SqliteEngine final : public Engine {
     Status script(std::string_view sql) override;
 
     Status begin() override;
+    Status beginAlone() override;
     Status commit() override;
     Status rollback() override;
     Status savepoint(int depth) override { return atDepth("SAVEPOINT unit", depth); }
@@ -69,13 +71,15 @@ class SqliteEngine final : public Engine {
         return verifySqlite(m_connection.get(), faults);
     }
     std::optional<Status> copyToFile(const std::string& path) override {
-        return copySqliteToFile(m_connection.get(), path);
+        return m_isWithoutLog ? copySqliteBytes(m_connection.get(), path)
+                              : copySqliteToFile(m_connection.get(), path);
     }
 
   private:
     Status run(const std::string& sql);
     Status runAll(std::span<const Command> commands);
     Status beginWith(const char* sql);
+    void takeUpLog();
     Status atDepth(const char* verb, int depth);
     Status checkTransaction() const;
     Status remember(Status status);
@@ -83,7 +87,8 @@ class SqliteEngine final : public Engine {
     SqliteConnection m_connection;
     std::unique_ptr<LockService> m_locks;
     bool m_isInTransaction = false;
-    Status m_transactionLoss;  ///< what made SQLite end the transaction by itself
+    bool m_isWithoutLog = false;  ///< so that nobody else can have the file open
+    Status m_transactionLoss;     ///< what made SQLite end the transaction by itself
 };
 
 /// SQLite ends a transaction by itself when the disk is full or fails. What follows must
@@ -161,6 +166,31 @@ Status SqliteEngine::beginWith(const char* sql) {
 
 Status SqliteEngine::begin() { return beginWith("BEGIN IMMEDIATE"); }
 
+// To give up the log, a connection must be the only one; without it, a transaction keeps others
+// even from reading. One who came in between has taken the log up again.
+Status SqliteEngine::beginAlone() {
+    if (m_isInTransaction) return Status::of(Failure::refused, "a transaction is open already");
+    Status status = run("PRAGMA journal_mode = DELETE");
+    if (!status) return status;
+    m_isWithoutLog = true;
+    status = beginWith("BEGIN EXCLUSIVE");
+    bool hasLog = false;
+    if (status) status = hasSqliteLog(m_connection.get(), hasLog);
+    if (status && hasLog) status = Status::of(Failure::busy, "opened by another connection");
+    if (!status && m_isInTransaction) {
+        if (Status undone = rollback(); !undone) status.detail += "; " + undone.detail;
+    }
+    if (!status) takeUpLog();
+    return status;
+}
+
+/// What goes wrong here is made good with the next opening.
+void SqliteEngine::takeUpLog() {
+    if (!m_isWithoutLog) return;
+    m_isWithoutLog = false;
+    static_cast<void>(run("PRAGMA journal_mode = WAL").isDone());
+}
+
 // A transaction of SQLite sees the database as it stands at its first read, so one is made.
 Status SqliteEngine::beginReading() { return beginWith("BEGIN; SELECT 1 FROM sqlite_schema"); }
 
@@ -172,13 +202,16 @@ Status SqliteEngine::commit() {
         if (Status undone = rollback(); !undone) status.detail += "; " + undone.detail;
     }
     m_isInTransaction = false;
+    takeUpLog();
     return status;
 }
 
 Status SqliteEngine::rollback() {
     m_isInTransaction = false;
-    if (sqlite3_get_autocommit(m_connection.get()) != 0) return Status::done();
-    return run("ROLLBACK");
+    Status status;
+    if (sqlite3_get_autocommit(m_connection.get()) == 0) status = run("ROLLBACK");
+    takeUpLog();
+    return status;
 }
 
 Status SqliteEngine::atDepth(const char* verb, int depth) {

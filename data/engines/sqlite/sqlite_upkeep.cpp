@@ -1,7 +1,11 @@
 #include "data/engines/sqlite/sqlite_upkeep.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
 
+#include "base/system/owner_only_file.h"
+#include "base/system/system_error.h"
 #include "data/engines/sqlite/sqlite_connection.h"
 #include "data/engines/sqlite/sqlite_failure.h"
 
@@ -60,6 +64,11 @@ Status readSqliteFacts(sqlite3* connection, EngineFacts& facts) {
     return status;
 }
 
+Status hasSqliteLog(sqlite3* connection, bool& hasLog) {
+    return readCells(connection, "PRAGMA journal_mode",
+                     [&hasLog](const char* text) { hasLog = std::string_view(text) == "wal"; });
+}
+
 Status verifySqlite(sqlite3* connection, std::vector<std::string>& faults) {
     Status status = readCells(connection, "PRAGMA integrity_check", [&faults](const char* text) {
         if (std::string_view(text) != "ok") faults.emplace_back(text);
@@ -77,6 +86,34 @@ Status copySqliteToFile(sqlite3* connection, const std::string& path) {
     status = copyPages(connection, copy.get());
     if (status) status = emptyLog(copy.get());
     copy.reset();
+    if (!status) removeDatabase(path);
+    return status;
+}
+
+// Read through the connection's own handle: closing another one would drop the locks of this
+// process on the file.
+Status copySqliteBytes(sqlite3* connection, const std::string& path) {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (file == nullptr || file->pMethods == nullptr) return Status::of(Failure::refused, path);
+    sqlite3_int64 left = 0;
+    int code = file->pMethods->xFileSize(file, &left);
+    Status status = sqliteStatus(code, connection);
+    if (status) status = createOwnerOnlyFile(path);
+    if (!status) return status;
+    std::ofstream copy(path, std::ios::binary);
+    std::vector<char> part(std::size_t{1} << 20);
+    for (sqlite3_int64 at = 0; code == SQLITE_OK && copy && left > 0;) {
+        const auto size = static_cast<int>(std::min<sqlite3_int64>(left, std::ssize(part)));
+        code = file->pMethods->xRead(file, part.data(), size, at);
+        errno = 0;
+        if (code == SQLITE_OK) copy.write(part.data(), size);
+        at += size;
+        left -= size;
+    }
+    copy.close();
+    if (code != SQLITE_OK) status = sqliteFailure(code, connection);
+    if (status && !copy) status = systemFailure(errno, path);
     if (!status) removeDatabase(path);
     return status;
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace chengheng {
+
+/// A place for other books beside some, by a suffix of letters, digits and signs: Nbzw-1.db in the
+/// folder where the file itself lies, whatever link leads to it; the schema books-1 on the server.
+std::string placeBeside(const std::string& location, const std::string& suffix);
+
+/// Whether books can be made at a place: no file is there, or no books are in the schema.
+bool isPlaceFree(const std::string& location);
+
+}  // namespace chengheng

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "data/tables/schema.h"
+
+namespace chengheng {
+
+/// What leads from the layout of one number to that of the next. Books everywhere have gone
+/// through a step once it is out, so it does not change any more: what it adds is written down
+/// as it was then, whatever is declared now.
+struct LayoutStep {
+    int from = 0;
+    std::vector<TableInfo> newTables;
+};
+
+/// All steps, one for each number but the last.
+std::span<const LayoutStep> layoutSteps();
+
+/// The tables of the layout of a number, in the order in which they are created.
+std::vector<TableInfo> tablesOfLayout(int number);
+
+}  // namespace chengheng

@@ -1,0 +1,34 @@
+#include "tests/support/older_books.h"
+
+#include <fstream>
+#include <stdexcept>
+
+#include "tests/support/small_books.h"
+
+namespace chengheng {
+namespace {
+
+std::string fileOf(int number, const std::string& kind) {
+    return CHENGHENG_SOURCE_FOLDER "/tests/older_books/format_" + std::to_string(number) + "_" +
+           kind + ".sql";
+}
+
+std::string textOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error("no file " + path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace
+
+std::string olderTablesFile(const Engine& engine, int number) {
+    const bool isServer = !engine.dialect().rowLock.empty();
+    return fileOf(number, isServer ? "postgres" : "sqlite");
+}
+
+void fillOlderBooks(Engine& engine, int number) {
+    runScript(engine, textOf(olderTablesFile(engine, number)));
+    runScript(engine, textOf(fileOf(number, "rows")));
+}
+
+}  // namespace chengheng
