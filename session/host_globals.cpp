@@ -9,6 +9,14 @@ const CDivideWInfo* g_lpLogonUserInfo = nullptr;
 SystemTime g_tmLogonTime;
 
 namespace chengheng {
+namespace {
+
+const LogonHistory noHistory;
+const LogonHistory* ownHistory = &noHistory;
+
+}  // namespace
+
+const LogonHistory& logonHistory() { return *ownHistory; }
 
 HostSession::HostSession(SessionFacts facts) : m_facts(std::move(facts)) {
     g_pDB = m_facts.database;
@@ -18,6 +26,7 @@ HostSession::HostSession(SessionFacts facts) : m_facts(std::move(facts)) {
     g_lpArgument = m_facts.launchArgument.c_str();
     g_lpLogonUserInfo = &m_facts.logonUser;
     g_tmLogonTime = m_facts.logonTime;
+    ownHistory = &m_facts.history;
 }
 
 HostSession::~HostSession() {
@@ -28,6 +37,7 @@ HostSession::~HostSession() {
     g_lpArgument = "";
     g_lpLogonUserInfo = nullptr;
     g_tmLogonTime = {};
+    ownHistory = &noHistory;
 }
 
 }  // namespace chengheng

@@ -35,6 +35,15 @@ extern SystemTime g_tmLogonTime;               ///< when they did, as the operat
 
 namespace chengheng {
 
+/// What the operator should know of the time before this log-on.
+struct LogonHistory {
+    std::string lastLogon;  ///< "2026-11-22 14:05"; empty: none is known
+    int wrongTries = 0;     ///< wrong passwords since then
+};
+
+/// That of the session; an empty one with none.
+const LogonHistory& logonHistory();
+
 /// One operator at work on one set of books.
 struct SessionFacts {
     CNbCwDB* database = nullptr;
@@ -44,6 +53,7 @@ struct SessionFacts {
     std::string launchArgument = {};
     CDivideWInfo logonUser = {};
     SystemTime logonTime = {};
+    LogonHistory history = {};
 };
 
 /// Owns what the globals point to and keeps them set while it lives. At most one lives at a

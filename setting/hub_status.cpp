@@ -1,5 +1,7 @@
 #include "setting/hub_status.h"
 
+#include <fmt/format.h>
+
 #include "session/host_globals.h"
 #include "setting/hub_texts.h"
 
@@ -18,6 +20,14 @@ std::vector<HubStatusLine> hubStatus() {
         lines.push_back({hub_texts::logonDate, isoText(g_tmLogonTime.day)});
     }
     return lines;
+}
+
+HubLogonLine hubLogonLine() {
+    const auto& [last, wrong] = logonHistory();
+    if (wrong <= 0) return {last.empty() ? "" : fmt::format(hub_texts::lastLogon, last), false};
+    return {last.empty() ? fmt::format(hub_texts::wrongBefore, wrong)
+                         : fmt::format(hub_texts::wrongSinceThen, last, wrong),
+            true};
 }
 
 }  // namespace chengheng

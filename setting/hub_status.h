@@ -17,4 +17,12 @@ struct HubStatusLine {
 /// What the host does not tell has no line.
 std::vector<HubStatusLine> hubStatus();
 
+/// What there was since the operator's last log-on.
+struct HubLogonLine {
+    std::string text;        ///< empty: nothing is known
+    bool isWarning = false;  ///< somebody gave wrong passwords
+};
+
+HubLogonLine hubLogonLine();
+
 }  // namespace chengheng

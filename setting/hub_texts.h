@@ -22,6 +22,9 @@ inline constexpr const char* keysHint = "数字键 1–7 直接进入    F1 帮�
 inline constexpr const char* setName = "帐套";
 inline constexpr const char* operatorName = "操作员";
 inline constexpr const char* logonDate = "日期";
+inline constexpr const char* lastLogon = "上次登录 {}";
+inline constexpr const char* wrongSinceThen = "上次登录 {},其间 {} 次口令错误";
+inline constexpr const char* wrongBefore = "登录前有 {} 次口令错误";
 inline constexpr const char* supervisorMark = "(主管)";
 
 }  // namespace chengheng::hub_texts

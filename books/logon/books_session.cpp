@@ -75,8 +75,9 @@ struct BooksSession::Candidate {
     Candidate(const Candidate&) = delete;
     Candidate& operator=(const Candidate&) = delete;
 
-    Refusal failure() const {
-        return failureRefusal(failureText(database.lastStatus(), location), books_field::location);
+    Refusal failure() const { return failure(database.lastStatus()); }
+    Refusal failure(const Status& status) const {
+        return failureRefusal(failureText(status, location), books_field::location);
     }
 
     CNbCwDB& database;
@@ -84,6 +85,8 @@ struct BooksSession::Candidate {
     std::string name;  ///< of the database, once it is open
     std::string location;
     _zAccountMInfo parameters;
+    TriedOperator tried;
+    LogonHistory history;
     _UsersInfo user;
     std::int32_t rightsId = 0;
     Date date;
@@ -143,19 +146,16 @@ std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
 
 std::optional<Refusal> BooksSession::checkOperator(const LogonRequest& request,
                                                    Candidate& candidate) {
-    const auto wait = m_tries.waitLeft(candidate.location, request.operatorName);
-    if (wait.count() > 0) {
-        const auto seconds = std::chrono::ceil<std::chrono::seconds>(wait).count();
-        return inputRefusal(fmt::format(logon_texts::logonDelayed, seconds), books_field::password);
-    }
     const auto users =
         readRows<_UsersInfo>(m_database, logon_sql::ofOperator(request.operatorName).c_str());
     if (hasFailed(m_database.lastStatus())) return candidate.failure();
-    if (users.empty() || !isPasswordOf(users.front().sPassword, request.password)) {
-        m_tries.noteWrong(candidate.location, request.operatorName);
+    candidate.tried = {candidate.location, request.operatorName,
+                       users.empty() ? 0 : users.front().lId};
+    if (std::optional<Refusal> refusal = m_tries.begin(m_database, candidate.tried)) return refusal;
+    if (users.empty() || !isPasswordOf(users.front().sPassword, request.password))
         return inputRefusal(logon_texts::logonRefused, books_field::password);
-    }
-    m_tries.noteRight(candidate.location, request.operatorName);
+    if (const Status status = m_tries.takeBack(m_database, candidate.tried); !status)
+        return candidate.failure(status);
     candidate.user = users.front();
     const auto rights = readRows<_UserAuthInfo>(
         m_database, logon_sql::ofRightsOwner(candidate.user.lUserId).c_str());
@@ -180,6 +180,8 @@ std::optional<Refusal> BooksSession::enterLogon(Candidate& candidate) {
                          .lProcess = ownProcess(),
                          .dtLogon = candidate.date};
     if (m_database.add<_LoginInfo>(own, candidate.logonId) != 0) return candidate.failure();
+    const Status noted = m_tries.noteLogon(m_database, candidate.tried, candidate.history);
+    if (!noted) return candidate.failure(noted);
     if (!unit.commit()) return candidate.failure();
     return std::nullopt;
 }
@@ -198,6 +200,7 @@ void BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
         .logonUser = {candidate.user.lId, candidate.user.lUserId, candidate.rightsId,
                       candidate.user.bManager != 0 ? 1 : 0, candidate.user.sUserName},
         .logonTime = momentOf(candidate.date),
+        .history = candidate.history,
     });
     m_shownLocation = chengheng::shownLocation(candidate.location);
     m_logonId = candidate.logonId;

@@ -16,4 +16,9 @@ std::string ofLogons(const std::string& ids) {
     return formatSql("lId in ( %s )", SqlFragment{ids});
 }
 
+std::string readTries(const EngineDialect& dialect) {
+    return "SELECT lWrong, dWrongAt, dLogonAt, " + std::string(dialect.now) +
+           " FROM LogonTries WHERE lId = $1";
+}
+
 }  // namespace chengheng::logon_sql

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "data/sql/engine_dialect.h"
+
 /// The conditions that logging on reads by.
 namespace chengheng::logon_sql {
 
@@ -16,5 +18,20 @@ std::string ofRightsOwner(std::int32_t userId);
 std::string ofStation(const std::string& station);
 /// The rows of LoginInfoTbl with one of these ids; "1, 2, 3".
 std::string ofLogons(const std::string& ids);
+
+// Of the tries with a row of LogonTries, whose id is the last parameter.
+
+/// Makes the row where it is missing, and keeps others from it to the end of the transaction.
+inline constexpr const char* holdTries =
+    "INSERT INTO LogonTries (lId) VALUES ($1) "
+    "ON CONFLICT (lId) DO UPDATE SET lWrong = LogonTries.lWrong";
+/// How many were wrong, when the last was, when the operator last logged on, and what time it is.
+std::string readTries(const EngineDialect& dialect);
+inline constexpr const char* countTry =
+    "UPDATE LogonTries SET lWrong = $1, dWrongAt = $2 WHERE lId = $3";
+inline constexpr const char* takeTryBack =
+    "UPDATE LogonTries SET lWrong = lWrong - 1, dWrongAt = 0 WHERE lId = $1 AND lWrong > 0";
+inline constexpr const char* noteLogon =
+    "UPDATE LogonTries SET lWrong = 0, dWrongAt = 0, dLogonAt = $1 WHERE lId = $2";
 
 }  // namespace chengheng::logon_sql

@@ -9,6 +9,8 @@ inline constexpr const char* locationMissing = "请选择帐套,或输入帐套�
 inline constexpr const char* operatorMissing = "请输入操作员姓名";
 inline constexpr const char* logonRefused = "操作员姓名或口令不正确";
 inline constexpr const char* logonDelayed = "口令连续输错,请在{}秒后重试";
+inline constexpr const char* logonEnded =
+    "口令已连续输错{}次,而这个帐套不能写入,无法记下次数。\n请退出程序,核对口令后再试。";
 inline constexpr const char* dateOutsideYear =
     "登录日期{}不在本帐套的会计年度内,请输入{}到{}之间的日期";
 inline constexpr const char* operatorsUnreadable = "帐套“{}”中没有帐套参数或操作员,不能登录";

@@ -1,40 +1,72 @@
 #pragma once
 
-#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "base/messages/refusal.h"
+#include "data/access/CNbCwDB.h"
+#include "session/host_globals.h"
+
 namespace chengheng {
 
-/// Slows down whoever guesses passwords: after each wrong try for an operator of a set of
-/// books the next one is not even looked at for a while, twice as long each time. Kept in
-/// the process; a right password wipes it out.
+/// Whose password is tried.
+struct TriedOperator {
+    std::string location;  ///< of the books
+    std::string name;
+    std::int32_t id = 0;  ///< 0: the books know no such operator
+
+    /// The row of LogonTries. Names that nobody has share a few, so that they wait like any other
+    /// and nobody fills the books with them.
+    std::int32_t row() const;
+};
+
+/// Slows down whoever guesses passwords: after each wrong try for an operator the next one is
+/// not even looked at for a while, twice as long each time. The tries are counted in the selected
+/// books, where every program meets them. Where these cannot be written, the process counts, and
+/// refuses any more after a few.
 class WrongTries {
   public:
-    using Time = std::chrono::steady_clock::time_point;
-    using Clock = std::function<Time()>;
+    /// Seconds since 1970.
+    using Clock = std::function<double()>;
 
-    static constexpr std::chrono::seconds firstDelay{1};
-    static constexpr std::chrono::seconds longestDelay{60};
+    static constexpr double longestDelay = 60;
+    static constexpr int mostUnwritten = 5;
 
-    explicit WrongTries(Clock clock = std::chrono::steady_clock::now) : m_clock(std::move(clock)) {}
+    /// Without a clock the one of the books counts, which is the same for all workstations.
+    explicit WrongTries(Clock clock = {}) : m_clock(std::move(clock)) {}
 
-    /// How long the next try must still wait; zero when it may go on.
-    std::chrono::milliseconds waitLeft(const std::string& location,
-                                       const std::string& operatorName) const;
-    void noteWrong(const std::string& location, const std::string& operatorName);
-    void noteRight(const std::string& location, const std::string& operatorName);
+    /// Counts a try as wrong before it is looked at, so that nothing is won by ending the
+    /// program in between, or by many at once. Refuses it while it comes too soon.
+    std::optional<Refusal> begin(CNbCwDB& books, const TriedOperator& tried);
+    /// The password was right after all: the try does not count.
+    Status takeBack(CNbCwDB& books, const TriedOperator& tried);
+    /// The operator is logged on: counting begins anew. Tells what there was since the last time.
+    Status noteLogon(CNbCwDB& books, const TriedOperator& tried, LogonHistory& history) const;
+
+    /// How long the next try waits after so many wrong ones, in seconds.
+    static double delayAfter(int wrong);
 
   private:
     struct Tries {
-        std::chrono::seconds delay{0};
-        Time freeAgain;
+        int wrong = 0;
+        double wrongAt = 0;
+        double logonAt = 0;
+        double now = 0;
+
+        double waitLeft() const;
     };
 
+    Status read(CNbCwDB& books, const TriedOperator& tried, Tries& tries) const;
+    Status count(CNbCwDB& books, const TriedOperator& tried, double& wait) const;
+    std::optional<Refusal> beginUnwritten(const TriedOperator& tried);
+    double processNow() const;
+
     Clock m_clock;
-    std::map<std::pair<std::string, std::string>, Tries> m_tries;
+    std::map<std::pair<std::string, std::string>, Tries> m_unwritten;
 };
 
 }  // namespace chengheng

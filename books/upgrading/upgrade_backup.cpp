@@ -66,7 +66,8 @@ Status UpgradeBackup::makeFile(Engine& books, int layout, const Digests& content
         status = books.copyToFile(staged.path()).value_or(Status::of(Failure::refused, m_place));
     if (status) status = prove(staged.path(), layout, content);
     if (status) status = staged.place();
-    m_isMade = status.isDone();
+    m_isMade = status || status.failure == Failure::unconfirmed;
+    if (!status) discard();
     return status;
 }
 

@@ -18,6 +18,7 @@ constexpr int hintPixels = 11;
 constexpr QRect headingPlace(40, 22, 200, 32);
 constexpr QRect startingGroupPlace(95, 63, 122, 18);
 constexpr QRect voucherGroupPlace(261, 202, 121, 18);
+constexpr QRect logonPlace(40, 326, 420, 18);
 constexpr QRect hintPlace(40, 349, 300, 18);
 constexpr int statusLeft = 40;
 constexpr int statusValueLeft = 88;
@@ -42,8 +43,18 @@ QLabel* placeLabel(QWidget& hub, const QRect& place, const QFont& font, const QC
     return label;
 }
 
+constexpr const char* logonName = "logonHistory";
+
 QString statusName(const char* kind, int line) {
     return QStringLiteral("status%1%2").arg(QLatin1String(kind)).arg(line);
+}
+
+void showLogon(QLabel& label) {
+    const HubLogonLine line = hubLogonLine();
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, line.isWarning ? colours::seal : colours::quietInk);
+    label.setPalette(palette);
+    label.setText(QString::fromStdString(line.text));
 }
 
 }  // namespace
@@ -57,6 +68,8 @@ void placeHubLabels(QWidget& hub) {
                text(hub_texts::voucherGroup));
     placeLabel(hub, hintPlace, pictureFont(hintPixels), colours::quietInk,
                text(hub_texts::keysHint));
+    placeLabel(hub, logonPlace, pictureFont(hintPixels), colours::quietInk, {})
+        ->setObjectName(logonName);
     for (int line = 0; line < statusLines; ++line) {
         const int top = statusTop + line * statusStep;
         placeLabel(hub, {statusLeft, top, statusCaptionWidth, statusStep},
@@ -69,6 +82,7 @@ void placeHubLabels(QWidget& hub) {
 }
 
 void showHubStatus(QWidget& hub) {
+    showLogon(*hub.findChild<QLabel*>(logonName));
     const auto lines = hubStatus();
     for (int line = 0; line < statusLines; ++line) {
         const auto place = static_cast<std::size_t>(line);

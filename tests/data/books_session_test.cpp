@@ -25,7 +25,6 @@ namespace chengheng {
 namespace {
 
 namespace files = std::filesystem;
-using namespace std::chrono_literals;
 
 /// A session with a clock that stands still until it is moved.
 struct Shell {
@@ -35,7 +34,7 @@ struct Shell {
     }
 
     CNbCwDB database;
-    WrongTries::Time now;
+    double now = 1'795'000'000;
     WrongTries tries{[this] { return now; }};
     BooksSession session{database, tries};
 };
@@ -155,11 +154,11 @@ TEST_P(BooksSessions, DoNotEvenLookAtAPasswordTooSoonAfterAWrongOne) {
     wrong.password = "guess";
     shell.refusalOf(wrong);
     EXPECT_EQ(shell.refusalOf(requestFor(m_location)), "password|口令连续输错,请在1秒后重试");
-    shell.now += 1s;
+    shell.now += 1;
     shell.refusalOf(wrong);
-    shell.now += 500ms;
+    shell.now += 0.5;
     EXPECT_EQ(shell.refusalOf(requestFor(m_location)), "password|口令连续输错,请在2秒后重试");
-    shell.now += 1500ms;
+    shell.now += 1.5;
     EXPECT_EQ(shell.refusalOf(requestFor(m_location)), "");
 }
 

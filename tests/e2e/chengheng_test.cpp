@@ -3,12 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <fstream>
 
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_books.h"
 #include "tests/support/older_books.h"
 #include "tests/support/run_program.h"
+#include "tests/support/small_books.h"
 
 namespace {
 
@@ -80,16 +82,32 @@ TEST(Program, NamesBooksThatItCannotOpen) {
     EXPECT_THAT(run.err, StartsWith("找不到帐套文件“" + path + "”。\n"));
 }
 
-TEST(Program, RefusesAWrongPasswordAndAWrongDate) {
+TEST(Program, RefusesAWrongDateAndAWrongPassword) {
     const std::string path = chengheng::makeBooks(freshFolder() + "/Nbzw.db");
-    ProgramRun run = chengheng(
-        {"--books", path, "--operator", "王芳", "--password-file", fileHolding("guess\n")});
+    const std::vector<std::string> who{"--books", path, "--operator", "王芳", "--password-file"};
+    const auto with = [&who](std::vector<std::string> more) {
+        more.insert(more.begin(), who.begin(), who.end());
+        return chengheng(more);
+    };
+    ProgramRun run = with({fileHolding("secret\n"), "--date", "2030-01-01"});
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_THAT(run.err, StartsWith("登录日期2030-01-01不在本帐套的会计年度内"));
+    run = with({fileHolding("guess\n")});
     EXPECT_EQ(run.exitCode, 4);
     EXPECT_EQ(run.err, "操作员姓名或口令不正确\n");
-    run = chengheng({"--books", path, "--operator", "王芳", "--password-file",
-                     fileHolding("secret\n"), "--date", "2025-12-31"});
+}
+
+TEST(Program, MayNotGuessFasterByBeingStartedAgain) {
+    const std::string path = chengheng::makeBooks(freshFolder() + "/Nbzw.db");
+    {
+        const auto engine = chengheng::openForTest(path, chengheng::OpenMode::existing);
+        chengheng::runScript(*engine, "INSERT INTO LogonTries VALUES (1, 9, " +
+                                          std::to_string(std::time(nullptr)) + ", 0)");
+    }
+    const ProgramRun run = chengheng(
+        {"--books", path, "--operator", "王芳", "--password-file", fileHolding("secret\n")});
     EXPECT_EQ(run.exitCode, 4);
-    EXPECT_THAT(run.err, StartsWith("登录日期2025-12-31不在本帐套的会计年度内"));
+    EXPECT_THAT(run.err, StartsWith("口令连续输错,请在"));
 }
 
 TEST(Program, UpgradesNoBooksWithoutAWindowToAskIn) {

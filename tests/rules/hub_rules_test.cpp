@@ -94,4 +94,17 @@ TEST(HubStatus, MarksOnlySupervisors) {
     EXPECT_EQ(hubStatus(), (std::vector<HubStatusLine>{{"操作员", "李明"}}));
 }
 
+TEST(HubLogonLine, TellsTheLastLogonAndWrongPasswordsSinceThen) {
+    const auto lineOf = [](const LogonHistory& history) {
+        HostSession session({.history = history});
+        const HubLogonLine line = hubLogonLine();
+        return line.text + (line.isWarning ? "!" : "");
+    };
+    EXPECT_EQ(lineOf({"2026-11-22 14:05", 0}), "上次登录 2026-11-22 14:05");
+    EXPECT_EQ(lineOf({"2026-11-22 14:05", 3}), "上次登录 2026-11-22 14:05,其间 3 次口令错误!");
+    EXPECT_EQ(lineOf({"", 3}), "登录前有 3 次口令错误!");
+    EXPECT_EQ(lineOf({}), "");
+    EXPECT_EQ(hubLogonLine().text, "");
+}
+
 TEST(HubStatus, IsEmptyWithNoSession) { EXPECT_TRUE(hubStatus().empty()); }

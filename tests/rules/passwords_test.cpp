@@ -2,14 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <limits>
+#include <set>
 
 #include "books/logon/wrong_tries.h"
 
 namespace chengheng {
 namespace {
-
-using namespace std::chrono_literals;
 
 TEST(Passwords, AreStoredAsArgon2idHashes) {
     EXPECT_TRUE(hashPassword("密码123").starts_with("$argon2id$"));
@@ -32,41 +31,23 @@ TEST(Passwords, TextThatIsNoHashMeetsNoPassword) {
     EXPECT_FALSE(isPasswordOf(std::string(5000, '$'), "secret"));
 }
 
-/// Wrong tries by a clock that stands still until it is moved.
-struct TriesByHand {
-    WrongTries::Time now;
-    WrongTries tries{[this] { return now; }};
-};
-
-TEST(WrongTries, FirstTryDoesNotWait) {
-    EXPECT_EQ(TriesByHand().tries.waitLeft("books", "王芳"), 0ms);
-}
-
 TEST(WrongTries, EachWrongTryDoublesTheWaitUpToAMinute) {
-    TriesByHand hand;
-    for (const auto delay : {1s, 2s, 4s, 8s, 16s, 32s, 60s, 60s}) {
-        hand.tries.noteWrong("books", "王芳");
-        EXPECT_EQ(hand.tries.waitLeft("books", "王芳"), delay);
-        hand.now += delay;
-        EXPECT_EQ(hand.tries.waitLeft("books", "王芳"), 0ms);
+    EXPECT_EQ(WrongTries::delayAfter(-1), 0);
+    int wrong = 0;
+    for (const double delay : {0, 1, 2, 4, 8, 16, 32, 60, 60})
+        EXPECT_EQ(WrongTries::delayAfter(wrong++), delay);
+    EXPECT_EQ(WrongTries::delayAfter(std::numeric_limits<int>::max()), 60);
+}
+
+TEST(WrongTries, NamesThatNobodyHasShareAFewRows) {
+    std::set<std::int32_t> rows;
+    for (int number = 0; number < 10'000; ++number) {
+        const std::int32_t row = TriedOperator{"books", "nobody" + std::to_string(number)}.row();
+        EXPECT_LT(row, 0);
+        rows.insert(row);
     }
-}
-
-TEST(WrongTries, RightPasswordWipesTheWaitOut) {
-    TriesByHand hand;
-    hand.tries.noteWrong("books", "王芳");
-    hand.tries.noteWrong("books", "王芳");
-    hand.tries.noteRight("books", "王芳");
-    EXPECT_EQ(hand.tries.waitLeft("books", "王芳"), 0ms);
-    hand.tries.noteWrong("books", "王芳");
-    EXPECT_EQ(hand.tries.waitLeft("books", "王芳"), 1s);
-}
-
-TEST(WrongTries, OtherOperatorsAndOtherBooksDoNotWait) {
-    TriesByHand hand;
-    hand.tries.noteWrong("books", "王芳");
-    EXPECT_EQ(hand.tries.waitLeft("books", "李明"), 0ms);
-    EXPECT_EQ(hand.tries.waitLeft("others", "王芳"), 0ms);
+    EXPECT_EQ(rows.size(), 64u);
+    EXPECT_EQ((TriedOperator{"books", "王芳", 7}.row()), 7);
 }
 
 }  // namespace

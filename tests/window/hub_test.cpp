@@ -82,6 +82,20 @@ TEST_F(HubTest, ShowsBooksOperatorAndDate) {
     }
 }
 
+TEST_F(HubTest, ShowsTheLastLogonAndWrongPasswordsSinceThenWithoutABox) {
+    m_session.reset();
+    m_session.emplace(SessionFacts{.history = {"2026-11-22 14:05", 2'000'000'000}});
+    OpenHub hub;
+    hub.show();
+    const auto* label = hub.findChild<QLabel*>("logonHistory");
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->text(), "上次登录 2026-11-22 14:05,其间 2000000000 次口令错误");
+    EXPECT_GE(label->width(), label->sizeHint().width());
+    EXPECT_TRUE(m_messages.texts().empty());
+    for (const auto* region : hub.findChildren<QAbstractButton*>())
+        EXPECT_FALSE(label->geometry().intersects(region->geometry()));
+}
+
 TEST_F(HubTest, CutsALongNameOfBooksWithDotsAndKeepsItWholeForReaders) {
     m_session.reset();
     const std::string name(90, 'W');
