@@ -371,6 +371,49 @@ TEST_P(Accounts, WithWildcardsInTheirCodesTouchNoOther) {
     expectSound();
 }
 
+TEST_P(Accounts, ChangedOrDeletedElsewhereAreToldWithABeep) {
+    m_books.add("1001");
+    const _CodeInfo shown = m_books.account("1001");
+    _CodeInfo changed = shown;
+    changed.sName = "别名";
+    m_books.edit(changed);
+    EXPECT_EQ(m_books.service().modify(shown, entryOf(shown)).outcome, Outcome::stale);
+    EXPECT_EQ(m_books.messages().onlyNotice().text,
+              "科目(1001)已被其他操作员修改,请重新查看后再修改!");
+    EXPECT_TRUE(m_books.messages().onlyNotice().beep);
+    m_books.messages().forget();
+    m_books.run("DELETE FROM Code WHERE sCode = '1001'");
+    EXPECT_EQ(m_books.service().modify(shown, entryOf(shown)).outcome, Outcome::stale);
+    EXPECT_EQ(m_books.messages().onlyNotice().text, "科目(1001)已经删除!");
+    EXPECT_TRUE(m_books.messages().onlyNotice().beep);
+    m_books.messages().forget();
+    m_books.messages().willAnswer(Answer::ok);
+    EXPECT_EQ(m_books.service().remove("1001", "别名").outcome, Outcome::stale);
+    EXPECT_TRUE(m_books.messages().notices().empty());
+    EXPECT_EQ(m_books.messages().questions().back().preset, Answer::ok);
+    EXPECT_FALSE(m_books.holdsLocks());
+}
+
+TEST_P(Accounts, AreKnownToBeUsedWhileBooksAreOpen) {
+    m_books.add("1001");
+    bool isUsed = true;
+    ASSERT_TRUE(AccountService::readUse(m_books.account("1001"), isUsed));
+    EXPECT_FALSE(isUsed);
+    const _CodeInfo account = m_books.account("1001");
+    m_books.use(UsePlace::projects, "1001");
+    ASSERT_TRUE(AccountService::readUse(account, isUsed));
+    EXPECT_TRUE(isUsed);
+    m_books.engine().failCall(1, Failure::full);
+    _CodeInfo found;
+    EXPECT_EQ(AccountService::find("1001", found).failure, Failure::full);
+    m_books.engine().failCall(1, Failure::full);
+    std::vector<_zCodeClassInfo> classes;
+    EXPECT_EQ(AccountService::readClasses(classes).failure, Failure::full);
+    m_books.engine().failCall(0);
+    const NoBooks none;
+    EXPECT_EQ(AccountService::readUse(account, isUsed).failure, Failure::notOpen);
+}
+
 TEST_P(Accounts, AreFoundByTheirCodeWithTheirClassesWhileBooksAreOpen) {
     m_books.add("1001");
     _CodeInfo found;

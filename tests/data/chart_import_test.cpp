@@ -109,6 +109,83 @@ TEST_P(ChartImports, TellHowFarTheyAreAndCanBeGivenUp) {
     EXPECT_EQ(m_books.faults(), std::vector<std::string>{});
 }
 
+TEST_P(ChartImports, CanBeGivenUpAtEachChangedAccountToo) {
+    m_books.add("1001");
+    m_books.add("1002");
+    const auto before = m_books.chart();
+    std::vector<std::size_t> told;
+    EXPECT_EQ(import("code,name\n1001,甲\n1002,乙\n",
+                     [&](std::size_t done, std::size_t total) {
+                         EXPECT_EQ(total, 2u);
+                         told.push_back(done);
+                         return done < 2;
+                     }),
+              Outcome::refused);
+    EXPECT_EQ(told, (std::vector<std::size_t>{0, 1, 2}));
+    EXPECT_EQ(m_books.chart(), before);
+    EXPECT_FALSE(m_books.holdsLocks());
+}
+
+TEST_P(ChartImports, ShowTheirBoxesAsWhatTheyAre) {
+    const auto expectOnly = [this](MessageIcon icon, bool beep) {
+        const Notice told = m_books.messages().onlyNotice();
+        EXPECT_EQ(told.icon, icon) << told.text;
+        EXPECT_EQ(told.beep, beep) << told.text;
+        m_books.messages().forget();
+    };
+    const std::string folder = freshFolder();
+    m_import.plan(folder + "/none.csv");
+    expectOnly(MessageIcon::warning, true);
+    m_import.plan(Sheet(), "none.csv");
+    expectOnly(MessageIcon::warning, true);
+    import("code,name,class\n10,坏,资产\n");
+    expectOnly(MessageIcon::warning, true);
+    exportChart(m_books.messages(), folder + "/a.txt", Overwrite::replace);
+    expectOnly(MessageIcon::warning, true);
+    exportChart(m_books.messages(), folder + "/none/a.csv", Overwrite::replace);
+    expectOnly(MessageIcon::warning, true);
+    import("code,name,class\n1001,甲,资产\n", [](std::size_t, std::size_t) { return false;
+});
+expectOnly(MessageIcon::information, false);
+const auto made = plan("code,name,class\n1001,甲,资产\n");
+m_books.add("1001");
+m_import.apply(*made);
+expectOnly(MessageIcon::warning, true);
+m_books.messages().willAnswer(Answer::cancel);
+import("code,name,class\n2001,借款,资产\n");
+const Question& asked = m_books.messages().questions().back();
+EXPECT_EQ(asked.buttons, AnswerButtons::okCancel);
+EXPECT_EQ(asked.icon, MessageIcon::stop);
+EXPECT_EQ(asked.preset, Answer::cancel);
+}
+
+TEST_P(ChartImports, ChangeNothingWhicheverCallFails) {
+    m_books.add("1001");
+    const auto before = m_books.chart();
+    const std::string csv = "code,name,class\n1001,新名,资产\n100101,人民币,资产\n1002,存款,资产\n";
+    Outcome outcome = Outcome::failed;
+    int call = 1;
+    for (; outcome != Outcome::done && call < 200; ++call) {
+        m_books.messages().forget();
+        m_books.engine().failCall(call, Failure::full);
+        outcome = import(csv);
+        const bool hasFailed = m_books.engine().hasFailed();
+        m_books.engine().failCall(0);
+        EXPECT_EQ(outcome, hasFailed ? Outcome::failed : Outcome::done) << call;
+        EXPECT_FALSE(m_books.holdsLocks()) << call;
+        if (hasFailed) {
+            EXPECT_EQ(m_books.messages().notices().size(), 1u) << call;
+            EXPECT_EQ(m_books.chart(), before) << call;
+        }
+    }
+    EXPECT_GT(call, 15);
+    EXPECT_EQ(m_books.faults(), std::vector<std::string>{});
+    m_books.engine().failCall(2, Failure::full);
+    EXPECT_EQ(exportChart(m_books.messages(), freshFolder() + "/a.csv", Overwrite::replace),
+              Outcome::failed);
+    m_books.engine().failCall(0);
+}
+
 TEST_P(ChartImports, ReadBackWhatAnExportWroteAsCsvAndAsXlsx) {
     m_books.add("1001", "库存现金");
     m_books.add("100101", "O'Brien,\"引号\"");

@@ -68,6 +68,7 @@ TEST_P(Designations, AskWithOkAndCancel) {
     const auto before = m_books.chart();
     EXPECT_TRUE(designate(cash, bank)) << "Cancel closes the dialog";
     EXPECT_EQ(m_books.messages().questions().front().buttons, AnswerButtons::okCancel);
+    EXPECT_EQ(m_books.messages().questions().front().preset, Answer::ok);
     EXPECT_EQ(m_books.chart(), before);
     EXPECT_TRUE(m_books.locks().log().empty());
 }
@@ -127,6 +128,13 @@ TEST_P(Designations, OfACodeOfOneDigitMarkEveryCodeThatBeginsWithIt) {
               "1001 cash R, 100101 cash R, 1002 cash R, 100201 cash R, 10020101 cash R, "
               "1003 cash R, 1122 cash R");
     EXPECT_EQ(m_books.account("2").sAssBook, "RE");
+}
+
+TEST_P(Designations, OfferNothingWhenTheChartCannotBeReadAndSaySo) {
+    m_books.engine().failCall(1, Failure::full);
+    EXPECT_TRUE(DesignationService(m_books.messages()).choices().accounts.empty());
+    m_books.engine().failCall(0);
+    EXPECT_EQ(m_books.messages().notices().size(), 1u);
 }
 
 TEST_P(Designations, OfferTheTopLevelInCodeOrderAndSelectWhatIsDesignated) {

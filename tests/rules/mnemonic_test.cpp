@@ -26,6 +26,9 @@ TEST(Mnemonics, AreTheInitialsOfTheReading) {
                                                          {"O'Brien", "OBRIEN"},
                                                          {"", ""},
                                                          {"——", ""},
+                                                         {"@[`{/:Z0a9zA", "Z0A9ZA"},
+                                                         {"长者长工", "ZZCG"},
+                                                         {"家长会计", "JZKJ"},
                                                          {"存放中央银行款项", "CFZYYHKX"}};
     for (const auto& [name, initials] : cases) EXPECT_EQ(initialsOf(name), initials) << name;
 }
@@ -69,7 +72,10 @@ TEST(Mnemonics, OfAListTakeNoLongerForEqualNamesThanForOthers) {
 TEST(Mnemonics, AreKnownAsThoseOfTheirName) {
     EXPECT_TRUE(isMnemonicOf("运费", "YF"));
     EXPECT_TRUE(isMnemonicOf("运费", "YF12"));
-    EXPECT_FALSE(isMnemonicOf("运费", "YFX"));
+    EXPECT_TRUE(isMnemonicOf("运费", "YF09"));
+    for (const char* other : {"YFX", "YF/", "YF:", "yf", ""})
+        EXPECT_FALSE(isMnemonicOf("运费", other)) << other;
+    EXPECT_EQ(inCapitals("az{`AZ中"), "AZ{`AZ中");
     EXPECT_FALSE(isMnemonicOf("运费", "Y"));
     EXPECT_FALSE(isMnemonicOf("——", ""));
 }

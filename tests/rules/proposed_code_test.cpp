@@ -59,4 +59,8 @@ TEST(ProposedCodes, AreNoneBelowTheLastLevelAndForCodesOfNoLevel) {
 TEST(ProposedCodes, PassOverCodesThatAreNoNumbers) {
     EXPECT_EQ(child({"1001", "1001A1"}, "1001"), "100101");
     EXPECT_EQ(sibling({"1001", "1001A1"}, "1001A1"), "");
+    for (const char* code : {"10:0", "10/0", "/000", ":000"})
+        EXPECT_EQ(sibling({code}, code), "") << code;
+    EXPECT_EQ(sibling({"1090"}, "1090"), "1091");
+    EXPECT_EQ(child({"1001", "1001:1", "1001/1", "100190"}, "1001"), "100191");
 }

@@ -53,4 +53,7 @@ TEST(SumTotals, AreSoInEveryFigureToTheLastDecimal) {
     }
     EXPECT_FALSE(areOnlyTotals(Rows{row(1, &_AccSumInfo::dAmtBegin, 1.00001)},
                                Rows{row(1, &_AccSumInfo::dAmtBegin, 1)}));
+    EXPECT_TRUE(areOnlyTotals(Rows{row(1, &_AccSumInfo::dAmtBegin, 1.000004)},
+                              Rows{row(1, &_AccSumInfo::dAmtBegin, 1)}));
+    EXPECT_TRUE(areOnlyTotals(Rows{opening(1, 1.004)}, Rows{opening(1, 1)}));
 }
