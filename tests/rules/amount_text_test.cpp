@@ -145,3 +145,33 @@ TEST(Amounts, MayHaveFiftyBracketsInEachOtherAndNoMore) {
     EXPECT_EQ(readAmount("=" + std::string(51, '-') + "7"), std::nullopt);
     EXPECT_EQ(readAmount("=" + std::string(51, '+') + "7"), std::nullopt);
 }
+
+TEST(Amounts, MayHaveAnExponent) {
+    EXPECT_EQ(read("1e5"), 100000);
+    EXPECT_EQ(read("25E-2"), 0.25);
+    EXPECT_EQ(read("1.5e+2"), 150);
+    EXPECT_EQ(read("１ｅ２"), 100);
+    EXPECT_EQ(read("=1e2*2-3e0"), 197);
+    for (const char* text : {"1e", "1e+", "1e-", "1e5x", "1e5.5", "1e 5", "e5", "-e5", "1ee5"})
+        EXPECT_EQ(readAmount(text), std::nullopt) << text;
+}
+
+TEST(Amounts, TakeOneSignInFrontAndAnyInASum) {
+    EXPECT_EQ(read("=2*-3"), -6);
+    EXPECT_EQ(read("=+(2)--3"), 5);
+    EXPECT_EQ(read("=-(2+3)/-5"), 1);
+    EXPECT_EQ(read("=1-2+3-4"), -2);
+    EXPECT_EQ(read("=8/2*4/2"), 8);
+    EXPECT_EQ(read("(5)"), -5);
+    for (const char* text : {"-+5", "+-5", "--5", "(-5)", "(+5)", "-(5)", "5-", "(5))", "((5))",
+                             "()", "=()", "=(1)(2)", "=1 2", "=*2", "=2*", "=2//3", "1+2", "2*3"})
+        EXPECT_EQ(readAmount(text), std::nullopt) << text;
+}
+
+TEST(Amounts, OfHalfAWideLetterAreNone) {
+    EXPECT_EQ(readAmount("1\xEF\xBC"), std::nullopt);
+    EXPECT_EQ(readAmount("1\xEF\xBE\x91"), std::nullopt);
+    EXPECT_EQ(readAmount("1\xEE\xBC\x91"), std::nullopt);
+    EXPECT_EQ(readAmount("1\xEF\xBB\x91"), std::nullopt);
+    EXPECT_EQ(read("1\xEF\xBC\x91"), 11);
+}

@@ -67,6 +67,70 @@ TEST(ImbalanceCauses, ProposeTheAmountWithThePointShiftedForth) {
               texts.end());
 }
 
+namespace {
+
+/// Whether two digits exchanged side by side, or the point shifted by one place, make one number
+/// of cents the other.
+bool isMisplacedByHand(int given, int right) {
+    if (given == 0 || right == 0 || given == right || (given < 0) != (right < 0)) return false;
+    given = std::abs(given);
+    right = std::abs(right);
+    if (given == 10 * right || right == 10 * given) return true;
+    std::string from = std::to_string(given);
+    std::string to = std::to_string(right);
+    while (from.size() < to.size()) from.insert(0, 1, '0');
+    while (to.size() < from.size()) to.insert(0, 1, '0');
+    for (std::size_t at = 0; at + 1 < from.size(); ++at) {
+        std::string exchanged = from;
+        std::swap(exchanged[at], exchanged[at + 1]);
+        if (exchanged == to) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST(ImbalanceCauses, FindMisplacedDigitsInEveryPairOfAmounts) {
+    const std::vector<int> cents{0,    1,     2,     9,     10,   11,   12,   19,    20,
+                                 21,   90,    91,    100,   101,  102,  110,  120,   121,
+                                 123,  132,   201,   210,   213,  321,  1000, 1001,  1010,
+                                 1100, 1200,  1234,  1243,  1324, 2134, 4321, 10234, 12034,
+                                 9999, 99990, 12340, 21000, -1,   -10,  -12,  -21,   -120};
+    for (const int debit : cents)
+        for (const int credit : cents) {
+            if (debit == credit) continue;
+            std::vector<bool> found(2);
+            for (const ImbalanceCause& cause :
+                 causesOf(sheetOf({{"1001", debit / 100.0}, creditOf("2001", credit / 100.0)})))
+                if (cause.kind == ImbalanceKind::misplacedDigits) found[*cause.place] = true;
+            EXPECT_EQ(found[0], isMisplacedByHand(debit, credit)) << debit << " " << credit;
+            EXPECT_EQ(found[1], isMisplacedByHand(credit, debit)) << debit << " " << credit;
+        }
+}
+
+TEST(ImbalanceCauses, TellOfADivisorNineOnlyWhenNoDigitsAreMisplaced) {
+    for (const std::string& text : textsOf({{"1001", 5400}, creditOf("2001", 4500)}))
+        EXPECT_EQ(text.find("整除"), std::string::npos) << text;
+    for (const std::string& text : textsOf({{"1001", 1234.5}, creditOf("2001", 1000.4)}))
+        EXPECT_EQ(text.find("整除"), std::string::npos) << text;
+}
+
+TEST(ImbalanceCauses, AreLookedForInDifferencesThatCentsCanHold) {
+    EXPECT_FALSE(textsOf({{"1001", 9e13}}).empty());
+    EXPECT_TRUE(textsOf({{"1001", 9.1e13}}).empty());
+}
+
+TEST(ImbalanceCauses, NameAnAuxiliaryAccountWithoutDetailsAndOneWithHugeOnes) {
+    const OpeningSheet sheet =
+        sheetOf({AccountDraft{"1122", 1}.keptBy("B"), AccountDraft{"1123", 2}.keptBy("B")});
+    const AuxiliaryOpenings details{{2, 1e30}};
+    const auto causes = imbalanceCauses(sheet, TrialBalance(classes, sheet.accounts()), &details);
+    ASSERT_GE(causes.size(), 2u);
+    EXPECT_EQ(causes[0].text, "1122 科目1122:余额 1.00 与辅助明细的合计 0.00 不符。");
+    EXPECT_EQ(causes[1].kind, ImbalanceKind::detailsDiffer);
+    EXPECT_EQ(causes[1].place, 1u);
+}
+
 TEST(ImbalanceCauses, TellOfADivisorNineThatNoAccountExplains) {
     EXPECT_EQ(textsOf({{"1001", 1234.5}, creditOf("2001", 1000.5)}),
               Texts{"差额 234.00 能被9整除,可能有相邻的数字颠倒或小数点错位。"});
