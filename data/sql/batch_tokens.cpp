@@ -211,7 +211,6 @@ void BatchReader::readPlainNumbers() {
         if (*at == ')') break;
         m_room[m_length++] = ',';
         m_at = ++at;
-        m_last = Last::comma;
     }
     m_at = at;
     m_last = Last::lifted;

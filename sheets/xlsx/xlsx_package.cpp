@@ -53,9 +53,7 @@ SheetFailure damagedWorkbook(std::string_view detail) {
     return SheetFailure{.reason = fmt::format(sheet_texts::workbookDamaged, detail)};
 }
 
-XlsxPackage::~XlsxPackage() {
-    if (m_archive != nullptr) zip_discard(m_archive);
-}
+XlsxPackage::~XlsxPackage() { zip_discard(m_archive); }
 
 std::optional<SheetFailure> XlsxPackage::open(std::string_view bytes) {
     zip_error_t error;

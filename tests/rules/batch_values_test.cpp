@@ -95,6 +95,7 @@ TEST(BatchValues, StayInEveryPartButThoseThatTellTheirType) {
     EXPECT_EQ(lifted("SELECT a FROM A WHERE b = 1 OFFSET 7"),
               "select a from a where b=# offset 7 | 1");
     EXPECT_EQ(lifted("SELECT (1), f(2) FROM A"), "select(1),f(2)from a | ");
+    EXPECT_EQ(lifted("UPDATE f(1) SET a = 2"), "update f(1)set a=# | 2 | once");
     EXPECT_EQ(lifted("UPDATE A SET b = 1.5, c = (2), d = f(3), e = 'x' WHERE g = f(4)"),
               "update a set b=~,c=(2),d=f(3),e=? where g=f(4) | 1.5, 'x' | once");
     EXPECT_EQ(lifted("INSERT A VALUES((1), 2), (3, 4)"),

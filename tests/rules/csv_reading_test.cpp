@@ -221,8 +221,8 @@ TEST(CsvReading, HalvesOfUtf16PairsAreNoCharacters) {
     const std::string mark = "\xFF\xFE";
     for (const std::string& units :
          {std::string("\x00\xD8\xFF\xDB", 4), std::string("\x00\xD8\x00\xE0", 4),
-          std::string("\x00\xDC", 2), std::string("\xFF\xDF", 2), std::string("\xFF\xDB", 2),
-          std::string("\x00\xD8", 2)})
+          std::string("\x00\xDC", 2), std::string("\x00\xDC\x00\xDC", 4),
+          std::string("\xFF\xDF", 2), std::string("\xFF\xDB", 2), std::string("\x00\xD8", 2)})
         EXPECT_TRUE(readFailure(mark + units).reason.starts_with("此处的内容无法识别。"));
 }
 

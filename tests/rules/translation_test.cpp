@@ -1,5 +1,7 @@
 #include "data/sql/translation.h"
 
+#include "data/sql/date_places.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -183,6 +185,24 @@ TEST(Translation, BringsDatesThatStayIntoTheStoredForm) {
               "delete from regmain where dtdate not in('2026-01-05')or f('2026/1/5')");
     EXPECT_EQ(sqlOf("SELECT a FROM A WHERE b AND c AND '2026/1/5' OR IN ('2026/1/5')"),
               "select a from a where b and c and '2026/1/5' or in('2026/1/5')");
+}
+
+TEST(Translation, LooksForDatesInShapesThatBreakOffAnywhere) {
+    for (const std::string_view shape :
+         {"insert into a.b.userauth(lid,\"dtDate\")values(#,?),(#,f(?,#))",
+          "insert exchgflt values(#,null,?,#,~,~)",
+          "update regmain set dtdate=? where not ? between dtdate and ? and dtdate in(?,null)",
+          "delete regmain where ? not between a.b.dtdate and #"}) {
+        const std::vector<Token> tokens = shapeTokens(shape);
+        for (std::size_t count = 0; count < tokens.size(); ++count) {
+            const std::vector<Token> first(tokens.begin(),
+                                           tokens.begin() + static_cast<std::ptrdiff_t>(count));
+            std::vector<std::size_t> dates;
+            if (shape.starts_with("insert")) static_cast<void>(findInsertedDates(first, dates));
+            static_cast<void>(findComparedDates(first, dates));
+            for (const std::size_t date : dates) EXPECT_LT(date, count) << shape;
+        }
+    }
 }
 
 TEST(Translation, RefusesADateBeforeItsColumn) {
