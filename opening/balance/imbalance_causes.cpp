@@ -32,7 +32,7 @@ bool isMisplaced(Cents cents, Cents wanted) {
     if ((cents < 0) != (wanted < 0) && wanted != 0) return false;
     const Cents given = std::abs(cents);
     const Cents right = std::abs(wanted);
-    if (right == 0 || given == 0 || given == right) return false;
+    if (right == 0 || given == right) return false;
     if (given == right * 10 || right == given * 10) return true;
     for (Cents power = 1; power <= std::max(given, right) / 10; power *= 10) {
         const Cents low = given / power % 10;

@@ -105,7 +105,6 @@ class AmountReader {
     }
     double factor(int depth) {
         if (depth > deepestBrackets) m_isFaulty = true;
-        if (m_isFaulty) return 0;
         if (take('-')) return -factor(depth + 1);
         if (take('+')) return factor(depth + 1);
         if (take('(')) {

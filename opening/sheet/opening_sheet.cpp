@@ -74,12 +74,6 @@ LineRole OpeningSheet::role(std::size_t line) const {
     return account.isAuxiliary() ? LineRole::auxiliary : LineRole::endAccount;
 }
 
-bool OpeningSheet::isNumber(std::size_t column) const {
-    const Field field = columns()[column].field;
-    return isFigure(field) ||
-           (field >= Field::id && field != Field::type && field != Field::auxiliary);
-}
-
 double OpeningSheet::hiddenFigure(const OpeningLine& line, Measure measure) const {
     const OpeningAccount& account = m_accounts[line.account];
     if (!line.isMain() || (!account.isEnd && !m_isRolledUp)) return 0;

@@ -67,7 +67,6 @@ class OpeningSheet {
     std::string text(std::size_t line, std::size_t column) const;
     /// The number in a cell; 0 where a text stands.
     double number(std::size_t line, std::size_t column) const;
-    bool isNumber(std::size_t column) const;
     LineRole role(std::size_t line) const;
     /// 4 on a main line that two extra lines follow, 3 and 2 where one does; 2 on the quantity
     /// line itself.

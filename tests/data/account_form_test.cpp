@@ -212,6 +212,78 @@ TEST_P(AccountForms, StayAsTheyAreWhicheverReadingOfABeginningFails) {
     }
 }
 
+TEST_P(AccountForms, SaveAgainWhatTheyHaveSavedAndAreOtherwiseUnchanged) {
+    ASSERT_TRUE(m_form.beginModification("2202"));
+    AccountEntry entry = m_form.entry();
+    for (const char* name : {"甲", "乙"}) {
+        entry.name = name;
+        EXPECT_TRUE(m_form.isChanged(entry));
+        ASSERT_EQ(m_form.save(entry).outcome, Outcome::done) << name;
+        EXPECT_EQ(m_form.entry(), entry);
+        EXPECT_FALSE(m_form.isChanged(entry));
+        EXPECT_FALSE(m_form.isAdding());
+    }
+    entry.code = "1009";
+    entry.name += " ";
+    m_books.messages().forget();
+    ASSERT_EQ(m_form.save(entry).outcome, Outcome::done);
+    EXPECT_EQ(m_books.account("1009").sName, "乙");
+    ASSERT_TRUE(m_screen.load("全部"));
+    EXPECT_EQ(arrows(), (Codes{"1001", "100201", "", "1009"}));
+    entry.code = "";
+    EXPECT_EQ(m_form.save(entry).outcome, Outcome::refused);
+    EXPECT_EQ(m_form.entry().code, "1009");
+}
+
+TEST_P(AccountForms, TellWhatTheNextAccountBeginsWithout) {
+    int told = 0;
+    bool hasFailed = true;
+    for (int call = 1; hasFailed && call < 100; ++call) {
+        ASSERT_TRUE(m_form.beginCopy("2202"));
+        const AccountEntry entry = m_form.entry();
+        m_books.messages().forget();
+        m_books.engine().failCall(call, Failure::full);
+        const Outcome outcome = m_form.save(entry).outcome;
+        hasFailed = m_books.engine().hasFailed();
+        m_books.engine().failCall(0);
+        EXPECT_EQ(m_books.messages().notices().size(), hasFailed ? 1u : 0u) << call;
+        if (!hasFailed || outcome != Outcome::done) continue;
+        ++told;
+        EXPECT_TRUE(m_books.hasAccount(entry.code));
+        EXPECT_EQ(m_form.entry().className, "负债") << call;
+    }
+    EXPECT_FALSE(hasFailed);
+    EXPECT_GT(told, 1);
+}
+
+TEST_P(AccountForms, ProposeNothingWhicheverReadingFails) {
+    ASSERT_TRUE(m_form.beginNew("1002", "全部"));
+    const AccountEntry before{.name = "name", .className = "before", .page = "before"};
+    AccountEntry entry;
+    std::string mnemonic;
+    const std::function<Status()> proposals[] = {
+        [&] { return m_form.proposeFor("100209", entry = before); },
+        [&] { return AccountForm::proposeMnemonic("运费", mnemonic = "before"); },
+    };
+    for (const auto& propose : proposals) {
+        int call = 1;
+        for (bool hasFailed = true; hasFailed; ++call) {
+            m_books.engine().failCall(call, Failure::full);
+            const Status status = propose();
+            hasFailed = m_books.engine().hasFailed();
+            m_books.engine().failCall(0);
+            ASSERT_EQ(status.failure, hasFailed ? Failure::full : Failure::none) << call;
+            if (hasFailed) {
+                EXPECT_TRUE(entry == before) << call;
+                EXPECT_TRUE(mnemonic.empty() || mnemonic == "before") << call;
+            }
+            if (!hasFailed) entry = before;
+        }
+        EXPECT_GT(call, 2);
+    }
+    EXPECT_EQ(mnemonic, "YF");
+}
+
 TEST_P(AccountForms, StayAsTheyAreWhenTheAccountToBeginWithIsGone) {
     ASSERT_TRUE(m_form.beginModification("2202"));
     const AccountEntry before = m_form.entry();

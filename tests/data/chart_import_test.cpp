@@ -122,8 +122,25 @@ TEST_P(ChartImports, CanBeGivenUpAtEachChangedAccountToo) {
                      }),
               Outcome::refused);
     EXPECT_EQ(told, (std::vector<std::size_t>{0, 1, 2}));
+    EXPECT_EQ(import("code,name\n1001,科目\n", [](std::size_t, std::size_t) { return false; }),
+              Outcome::refused)
+        << "though nothing is to be written";
     EXPECT_EQ(m_books.chart(), before);
     EXPECT_FALSE(m_books.holdsLocks());
+}
+
+TEST_P(ChartImports, OfAnAccountThatGoesMeanwhileAreGivenUpInItsName) {
+    m_books.add("1001");
+    const auto before = m_books.chart();
+    EXPECT_EQ(import("code,name\n1001,甲\n",
+                     [this](std::size_t, std::size_t) {
+                         m_books.run("DELETE FROM Code WHERE sCode = '1001'");
+                         return true;
+                     }),
+              Outcome::stale);
+    EXPECT_EQ(m_books.messages().onlyNotice().text, "科目(1001)已经删除!");
+    EXPECT_TRUE(m_books.messages().onlyNotice().beep);
+    EXPECT_EQ(m_books.chart(), before);
 }
 
 TEST_P(ChartImports, ShowTheirBoxesAsWhatTheyAre) {

@@ -131,10 +131,18 @@ TEST_P(Designations, OfACodeOfOneDigitMarkEveryCodeThatBeginsWithIt) {
 }
 
 TEST_P(Designations, OfferNothingWhenTheChartCannotBeReadAndSaySo) {
-    m_books.engine().failCall(1, Failure::full);
-    EXPECT_TRUE(DesignationService(m_books.messages()).choices().accounts.empty());
-    m_books.engine().failCall(0);
-    EXPECT_EQ(m_books.messages().notices().size(), 1u);
+    bool hasFailed = true;
+    int call = 1;
+    for (; hasFailed; ++call) {
+        m_books.messages().forget();
+        m_books.engine().failCall(call, Failure::full);
+        const auto choices = DesignationService(m_books.messages()).choices();
+        hasFailed = m_books.engine().hasFailed();
+        m_books.engine().failCall(0);
+        EXPECT_EQ(choices.accounts.empty(), hasFailed) << call;
+        EXPECT_EQ(m_books.messages().notices().size(), hasFailed ? 1u : 0u) << call;
+    }
+    EXPECT_GT(call, 2);
 }
 
 TEST_P(Designations, OfferTheTopLevelInCodeOrderAndSelectWhatIsDesignated) {

@@ -6,6 +6,7 @@
 
 #include <optional>
 
+#include "accounts/printing/chart_list.h"
 #include "base/system/workstation.h"
 #include "currency/currency_list.h"
 #include "data/access/CNbCwDB.h"
@@ -199,6 +200,16 @@ TEST_P(ListPrinting, SaysOnceWhyAndPrintsNothingWhicheverReadingFails) {
         m_messages.forget();
     }
     EXPECT_EQ(onlyReport().rowCount(), 4u);
+}
+
+TEST_P(ListPrinting, PrintsTheAccountsOfARange) {
+    const std::string insert = "INSERT Code (lId, sCode, sName, byGrade, sAssBook) VALUES";
+    run("DELETE Code\n" + insert + "(1, '1001', '现金', 1, '')\n" + insert +
+        "(2, '1002', '存款', 1, '')\n" + insert + "(3, '100201', '工行', 2, 'BC')\n" + insert +
+        "(4, '10020101', '户', 3, '')\n" + insert + "(5, '1003', '其他', 1, 'R')");
+    print(chartList({.firstCode = "1002", .lastCode = "1002", .lastLevel = 2}));
+    EXPECT_THAT(rowTexts(onlyReport()),
+                ElementsAre("1|1002|存款|-|-", "2|100201|  工行|-|部门往来"));
 }
 
 TEST_P(ListPrinting, PrintsVoucherTypesWithTheirRestrictions) {

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+
 #include "opening/screen/opening_work.h"
 #include "opening/sheet/opening_texts.h"
 #include "tests/support/engine_cases.h"
@@ -50,6 +53,24 @@ TEST_P(MidYearOpening, FillsTheOpeningBalanceFromTheThreeFiguresByDirection) {
     EXPECT_EQ(m_books.shown("100201"), "120.00");
     EXPECT_EQ(m_books.shown("2001"), "80.00");
     EXPECT_FALSE(m_books.work().sheet().disagrees(m_books.lineOf("2001")));
+}
+
+TEST_P(MidYearOpening, TellsAPasteOrImportWhoseFiguresDisagree) {
+    OpeningWork& work = m_books.work();
+    const auto marks = [](const FigurePlan& plan) {
+        return std::ranges::count(plan.cells, true, &PlannedCell::disagrees);
+    };
+    const std::size_t first = placeOf(OpeningField::yearStart, work.sheet().layout());
+    Sheet block;
+    block.rows = {{Cell::of("100"), Cell::of("30"), Cell::of("10"), Cell::of("99")}};
+    EXPECT_EQ(marks(work.planPaste(m_books.lineOf("100201"), first, block)), 4);
+    block.rows[0][3] = Cell::of("120");
+    EXPECT_EQ(marks(work.planPaste(m_books.lineOf("100201"), first, block)), 0);
+    const std::string path = freshFolder() + "/in.csv";
+    std::ofstream(path) << "科目编码,年初余额,累计借方,累计贷方,期初余额\n100201,100,30,10,99\n";
+    const auto plan = work.planImport(path);
+    ASSERT_TRUE(plan);
+    EXPECT_EQ(marks(*plan), 4);
 }
 
 TEST_P(MidYearOpening, GivesPeriodOneTheYearStartAndMovementsAndTheOthersTheOpening) {

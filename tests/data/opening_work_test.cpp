@@ -213,6 +213,20 @@ TEST_P(Opening, IsReadAnewOnlyWhereRowsDoNotTellWhatTheirAccountsHold) {
     EXPECT_GT(work().readings(), readings) << "foreign currency below 1002 may make up no rows";
 }
 
+TEST_P(Opening, IsReadAnewWhereARowOfASumHoldsAnotherCurrencyOrQuantity) {
+    EXPECT_TRUE(m_books.type("10020102", "5", foreign));
+    for (const char* figure : {"mFgnBegin", "dAmtBegin"}) {
+        EXPECT_TRUE(m_books.type("10020102", "6", foreign));
+        const auto readings = work().readings();
+        EXPECT_TRUE(m_books.type("10020102", "7", foreign));
+        EXPECT_EQ(work().readings(), readings);
+        m_books.books().run("UPDATE AccSum SET " + std::string(figure) +
+                            " = 99 WHERE lCodeId = " + std::to_string(m_books.idOf("1002")));
+        EXPECT_TRUE(m_books.type("10020102", "8", foreign));
+        EXPECT_GT(work().readings(), readings) << figure;
+    }
+}
+
 CHENGHENG_ON_ALL_ENGINES(Opening);
 
 }  // namespace

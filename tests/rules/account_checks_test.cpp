@@ -175,6 +175,11 @@ TEST_F(Additions, ReadTheirOwnCodeAndTheirParentOnce) {
     EXPECT_EQ(m_chart.askedCodes(), (std::vector<std::string>{"1002", "100201"}));
 }
 
+TEST_F(Additions, ReadNoParentAtTheTop) {
+    EXPECT_EQ(firstRefusal(additionChecks(), newFacts(entry("1003"))), std::nullopt);
+    EXPECT_EQ(m_chart.askedCodes(), std::vector<std::string>{"1003"});
+}
+
 TEST_F(Additions, AreMarkedAsTheAccountAboveIs) {
     m_chart.account("1001").bCash = 1;
     m_chart.account("1002").bBank = 1;

@@ -69,6 +69,7 @@ TEST(ChartSheets, MayHaveTitlesAboveTheirHeadings) {
     EXPECT_EQ(chart.rows[0].row, 5u);
     EXPECT_EQ(chart.rows[0].at(ChartField::code), "1001");
     EXPECT_EQ(chart.ignoredHeadings, std::vector<std::string>{"备注"});
+    EXPECT_EQ(read("科目编码\n科目名称\ncode,name\n1001,现金\n").rows.size(), 1u);
     EXPECT_EQ(failureOf("名册\n科目编码,科目名称,code\n"), "第 2 行 C 列:标题“code”重复。");
 }
 

@@ -111,6 +111,7 @@ TEST(ImbalanceCauses, FindMisplacedDigitsInEveryPairOfAmounts) {
 TEST(ImbalanceCauses, TellOfADivisorNineOnlyWhenNoDigitsAreMisplaced) {
     for (const std::string& text : textsOf({{"1001", 5400}, creditOf("2001", 4500)}))
         EXPECT_EQ(text.find("整除"), std::string::npos) << text;
+    EXPECT_EQ(textsOf({{"1001", 11.001}, creditOf("2001", 11)}), Texts{}) << "less than a cent";
     for (const std::string& text : textsOf({{"1001", 1234.5}, creditOf("2001", 1000.4)}))
         EXPECT_EQ(text.find("整除"), std::string::npos) << text;
 }

@@ -227,6 +227,59 @@ TEST(ImportPlans, BelieveTheQuantityColumnMoreThanAUnit) {
     EXPECT_EQ(made.added[0].sUnit, "");
 }
 
+TEST(ImportPlans, UnderstandEveryWordForYesAndNo) {
+    const auto quantityOf = [](const std::string& word) {
+        const auto made = plan(books(), "code,name,class,quantity,unit,person\n1003,甲,资产," +
+                                            word + ",吨," + word + "\n");
+        if (made.added.size() != 1) return -1;
+        EXPECT_EQ(made.added[0].sAssBook, made.added[0].bAmount == 1 ? "A" : "");
+        return int{made.added[0].bAmount};
+    };
+    for (const char* yes : {"是", "√", "1", "y", "Y", "yes", "YES", "true", "True", " 是 "})
+        EXPECT_EQ(quantityOf(yes), 1) << yes;
+    for (const char* no : {"否", "", " ", "0", "n", "N", "no", "No", "false", "FALSE"})
+        EXPECT_EQ(quantityOf(no), 0) << no;
+    for (const char* other : {"2", "是的", "yess", "t"}) EXPECT_EQ(quantityOf(other), -1) << other;
+}
+
+TEST(ImportPlans, ReadEachAuxiliaryColumnAndThePage) {
+    const std::string heading =
+        "code,name,class,page,person,partner,department,project,journal,bank";
+    const std::string letters = "ABCDRE";
+    for (std::size_t at = 0; at < letters.size(); ++at) {
+        std::string row = "1003,甲,资产, 数量金额式 ";
+        for (std::size_t cell = 0; cell < letters.size(); ++cell) row += cell == at ? ",是" : ",否";
+        const auto made = plan(books(), heading + "\n" + row + "\n");
+        ASSERT_EQ(made.added.size(), 1u);
+        EXPECT_EQ(made.added[0].sAssBook, letters.substr(at, 1));
+        EXPECT_EQ(made.added[0].sPage, "数量金额式");
+    }
+}
+
+TEST(ImportPlans, LetARowTakeAMnemonicThatOneBeforeItGaveUp) {
+    ChartState state = books();
+    state.accounts[2].sHelp = "AAA";
+    const std::string heading = "code,name,class,mnemonic\n1002,存款,资产,BBB\n";
+    EXPECT_EQ(fates(plan(state, heading + "1003,甲,资产,AAA\n")), "2 修改 1002 | 3 新增 1003");
+    EXPECT_EQ(fates(plan(state, heading + "1003,甲,资产,BBB\n")),
+              "2 修改 1002 | 3 拒绝 1003: 第 3 行 D 列:助记码必须唯一");
+}
+
+TEST(ImportPlans, TellACellThatCannotBeUnderstoodBeforeAMissingName) {
+    EXPECT_EQ(refusal("code,name,class\n1003,,权益\n"), "第 2 行 C 列:没有“权益”这个科目类型。");
+    EXPECT_EQ(refusal("code,name,class\n1002,,权益\n"), "第 2 行 C 列:没有“权益”这个科目类型。");
+}
+
+TEST(ImportPlans, RefuseToChangeAnAccountWhoseCurrencyIsGone) {
+    ChartState state = books();
+    state.accounts[2].byExchId = 9;
+    const auto made = plan(state, "code,name\n1002,新名\n");
+    ASSERT_EQ(made.count(RowFate::refused), 1u);
+    EXPECT_EQ(made.rows[0].column, 0u);
+    EXPECT_EQ(refusedPlace(made.rows[0]), "");
+    EXPECT_EQ(fates(plan(state, "code,name\n1002,存款\n")), "2 不变 1002");
+}
+
 TEST(ImportPlans, KeepTheDirectionOfAnAccountThatIsThere) {
     EXPECT_EQ(refusal("code,name,direction\n1002,存款,贷\n"),
               "第 2 行 C 列:余额方向与帐套中的不同。请在期初余额中调整方向。");
