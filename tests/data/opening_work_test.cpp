@@ -214,7 +214,7 @@ TEST_P(Opening, IsReadAnewOnlyWhereRowsDoNotTellWhatTheirAccountsHold) {
 }
 
 TEST_P(Opening, IsReadAnewWhereARowOfASumHoldsAnotherCurrencyOrQuantity) {
-    EXPECT_TRUE(m_books.type("10020102", "5", foreign));
+    EXPECT_TRUE(m_books.type("10020102", "1"));
     for (const char* figure : {"mFgnBegin", "dAmtBegin"}) {
         EXPECT_TRUE(m_books.type("10020102", "6", foreign));
         const auto readings = work().readings();

@@ -8,10 +8,10 @@ namespace chengheng {
 namespace {
 
 /// The texts of a sheet, an absent cell being empty.
-using Texts = std::vector<std::vector<std::string>>;
+using CellTexts = std::vector<std::vector<std::string>>;
 
-Texts textsOf(const Sheet& sheet) {
-    Texts texts;
+CellTexts textsOf(const Sheet& sheet) {
+    CellTexts texts;
     for (const SheetRow& row : sheet.rows) {
         texts.emplace_back();
         for (const Cell& cell : row) texts.back().push_back(cell.text);
@@ -19,7 +19,7 @@ Texts textsOf(const Sheet& sheet) {
     return texts;
 }
 
-Texts readTexts(std::string_view bytes) {
+CellTexts readTexts(std::string_view bytes) {
     Sheet sheet;
     const std::optional<SheetFailure> failure = readCsv(bytes, sheet);
     EXPECT_FALSE(failure) << failure->text();
@@ -46,7 +46,7 @@ std::string utf16(std::u16string_view text, bool isBig) {
     return bytes;
 }
 
-const Texts accounts{{"编码", "名称"}, {"0101", "库存现金"}};
+const CellTexts accounts{{"编码", "名称"}, {"0101", "库存现金"}};
 
 TEST(CsvReading, ReadsUtf8WithAndWithoutItsMark) {
     EXPECT_EQ(readTexts("编码,名称\r\n0101,库存现金\r\n"), accounts);
@@ -57,8 +57,8 @@ TEST(CsvReading, ReadsUtf16OfBothKindsWithAndWithoutItsMark) {
     for (const bool isBig : {false, true}) {
         EXPECT_EQ(readTexts(utf16(u"\uFEFF编码,名称\r\n0101,库存现金\r\n", isBig)), accounts);
         EXPECT_EQ(readTexts(utf16(u"编码,名称\r\n0101,库存现金\r\n", isBig)), accounts);
-        EXPECT_EQ(readTexts(utf16(u"a,b\nc,d", isBig)), (Texts{{"a", "b"}, {"c", "d"}}));
-        EXPECT_EQ(readTexts(utf16(u"\uFEFF𠮷\t😀", isBig)), (Texts{{"𠮷", "😀"}}));
+        EXPECT_EQ(readTexts(utf16(u"a,b\nc,d", isBig)), (CellTexts{{"a", "b"}, {"c", "d"}}));
+        EXPECT_EQ(readTexts(utf16(u"\uFEFF𠮷\t😀", isBig)), (CellTexts{{"𠮷", "😀"}}));
     }
 }
 
@@ -68,25 +68,25 @@ TEST(CsvReading, ReadsGb18030WithItsTwoAndFourByteCharacters) {
                         "0101,\xBF\xE2\xB4\xE6\xCF\xD6\xBD\xF0\r\n"),
               accounts);
     EXPECT_EQ(readTexts("\xFE\x56,\x95\x34\xB2\x35,\x81\x39\xEE\x39,\xA2\xE3,\x94\x39\xFC\x36"),
-              (Texts{{"㑇", "𠮷", "㐀", "€", "😀"}}));
+              (CellTexts{{"㑇", "𠮷", "㐀", "€", "😀"}}));
 }
 
 TEST(CsvReading, ReadsEveryLineEndAndALastLineWithoutOne) {
     for (const char* text : {"a,b\r\nc,d\r\n", "a,b\nc,d\n", "a,b\rc,d\r", "a,b\nc,d"})
-        EXPECT_EQ(readTexts(text), (Texts{{"a", "b"}, {"c", "d"}})) << text;
+        EXPECT_EQ(readTexts(text), (CellTexts{{"a", "b"}, {"c", "d"}})) << text;
 }
 
 TEST(CsvReading, KeepsLineEndsAndQuotesInsideQuotes) {
     EXPECT_EQ(readTexts("\"a\r\nb\",\"c\"\"d\",\"\",\"e\nf\rg\"\r\n"),
-              (Texts{{"a\r\nb", "c\"d", "", "e\nf\rg"}}));
+              (CellTexts{{"a\r\nb", "c\"d", "", "e\nf\rg"}}));
 }
 
 TEST(CsvReading, QuoteWithinABareCellBelongsToIt) {
-    EXPECT_EQ(readTexts("5\" 钉,b\n"), (Texts{{"5\" 钉", "b"}}));
+    EXPECT_EQ(readTexts("5\" 钉,b\n"), (CellTexts{{"5\" 钉", "b"}}));
 }
 
 TEST(CsvReading, KeepsZerosBlanksAndSignsOfTexts) {
-    EXPECT_EQ(readTexts("0101, a ,=1+1,+5,-0\n"), (Texts{{"0101", " a ", "=1+1", "+5", "-0"}}));
+    EXPECT_EQ(readTexts("0101, a ,=1+1,+5,-0\n"), (CellTexts{{"0101", " a ", "=1+1", "+5", "-0"}}));
 }
 
 TEST(CsvReading, EmptyFieldsAreAbsentCellsAndEmptyLinesRowsWithoutCells) {
@@ -192,7 +192,7 @@ TEST(CsvReading, WhatASheetHeldBeforeIsGone) {
         sheet.rows.resize(3);
         ASSERT_FALSE(read("a", sheet));
         EXPECT_EQ(sheet.name, "");
-        EXPECT_EQ(textsOf(sheet), (Texts{{"a"}}));
+        EXPECT_EQ(textsOf(sheet), (CellTexts{{"a"}}));
         EXPECT_TRUE(read("a\n\"\xFF", sheet));
         EXPECT_TRUE(sheet.rows.empty());
     }
@@ -201,7 +201,7 @@ TEST(CsvReading, WhatASheetHeldBeforeIsGone) {
 // Of a text of ASCII more than a quarter of the bytes are zeros when it is UTF-16, of any other
 // more than a fiftieth.
 TEST(CsvReading, FewZerosDoNotMakeUtf16) {
-    EXPECT_EQ(readTexts(std::string("a\0b\0", 4)), (Texts{{"ab"}}));
+    EXPECT_EQ(readTexts(std::string("a\0b\0", 4)), (CellTexts{{"ab"}}));
     EXPECT_EQ(readFailure(std::string("a\0bc", 4)).text(),
               "第 1 行 A 列:单元格中有不能作为文字的内容(NUL)。");
     std::u16string cell(47, u'库');
@@ -212,9 +212,9 @@ TEST(CsvReading, FewZerosDoNotMakeUtf16) {
 
 TEST(CsvReading, FirstAndLastCharactersOfUtf16PairsAreRead) {
     EXPECT_EQ(readTexts(utf16(u"\uFEFF\U00010000,\U0010FFFF", false)),
-              (Texts{{"\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}}));
+              (CellTexts{{"\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}}));
     EXPECT_EQ(readTexts(utf16(u"\uFEFF\uD7FF,\uE000", false)),
-              (Texts{{"\xED\x9F\xBF", "\xEE\x80\x80"}}));
+              (CellTexts{{"\xED\x9F\xBF", "\xEE\x80\x80"}}));
 }
 
 TEST(CsvReading, HalvesOfUtf16PairsAreNoCharacters) {
@@ -239,7 +239,7 @@ TEST(CsvReading, ALongGb18030TextIsReadWhole) {
 
 // One byte in five that is not ASCII may begin what is broken.
 TEST(CsvReading, BytesAreTakenForDamagedUtf8OnlyWhenMostOfThemAreUtf8) {
-    EXPECT_EQ(readTexts("\xC3\xA9\xE4\xB9"), (Texts{{"茅涔"}}));
+    EXPECT_EQ(readTexts("\xC3\xA9\xE4\xB9"), (CellTexts{{"茅涔"}}));
     EXPECT_TRUE(readFailure("a,\xE2\x80\x94\xE4\xB9x\n").reason.starts_with("此处"));
 }
 
@@ -264,7 +264,7 @@ TEST(CsvReading, Utf8WithAStrayByteIsNotTakenForGb18030) {
 }
 
 TEST(CsvReading, EmptyCellsAtTheEndOfARowAndEmptyRowsAtTheEndAreNotKept) {
-    EXPECT_EQ(readTexts("a,b,,\n,,\n,c,\n\n,,,\n"), (Texts{{"a", "b"}, {}, {"", "c"}}));
+    EXPECT_EQ(readTexts("a,b,,\n,,\n,c,\n\n,,,\n"), (CellTexts{{"a", "b"}, {}, {"", "c"}}));
     EXPECT_TRUE(readTexts(std::string(4'100'000, ',')).empty());
 }
 
@@ -286,7 +286,7 @@ TEST(CsvReading, MoreCellsThanAreReadIsAFailure) {
     EXPECT_EQ(readFailure(text).text(), "超过 4000000 个单元格,表格太大了。请拆分后重试。");
 }
 
-Texts readBlock(std::string_view text) {
+CellTexts readBlock(std::string_view text) {
     Sheet sheet;
     const std::optional<SheetFailure> failure = readClipboardBlock(text, sheet);
     EXPECT_FALSE(failure) << failure->text();
@@ -294,18 +294,20 @@ Texts readBlock(std::string_view text) {
 }
 
 TEST(ClipboardBlock, RowsAndCellsAreCutByLineEndsAndTabs) {
-    EXPECT_EQ(readBlock("1001\t1,234.50\r\n1002\t\r\n"), (Texts{{"1001", "1,234.50"}, {"1002"}}));
-    EXPECT_EQ(readBlock("a"), (Texts{{"a"}}));
-    EXPECT_EQ(readBlock("a;b,c"), (Texts{{"a;b,c"}}));
+    EXPECT_EQ(readBlock("1001\t1,234.50\r\n1002\t\r\n"),
+              (CellTexts{{"1001", "1,234.50"}, {"1002"}}));
+    EXPECT_EQ(readBlock("a"), (CellTexts{{"a"}}));
+    EXPECT_EQ(readBlock("a;b,c"), (CellTexts{{"a;b,c"}}));
     EXPECT_TRUE(readBlock("").empty());
 }
 
 TEST(ClipboardBlock, QuotedCellsMayHoldTabsAndLineEnds) {
-    EXPECT_EQ(readBlock("\"a\tb\nc\"\t\"d\"\"e\"\n"), (Texts{{"a\tb\nc", "d\"e"}}));
+    EXPECT_EQ(readBlock("\"a\tb\nc\"\t\"d\"\"e\"\n"), (CellTexts{{"a\tb\nc", "d\"e"}}));
 }
 
 TEST(ClipboardBlock, QuotesThatDoNotPairBelongToTheCell) {
-    EXPECT_EQ(readBlock("\"a\tb\n5\" c\t\"x\" y\n"), (Texts{{"\"a", "b"}, {"5\" c", "\"x\" y"}}));
+    EXPECT_EQ(readBlock("\"a\tb\n5\" c\t\"x\" y\n"),
+              (CellTexts{{"\"a", "b"}, {"5\" c", "\"x\" y"}}));
 }
 
 TEST(ClipboardBlock, WhatIsWrittenIsReadBack) {
