@@ -46,17 +46,17 @@ std::string utf16(std::u16string_view text, bool isBig) {
     return bytes;
 }
 
-const CellTexts accounts{{"编码", "名称"}, {"0101", "库存现金"}};
+const CellTexts accountRows{{"编码", "名称"}, {"0101", "库存现金"}};
 
 TEST(CsvReading, ReadsUtf8WithAndWithoutItsMark) {
-    EXPECT_EQ(readTexts("编码,名称\r\n0101,库存现金\r\n"), accounts);
-    EXPECT_EQ(readTexts("\xEF\xBB\xBF编码,名称\r\n0101,库存现金\r\n"), accounts);
+    EXPECT_EQ(readTexts("编码,名称\r\n0101,库存现金\r\n"), accountRows);
+    EXPECT_EQ(readTexts("\xEF\xBB\xBF编码,名称\r\n0101,库存现金\r\n"), accountRows);
 }
 
 TEST(CsvReading, ReadsUtf16OfBothKindsWithAndWithoutItsMark) {
     for (const bool isBig : {false, true}) {
-        EXPECT_EQ(readTexts(utf16(u"\uFEFF编码,名称\r\n0101,库存现金\r\n", isBig)), accounts);
-        EXPECT_EQ(readTexts(utf16(u"编码,名称\r\n0101,库存现金\r\n", isBig)), accounts);
+        EXPECT_EQ(readTexts(utf16(u"\uFEFF编码,名称\r\n0101,库存现金\r\n", isBig)), accountRows);
+        EXPECT_EQ(readTexts(utf16(u"编码,名称\r\n0101,库存现金\r\n", isBig)), accountRows);
         EXPECT_EQ(readTexts(utf16(u"a,b\nc,d", isBig)), (CellTexts{{"a", "b"}, {"c", "d"}}));
         EXPECT_EQ(readTexts(utf16(u"\uFEFF𠮷\t😀", isBig)), (CellTexts{{"𠮷", "😀"}}));
     }
@@ -66,7 +66,7 @@ TEST(CsvReading, ReadsGb18030WithItsTwoAndFourByteCharacters) {
     // 编码,名称 CR LF 0101,库存现金 CR LF
     EXPECT_EQ(readTexts("\xB1\xE0\xC2\xEB,\xC3\xFB\xB3\xC6\r\n"
                         "0101,\xBF\xE2\xB4\xE6\xCF\xD6\xBD\xF0\r\n"),
-              accounts);
+              accountRows);
     EXPECT_EQ(readTexts("\xFE\x56,\x95\x34\xB2\x35,\x81\x39\xEE\x39,\xA2\xE3,\x94\x39\xFC\x36"),
               (CellTexts{{"㑇", "𠮷", "㐀", "€", "😀"}}));
 }
