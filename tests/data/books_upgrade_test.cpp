@@ -136,18 +136,25 @@ class BooksUpgrades : public testing::TestWithParam<EngineCase> {
                 }};
     }
 
-    /// Lets an upgrade fail at many of its calls and at each of its last ones, until it does not.
-    /// Gives how many calls it makes, about.
+    /// Lets an upgrade fail at many of its calls and at its last one, until it does not.
+    /// Gives how many calls it makes.
     int atManyCalls(const std::function<bool(int number)>& failsAt) {
         const int stride = isServer() ? 47 : 9;
-        int number = 1;
-        while (failsAt(number)) number += stride;
+        int beyond = 1;
+        while (failsAt(beyond)) beyond += stride;
+        int last = std::max(beyond - stride, 0);
         startAnew();
-        number -= 2 * stride;
-        while (failsAt(number)) ++number;
-        EXPECT_EQ(layoutAt(m_location), booksFormatVersion);
-        startAnew();
-        return number;
+        while (beyond - last > 1) {
+            const int middle = (last + beyond) / 2;
+            if (failsAt(middle)) {
+                last = middle;
+            } else {
+                beyond = middle;
+                startAnew();
+            }
+        }
+        EXPECT_EQ(layoutAt(m_location), 1);
+        return last;
     }
     void startAnew() {
         if (hasBackup()) EXPECT_TRUE(removeDatabase(backupOf(m_location)).isDone());
