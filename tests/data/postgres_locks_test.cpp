@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
@@ -55,6 +56,27 @@ TEST_F(PostgresLocksTest, OfOneSchemaAreNotThoseOfAnother) {
     const auto other = openForTest(freshSchema());
     ASSERT_TRUE(first().lock("Code", exclusive, false));
     EXPECT_TRUE(other->locks().lock("Code", exclusive, false));
+}
+
+// Temporary tables keep the server's process busy after its connection has gone.
+TEST_F(PostgresLocksTest, AreFreeAsSoonAsTheirConnectionIsClosed) {
+    auto leaving = openForTest(m_address, OpenMode::existing);
+    for (int table = 0; table < 300; ++table)
+        ASSERT_TRUE(leaving->script("CREATE TEMP TABLE t" + std::to_string(table) + " (a text)"));
+    ASSERT_TRUE(leaving->locks().lock("Code", exclusive, false));
+    ASSERT_TRUE(leaving->begin());
+    ASSERT_TRUE(runSql(*leaving, "INSERT INTO Goods VALUES (1)"));
+    leaving.reset();
+    EXPECT_TRUE(isFree("Code"));
+}
+
+TEST_F(PostgresLocksTest, DoNotKeepAConnectionToASilentServerFromClosing) {
+    ASSERT_TRUE(first().lock("Code", exclusive, false));
+    const pid_t session = std::stoi(readCell(*m_first, "SELECT pg_backend_pid()"));
+    ASSERT_EQ(kill(session, SIGSTOP), 0);
+    m_first.reset();
+    EXPECT_FALSE(isFree("Code")) << "the session stands still";
+    ASSERT_EQ(kill(session, SIGCONT), 0);
 }
 
 TEST_F(PostgresLocksTest, AreGoneWithALostConnectionAndCanBeTakenAgain) {

@@ -143,6 +143,30 @@ Status PostgresConnection::setUpSession() {
     return status;
 }
 
+void PostgresConnection::leave() {
+    // A server that does not answer keeps nobody from closing.
+    constexpr auto patience = std::chrono::seconds(1);
+    if (isConnected()) static_cast<void>(giveUpAll(Clock::now() + patience));
+    drop();
+}
+
+bool PostgresConnection::giveUpAll(Clock::time_point deadline) {
+    const bool isIdle = PQtransactionStatus(handle()) == PQTRANS_IDLE;
+    const std::string sql =
+        std::string(isIdle ? "" : "ROLLBACK; ") + "SELECT pg_advisory_unlock_all()";
+    if (PQsendQuery(handle(), sql.c_str()) == 0) return false;
+    while (true) {
+        while (PQisBusy(handle()) != 0) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+            if (left.count() <= 0 || !waitForSocket(PQsocket(handle()), SocketUse::reading, left) ||
+                PQconsumeInput(handle()) == 0)
+                return false;
+        }
+        if (PostgresResult(PQgetResult(handle())) == nullptr) return true;
+    }
+}
+
 bool PostgresConnection::isClosedByServer() const {
     if (!isConnected()) return true;
     while (waitForSocket(PQsocket(handle()), SocketUse::reading, std::chrono::milliseconds(0))) {

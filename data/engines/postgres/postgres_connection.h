@@ -2,6 +2,7 @@
 
 #include <libpq-fe.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,6 +32,9 @@ class PostgresConnection {
     /// Connects and sets up the session. Does not look whether the schema is there.
     Status connect();
     void drop() { m_handle.reset(); }
+    /// Gives up transaction and locks and drops the connection. The server's process for it ends
+    /// a moment later and would keep them until then.
+    void leave();
     /// Notices a connection that the server has closed, without asking the server anything.
     bool isClosedByServer() const;
 
@@ -48,6 +52,7 @@ class PostgresConnection {
 
     Status logOn();
     Status setUpSession();
+    bool giveUpAll(std::chrono::steady_clock::time_point deadline);
 
     PostgresAddress m_address;
     std::unique_ptr<PGconn, Finish> m_handle;

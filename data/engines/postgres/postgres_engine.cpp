@@ -18,6 +18,9 @@ constexpr std::size_t mostRetired = 50;
 class PostgresEngine final : public Engine {
   public:
     explicit PostgresEngine(PostgresAddress address) : m_connection(std::move(address)) {}
+    ~PostgresEngine() override { m_connection.leave(); }
+    PostgresEngine(const PostgresEngine&) = delete;
+    PostgresEngine& operator=(const PostgresEngine&) = delete;
 
     Status connect(OpenMode mode);
 
