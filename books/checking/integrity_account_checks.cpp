@@ -63,6 +63,22 @@ Status checkEndAccounts(CheckedBooks& books, FaultList& faults) {
     return Status::done();
 }
 
+// The first-level account that is designated marks all accounts below it.
+Status checkDesignation(CheckedBooks& books, FaultList& faults) {
+    std::map<std::string_view, const CheckedAccount*> accounts;
+    for (const CheckedAccount& account : books.accounts()) accounts[account.code] = &account;
+    for (const CheckedAccount& account : books.accounts()) {
+        const std::string parent = books.levels().parentOf(account.code);
+        const auto above = accounts.find(parent);
+        if (parent.empty() || above == accounts.end()) continue;
+        if (account.isCash && !above->second->isCash)
+            faults.add(integrity_texts::markedAlone(account, "bCash", *above->second));
+        if (account.isBank && !above->second->isBank)
+            faults.add(integrity_texts::markedAlone(account, "bBank", *above->second));
+    }
+    return Status::done();
+}
+
 Status checkUniqueMnemonics(CheckedBooks& books, FaultList& faults) {
     std::map<std::string_view, const CheckedAccount*> earlier;
     for (const CheckedAccount& account : books.accounts()) {

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <map>
 #include <set>
 #include <utility>
@@ -66,6 +67,40 @@ void compare(const CheckedAccount& account, int period, const Figures& sums,
     }
 }
 
+struct OpeningColumn {
+    const char* name;
+    int decimals;
+};
+constexpr std::array<OpeningColumn, 3> openingColumns{
+    {{"mBegin", 2}, {"dAmtBegin", 5}, {"mFgnBegin", 2}}};
+
+struct OpeningRow {
+    int period;
+    std::int64_t id;
+    std::array<double, openingColumns.size()> figures;
+};
+
+/// The figure that most periods have is taken for the right one.
+double usualFigure(const std::vector<OpeningRow>& rows, std::size_t column) {
+    std::map<double, int> times;
+    for (const OpeningRow& row : rows) ++times[row.figures[column]];
+    return std::ranges::max_element(times, {}, [](const auto& entry) { return entry.second; })
+        ->first;
+}
+
+void compareOpenings(const CheckedAccount& account, const std::vector<OpeningRow>& rows,
+                     FaultList& faults) {
+    for (std::size_t at = 0; at < openingColumns.size(); ++at) {
+        const auto [name, decimals] = openingColumns[at];
+        const double usual = usualFigure(rows, at);
+        for (const OpeningRow& row : rows)
+            if (!areEqual(row.figures[at], usual, decimals))
+                faults.add(integrity_texts::openingDiffers(account, row.period, row.id, name,
+                                                           ftoa(row.figures[at], decimals),
+                                                           ftoa(usual, decimals)));
+    }
+}
+
 /// "1, 2, 2, 14".
 std::string listed(const std::vector<int>& periods) {
     std::string text;
@@ -93,6 +128,38 @@ Status checkPeriodSums(CheckedBooks& books, FaultList& faults) {
         const CheckedAccount* account = books.findAccount(id);
         if (account != nullptr && !isFullYear(found))
             faults.add(integrity_texts::wrongPeriods(*account, listed(found)));
+    }
+    return status;
+}
+
+// While there are no vouchers, every period begins with the same opening figures; in books that
+// begin mid-year the first period has those of the year's start.
+Status checkOpenings(CheckedBooks& books, FaultList& faults) {
+    bool hasVouchers = false;
+    bool isMidYear = false;
+    Status status =
+        forEachRow(books.engine(), integrity_sql::anyVoucher, {}, [&hasVouchers](const Cursor&) {
+            hasVouchers = true;
+            return Status::done();
+        });
+    if (status)
+        status = forEachRow(books.engine(), integrity_sql::firstDay, {}, [&](const Cursor& row) {
+            isMidYear = isMidYear || row.text(0).substr(5, 2) != "01";
+            return Status::done();
+        });
+    if (!status || hasVouchers) return status;
+    std::map<int, std::vector<OpeningRow>> rows;
+    status =
+        forEachRow(books.engine(), integrity_sql::openingsOfPeriods, {}, [&](const Cursor& row) {
+            const auto period = static_cast<int>(row.integer(1));
+            if (period != 1 || !isMidYear)
+                rows[static_cast<int>(row.integer(0))].push_back(
+                    {period, row.integer(2), {row.real(3), row.real(4), row.real(5)}});
+            return Status::done();
+        });
+    for (const auto& [id, found] : rows) {
+        const CheckedAccount* account = books.findAccount(id);
+        if (account != nullptr) compareOpenings(*account, found, faults);
     }
     return status;
 }

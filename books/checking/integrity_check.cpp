@@ -12,7 +12,7 @@
 namespace chengheng {
 namespace {
 
-constexpr std::array<IntegrityCheck, 19> checks{{
+constexpr std::array<IntegrityCheck, 21> checks{{
     {"engine", integrity_texts::engineTitle, checkEngine},
     {"parameters", integrity_texts::parametersTitle, checkParameters},
     {"objects", integrity_texts::objectsTitle, checkObjects},
@@ -24,11 +24,13 @@ constexpr std::array<IntegrityCheck, 19> checks{{
     {"grades", integrity_texts::gradesTitle, checkGrades},
     {"parents", integrity_texts::parentsTitle, checkParents},
     {"endAccounts", integrity_texts::endAccountsTitle, checkEndAccounts},
+    {"designation", integrity_texts::designationTitle, checkDesignation},
     {"uniqueMnemonics", integrity_texts::uniqueMnemonicsTitle, checkUniqueMnemonics},
     {"references", integrity_texts::referencesTitle, checkReferences},
     {"projectItems", integrity_texts::projectItemsTitle, checkProjectItems},
     {"operators", integrity_texts::operatorsTitle, checkOperators},
     {"periodSums", integrity_texts::periodSumsTitle, checkPeriodSums},
+    {"openings", integrity_texts::openingsTitle, checkOpenings},
     {"auxiliarySums", integrity_texts::auxiliarySumsTitle, checkAuxiliarySums},
     {"fixedRates", integrity_texts::fixedRatesTitle, checkFixedRates},
     {"floatingRates", integrity_texts::floatingRatesTitle, checkFloatingRates},
@@ -85,6 +87,8 @@ Status CheckedBooks::readAccounts() {
         account.isEnd = row.integer(5) != 0;
         account.letters = row.text(6);
         account.mnemonic = row.text(7);
+        account.isCash = row.integer(8) != 0;
+        account.isBank = row.integer(9) != 0;
         m_accountById.emplace(account.id, m_accounts.size());
         m_accounts.push_back(std::move(account));
         return Status::done();

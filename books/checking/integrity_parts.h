@@ -21,6 +21,8 @@ struct CheckedAccount {
     bool isEnd = false;
     std::string letters;  ///< of its auxiliary books
     std::string mnemonic;
+    bool isCash = false;
+    bool isBank = false;
 };
 
 /// The books under check, with what many checks need read once.
@@ -84,6 +86,7 @@ Status checkCodePattern(CheckedBooks& books, FaultList& faults);
 Status checkGrades(CheckedBooks& books, FaultList& faults);
 Status checkParents(CheckedBooks& books, FaultList& faults);
 Status checkEndAccounts(CheckedBooks& books, FaultList& faults);
+Status checkDesignation(CheckedBooks& books, FaultList& faults);
 Status checkUniqueMnemonics(CheckedBooks& books, FaultList& faults);
 
 Status checkReferences(CheckedBooks& books, FaultList& faults);
@@ -91,6 +94,7 @@ Status checkProjectItems(CheckedBooks& books, FaultList& faults);
 Status checkOperators(CheckedBooks& books, FaultList& faults);
 
 Status checkPeriodSums(CheckedBooks& books, FaultList& faults);
+Status checkOpenings(CheckedBooks& books, FaultList& faults);
 Status checkAuxiliarySums(CheckedBooks& books, FaultList& faults);
 Status checkFixedRates(CheckedBooks& books, FaultList& faults);
 Status checkFloatingRates(CheckedBooks& books, FaultList& faults);

@@ -9,7 +9,8 @@ namespace chengheng::integrity_sql {
 inline constexpr const char* parameters = "SELECT sCodeLen FROM zAccountM ORDER BY lId";
 
 inline constexpr const char* accounts =
-    "SELECT lId, sCode, sName, sType, byGrade, bEnd, sAssBook, sHelp FROM Code WHERE lId > 0 "
+    "SELECT lId, sCode, sName, sType, byGrade, bEnd, sAssBook, sHelp, bCash, bBank FROM Code WHERE "
+    "lId > 0 "
     "ORDER BY sCode, lId";
 
 inline constexpr const char* idCounters =
@@ -55,6 +56,15 @@ inline constexpr const char* strayRights =
 
 inline constexpr const char* periods =
     "SELECT lCodeId, byPeroid FROM AccSum ORDER BY lCodeId, byPeroid";
+
+/// The month in which bookkeeping begins stands in the sixth and seventh place.
+inline constexpr const char* firstDay = "SELECT dtStart FROM zAccountM ORDER BY lId";
+inline constexpr const char* anyVoucher =
+    "SELECT lId FROM RegMain UNION ALL SELECT lId FROM UnregMain LIMIT 1";
+/// Account, period, row and three opening figures.
+inline constexpr const char* openingsOfPeriods =
+    "SELECT lCodeId, byPeroid, lId, mBegin, dAmtBegin, mFgnBegin FROM AccSum "
+    "ORDER BY lCodeId, byPeroid";
 
 /// Account, period and nine figures, from the account sums or the auxiliary ones.
 inline constexpr const char* accountFigures =

@@ -142,6 +142,19 @@ std::string wrongPeriods(const CheckedAccount& account, std::string_view periods
     return fmt::format("{}:AccSum 中应有 1 至 12 期各一行,实有 {}", shown(account), periods);
 }
 
+std::string openingDiffers(const CheckedAccount& account, int period, std::int64_t row,
+                           std::string_view column, std::string_view figure,
+                           std::string_view usual) {
+    return fmt::format("{}:AccSum 编号 {}(第 {} 期)的 {} 为 {},其他各期为 {}", shown(account), row,
+                       period, column, figure, usual);
+}
+
+std::string markedAlone(const CheckedAccount& account, std::string_view column,
+                        const CheckedAccount& above) {
+    return fmt::format("{}:Code 的 {} 已标记,而上级科目 {} 没有标记", shown(account), column,
+                       above.code);
+}
+
 std::string sumsDiffer(const CheckedAccount& account, int period, std::string_view figure,
                        std::string_view accountSum, std::string_view auxiliarySum) {
     return fmt::format("{}:第 {} 期{},科目总帐为 {},辅助总帐合计为 {}", shown(account), period,

@@ -25,6 +25,8 @@ inline constexpr const char* codePatternTitle = "科目编码与级长";
 inline constexpr const char* gradesTitle = "科目级次";
 inline constexpr const char* parentsTitle = "上级科目";
 inline constexpr const char* endAccountsTitle = "末级科目";
+inline constexpr const char* designationTitle = "现金、银行科目指定";
+inline constexpr const char* openingsTitle = "各期的期初余额";
 inline constexpr const char* uniqueMnemonicsTitle = "助记码唯一";
 inline constexpr const char* referencesTitle = "数据引用";
 inline constexpr const char* projectItemsTitle = "项目引用";
@@ -91,6 +93,13 @@ inline constexpr const char* noManager = "没有主管:Users 中没有 bManager 
 std::string passwordUnsafe(std::string_view name);
 
 std::string wrongPeriods(const CheckedAccount& account, std::string_view periods);
+/// A period's opening figure in a row of AccSum, and that of the other periods.
+std::string openingDiffers(const CheckedAccount& account, int period, std::int64_t row,
+                           std::string_view column, std::string_view figure,
+                           std::string_view usual);
+/// An account is marked as cash or bank account and the one above it is not.
+std::string markedAlone(const CheckedAccount& account, std::string_view column,
+                        const CheckedAccount& above);
 std::string sumsDiffer(const CheckedAccount& account, int period, std::string_view figure,
                        std::string_view accountSum, std::string_view auxiliarySum);
 

@@ -136,6 +136,17 @@ constexpr Damage damages[] = {
      "2, 3, 3, 4"},
     {"PeriodReplaced", "UPDATE AccSum SET byPeroid = 13 WHERE lCodeId = 1 AND byPeroid = 12",
      "periodSums", "11, 13"},
+    {"OpeningOfAPeriodDiffers",
+     "DELETE FROM RegMain; DELETE FROM RegSub; DELETE FROM UnregMain; DELETE FROM UnregSub;"
+     "UPDATE AccSum SET mBegin = mBegin + 1 WHERE lCodeId = 1 AND byPeroid = 7",
+     "openings", "AccSum 编号 7(第 7 期)的 mBegin 为"},
+    {"QuantityOfTheFirstPeriodDiffers",
+     "DELETE FROM RegMain; DELETE FROM RegSub; DELETE FROM UnregMain; DELETE FROM UnregSub;"
+     "UPDATE AccSum SET dAmtBegin = 2 WHERE lCodeId = 1 AND byPeroid = 1",
+     "openings", "(第 1 期)的 dAmtBegin 为"},
+    {"CashMarkBelowNone", "UPDATE Code SET bCash = 1 WHERE lId = 3", "designation",
+     "科目 100201 工商银行(编号 3):Code 的 bCash 已标记,而上级科目 1002 没有标记"},
+    {"BankMarkBelowNone", "UPDATE Code SET bBank = 1 WHERE lId = 3", "designation", "bBank"},
     {"AuxiliaryMoneyDiffers", "UPDATE AssAcc SET mBegin = 100.11 WHERE byPeroid = 4",
      "auxiliarySums",
      "1122 应收账款(编号 5):第 4 期期初金额,科目总帐为 100.10,辅助总帐合计为 100.11"},
