@@ -18,6 +18,7 @@ pkg_check_modules(XLSXWRITER REQUIRED IMPORTED_TARGET xlsxwriter)
 pkg_check_modules(ZIP REQUIRED IMPORTED_TARGET libzip)
 if(CHENGHENG_WINDOWS)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport Svg)
+    find_package(Qt6Keychain REQUIRED)
     pkg_check_modules(QPDF REQUIRED IMPORTED_TARGET libqpdf)
 endif()
 

@@ -5,4 +5,4 @@
 
 bool CNxMiddleDialog::SelectDatabase() { return chengheng::selectOpenBooks().isDone(); }
 
-void CNxMiddleDialog::TellFailure() { messages().tell(chengheng::lastFailureNotice()); }
+void CNxMiddleDialog::TellFailure() { chengheng::tellLastFailure(messages()); }

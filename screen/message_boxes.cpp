@@ -68,6 +68,7 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
 
 struct Box {
     const std::string& text;
+    const std::string& detail;
     const std::string& caption;
     MessageIcon icon;
     bool beep;
@@ -75,12 +76,30 @@ struct Box {
     Answer preset;
 };
 
+/// A button that shows the detail instead of closing the box.
+void addDetail(QMessageBox& box, const QString& detail) {
+    QPushButton* button = box.addButton(screen_texts::showDetail, QMessageBox::ActionRole);
+    button->setIcon(QIcon());
+    button->disconnect();
+    QObject::connect(button, &QPushButton::clicked, &box, [&box, button, detail] {
+        box.setInformativeText(detail);
+        button->setEnabled(false);
+    });
+}
+
 Answer show(const Box& content) {
     QMessageBox box(QApplication::activeWindow());
     box.setIcon(iconOf(content.icon));
     box.setWindowTitle(QString::fromStdString(content.caption));
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(content.text));
+    const std::size_t heading = content.text.find(detailHeading);
+    box.setText(QString::fromStdString(content.text.substr(0, heading)));
+    std::string detail = content.detail;
+    if (heading != std::string::npos) {
+        if (!detail.empty()) detail += '\n';
+        detail += content.text.substr(heading + detailHeading.size());
+    }
+    if (!detail.empty()) addDetail(box, QString::fromStdString(detail));
     for (const BoxButton& offered : content.buttons) {
         QPushButton* button = box.addButton(offered.standard);
         button->setText(QString::fromUtf8(offered.caption));
@@ -112,12 +131,13 @@ void focusOn(QWidget* window, const std::string& field) {
 
 void MessageBoxes::tell(const Notice& notice) {
     const QPointer<QWidget> window = QApplication::activeWindow();
-    show({notice.text, notice.caption, notice.icon, notice.beep, noticeButtons, Answer::ok});
+    show({notice.text, notice.detail, notice.caption, notice.icon, notice.beep, noticeButtons,
+          Answer::ok});
     focusOn(window, notice.focusField);
 }
 
 Answer MessageBoxes::ask(const Question& question) {
-    return show({question.text, question.caption, question.icon, question.beep,
+    return show({question.text, question.detail, question.caption, question.icon, question.beep,
                  buttonsOf(question.buttons), question.preset});
 }
 

@@ -42,6 +42,8 @@ inline constexpr const char* voucherTypeItem = "凭证类别(&5)";
 inline constexpr const char* settleItem = "结算方式(&6)";
 inline constexpr const char* exitItem = "退出(&7)";
 
+inline constexpr const char* showDetail = "详细(&D)";
+
 inline constexpr const char* balanceTitle = "试算平衡";
 inline constexpr const char* debitClasses = "借方科目";
 inline constexpr const char* creditClasses = "贷方科目";

@@ -71,6 +71,9 @@ constexpr std::array bookTexts{
     FailureText{Failure::noIdLeft,
                 "帐套文件“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。",
                 "帐套“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。"},
+    FailureText{Failure::passwordNeeded, "打开帐套文件“{}”需要口令。",
+                "服务器“{}”需要口令,或者口令不正确。\n"
+                "在窗口中会要求输入;命令行请用 PGPASSFILE、PGSERVICE 或 PGPASSWORD 提供口令。"},
     FailureText{Failure::unconfirmed,
                 "文件“{}”已经写好,但系统没有确认它已存到磁盘上。\n请检查磁盘,并核对该文件。",
                 "与服务器“{}”的连接在保存的最后一步中断,不知道本次操作是否已经保存。\n"
@@ -130,6 +133,12 @@ std::string failureText(const Status& status, std::string_view location, Failure
     if (!detail.empty() && !isClearWithoutDetail(status.failure))
         text += fmt::format(detailLine, detail);
     return text;
+}
+
+Refusal failureRefusalOf(const Status& status, std::string_view location, const char* field) {
+    Refusal refusal = failureRefusal(failureText(status, location), field);
+    if (status.failure == Failure::passwordNeeded) refusal.kind = RefusalKind::serverPassword;
+    return refusal;
 }
 
 }  // namespace chengheng

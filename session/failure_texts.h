@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/messages/refusal.h"
 #include "base/values/status.h"
 
 namespace chengheng {
@@ -14,5 +15,8 @@ enum class FailureSubject { books, registry, passwordFile };
 /// it, and what to do. The location may carry a password; the text does not.
 std::string failureText(const Status& status, std::string_view location,
                         FailureSubject subject = FailureSubject::books);
+
+/// The same as a refusal, of its own kind where a server's password is missing.
+Refusal failureRefusalOf(const Status& status, std::string_view location, const char* field = "");
 
 }  // namespace chengheng

@@ -15,8 +15,13 @@ std::string lastFailureText() {
     return failureText(status, database == nullptr ? g_lpszNbZwDBName : database->location());
 }
 
-Notice lastFailureNotice() {
-    return {.text = lastFailureText(), .icon = MessageIcon::warning, .beep = true};
+std::optional<Notice> lastFailureNotice() {
+    if (g_pDB != nullptr && g_pDB->lastStatus().failure == Failure::cancelled) return std::nullopt;
+    return Notice{.text = lastFailureText(), .icon = MessageIcon::warning, .beep = true};
+}
+
+void tellLastFailure(IMessages& messages) {
+    if (const auto notice = lastFailureNotice()) messages.tell(*notice);
 }
 
 }  // namespace chengheng

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/messages/messages.h"
@@ -10,7 +11,10 @@ namespace chengheng {
 /// is the matter and what to do. Empty when it did not fail.
 std::string lastFailureText();
 
-/// The same as it is shown, with a beep.
-Notice lastFailureNotice();
+/// The same as it is shown, with a beep. Nothing where the operator gave up waiting: that is
+/// known to whoever did it.
+std::optional<Notice> lastFailureNotice();
+
+void tellLastFailure(IMessages& messages);
 
 }  // namespace chengheng

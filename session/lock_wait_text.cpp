@@ -34,6 +34,9 @@ std::string lockWaitText(const LockHolder& holder) {
     const auto orUnknown = [](const std::string& text) {
         return text.empty() ? texts::unknown : text;
     };
+    if (holder.lockName.empty()) return texts::fileHeldBySomebody;
+    if (holder.operatorName.empty() && holder.station.empty())
+        return fmt::format(texts::lockHeldBySomebody, titleOf(holder.lockName));
     std::string text = fmt::format(
         texts::lockHolder, titleOf(holder.lockName), orUnknown(holder.operatorName),
         orUnknown(holder.station),

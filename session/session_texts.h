@@ -31,6 +31,9 @@ inline constexpr std::array lockTitles{
 
 inline constexpr const char* lockHolder =
     "“{}”正被其他人使用,请稍候。\n\n操作员:{}\n工作站:{}\n开始时间:{}";
+inline constexpr const char* fileHeldBySomebody = "帐套正被其他程序占用,请稍候。";
+inline constexpr const char* lockHeldBySomebody =
+    "“{}”正被其他人使用,请稍候。\n暂时还不知道使用者是谁。";
 inline constexpr const char* holdersFunction = "\n正在使用的功能:{}";
 inline constexpr const char* unknown = "(未知)";
 inline constexpr const char* secondsWaited = "{} 秒";

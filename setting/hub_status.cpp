@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "data/access/CNbCwDB.h"
+#include "data/connection/database.h"
 #include "session/host_globals.h"
 #include "setting/hub_texts.h"
 
@@ -17,7 +19,10 @@ std::vector<HubStatusLine> hubStatus() {
              g_lpLogonUserInfo->sUserName + (isSupervisor ? hub_texts::supervisorMark : "")});
     }
     if (g_tmLogonTime.day.isSet()) {
-        lines.push_back({hub_texts::logonDate, isoText(g_tmLogonTime.day)});
+        const Database* const books = g_pDB == nullptr ? nullptr : g_pDB->selectedDatabase();
+        const bool isReadOnly = books != nullptr && books->isReadOnly();
+        lines.push_back({hub_texts::logonDate,
+                         isoText(g_tmLogonTime.day) + (isReadOnly ? hub_texts::readOnlyMark : "")});
     }
     return lines;
 }

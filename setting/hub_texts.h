@@ -25,6 +25,7 @@ inline constexpr const char* logonDate = "日期";
 inline constexpr const char* lastLogon = "上次登录 {}";
 inline constexpr const char* wrongSinceThen = "上次登录 {},其间 {} 次口令错误";
 inline constexpr const char* wrongBefore = "登录前有 {} 次口令错误";
+inline constexpr const char* readOnlyMark = "(只读)";
 inline constexpr const char* supervisorMark = "(主管)";
 
 }  // namespace chengheng::hub_texts

@@ -119,7 +119,7 @@ std::optional<std::vector<_SettleInfo>> SettleService::readAll() {
         const RowLease<_SettleInfo> lease(*g_pDB, settle_sql::inOrder);
         if (lease.isRead()) return lease.copy();
     }
-    m_messages.tell(lastFailureNotice());
+    tellLastFailure(m_messages);
     return std::nullopt;
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QThread>
 #include <QVBoxLayout>
 
 #include "screen/screen_texts.h"
@@ -52,6 +53,10 @@ LockWaitBox::LockWaitBox() = default;
 LockWaitBox::~LockWaitBox() = default;
 
 bool LockWaitBox::keepWaiting(const LockHolder& holder, std::chrono::milliseconds waited) {
+    // Work beside the painting has no screen.
+    constexpr std::chrono::seconds patience(5);
+    if (QThread::currentThread() != QCoreApplication::instance()->thread())
+        return waited < patience;
     if (waited < quietTime) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         return true;
@@ -66,6 +71,8 @@ bool LockWaitBox::keepWaiting(const LockHolder& holder, std::chrono::millisecond
     return !m_box->isCancelled();
 }
 
-void LockWaitBox::waitEnded() { m_box.reset(); }
+void LockWaitBox::waitEnded() {
+    if (QThread::currentThread() == QCoreApplication::instance()->thread()) m_box.reset();
+}
 
 }  // namespace chengheng

@@ -42,17 +42,19 @@ Date dateOf(const QDate& day) {
 }  // namespace
 
 LogonWindow::LogonWindow(BooksSession& session, const BooksRegistry& registry, IMessages& messages,
-                         const LaunchOptions& options)
+                         SecretStore& secrets, const LaunchOptions& options)
     : m_session(session),
       m_registry(registry),
       m_messages(messages),
+      m_passwords(secrets, messages),
       m_launchArgument(options.launchArgument),
       m_ui(std::make_unique<Ui::LogonWindow>()) {
     m_ui->setupUi(this);
     setUpFields();
     loadChoices();
-    showChoices(options.books.empty() ? rememberedChoice()
-                                      : choiceOf(m_choices, locationOfBooks(options.books)));
+    showChoices(options.books.empty()
+                    ? rememberedChoice()
+                    : choiceOf(m_choices, m_passwords.take(locationOfBooks(options.books))));
     m_ui->operatorName->setText(options.operatorName.empty()
                                     ? memoryOf(m_registry).value(lastOperator).toString()
                                     : QString::fromStdString(options.operatorName));
@@ -82,6 +84,14 @@ void LogonWindow::setUpFields() {
 void LogonWindow::loadChoices() {
     std::vector<BooksSet> sets;
     m_listStatus = m_registry.read(sets);
+    bool holdsPasswords = false;
+    for (BooksSet& set : sets)
+        for (BooksYear& year : set.years) {
+            holdsPasswords = holdsPasswords || !serverPasswordIn(year.location).empty();
+            year.location = m_passwords.take(year.location);
+        }
+    // Saving leaves passwords out that an earlier program kept.
+    if (holdsPasswords) m_listStatus = RegistryChange(m_registry).save();
     m_choices = logonChoices(sets);
 }
 
@@ -129,7 +139,7 @@ void LogonWindow::tellFailureToOpenList() {
 }
 
 void LogonWindow::openOther() {
-    OpenBooksWindow window(m_messages, this);
+    OpenBooksWindow window(m_messages, m_passwords, this);
     if (window.exec() != QDialog::Accepted) return;
     const _zAccountMInfo& parameters = window.parameters();
     // A list that cannot be written has been told of; the books are opened all the same.
@@ -143,7 +153,7 @@ void LogonWindow::openOther() {
 }
 
 void LogonWindow::makeNew() {
-    NewBooksWindow window(m_registry, m_messages, this);
+    NewBooksWindow window(m_registry, m_messages, m_passwords, this);
     if (window.exec() != QDialog::Accepted) return;
     loadChoices();
     m_isDateGiven = false;
@@ -165,15 +175,19 @@ void LogonWindow::logOn() {
     request.password = m_ui->password->text().toStdString();
     request.date = dateOf(m_ui->date->date());
     request.launchArgument = m_launchArgument;
-    std::optional<Refusal> refusal;
-    const auto tryToLogOn = [&] { refusal = m_session.logOn(request); };
-    runBesidePainting(tryToLogOn);
+    const auto tryToLogOn = [&](const std::string& place) {
+        request.location = place;
+        std::optional<Refusal> refused;
+        runBesidePainting([&] { refused = m_session.logOn(request); });
+        return refused;
+    };
+    auto refusal = m_passwords.withPassword(request.location, this, tryToLogOn);
     if (refusal && refusal->kind == RefusalKind::outdated) {
         if (!upgrade(locationOfBooks(request.location))) return;
-        runBesidePainting(tryToLogOn);
+        refusal = tryToLogOn(request.location);
     }
     if (refusal) {
-        m_messages.tell(refusal->notice);
+        if (refusal->kind != RefusalKind::serverPassword) m_messages.tell(refusal->notice);
         return;
     }
     m_ui->password->clear();

@@ -9,6 +9,7 @@
 #include "books/logon/books_session.h"
 #include "books/logon/launch_options.h"
 #include "books/logon/logon_choices.h"
+#include "shell/server_passwords.h"
 
 namespace Ui {
 class LogonWindow;
@@ -23,7 +24,7 @@ class LogonWindow : public QDialog {
   public:
     /// All but the options outlive the window.
     LogonWindow(BooksSession& session, const BooksRegistry& registry, IMessages& messages,
-                const LaunchOptions& options);
+                SecretStore& secrets, const LaunchOptions& options);
     ~LogonWindow() override;
 
     void accept() override;
@@ -48,6 +49,7 @@ class LogonWindow : public QDialog {
     BooksSession& m_session;
     const BooksRegistry& m_registry;
     IMessages& m_messages;
+    ServerPasswords m_passwords;
     const std::string m_launchArgument;
     std::unique_ptr<Ui::LogonWindow> m_ui;
     std::vector<LogonChoice> m_choices;

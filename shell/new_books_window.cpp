@@ -32,10 +32,12 @@ constexpr std::array charts{
 
 }  // namespace
 
-NewBooksWindow::NewBooksWindow(const BooksRegistry& registry, IMessages& messages, QWidget* parent)
+NewBooksWindow::NewBooksWindow(const BooksRegistry& registry, IMessages& messages,
+                               ServerPasswords& passwords, QWidget* parent)
     : QDialog(parent),
       m_registry(registry),
       m_messages(messages),
+      m_passwords(passwords),
       m_ui(std::make_unique<Ui::NewBooksWindow>()) {
     m_ui->setupUi(this);
     setUpFields();
@@ -116,14 +118,22 @@ void NewBooksWindow::reject() {
 }
 
 void NewBooksWindow::make() {
-    const NewBooks books = facts();
+    NewBooks books = facts();
     std::optional<Refusal> refusal = refusalOf(books);
     if (!refusal)
-        runBesidePainting([&] { refusal = BooksCreation(&m_registry).create(books, m_created); });
+        refusal = m_passwords.withPassword(
+            books.location, this, [this, &books](const std::string& place) {
+                books.location = place;
+                std::optional<Refusal> unmade;
+                runBesidePainting(
+                    [&] { unmade = BooksCreation(&m_registry).create(books, m_created); });
+                return unmade;
+            });
     if (refusal) {
-        m_messages.tell(refusal->notice);
+        if (refusal->kind != RefusalKind::serverPassword) m_messages.tell(refusal->notice);
         return;
     }
+    m_created.year.location = m_passwords.take(m_created.year.location);
     const QString place = QString::fromStdString(shownLocation(m_created.year.location));
     const QString text = QString(shell_texts::booksMade)
                              .arg(QString::fromStdString(books.name))

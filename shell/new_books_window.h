@@ -5,6 +5,7 @@
 
 #include "base/messages/messages.h"
 #include "books/making/books_creation.h"
+#include "shell/server_passwords.h"
 
 namespace Ui {
 class NewBooksWindow;
@@ -16,7 +17,8 @@ namespace chengheng {
 class NewBooksWindow : public QDialog {
     Q_OBJECT
   public:
-    NewBooksWindow(const BooksRegistry& registry, IMessages& messages, QWidget* parent);
+    NewBooksWindow(const BooksRegistry& registry, IMessages& messages, ServerPasswords& passwords,
+                   QWidget* parent);
     ~NewBooksWindow() override;
 
     const CreatedBooks& created() const { return m_created; }
@@ -35,6 +37,7 @@ class NewBooksWindow : public QDialog {
 
     const BooksRegistry& m_registry;
     IMessages& m_messages;
+    ServerPasswords& m_passwords;
     std::unique_ptr<Ui::NewBooksWindow> m_ui;
     NewBooks m_offered;  ///< the facts before anything was typed
     CreatedBooks m_created;

@@ -6,6 +6,7 @@
 
 #include "base/messages/messages.h"
 #include "data/tables/books.h"
+#include "shell/server_passwords.h"
 
 namespace Ui {
 class OpenBooksWindow;
@@ -18,7 +19,7 @@ namespace chengheng {
 class OpenBooksWindow : public QDialog {
     Q_OBJECT
   public:
-    OpenBooksWindow(IMessages& messages, QWidget* parent);
+    OpenBooksWindow(IMessages& messages, ServerPasswords& passwords, QWidget* parent);
     ~OpenBooksWindow() override;
 
     const std::string& location() const { return m_location; }
@@ -29,8 +30,11 @@ class OpenBooksWindow : public QDialog {
   private:
     void browse();
     void check();
+    void followAddress();
+    void followFields();
 
     IMessages& m_messages;
+    ServerPasswords& m_passwords;
     std::unique_ptr<Ui::OpenBooksWindow> m_ui;
     std::string m_location;
     _zAccountMInfo m_parameters;

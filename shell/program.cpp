@@ -22,6 +22,7 @@
 #include "shell/connection_loss.h"
 #include "shell/lock_wait_box.h"
 #include "shell/logon_window.h"
+#include "shell/secret_store.h"
 
 namespace chengheng {
 namespace {
@@ -56,7 +57,6 @@ struct Program {
     Program() { database.setLockWaiter(&waitBox); }
 
     MessageBoxes boxes;
-    HostMessages hostMessages{boxes};
     ScreenReportPrinter printer;
     HostReportPrinter hostPrinter{printer};
     LockWaitBox waitBox;
@@ -64,7 +64,9 @@ struct Program {
     WrongTries tries;
     BooksSession session{database, tries};
     ConnectionLoss loss{database, session, boxes};
+    HostMessages hostMessages{loss};
     BooksRegistry registry{booksHome()};
+    DesktopKeyring keyring;
 };
 
 /// The exit code for a log-on refused without a window.
@@ -96,7 +98,7 @@ std::optional<ProgramExit> logOnSilently(Program& program, const LaunchOptions& 
 /// Whether an operator logged on; false when they gave up.
 bool logOnInWindow(Program& program, const LaunchOptions& options) {
     if (program.registry.folder().empty()) printError(making_texts::homeMissing);
-    LogonWindow window(program.session, program.registry, program.boxes, options);
+    LogonWindow window(program.session, program.registry, program.loss, program.keyring, options);
     return window.exec() == QDialog::Accepted;
 }
 

@@ -10,6 +10,12 @@ inline constexpr const char* lockWaitTitle = "等待其他工作站";
 inline constexpr const char* lockWaited = "已等待 %1";
 inline constexpr const char* logon = "登录";
 
+inline constexpr const char* serverPasswordTitle = "服务器口令";
+inline constexpr const char* serverPasswordWanted = "数据库服务器“%1”需要口令。";
+inline constexpr const char* serverPasswordWrong = "数据库服务器“%1”没有接受这个口令,请重新输入。";
+inline constexpr const char* serverPasswordField = "口令(&P):";
+inline constexpr const char* keepServerPassword = "记住口令,存放在桌面的密钥环中(&R)";
+inline constexpr const char* notKept = "桌面的密钥环不能使用,口令没有保存,下次需要重新输入。";
 inline constexpr const char* passwordsDiffer = "口令和确认口令不一致,请重新输入";
 inline constexpr const char* booksMade = "帐套“%1”的%2年度已建立,存放在:\n%3";
 inline constexpr const char* levelExample = "各级编码示例:%1";

@@ -11,7 +11,8 @@ namespace chengheng {
 
 std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location, BooksUse use) {
     std::unique_ptr<Engine> engine;
-    Status status = openEngine(locationOfBooks(location), OpenMode::existing, engine);
+    const OpenMode mode = use == BooksUse::changing ? OpenMode::existing : OpenMode::readable;
+    Status status = openEngine(locationOfBooks(location), mode, engine);
     if (status) status = use == BooksUse::changing ? checkLayout(*engine) : checkReadable(*engine);
     if (status) return engine;
     tellFailure(tool, status, location);
@@ -45,6 +46,7 @@ ExitCode tellRefusal(Tool& tool, const Refusal& refusal) {
             return ExitCode::targetExists;
         case RefusalKind::outdated:
         case RefusalKind::failed:
+        case RefusalKind::serverPassword:
             break;
     }
     return ExitCode::failed;

@@ -43,7 +43,7 @@ ExitCode withOpenings(Tool& tool, const OpeningOptions& options, BooksUse use,
     ToolMessages messages(tool, false);
     OpeningBooks books;
     if (selectOpenBooks() && readOpeningBooks(*g_pDB, books)) return work(books, messages);
-    messages.tell(lastFailureNotice());
+    tellLastFailure(messages);
     return ExitCode::failed;
 }
 

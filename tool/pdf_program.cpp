@@ -6,10 +6,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <ostream>
 #include <system_error>
 
 #include "base/system/this_process.h"
+#include "data/engines/open_engine.h"
 #include "tool/tool_texts.h"
 
 namespace chengheng {
@@ -17,8 +19,15 @@ namespace chengheng {
 ExitCode runPdfProgram(Tool& tool) {
     std::string program = programFolder() + "/chbooks-pdf";
     std::vector<char*> arguments{program.data()};
-    for (std::string& argument : tool.commandLine) arguments.push_back(argument.data());
+    std::string password;
+    for (std::string& argument : tool.commandLine) {
+        if (const std::string given = serverPasswordIn(argument); !given.empty()) password = given;
+        argument = shownLocation(argument);
+        arguments.push_back(argument.data());
+    }
     arguments.push_back(nullptr);
+    // Command lines are for everybody on the machine to read, surroundings are not.
+    if (!password.empty()) setenv("PGPASSWORD", password.c_str(), 1);
     pid_t process = 0;
     const int error =
         posix_spawn(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ);

@@ -53,6 +53,15 @@ ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     return tool.action();
 }
 
+/// The option, also with a value of its own: "--json=true".
+bool asksForJson(std::string_view argument) {
+    constexpr std::string_view option = "--json";
+    if (!argument.starts_with(option)) return false;
+    argument.remove_prefix(option.size());
+    constexpr std::array<std::string_view, 5> yes{"", "=true", "=1", "=on", "=yes"};
+    return std::ranges::find(yes, argument) != yes.end();
+}
+
 /// Whoever reads JSON gets the words beside it as JSON, too.
 std::string jsonOfWords(std::string words, ExitCode code) {
     while (words.ends_with('\n')) words.pop_back();
@@ -66,7 +75,7 @@ std::string jsonOfWords(std::string words, ExitCode code) {
 int runTool(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
             const PdfWriter& writePdf) {
     const std::vector<std::string> commandLine(argv + 1, argv + argc);
-    const bool isJson = std::ranges::find(commandLine, "--json") != commandLine.end();
+    const bool isJson = std::ranges::any_of(commandLine, asksForJson);
     PrintableStream shown(out);
     PrintableStream told(err);
     std::ostringstream words;

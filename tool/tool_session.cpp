@@ -12,7 +12,11 @@ constexpr const char* databaseName = "books";
 
 }  // namespace
 
-void ToolMessages::tell(const Notice& notice) { m_tool.err << notice.text << '\n'; }
+void ToolMessages::tell(const Notice& notice) {
+    m_tool.err << notice.text;
+    if (!notice.detail.empty()) m_tool.err << detailHeading << notice.detail;
+    m_tool.err << '\n';
+}
 
 Answer ToolMessages::ask(const Question& question) {
     m_tool.err << question.text << '\n';

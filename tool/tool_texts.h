@@ -11,6 +11,8 @@ inline constexpr const char* summary = "chbooks:澄恒帐套工具,不需要图�
 inline constexpr const char* footer =
     "BOOKS 是帐套文件的路径,或服务器上帐套的地址:\n"
     "  postgresql://用户@主机:端口/数据库?schema=帐套\n"
+    "服务器的口令由 PGPASSFILE、PGSERVICE 或 PGPASSWORD 提供,或放在 ~/.pgpass 中;\n"
+    "写在地址里的口令只用这一次,不保存。\n"
     "\n"
     "退出码:\n"
     "  0  完成\n"

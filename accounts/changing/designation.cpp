@@ -53,7 +53,7 @@ DesignationChoices DesignationService::choices() {
         const auto topLevel = chart.accounts(account_sql::topLevel);
         if (chart.isRead()) return designationChoices(topLevel);
     }
-    m_messages.tell(lastFailureNotice());
+    tellLastFailure(m_messages);
     return {};
 }
 

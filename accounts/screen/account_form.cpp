@@ -120,7 +120,7 @@ AccountChange AccountForm::save(const AccountEntry& typed, ParentSums parentSums
     AccountChange change = m_service.add(typed, parentSums);
     if (change.outcome != Outcome::done) return change;
     m_place = change.account.sCode;
-    if (!beginNext(change.account.sType)) m_messages.tell(lastFailureNotice());
+    if (!beginNext(change.account.sType)) tellLastFailure(m_messages);
     return change;
 }
 

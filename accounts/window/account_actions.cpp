@@ -12,7 +12,7 @@ bool AccountActions::hasBegun(const Status& status, const std::string& code) {
     if (status.failure == Failure::missing)
         tellGone(code);
     else if (!status)
-        m_messages.tell(lastFailureNotice());
+        tellLastFailure(m_messages);
     return status.isDone();
 }
 
@@ -22,7 +22,7 @@ void AccountActions::tellGone(const std::string& code) {
 }
 
 void AccountActions::listAnew() {
-    if (!m_grid.listAnew()) m_messages.tell(lastFailureNotice());
+    if (!m_grid.listAnew()) tellLastFailure(m_messages);
 }
 
 void AccountActions::runWindow(AccountForm& form) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace chengheng {
 
@@ -18,6 +19,8 @@ struct Notice {
     bool beep = false;
     /// Prescribed name of the field that gets the focus afterwards; empty: none.
     std::string focusField = {};
+    /// What only a helper needs to know; in a box it stands behind a button.
+    std::string detail = {};
 };
 
 enum class AnswerButtons { yesNo, okCancel, yesNoCancel };
@@ -32,7 +35,12 @@ struct Question {
     bool beep = false;
     /// What Enter gives; Escape always gives the cautious one (no, cancel).
     Answer preset = Answer::yes;
+    std::string detail = {};  ///< as that of a notice
 };
+
+/// Begins the detail of a text that holds one, as texts for a terminal do: an engine's own words,
+/// which are English.
+inline constexpr std::string_view detailHeading = "\n详细信息:";
 
 /// The only way to talk to the operator. Handed in, never global.
 class IMessages {

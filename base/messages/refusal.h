@@ -8,10 +8,11 @@
 namespace chengheng {
 
 enum class RefusalKind {
-    wrongInput,    ///< what a person gave or wanted cannot be
-    alreadyThere,  ///< what was to be made exists
-    outdated,      ///< books of an older layout are to be upgraded first
-    failed,        ///< a file, a server or the machine failed
+    wrongInput,      ///< what a person gave or wanted cannot be
+    alreadyThere,    ///< what was to be made exists
+    outdated,        ///< books of an older layout are to be upgraded first
+    failed,          ///< a file, a server or the machine failed
+    serverPassword,  ///< a server wants a password, or another one
 };
 
 /// Why something was not done.

@@ -46,7 +46,7 @@ std::optional<Refusal> verified(Engine& engine, const std::string& location) {
 
 Status openToRead(const std::string& location, std::unique_ptr<Engine>& engine,
                   int* layout = nullptr) {
-    const Status status = openEngine(location, OpenMode::existing, engine);
+    const Status status = openEngine(location, OpenMode::readable, engine);
     return status ? checkReadable(*engine, layout) : status;
 }
 
@@ -214,10 +214,14 @@ std::optional<Refusal> replaceBooks(Source& source, Engine& target, const std::s
     const std::string tables = allTableNames();
     LockService& locks = target.locks();
     const Status locked = locks.lock(tables, LockMode::exclusive, false);
-    if (locked.failure == Failure::busy)
-        return failureRefusal(fmt::format(transfer_texts::booksInUse, shownLocation(location),
-                                          locks.lastHolder().operatorName,
-                                          locks.lastHolder().station));
+    if (locked.failure == Failure::busy) {
+        const LockHolder& holder = locks.lastHolder();
+        const std::string shown = shownLocation(location);
+        return failureRefusal(holder.operatorName.empty() && holder.station.empty()
+                                  ? fmt::format(transfer_texts::booksInUseBySomebody, shown)
+                                  : fmt::format(transfer_texts::booksInUse, shown,
+                                                holder.operatorName, holder.station));
+    }
     if (!locked) return failure(locked, location);
     Digests made;
     std::optional<Refusal> refusal = fill(source, target, location, Tables::present, made);

@@ -20,7 +20,10 @@ inline constexpr const char* fileInUse =
     "文件“{}”正在使用,没有改动它。\n请先关闭打开该文件的程序。";
 inline constexpr const char* booksInUse =
     "帐套“{}”正被操作员“{}”在“{}”使用,没有改动它。\n请等其退出后重试。";
-inline constexpr const char* sourceDamaged = "“{}”已损坏,没有使用它:{}。\n请改用另一份备份。";
+inline constexpr const char* booksInUseBySomebody =
+    "帐套“{}”正被其他工作站使用,没有改动它。\n请等其退出后重试。";
+inline constexpr const char* sourceDamaged =
+    "“{}”已损坏,没有使用它。\n请改用另一份备份。\n详细信息:{}";
 inline constexpr const char* copyDiffers =
     "写好的副本与“{}”的内容不一致,副本已丢弃,什么都没有改变。\n请检查磁盘后重试。";
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "data/engines/open_engine.h"
 namespace chengheng {
 namespace {
 
@@ -36,10 +37,11 @@ BooksSet setOf(const Json& json) {
     return set;
 }
 
+// A server's password is not kept.
 Json jsonOf(const BooksSet& set) {
     Json years = Json::array();
     for (const BooksYear& year : set.years)
-        years.push_back({{"year", year.year}, {"location", year.location}});
+        years.push_back({{"year", year.year}, {"location", shownLocation(year.location)}});
     return {{"id", set.id}, {"name", set.name}, {"company", set.company}, {"years", years}};
 }
 

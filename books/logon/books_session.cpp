@@ -11,6 +11,7 @@
 #include "books/making/new_books.h"
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
+#include "data/connection/database.h"
 #include "data/engines/open_engine.h"
 #include "data/tables/books.h"
 #include "data/tables/operators.h"
@@ -77,7 +78,7 @@ struct BooksSession::Candidate {
 
     Refusal failure() const { return failure(database.lastStatus()); }
     Refusal failure(const Status& status) const {
-        return failureRefusal(failureText(status, location), books_field::location);
+        return failureRefusalOf(status, location, books_field::location);
     }
 
     CNbCwDB& database;
@@ -165,6 +166,8 @@ std::optional<Refusal> BooksSession::checkOperator(const LogonRequest& request,
 }
 
 std::optional<Refusal> BooksSession::enterLogon(Candidate& candidate) {
+    // Nobody can tell the others on a medium that takes no writes.
+    if (m_database.selectedDatabase()->isReadOnly()) return std::nullopt;
     const std::string station = stationName();
     UnitOfWork unit(m_database);
     if (!unit.isOpen()) return candidate.failure();
@@ -212,7 +215,7 @@ void BooksSession::logOff() {
     if (m_session == nullptr) return;
     const std::string name = m_session->facts().databaseName;
     // A row that a lost server keeps is removed by the next log-on from this workstation.
-    if (m_database.DBSelect(name.c_str()) != 0)
+    if (m_logonId != 0 && m_database.DBSelect(name.c_str()) != 0)
         m_database.QRYDelete("LoginInfoTbl",
                              logon_sql::ofLogons(std::to_string(m_logonId)).c_str());
     m_lookups.reset();

@@ -36,7 +36,7 @@ std::optional<Refusal> readBooks(const std::string& location, _zAccountMInfo& pa
     if (isOpen) rows = readRows<_zAccountMInfo>(database, logon_sql::parameters);
     const Status& status = database.lastStatus();
     if (!isOpen || (!status && status.failure != Failure::missing))
-        return failureRefusal(failureText(status, location), books_field::location);
+        return failureRefusalOf(status, location, books_field::location);
     if (rows.empty())
         return failureRefusal(
             fmt::format(logon_texts::operatorsUnreadable, shownLocation(location)),

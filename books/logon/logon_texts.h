@@ -41,6 +41,8 @@ inline constexpr const char* help =
     "环境变量:\n"
     "  CHENGHENG_HOME              存放帐套列表和新建帐套的文件夹,省略时为\n"
     "                              $XDG_DATA_HOME/chengheng 或 ~/.local/share/chengheng\n"
+    "  PGPASSFILE, PGSERVICE, PGPASSWORD\n"
+    "                              数据库服务器的口令;省略时由窗口询问,写在地址里的不保存\n"
     "\n"
     "退出码:\n"
     "  0  正常结束,包括在登录窗口中取消\n"

@@ -111,7 +111,7 @@ Refusal databaseRefusal(const DatabaseInMaking& made, const std::string& locatio
     if (!made.isMade() && made.status().failure == Failure::refused)
         return existsRefusal(fmt::format(making_texts::placeExists, shownLocation(location)),
                              books_field::location);
-    return failureRefusal(failureText(made.status(), location), books_field::location);
+    return failureRefusalOf(made.status(), location, books_field::location);
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ Status openBooks(const std::string& location, int flag, std::unique_ptr<Engine>&
     layout = chengheng::booksFormatVersion;
     const bool isNew = flag == 0;
     Status status =
-        chengheng::openEngine(location, isNew ? OpenMode::create : OpenMode::existing, engine);
+        chengheng::openEngine(location, isNew ? OpenMode::create : OpenMode::readable, engine);
     if (!status) return status;
     return isNew ? chengheng::createLayout(*engine) : chengheng::checkReadable(*engine, &layout);
 }

@@ -19,6 +19,7 @@ class Database {
         : m_engine(std::move(engine)), m_location(std::move(location)), m_statements(*m_engine) {}
 
     Engine& engine() { return *m_engine; }
+    bool isReadOnly() const { return m_engine->isReadOnly(); }
     /// Path or address, without a password.
     const std::string& location() const { return m_location; }
 

@@ -45,7 +45,8 @@ class Cursor {
 };
 
 enum class OpenMode {
-    existing,  ///< the database must be there
+    existing,  ///< the database must be there, to be written
+    readable,  ///< the same; where it cannot be written, it is opened for reading alone
     create,    ///< a new, empty one is made; fails when it is there already
 };
 
@@ -90,6 +91,8 @@ class Engine {
     /// Done when the database answers; tries to connect again after a loss. Locks held and
     /// transactions open at the loss are gone.
     virtual Status ensureConnected() = 0;
+    /// Every write is refused as readOnly: the medium or the server takes none.
+    virtual bool isReadOnly() const = 0;
     /// Whether a table of that name exists.
     virtual Status hasTable(std::string_view name, bool& found) = 0;
 

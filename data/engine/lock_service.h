@@ -66,6 +66,7 @@ class LockService {
 
     /// Not owned; null restores the default, a wait of five seconds.
     virtual void setWaiter(LockWaiter* waiter) = 0;
+    virtual LockWaiter* waiter() const = 0;
     virtual void setIdentity(const LockIdentity& identity) = 0;
     /// The holder met by the last request that was not granted.
     virtual const LockHolder& lastHolder() const = 0;

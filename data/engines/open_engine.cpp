@@ -1,7 +1,10 @@
 #include "data/engines/open_engine.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
+#include "data/engines/postgres/postgres_address.h"
 #include "data/engines/postgres/postgres_engine.h"
 #include "data/engines/sqlite/sqlite_engine.h"
 
@@ -10,34 +13,43 @@ namespace {
 
 constexpr std::array<std::string_view, 2> serverSchemes{"postgresql://", "postgres://"};
 
+/// Parameters of an address that are secret; the first is the server's password.
+constexpr std::array<std::string_view, 2> secretKeys{"password=", "sslpassword="};
+
 std::size_t schemeLength(std::string_view location) {
     for (const std::string_view scheme : serverSchemes)
         if (location.starts_with(scheme)) return scheme.size();
     return 0;
 }
 
-/// "user:secret@host..." without ":secret". Up to the last @, so that a password that holds
-/// one, against the rules, is not shown in part.
-std::string withoutUserPassword(std::string_view authority) {
+/// A part of an address: where it begins in it, and how long it is.
+struct AddressPart {
+    std::size_t at = 0;
+    std::size_t length = 0;
+};
+
+/// The passwords of an address: that of "user:secret@host", up to the last @, so that one which
+/// holds an @, against the rules, is not shown in part; and those among the parameters.
+std::vector<AddressPart> secretsOf(std::string_view location) {
+    std::vector<AddressPart> secrets;
+    const std::size_t scheme = schemeLength(location);
+    if (scheme == 0) return secrets;
+    const std::size_t question = std::min(location.find('?'), location.size());
+    const std::string_view authority = location.substr(scheme, question - scheme);
     const std::size_t at = authority.rfind('@');
-    if (at == std::string_view::npos) return std::string(authority);
-    const std::string_view user = authority.substr(0, authority.substr(0, at).find(':'));
-    return std::string(user.substr(0, at)).append(authority.substr(at));
-}
-
-bool isSecret(std::string_view parameter) {
-    return parameter.starts_with("password=") || parameter.starts_with("sslpassword=");
-}
-
-std::string withoutSecrets(std::string_view parameters) {
-    std::string shown;
-    while (!parameters.empty()) {
-        const std::size_t end = parameters.find('&');
-        const std::string_view parameter = parameters.substr(0, end);
-        if (!isSecret(parameter)) (shown += shown.empty() ? '?' : '&') += parameter;
-        parameters = end == std::string_view::npos ? "" : parameters.substr(end + 1);
+    const std::size_t colon = authority.substr(0, at).find(':');
+    if (at != std::string_view::npos && colon < at)
+        secrets.push_back({scheme + colon + 1, at - colon - 1});
+    std::size_t begin = question + 1;
+    while (begin < location.size()) {
+        const std::size_t end = std::min(location.find('&', begin), location.size());
+        const std::string_view parameter = location.substr(begin, end - begin);
+        for (const std::string_view key : secretKeys)
+            if (parameter.starts_with(key))
+                secrets.push_back({begin + key.size(), end - begin - key.size()});
+        begin = end + 1;
     }
-    return shown;
+    return secrets;
 }
 
 }  // namespace
@@ -45,14 +57,40 @@ std::string withoutSecrets(std::string_view parameters) {
 bool isServerAddress(std::string_view location) { return schemeLength(location) != 0; }
 
 std::string shownLocation(std::string_view location) {
-    const std::size_t scheme = schemeLength(location);
-    if (scheme == 0) return std::string(location);
-    const std::string_view address = location.substr(scheme);
-    const std::size_t question = address.find('?');
-    const std::string_view parameters =
-        question == std::string_view::npos ? "" : address.substr(question + 1);
-    return std::string(location.substr(0, scheme)) +
-           withoutUserPassword(address.substr(0, question)) + withoutSecrets(parameters);
+    std::string shown(location);
+    const auto secrets = secretsOf(location);
+    for (auto secret = secrets.rbegin(); secret != secrets.rend(); ++secret) {
+        std::size_t begin = secret->at - 1;  // with the colon before it
+        std::size_t end = secret->at + secret->length;
+        if (location[begin] == '=') {
+            begin = location.find_last_of("?&", begin);
+            const bool isLast = end == shown.size();
+            if (!isLast) ++begin;  // the separator before it parts the next one
+            if (!isLast) ++end;
+        }
+        shown.erase(begin, end - begin);
+    }
+    return shown;
+}
+
+std::string serverPasswordIn(std::string_view location) {
+    for (const AddressPart& secret : secretsOf(location)) {
+        const std::string_view before = location.substr(0, secret.at);
+        if (!before.ends_with(secretKeys.back()))
+            return percentDecoded(location.substr(secret.at, secret.length)).value_or("");
+    }
+    return {};
+}
+
+std::string withServerPassword(std::string_view location, std::string_view password) {
+    std::string address = shownLocation(location);
+    address += address.find('?') == std::string::npos ? '?' : '&';
+    return address.append(secretKeys.front()).append(percentEncoded(password));
+}
+
+void hideServerPassword(char* argument) {
+    for (const AddressPart& secret : secretsOf(argument))
+        std::fill_n(argument + secret.at, secret.length, 'x');
 }
 
 Status openEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine) {

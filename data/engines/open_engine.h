@@ -19,4 +19,14 @@ bool isServerAddress(std::string_view location);
 /// The location as an operator may see it: without a password.
 std::string shownLocation(std::string_view location);
 
+/// The password that an address holds; empty when it holds none.
+std::string serverPasswordIn(std::string_view location);
+
+/// An address with a password, whatever stands in the password.
+std::string withServerPassword(std::string_view location, std::string_view password);
+
+/// Writes over a password in an argument of the command line, which everybody on the machine can
+/// read there. The length stays.
+void hideServerPassword(char* argument);
+
 }  // namespace chengheng

@@ -25,6 +25,7 @@ class FileLocks final : public LockService {
     void unlock(std::string_view names, LockMode mode) override;
     bool holds(std::string_view name, LockMode mode) const override;
     void setWaiter(LockWaiter* waiter) override { m_waiter = waiter; }
+    LockWaiter* waiter() const override { return m_waiter; }
     void setIdentity(const LockIdentity& identity) override;
     const LockHolder& lastHolder() const override { return m_lastHolder; }
 

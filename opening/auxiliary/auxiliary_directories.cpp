@@ -39,7 +39,7 @@ constexpr std::array needs{
     Needs{AuxiliaryKind::unitAndProject, {&units, &projectClasses}},
 };
 
-Refusal lastFailure() { return {RefusalKind::failed, lastFailureNotice()}; }
+Refusal lastFailure() { return failureRefusal(lastFailureText()); }
 
 /// Nothing when the directory holds something.
 std::optional<Refusal> directoryRefusal(const Directory& directory) {

@@ -84,7 +84,7 @@ const char* OpeningWork::modeText() const { return isBrowsing() ? opening_texts:
 Outcome OpeningWork::refresh() {
     OpeningBooks books;
     if (!selectOpenBooks() || !readAnew(books)) {
-        m_messages.tell(lastFailureNotice());
+        tellLastFailure(m_messages);
         return Outcome::failed;
     }
     m_books = std::move(books);
@@ -195,7 +195,7 @@ TrialBalance OpeningWork::trialBalance() {
     if (!isBrowsing()) m_books.sheet.rollUp();
     std::vector<_zCodeClassInfo> classes;
     // Without classes the books count as balanced; that they could not be read is told.
-    if (!selectOpenBooks() || !readClasses(*g_pDB, classes)) m_messages.tell(lastFailureNotice());
+    if (!selectOpenBooks() || !readClasses(*g_pDB, classes)) tellLastFailure(m_messages);
     m_books.classes = std::move(classes);
     return totals();
 }
@@ -204,7 +204,7 @@ std::vector<ImbalanceCause> OpeningWork::causes() {
     AuxiliaryOpenings details;
     const bool isRead =
         selectOpenBooks() && readAuxiliaryOpenings(*g_pDB, sheet().layout(), details);
-    if (!isRead) m_messages.tell(lastFailureNotice());
+    if (!isRead) tellLastFailure(m_messages);
     return imbalanceCauses(sheet(), totals(), isRead ? &details : nullptr);
 }
 
@@ -215,8 +215,7 @@ Outcome OpeningWork::adjustDirection(std::size_t line) {
     if (outcome == Outcome::stale) refresh();
     if (outcome != Outcome::done) return outcome;
     ++m_readings;
-    if (CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) < 0)
-        m_messages.tell(lastFailureNotice());
+    if (CGetData::LoadCODEINFOMemoryMapTable(g_lpszNbZwDBName) < 0) tellLastFailure(m_messages);
     return outcome;
 }
 
@@ -241,7 +240,7 @@ Outcome OpeningWork::save() {
     if (!m_isChanged || isBrowsing()) return Outcome::done;
     OpeningBooks books;
     if (!selectOpenBooks() || !saveOpeningBooks(*g_pDB, books)) {
-        m_messages.tell(lastFailureNotice());
+        tellLastFailure(m_messages);
         return Outcome::failed;
     }
     m_books = std::move(books);
@@ -250,6 +249,7 @@ Outcome OpeningWork::save() {
 }
 
 bool OpeningWork::mayClose() {
+    const HeldMessages::Hold oneBox(m_messages);
     const TrialBalance balance = trialBalance();
     if (!balance.isBalanced()) {
         const Answer answer =

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/messages/held_messages.h"
 #include "base/messages/messages.h"
 #include "opening/balance/imbalance_causes.h"
 #include "opening/balance/trial_balance.h"
@@ -101,7 +102,7 @@ class OpeningWork {
     Outcome goTo(const EditStep& step, void (EditJournal::*arrived)(),
                  void (EditJournal::*forget)());
 
-    IMessages& m_messages;
+    HeldMessages m_messages;
     OpeningBooks m_books;
     EditJournal m_journal;
     bool m_isChanged = false;

@@ -4,6 +4,7 @@
 
 #include "data/access/row_lease.h"
 #include "data/access/selected_cells.h"
+#include "data/connection/database.h"
 #include "data/tables/balances.h"
 #include "data/tables/books.h"
 #include "data/tables/currency.h"
@@ -89,6 +90,11 @@ Status readSheet(CNbCwDB& database, OpeningLayout layout, OpeningSheet& sheet) {
 }  // namespace
 
 Status readIsBrowsing(CNbCwDB& database, bool& isBrowsing) {
+    const Database* const selected = database.selectedDatabase();
+    if (selected != nullptr && selected->isReadOnly()) {
+        isBrowsing = true;
+        return Status::done();
+    }
     return readHasRows<_RegMainInfo>(database, opening_sql::vouchers, isBrowsing);
 }
 

@@ -22,8 +22,11 @@ ReportFacts hostReportFacts() {
 }
 
 std::optional<Refusal> makeListReport(const PrintedList& list, Report& report) {
-    if (g_pDB == nullptr || g_pDB->DBSelect(g_lpszNbZwDBName) == 0)
-        return printRefusal(print_texts::selectFailed);
+    if (g_pDB == nullptr || g_pDB->DBSelect(g_lpszNbZwDBName) == 0) {
+        Refusal refusal = printRefusal(print_texts::selectFailed);
+        refusal.notice.detail = lastFailureText();
+        return refusal;
+    }
     if (auto refusal = readPrintTemplate(list.templateNumber, list.source, report)) return refusal;
     if (!list.fill(report))
         return printRefusal(fmt::format(print_texts::listUnreadable, lastFailureText()));

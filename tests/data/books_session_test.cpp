@@ -9,12 +9,16 @@
 
 #include "base/system/workstation.h"
 #include "data/access/row_lease.h"
+#include "data/connection/database.h"
 #include "data/layout/layout.h"
 #include "data/lookups/CGetData.h"
 #include "data/tables/operators.h"
+#include "opening/storing/opening_reading.h"
 #include "session/failure_texts.h"
+#include "setting/hub_status.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
+#include "tests/support/environment.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/made_books.h"
 #include "tests/support/older_books.h"
@@ -340,20 +344,38 @@ TEST(BooksSession, NamesADamagedFileAndLeavesItAlone) {
     EXPECT_EQ(readText(path), content);
 }
 
-TEST(BooksSession, NamesAFileThatMustNotBeWritten) {
+TEST(BooksSession, OpensAFileThatMustNotBeWrittenForBrowsing) {
     const std::string path = makeBooks(freshFolder() + "/Nbzw.db");
     const files::path folder = files::path(path).parent_path();
     files::permissions(folder.parent_path(), files::perms(0755));
-    files::permissions(folder, files::perms(0777));
     files::permissions(path, files::perms(0444));
+    files::permissions(folder, files::perms(0555));
     const std::string content = readText(path);
-    const auto isTold = [&path] {
+    const auto browsing = [&path] {
         Shell shell;
-        const std::string text = shell.refusalOf(requestFor(path));
-        return text.starts_with("location|没有权限读写帐套文件“" + path + "”。\n") ? 1 : 0;
+        if (!shell.refusalOf(requestFor(path)).empty()) return 1;
+        if (!shell.database.selectedDatabase()->isReadOnly()) return 2;
+        if (hubStatus().back() != HubStatusLine{"日期", "2026-05-31(只读)"}) return 3;
+        bool isBrowsing = false;
+        if (!readIsBrowsing(shell.database, isBrowsing) || !isBrowsing) return 4;
+        if (shell.database.QRYExecuteSQL("DELETE FROM Code") != 0) return 5;
+        const std::string told = failureText(shell.database.lastStatus(), path);
+        return told.starts_with("没有权限读写帐套文件“" + path + "”。\n") ? 0 : 6;
     };
-    EXPECT_EQ(asOrdinaryUser(isTold), 1);
+    EXPECT_EQ(asOrdinaryUser(browsing), 0);
     EXPECT_EQ(readText(path), content);
+}
+
+TEST(BooksSession, OnAServerThatTakesNoWritesIsForBrowsing) {
+    if (!hasTestServer()) GTEST_SKIP() << "no PostgreSQL server for tests";
+    const std::string address = makeBooks(freshSchema());
+    const EnvironmentSetting options("PGOPTIONS", "-c default_transaction_read_only=on");
+    Shell shell;
+    EXPECT_EQ(shell.refusalOf(requestFor(address)), "");
+    EXPECT_TRUE(shell.database.selectedDatabase()->isReadOnly());
+    EXPECT_TRUE(shell.database.SQLLock("Code", 2, 0));
+    EXPECT_EQ(shell.database.QRYExecuteSQL("DELETE FROM Code"), 0);
+    EXPECT_EQ(shell.database.lastStatus().failure, Failure::readOnly);
 }
 
 TEST(BooksSession, FullDiskAtLogonChangesNothing) {

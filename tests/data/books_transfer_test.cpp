@@ -14,6 +14,7 @@
 #include "tests/support/failing_disk.h"
 #include "tests/support/failing_sync.h"
 #include "tests/support/older_books.h"
+#include "tests/support/ordinary_user.h"
 #include "tests/support/small_books.h"
 
 namespace {
@@ -134,6 +135,26 @@ TEST_P(Backup, DoesNotReplaceAFileThatAProgramHasOpen) {
     const std::optional<Refusal> refusal = backUpBooks(m_books, other, Overwrite::replaceBooks);
     EXPECT_THAT(textOf(refusal), HasSubstr("正在使用"));
     EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
+}
+
+TEST(BackupFile, OfBooksOnAMediumThatTakesNoWritesHasTheirContent) {
+    const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
+    const auto content = contentOf(books);
+    const files::path folder = files::path(books).parent_path();
+    const std::string target = freshFolder();
+    files::permissions(files::path(target).parent_path(), files::perms(0755));
+    files::permissions(target, files::perms(0777));
+    files::permissions(folder.parent_path(), files::perms(0755));
+    files::permissions(books, files::perms(0444));
+    files::permissions(folder, files::perms(0555));
+    const auto copying = [&] {
+        if (backUpBooks(books, target + "/backup.db", Overwrite::refuse)) return 1;
+        if (copyBooks(books, target + "/copy.db", Overwrite::refuse)) return 2;
+        return restoreBooks(books, target + "/restored.db", Overwrite::refuse) ? 3 : 0;
+    };
+    EXPECT_EQ(chengheng::asOrdinaryUser(copying), 0);
+    for (const char* name : {"/backup.db", "/copy.db", "/restored.db"})
+        EXPECT_EQ(contentOf(target + name), content) << name;
 }
 
 TEST_P(Backup, ThatTheDiskDoesNotConfirmIsSaidToStand) {

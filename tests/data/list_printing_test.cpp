@@ -14,6 +14,7 @@
 #include "data/tables/currency.h"
 #include "session/host_globals.h"
 #include "session/host_messages.h"
+#include "session/last_failure.h"
 #include "settle/settlement_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
@@ -167,6 +168,8 @@ TEST_P(ListPrinting, SaysSelectDBErrorAndPrintsNothingWhenTheBooksDoNotAnswer) {
     logOn("others");
     print(settlementList());
     EXPECT_EQ(m_messages.onlyNotice().text, "Select DB Error!");
+    EXPECT_EQ(m_messages.onlyNotice().detail, lastFailureText());
+    EXPECT_NE(m_messages.onlyNotice().detail, "");
     EXPECT_THAT(m_printer.outputs, IsEmpty());
 }
 

@@ -53,9 +53,13 @@ TEST_F(PostgresOpening, AWrongPasswordIsNotLetIn) {
     const std::size_t at = m_address.find('@');
     std::string address = m_address;
     const Status status = opening(address.insert(at, "wrong"));
-    EXPECT_EQ(status.failure, Failure::unreachable);
+    EXPECT_EQ(status.failure, Failure::passwordNeeded);
     EXPECT_NE(status.detail.find("password authentication failed"), std::string::npos);
     EXPECT_EQ(status.detail.find('\n'), std::string::npos) << status.detail;
+}
+
+TEST_F(PostgresOpening, AMissingPasswordIsWanted) {
+    EXPECT_EQ(opening(shownLocation(m_address)).failure, Failure::passwordNeeded);
 }
 
 TEST_F(PostgresOpening, AServerThatIsNotThereIsUnreachable) {

@@ -1,6 +1,7 @@
 #include "data/engines/sqlite/sqlite_engine.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -139,6 +140,175 @@ TEST(SqliteOpening, AReadOnlyFileOrFolderIsToldAsSuch) {
     EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::none));
 }
 
+/// A database that an ordinary user cannot write, nor anything beside it.
+std::string unwritableDatabase() {
+    const std::string path = filledDatabase();
+    const fs::path folder = fs::path(path).parent_path();
+    fs::permissions(folder.parent_path(), fs::perms(0755));
+    fs::permissions(path, fs::perms(0444));
+    fs::permissions(folder, fs::perms(0555));
+    return path;
+}
+
+Failure failureOfReading(Engine& engine) {
+    std::unique_ptr<PreparedStatement> statement;
+    Status status = engine.prepare("SELECT sText FROM Filler", 0, statement);
+    std::unique_ptr<Cursor> cursor;
+    if (status) status = engine.open({statement.get(), {}}, cursor);
+    int rows = 0;
+    while (status && cursor->next() == Cursor::Step::row) ++rows;
+    EXPECT_EQ(rows, status ? 20 : 0);
+    return status.failure;
+}
+
+TEST(SqliteReading, TakesWhatCannotBeWrittenAndWritesNothing) {
+    const std::string path = unwritableDatabase();
+    const auto reading = [&path] {
+        std::unique_ptr<Engine> engine;
+        if (!openEngine(path, OpenMode::readable, engine) || !engine->isReadOnly()) return 1;
+        if (failureOfReading(*engine) != Failure::none) return 2;
+        if (runSql(*engine, "DELETE FROM Filler").failure != Failure::readOnly) return 3;
+        if (!engine->locks().lock("Code", LockMode::exclusive, false)) return 4;
+        if (!engine->beginReading() || !engine->rollback()) return 5;
+        return engine->begin().failure == Failure::readOnly ? 0 : 6;
+    };
+    EXPECT_EQ(asOrdinaryUser(reading), 0);
+    const fs::path folder = fs::path(path).parent_path();
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "nothing lies beside it";
+    fs::permissions(folder, fs::perms(0777));
+    EXPECT_EQ(asOrdinaryUser(reading), 0) << "a folder that takes files";
+}
+
+TEST(SqliteReading, OfWhatCanBeWrittenIsNoDifferentFromOpeningIt) {
+    const std::unique_ptr<Engine> engine = openForTest(filledDatabase(), OpenMode::readable);
+    EXPECT_FALSE(engine->isReadOnly());
+    EXPECT_TRUE(runSql(*engine, "DELETE FROM Filler"));
+}
+
+TEST(SqliteReading, NoticesThatSomebodyWritesTheFileAfterAll) {
+    const std::string path = unwritableDatabase();
+    int ready[2];
+    int written[2];
+    ASSERT_EQ(pipe(ready), 0);
+    ASSERT_EQ(pipe(written), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        const int result = asOrdinaryUser([&] {
+            std::unique_ptr<Engine> engine;
+            if (!openEngine(path, OpenMode::readable, engine)) return 1;
+            if (failureOfReading(*engine) != Failure::none) return 2;
+            char byte = 'x';
+            if (write(ready[1], &byte, 1) != 1 || read(written[0], &byte, 1) != 1) return 3;
+            return failureOfReading(*engine) == Failure::readOnly ? 0 : 4;
+        });
+        _exit(result);
+    }
+    char byte = 0;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    ASSERT_TRUE(runSql(*openForTest(path, OpenMode::existing), "DELETE FROM Filler"));
+    ASSERT_EQ(write(written[1], &byte, 1), 1);
+    int result = 0;
+    waitpid(child, &result, 0);
+    EXPECT_EQ(WEXITSTATUS(result), 0);
+}
+
+TEST(SqliteReading, RefusesAFileWhoseLogIsNotBroughtIn) {
+    const std::string path = unwritableDatabase();
+    const fs::path folder = fs::path(path).parent_path();
+    std::ofstream(path + "-wal") << "what was written last";
+    fs::permissions(folder, fs::perms(0555));
+    const auto opening = [&path] { return static_cast<int>(openingOf(path, OpenMode::readable)); };
+    EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::readOnly));
+}
+
+TEST(SqliteReading, KnowsAFileOfAnotherKind) {
+    const std::string path = unwritableDatabase();
+    overwrite(path, 0, "something else");
+    const auto opening = [&path] { return static_cast<int>(openingOf(path, OpenMode::readable)); };
+    EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::foreign));
+}
+
+/// Another program that keeps the file to itself.
+struct ForeignWriter {
+    explicit ForeignWriter(const std::string& path) {
+        EXPECT_EQ(sqlite3_open(path.c_str(), &connection), SQLITE_OK);
+        run("BEGIN IMMEDIATE");
+    }
+    ~ForeignWriter() { sqlite3_close(connection); }
+    ForeignWriter(const ForeignWriter&) = delete;
+    ForeignWriter& operator=(const ForeignWriter&) = delete;
+
+    void run(const char* sql) {
+        EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    }
+    sqlite3* connection = nullptr;
+};
+
+struct CountingWaiter : LockWaiter {
+    bool keepWaiting(const LockHolder& holder, std::chrono::milliseconds waited) override {
+        EXPECT_EQ(holder.lockName, "");
+        EXPECT_GE(waited, last);
+        last = waited;
+        return isGoingOn(++asked);
+    }
+    void waitEnded() override {
+        ++ended;
+        last = {};
+    }
+
+    std::function<bool(int asked)> isGoingOn;
+    std::chrono::milliseconds last{};
+    int asked = 0;
+    int ended = 0;
+};
+
+TEST(SqliteWaiting, ForAnotherProgramAsksWhetherItGoesOnUntilTheFileIsFree) {
+    const std::string path = filledDatabase();
+    const auto engine = openForTest(path, OpenMode::existing);
+    ForeignWriter foreign(path);
+    CountingWaiter waiter;
+    engine->locks().setWaiter(&waiter);
+    waiter.isGoingOn = [&](int asked) {
+        if (asked == 3) foreign.run("COMMIT");
+        return true;
+    };
+    EXPECT_TRUE(runSql(*engine, "DELETE FROM Filler"));
+    EXPECT_EQ(waiter.asked, 3);
+    EXPECT_EQ(waiter.ended, 1);
+    EXPECT_TRUE(engine->begin());
+    EXPECT_TRUE(engine->rollback());
+    EXPECT_EQ(waiter.ended, 1) << "nobody had to wait";
+}
+
+TEST(SqliteWaiting, ForAnotherProgramEndsByItselfWhereNobodyIsAsked) {
+    const std::string path = filledDatabase();
+    const auto engine = openForTest(path, OpenMode::existing);
+    const ForeignWriter foreign(path);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(runSql(*engine, "DELETE FROM Filler").failure, Failure::busy);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+TEST(SqliteWaiting, ForAnotherProgramCanBeGivenUp) {
+    const std::string path = filledDatabase();
+    const auto engine = openForTest(path, OpenMode::existing);
+    const ForeignWriter foreign(path);
+    CountingWaiter waiter;
+    engine->locks().setWaiter(&waiter);
+    waiter.isGoingOn = [&](int asked) {
+        // Whatever runs meanwhile leaves the connection alone.
+        EXPECT_EQ(runSql(*engine, "DELETE FROM Filler").failure, Failure::busy);
+        EXPECT_EQ(failureOfReading(*engine), Failure::busy);
+        return asked < 2;
+    };
+    EXPECT_EQ(runSql(*engine, "DELETE FROM Filler").failure, Failure::cancelled);
+    EXPECT_EQ(waiter.asked, 2);
+    EXPECT_EQ(waiter.ended, 1);
+    EXPECT_EQ(engine->begin().failure, Failure::cancelled);
+    EXPECT_EQ(waiter.ended, 2);
+    EXPECT_EQ(failureOfReading(*engine), Failure::none);
+}
+
 TEST(SqliteCreating, MakesFilesForTheirOwnerOnly) {
     const mode_t former = umask(0);
     const std::string path = freshFolder() + "/Nbzw.db";
@@ -184,7 +354,6 @@ TEST(SqliteEngine, RunsWithALogThatIsFlushedAtEveryCommit) {
     EXPECT_EQ(readCell(*engine, "PRAGMA synchronous"), "2");
     EXPECT_EQ(readCell(*engine, "PRAGMA foreign_keys"), "0");
     EXPECT_EQ(readCell(*engine, "PRAGMA temp_store"), "2");
-    EXPECT_EQ(readCell(*engine, "PRAGMA busy_timeout"), "5000");
 }
 
 TEST(SqliteEngine, ReadersSeeTheOldStateWhileAnotherWrites) {

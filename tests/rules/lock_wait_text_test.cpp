@@ -47,6 +47,15 @@ TEST(LockWaitText, SaysWhenTheHolderIsNotKnown) {
     EXPECT_NE(lockWaitText(holder).find("操作员:(未知)"), std::string::npos);
 }
 
+TEST(LockWaitText, ReadsWellWhereNothingIsKnownOfTheHolder) {
+    EXPECT_EQ(lockWaitText({.lockName = "Code"}),
+              "“会计科目”正被其他人使用,请稍候。\n暂时还不知道使用者是谁。");
+}
+
+TEST(LockWaitText, SpeaksOfTheBooksWhereTheFileItselfIsHeld) {
+    EXPECT_EQ(lockWaitText({}), "帐套正被其他程序占用,请稍候。");
+}
+
 TEST(LockWaitText, CountsTheWaitInMinutesAndSeconds) {
     EXPECT_EQ(waitedText(900ms), "0 秒");
     EXPECT_EQ(waitedText(59999ms), "59 秒");

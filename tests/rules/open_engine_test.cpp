@@ -31,5 +31,32 @@ TEST(Location, WithoutAPasswordIsShownAsItIs) {
         EXPECT_EQ(shownLocation(location), location);
 }
 
+TEST(ServerAddress, GivesItsPasswordAndTakesAnother) {
+    EXPECT_EQ(serverPasswordIn("postgresql://li:ge%40heim@db/books?schema=a"), "ge@heim");
+    EXPECT_EQ(serverPasswordIn("postgresql://li@db/books?schema=a&password=x%26y"), "x&y");
+    EXPECT_EQ(serverPasswordIn("postgresql://li@db/books?sslpassword=x"), "");
+    EXPECT_EQ(serverPasswordIn("postgresql://li@db/books"), "");
+    EXPECT_EQ(serverPasswordIn("/books/li:geheim@db"), "");
+    for (const char* password : {"geheim", "p@ss:w/o?rd&=#%", "口令 1"})
+        for (const char* address :
+             {"postgresql://li:old@db:5433/books", "postgresql://db/books?password=old&schema=a",
+              "postgresql://li:x@db/books?schema=a&password=old"}) {
+            const std::string made = withServerPassword(address, password);
+            EXPECT_EQ(serverPasswordIn(made), password) << made;
+            EXPECT_EQ(shownLocation(made), shownLocation(address)) << made;
+        }
+}
+
+TEST(ServerAddress, IsWrittenOverWhereItsPasswordStands) {
+    const auto hidden = [](std::string argument) {
+        hideServerPassword(argument.data());
+        return argument;
+    };
+    EXPECT_EQ(hidden("postgresql://li:geheim@db/books?schema=a&password=ab&x=1"),
+              "postgresql://li:xxxxxx@db/books?schema=a&password=xx&x=1");
+    EXPECT_EQ(hidden("postgresql://li@db/books"), "postgresql://li@db/books");
+    EXPECT_EQ(hidden("li:geheim@db"), "li:geheim@db");
+}
+
 }  // namespace
 }  // namespace chengheng

@@ -14,7 +14,7 @@ Outcome add(AccountBooks& books) { return books.service().add(assetEntry("220201
 Outcome renumber(AccountBooks& books) {
     _CodeInfo shown;
     if (!AccountService::find("100101", shown)) {
-        books.messages().tell(lastFailureNotice());  // as the window does
+        tellLastFailure(books.messages());  // as the window does
         return Outcome::failed;
     }
     AccountEntry entry = entryOf(shown);

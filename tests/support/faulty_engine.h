@@ -52,6 +52,7 @@ class FaultyEngine final : public Engine {
     Status rollbackToSavepoint(int depth) override;
     bool inTransaction() const override { return m_engine->inTransaction(); }
     Status ensureConnected() override;
+    bool isReadOnly() const override { return m_engine->isReadOnly(); }
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return m_locks != nullptr ? *m_locks : m_engine->locks(); }
     /// Locks to be used instead of the real engine's; not owned.

@@ -29,6 +29,7 @@ class LoggedLocks final : public LockService {
         return m_locks.holds(name, mode);
     }
     void setWaiter(LockWaiter* waiter) override { m_locks.setWaiter(waiter); }
+    LockWaiter* waiter() const override { return m_locks.waiter(); }
     void setIdentity(const LockIdentity& identity) override { m_locks.setIdentity(identity); }
     const LockHolder& lastHolder() const override { return m_locks.lastHolder(); }
 

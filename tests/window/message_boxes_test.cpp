@@ -54,6 +54,30 @@ TEST(MessageBoxes, ShowANoticeAsPlainTextWithCaptionIconAndOneButton) {
     MessageBoxes().tell({.text = "第一行\n<b>第二行</b>", .icon = MessageIcon::stop});
 }
 
+TEST(MessageBoxes, KeepTheDetailBehindAButtonThatLeavesThemOpen) {
+    NextModal operatorHands([](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.text(), "没有打印。");
+        EXPECT_EQ(box.informativeText(), "");
+        EXPECT_EQ(buttonTexts(box), (QStringList{"确定", "详细(&D)"}));
+        for (QAbstractButton* button : box.findChildren<QAbstractButton*>())
+            if (button->text() == "详细(&D)") QTest::keyClick(button, Qt::Key_Space);
+        EXPECT_TRUE(box.isVisible());
+        EXPECT_EQ(box.informativeText(), "服务器不在\nserver closed the connection");
+        QTest::keyClick(&box, Qt::Key_Return);
+        EXPECT_FALSE(box.isVisible());
+    });
+    MessageBoxes().tell(
+        {.text = "没有打印。\n详细信息:server closed the connection", .detail = "服务器不在"});
+    EXPECT_TRUE(operatorHands.hasCome());
+    NextModal answering([](QWidget& window) {
+        click(window, "详细(&D)");
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(window).informativeText(), "磁盘已满");
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    EXPECT_EQ(MessageBoxes().ask({.text = "是否仍然退出?", .detail = "磁盘已满"}), Answer::no);
+}
+
 TEST(MessageBoxes, HaveAStandardIconForEachKindOfNotice) {
     const std::pair<MessageIcon, QMessageBox::Icon> icons[] = {
         {MessageIcon::none, QMessageBox::NoIcon},

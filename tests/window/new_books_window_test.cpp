@@ -16,6 +16,7 @@
 #include "data/tables/books.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/recording_messages.h"
+#include "tests/window/remembered_secrets.h"
 #include "tests/window/typing.h"
 
 using namespace chengheng;
@@ -46,7 +47,9 @@ struct Form {
 
     BooksRegistry registry{freshFolder()};
     RecordingMessages messages;
-    NewBooksWindow window{registry, messages, nullptr};
+    RememberedSecrets secrets;
+    ServerPasswords passwords{secrets, messages};
+    NewBooksWindow window{registry, messages, passwords, nullptr};
 };
 
 }  // namespace

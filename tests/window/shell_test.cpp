@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QDialog>
@@ -7,11 +8,13 @@
 #include <QTest>
 #include <QTimer>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 
 #include "books/making/books_creation.h"
 #include "screen/background_work.h"
+#include "session/failure_texts.h"
 #include "session/host_globals.h"
 #include "shell/connection_loss.h"
 #include "shell/lock_wait_box.h"
@@ -156,26 +159,88 @@ TEST(BackgroundWork, LetsTimersRunAndGivesBackWhatWasThrown) {
     EXPECT_THROW(runBesidePainting([] { throw std::runtime_error("x"); }), std::runtime_error);
 }
 
-TEST(ConnectionLoss, IsToldOnceForAllFailuresOfAnAction) {
-    if (!hasTestServer()) GTEST_SKIP() << "no PostgreSQL server for tests";
-    PrivatePostgres server;
-    const std::string address = makeBooks(server.address() + "?schema=zw001_2026");
-    askServer(server.address(), "CHECKPOINT");
+/// Somebody logged on at a server that can be stopped.
+struct ConnectionLossTest : testing::Test {
+    void SetUp() override {
+        if (!hasTestServer()) GTEST_SKIP() << "no PostgreSQL server for tests";
+        server.emplace();
+        const std::string address = makeBooks(server->address() + "?schema=zw001_2026");
+        askServer(server->address(), "CHECKPOINT");
+        ASSERT_FALSE(
+            session.logOn({.location = address, .operatorName = "王芳", .password = "secret"})
+                .has_value());
+    }
+    /// An action that says nothing, and all it calls.
+    void actInSilence() {
+        EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
+        EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
+        QTest::qWait(20);
+    }
+    std::string lossWords() { return failureText(database.lastStatus(), session.shownLocation()); }
+
+    std::optional<PrivatePostgres> server;
     CNbCwDB database;
     WrongTries tries;
-    BooksSession session(database, tries);
+    BooksSession session{database, tries};
     RecordingMessages messages;
-    const ConnectionLoss loss(database, session, messages);
-    ASSERT_FALSE(session.logOn({.location = address, .operatorName = "王芳", .password = "secret"})
-                     .has_value());
-    server.stop();
-    EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
-    EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
-    QTest::qWait(20);
+    ConnectionLoss loss{database, session, messages};
+};
+
+TEST_F(ConnectionLossTest, IsToldOnceForAllFailuresOfAnAction) {
+    server->stop();
+    actInSilence();
     ASSERT_EQ(messages.texts().size(), 1U);
     EXPECT_NE(messages.texts()[0].find(session.shownLocation()), std::string::npos);
-    server.startAgain();
+    server->startAgain();
     EXPECT_NE(database.DBSelect(g_lpszNbZwDBName), 0);
     QTest::qWait(20);
     EXPECT_EQ(messages.texts().size(), 1U);
+}
+
+TEST_F(ConnectionLossTest, IsToldByTheBoxOfTheActionAlone) {
+    server->stop();
+    EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
+    loss.tell({.text = lossWords()});
+    EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
+    loss.tell({.text = lossWords()});
+    QTest::qWait(20);
+    EXPECT_THAT(messages.texts(), testing::SizeIs(1));
+}
+
+TEST_F(ConnectionLossTest, IsTheDetailOfABoxThatDoesNotNameIt) {
+    server->stop();
+    EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
+    loss.tell({.text = "Select DB Error!"});
+    QTest::qWait(20);
+    EXPECT_EQ(messages.onlyNotice().text, "Select DB Error!");
+    EXPECT_EQ(messages.onlyNotice().detail, lossWords());
+}
+
+TEST_F(ConnectionLossTest, IsTheDetailOfAQuestion) {
+    server->stop();
+    EXPECT_EQ(database.DBSelect(g_lpszNbZwDBName), 0);
+    messages.willAnswer(Answer::no);
+    EXPECT_EQ(loss.ask({.text = "是否仍然退出?"}), Answer::no);
+    QTest::qWait(20);
+    EXPECT_THAT(messages.texts(), testing::ElementsAre("是否仍然退出?"));
+    EXPECT_EQ(messages.questions().front().detail, lossWords());
+}
+
+TEST_F(ConnectionLossTest, IsToldAnewForTheNextActionAndNotForWhatFollowsTheFirst) {
+    server->stop();
+    actInSilence();
+    actInSilence();
+    EXPECT_THAT(messages.texts(), testing::SizeIs(1));
+    QWidget window;
+    QTest::keyClick(&window, Qt::Key_F5);
+    actInSilence();
+    EXPECT_THAT(messages.texts(), testing::SizeIs(2));
+}
+
+TEST_F(ConnectionLossTest, IsNotToldBehindABoxThatTellsIt) {
+    server->stop();
+    messages.whileShown([this](const std::string&) { actInSilence(); });
+    actInSilence();
+    QTest::qWait(20);
+    EXPECT_THAT(messages.texts(), testing::SizeIs(1));
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 
 #include "base/values/text.h"
 
@@ -12,6 +11,18 @@ namespace {
 constexpr std::string_view schemaKey = "schema=";
 /// The server cuts longer identifiers short, and two sets of books would share one schema.
 constexpr std::size_t longestIdentifier = 63;
+
+std::string quoted(std::string_view text, char quote) {
+    std::string result(1, quote);
+    for (const char letter : text) {
+        if (letter == quote) result += quote;
+        result += letter;
+    }
+    result += quote;
+    return result;
+}
+
+}  // namespace
 
 std::optional<std::string> percentDecoded(std::string_view text) {
     std::string decoded;
@@ -46,18 +57,6 @@ std::string percentEncoded(std::string_view text) {
     }
     return encoded;
 }
-
-std::string quoted(std::string_view text, char quote) {
-    std::string result(1, quote);
-    for (const char letter : text) {
-        if (letter == quote) result += quote;
-        result += letter;
-    }
-    result += quote;
-    return result;
-}
-
-}  // namespace
 
 Status readPostgresAddress(std::string_view text, PostgresAddress& address) {
     address = {};

@@ -28,11 +28,12 @@ constexpr StateMeaning stateMeanings[] = {
     {"55P03", Failure::busy},         // lock not available
     {"40001", Failure::busy},         // serialization failure
     {"40P01", Failure::crossedWait},  // deadlock detected
-    {"57P01", Failure::lost},         // administrator ended the session
-    {"57P02", Failure::lost},         // another session crashed the server
-    {"57P03", Failure::lost},         // the server is shutting down
-    {"57P05", Failure::lost},         // idle session ended
-    {"25P03", Failure::lost},         // idle transaction ended
+    {"28P01", Failure::passwordNeeded},
+    {"57P01", Failure::lost},  // administrator ended the session
+    {"57P02", Failure::lost},  // another session crashed the server
+    {"57P03", Failure::lost},  // the server is shutting down
+    {"57P05", Failure::lost},  // idle session ended
+    {"25P03", Failure::lost},  // idle transaction ended
 };
 
 Failure meaningOf(std::string_view sqlState) {
@@ -60,12 +61,16 @@ Status logOnFailure(const PGconn* connection) {
         const std::size_t after = at + mark.size() + stateLength;
         if (after + 1 < message.size() && message[after] == ':' && message[after + 1] == ' ') break;
     }
-    if (at == std::string::npos) return Status::of(Failure::unreachable, message);
+    if (at == std::string::npos)
+        return Status::of(PQconnectionNeedsPassword(connection) != 0 ? Failure::passwordNeeded
+                                                                     : Failure::unreachable,
+                          message);
     const std::string_view state = std::string_view(message).substr(at + mark.size(), stateLength);
     std::string_view text = std::string_view(message).substr(at + mark.size() + stateLength + 2);
     text = text.substr(0, text.find('\n'));
     const Failure meaning = meaningOf(state);
-    const bool tellsMore = meaning == Failure::missing || meaning == Failure::damaged;
+    const bool tellsMore = meaning == Failure::missing || meaning == Failure::damaged ||
+                           meaning == Failure::passwordNeeded;
     return Status::of(tellsMore ? meaning : Failure::unreachable, std::string(text));
 }
 
@@ -133,12 +138,16 @@ Status PostgresConnection::setUpSession() {
         return Status::of(Failure::refused, "PostgreSQL 13 or newer is needed");
     // The compiler of long queries (jit) starts up slower than our selects run. A row that
     // another workstation keeps locked must not freeze the program for good.
+    PostgresResult result;
     const Status status = run("SET search_path TO " + quotedIdentifier(m_address.schema) +
-                              "; SET standard_conforming_strings TO on"
-                              "; SET DateStyle TO ISO"
-                              "; SET extra_float_digits TO 1"
-                              "; SET jit TO off"
-                              "; SET lock_timeout TO '20s'");
+                                  "; SET standard_conforming_strings TO on"
+                                  "; SET DateStyle TO ISO"
+                                  "; SET extra_float_digits TO 1"
+                                  "; SET jit TO off"
+                                  "; SET lock_timeout TO '20s'"
+                                  "; SHOW transaction_read_only",
+                              &result);
+    m_isReadOnly = status && std::string_view(PQgetvalue(result.get(), 0, 0)) == "on";
     if (status.failure == Failure::lost) return Status::of(Failure::unreachable, status.detail);
     return status;
 }

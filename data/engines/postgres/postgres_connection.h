@@ -26,6 +26,8 @@ class PostgresConnection {
     const PostgresAddress& address() const { return m_address; }
     PGconn* handle() const { return m_handle.get(); }
     bool isConnected() const { return m_handle != nullptr; }
+    /// The server or its database takes no writes, as a standby does not.
+    bool isReadOnly() const { return m_isReadOnly; }
     /// Grows with every connection made; 0 before the first.
     int generation() const { return m_generation; }
 
@@ -57,6 +59,7 @@ class PostgresConnection {
     PostgresAddress m_address;
     std::unique_ptr<PGconn, Finish> m_handle;
     int m_generation = 0;
+    bool m_isReadOnly = false;
 };
 
 }  // namespace chengheng

@@ -43,6 +43,7 @@ class PostgresEngine final : public Engine {
     bool inTransaction() const override { return m_transaction.isOpen(); }
 
     Status ensureConnected() override;
+    bool isReadOnly() const override { return m_connection.isReadOnly(); }
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return m_locks; }
 

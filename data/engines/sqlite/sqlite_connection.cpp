@@ -26,6 +26,12 @@ constexpr const char* settings =
     "PRAGMA cache_size = -16384;"
     "PRAGMA journal_size_limit = 67108864;";
 
+constexpr const char* readingSettings =
+    "PRAGMA foreign_keys = OFF;"
+    "PRAGMA case_sensitive_like = ON;"
+    "PRAGMA temp_store = MEMORY;"
+    "PRAGMA cache_size = -16384;";
+
 constexpr int busyMilliseconds = 5000;
 
 Status runScript(sqlite3* connection, const char* script) {
@@ -34,9 +40,8 @@ Status runScript(sqlite3* connection, const char* script) {
 
 Status openConnection(const char* path, int flags, SqliteConnection& connection) {
     sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(
-        path, &opened, flags | SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE,
-        nullptr);
+    const int code = sqlite3_open_v2(path, &opened,
+                                     flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     connection.reset(opened);
     if (code != SQLITE_OK) return sqliteFailure(code, opened);
     sqlite3_busy_timeout(opened, busyMilliseconds);
@@ -91,25 +96,49 @@ Status checkMark(sqlite3* connection, const std::string& path) {
     return Status::done();
 }
 
-Status openExisting(const std::string& path, SqliteConnection& connection) {
+Status openWritable(const std::string& path, SqliteConnection& connection) {
+    Status status = openConnection(path.c_str(), SQLITE_OPEN_READWRITE, connection);
+    if (status) status = checkMark(connection.get(), path);
+    return status ? runScript(connection.get(), settings) : status;
+}
+
+Status openForReading(const std::string& address, int flags, const std::string& path,
+                      SqliteConnection& connection) {
+    Status status = openConnection(address.c_str(), SQLITE_OPEN_READONLY | flags, connection);
+    if (status) status = checkMark(connection.get(), path);
+    return status ? runScript(connection.get(), readingSettings) : status;
+}
+
+/// The engine keeps files of its own beside a database that others may write. Where it cannot,
+/// the file is read as it stands, unless a log holds what is missing in it.
+Status openUnwritable(const std::string& path, OpenedSqlite& opened) {
+    const Status status = openForReading(path, 0, path, opened.connection);
+    if (status || status.failure == Failure::foreign || status.failure == Failure::damaged)
+        return status;
+    UnwritableFile file(path);
+    if (!file.isWhole()) return Status::of(Failure::readOnly, path + "-wal cannot be brought in");
+    opened.unwritable = file;
+    return openForReading(file.address(), SQLITE_OPEN_URI, path, opened.connection);
+}
+
+Status openExisting(const std::string& path, OpenMode mode, OpenedSqlite& opened) {
     switch (fileState(path)) {
         case FileState::absent:
             return Status::of(Failure::missing, path);
         case FileState::notAFile:
             return Status::of(Failure::foreign, path + ": not a file");
         case FileState::readOnly:
-            return Status::of(Failure::readOnly, path);
+            return mode == OpenMode::readable ? openUnwritable(path, opened)
+                                              : Status::of(Failure::readOnly, path);
         case FileState::writable:
             break;
     }
-    if (Status opened = openConnection(path.c_str(), 0, connection); !opened) return opened;
-    if (Status checked = checkMark(connection.get(), path); !checked) return checked;
-    return runScript(connection.get(), settings);
+    return openWritable(path, opened.connection);
 }
 
 Status createNew(const std::string& path, SqliteConnection& connection) {
     if (Status created = createOwnerOnlyFile(path); !created) return created;
-    Status status = openConnection(path.c_str(), 0, connection);
+    Status status = openConnection(path.c_str(), SQLITE_OPEN_READWRITE, connection);
     if (status) status = writeMark(connection.get());
     if (status) status = runScript(connection.get(), settings);
     if (status) return status;
@@ -122,17 +151,17 @@ Status createNew(const std::string& path, SqliteConnection& connection) {
 
 }  // namespace
 
-Status openSqliteFile(const std::string& path, OpenMode mode, SqliteConnection& connection) {
-    SqliteConnection opened;
-    const Status status =
-        mode == OpenMode::create ? createNew(path, opened) : openExisting(path, opened);
-    if (status) connection = std::move(opened);
+Status openSqliteFile(const std::string& path, OpenMode mode, OpenedSqlite& opened) {
+    OpenedSqlite made;
+    const Status status = mode == OpenMode::create ? createNew(path, made.connection)
+                                                   : openExisting(path, mode, made);
+    if (status) opened = std::move(made);
     return status;
 }
 
 Status openSqliteMemory(SqliteConnection& connection) {
     SqliteConnection opened;
-    Status status = openConnection(":memory:", 0, opened);
+    Status status = openConnection(":memory:", SQLITE_OPEN_READWRITE, opened);
     if (status) status = writeMark(opened.get());  // a copy in a file must be known as ours
     if (status) status = runScript(opened.get(), settings);
     if (status) connection = std::move(opened);

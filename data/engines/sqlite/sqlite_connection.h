@@ -3,10 +3,12 @@
 #include <sqlite3.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/values/status.h"
 #include "data/engine/engine.h"
+#include "data/engines/sqlite/unwritable_file.h"
 
 namespace chengheng {
 
@@ -15,9 +17,15 @@ struct CloseConnection {
 };
 using SqliteConnection = std::unique_ptr<sqlite3, CloseConnection>;
 
+struct OpenedSqlite {
+    SqliteConnection connection;
+    /// What the file was when it was opened as it stands, where nothing beside it can be written.
+    std::optional<UnwritableFile> unwritable;
+};
+
 /// Opens or creates the database of a file and sets it up for the books. A file that is not
 /// ours is left exactly as it was.
-Status openSqliteFile(const std::string& path, OpenMode mode, SqliteConnection& connection);
+Status openSqliteFile(const std::string& path, OpenMode mode, OpenedSqlite& opened);
 
 /// A new, empty database in memory, seen by this connection only.
 Status openSqliteMemory(SqliteConnection& connection);

@@ -7,6 +7,7 @@
 #include "data/engines/sqlite/sqlite_failure.h"
 #include "data/engines/sqlite/sqlite_statement.h"
 #include "data/engines/sqlite/sqlite_upkeep.h"
+#include "data/engines/sqlite/sqlite_wait.h"
 #include "data/locks/file_locks.h"
 #include "data/locks/memory_locks.h"
 
@@ -39,14 +40,18 @@ constexpr EngineDialect sqliteDialect{
 
 class SqliteEngine final : public Engine {
   public:
-    SqliteEngine(SqliteConnection connection, std::unique_ptr<LockService> locks)
-        : m_connection(std::move(connection)), m_locks(std::move(locks)) {}
+    SqliteEngine(OpenedSqlite opened, std::unique_ptr<LockService> locks)
+        : m_connection(std::move(opened.connection)),
+          m_unwritable(std::move(opened.unwritable)),
+          m_locks(std::move(locks)),
+          m_wait(m_connection.get(), *m_locks) {}
 
     const EngineDialect& dialect() const override { return sqliteDialect; }
 
     Status prepare(std::string_view sql, int parameters,
                    std::unique_ptr<PreparedStatement>& statement) override {
-        return prepareSqlite(m_connection.get(), sql, parameters, statement);
+        if (Status free = mayCall(); !free) return free;
+        return m_wait.ended(prepareSqlite(m_connection.get(), sql, parameters, statement));
     }
     Status execute(std::span<const Command> commands, std::int64_t* changed) override;
     Status open(const Command& command, std::unique_ptr<Cursor>& cursor) override;
@@ -62,6 +67,9 @@ class SqliteEngine final : public Engine {
     bool inTransaction() const override { return m_isInTransaction; }
 
     Status ensureConnected() override;
+    bool isReadOnly() const override {
+        return sqlite3_db_readonly(m_connection.get(), "main") == 1;
+    }
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return *m_locks; }
 
@@ -76,6 +84,7 @@ class SqliteEngine final : public Engine {
     }
 
   private:
+    Status mayCall() const;
     Status run(const std::string& sql);
     Status runAll(std::span<const Command> commands);
     Status beginWith(const char* sql);
@@ -85,15 +94,23 @@ class SqliteEngine final : public Engine {
     Status remember(Status status);
 
     SqliteConnection m_connection;
+    std::optional<UnwritableFile> m_unwritable;
     std::unique_ptr<LockService> m_locks;
+    SqliteWait m_wait;
     bool m_isInTransaction = false;
     bool m_isWithoutLog = false;  ///< so that nobody else can have the file open
     Status m_transactionLoss;     ///< what made SQLite end the transaction by itself
 };
 
+Status SqliteEngine::mayCall() const {
+    return m_wait.isAsking() ? Status::of(Failure::busy, "a call of this connection is waiting")
+                             : Status::done();
+}
+
 /// SQLite ends a transaction by itself when the disk is full or fails. What follows must
 /// then not be written on its own, so the transaction fails until its owner ends it.
 Status SqliteEngine::checkTransaction() const {
+    if (Status free = mayCall(); !free) return free;
     if (!m_isInTransaction || sqlite3_get_autocommit(m_connection.get()) == 0)
         return Status::done();
     if (!m_transactionLoss) return m_transactionLoss;
@@ -108,14 +125,16 @@ Status SqliteEngine::remember(Status status) {
 }
 
 Status SqliteEngine::run(const std::string& sql) {
+    if (Status free = mayCall(); !free) return free;
     sqlite3* connection = m_connection.get();
-    return sqliteStatus(sqlite3_exec(connection, sql.c_str(), nullptr, nullptr, nullptr),
-                        connection);
+    return m_wait.ended(
+        sqliteStatus(sqlite3_exec(connection, sql.c_str(), nullptr, nullptr, nullptr), connection));
 }
 
 Status SqliteEngine::runAll(std::span<const Command> commands) {
     for (const Command& command : commands) {
-        if (Status status = runSqlite(command); !status) return remember(std::move(status));
+        if (Status status = m_wait.ended(runSqlite(command)); !status)
+            return remember(std::move(status));
     }
     return Status::done();
 }
@@ -144,7 +163,9 @@ Status SqliteEngine::open(const Command& command, std::unique_ptr<Cursor>& curso
     if (Status alive = checkTransaction(); !alive) return alive;
     sqlite3_stmt* statement = static_cast<SqliteStatement*>(command.statement)->handle();
     if (Status bound = bindSqlite(statement, command.values); !bound) return bound;
-    cursor = std::make_unique<SqliteCursor>(statement);
+    if (m_unwritable && m_unwritable->hasChanged())
+        return Status::of(Failure::readOnly, "another program writes the file meanwhile");
+    cursor = std::make_unique<SqliteCursor>(statement, m_wait);
     return Status::done();
 }
 
@@ -164,7 +185,10 @@ Status SqliteEngine::beginWith(const char* sql) {
     return begun;
 }
 
-Status SqliteEngine::begin() { return beginWith("BEGIN IMMEDIATE"); }
+Status SqliteEngine::begin() {
+    if (isReadOnly()) return Status::of(Failure::readOnly, "the file takes no writes");
+    return beginWith("BEGIN IMMEDIATE");
+}
 
 // To give up the log, a connection must be the only one; without it, a transaction keeps others
 // even from reading. One who came in between has taken the log up again.
@@ -245,19 +269,23 @@ Status SqliteEngine::hasTable(std::string_view name, bool& found) {
 }  // namespace
 
 Status openSqliteEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine) {
-    SqliteConnection connection;
+    OpenedSqlite opened;
     if (location == ":memory:") {
-        if (Status opened = openSqliteMemory(connection); !opened) return opened;
-        engine =
-            std::make_unique<SqliteEngine>(std::move(connection), std::make_unique<MemoryLocks>());
+        if (Status status = openSqliteMemory(opened.connection); !status) return status;
+        engine = std::make_unique<SqliteEngine>(std::move(opened), std::make_unique<MemoryLocks>());
         return Status::done();
     }
     if (location.empty()) return Status::of(Failure::missing, "no file is named");
     const std::string path = std::filesystem::absolute(location).string();
-    if (Status opened = openSqliteFile(path, mode, connection); !opened) return opened;
+    if (Status status = openSqliteFile(path, mode, opened); !status) return status;
+    sqlite3* const connection = opened.connection.get();
+    std::unique_ptr<LockService> locks;
     // By the file's own name, whatever links led to it: everybody meets at one place.
-    auto locks = std::make_unique<FileLocks>(sqlite3_db_filename(connection.get(), "main"));
-    engine = std::make_unique<SqliteEngine>(std::move(connection), std::move(locks));
+    if (sqlite3_db_readonly(connection, "main") == 0)
+        locks = std::make_unique<FileLocks>(sqlite3_db_filename(connection, "main"));
+    else
+        locks = std::make_unique<MemoryLocks>();
+    engine = std::make_unique<SqliteEngine>(std::move(opened), std::move(locks));
     return Status::done();
 }
 

@@ -68,11 +68,16 @@ Status runSqlite(const Command& command) {
 }
 
 Cursor::Step SqliteCursor::next() {
+    if (m_wait.isAsking()) {
+        m_status = Status::of(Failure::busy, "a call of this connection is waiting");
+        return Step::failed;
+    }
     const int code = sqlite3_step(m_statement);
-    if (code == SQLITE_ROW) return Step::row;
-    if (code == SQLITE_DONE) return Step::end;
-    m_status = sqliteFailure(code, sqlite3_db_handle(m_statement));
-    return Step::failed;
+    const bool isRead = code == SQLITE_ROW || code == SQLITE_DONE;
+    m_status =
+        m_wait.ended(isRead ? Status::done() : sqliteFailure(code, sqlite3_db_handle(m_statement)));
+    if (!isRead) return Step::failed;
+    return code == SQLITE_ROW ? Step::row : Step::end;
 }
 
 ValueKind SqliteCursor::kind(int column) const {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "data/engine/engine.h"
+#include "data/engines/sqlite/sqlite_wait.h"
 
 namespace chengheng {
 
@@ -32,10 +33,11 @@ Status bindSqlite(sqlite3_stmt* statement, std::span<const Value> values);
 /// Runs a statement to its end, whatever rows it gives.
 Status runSqlite(const Command& command);
 
-/// Reads a bound statement; resets it when it goes.
+/// Reads a bound statement; resets it when it goes. The wait outlives it.
 class SqliteCursor final : public Cursor {
   public:
-    explicit SqliteCursor(sqlite3_stmt* statement) : m_statement(statement) {}
+    SqliteCursor(sqlite3_stmt* statement, SqliteWait& wait)
+        : m_statement(statement), m_wait(wait) {}
     ~SqliteCursor() override { sqlite3_reset(m_statement); }
     SqliteCursor(const SqliteCursor&) = delete;
     SqliteCursor& operator=(const SqliteCursor&) = delete;
@@ -52,6 +54,7 @@ class SqliteCursor final : public Cursor {
 
   private:
     sqlite3_stmt* m_statement;
+    SqliteWait& m_wait;
     Status m_status;
 };
 

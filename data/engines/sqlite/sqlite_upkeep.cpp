@@ -80,9 +80,10 @@ Status verifySqlite(sqlite3* connection, std::vector<std::string>& faults) {
 }
 
 Status copySqliteToFile(sqlite3* connection, const std::string& path) {
-    SqliteConnection copy;
-    Status status = openSqliteFile(path, OpenMode::create, copy);
+    OpenedSqlite made;
+    Status status = openSqliteFile(path, OpenMode::create, made);
     if (!status) return status;
+    SqliteConnection copy = std::move(made.connection);
     status = copyPages(connection, copy.get());
     if (status) status = emptyLog(copy.get());
     copy.reset();
