@@ -34,7 +34,7 @@ bool ListForm::save() {
     if (!canSave()) return false;
     Leaf saved{.id = m_selectedId, .text = {}};
     const Outcome outcome = write(saveMode(), saved);
-    if (outcome == Outcome::stale) readAgain();
+    if (outcome == Outcome::stale) readAgainBelowTyped();
     if (outcome != Outcome::done) return false;
     m_leaves.put(saved);
     if (m_leaves.rowOf(saved.id) < 0) m_leaves.setFilter({});
@@ -78,6 +78,17 @@ Outcome ListForm::show(int id) {
 
 void ListForm::showOrAdd(int id) {
     if (id == 0 || show(id) != Outcome::done) beginAddition();
+}
+
+/// What was typed stays, on top of the record as it is now; where that is gone, for a new one.
+void ListForm::readAgainBelowTyped() {
+    auto leaves = readLeaves();
+    if (!leaves) return;
+    m_leaves.assign(std::move(*leaves));
+    holdTyped();
+    const bool isThere = m_leaves.find(m_selectedId) != nullptr;
+    if (!isThere || show(m_selectedId) != Outcome::done) beginAddition();
+    takeTypedBack();
 }
 
 void ListForm::readAgain() {

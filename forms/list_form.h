@@ -69,6 +69,10 @@ class ListForm {
     /// Writes the form as a new record or as that of the selected leaf, and keeps it as the
     /// one in the form. Gives the leaf to show.
     virtual Outcome write(SaveMode mode, Leaf& saved) = 0;
+    /// Remembers what was typed and over what, while the record is read anew.
+    virtual void holdTyped() = 0;
+    /// Puts what was typed over the record in the form and leaves the rest as it is.
+    virtual void takeTypedBack() = 0;
     /// Asks and deletes; null: no leaf is selected.
     virtual Outcome erase(const Leaf* leaf) = 0;
 
@@ -81,6 +85,7 @@ class ListForm {
     void showOrAdd(int id);
     /// Another workstation changed the records: the list as it is now.
     void readAgain();
+    void readAgainBelowTyped();
 
     IMessages& m_messages;
     LeafList m_leaves;

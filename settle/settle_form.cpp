@@ -35,6 +35,19 @@ Outcome SettleForm::write(SaveMode mode, Leaf& saved) {
     return outcome;
 }
 
+void SettleForm::holdTyped() {
+    m_typed = input;
+    m_typedOver = settleInput(m_loaded);
+}
+
+void SettleForm::takeTypedBack() {
+    if (isAdding()) m_typedOver = {};
+    if (m_typed.number != m_typedOver.number) input.number = m_typed.number;
+    if (m_typed.name != m_typedOver.name) input.name = m_typed.name;
+    if (m_typed.usesChequeRegister != m_typedOver.usesChequeRegister)
+        input.usesChequeRegister = m_typed.usesChequeRegister;
+}
+
 void SettleForm::keep(const _SettleInfo& method) {
     m_loaded = method;
     input = settleInput(method);

@@ -22,6 +22,8 @@ class SettleForm final : public ListForm {
     bool isComplete() const override;
     bool isChanged() const override { return input != settleInput(m_loaded); }
     Outcome write(SaveMode mode, Leaf& saved) override;
+    void holdTyped() override;
+    void takeTypedBack() override;
     Outcome erase(const Leaf* leaf) override { return m_service.remove(leaf, m_loaded); }
 
   private:
@@ -29,6 +31,8 @@ class SettleForm final : public ListForm {
 
     SettleService m_service;
     _SettleInfo m_loaded;
+    SettleInput m_typed;
+    SettleInput m_typedOver;
 };
 
 }  // namespace chengheng

@@ -42,6 +42,12 @@ std::optional<bool> isNumberUsed(std::string_view number) {
     return false;
 }
 
+std::string wordsOf(const _SettleInfo& method) {
+    const std::string text = settleLeafText(method);
+    return settleInput(method).usesChequeRegister ? fmt::format(settle_texts::withRegister, text)
+                                                  : text;
+}
+
 UntoldOutcome readMethod(int id, _SettleInfo& method) {
     _SettleInfo* row = nullptr;
     const UntoldOutcome result =
@@ -89,8 +95,12 @@ UntoldOutcome modifyMethod(const _SettleInfo& loaded, const _SettleInfo& wanted,
     }
     _SettleInfo stored;
     UntoldOutcome result = readMethod(loaded.lId, stored);
+    if (result.outcome == Outcome::stale)
+        return UntoldOutcome::stale({.text = settle_texts::goneBelowTyped});
     if (result.outcome != Outcome::done || stored == wanted) return result;
-    if (stored != loaded) return UntoldOutcome::stale({.text = settle_texts::changed});
+    if (stored != loaded)
+        return UntoldOutcome::stale({.text = fmt::format(settle_texts::changedBelowTyped,
+                                                         wordsOf(stored), wordsOf(wanted))});
     result = refuseClash(wanted, leaves);
     if (result.outcome != Outcome::done) return result;
     return outcomeOfRow(g_pDB->Settle_Edit(wanted), {.text = settle_texts::gone});

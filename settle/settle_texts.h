@@ -26,4 +26,12 @@ inline constexpr const char* gone = "该结算方式已被其他工作站删除,
 inline constexpr const char* changed =
     "该结算方式已被其他工作站修改,本次操作没有进行,列表已重新读入。";
 
+/// The method as it is stored and as it was typed take the places of {}.
+inline constexpr const char* changedBelowTyped =
+    "该结算方式已被其他工作站修改,本次操作没有进行。\n\n现在的内容:{}\n输入的内容:{}\n\n"
+    "输入已保留,核对后可以再次确定。";
+inline constexpr const char* goneBelowTyped =
+    "该结算方式已被其他工作站删除,列表已重新读入。\n输入已保留,再次确定将作为新的结算方式增加。";
+inline constexpr const char* withRegister = "{}(使用支票登记簿)";
+
 }  // namespace chengheng::settle_texts

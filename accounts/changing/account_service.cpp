@@ -111,9 +111,14 @@ AccountChange AccountService::modify(const _CodeInfo& shown, const AccountEntry&
         if (!stored)
             return UntoldOutcome::stale(
                 {.text = account_texts::deletedMeanwhile(shown.sCode), .beep = true});
-        if (entryOf(*stored) != entryOf(shown))
+        const AccountEntry before = entryOf(shown);
+        const AccountEntry now = entryOf(*stored);
+        if (now != before) {
+            change.changedThere = *stored;
+            const std::string lines = foreignChanges(before, tidied(entry), now);
             return UntoldOutcome::stale(
-                {.text = account_texts::changedMeanwhile(shown.sCode), .beep = true});
+                {.text = account_texts::changedMeanwhile(shown.sCode, lines), .beep = true});
+        }
         const AccountFacts facts{tidied(entry), &*stored, m_levels, classes, chart};
         return modifyChecked(m_messages, facts, chart, change);
     });

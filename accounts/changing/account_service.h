@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,8 @@ struct AccountChange {
     /// Whether only the totals of its parent keep the account out, so that it may be added with
     /// ParentSums::mayBeTotals.
     bool isKeptOutByTotals = false;
+    /// The account as another workstation has stored it since it was shown.
+    std::optional<_CodeInfo> changedThere = {};
 };
 
 /// Adds, modifies and deletes accounts of the open set of books (g_pDB). Each action holds its

@@ -73,6 +73,15 @@ AccountEntry entryOf(const _CodeInfo& account);
 /// code and mnemonic.
 AccountEntry copyOf(const _CodeInfo& account);
 
+/// What was typed into a dialog, over the account as it is stored now: a field that was left as
+/// the dialog showed it follows what is stored.
+AccountEntry typedOver(const AccountEntry& shown, const AccountEntry& typed,
+                       const AccountEntry& stored);
+/// A line for each field that another workstation changed: what is stored now and, where it is
+/// another text, what was typed.
+std::string foreignChanges(const AccountEntry& shown, const AccountEntry& typed,
+                           const AccountEntry& stored);
+
 /// Puts page, currency, quantity and books as another account has them; with none, the plainest
 /// page and nothing else.
 void takeAccounting(const std::optional<_CodeInfo>& account, AccountEntry& entry);

@@ -58,8 +58,10 @@ std::string changeOfUsed(std::string_view code, UsePlace place, Accounting kind)
                        placeTitle(place), title(kind));
 }
 
-std::string changedMeanwhile(std::string_view code) {
-    return fmt::format("科目({})已被其他操作员修改,请重新查看后再修改!", code);
+std::string changedMeanwhile(std::string_view code, std::string_view lines) {
+    return fmt::format(
+        "科目({})已被其他操作员修改,没有保存。\n{}\n\n输入已保留,核对后可以再次确定。", code,
+        lines);
 }
 
 std::string deletedMeanwhile(std::string_view code) {

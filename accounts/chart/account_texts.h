@@ -30,8 +30,8 @@ std::string used(std::string_view code, UsePlace place);
 std::string hasChildren(std::string_view code);
 std::string changeOfUsed(std::string_view code, UsePlace place, Accounting kind);
 
-/// The account was changed at another workstation since it was shown.
-std::string changedMeanwhile(std::string_view code);
+/// The account was changed at another workstation since it was shown; the lines say what.
+std::string changedMeanwhile(std::string_view code, std::string_view lines);
 /// It was deleted there.
 std::string deletedMeanwhile(std::string_view code);
 
@@ -62,6 +62,19 @@ inline constexpr const char* credit = "贷";
 
 inline constexpr const char* codeColumn = "科目编码";
 inline constexpr const char* nameColumn = "科目名称";
+
+// Fields of an account that another workstation has changed.
+inline constexpr const char* classTitle = "科目类别";
+inline constexpr const char* pageTitle = "帐页格式";
+inline constexpr const char* mnemonicTitle = "助记码";
+inline constexpr const char* unitTitle = "计量单位";
+inline constexpr const char* currencyTitle = "外币核算";
+inline constexpr const char* quantityTitle = "数量核算";
+inline constexpr const char* booksTitle = "辅助核算";
+inline constexpr const char* directionTitle = "余额方向";
+inline constexpr const char* storedNow = "{}:现在是“{}”";
+inline constexpr const char* storedAndTyped = "{}:现在是“{}”,您输入的是“{}”";
+inline constexpr const char* changedThere = "{}:已改变";
 
 inline constexpr std::array ledgerPages{"金额式", "外币金额式", "数量金额式", "外币数量式"};
 

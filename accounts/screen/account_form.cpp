@@ -111,6 +111,7 @@ bool AccountForm::isChanged(const AccountEntry& typed) const {
 AccountChange AccountForm::save(const AccountEntry& typed, ParentSums parentSums) {
     if (m_shown) {
         AccountChange change = m_service.modify(*m_shown, typed);
+        if (change.changedThere) goOnOver(*change.changedThere, typed);
         if (change.outcome != Outcome::done) return change;
         m_shown = change.account;
         m_place = change.account.sCode;
@@ -122,6 +123,13 @@ AccountChange AccountForm::save(const AccountEntry& typed, ParentSums parentSums
     m_place = change.account.sCode;
     if (!beginNext(change.account.sType)) tellLastFailure(m_messages);
     return change;
+}
+
+void AccountForm::goOnOver(const _CodeInfo& stored, const AccountEntry& typed) {
+    m_kept = typedOver(m_opened, typed, entryOf(stored));
+    m_shown = stored;
+    m_place = stored.sCode;
+    m_opened = entryOf(stored);
 }
 
 Status AccountForm::beginNext(const std::string& className) {

@@ -44,8 +44,12 @@ class AccountForm {
     bool isChanged(const AccountEntry& typed) const;
 
     /// Adds or modifies. After an addition that is done the form begins the next account of the
-    /// same class; what it cannot read for that, it begins without, which is told.
+    /// same class; what it cannot read for that, it begins without, which is told. When another
+    /// workstation has changed the account, the form goes on with that one, and kept() is what
+    /// was typed over it.
     AccountChange save(const AccountEntry& typed, ParentSums parentSums = ParentSums::keepOut);
+
+    const AccountEntry& kept() const { return m_kept; }
 
     /// The account that an arrow leads to; empty when there is none.
     std::string neighbour(Step step) const;
@@ -68,6 +72,7 @@ class AccountForm {
     /// Begins the account after the one that was added, of its class. What cannot be read, it
     /// begins without.
     Status beginNext(const std::string& className);
+    void goOnOver(const _CodeInfo& stored, const AccountEntry& typed);
     Status readAbove(std::string_view code, std::optional<_CodeInfo>& above) const;
     std::string classFor(std::string_view code, const std::optional<_CodeInfo>& above,
                          const std::vector<_zCodeClassInfo>& classes) const;
@@ -79,6 +84,7 @@ class AccountForm {
     CodeLevels m_levels;
     const ChartScreen& m_screen;
     AccountEntry m_opened;
+    AccountEntry m_kept;
     std::optional<_CodeInfo> m_shown;  ///< the account modified
     std::string m_place;               ///< the account that the arrows go on from
     bool m_isClassGiven = false;

@@ -159,6 +159,15 @@ void AccountWindow::browse(AccountDirectory directory) {
     PickerWindow(shown(titleOf(directory)), std::move(rows), this).choose();
 }
 
+void AccountWindow::showEntry(const AccountEntry& entry) {
+    m_typed = entry;
+    m_ui->sCode->setText(shown(m_typed.code));
+    m_ui->sName->setText(shown(m_typed.name));
+    select(m_ui->sType, m_typed.className);
+    m_ui->sHelp->setText(shown(m_typed.mnemonic));
+    showAccounting(m_typed);
+}
+
 void AccountWindow::DoDataExchange(bool isSaving) {
     if (isSaving) {
         m_typed = m_form.entry();
@@ -175,12 +184,7 @@ void AccountWindow::DoDataExchange(bool isSaving) {
             m_typed.books.*book.book = (m_ui.get()->*book.box)->isChecked();
         return;
     }
-    m_typed = m_form.entry();
-    m_ui->sCode->setText(shown(m_typed.code));
-    m_ui->sName->setText(shown(m_typed.name));
-    select(m_ui->sType, m_typed.className);
-    m_ui->sHelp->setText(shown(m_typed.mnemonic));
-    showAccounting(m_typed);
+    showEntry(m_form.entry());
 }
 
 void AccountWindow::showAccounting(const AccountEntry& entry) {
@@ -206,6 +210,16 @@ void AccountWindow::showForm() {
     showUse({});
     m_ui->sCode->setFocus();
     m_ui->sCode->selectAll();
+}
+
+/// What was typed, over the account as another workstation has stored it.
+void AccountWindow::showKept() {
+    m_isShowing = true;
+    showEntry(m_form.kept());
+    m_isShowing = false;
+    reflectChecks();
+    followClass();
+    m_ui->sCode->setFocus();
 }
 
 void AccountWindow::reflectChecks() {
@@ -293,7 +307,7 @@ void AccountWindow::save(ParentSums parentSums) {
             break;
         case Outcome::stale:
             m_hasMetForeignChange = true;
-            EndDialog(Rejected);
+            change.changedThere ? showKept() : EndDialog(Rejected);
             break;
         default:
             showUse(change.usedCode);

@@ -59,6 +59,8 @@ class AccountWindow final : public CNxMiddleDialog {
     /// Whether a proposal could be read. The operator is told once, not at every key, until one
     /// can be read again.
     bool isRead(const Status& proposal);
+    void showEntry(const AccountEntry& entry);
+    void showKept();
     void reflectChecks();
     void reflectArrows();
     void focusOn(const std::string& field);

@@ -81,7 +81,9 @@ TEST_P(AccountWorkstations, ModifyAnAccountThatTheOtherDeleted) {
 TEST_P(AccountWorkstations, ModifyAnAccountThatTheOtherRenumbered) {
     otherRuns("UPDATE Code SET sCode = '1009' WHERE sCode = '1002'");
     EXPECT_EQ(saveAs("1002"), Outcome::stale);
-    EXPECT_EQ(lastNotice(), "科目(1002)已被其他操作员修改,请重新查看后再修改!");
+    EXPECT_EQ(lastNotice(),
+              "科目(1002)已被其他操作员修改,没有保存。\n\n科目编码:现在是“1009”\n\n"
+              "输入已保留,核对后可以再次确定。");
     EXPECT_TRUE(m_books.messages().onlyNotice().beep);
     EXPECT_EQ(m_books.account("1009").sName, "科目");
     expectSound();

@@ -14,6 +14,8 @@ using namespace chengheng;
 
 using Texts = std::vector<std::string>;
 
+constexpr const char* deletedBelowTyped =
+    "该结算方式已被其他工作站删除,列表已重新读入。\n输入已保留,再次确定将作为新的结算方式增加。";
 constexpr const char* deletedElsewhere = "该结算方式已被其他工作站删除,列表已重新读入。";
 constexpr const char* changedElsewhere =
     "该结算方式已被其他工作站修改,本次操作没有进行,列表已重新读入。";
@@ -211,7 +213,9 @@ TEST_P(Settling, DeletesNoMethodThatIsNoLongerTheOneConfirmed) {
 TEST_P(Settling, OverwritesNothingThatAnotherWorkstationChanged) {
     m_books.run("UPDATE Settle SET bNote = 0 WHERE lId = 2");
     EXPECT_EQ(modify(2, "2", "本票"), Outcome::stale);
-    EXPECT_EQ(refusal(), changedElsewhere);
+    EXPECT_EQ(refusal(),
+              "该结算方式已被其他工作站修改,本次操作没有进行。\n\n现在的内容:2 支票\n"
+              "输入的内容:2 本票(使用支票登记簿)\n\n输入已保留,核对后可以再次确定。");
     EXPECT_EQ(m_books.stored()[1], "2 2 支票 0");
 }
 
@@ -224,11 +228,11 @@ TEST_P(Settling, TakesTheSameChangeMadeElsewhereForItsOwn) {
 TEST_P(Settling, TellsThatAMethodToBeModifiedOrReadHasGone) {
     m_books.run("DELETE Settle WHERE lId = 2");
     EXPECT_EQ(modify(2, "2", "本票"), Outcome::stale);
-    EXPECT_EQ(refusal(), deletedElsewhere);
+    EXPECT_EQ(refusal(), deletedBelowTyped);
     _SettleInfo read;
     bool isUsed = false;
     EXPECT_EQ(m_service.read(2, read, isUsed), Outcome::stale);
-    EXPECT_EQ(m_books.messages.texts(), (Texts{deletedElsewhere, deletedElsewhere}));
+    EXPECT_EQ(m_books.messages.texts(), (Texts{deletedBelowTyped, deletedElsewhere}));
 }
 
 TEST_P(Settling, StoresTextsAsTheyWereTyped) {

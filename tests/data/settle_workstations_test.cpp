@@ -110,10 +110,25 @@ TEST_P(SettleWorkstations, OfTwoThatModifyTheSameMethodTheSecondLearnsOfTheFirst
     m_books.database.setLockWaiter(&waiter);
     m_form.input.name = "现款";
     EXPECT_FALSE(m_form.save());
-    EXPECT_EQ(m_books.messages.onlyNotice().text, changed);
+    EXPECT_EQ(m_books.messages.onlyNotice().text,
+              "该结算方式已被其他工作站修改,本次操作没有进行。\n\n现在的内容:1 库存\n"
+              "输入的内容:1 现款\n\n输入已保留,核对后可以再次确定。");
     EXPECT_EQ(m_books.stored()[0], "1 1 库存 0");
     EXPECT_EQ(leaves(), (Texts{"1 库存", "2 支票"}));
-    EXPECT_EQ(m_form.input.name, "库存");
+    EXPECT_EQ(m_form.input.name, "现款");
+    EXPECT_TRUE(m_form.save());
+    EXPECT_EQ(m_books.stored()[0], "1 1 现款 0");
+}
+
+TEST_P(SettleWorkstations, AFieldThatWasNotTypedFollowsWhatTheOtherStored) {
+    m_form.input.name = "现款";
+    otherDoes("UPDATE Settle SET sStlId = '7', bNote = 1 WHERE lId = 1");
+    EXPECT_FALSE(m_form.save());
+    EXPECT_THAT(m_books.messages.onlyNotice().text,
+                testing::HasSubstr("现在的内容:7 现金(使用支票登记簿)\n输入的内容:1 现款\n"));
+    EXPECT_EQ(m_form.input, (SettleInput{"7", "现款", true}));
+    EXPECT_TRUE(m_form.save());
+    EXPECT_EQ(m_books.stored()[0], "1 7 现款 1");
 }
 
 TEST_P(SettleWorkstations, OfTwoThatAddTheSameNumberTheSecondIsRefused) {
@@ -134,9 +149,14 @@ TEST_P(SettleWorkstations, AMethodDeletedElsewhereIsNotModified) {
     otherDoes("DELETE FROM Settle WHERE lId = 1");
     m_form.input.name = "现款";
     EXPECT_FALSE(m_form.save());
-    EXPECT_EQ(m_books.messages.onlyNotice().text, gone);
+    EXPECT_EQ(m_books.messages.onlyNotice().text,
+              "该结算方式已被其他工作站删除,列表已重新读入。\n"
+              "输入已保留,再次确定将作为新的结算方式增加。");
     EXPECT_EQ(leaves(), Texts{"2 支票"});
-    EXPECT_EQ(m_form.selectedId(), 2);
+    EXPECT_TRUE(m_form.isAdding());
+    EXPECT_EQ(m_form.input, (SettleInput{"1", "现款", false}));
+    EXPECT_TRUE(m_form.save());
+    EXPECT_EQ(leaves(), (Texts{"2 支票", "1 现款"}));
 }
 
 TEST_P(SettleWorkstations, AMethodDeletedElsewhereIsLeftAloneWithoutAWord) {

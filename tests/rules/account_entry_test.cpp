@@ -88,3 +88,51 @@ TEST(Entries, CopiedFromAnAccountLeaveItItsCodeAndMnemonic) {
     EXPECT_EQ(copy.name, "银行存款");
     EXPECT_TRUE(copy.books.isBank);
 }
+
+TEST(TypedEntries, KeepWhatWasTypedAndFollowWhatIsStoredElsewhere) {
+    const AccountEntry shown{.code = "1002", .name = "银行", .mnemonic = "YH", .unit = "吨"};
+    AccountEntry typed = shown;
+    typed.name = "银行存款";
+    typed.books.isBank = true;
+    AccountEntry stored = shown;
+    stored.code = "1009";
+    stored.name = "银行户";
+    stored.keepsForeign = true;
+    stored.currencyId = 3;
+    const AccountEntry kept = typedOver(shown, typed, stored);
+    EXPECT_EQ(kept.code, "1009");
+    EXPECT_EQ(kept.name, "银行存款");
+    EXPECT_EQ(kept.mnemonic, "YH");
+    EXPECT_TRUE(kept.keepsForeign);
+    EXPECT_EQ(kept.currencyId, 3);
+    EXPECT_TRUE(kept.books.isBank);
+    EXPECT_EQ(
+        foreignChanges(shown, typed, stored),
+        "\n科目编码:现在是“1009”\n科目名称:现在是“银行户”,您输入的是“银行存款”\n外币核算:已改变");
+    EXPECT_EQ(typedOver(shown, shown, stored), stored);
+    EXPECT_EQ(foreignChanges(shown, typed, shown), "");
+    stored.name = typed.name;
+    EXPECT_EQ(foreignChanges(shown, typed, stored),
+              "\n科目编码:现在是“1009”\n科目名称:现在是“银行存款”\n外币核算:已改变");
+}
+
+TEST(TypedEntries, KeepEveryKindOfField) {
+    const AccountEntry shown{};
+    const AccountEntry other{.code = "1",
+                             .name = "2",
+                             .className = "3",
+                             .page = "4",
+                             .mnemonic = "5",
+                             .keepsForeign = true,
+                             .currencyId = 6,
+                             .keepsQuantity = true,
+                             .unit = "7",
+                             .books = {.byUnit = true},
+                             .direction = std::int16_t{1}};
+    EXPECT_EQ(typedOver(shown, other, shown), other);
+    EXPECT_EQ(typedOver(shown, shown, other), other);
+    EXPECT_EQ(foreignChanges(shown, shown, other),
+              "\n科目编码:现在是“1”\n科目名称:现在是“2”\n科目类别:现在是“3”\n帐页格式:现在是“4”"
+              "\n助记码:现在是“5”\n计量单位:现在是“7”\n外币核算:已改变\n数量核算:已改变"
+              "\n辅助核算:已改变\n余额方向:已改变");
+}

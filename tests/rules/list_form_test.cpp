@@ -49,6 +49,8 @@ class TextForm final : public ListForm {
         stored[saved.id] = m_loaded = saved.text = input;
         return Outcome::done;
     }
+    void holdTyped() override { m_typed = input; }
+    void takeTypedBack() override { input = m_typed; }
     Outcome erase(const Leaf* leaf) override {
         if (leaf == nullptr) return Outcome::refused;
         if (erasing == Outcome::done) stored.erase(leaf->id);
@@ -57,6 +59,7 @@ class TextForm final : public ListForm {
 
   private:
     std::string m_loaded;
+    std::string m_typed;
 };
 
 struct ListFormTest : testing::Test {
@@ -167,7 +170,32 @@ TEST_F(ListFormTest, ReadsTheListAgainWhenARecordIsNoLongerWhatItWas) {
     const auto leaves = form.leaves().all();
     EXPECT_EQ(std::vector(leaves.begin(), leaves.end()), (std::vector<Leaf>{{2, "z"}, {3, "y"}}));
     EXPECT_EQ(form.selectedId(), 2);
-    EXPECT_EQ(form.input, "z");
+    EXPECT_EQ(form.input, "c") << "what was typed stays";
+    EXPECT_TRUE(form.hasUnsavedInput());
+    form.writing = Outcome::done;
+    EXPECT_TRUE(form.save());
+    EXPECT_EQ(form.stored[2], "c");
+}
+
+TEST_F(ListFormTest, AddsWhatWasTypedWhereTheRecordHasGone) {
+    open({{1, "a"}, {2, "b"}});
+    form.select(2);
+    form.input = "c";
+    form.stored = {{1, "a"}};
+    form.writing = Outcome::stale;
+    EXPECT_FALSE(form.save());
+    EXPECT_TRUE(form.isAdding());
+    EXPECT_EQ(form.input, "c");
+}
+
+TEST_F(ListFormTest, KeepsListAndInputWhereTheListCannotBeReadAgain) {
+    open({{1, "a"}});
+    form.input = "c";
+    form.writing = Outcome::stale;
+    form.canReadList = false;
+    EXPECT_FALSE(form.save());
+    EXPECT_EQ(form.input, "c");
+    EXPECT_EQ(form.selectedId(), 1);
 }
 
 TEST_F(ListFormTest, SelectsTheFirstRecordWhenItsOwnHasGone) {

@@ -43,6 +43,30 @@ TEST_F(AccountWindowTest, ClosesWhenTheAccountWasDeletedElsewhereAndListsTheChar
     EXPECT_EQ(codes().size(), 5);
 }
 
+TEST_F(AccountWindowTest, KeepsWhatWasTypedOverAnAccountThatWasChangedElsewhere) {
+    addSomeAccounts();
+    open();
+    window->grid().setCurrentRow(4);
+    in("修改", [&](const Hands& hands) {
+        hands.type("sName", "中信银行");
+        books.run("UPDATE Code SET sName = '中行', sHelp = 'ZH' WHERE sCode = '100202'");
+        hands.click("confirm");
+        EXPECT_EQ(books.messages().onlyNotice().text,
+                  "科目(100202)已被其他操作员修改,没有保存。\n\n"
+                  "科目名称:现在是“中行”,您输入的是“中信银行”\n助记码:现在是“ZH”\n\n"
+                  "输入已保留,核对后可以再次确定。");
+        ASSERT_TRUE(hands.isOpen());
+        EXPECT_EQ(hands.text("sName"), "中信银行");
+        EXPECT_EQ(hands.text("sHelp"), "ZH");
+        books.messages().forget();
+        hands.click("confirm");
+        EXPECT_FALSE(hands.isOpen());
+    });
+    EXPECT_TRUE(books.messages().texts().empty());
+    EXPECT_EQ(books.account("100202").sName, "中信银行");
+    EXPECT_EQ(books.account("100202").sHelp, "ZH");
+}
+
 /// Closes the dialog that comes up where none should, so that the test ends, and fails it.
 class NoModal {
   public:

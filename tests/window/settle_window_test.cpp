@@ -376,9 +376,11 @@ TEST_F(SettleWindowTest, ShowsWhatAnotherWorkstationMadeOfTheMethod) {
     type(name(), "现款");
     books.run("UPDATE Settle SET sSettle = '库存' WHERE lId = 1");
     press(Qt::Key_Return);
-    EXPECT_EQ(said(), "该结算方式已被其他工作站修改,本次操作没有进行,列表已重新读入。");
+    EXPECT_EQ(said(),
+              "该结算方式已被其他工作站修改,本次操作没有进行。\n\n现在的内容:1 库存\n"
+              "输入的内容:1 现款\n\n输入已保留,核对后可以再次确定。");
     EXPECT_EQ(leaves(), (Texts{"1 库存", "2 支票"}));
-    EXPECT_EQ(shownInput(), "1 库存");
+    EXPECT_EQ(shownInput(), "1 现款");
 }
 
 TEST_F(SettleWindowTest, ReadsTheHostsCacheAgainWhenItGoes) {
