@@ -133,8 +133,10 @@ std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
     if (m_database.DBOpen(info, candidate.location.c_str(), name.c_str(), 1) == 0)
         return candidate.failure();
     candidate.name = name;
-    if (info.layout < booksFormatVersion) return outdatedRefusal(candidate.location);
     if (m_database.DBSelect(name.c_str()) == 0) return candidate.failure();
+    // What cannot be written cannot be upgraded either, and is only read.
+    if (info.layout < booksFormatVersion && !m_database.selectedDatabase()->isReadOnly())
+        return outdatedRefusal(candidate.location);
     const auto parameters = readRows<_zAccountMInfo>(m_database, logon_sql::parameters);
     if (hasFailed(m_database.lastStatus())) return candidate.failure();
     if (parameters.empty())

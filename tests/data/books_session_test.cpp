@@ -366,6 +366,20 @@ TEST(BooksSession, OpensAFileThatMustNotBeWrittenForBrowsing) {
     EXPECT_EQ(readText(path), content);
 }
 
+TEST(BooksSession, ReadsOlderBooksThatCannotBeWrittenWithoutAnUpgrade) {
+    const std::string path = freshFolder() + "/Nbzw.db";
+    fillOlderBooks(*openForTest(path), 1);
+    const files::path folder = files::path(path).parent_path();
+    files::permissions(folder.parent_path(), files::perms(0755));
+    files::permissions(path, files::perms(0444));
+    files::permissions(folder, files::perms(0555));
+    const auto reading = [&path] {
+        Shell shell;
+        return shell.refusalOf(requestFor(path)).empty() ? 0 : 1;
+    };
+    EXPECT_EQ(asOrdinaryUser(reading), 0);
+}
+
 TEST(BooksSession, OnAServerThatTakesNoWritesIsForBrowsing) {
     if (!hasTestServer()) GTEST_SKIP() << "no PostgreSQL server for tests";
     const std::string address = makeBooks(freshSchema());
