@@ -19,8 +19,9 @@ ConnectionLoss::ConnectionLoss(CNbCwDB& database, const BooksSession& session, I
 ConnectionLoss::~ConnectionLoss() { m_database.setLossObserver({}); }
 
 bool ConnectionLoss::eventFilter(QObject*, QEvent* event) {
+    const bool isFrame = event->type() == QEvent::Close && event->spontaneous();
     const bool isInput =
-        event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress;
+        event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress || isFrame;
     if (isInput && !m_isTelling) m_wasTold = false;
     return false;
 }

@@ -22,7 +22,7 @@ class ConnectionLoss : public QObject, public IMessages {
     Answer ask(const Question& question) override;
 
   protected:
-    /// A key or a click begins another action.
+    /// A key, a click or the frame of a window begins another action.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QCloseEvent>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -235,6 +236,14 @@ TEST_F(ConnectionLossTest, IsToldAnewForTheNextActionAndNotForWhatFollowsTheFirs
     QTest::keyClick(&window, Qt::Key_F5);
     actInSilence();
     EXPECT_THAT(messages.texts(), testing::SizeIs(2));
+    QTest::mouseClick(&window, Qt::LeftButton);
+    actInSilence();
+    EXPECT_THAT(messages.texts(), testing::SizeIs(3));
+    QCloseEvent frame;
+    QSpontaneKeyEvent::setSpontaneous(&frame);
+    qApp->notify(&window, &frame);
+    actInSilence();
+    EXPECT_THAT(messages.texts(), testing::SizeIs(4));
 }
 
 TEST_F(ConnectionLossTest, IsNotToldBehindABoxThatTellsIt) {
