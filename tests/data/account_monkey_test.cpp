@@ -102,7 +102,9 @@ class Monkey {
         DesignationService designation(m_messages);
         const auto texts = designation.choices().accounts;
         const auto text = [&] {
-            return texts.empty() || rarely() ? code() + "   名" : texts[below(texts.size())];
+            // The dialog offers the first level alone, whose codes have four characters.
+            return texts.empty() || rarely() ? code().substr(0, 4) + "   名"
+                                             : texts[below(texts.size())];
         };
         const std::string cash = text();
         return designation.designate(cash, text()) ? Outcome::done : Outcome::refused;

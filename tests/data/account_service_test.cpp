@@ -379,7 +379,8 @@ TEST_P(Accounts, ChangedOrDeletedElsewhereAreToldWithABeep) {
     m_books.edit(changed);
     EXPECT_EQ(m_books.service().modify(shown, entryOf(shown)).outcome, Outcome::stale);
     EXPECT_EQ(m_books.messages().onlyNotice().text,
-              "科目(1001)已被其他操作员修改,请重新查看后再修改!");
+              "科目(1001)已被其他操作员修改,没有保存。\n\n科目名称:现在是“别名”\n\n"
+              "输入已保留,核对后可以再次确定。");
     EXPECT_TRUE(m_books.messages().onlyNotice().beep);
     m_books.messages().forget();
     m_books.run("DELETE FROM Code WHERE sCode = '1001'");

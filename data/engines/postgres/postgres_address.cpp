@@ -45,10 +45,12 @@ std::optional<std::string> percentDecoded(std::string_view text) {
 
 std::string percentEncoded(std::string_view text) {
     constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr std::string_view marks = "-._~";
     std::string encoded;
     for (const char letter : text) {
         const char lower = lowerAscii(letter);
-        if ((lower >= 'a' && lower <= 'z') || isDigit(letter) || letter == '_') {
+        const bool isMark = marks.find(letter) != std::string_view::npos;
+        if ((lower >= 'a' && lower <= 'z') || isDigit(letter) || isMark) {
             encoded += letter;
             continue;
         }
