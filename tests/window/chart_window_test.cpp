@@ -121,6 +121,7 @@ TEST_F(ChartTest, ShowsOneBlankLineAndOnlyAddAndDesignateOnAnEmptyChart) {
         EXPECT_TRUE(window->isEnabled(text)) << text;
     window->press(Qt::Key_Return);
     QTest::mouseDClick(window->grid().viewport(), Qt::LeftButton, {}, {60, 5});
+    QTest::mouseRelease(window->grid().viewport(), Qt::LeftButton, {}, {60, 5});
     QCoreApplication::processEvents();
     EXPECT_TRUE(books.messages().texts().empty());
 }

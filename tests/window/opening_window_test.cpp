@@ -276,6 +276,8 @@ TEST_F(OpeningWindowTest, ChecksTheDirectoriesBeforeAnAuxiliaryWindow) {
     const auto doubleClick = [&] {
         QTest::mouseClick(window->grid().viewport(), Qt::LeftButton, {}, middle.center());
         QTest::mouseDClick(window->grid().viewport(), Qt::LeftButton, {}, middle.center());
+        // Else the next test finds the button still down.
+        QTest::mouseRelease(window->grid().viewport(), Qt::LeftButton, {}, middle.center());
         QCoreApplication::processEvents();
     };
     doubleClick();
