@@ -12,6 +12,15 @@
 
 namespace chengheng {
 
+namespace {
+
+/// Work beside the painting has none.
+bool isThreadOfScreen() {
+    return QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
+}  // namespace
+
 class LockWaitBox::Box : public QDialog {
   public:
     explicit Box(QWidget* parent)
@@ -53,10 +62,8 @@ LockWaitBox::LockWaitBox() = default;
 LockWaitBox::~LockWaitBox() = default;
 
 bool LockWaitBox::keepWaiting(const LockHolder& holder, std::chrono::milliseconds waited) {
-    // Work beside the painting has no screen.
     constexpr std::chrono::seconds patience(5);
-    if (QThread::currentThread() != QCoreApplication::instance()->thread())
-        return waited < patience;
+    if (!isThreadOfScreen()) return waited < patience;
     if (waited < quietTime) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         return true;
@@ -72,7 +79,11 @@ bool LockWaitBox::keepWaiting(const LockHolder& holder, std::chrono::millisecond
 }
 
 void LockWaitBox::waitEnded() {
-    if (QThread::currentThread() == QCoreApplication::instance()->thread()) m_box.reset();
+    if (isThreadOfScreen()) m_box.reset();
+}
+
+Failure LockWaitBox::givenUpAs() const {
+    return isThreadOfScreen() ? Failure::cancelled : Failure::busy;
 }
 
 }  // namespace chengheng

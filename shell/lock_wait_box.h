@@ -21,6 +21,7 @@ class LockWaitBox : public LockWaiter {
 
     bool keepWaiting(const LockHolder& holder, std::chrono::milliseconds waited) override;
     void waitEnded() override;
+    Failure givenUpAs() const override;
 
   private:
     class Box;

@@ -28,6 +28,9 @@ class LockWaiter {
     virtual bool keepWaiting(const LockHolder& holder, std::chrono::milliseconds waited) = 0;
     /// The wait is over, granted or not.
     virtual void waitEnded() {}
+    /// What a wait that was given up is: cancelled by a person, who knows it, or busy where only
+    /// patience has ended.
+    virtual Failure givenUpAs() const { return Failure::cancelled; }
 };
 
 /// Waits up to a limit and then gives up; what programs without a screen use.
@@ -37,6 +40,7 @@ class PatientWaiter : public LockWaiter {
     bool keepWaiting(const LockHolder&, std::chrono::milliseconds waited) override {
         return waited < m_limit;
     }
+    Failure givenUpAs() const override { return Failure::busy; }
 
   private:
     std::chrono::milliseconds m_limit;
@@ -58,8 +62,8 @@ class LockService {
 
     /// Takes every name of a space-separated list in that mode, or none of them. Names are
     /// taken in one fixed order, so that two lists never block each other half-way.
-    /// Failure: busy (waiter gave up at once or wait not wanted), cancelled (waiter gave
-    /// up), crossedWait (the holder waits for us), or a failure of the connection.
+    /// Failure: busy (waiter gave up at once, its patience ended, or wait not wanted), cancelled (a
+    /// person gave up), crossedWait (the holder waits for us), or a failure of the connection.
     virtual Status lock(std::string_view names, LockMode mode, bool wait) = 0;
     virtual void unlock(std::string_view names, LockMode mode) = 0;
     virtual bool holds(std::string_view name, LockMode mode) const = 0;

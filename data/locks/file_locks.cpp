@@ -100,8 +100,7 @@ Status FileLocks::take(const LockName& name, LockMode mode, bool wait) {
 
 Status FileLocks::awaitGrant(const LockWish& wish) {
     PatientWaiter patience(defaultPatience);
-    const bool isOwnPatience = m_waiter == nullptr;
-    LockWaiter& waiter = isOwnPatience ? patience : *m_waiter;
+    LockWaiter& waiter = m_waiter == nullptr ? patience : *m_waiter;
     const auto start = std::chrono::steady_clock::now();
     bool wasCrossed = false;
     Status status;
@@ -114,8 +113,7 @@ Status FileLocks::awaitGrant(const LockWish& wish) {
             status = Status::of(Failure::crossedWait, wish.name.spelling);
         else if (!waiter.keepWaiting(m_lastHolder, timeSince(start)))
             status =
-                Status::of(isOwnPatience || timeSince(start) < pollInterval ? Failure::busy
-                                                                            : Failure::cancelled,
+                Status::of(timeSince(start) < pollInterval ? Failure::busy : waiter.givenUpAs(),
                            wish.name.spelling);
         if (!status) break;
         wasCrossed = isCrossed;

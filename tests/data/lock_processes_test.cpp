@@ -77,7 +77,7 @@ TEST_P(TwoWorkstations, WaitingNamesTheHolder) {
     ASSERT_TRUE(locks().lock("Code", exclusive, true));
     other.startLock("Users Code", shared, 400ms);
     const OtherWorkstation::Answer given = other.answer();
-    EXPECT_EQ(given.status.failure, Failure::cancelled);
+    EXPECT_EQ(given.status.failure, Failure::busy);
     EXPECT_EQ(given.holder.lockName, "Code");
     EXPECT_EQ(given.holder.operatorName, "王芳");
     EXPECT_EQ(given.holder.function, "会计科目");

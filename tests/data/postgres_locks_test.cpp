@@ -134,7 +134,7 @@ TEST_F(PostgresLocksTest, WaitedForInATransactionLeaveItAsItIs) {
     ASSERT_TRUE(runSql(*m_first, "INSERT INTO Goods VALUES (1)"));
     PatientWaiter patience(200ms);
     first().setWaiter(&patience);
-    EXPECT_EQ(first().lock("Abc Code", shared, true).failure, Failure::cancelled);
+    EXPECT_EQ(first().lock("Abc Code", shared, true).failure, Failure::busy);
     EXPECT_FALSE(first().holds("Abc", shared));
     ASSERT_TRUE(m_first->commit());
     EXPECT_EQ(readCell(*m_first, "SELECT count(*) FROM Goods"), "1");

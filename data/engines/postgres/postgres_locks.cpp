@@ -118,8 +118,7 @@ LockRecord PostgresLocks::numberedRecord(const LockWish& wish) const {
 
 Status PostgresLocks::awaitGrant(const LockWish& wish) {
     PatientWaiter patience(defaultPatience);
-    const bool isOwnPatience = m_waiter == nullptr;
-    LockWaiter& waiter = isOwnPatience ? patience : *m_waiter;
+    LockWaiter& waiter = m_waiter == nullptr ? patience : *m_waiter;
     const auto start = std::chrono::steady_clock::now();
     const ServerLockNumbers& numbers = m_sessions.numbers();
     Status status = m_connection.run("SELECT " + numbers.showWish(wish));
@@ -134,8 +133,7 @@ Status PostgresLocks::awaitGrant(const LockWish& wish) {
             status = Status::of(Failure::crossedWait, wish.name.spelling);
         else if (!waiter.keepWaiting(m_lastHolder, timeSince(start)))
             status =
-                Status::of(isOwnPatience || timeSince(start) < pollInterval ? Failure::busy
-                                                                            : Failure::cancelled,
+                Status::of(timeSince(start) < pollInterval ? Failure::busy : waiter.givenUpAs(),
                            wish.name.spelling);
         if (!status) break;
         wasCrossed = isCrossed;

@@ -34,17 +34,18 @@ bool SqliteWait::goesOn() {
     LockWaiter* const waiter = m_locks.waiter();
     if (waiter == nullptr) return waited < patience;
     m_hasAsked = m_isAsking = true;
-    m_isGivenUp = !waiter->keepWaiting({}, waited);
+    const bool goesOn = waiter->keepWaiting({}, waited);
     m_isAsking = false;
-    return !m_isGivenUp;
+    if (!goesOn) m_givenUpAs = waiter->givenUpAs();
+    return goesOn;
 }
 
 Status SqliteWait::ended(Status status) {
     if (std::exchange(m_hasAsked, false)) {
         if (LockWaiter* const waiter = m_locks.waiter()) waiter->waitEnded();
     }
-    if (std::exchange(m_isGivenUp, false) && status.failure == Failure::busy)
-        status.failure = Failure::cancelled;
+    const Failure givenUpAs = std::exchange(m_givenUpAs, Failure::busy);
+    if (status.failure == Failure::busy) status.failure = givenUpAs;
     return status;
 }
 

@@ -33,7 +33,7 @@ class SqliteWait {
     std::chrono::steady_clock::time_point m_start;
     bool m_isAsking = false;
     bool m_hasAsked = false;
-    bool m_isGivenUp = false;
+    Failure m_givenUpAs = Failure::busy;  ///< of the call that is under way
 };
 
 }  // namespace chengheng
