@@ -31,12 +31,17 @@ OpenBooksWindow::OpenBooksWindow(IMessages& messages, ServerPasswords& passwords
     connect(m_ui->browse, &QPushButton::clicked, this, &OpenBooksWindow::browse);
     m_ui->serverPassword->setEchoMode(QLineEdit::Password);
     connect(m_ui->location, &QLineEdit::textEdited, this, &OpenBooksWindow::followAddress);
+    connect(m_ui->location, &QLineEdit::editingFinished, this, [this] {
+        const std::string typed = m_ui->location->text().toStdString();
+        m_ui->location->setText(QString::fromStdString(withoutServerPassword(typed)));
+    });
     for (QLineEdit* field : {m_ui->host, m_ui->port, m_ui->database, m_ui->schema, m_ui->user})
         connect(field, &QLineEdit::textEdited, this, &OpenBooksWindow::followFields);
     m_ui->location->setFocus();
 }
 
-/// A password in the address goes into its own field, where it cannot be read.
+/// A password in the address goes into its own field; once the address is finished it is gone
+/// there.
 void OpenBooksWindow::followAddress() {
     const std::string typed = m_ui->location->text().trimmed().toStdString();
     const ServerFields fields = serverFieldsOf(typed);

@@ -9,14 +9,17 @@
 namespace chengheng {
 
 std::string ServerPasswords::take(const std::string& location) {
-    const std::string password = serverPasswordIn(location);
     std::string address = shownLocation(location);
-    if (!password.empty()) remember(address, password);
+    if (address == location) return address;
+    const std::string typed = serverPasswordIn(m_known[address]);
+    const bool hasOwn = typed.empty() || !serverPasswordIn(location).empty();
+    m_known[address] = hasOwn ? location : withServerPassword(location, typed);
     return address;
 }
 
 void ServerPasswords::remember(const std::string& location, const std::string& password) {
-    m_known[shownLocation(location)] = password;
+    std::string& known = m_known.try_emplace(shownLocation(location), location).first->second;
+    known = withServerPassword(known, password);
 }
 
 std::optional<Refusal> ServerPasswords::withPassword(const std::string& location, QWidget* parent,
@@ -24,35 +27,33 @@ std::optional<Refusal> ServerPasswords::withPassword(const std::string& location
     const std::string address = take(location);
     while (true) {
         const auto known = m_known.find(address);
-        auto refusal =
-            work(known == m_known.end() ? address : withServerPassword(address, known->second));
-        if (!refusal || refusal->kind != RefusalKind::serverPassword) {
-            keep(address);
-            return refusal;
-        }
+        auto refusal = work(known == m_known.end() ? address : known->second);
+        if (!refusal) keep(address);
+        if (!refusal || refusal->kind != RefusalKind::serverPassword) return refusal;
         if (!findAnother(address, parent)) return refusal;
     }
 }
 
 bool ServerPasswords::findAnother(const std::string& address, QWidget* parent) {
-    const bool hadOne = m_known.contains(address);
+    const bool hadOne = m_known.contains(address) && !serverPasswordIn(m_known[address]).empty();
+    m_toBeKept.clear();
     if (!std::exchange(m_isAsked[address], true)) {
         if (const auto kept = m_store.read(address)) {
-            m_known[address] = *kept;
+            remember(address, *kept);
             return true;
         }
     }
     ServerPasswordWindow window(address, hadOne, parent);
     if (window.exec() != QDialog::Accepted) return false;
-    m_known[address] = window.password();
-    m_toBeKept = window.isToBeKept() ? address : std::string();
+    remember(address, window.password());
+    if (window.isToBeKept()) m_toBeKept = address;
     return true;
 }
 
 /// Only a password that the server took is worth keeping.
 void ServerPasswords::keep(const std::string& address) {
     if (m_toBeKept.empty() || std::exchange(m_toBeKept, {}) != address) return;
-    if (!m_store.write(address, m_known[address]))
+    if (!m_store.write(address, serverPasswordIn(m_known[address])))
         m_messages.tell({.text = shell_texts::notKept, .icon = MessageIcon::warning});
 }
 

@@ -20,7 +20,7 @@ class ServerPasswords {
     ServerPasswords(SecretStore& store, IMessages& messages)
         : m_store(store), m_messages(messages) {}
 
-    /// Remembers the password of an address and gives the address without it.
+    /// Remembers the secrets of an address and gives the address without them.
     std::string take(const std::string& location);
     void remember(const std::string& location, const std::string& password);
 
@@ -36,7 +36,7 @@ class ServerPasswords {
 
     SecretStore& m_store;
     IMessages& m_messages;
-    std::map<std::string, std::string> m_known;  ///< by address without a password
+    std::map<std::string, std::string> m_known;  ///< whole addresses, by those without secrets
     std::map<std::string, bool> m_isAsked;       ///< whether the keyring was asked for it
     std::string m_toBeKept;                      ///< the address whose password is to be kept
 };

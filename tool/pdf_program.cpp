@@ -22,7 +22,7 @@ ExitCode runPdfProgram(Tool& tool) {
     std::string password;
     for (std::string& argument : tool.commandLine) {
         if (const std::string given = serverPasswordIn(argument); !given.empty()) password = given;
-        argument = shownLocation(argument);
+        argument = withoutServerPassword(argument);
         arguments.push_back(argument.data());
     }
     arguments.push_back(nullptr);

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/values/percent_coding.h"
 #include "data/engines/open_engine.h"
-#include "data/engines/postgres/postgres_address.h"
 
 namespace chengheng {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-#include "data/engines/postgres/postgres_address.h"
+#include "base/values/percent_coding.h"
 #include "data/engines/postgres/postgres_engine.h"
 #include "data/engines/sqlite/sqlite_engine.h"
 
@@ -52,13 +52,18 @@ std::vector<AddressPart> secretsOf(std::string_view location) {
     return secrets;
 }
 
-}  // namespace
+/// The server's own among them.
+std::vector<AddressPart> passwordsOf(std::string_view location) {
+    auto secrets = secretsOf(location);
+    std::erase_if(secrets, [location](const AddressPart& secret) {
+        return location.substr(0, secret.at).ends_with(secretKeys.back());
+    });
+    return secrets;
+}
 
-bool isServerAddress(std::string_view location) { return schemeLength(location) != 0; }
-
-std::string shownLocation(std::string_view location) {
+/// An address without some of its secrets, each with what names it.
+std::string without(std::string_view location, const std::vector<AddressPart>& secrets) {
     std::string shown(location);
-    const auto secrets = secretsOf(location);
     for (auto secret = secrets.rbegin(); secret != secrets.rend(); ++secret) {
         std::size_t begin = secret->at - 1;  // with the colon before it
         std::size_t end = secret->at + secret->length;
@@ -73,24 +78,40 @@ std::string shownLocation(std::string_view location) {
     return shown;
 }
 
+}  // namespace
+
+bool isServerAddress(std::string_view location) { return schemeLength(location) != 0; }
+
+std::string shownLocation(std::string_view location) {
+    return without(location, secretsOf(location));
+}
+
 std::string serverPasswordIn(std::string_view location) {
-    for (const AddressPart& secret : secretsOf(location)) {
-        const std::string_view before = location.substr(0, secret.at);
-        if (!before.ends_with(secretKeys.back()))
-            return percentDecoded(location.substr(secret.at, secret.length)).value_or("");
-    }
-    return {};
+    // Of several the last counts, as it does for the library.
+    const auto passwords = passwordsOf(location);
+    if (passwords.empty()) return {};
+    const AddressPart& last = passwords.back();
+    return percentDecoded(location.substr(last.at, last.length)).value_or("");
+}
+
+std::string withoutServerPassword(std::string_view location) {
+    return without(location, passwordsOf(location));
 }
 
 std::string withServerPassword(std::string_view location, std::string_view password) {
-    std::string address = shownLocation(location);
+    std::string address = withoutServerPassword(location);
     address += address.find('?') == std::string::npos ? '?' : '&';
     return address.append(secretKeys.front()).append(percentEncoded(password));
 }
 
 void hideServerPassword(char* argument) {
-    for (const AddressPart& secret : secretsOf(argument))
-        std::fill_n(argument + secret.at, secret.length, 'x');
+    const std::string_view whole(argument);
+    for (const std::string_view scheme : serverSchemes) {
+        const std::size_t begin = whole.find(scheme);
+        if (begin == std::string_view::npos) continue;
+        for (const AddressPart& secret : secretsOf(whole.substr(begin)))
+            std::fill_n(argument + begin + secret.at, secret.length, 'x');
+    }
 }
 
 Status openEngine(std::string_view location, OpenMode mode, std::unique_ptr<Engine>& engine) {

@@ -22,11 +22,14 @@ std::string shownLocation(std::string_view location);
 /// The password that an address holds; empty when it holds none.
 std::string serverPasswordIn(std::string_view location);
 
+/// An address without the password of its server; what else is secret in it stays.
+std::string withoutServerPassword(std::string_view location);
+
 /// An address with a password, whatever stands in the password.
 std::string withServerPassword(std::string_view location, std::string_view password);
 
-/// Writes over a password in an argument of the command line, which everybody on the machine can
-/// read there. The length stays.
+/// Writes over the secrets of an address anywhere in an argument of the command line, which
+/// everybody on the machine can read there. The length stays.
 void hideServerPassword(char* argument);
 
 }  // namespace chengheng

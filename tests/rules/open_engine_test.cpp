@@ -37,6 +37,9 @@ TEST(ServerAddress, GivesItsPasswordAndTakesAnother) {
     EXPECT_EQ(serverPasswordIn("postgresql://li@db/books?sslpassword=x"), "");
     EXPECT_EQ(serverPasswordIn("postgresql://li@db/books"), "");
     EXPECT_EQ(serverPasswordIn("/books/li:geheim@db"), "");
+    EXPECT_EQ(serverPasswordIn("postgresql://li:a@db/books?password=b&password=c&x=1"), "c");
+    EXPECT_EQ(withoutServerPassword("postgresql://li:a@db/books?password=b&sslpassword=c"),
+              "postgresql://li@db/books?sslpassword=c");
     for (const char* password : {"geheim", "p@ss:w/o?rd&=#%", "口令 1"})
         for (const char* address :
              {"postgresql://li:old@db:5433/books", "postgresql://db/books?password=old&schema=a",
@@ -54,6 +57,8 @@ TEST(ServerAddress, IsWrittenOverWhereItsPasswordStands) {
     };
     EXPECT_EQ(hidden("postgresql://li:geheim@db/books?schema=a&password=ab&x=1"),
               "postgresql://li:xxxxxx@db/books?schema=a&password=xx&x=1");
+    EXPECT_EQ(hidden("--books=postgresql://li:geheim@db/books?sslpassword=ab"),
+              "--books=postgresql://li:xxxxxx@db/books?sslpassword=xx");
     EXPECT_EQ(hidden("postgresql://li@db/books"), "postgresql://li@db/books");
     EXPECT_EQ(hidden("li:geheim@db"), "li:geheim@db");
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QFocusEvent>
 
 #include "tests/window/logon_fixture.h"
 #include "tests/window/next_modal.h"
@@ -23,6 +24,10 @@ TEST(OpenBooksWindow, PutsThePartsOfAnAddressIntoTheirFields) {
         EXPECT_EQ(text("database"), "books");
         EXPECT_EQ(text("schema"), "zw001");
         EXPECT_EQ(text("user"), "li");
+        EXPECT_EQ(text("serverPassword"), "geheim");
+        QFocusEvent leaving(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(dialog.findChild<QLineEdit*>("location"), &leaving);
+        EXPECT_EQ(text("location"), "postgresql://li@db.example:5433/books?schema=zw001");
         EXPECT_EQ(text("serverPassword"), "geheim");
         EXPECT_EQ(dialog.findChild<QLineEdit*>("serverPassword")->echoMode(), QLineEdit::Password);
         QTest::keyClick(&dialog, Qt::Key_Escape);

@@ -12,8 +12,10 @@
 #include "books/logon/server_fields.h"
 #include "data/engines/open_engine.h"
 #include "tests/support/private_postgres.h"
+#include "tests/support/recording_messages.h"
 #include "tests/window/logon_fixture.h"
 #include "tests/window/next_modal.h"
+#include "tests/window/remembered_secrets.h"
 
 using namespace chengheng;
 
@@ -119,6 +121,43 @@ TEST(ServerPassword, ThatCannotBeKeptIsToldAndUsedAllTheSame) {
     EXPECT_EQ(window.result(), QDialog::Accepted);
     EXPECT_EQ(station.messages.onlyNotice().text,
               "桌面的密钥环不能使用,口令没有保存,下次需要重新输入。");
+}
+
+TEST(ServerPassword, OfAnAddressIsUsedWithWhateverElseIsSecretInIt) {
+    RememberedSecrets store;
+    RecordingMessages messages;
+    ServerPasswords passwords(store, messages);
+    const std::string whole = "postgresql://li:geheim@db/books?sslpassword=x&schema=a";
+    const std::string shown = "postgresql://li@db/books?schema=a";
+    EXPECT_EQ(passwords.take(whole), shown);
+    std::string used;
+    const auto work = [&used](const std::string& address) {
+        used = address;
+        return std::optional<Refusal>();
+    };
+    passwords.withPassword(shown, nullptr, work);
+    EXPECT_EQ(used, whole);
+    // The list of books keeps what is no password of a server.
+    passwords.withPassword("postgresql://li@db/books?sslpassword=y&schema=a", nullptr, work);
+    EXPECT_EQ(serverPasswordIn(used), "geheim");
+    EXPECT_THAT(used, testing::HasSubstr("sslpassword=y"));
+}
+
+TEST(ServerPassword, IsNotKeptWhereTheLogonFailedForAnotherReason) {
+    RememberedSecrets store;
+    RecordingMessages messages;
+    ServerPasswords passwords(store, messages);
+    const std::string address = "postgresql://li@db/books?schema=a";
+    const NextModal asked([](QWidget& box) { givePassword(box, "geheim", true); });
+    const auto refusal = passwords.withPassword(address, nullptr, [](const std::string& used) {
+        Refusal refused;
+        refused.kind =
+            serverPasswordIn(used).empty() ? RefusalKind::serverPassword : RefusalKind::failed;
+        return std::optional(refused);
+    });
+    EXPECT_TRUE(asked.hasCome());
+    EXPECT_TRUE(refusal && refusal->kind == RefusalKind::failed);
+    EXPECT_THAT(store.secrets, testing::IsEmpty());
 }
 
 TEST(ServerPassword, InTheListOfAnEarlierProgramIsUsedAndTakenOutOfTheList) {

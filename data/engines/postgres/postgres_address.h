@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,12 +21,6 @@ std::string addressText(const PostgresAddress& address);
 
 /// A schema's name with something behind it, its own part cut where the whole would be too long.
 std::string schemaBeside(std::string_view schema, std::string_view suffix);
-
-/// A text as a part of an address, whatever stands in it.
-std::string percentEncoded(std::string_view text);
-
-/// What "%E4%B8%AD" and its like stand for; nothing when it is malformed.
-std::optional<std::string> percentDecoded(std::string_view text);
 
 /// A name as an SQL identifier, in double quotes.
 std::string quotedIdentifier(std::string_view name);

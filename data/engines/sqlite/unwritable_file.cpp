@@ -1,8 +1,11 @@
 #include "data/engines/sqlite/unwritable_file.h"
 
-#include <fmt/format.h>
-
+#include <algorithm>
+#include <array>
+#include <filesystem>
 #include <utility>
+
+#include "base/values/percent_coding.h"
 
 namespace chengheng {
 namespace {
@@ -19,7 +22,9 @@ UnwritableFile::UnwritableFile(std::string path) : m_path(std::move(path)) {
 
 bool UnwritableFile::hasLog() const {
     struct stat log {};
-    return stat((m_path + "-wal").c_str(), &log) == 0 && log.st_size > 0;
+    return std::ranges::any_of(std::array{"-wal", "-journal"}, [&](const char* end) {
+        return stat((m_path + end).c_str(), &log) == 0 && log.st_size > 0;
+    });
 }
 
 bool UnwritableFile::hasChanged() const {
@@ -31,12 +36,8 @@ bool UnwritableFile::hasChanged() const {
 
 std::string UnwritableFile::address() const {
     std::string address = "file:";
-    for (const char byte : m_path) {
-        const bool isPlain = (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-                             (byte >= 'a' && byte <= 'z') || byte == '/';
-        address += isPlain ? std::string(1, byte)
-                           : fmt::format("%{:02X}", static_cast<unsigned char>(byte));
-    }
+    for (const auto& part : std::filesystem::path(m_path).relative_path())
+        address += '/' + percentEncoded(part.string());
     return address + "?immutable=1";
 }
 

@@ -6,9 +6,9 @@
 
 namespace chengheng {
 
-/// A database on a medium that this program cannot write. It is read without the engine's own
-/// protection against writers, which would need files beside it; whoever can write it after all
-/// is noticed by this.
+/// A database on a medium that this program cannot write, by an absolute path without links. It is
+/// read without the engine's own protection against writers, which would need files beside it;
+/// whoever can write it after all is noticed by this.
 class UnwritableFile {
   public:
     explicit UnwritableFile(std::string path);
