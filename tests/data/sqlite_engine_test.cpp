@@ -15,6 +15,7 @@
 #include "tests/support/engine_tools.h"
 #include "tests/support/ordinary_user.h"
 #include "tests/support/small_books.h"
+#include "tests/support/waiting_process.h"
 
 namespace chengheng {
 namespace {
@@ -212,13 +213,66 @@ TEST(SqliteReading, NoticesThatSomebodyWritesTheFileAfterAll) {
     EXPECT_EQ(WEXITSTATUS(result), 0);
 }
 
-TEST(SqliteReading, RefusesAFileWhoseLogIsNotBroughtIn) {
+TEST(SqliteReading, EndsWhereTheFileIsWrittenBeforeTheLastRow) {
     const std::string path = unwritableDatabase();
-    const fs::path folder = fs::path(path).parent_path();
-    std::ofstream(path + "-wal") << "what was written last";
-    fs::permissions(folder, fs::perms(0555));
+    WaitingProcess writing([&path] {
+        return runSql(*openForTest(path, OpenMode::existing), "DELETE FROM Filler").isDone();
+    });
+    const auto reading = [&] {
+        std::unique_ptr<Engine> engine;
+        std::unique_ptr<PreparedStatement> statement;
+        std::unique_ptr<Cursor> cursor;
+        Status status = openEngine(path, OpenMode::readable, engine);
+        if (status) status = engine->prepare("SELECT sText FROM Filler", 0, statement);
+        if (status) status = engine->open({statement.get(), {}}, cursor);
+        if (!status || cursor->next() != Cursor::Step::row) return 1;
+        writing.start(std::chrono::milliseconds(500));
+        Cursor::Step step = Cursor::Step::row;
+        while (step == Cursor::Step::row) step = cursor->next();
+        return step == Cursor::Step::failed && cursor->status().failure == Failure::readOnly ? 0
+                                                                                             : 2;
+    };
+    EXPECT_EQ(asOrdinaryUser(reading), 0);
+    EXPECT_TRUE(writing.hasSucceeded());
+}
+
+TEST(SqliteReading, RefusesAFileWhoseLogIsNotBroughtIn) {
+    for (const char* log : {"-wal", "-journal"}) {
+        const std::string path = unwritableDatabase();
+        const std::string link = freshFolder() + "/link.db";
+        fs::permissions(fs::path(link).parent_path(), fs::perms(0755));
+        fs::create_symlink(path, link);
+        std::ofstream(path + log) << "what was written last";
+        for (const std::string& name : {path, link}) {
+            const auto opening = [&name] {
+                return static_cast<int>(openingOf(name, OpenMode::readable));
+            };
+            EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::readOnly)) << name << log;
+        }
+    }
+}
+
+TEST(SqliteReading, WaitsForAProgramThatKeepsTheFileToItself) {
+    const std::string path = unwritableDatabase();
+    sqlite3* writer = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &writer), SQLITE_OK);
+    for (const char* sql :
+         {"PRAGMA journal_mode = DELETE", "PRAGMA locking_mode = EXCLUSIVE", "BEGIN EXCLUSIVE"})
+        ASSERT_EQ(sqlite3_exec(writer, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
     const auto opening = [&path] { return static_cast<int>(openingOf(path, OpenMode::readable)); };
-    EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::readOnly));
+    EXPECT_EQ(asOrdinaryUser(opening), static_cast<int>(Failure::busy));
+    sqlite3_close(writer);
+}
+
+TEST(SqliteOpening, LocksMeetWhateverLinkLeadsToTheFile) {
+    const std::string path = filledDatabase();
+    const std::string link = freshFolder() + "/link.db";
+    fs::create_symlink(path, link);
+    const auto first = openForTest(path, OpenMode::existing);
+    const auto second = openForTest(link, OpenMode::existing);
+    EXPECT_TRUE(first->locks().lock("Code", LockMode::exclusive, false));
+    EXPECT_EQ(second->locks().lock("Code", LockMode::exclusive, false).failure, Failure::busy);
+    EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(link).parent_path()), {}), 1);
 }
 
 TEST(SqliteReading, KnowsAFileOfAnotherKind) {
@@ -307,6 +361,15 @@ TEST(SqliteWaiting, ForAnotherProgramCanBeGivenUp) {
     EXPECT_EQ(engine->begin().failure, Failure::cancelled);
     EXPECT_EQ(waiter.ended, 2);
     EXPECT_EQ(failureOfReading(*engine), Failure::none);
+}
+
+TEST(SqliteWaiting, IsBusyAndNobodysWishWhereOnlyPatienceEnds) {
+    const std::string path = filledDatabase();
+    const auto engine = openForTest(path, OpenMode::existing);
+    const ForeignWriter foreign(path);
+    PatientWaiter waiter(std::chrono::milliseconds(1));
+    engine->locks().setWaiter(&waiter);
+    EXPECT_EQ(runSql(*engine, "DELETE FROM Filler").failure, Failure::busy);
 }
 
 TEST(SqliteCreating, MakesFilesForTheirOwnerOnly) {

@@ -1,5 +1,6 @@
 #include "data/engines/sqlite/sqlite_connection.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -113,10 +114,11 @@ Status openForReading(const std::string& address, int flags, const std::string& 
 /// the file is read as it stands, unless a log holds what is missing in it.
 Status openUnwritable(const std::string& path, OpenedSqlite& opened) {
     const Status status = openForReading(path, 0, path, opened.connection);
-    if (status || status.failure == Failure::foreign || status.failure == Failure::damaged)
-        return status;
+    constexpr std::array hindrances{Failure::readOnly, Failure::missing, Failure::unreachable};
+    if (std::ranges::find(hindrances, status.failure) == hindrances.end()) return status;
     UnwritableFile file(path);
-    if (!file.isWhole()) return Status::of(Failure::readOnly, path + "-wal cannot be brought in");
+    if (!file.isWhole())
+        return Status::of(Failure::readOnly, path + ": its log cannot be brought in");
     opened.unwritable = file;
     return openForReading(file.address(), SQLITE_OPEN_URI, path, opened.connection);
 }
@@ -143,13 +145,17 @@ Status createNew(const std::string& path, SqliteConnection& connection) {
     if (status) status = runScript(connection.get(), settings);
     if (status) return status;
     connection.reset();
-    std::error_code ignored;  // the failure told is the one that came first
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
-        std::filesystem::remove(path + suffix, ignored);
+    removeSqliteFiles(path);
     return status;
 }
 
 }  // namespace
+
+void removeSqliteFiles(const std::string& path) {
+    std::error_code ignored;  // the failure told is the one that came first
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
+        std::filesystem::remove(path + suffix, ignored);
+}
 
 Status openSqliteFile(const std::string& path, OpenMode mode, OpenedSqlite& opened) {
     OpenedSqlite made;

@@ -27,6 +27,9 @@ struct OpenedSqlite {
 /// ours is left exactly as it was.
 Status openSqliteFile(const std::string& path, OpenMode mode, OpenedSqlite& opened);
 
+/// Removes a database that came to nothing, with all that the engine keeps beside it.
+void removeSqliteFiles(const std::string& path);
+
 /// A new, empty database in memory, seen by this connection only.
 Status openSqliteMemory(SqliteConnection& connection);
 

@@ -73,10 +73,14 @@ class SqliteEngine final : public Engine {
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return *m_locks; }
 
-    Status facts(EngineFacts& facts) override { return readSqliteFacts(m_connection.get(), facts); }
+    Status facts(EngineFacts& facts) override {
+        if (Status free = mayCall(); !free) return free;
+        return m_wait.ended(readSqliteFacts(m_connection.get(), facts));
+    }
     Status beginReading() override;
     Status verify(std::vector<std::string>& faults) override {
-        return verifySqlite(m_connection.get(), faults);
+        if (Status free = mayCall(); !free) return free;
+        return m_wait.ended(verifySqlite(m_connection.get(), faults));
     }
     std::optional<Status> copyToFile(const std::string& path) override {
         return m_isWithoutLog ? copySqliteBytes(m_connection.get(), path)
@@ -165,7 +169,8 @@ Status SqliteEngine::open(const Command& command, std::unique_ptr<Cursor>& curso
     if (Status bound = bindSqlite(statement, command.values); !bound) return bound;
     if (m_unwritable && m_unwritable->hasChanged())
         return Status::of(Failure::readOnly, "another program writes the file meanwhile");
-    cursor = std::make_unique<SqliteCursor>(statement, m_wait);
+    cursor =
+        std::make_unique<SqliteCursor>(statement, m_wait, m_unwritable ? &*m_unwritable : nullptr);
     return Status::done();
 }
 
@@ -276,11 +281,14 @@ Status openSqliteEngine(std::string_view location, OpenMode mode, std::unique_pt
         return Status::done();
     }
     if (location.empty()) return Status::of(Failure::missing, "no file is named");
-    const std::string path = std::filesystem::absolute(location).string();
+    // By the file's own name, whatever links led to it: everybody meets at one place.
+    std::error_code unseen;
+    std::filesystem::path real = std::filesystem::canonical(location, unseen);
+    if (unseen) real = std::filesystem::absolute(location);
+    const std::string path = real.string();
     if (Status status = openSqliteFile(path, mode, opened); !status) return status;
     sqlite3* const connection = opened.connection.get();
     std::unique_ptr<LockService> locks;
-    // By the file's own name, whatever links led to it: everybody meets at one place.
     if (sqlite3_db_readonly(connection, "main") == 0)
         locks = std::make_unique<FileLocks>(sqlite3_db_filename(connection, "main"));
     else

@@ -76,7 +76,10 @@ Cursor::Step SqliteCursor::next() {
     const bool isRead = code == SQLITE_ROW || code == SQLITE_DONE;
     m_status =
         m_wait.ended(isRead ? Status::done() : sqliteFailure(code, sqlite3_db_handle(m_statement)));
-    if (!isRead) return Step::failed;
+    // What looks like damage may be a page that was written meanwhile.
+    if (code != SQLITE_ROW && m_unwritable != nullptr && m_unwritable->hasChanged())
+        m_status = Status::of(Failure::readOnly, "another program wrote the file meanwhile");
+    if (!m_status) return Step::failed;
     return code == SQLITE_ROW ? Step::row : Step::end;
 }
 

@@ -7,6 +7,7 @@
 
 #include "data/engine/engine.h"
 #include "data/engines/sqlite/sqlite_wait.h"
+#include "data/engines/sqlite/unwritable_file.h"
 
 namespace chengheng {
 
@@ -33,11 +34,12 @@ Status bindSqlite(sqlite3_stmt* statement, std::span<const Value> values);
 /// Runs a statement to its end, whatever rows it gives.
 Status runSqlite(const Command& command);
 
-/// Reads a bound statement; resets it when it goes. The wait outlives it.
+/// Reads a bound statement; resets it when it goes. The others outlive it;
+/// of a file that cannot be written it is told, null of any other.
 class SqliteCursor final : public Cursor {
   public:
-    SqliteCursor(sqlite3_stmt* statement, SqliteWait& wait)
-        : m_statement(statement), m_wait(wait) {}
+    SqliteCursor(sqlite3_stmt* statement, SqliteWait& wait, const UnwritableFile* unwritable)
+        : m_statement(statement), m_wait(wait), m_unwritable(unwritable) {}
     ~SqliteCursor() override { sqlite3_reset(m_statement); }
     SqliteCursor(const SqliteCursor&) = delete;
     SqliteCursor& operator=(const SqliteCursor&) = delete;
@@ -55,6 +57,7 @@ class SqliteCursor final : public Cursor {
   private:
     sqlite3_stmt* m_statement;
     SqliteWait& m_wait;
+    const UnwritableFile* m_unwritable;
     Status m_status;
 };
 

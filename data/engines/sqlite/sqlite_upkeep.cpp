@@ -43,12 +43,6 @@ Status emptyLog(sqlite3* connection) {
         connection);
 }
 
-void removeDatabase(const std::string& path) {
-    std::error_code ignored;  // the failure told is the one that came first
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
-        std::filesystem::remove(path + suffix, ignored);
-}
-
 }  // namespace
 
 Status readSqliteFacts(sqlite3* connection, EngineFacts& facts) {
@@ -87,7 +81,7 @@ Status copySqliteToFile(sqlite3* connection, const std::string& path) {
     status = copyPages(connection, copy.get());
     if (status) status = emptyLog(copy.get());
     copy.reset();
-    if (!status) removeDatabase(path);
+    if (!status) removeSqliteFiles(path);
     return status;
 }
 
@@ -115,7 +109,7 @@ Status copySqliteBytes(sqlite3* connection, const std::string& path) {
     copy.close();
     if (code != SQLITE_OK) status = sqliteFailure(code, connection);
     if (status && !copy) status = systemFailure(errno, path);
-    if (!status) removeDatabase(path);
+    if (!status) removeSqliteFiles(path);
     return status;
 }
 
