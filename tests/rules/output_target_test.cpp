@@ -12,6 +12,7 @@
 
 #include "base/system/staged_file.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/engine_tools.h"
 #include "tests/support/ordinary_user.h"
 
 namespace chengheng {
@@ -61,6 +62,23 @@ TEST_F(OutputTargets, AreNeverBooksNorWhatLiesBesideThem) {
     EXPECT_EQ(contentOf(at("n.db")), booksStart);
     EXPECT_EQ(contentOf(at("n.db-wal")), "log");
     EXPECT_FALSE(targets::exists(at("n.db-shm")));
+}
+
+/// A handle that is closed takes the locks of the whole process on its file with it.
+TEST_F(OutputTargets, ThatThisProgramHasOpenAreNotTouched) {
+    const auto books = openForTest(at("n.db"));
+    ASSERT_TRUE(books->script("CREATE TABLE T (x)"));
+    EXPECT_EQ(writeTo(at("n.db"), Overwrite::replace).failure, Failure::foreign);
+    targets::permissions(targets::path(m_folder).parent_path(), targets::perms(0755));
+    targets::permissions(m_folder, targets::perms(0755));
+    targets::permissions(at("n.db"), targets::perms(0644));
+    const auto lockOfAnother = [this] {
+        const int file = open(at("n.db").c_str(), O_RDONLY | O_CLOEXEC);
+        struct flock lock {};
+        lock.l_type = F_WRLCK;
+        return file >= 0 && fcntl(file, F_GETLK, &lock) == 0 ? lock.l_type : -1;
+    };
+    EXPECT_EQ(asOrdinaryUser(lockOfAnother), F_RDLCK);
 }
 
 TEST_F(OutputTargets, AreNotBooksBehindALinkEither) {
