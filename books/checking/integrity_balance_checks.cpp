@@ -80,10 +80,19 @@ struct OpeningRow {
     std::array<double, openingColumns.size()> figures;
 };
 
+/// NaN for what is no number, which the checks of cells tell.
+double numberIn(const Cursor& row, int column) {
+    const ValueKind kind = row.kind(column);
+    const bool isNumber = kind == ValueKind::integer || kind == ValueKind::real;
+    return isNumber ? row.real(column) : std::nan("");
+}
+
 /// The figure that most periods have is taken for the right one.
 double usualFigure(const std::vector<OpeningRow>& rows, std::size_t column) {
     std::map<double, int> times;
-    for (const OpeningRow& row : rows) ++times[row.figures[column]];
+    for (const OpeningRow& row : rows)
+        if (std::isfinite(row.figures[column])) ++times[row.figures[column]];
+    if (times.empty()) return 0;
     return std::ranges::max_element(times, {}, [](const auto& entry) { return entry.second; })
         ->first;
 }
@@ -94,7 +103,7 @@ void compareOpenings(const CheckedAccount& account, const std::vector<OpeningRow
         const auto [name, decimals] = openingColumns[at];
         const double usual = usualFigure(rows, at);
         for (const OpeningRow& row : rows)
-            if (!areEqual(row.figures[at], usual, decimals))
+            if (std::isfinite(row.figures[at]) && !areEqual(row.figures[at], usual, decimals))
                 faults.add(integrity_texts::openingDiffers(account, row.period, row.id, name,
                                                            ftoa(row.figures[at], decimals),
                                                            ftoa(usual, decimals)));
@@ -144,7 +153,8 @@ Status checkOpenings(CheckedBooks& books, FaultList& faults) {
         });
     if (status)
         status = forEachRow(books.engine(), integrity_sql::firstDay, {}, [&](const Cursor& row) {
-            isMidYear = isMidYear || row.text(0).substr(5, 2) != "01";
+            const auto start = parseDate(row.text(0));
+            isMidYear = isMidYear || (start && start->month != 1);
             return Status::done();
         });
     if (!status || hasVouchers) return status;
@@ -154,7 +164,9 @@ Status checkOpenings(CheckedBooks& books, FaultList& faults) {
             const auto period = static_cast<int>(row.integer(1));
             if (period != 1 || !isMidYear)
                 rows[static_cast<int>(row.integer(0))].push_back(
-                    {period, row.integer(2), {row.real(3), row.real(4), row.real(5)}});
+                    {period,
+                     row.integer(2),
+                     {numberIn(row, 3), numberIn(row, 4), numberIn(row, 5)}});
             return Status::done();
         });
     for (const auto& [id, found] : rows) {

@@ -57,7 +57,6 @@ inline constexpr const char* strayRights =
 inline constexpr const char* periods =
     "SELECT lCodeId, byPeroid FROM AccSum ORDER BY lCodeId, byPeroid";
 
-/// The month in which bookkeeping begins stands in the sixth and seventh place.
 inline constexpr const char* firstDay = "SELECT dtStart FROM zAccountM ORDER BY lId";
 inline constexpr const char* anyVoucher =
     "SELECT lId FROM RegMain UNION ALL SELECT lId FROM UnregMain LIMIT 1";

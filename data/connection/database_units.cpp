@@ -98,7 +98,7 @@ Status Database::lastId(std::string_view row, int& id) {
         if (!isThere) return Status::done();
         const std::int64_t stored = cursor.integer(0);
         id = static_cast<int>(stored);
-        const bool isId = cursor.kind(0) != ValueKind::text && id == stored && id >= 0;
+        const bool isId = cursor.kind(0) == ValueKind::integer && id == stored && id >= 0;
         return isId ? Status::done() : wrongCounter(row, cursor.text(0));
     };
     if (Status status = selectPlain(sql, values, read); !status) return status;

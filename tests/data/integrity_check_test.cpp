@@ -144,6 +144,10 @@ constexpr Damage damages[] = {
      "DELETE FROM RegMain; DELETE FROM RegSub; DELETE FROM UnregMain; DELETE FROM UnregSub;"
      "UPDATE AccSum SET dAmtBegin = 2 WHERE lCodeId = 1 AND byPeroid = 1",
      "openings", "(第 1 期)的 dAmtBegin 为"},
+    {"OpeningThatIsNoNumber",
+     "DELETE FROM RegMain; DELETE FROM RegSub; DELETE FROM UnregMain; DELETE FROM UnregSub;"
+     "UPDATE AccSum SET mBegin = 'NaN' WHERE lCodeId = 1 AND byPeroid = 7",
+     "cells", "AccSum 编号 7 的 mBegin:"},
     {"CashMarkBelowNone", "UPDATE Code SET bCash = 1 WHERE lId = 3", "designation",
      "科目 100201 工商银行(编号 3):Code 的 bCash 已标记,而上级科目 1002 没有标记"},
     {"BankMarkBelowNone", "UPDATE Code SET bBank = 1 WHERE lId = 3", "designation", "bBank"},
@@ -318,6 +322,19 @@ TEST_P(Integrity, IndexThatIsMissingIsNamed) {
     EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("objects", text.c_str())));
 }
 
+TEST_P(Integrity, BooksThatBeginInsideAYearOpenItsFirstPeriodWithOtherFigures) {
+    for (const char* table : {"RegMain", "RegSub", "UnregMain", "UnregSub"})
+        runScript(*m_engine, std::string("DELETE FROM ") + table);
+    runScript(*m_engine,
+              "UPDATE AccSum SET mBegin = mBegin + 7 WHERE lCodeId = 1 AND byPeroid = 1");
+    EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("openings", "(第 1 期)的 mBegin 为")));
+    runScript(*m_engine, "UPDATE zAccountM SET dtStart = '2026-03-01'");
+    EXPECT_THAT(faultsIn(*m_engine), IsEmpty());
+    runScript(*m_engine,
+              "UPDATE AccSum SET mBegin = mBegin + 7 WHERE lCodeId = 1 AND byPeroid = 2");
+    EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("openings", "(第 2 期)的 mBegin 为")));
+}
+
 TEST_P(Integrity, RestrictionAccountMustBeOfTheTopLevel) {
     runScript(*m_engine, "UPDATE Sign SET sCode2 = '100201'");
     EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("references", "“100201”")));
@@ -351,6 +368,14 @@ TEST_P(Integrity, AccountWithoutAnySumsIsRight) {
 }
 
 CHENGHENG_ON_ALL_ENGINES(Integrity);
+
+TEST(IntegrityCheck, BooksWithoutAFirstDayAreLookedAtAllTheSame) {
+    const auto engine = openForTest(":memory:");
+    fillSmallBooks(*engine);
+    runScript(*engine,
+              "UPDATE zAccountM SET dtStart = ''; UPDATE Code SET byGrade = 3 WHERE lId = 3");
+    EXPECT_THAT(faultsIn(*engine), ElementsAre(faultOf("grades", "级次记为 3")));
+}
 
 TEST(IntegrityCheck, NamesOfTheChecksAreDistinct) {
     std::vector<std::string> names;

@@ -144,6 +144,15 @@ TEST_P(RecordOperations, ACounterBelowNothingIsNoCounter) {
     EXPECT_EQ(countOf(nullptr), 0);
 }
 
+TEST_P(RecordOperations, AFractionIsNoCounter) {
+    if (GetParam().name == "postgres") return;  // whose column takes none
+    ASSERT_NE(m_db.QRYExecuteSQL("Update ABIdTable Set lLastId = 5.5 Where sTable = 'Code'"), 0);
+    int id = 0;
+    EXPECT_NE(m_db.Code_AddNew(_CodeInfo{}, id), 0);
+    EXPECT_EQ(m_db.lastStatus().failure, Failure::wrongValue);
+    EXPECT_EQ(countOf(nullptr), 0);
+}
+
 // 300 would be read as the period 44, and a text as an amount of 0.
 TEST_P(RecordOperations, WhatDoesNotFitItsFieldIsAnErrorAndNoOtherNumber) {
     struct Wrong {
