@@ -138,6 +138,7 @@ std::string failureText(const Status& status, std::string_view location, Failure
 Refusal failureRefusalOf(const Status& status, std::string_view location, const char* field) {
     Refusal refusal = failureRefusal(failureText(status, location), field);
     if (status.failure == Failure::passwordNeeded) refusal.kind = RefusalKind::serverPassword;
+    if (status.failure == Failure::unconfirmed) refusal.kind = RefusalKind::unconfirmed;
     return refusal;
 }
 

@@ -207,6 +207,10 @@ bool LogonWindow::upgrade(const std::string& location) {
         if (!refusal) runBesidePainting([&] { refusal = upgrade.carryOut(); });
     }
     if (refusal) m_messages.tell(refusal->notice);
+    const QString backup = QString::fromStdString(upgrade.backup());
+    // Another may have taken the place that was asked about.
+    if (!refusal && !backup.isEmpty() && upgrade.backup() != plan.backup)
+        m_messages.tell({.text = QString(shell_texts::backupElsewhere).arg(backup).toStdString()});
     return !refusal;
 }
 

@@ -16,6 +16,7 @@ inline constexpr const char* serverPasswordWrong = "数据库服务器“%1”�
 inline constexpr const char* serverPasswordField = "口令(&P):";
 inline constexpr const char* keepServerPassword = "记住口令,存放在桌面的密钥环中(&R)";
 inline constexpr const char* notKept = "桌面的密钥环不能使用,口令没有保存,下次需要重新输入。";
+inline constexpr const char* backupElsewhere = "升级前的备份在“%1”。";
 inline constexpr const char* passwordsDiffer = "口令和确认口令不一致,请重新输入";
 inline constexpr const char* booksMade = "帐套“%1”的%2年度已建立,存放在:\n%3";
 inline constexpr const char* levelExample = "各级编码示例:%1";

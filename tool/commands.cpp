@@ -46,6 +46,7 @@ ExitCode tellRefusal(Tool& tool, const Refusal& refusal) {
             return ExitCode::targetExists;
         case RefusalKind::outdated:
         case RefusalKind::failed:
+        case RefusalKind::unconfirmed:
         case RefusalKind::serverPassword:
             break;
     }

@@ -12,6 +12,7 @@ enum class RefusalKind {
     alreadyThere,    ///< what was to be made exists
     outdated,        ///< books of an older layout are to be upgraded first
     failed,          ///< a file, a server or the machine failed
+    unconfirmed,     ///< whether it was done is not known
     serverPassword,  ///< a server wants a password, or another one
 };
 

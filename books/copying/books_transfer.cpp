@@ -13,6 +13,7 @@
 #include "data/layout/layout.h"
 #include "data/transfer/content_copy.h"
 #include "data/transfer/content_digest.h"
+#include "data/transfer/stored_tables.h"
 #include "session/failure_texts.h"
 
 namespace chengheng {
@@ -22,7 +23,7 @@ using Digests = std::vector<TableDigest>;
 namespace files = std::filesystem;
 
 Refusal failure(const Status& status, const std::string& location) {
-    return failureRefusal(failureText(status, location));
+    return failureRefusalOf(status, location);
 }
 
 Refusal difference(const std::string& location) {
@@ -126,8 +127,9 @@ std::optional<Refusal> makeCopy(Source& source, const std::string& location, Dig
 std::optional<Refusal> makeSchema(Source& source, const std::string& address) {
     Digests made;
     std::optional<Refusal> refusal = makeCopy(source, address, made);
-    // The failure told is the one that came first.
-    if (refusal) static_cast<void>(removeDatabase(address).isDone());
+    // The failure told is the one that came first; what may be there stays, as it says.
+    if (refusal && refusal->kind != RefusalKind::unconfirmed)
+        static_cast<void>(removeDatabase(address).isDone());
     return refusal;
 }
 
@@ -156,10 +158,11 @@ std::optional<Refusal> provenCopy(const Source& source, const Digests& made,
 /// which broke off left behind.
 bool isInUse(const std::string& file) {
     std::unique_ptr<Engine> engine;
-    static_cast<void>(openEngine(file, OpenMode::existing, engine).isDone());
+    const Status status = openEngine(file, OpenMode::existing, engine);
     engine.reset();
     std::error_code unseen;
-    return files::exists(file + "-wal", unseen);
+    return status.failure == Failure::busy || files::exists(file + "-wal", unseen) ||
+           files::exists(file + "-journal", unseen);
 }
 
 /// Why a file is no target. Books are one when they may be replaced, what lies beside them never.
@@ -201,13 +204,6 @@ std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwr
         return failureRefusal(fmt::format(transfer_texts::fileInUse, file));
     const Status status = staged.place();
     return status ? std::optional<Refusal>() : targetRefusal(status, file, overwrite);
-}
-
-/// The names of all tables, for a lock on the books as a whole.
-std::string allTableNames() {
-    std::string names;
-    for (const TableInfo& table : allTables()) names += (names.empty() ? "" : " ") + table.name;
-    return names;
 }
 
 std::optional<Refusal> replaceBooks(Source& source, Engine& target, const std::string& location) {

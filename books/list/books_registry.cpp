@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "data/engines/open_engine.h"
+
 namespace chengheng {
 namespace {
 

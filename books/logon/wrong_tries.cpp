@@ -96,6 +96,8 @@ Status WrongTries::count(CNbCwDB& books, const TriedOperator& tried, double& wai
 }
 
 std::optional<Refusal> WrongTries::begin(CNbCwDB& books, const TriedOperator& tried) {
+    // A server that takes no writes may hold books that have no place for the count either.
+    if (books.selectedDatabase()->isReadOnly()) return beginUnwritten(tried);
     double wait = 0;
     const Status status = count(books, tried, wait);
     if (status.failure == Failure::readOnly) return beginUnwritten(tried);

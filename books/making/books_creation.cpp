@@ -174,8 +174,10 @@ std::optional<Refusal> BooksCreation::createIn(RegistryChange* change, const New
         return failureRefusal(failureText(folder.status(), location), books_field::location);
     DatabaseInMaking made(location);
     if (!made.status()) return databaseRefusal(made, location);
-    if (const Status status = fillNewBooks(made.database(), books, id, hash); !status)
-        return failureRefusal(failureText(status, location), books_field::location);
+    if (const Status status = fillNewBooks(made.database(), books, id, hash); !status) {
+        if (status.failure == Failure::unconfirmed) made.keep();  // as the words say
+        return failureRefusalOf(status, location, books_field::location);
+    }
     const BooksYear year{books.year, location};
     if (change != nullptr) {
         change->enter({id, books.name, books.company, {}}, year);

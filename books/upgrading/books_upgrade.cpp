@@ -23,12 +23,6 @@ using Digests = std::vector<TableDigest>;
 
 constexpr auto pollInterval = 100ms;
 
-std::string allTableNames() {
-    std::string names;
-    for (const TableInfo& table : allTables()) names += (names.empty() ? "" : " ") + table.name;
-    return names;
-}
-
 /// All of them as one, for who waits.
 LockHolder holderOf(const std::vector<PersonAtWork>& people, const std::string& books) {
     LockHolder holder{
@@ -99,8 +93,11 @@ std::optional<Refusal> BooksUpgrade::plan(UpgradePlan& plan) const {
     if (!status) return failed(status);
     books.reset();
     plan.location = shownLocation(m_location);
-    if (plan.isNeeded()) plan.backup = shownLocation(placeOfBackup(m_location, plan.from));
-    return std::nullopt;
+    if (!plan.isNeeded()) return std::nullopt;
+    std::string place;
+    status = findPlaceOfBackup(m_location, plan.from, place);
+    plan.backup = shownLocation(place);
+    return status ? std::optional<Refusal>() : failed(status);
 }
 
 std::optional<Refusal> BooksUpgrade::keepOthersOut(LockWaiter& waiter, LoggedOn loggedOn,
@@ -170,8 +167,10 @@ std::optional<Refusal> BooksUpgrade::takeSteps() {
         return failureRefusal(
             fmt::format(upgrade_texts::damaged, shownLocation(m_location), faults.front()));
     if (status) status = digestContent(*m_books, before);
+    std::string place;
+    if (status) status = findPlaceOfBackup(m_location, m_from, place);
     if (!status) return failed(status);
-    UpgradeBackup backup(placeOfBackup(m_location, m_from));
+    UpgradeBackup backup(place);
     const std::string shownBackup = shownLocation(backup.place());
     status = backup.make(*m_books, m_from, before);
     if (!status) {

@@ -46,12 +46,15 @@ Status fill(Engine& books, Engine& target, int layout, const Digests& content) {
 
 }  // namespace
 
-std::string placeOfBackup(const std::string& location, int layout) {
+Status findPlaceOfBackup(const std::string& location, int layout, std::string& place) {
+    constexpr int mostBackups = 1000;
     const std::string suffix = "_format" + std::to_string(layout);
-    std::string place = placeBeside(location, suffix);
-    for (int number = 2; !isPlaceFree(place); ++number)
-        place = placeBeside(location, suffix + "_" + std::to_string(number));
-    return place;
+    for (int number = 1; number <= mostBackups; ++number) {
+        place = placeBeside(location, number == 1 ? suffix : suffix + "_" + std::to_string(number));
+        bool isFree = false;
+        if (Status status = readIsPlaceFree(place, isFree); !status || isFree) return status;
+    }
+    return Status::of(Failure::refused, place);
 }
 
 Status UpgradeBackup::make(Engine& books, int layout, const Digests& content) {
@@ -66,8 +69,7 @@ Status UpgradeBackup::makeFile(Engine& books, int layout, const Digests& content
         status = books.copyToFile(staged.path()).value_or(Status::of(Failure::refused, m_place));
     if (status) status = prove(staged.path(), layout, content);
     if (status) status = staged.place();
-    m_isMade = status || status.failure == Failure::unconfirmed;
-    if (!status) discard();
+    m_isMade = status.isDone();
     return status;
 }
 
@@ -78,7 +80,8 @@ Status UpgradeBackup::makeSchema(Engine& books, int layout, const Digests& conte
     if (status) status = fill(books, *target, layout, content);
     target.reset();
     if (status) status = prove(m_place, layout, content);
-    if (!status) discard();
+    // One that may be whole stays, since the words say so.
+    if (!status && status.failure != Failure::unconfirmed) discard();
     return status;
 }
 

@@ -10,7 +10,7 @@ namespace chengheng {
 
 /// Where the backup of books of a layout is to lie: beside them, a file in their folder, a schema
 /// on their server, of a name that nothing bears yet.
-std::string placeOfBackup(const std::string& location, int layout);
+Status findPlaceOfBackup(const std::string& location, int layout, std::string& place);
 
 /// The books as they are before an upgrade, in their old layout, as books of their own.
 class UpgradeBackup {

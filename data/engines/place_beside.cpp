@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "base/system/system_error.h"
 #include "data/engines/open_engine.h"
 #include "data/engines/postgres/postgres_address.h"
 
@@ -20,16 +21,19 @@ std::string placeBeside(const std::string& location, const std::string& suffix) 
     return file.parent_path() / (file.stem().string() + suffix + file.extension().string());
 }
 
-bool isPlaceFree(const std::string& location) {
+Status readIsPlaceFree(const std::string& location, bool& isFree) {
+    isFree = false;
     if (!isServerAddress(location)) {
-        std::error_code unseen;
-        return !std::filesystem::exists(std::filesystem::symlink_status(location, unseen));
+        std::error_code error;
+        const auto found = std::filesystem::symlink_status(location, error);
+        isFree = found.type() == std::filesystem::file_type::not_found;
+        const bool isKnown = isFree || !error;
+        return isKnown ? Status::done() : systemFailure(error.value(), location);
     }
     std::unique_ptr<Engine> engine;
     const Status status = openEngine(location, OpenMode::existing, engine);
-    bool hasBooks = true;
-    if (status) hasBooks = !engine->hasTable("BooksFormat", hasBooks) || hasBooks;
-    return status.failure == Failure::missing || !hasBooks;
+    isFree = status.failure == Failure::missing;
+    return isFree ? Status::done() : status;
 }
 
 }  // namespace chengheng

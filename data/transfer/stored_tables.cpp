@@ -42,6 +42,12 @@ Status forEachRow(Engine& engine, std::string_view sql, std::span<const Value> v
     return status;
 }
 
+std::string allTableNames() {
+    std::string names;
+    for (const TableInfo& table : allTables()) names += (names.empty() ? "" : " ") + table.name;
+    return names;
+}
+
 std::string columnNames(const TableInfo& table) {
     std::string names;
     for (const ColumnInfo& column : table.columns)

@@ -18,6 +18,9 @@ Status forEachRow(Engine& engine, std::string_view sql, std::span<const Value> v
 /// "lId, sCode, ..." of a table.
 std::string columnNames(const TableInfo& table);
 
+/// The names of all tables, parted by blanks, for a lock on the books as a whole.
+std::string allTableNames();
+
 /// The tables that make up the content of a set of books: all tables of their layout but that of
 /// who is logged on, and the item tables of its project classes.
 Status storedTables(Engine& engine, std::vector<TableInfo>& tables);

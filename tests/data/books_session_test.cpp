@@ -392,6 +392,17 @@ TEST(BooksSession, OnAServerThatTakesNoWritesIsForBrowsing) {
     EXPECT_EQ(shell.database.lastStatus().failure, Failure::readOnly);
 }
 
+TEST(BooksSession, OnAServerThatTakesNoWritesNeedsNoPlaceForTheTries) {
+    if (!hasTestServer()) GTEST_SKIP() << "no PostgreSQL server for tests";
+    const std::string address = makeBooks(freshSchema());
+    askServer(address, "DROP TABLE " + address.substr(address.find("schema=") + 7) + ".LogonTries");
+    askServer(address, "UPDATE " + address.substr(address.find("schema=") + 7) +
+                           ".BooksFormat SET lVersion = 1");
+    const EnvironmentSetting options("PGOPTIONS", "-c default_transaction_read_only=on");
+    Shell shell;
+    EXPECT_EQ(shell.refusalOf(requestFor(address)), "");
+}
+
 TEST(BooksSession, FullDiskAtLogonChangesNothing) {
     FailingDisk disk;
     const std::string path = makeBooks(freshFolder() + "/Nbzw.db");

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -137,6 +138,18 @@ TEST_P(Backup, DoesNotReplaceAFileThatAProgramHasOpen) {
     EXPECT_EQ(readCell(*reader, "SELECT count(*) FROM Dept"), "1");
 }
 
+TEST_P(Backup, DoesNotReplaceAFileThatAProgramKeepsToItself) {
+    const std::string other = makeSmallBooks(EngineCase{"sqliteFile"});
+    sqlite3* keeper = nullptr;
+    ASSERT_EQ(sqlite3_open(other.c_str(), &keeper), SQLITE_OK);
+    for (const char* sql :
+         {"PRAGMA journal_mode = DELETE", "PRAGMA locking_mode = EXCLUSIVE", "BEGIN EXCLUSIVE"})
+        ASSERT_EQ(sqlite3_exec(keeper, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+    EXPECT_THAT(textOf(backUpBooks(m_books, other, Overwrite::replaceBooks)),
+                HasSubstr("正在使用"));
+    sqlite3_close(keeper);
+}
+
 TEST(BackupFile, OfBooksOnAMediumThatTakesNoWritesHasTheirContent) {
     const std::string books = makeSmallBooks(EngineCase{"sqliteFile"});
     const auto content = contentOf(books);
@@ -160,7 +173,7 @@ TEST(BackupFile, OfBooksOnAMediumThatTakesNoWritesHasTheirContent) {
 TEST_P(Backup, ThatTheDiskDoesNotConfirmIsSaidToStand) {
     const chengheng::FailingFolderSync failing;
     const auto refusal = backUpBooks(m_books, m_file, Overwrite::refuse);
-    EXPECT_EQ(kindOf(refusal), RefusalKind::failed);
+    EXPECT_EQ(kindOf(refusal), RefusalKind::unconfirmed);
     EXPECT_THAT(textOf(refusal), HasSubstr("文件“" + m_file + "”已经写好,但系统没有确认"));
     EXPECT_EQ(contentOf(m_file), contentOf(m_books));
 }

@@ -12,6 +12,7 @@
 #include <QStyleOptionButton>
 #include <fstream>
 
+#include "data/engines/place_beside.h"
 #include "data/layout/layout.h"
 #include "screen/message_boxes.h"
 #include "session/failure_texts.h"
@@ -135,6 +136,22 @@ TEST(LogonWindow, UpgradesBooksOnYesAndLogsOn) {
     EXPECT_TRUE(station.session.isLoggedOn());
     station.session.logOff();
     EXPECT_EQ(layoutAt(station.books), booksFormatVersion);
+}
+
+TEST(LogonWindow, TellsWhereTheBackupLiesWhenItsPlaceWasTakenMeanwhile) {
+    StationOfOlderBooks station;
+    const auto placeAt = [&station](const char* suffix) {
+        return placeBeside(station.books, suffix);
+    };
+    station.messages.whileShown([&](const std::string& text) {
+        if (text.ends_with("现在升级吗?")) std::ofstream(placeAt("_format1")) << "another's";
+    });
+    station.messages.willAnswer(Answer::yes);
+    station.window->accept();
+    EXPECT_THAT(station.messages.texts(),
+                testing::ElementsAre(testing::HasSubstr("先备份到“" + placeAt("_format1") + "”"),
+                                     "升级前的备份在“" + placeAt("_format1_2") + "”。"));
+    EXPECT_EQ(layoutAt(placeAt("_format1_2")), 1);
 }
 
 TEST(LogonWindow, WaitsForWhoIsAtWorkAndTellsWhenTheWaitIsGivenUp) {
