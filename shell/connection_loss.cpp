@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QScopedValueRollback>
 #include <QTimer>
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "session/failure_texts.h"
@@ -20,8 +22,8 @@ ConnectionLoss::~ConnectionLoss() { m_database.setLossObserver({}); }
 
 bool ConnectionLoss::eventFilter(QObject*, QEvent* event) {
     const bool isFrame = event->type() == QEvent::Close && event->spontaneous();
-    const bool isInput =
-        event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress || isFrame;
+    constexpr std::array inputs{QEvent::KeyPress, QEvent::Shortcut, QEvent::MouseButtonPress};
+    const bool isInput = isFrame || std::ranges::find(inputs, event->type()) != inputs.end();
     if (isInput && !m_isTelling) m_wasTold = false;
     return false;
 }

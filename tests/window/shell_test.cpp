@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcutEvent>
 #include <QTest>
 #include <QTimer>
 #include <fstream>
@@ -17,6 +18,7 @@
 #include "screen/background_work.h"
 #include "session/failure_texts.h"
 #include "session/host_globals.h"
+#include "session/last_failure.h"
 #include "shell/connection_loss.h"
 #include "shell/lock_wait_box.h"
 #include "shell/program.h"
@@ -129,6 +131,37 @@ TEST(LockWaitBox, CancelAndEscapeGiveTheWaitUp) {
         box.waitEnded();
         EXPECT_TRUE(box.keepWaiting(someHolder(), 1s)) << "the next wait is a new one";
     }
+}
+
+TEST(LockWaitBox, BesideThePaintingNobodyGivesUpButItsPatience) {
+    LockWaitBox box;
+    EXPECT_EQ(box.givenUpAs(), Failure::cancelled);
+    runBesidePainting([&box] {
+        EXPECT_TRUE(box.keepWaiting(someHolder(), 4s));
+        EXPECT_FALSE(box.keepWaiting(someHolder(), 5s));
+        EXPECT_EQ(box.givenUpAs(), Failure::busy);
+    });
+    EXPECT_EQ(shownDialog(), nullptr);
+}
+
+TEST(LastFailure, ThatSomebodyWantedIsNotTold) {
+    const std::string path = makeBooks(freshFolder() + "/Nbzw.db");
+    OtherWorkstation other(path);
+    ASSERT_TRUE(other.lock("Code", LockMode::exclusive));
+    CNbCwDB database;
+    g_pDB = &database;
+    NbCwDBInfo info;
+    ASSERT_NE(database.DBOpen(info, path.c_str(), "books", 1), 0);
+    ASSERT_NE(database.DBSelect("books"), 0);
+    EXPECT_EQ(database.SQLLock("Code", 2, 0), 0);
+    ASSERT_TRUE(lastFailureNotice().has_value());
+    EXPECT_EQ(lastFailureNotice()->text, lastFailureText());
+    LockWaitBox box;
+    database.setLockWaiter(&box);
+    const NextModal operatorHands([](QWidget& window) { clickOn(window, "取消"); });
+    EXPECT_EQ(database.SQLLock("Code", 2, 1), 0);
+    EXPECT_FALSE(lastFailureNotice().has_value());
+    g_pDB = nullptr;
 }
 
 TEST(LockWaitBox, StandsWhileAnotherWorkstationHoldsTheLock) {
@@ -244,6 +277,10 @@ TEST_F(ConnectionLossTest, IsToldAnewForTheNextActionAndNotForWhatFollowsTheFirs
     qApp->notify(&window, &frame);
     actInSilence();
     EXPECT_THAT(messages.texts(), testing::SizeIs(4));
+    QShortcutEvent shortcut(QKeySequence(Qt::CTRL | Qt::Key_N), 1);
+    qApp->notify(&window, &shortcut);
+    actInSilence();
+    EXPECT_THAT(messages.texts(), testing::SizeIs(5));
 }
 
 TEST_F(ConnectionLossTest, IsNotToldBehindABoxThatTellsIt) {

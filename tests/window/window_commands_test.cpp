@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QTest>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <utility>
 #include <vector>
 
 #include "screen/dialog_frame.h"
@@ -51,6 +54,29 @@ struct WindowCommandsTest : testing::Test {
 using Numbers = std::vector<int>;
 
 }  // namespace
+
+TEST(DialogFrame, EnterPressesTheButtonWithTheFocusAndElseIsOk) {
+    struct Frame final : DialogFrame {
+        Frame() : DialogFrame(nullptr) {}
+        void OnOK() override { ++confirmed; }
+        int confirmed = 0;
+    } frame;
+    QPushButton button(&frame);
+    QLineEdit edit(&frame);
+    int pressed = 0;
+    QObject::connect(&button, &QPushButton::clicked, [&pressed] { ++pressed; });
+    button.setAutoDefault(false);
+    showActive(frame);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        pressed = frame.confirmed = 0;
+        button.setFocus();
+        QTest::keyClick(&button, key);
+        EXPECT_EQ(std::pair(pressed, frame.confirmed), std::pair(1, 0));
+        edit.setFocus();
+        QTest::keyClick(&edit, key);
+        EXPECT_EQ(std::pair(pressed, frame.confirmed), std::pair(1, 1));
+    }
+}
 
 TEST_F(WindowCommandsTest, MakeTheMenusAsTheyAreListed) {
     EXPECT_EQ(action(0, 0)->text(), "打印");
