@@ -68,6 +68,9 @@ constexpr std::array bookTexts{
                 "请用 chbooks check 查明,再用最近的备份恢复。",
                 "帐套“{}”中有不合规定的数据,没有读入,也没有作任何改动。\n"
                 "请用 chbooks check 查明,再用最近的备份恢复。"},
+    FailureText{Failure::notStorable,
+                "要写入帐套文件“{}”的数值超出规定的范围,没有写入,数据没有改动。",
+                "要写入帐套“{}”的数值超出规定的范围,没有写入,数据没有改动。"},
     FailureText{Failure::noIdLeft,
                 "帐套文件“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。",
                 "帐套“{}”的记录编号已经用完,数据没有改动。\n请用 chbooks check 查明。"},

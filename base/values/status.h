@@ -25,6 +25,7 @@ enum class Failure {
     crossedWait,     ///< two workstations wait for each other's locks
     cancelled,       ///< the operator gave up waiting
     wrongValue,      ///< a column holds what may not stand there
+    notStorable,     ///< a value that may not stand in its column, and was not stored
     noIdLeft,        ///< a table's ids have reached the largest number there is
     passwordNeeded,  ///< the server wants a password, or another one than it was given
     unconfirmed,     ///< a file stands but may not outlast a power failure; a server took the

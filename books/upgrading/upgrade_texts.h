@@ -13,6 +13,7 @@ struct StepText {
 /// What each step does, for the operator.
 inline constexpr std::array steps{
     StepText{1, "增加一张表,记下每位操作员口令输错的次数和上次登录的时间"},
+    StepText{2, "各表的数值栏只收范围之内的数,写入超出范围的数会被拒绝"},
 };
 
 inline constexpr const char* heading =

@@ -10,9 +10,21 @@
 namespace chengheng {
 namespace {
 
-std::string columnLine(const ColumnInfo& column, const EngineDialect& dialect) {
-    const char* key = column.name == "lId" ? " PRIMARY KEY" : "";
-    return column.name + " " + dialect.columnDeclaration(column.type) + key;
+/// "CONSTRAINT AccSum_byPeroid CHECK (byPeroid BETWEEN 0 AND 255)", or nothing.
+std::string checkOf(const std::string& table, const ColumnInfo& column,
+                    const EngineDialect& dialect) {
+    const std::string condition = dialect.columnCheck ? dialect.columnCheck(column) : "";
+    if (condition.empty()) return {};
+    return "CONSTRAINT " + table + "_" + column.name + " CHECK (" + condition + ")";
+}
+
+std::string columnLine(const std::string& table, const ColumnInfo& column,
+                       const EngineDialect& dialect, ColumnChecks checks) {
+    std::string line = column.name + " " + dialect.columnDeclaration(column.type);
+    if (column.name == "lId") line += " PRIMARY KEY";
+    if (checks == ColumnChecks::none) return line;
+    const std::string check = checkOf(table, column, dialect);
+    return check.empty() ? line : line + " " + check;
 }
 
 /// "AccSum_lCodeId_byPeroid" for the index "lCodeId, byPeroid" of AccSum.
@@ -41,6 +53,24 @@ std::string columnNames(const TableInfo& table) {
     return names;
 }
 
+/// Gives the columns of a table their checks; its rows stay, whatever they hold. Where an engine
+/// cannot do that, the table is made anew and gets its rows back.
+std::string addChecksSql(const TableInfo& table, const EngineDialect& dialect) {
+    if (!dialect.addsChecks) {
+        const std::string kept = table.name + "_kept";
+        const std::string columns = columnNames(table);
+        return "CREATE TABLE " + kept + " AS SELECT " + columns + " FROM " + table.name +
+               ";\nDROP TABLE " + table.name + ";\n" + createTableSql(table, dialect) +
+               "INSERT INTO " + table.name + " (" + columns + ") SELECT " + columns + " FROM " +
+               kept + ";\nDROP TABLE " + kept + ";\n";
+    }
+    std::string script;
+    for (const ColumnInfo& column : table.columns)
+        if (const std::string check = checkOf(table.name, column, dialect); !check.empty())
+            script += "ALTER TABLE " + table.name + " ADD " + check + " NOT VALID;\n";
+    return script;
+}
+
 std::string addCounterSql(const std::string& row) {
     return "INSERT INTO ABIdTable (sTable, lLastId) VALUES ('" + row + "', 0);\n";
 }
@@ -57,6 +87,11 @@ std::string raisingScript(const EngineDialect& dialect, int from, NewTables newT
                 script += dialect.shareTable(table.name, "LoginInfoTbl");
             if (!table.idRow.empty()) script += addCounterSql(table.idRow);
         }
+    }
+    if (newTables == NewTables::missing && from < firstCheckedLayout) {
+        script += dialect.checksOff;
+        for (const TableInfo& table : tablesOfLayout(from)) script += addChecksSql(table, dialect);
+        script += dialect.checksOn;
     }
     return script + "UPDATE BooksFormat SET lVersion = " + std::to_string(booksFormatVersion);
 }
@@ -82,10 +117,11 @@ Status checkTables(Engine& engine, int number) {
 
 }  // namespace
 
-std::string createTableSql(const TableInfo& table, const EngineDialect& dialect) {
+std::string createTableSql(const TableInfo& table, const EngineDialect& dialect,
+                           ColumnChecks checks) {
     std::string columns;
     for (const ColumnInfo& column : table.columns)
-        columns += (columns.empty() ? "" : ", ") + columnLine(column, dialect);
+        columns += (columns.empty() ? "" : ", ") + columnLine(table.name, column, dialect, checks);
     std::string sql = "CREATE TABLE " + table.name + " (" + columns + ");\n";
     for (const std::string& index : table.indexes) sql += createIndexSql(table.name, index);
     return sql;
@@ -98,10 +134,12 @@ std::vector<std::string> indexNames(const TableInfo& table) {
 }
 
 std::string layoutScript(const EngineDialect& dialect, int number) {
+    const ColumnChecks checks =
+        number < firstCheckedLayout ? ColumnChecks::none : ColumnChecks::all;
     std::string script;
     std::set<std::string> idRows;
     for (const TableInfo& table : tablesOfLayout(number)) {
-        script += createTableSql(table, dialect);
+        script += createTableSql(table, dialect, checks);
         if (!table.idRow.empty()) idRows.insert(table.idRow);
     }
     for (const std::string& row : idRows) script += addCounterSql(row);

@@ -9,8 +9,11 @@
 
 namespace chengheng {
 
+enum class ColumnChecks { none, all };
+
 /// "CREATE TABLE ...; CREATE INDEX ...;" for an engine.
-std::string createTableSql(const TableInfo& table, const EngineDialect& dialect);
+std::string createTableSql(const TableInfo& table, const EngineDialect& dialect,
+                           ColumnChecks checks = ColumnChecks::all);
 
 /// The names of a table's indexes.
 std::vector<std::string> indexNames(const TableInfo& table);

@@ -15,6 +15,7 @@ const std::vector<LayoutStep>& steps() {
                          {"dWrongAt", ColumnType::real},
                          {"dLogonAt", ColumnType::real}},
                         {}}}},
+        {.from = 2, .newTables = {}},  // the checks of every column
     };
     return all;
 }

@@ -18,6 +18,9 @@ struct LayoutStep {
 /// All steps, one for each number but the last.
 std::span<const LayoutStep> layoutSteps();
 
+/// The first layout whose columns keep out what may not stand in them.
+inline constexpr int firstCheckedLayout = 3;
+
 /// The tables of the layout of a number, in the order in which they are created.
 std::vector<TableInfo> tablesOfLayout(int number);
 

@@ -7,6 +7,10 @@
 
 namespace chengheng {
 
+/// The numbers that are none of the infinities, for BETWEEN; what is no number lies beyond them.
+inline constexpr const char* finiteReal = "-1.7976931348623157e308 AND 1.7976931348623157e308";
+inline constexpr const char* finiteSingle = "-3.4028234663852886e38 AND 3.4028234663852886e38";
+
 /// What a statement must look like on an engine.
 struct EngineDialect {
     /// Follows a LIKE pattern, with a blank in front, so that a backslash takes the meaning off
@@ -16,6 +20,14 @@ struct EngineDialect {
     std::string_view rowLock;
     /// The type of a column with its collation and default, as it stands in CREATE TABLE.
     std::string (*columnDeclaration)(ColumnType type);
+    /// What must hold for the values of a column, "byPeroid BETWEEN 0 AND 255"; empty where its
+    /// type alone keeps everything else out.
+    std::string (*columnCheck)(const ColumnInfo& column) = {};
+    /// Whether a table that is there can be given checks, for what is written from then on.
+    bool addsChecks = false;
+    /// Statements that let rows pass as they are, and that check them again.
+    std::string_view checksOff = {};
+    std::string_view checksOn = {};
     /// Selects what lies in the database beside tables: "trigger", "view" or "index", and its
     /// name, by kind and name.
     std::string_view otherObjects = {};

@@ -89,9 +89,7 @@ Status emptyTarget(Engine& target) {
     return status;
 }
 
-}  // namespace
-
-Status replaceContent(Engine& source, Engine& target) {
+Status takeContent(Engine& source, Engine& target) {
     Status status = emptyTarget(target);
     std::vector<TableInfo> tables;
     if (status) status = storedTables(source, tables);
@@ -101,6 +99,18 @@ Status replaceContent(Engine& source, Engine& target) {
         if (status) status = copyTable(source, target, table);
     }
     return status;
+}
+
+}  // namespace
+
+Status replaceContent(Engine& source, Engine& target) {
+    const EngineDialect& dialect = target.dialect();
+    // Rows that this program would not write are copied as they are; checking the books names them.
+    Status status = dialect.checksOff.empty() ? Status::done() : target.script(dialect.checksOff);
+    if (status) status = takeContent(source, target);
+    if (dialect.checksOn.empty()) return status;
+    const Status minded = target.script(dialect.checksOn);
+    return status ? minded : status;
 }
 
 }  // namespace chengheng

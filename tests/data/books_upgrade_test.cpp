@@ -194,6 +194,22 @@ TEST_P(BooksUpgrades, LeadFromEachNumberToSoundBooksOfToday) {
     }
 }
 
+TEST_P(BooksUpgrades, KeepRowsThatNobodyCouldWriteAnyMore) {
+    const std::string location = makeOlderBooks(GetParam(), 2);
+    runScript(*openForTest(location, OpenMode::existing),
+              "UPDATE AccSum SET byPeroid = 300 WHERE lId = 1");
+    const Digests before = contentAt(location);
+    EXPECT_EQ(upgraded(location), "done");
+    EXPECT_EQ(contentAt(location).size(), before.size());
+    EXPECT_EQ(keptOf(location, before), before);
+    const auto engine = openForTest(location, OpenMode::existing);
+    EXPECT_EQ(runSql(*engine, "UPDATE AccSum SET byPeroid = 300 WHERE lId = 2").failure,
+              Failure::notStorable);
+    EXPECT_TRUE(runSql(*engine, "UPDATE AccSum SET byPeroid = 1 WHERE lId = 1"));
+    if (isServer())
+        askServer(location, "DROP SCHEMA " + schemaOf(backupOf(location, "_format2")) + " CASCADE");
+}
+
 TEST_P(BooksUpgrades, TellBeforehandWhatWillHappen) {
     runScript(*openForTest(m_location, OpenMode::existing),
               "INSERT INTO LoginInfoTbl VALUES (1, 1, '李明', 'PC1', 1, '2026-01-01')");
@@ -202,11 +218,12 @@ TEST_P(BooksUpgrades, TellBeforehandWhatWillHappen) {
     EXPECT_TRUE(plan.isNeeded());
     EXPECT_EQ(plan.text(),
               "帐套“旧帐”(" + shownLocation(m_location) +
-                  ")由较早版本的程序建立,数据格式为 1,要升级到 2 才能使用。\n\n升级时:\n"
+                  ")由较早版本的程序建立,数据格式为 1,要升级到 3 才能使用。\n\n升级时:\n"
                   "· 先备份到“" +
                   shownLocation(backupOf(m_location)) +
                   "”,并核对备份\n"
                   "· 增加一张表,记下每位操作员口令输错的次数和上次登录的时间\n"
+                  "· 各表的数值栏只收范围之内的数,写入超出范围的数会被拒绝\n"
                   "· 各步改动一次写入:中途出错或断电,帐套仍是原来的样子\n"
                   "· 升级后较早版本的程序不能再打开它,各工作站请都用新版本\n"
                   "· 等其他人退出后才开始。列为正在使用的有:李明(PC1)");

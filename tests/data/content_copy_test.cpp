@@ -88,6 +88,15 @@ TEST_P(ContentCopy, CopyHasTheDigestsOfItsSource) {
     EXPECT_EQ(readCell(*m_target, "SELECT count(*) FROM AssAcc WHERE lPersonId IS NULL"), "1");
 }
 
+TEST_P(ContentCopy, TakesRowsAsTheyAreAndMindsTheChecksAfterwards) {
+    if (std::get<1>(GetParam()).name == "postgres") return;  // which takes no such row
+    plant(*m_source, "UPDATE AccSum SET byPeroid = 300 WHERE lId = 1");
+    copy();
+    EXPECT_EQ(readCell(*m_target, "SELECT byPeroid FROM AccSum WHERE lId = 1"), "300");
+    const chengheng::Status written = runSql(*m_target, "UPDATE AccSum SET byPeroid = 301");
+    EXPECT_EQ(written.failure, chengheng::Failure::notStorable);
+}
+
 TEST_P(ContentCopy, WhatTheTargetHeldBeforeIsGone) {
     run(*m_target, "INSERT INTO Settle (lId, sStlId) VALUES (5, '9')");
     run(*m_target, "INSERT INTO ProjClass (lId, sClsCode) VALUES (9, 'old')");

@@ -180,7 +180,7 @@ class IntegrityDamage : public testing::TestWithParam<Damage> {};
 TEST_P(IntegrityDamage, GivesItsFaultAndNoOther) {
     const auto engine = openForTest(":memory:");
     fillSmallBooks(*engine);
-    runScript(*engine, GetParam().sql);
+    plant(*engine, GetParam().sql);
     EXPECT_THAT(faultsIn(*engine), ElementsAre(faultOf(GetParam().check, GetParam().text)));
 }
 
@@ -290,7 +290,7 @@ TEST_P(Integrity, EveryDamageOfTheCatalogueIsFoundHereToo) {
     const auto sound = openForTest(":memory:");
     fillSmallBooks(*sound);
     for (const Damage& damage : damages) {
-        runScript(*m_engine, damage.sql);
+        plant(*m_engine, damage.sql);
         EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf(damage.check, damage.text)))
             << damage.name;
         ASSERT_TRUE(m_engine->begin().isDone());

@@ -126,5 +126,19 @@ TEST(CreateTableSql, NamesEachIndexAfterItsTableAndColumns) {
               "CREATE INDEX T_lId_WHERE_byA_1 ON T (lId) WHERE byA = 1;\n");
 }
 
+TEST(CreateTableSql, NamesTheCheckOfAColumnAfterItsTableAndItself) {
+    const EngineDialect dialect{"", "", [](ColumnType) { return std::string("INTEGER"); },
+                                [](const ColumnInfo& column) {
+                                    return column.type == ColumnType::byte ? column.name + " < 9"
+                                                                           : std::string();
+                                }};
+    const TableInfo table{"T", "", {{"lId", ColumnType::integer}, {"byA", ColumnType::byte}}, {}};
+    EXPECT_EQ(createTableSql(table, dialect),
+              "CREATE TABLE T (lId INTEGER PRIMARY KEY, "
+              "byA INTEGER CONSTRAINT T_byA CHECK (byA < 9));\n");
+    EXPECT_EQ(createTableSql(table, dialect, ColumnChecks::none),
+              "CREATE TABLE T (lId INTEGER PRIMARY KEY, byA INTEGER);\n");
+}
+
 }  // namespace
 }  // namespace chengheng

@@ -10,6 +10,7 @@
 #include "base/system/workstation.h"
 #include "currency/currency_list.h"
 #include "data/access/CNbCwDB.h"
+#include "data/connection/database.h"
 #include "data/lookups/cached_records.h"
 #include "data/tables/currency.h"
 #include "session/host_globals.h"
@@ -149,7 +150,8 @@ TEST_P(ListPrinting, KeepsTheColumnsInTheirOrderWhenOneOfThemWasWidened) {
 TEST_P(ListPrinting, PrintsEveryColumnWhateverWidthTheTemplateGivesIt) {
     addMethods();
     for (const auto& [stored, width] : {std::pair{"-5", 0}, {"0", 0}, {"255", 255}, {"300", 255}}) {
-        run(std::string("UPDATE ZWPrintSub SET byWidth = ") + stored + " WHERE lTieId = 35");
+        plant(m_database.selectedDatabase()->engine(),
+              std::string("UPDATE ZWPrintSub SET byWidth = ") + stored + " WHERE lTieId = 35");
         print(settlementList());
         const Report& report = m_printer.outputs.back().report;
         for (const ReportColumn& column : report.columns) EXPECT_EQ(column.width, width) << stored;

@@ -27,6 +27,9 @@ Rows layoutOf(Engine& engine) {
         "FROM information_schema.columns WHERE table_schema = current_schema() "
         "UNION ALL SELECT tablename::text, '0', replace(indexdef, current_schema(), ''), "
         "'', '', '', '' FROM pg_indexes WHERE schemaname = current_schema() "
+        "UNION ALL SELECT conrelid::regclass::text, '1', conname::text, "
+        "replace(pg_get_constraintdef(oid), ' NOT VALID', ''), '', '', '' FROM pg_constraint "
+        "WHERE connamespace = current_schema()::regnamespace "
         "ORDER BY 1, 2, 3");
 }
 

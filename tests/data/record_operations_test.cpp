@@ -3,11 +3,14 @@
 #include "data/access/CNbCwDB.h"
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
+#include "data/connection/database.h"
 #include "data/tables/accounts.h"
 #include "data/tables/balances.h"
 #include "data/tables/settlement.h"
 #include "data/tables/vouchers.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/engine_tools.h"
+#include "tests/support/small_books.h"
 
 namespace {
 
@@ -146,35 +149,63 @@ TEST_P(RecordOperations, ACounterBelowNothingIsNoCounter) {
 
 TEST_P(RecordOperations, AFractionIsNoCounter) {
     if (GetParam().name == "postgres") return;  // whose column takes none
-    ASSERT_NE(m_db.QRYExecuteSQL("Update ABIdTable Set lLastId = 5.5 Where sTable = 'Code'"), 0);
+    plant(m_db.selectedDatabase()->engine(),
+          "UPDATE ABIdTable SET lLastId = 5.5 WHERE sTable = 'Code'");
     int id = 0;
     EXPECT_NE(m_db.Code_AddNew(_CodeInfo{}, id), 0);
     EXPECT_EQ(m_db.lastStatus().failure, Failure::wrongValue);
     EXPECT_EQ(countOf(nullptr), 0);
 }
 
+struct Wrong {
+    const char* change;
+    const char* told;
+    bool isTakenByServers;  ///< by the type of the column alone
+};
+
+constexpr Wrong wrongValues[] = {
+    {"byPeroid = 300", "AccSum lId=1 byPeroid: 300", true},
+    {"byPeroid = -1", "AccSum lId=1 byPeroid: -1", true},
+    {"lCodeId = 2147483648", "AccSum lId=1 lCodeId: 2147483648", false},
+    {"lCodeId = 'x'", "AccSum lId=1 lCodeId: x", false},
+    {"byPeroid = 1.5", "AccSum lId=1 byPeroid: 1.5", false},
+    {"mBegin = 1e308 * 1e308", "AccSum lId=1 mBegin: Inf", false},
+    {"mBegin = '12x'", "AccSum lId=1 mBegin: 12x", false},
+};
+
+TEST_P(RecordOperations, WhatDoesNotFitItsFieldIsNotStored) {
+    ASSERT_NE(m_db.QRYExecuteSQL("INSERT AccSum Values(1, 7, 1, 5, 0, 0, 0, 0, 0, 0, 0, 0)"), 0);
+    const auto before = chengheng::readRows<_AccSumInfo>(m_db, nullptr);
+    for (const Wrong& wrong : wrongValues) {
+        if (GetParam().name == "postgres" && !wrong.isTakenByServers) continue;
+        EXPECT_EQ(m_db.QRYExecuteSQL(std::string("UPDATE AccSum SET ") + wrong.change), 0);
+        EXPECT_EQ(m_db.lastStatus().failure, Failure::notStorable) << wrong.change;
+        EXPECT_EQ(chengheng::readRows<_AccSumInfo>(m_db, nullptr), before);
+    }
+}
+
+TEST_P(RecordOperations, ANumberBeyondEveryColumnIsNotStored) {
+    ASSERT_NE(m_db.QRYExecuteSQL("INSERT AccSum Values(1, 7, 1, 5, 0, 0, 0, 0, 0, 0, 0, 0)"), 0);
+    for (const char* change : {"lCodeId = 2147483648", "byPeroid = 40000", "mBegin = 1e308 * 10"}) {
+        EXPECT_EQ(m_db.QRYExecuteSQL(std::string("UPDATE AccSum SET ") + change), 0);
+        EXPECT_EQ(m_db.lastStatus().failure, Failure::notStorable) << change;
+    }
+    chengheng::Engine& engine = m_db.selectedDatabase()->engine();
+    for (const char* number : {"'Infinity'", "'-Infinity'", "'NaN'"})
+        EXPECT_EQ(runSql(engine, std::string("UPDATE AccSum SET mBegin = ") + number).failure,
+                  Failure::notStorable)
+            << number;
+}
+
 // 300 would be read as the period 44, and a text as an amount of 0.
 TEST_P(RecordOperations, WhatDoesNotFitItsFieldIsAnErrorAndNoOtherNumber) {
-    struct Wrong {
-        const char* change;
-        const char* told;
-        bool isStoredByServers;
-    };
-    for (const Wrong& wrong :
-         {Wrong{"byPeroid = 300", "AccSum lId=1 byPeroid: 300", true},
-          Wrong{"byPeroid = -1", "AccSum lId=1 byPeroid: -1", true},
-          Wrong{"lCodeId = 2147483648", "AccSum lId=1 lCodeId: 2147483648", false},
-          Wrong{"lCodeId = 'x'", "AccSum lId=1 lCodeId: x", false},
-          Wrong{"byPeroid = 1.5", "AccSum lId=1 byPeroid: 1.5", false},
-          Wrong{"mBegin = 1e308 * 1e308", "AccSum lId=1 mBegin: Inf", false},
-          Wrong{"mBegin = '12x'", "AccSum lId=1 mBegin: 12x", false}}) {
-        if (GetParam().name == "postgres" && !wrong.isStoredByServers) continue;
+    for (const Wrong& wrong : wrongValues) {
+        if (GetParam().name == "postgres" && !wrong.isTakenByServers) continue;
         ASSERT_NE(m_db.QRYExecuteSQL("DELETE AccSum\nINSERT AccSum Values(1, 7, 1, 5, 0, 0, 0, 0, "
                                      "0, 0, 0, 0)"),
                   0);
         ASSERT_EQ(chengheng::readRows<_AccSumInfo>(m_db, nullptr).size(), 1u);
-        ASSERT_NE(m_db.QRYExecuteSQL(std::string("UPDATE AccSum SET ") + wrong.change), 0)
-            << m_db.lastStatus().detail;
+        plant(m_db.selectedDatabase()->engine(), std::string("UPDATE AccSum SET ") + wrong.change);
         EXPECT_TRUE(chengheng::readRows<_AccSumInfo>(m_db, nullptr).empty());
         EXPECT_EQ(m_db.lastStatus().failure, Failure::wrongValue) << wrong.change;
         EXPECT_EQ(m_db.lastStatus().detail, wrong.told);

@@ -100,6 +100,17 @@ void runScript(Engine& engine, const std::string& sql) {
         throw std::runtime_error(status.detail + " in " + sql.substr(0, 200));
 }
 
+void plant(Engine& engine, const std::string& sql) {
+    const bool isServer = !engine.dialect().rowLock.empty();
+    runScript(engine, isServer ? "DO $$ DECLARE each record; BEGIN FOR each IN "
+                                 "SELECT conrelid::regclass AS place, conname FROM pg_constraint "
+                                 "WHERE connamespace = current_schema()::regnamespace AND "
+                                 "contype = 'c' LOOP EXECUTE format('ALTER TABLE %s DROP "
+                                 "CONSTRAINT %I', each.place, each.conname); END LOOP; END $$"
+                               : std::string(engine.dialect().checksOff));
+    runScript(engine, sql);
+}
+
 void fillSmallBooks(Engine& engine) {
     if (const Status status = createLayout(engine); !status)
         throw std::runtime_error(status.detail);

@@ -25,6 +25,8 @@ constexpr StateMeaning stateMeanings[] = {
     {"XX002", Failure::damaged},      // index corrupted
     {"3D000", Failure::missing},      // no such database
     {"3F000", Failure::missing},      // no such schema
+    {"22003", Failure::notStorable},  // numeric value out of range
+    {"23514", Failure::notStorable},  // check violation
     {"55P03", Failure::busy},         // lock not available
     {"40001", Failure::busy},         // serialization failure
     {"40P01", Failure::crossedWait},  // deadlock detected

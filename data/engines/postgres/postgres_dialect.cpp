@@ -25,6 +25,19 @@ std::string columnDeclaration(ColumnType type) {
     return "text COLLATE \"C\" NOT NULL DEFAULT ''";
 }
 
+std::string columnCheck(const ColumnInfo& column) {
+    switch (column.type) {
+        case ColumnType::byte:
+            return column.name + " BETWEEN 0 AND 255";
+        case ColumnType::real:
+            return column.name + " BETWEEN " + finiteReal;
+        case ColumnType::single:
+            return column.name + " BETWEEN " + finiteSingle;
+        default:
+            return {};
+    }
+}
+
 constexpr std::string_view otherObjects =
     "SELECT 'trigger', CAST(t.tgname AS text) COLLATE \"C\" AS name FROM pg_trigger t "
     "JOIN pg_class c ON c.oid = t.tgrelid "
@@ -53,8 +66,9 @@ std::string shareTable(const std::string& table, const std::string& model) {
 }  // namespace
 
 const EngineDialect& postgresDialect() {
-    static constexpr EngineDialect dialect{"",           " FOR UPDATE", columnDeclaration,
-                                           otherObjects, now,           shareTable};
+    static constexpr EngineDialect dialect{
+        "",           " FOR UPDATE", columnDeclaration, columnCheck, true, "", "",
+        otherObjects, now,           shareTable};
     return dialect;
 }
 

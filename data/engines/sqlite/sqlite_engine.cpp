@@ -33,8 +33,41 @@ std::string columnDeclaration(ColumnType type) {
     return {};
 }
 
+std::string wholeNumber(const std::string& name, const char* range) {
+    return "typeof(" + name + ") = 'integer' AND " + name + " BETWEEN " + range;
+}
+
+// The type of a column keeps nothing out: a text stays a text beside numbers.
+std::string columnCheck(const ColumnInfo& column) {
+    switch (column.type) {
+        case ColumnType::integer:
+            return wholeNumber(column.name, "-2147483648 AND 2147483647");
+        case ColumnType::nullableInteger:
+            return column.name + " IS NULL OR " +
+                   wholeNumber(column.name, "-2147483648 AND 2147483647");
+        case ColumnType::byte:
+            return wholeNumber(column.name, "0 AND 255");
+        case ColumnType::flag:
+            return wholeNumber(column.name, "-32768 AND 32767");
+        case ColumnType::real:
+            return column.name + " BETWEEN " + finiteReal;
+        case ColumnType::single:
+            return column.name + " BETWEEN " + finiteSingle;
+        case ColumnType::text:
+        case ColumnType::date:
+            break;
+    }
+    return {};
+}
+
 constexpr EngineDialect sqliteDialect{
-    " ESCAPE '\\'", "", columnDeclaration,
+    " ESCAPE '\\'",
+    "",
+    columnDeclaration,
+    columnCheck,
+    false,
+    passOverChecks,
+    mindChecks,
     "SELECT type, name FROM sqlite_master WHERE type <> 'table' ORDER BY type, name",
     "(julianday('now') - 2440587.5) * 86400.0"};
 

@@ -36,6 +36,8 @@ Failure failureOf(int code, sqlite3* connection) {
             return Failure::damaged;
         case SQLITE_INTERRUPT:
             return Failure::cancelled;
+        case SQLITE_CONSTRAINT:
+            return code == SQLITE_CONSTRAINT_CHECK ? Failure::notStorable : Failure::refused;
         default:
             return Failure::refused;
     }

@@ -10,6 +10,9 @@
 
 namespace chengheng {
 
+inline constexpr const char* passOverChecks = "PRAGMA ignore_check_constraints = ON;\n";
+inline constexpr const char* mindChecks = "PRAGMA ignore_check_constraints = OFF;\n";
+
 /// The engine's version and the room the database takes, its log left aside.
 Status readSqliteFacts(sqlite3* connection, EngineFacts& facts);
 
