@@ -192,6 +192,8 @@ void LogonWindow::logOn() {
     }
     m_ui->password->clear();
     rememberLogon();
+    if (!m_session.warning().empty())
+        m_messages.tell({.text = m_session.warning(), .icon = MessageIcon::warning});
     QDialog::accept();
 }
 

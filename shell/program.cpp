@@ -91,6 +91,7 @@ std::optional<ProgramExit> logOnSilently(Program& program, const LaunchOptions& 
         printError(refusal->notice.text);
         return exitFor(*refusal);
     }
+    if (!program.session.warning().empty()) printError(program.session.warning());
     if (const auto warning = passwordFileWarning(options.passwordFile)) printError(*warning);
     return std::nullopt;
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "base/system/workstation.h"
+#include "books/logon/foreign_objects_text.h"
 #include "books/logon/logon_sql.h"
 #include "books/logon/logon_texts.h"
 #include "books/making/new_books.h"
@@ -92,6 +93,7 @@ struct BooksSession::Candidate {
     std::int32_t rightsId = 0;
     Date date;
     BookRecords records;
+    std::vector<ForeignObject> objects;
     std::int32_t logonId = 0;
 };
 
@@ -122,6 +124,9 @@ std::optional<Refusal> BooksSession::logOn(const LogonRequest& request) {
     if (std::optional<Refusal> refusal = dateRefusal(request.date, days)) return refusal;
     candidate.date = request.date.value_or(days.nearest(today()));
     if (!readBookRecords(m_database, candidate.records)) return candidate.failure();
+    const Status looked =
+        foreignObjects(m_database.selectedDatabase()->engine(), candidate.objects);
+    if (!looked) return candidate.failure(looked);
     if (std::optional<Refusal> refusal = enterLogon(candidate)) return refusal;
     begin(request, candidate);
     return std::nullopt;
@@ -208,6 +213,7 @@ void BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
         .history = candidate.history,
     });
     m_shownLocation = chengheng::shownLocation(candidate.location);
+    m_warning = foreignObjectsText(candidate.objects, candidate.location);
     m_logonId = candidate.logonId;
     candidate.name.clear();
     m_lookups = std::make_unique<BookLookups>(std::move(candidate.records));
@@ -224,6 +230,7 @@ void BooksSession::logOff() {
     m_session.reset();
     m_database.DBClose(name.c_str());
     m_shownLocation.clear();
+    m_warning.clear();
     m_logonId = 0;
 }
 

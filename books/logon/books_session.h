@@ -60,6 +60,8 @@ class BooksSession {
     bool isLoggedOn() const { return m_session != nullptr; }
     /// Path or address of the open books as it may be shown.
     const std::string& shownLocation() const { return m_shownLocation; }
+    /// What the operator has to know of the open books before working with them; mostly empty.
+    const std::string& warning() const { return m_warning; }
 
   private:
     struct Candidate;
@@ -74,6 +76,7 @@ class BooksSession {
     std::unique_ptr<HostSession> m_session;
     std::unique_ptr<BookLookups> m_lookups;
     std::string m_shownLocation;
+    std::string m_warning;
     std::int32_t m_logonId = 0;
     int m_opened = 0;  ///< numbers the names of the databases opened
 };

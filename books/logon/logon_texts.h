@@ -61,6 +61,17 @@ inline constexpr const char* dateMalformed =
     "日期“{}”不正确,请按“年-月-日”的格式输入,例如 2026-01-31";
 inline constexpr const char* seeHelp = "{}\n用 chengheng --help 查看说明\n";
 
+inline constexpr const char* trigger = "触发器 ";
+inline constexpr const char* view = "视图 ";
+inline constexpr const char* objectSeparator = "、";
+inline constexpr const char* moreObjects = " 等 {} 个";
+inline constexpr const char* foreignInFile =
+    "帐套文件“{}”中有不属于本程序的内容:{}。\n"
+    "在本程序中它们不起作用。请查明由谁放入;用 chbooks copy 另存的帐套不含这些内容。";
+inline constexpr const char* foreignOnServer =
+    "帐套“{}”中有不属于本程序的内容:{}。\n"
+    "服务器会执行它们,可能改动写入的数据。请先联系服务器管理员查明。";
+
 inline constexpr const char* withoutScreen =
     "没有图形显示,无法打开窗口。请在桌面环境中运行;服务器上可使用命令行工具 chbooks。";
 inline constexpr const char* unexpected = "程序出现意外错误,已结束;已保存的数据不受影响。";

@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "base/system/workstation.h"
+#include "books/logon/foreign_objects_text.h"
 #include "data/access/row_lease.h"
 #include "data/connection/database.h"
 #include "data/layout/layout.h"
@@ -24,6 +25,7 @@
 #include "tests/support/older_books.h"
 #include "tests/support/ordinary_user.h"
 #include "tests/support/private_postgres.h"
+#include "tests/support/small_books.h"
 
 namespace chengheng {
 namespace {
@@ -401,6 +403,38 @@ TEST(BooksSession, OnAServerThatTakesNoWritesNeedsNoPlaceForTheTries) {
     const EnvironmentSetting options("PGOPTIONS", "-c default_transaction_read_only=on");
     Shell shell;
     EXPECT_EQ(shell.refusalOf(requestFor(address)), "");
+}
+
+TEST_P(BooksSessions, TellWhatSomebodyPutIntoTheBooks) {
+    Shell shell;
+    ASSERT_EQ(shell.refusalOf(requestFor(m_location)), "");
+    EXPECT_EQ(shell.session.warning(), "");
+    const bool isServer = isServerAddress(m_location);
+    {
+        const auto engine = openForTest(m_location, OpenMode::existing);
+        runScript(*engine, "CREATE VIEW best AS SELECT * FROM Code");
+        runScript(*engine, isServer ? "CREATE RULE \"a\x07z\" AS ON DELETE TO Code DO ALSO NOTHING"
+                                    : "CREATE TRIGGER \"a\x07z\" AFTER DELETE ON Code BEGIN "
+                                      "DELETE FROM AccSum; END");
+    }
+    ASSERT_EQ(shell.refusalOf(requestFor(m_location)), "");
+    const std::string text = shell.session.warning();
+    EXPECT_NE(text.find(m_shown + "”中有不属于本程序的内容:触发器 a␇z、视图 best。"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find(isServer ? "服务器会执行它们" : "它们不起作用"), std::string::npos);
+    shell.session.logOff();
+    EXPECT_EQ(shell.session.warning(), "");
+}
+
+TEST(ForeignObjectsText, NamesTheFirstFiveAndCountsTheRest) {
+    std::vector<ForeignObject> objects;
+    for (const char* name : {"a", "b", "c", "d", "e"}) objects.push_back({true, name});
+    EXPECT_NE(
+        foreignObjectsText(objects, "/n.db").find(":视图 a、视图 b、视图 c、视图 d、视图 e。"),
+        std::string::npos);
+    objects.push_back({false, "f"});
+    EXPECT_NE(foreignObjectsText(objects, "/n.db").find("、视图 e 等 6 个。"), std::string::npos);
 }
 
 TEST(BooksSession, FullDiskAtLogonChangesNothing) {

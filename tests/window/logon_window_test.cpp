@@ -64,6 +64,19 @@ TEST(LogonWindow, LogsOnWithKeysAlone) {
     EXPECT_TRUE(station.messages.texts().empty());
 }
 
+TEST(LogonWindow, TellsWhatSomebodyPutIntoTheBooks) {
+    Station station;
+    const std::string books = station.make().year.location;
+    ASSERT_TRUE(
+        openForTest(books, OpenMode::existing)->script("CREATE VIEW best AS SELECT * FROM Code"));
+    LogonWindow& window = station.open();
+    station.type("operatorName", "王芳");
+    station.type("password", "secret");
+    window.accept();
+    EXPECT_EQ(window.result(), QDialog::Accepted);
+    EXPECT_THAT(station.messages.onlyNotice().text, testing::HasSubstr("视图 best"));
+}
+
 TEST(LogonWindow, TabGoesThroughTheFieldsInTheirOrder) {
     Station station;
     station.make();

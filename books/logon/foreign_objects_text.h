@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/transfer/foreign_objects.h"
+
+namespace chengheng {
+
+/// What an operator is told of the triggers and views that somebody put into books; empty when
+/// there are none.
+std::string foreignObjectsText(const std::vector<ForeignObject>& objects,
+                               const std::string& location);
+
+}  // namespace chengheng
