@@ -20,44 +20,62 @@ struct CheckOptions {
 };
 
 const char* titleOf(const std::string& check) {
-    for (const IntegrityCheck& each : integrityChecks())
-        if (check == each.name) return each.title;
+    for (const auto checks : {integrityChecks(), integrityNotes()})
+        for (const IntegrityCheck& each : checks)
+            if (check == each.name) return each.title;
     return "";
 }
 
-std::string jsonOf(const std::vector<IntegrityFault>& faults, const std::string& location) {
+struct Findings {
+    std::vector<IntegrityFault> faults;
+    std::vector<IntegrityFault> notes;
+};
+
+Json listOf(const std::vector<IntegrityFault>& found) {
     Json list = Json::array();
-    for (const IntegrityFault& fault : faults)
+    for (const IntegrityFault& each : found)
         list.push_back(
-            {{"check", fault.check}, {"title", titleOf(fault.check)}, {"text", fault.text}});
+            {{"check", each.check}, {"title", titleOf(each.check)}, {"text", each.text}});
+    return list;
+}
+
+std::string jsonOf(const Findings& found, const std::string& location) {
     Json checks = Json::array();
     for (const IntegrityCheck& check : integrityChecks()) checks.push_back(check.name);
     return jsonText({{"location", shownLocation(location)},
-                     {"sound", faults.empty()},
-                     {"faults", list},
+                     {"sound", found.faults.empty()},
+                     {"faults", listOf(found.faults)},
+                     {"notes", listOf(found.notes)},
                      {"checks", checks}});
 }
 
-std::string textOf(const std::vector<IntegrityFault>& faults) {
+std::string linesOf(const std::vector<IntegrityFault>& found) {
     std::string text;
-    for (const IntegrityFault& fault : faults)
-        text += fmt::format("[{}] {}\n", titleOf(fault.check), printableLine(fault.text));
+    for (const IntegrityFault& each : found)
+        text += fmt::format("[{}] {}\n", titleOf(each.check), printableLine(each.text));
+    return text;
+}
+
+std::string textOf(const Findings& found) {
     const auto checks = integrityChecks().size();
-    return text + (faults.empty() ? fmt::format(tool_texts::noFaults, checks)
-                                  : fmt::format(tool_texts::faultCount, checks, faults.size()));
+    std::string text = linesOf(found.faults);
+    text += found.faults.empty() ? fmt::format(tool_texts::noFaults, checks)
+                                 : fmt::format(tool_texts::faultCount, checks, found.faults.size());
+    if (found.notes.empty()) return text;
+    return linesOf(found.notes) + text + fmt::format(tool_texts::noteCount, found.notes.size());
 }
 
 ExitCode check(Tool& tool, const CheckOptions& options) {
     const auto engine = openBooks(tool, options.books);
     if (engine == nullptr) return ExitCode::failed;
-    std::vector<IntegrityFault> faults;
-    const Status status = checkIntegrity(*engine, faults);
+    Findings found;
+    const Status status = checkIntegrity(*engine, found.faults, &found.notes);
     if (!status) {
-        for (const IntegrityFault& fault : faults) tool.err << fault.text << '\n';
+        for (const IntegrityFault& fault : found.faults) tool.err << fault.text << '\n';
         return tellFailure(tool, status, options.books);
     }
-    tool.out << (options.isJson ? jsonOf(faults, options.books) : textOf(faults)) << '\n';
-    return faults.empty() ? ExitCode::done : ExitCode::faultsFound;
+    tool.out << (options.isJson ? jsonOf(found, options.books) : textOf(found)) << '\n';
+    return found.faults.empty() ? ExitCode::done : ExitCode::faultsFound;
 }
 
 }  // namespace

@@ -93,6 +93,7 @@ inline constexpr const char* no = "否";
 inline constexpr const char* checkCommand = "检查帐套的数据是否完好,逐条列出问题";
 inline constexpr const char* noFaults = "{} 项检查全部通过。";
 inline constexpr const char* faultCount = "{} 项检查,共发现 {} 处问题。";
+inline constexpr const char* noteCount = "另有 {} 处提示,不一定是错误,请核对。";
 
 inline constexpr const char* backupCommand = "把帐套备份到文件,备份时可以照常使用帐套";
 inline constexpr const char* view = "视图";

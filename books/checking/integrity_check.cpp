@@ -36,18 +36,26 @@ constexpr std::array<IntegrityCheck, 21> checks{{
     {"floatingRates", integrity_texts::floatingRatesTitle, checkFloatingRates},
 }};
 
+constexpr std::array<IntegrityCheck, 1> noteChecks{{
+    {"parentSums", integrity_texts::parentSumsTitle, checkParentSums},
+}};
+
 Status run(const IntegrityCheck& check, CheckedBooks& books, std::vector<IntegrityFault>& faults) {
     FaultList list(faults, check.name);
     return check.run(books, list);
 }
 
-Status runAll(CheckedBooks& books, std::vector<IntegrityFault>& faults) {
+Status runAll(CheckedBooks& books, std::vector<IntegrityFault>& faults,
+              std::vector<IntegrityFault>* notes) {
     Status status = run(checks.front(), books, faults);
     // Nothing that is read from a corrupt database can be relied on.
     if (!status || !faults.empty()) return status;
     status = books.read();
     for (const IntegrityCheck& check : std::span(checks).subspan(1))
         if (status) status = run(check, books, faults);
+    if (notes == nullptr) return status;
+    for (const IntegrityCheck& check : noteChecks)
+        if (status) status = run(check, books, *notes);
     return status;
 }
 
@@ -102,11 +110,14 @@ const CheckedAccount* CheckedBooks::findAccount(int id) const {
 
 std::span<const IntegrityCheck> integrityChecks() { return checks; }
 
-Status checkIntegrity(Engine& engine, std::vector<IntegrityFault>& faults) {
+std::span<const IntegrityCheck> integrityNotes() { return noteChecks; }
+
+Status checkIntegrity(Engine& engine, std::vector<IntegrityFault>& faults,
+                      std::vector<IntegrityFault>* notes) {
     Status status = engine.beginReading();
     if (!status) return status;
     CheckedBooks books(engine);
-    status = runAll(books, faults);
+    status = runAll(books, faults, notes);
     const Status ended = engine.rollback();
     return status ? ended : status;
 }

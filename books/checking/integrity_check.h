@@ -30,8 +30,13 @@ struct IntegrityCheck {
 /// The checks in the order in which they run.
 std::span<const IntegrityCheck> integrityChecks();
 
+/// Those that find what may be right and is worth a look.
+std::span<const IntegrityCheck> integrityNotes();
+
 /// Runs all checks on one state of the books, which are only read. Not done when the books
-/// could not be read to the end; the faults found up to there stand in the list.
-Status checkIntegrity(Engine& engine, std::vector<IntegrityFault>& faults);
+/// could not be read to the end; the faults found up to there stand in the list. Notes are
+/// looked for only where they are wanted.
+Status checkIntegrity(Engine& engine, std::vector<IntegrityFault>& faults,
+                      std::vector<IntegrityFault>* notes = nullptr);
 
 }  // namespace chengheng

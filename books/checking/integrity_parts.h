@@ -96,6 +96,7 @@ Status checkOperators(CheckedBooks& books, FaultList& faults);
 Status checkPeriodSums(CheckedBooks& books, FaultList& faults);
 Status checkOpenings(CheckedBooks& books, FaultList& faults);
 Status checkAuxiliarySums(CheckedBooks& books, FaultList& faults);
+Status checkParentSums(CheckedBooks& books, FaultList& notes);
 Status checkFixedRates(CheckedBooks& books, FaultList& faults);
 Status checkFloatingRates(CheckedBooks& books, FaultList& faults);
 

@@ -65,6 +65,10 @@ inline constexpr const char* openingsOfPeriods =
     "SELECT lCodeId, byPeroid, lId, mBegin, dAmtBegin, mFgnBegin FROM AccSum "
     "ORDER BY lCodeId, byPeroid";
 
+/// Account, period and three amounts.
+inline constexpr const char* moneyOfPeriods =
+    "SELECT lCodeId, byPeroid, mBegin, mDebet, mCredit FROM AccSum";
+
 /// Account, period and nine figures, from the account sums or the auxiliary ones.
 inline constexpr const char* accountFigures =
     "SELECT lCodeId, byPeroid, sum(mBegin), sum(mDebet), sum(mCredit), sum(dAmtBegin), "

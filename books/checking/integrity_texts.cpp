@@ -161,6 +161,13 @@ std::string sumsDiffer(const CheckedAccount& account, int period, std::string_vi
                        figure, accountSum, auxiliarySum);
 }
 
+std::string parentDiffers(const CheckedAccount& account, int period, std::string_view figure,
+                          std::string_view amount, std::string_view total, int times) {
+    return fmt::format("{}:第 {} 期{}为 {},下级科目合计为 {}{}", shown(account), period, figure,
+                       amount, total,
+                       times > 1 ? fmt::format(",这样的金额共 {} 个", times) : std::string());
+}
+
 std::string noRates(std::string_view kind, std::string_view currency) {
     return fmt::format("外币 {} 没有{}", currency, kind);
 }

@@ -33,6 +33,7 @@ inline constexpr const char* projectItemsTitle = "项目引用";
 inline constexpr const char* operatorsTitle = "操作员与权限";
 inline constexpr const char* periodSumsTitle = "科目总帐期间";
 inline constexpr const char* auxiliarySumsTitle = "辅助总帐与科目总帐";
+inline constexpr const char* parentSumsTitle = "上级科目与下级合计";
 inline constexpr const char* fixedRatesTitle = "固定汇率";
 inline constexpr const char* floatingRatesTitle = "浮动汇率";
 
@@ -102,6 +103,10 @@ std::string markedAlone(const CheckedAccount& account, std::string_view column,
                         const CheckedAccount& above);
 std::string sumsDiffer(const CheckedAccount& account, int period, std::string_view figure,
                        std::string_view accountSum, std::string_view auxiliarySum);
+
+/// An account above others has another amount than their total; so often, this time first.
+std::string parentDiffers(const CheckedAccount& account, int period, std::string_view figure,
+                          std::string_view amount, std::string_view total, int times);
 
 std::string noRates(std::string_view kind, std::string_view currency);
 std::string ratesMissing(std::string_view kind, std::string_view currency, int year, int count,

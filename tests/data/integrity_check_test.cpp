@@ -335,6 +335,36 @@ TEST_P(Integrity, BooksThatBeginInsideAYearOpenItsFirstPeriodWithOtherFigures) {
     EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("openings", "(第 2 期)的 mBegin 为")));
 }
 
+TEST_P(Integrity, ParentsUnlikeWhatIsBelowThemAreNotedAndNoFault) {
+    std::string rows;
+    int id = 100;
+    for (int period = 1; period <= 12; ++period)
+        for (const char* account : {"2", "3", "4"})
+            rows += "INSERT INTO AccSum (lId, lCodeId, byPeroid, mBegin, mDebet) VALUES (" +
+                    std::to_string(++id) + ", " + account + ", " + std::to_string(period) +
+                    ", 0.30, 7);";
+    runScript(*m_engine, rows + "UPDATE ABIdTable SET lLastId = 200 WHERE sTable = 'AccSum'");
+    const auto notes = [&] {
+        std::vector<IntegrityFault> faults;
+        std::vector<IntegrityFault> found;
+        EXPECT_TRUE(checkIntegrity(*m_engine, faults, &found).isDone());
+        EXPECT_THAT(faults, IsEmpty());
+        return found;
+    };
+    EXPECT_THAT(notes(), IsEmpty());
+    runScript(*m_engine, "UPDATE AccSum SET mDebet = 7.01 WHERE lCodeId = 3 AND byPeroid = 5");
+    EXPECT_THAT(notes(), ElementsAre(faultOf("parentSums",
+                                             "科目 100201 工商银行(编号 3):第 5 期借方金额为 "
+                                             "7.01,下级科目合计为 7.00")));
+    runScript(*m_engine, "UPDATE AccSum SET mBegin = 5 WHERE lCodeId = 2 AND byPeroid > 10");
+    EXPECT_THAT(notes(), ElementsAre(faultOf("parentSums", "100201"),
+                                     faultOf("parentSums",
+                                             "科目 1002 银行存款(编号 2):第 11 期期初金额为 "
+                                             "5.00,下级科目合计为 0.30,这样的金额共 2 个")));
+    runScript(*m_engine, "DELETE FROM AccSum WHERE lCodeId IN (2, 3)");
+    EXPECT_THAT(notes(), IsEmpty());
+}
+
 TEST_P(Integrity, RestrictionAccountMustBeOfTheTopLevel) {
     runScript(*m_engine, "UPDATE Sign SET sCode2 = '100201'");
     EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("references", "“100201”")));

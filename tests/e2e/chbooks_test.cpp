@@ -163,7 +163,7 @@ TEST_P(ToolOnBooks, InfoShowsTheBooksToAProgram) {
     EXPECT_EQ(info["tables"]["Code"], 6);
     EXPECT_EQ(info["tables"]["ProjItems01"], 1);
     EXPECT_GT(info["bytes"], 0);
-    EXPECT_EQ(info["formatVersion"], 2);
+    EXPECT_EQ(info["formatVersion"], 3);
 }
 
 TEST_P(ToolOnBooks, NamesCannotSteerTheTerminal) {
@@ -202,6 +202,22 @@ TEST_P(ToolOnBooks, CheckTellsAProgramEachFault) {
     ASSERT_EQ(found["faults"].size(), 1U);
     EXPECT_EQ(found["faults"][0]["check"], "grades");
     EXPECT_GT(found["checks"].size(), 10U);
+}
+
+TEST_P(ToolOnBooks, CheckTellsWhatIsWorthALookAndIsNoFault) {
+    std::string rows;
+    for (int period = 1; period <= 12; ++period)
+        rows += "INSERT INTO AccSum (lId, lCodeId, byPeroid, mBegin) VALUES (" +
+                std::to_string(100 + period) + ", 2, " + std::to_string(period) + ", 3);";
+    damage(rows + "UPDATE ABIdTable SET lLastId = 200 WHERE sTable = 'AccSum'");
+    const ProgramRun run = chbooks({"check", m_books});
+    EXPECT_EQ(run.exitCode, done);
+    EXPECT_THAT(run.out, HasSubstr("[上级科目与下级合计] 科目 1002 银行存款"));
+    EXPECT_THAT(run.out, HasSubstr("全部通过。另有 1 处提示,不一定是错误,请核对。"));
+    const Json found = Json::parse(chbooks({"check", m_books, "--json"}).out);
+    EXPECT_EQ(found["sound"], true);
+    ASSERT_EQ(found["notes"].size(), 1U);
+    EXPECT_EQ(found["notes"][0]["check"], "parentSums");
 }
 
 TEST_P(ToolOnBooks, BackupAndRestoreBringTheBooksBack) {
