@@ -42,7 +42,6 @@ UntoldOutcome addChecked(IMessages& messages, const AccountFacts& facts, const S
     if (asked.outcome != Outcome::done) return asked;
     _CodeInfo& account = change.account;
     account = newAccount(facts);
-    if (!chart.isRead()) return UntoldOutcome::failed();
     return inOneUnit([&] {
         return inTurn(
             {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parent); }});

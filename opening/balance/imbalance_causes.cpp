@@ -29,7 +29,7 @@ std::string shown(double amount) { return ftoaWithSap(amount, 2); }
 /// Two neighbouring digits exchanged, or the point shifted by one place, so that the amount
 /// becomes the wanted one.
 bool isMisplaced(Cents cents, Cents wanted) {
-    if ((cents < 0) != (wanted < 0) && wanted != 0) return false;
+    if ((cents < 0) != (wanted < 0)) return false;
     const Cents given = std::abs(cents);
     const Cents right = std::abs(wanted);
     if (right == 0 || given == right) return false;

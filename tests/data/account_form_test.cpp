@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <utility>
 
 #include "data/tables/accounts.h"
 #include "tests/support/account_books.h"
@@ -52,6 +53,29 @@ class AccountForms : public testing::TestWithParam<EngineCase> {
 using Codes = std::vector<std::string>;
 
 }  // namespace
+
+TEST_P(AccountForms, DoNotBeginWhateverReadingFails) {
+    const std::pair<const char*, std::function<Status()>> beginnings[] = {
+        {"below", [this] { return m_form.beginNew("1002", "全部"); }},
+        {"beside", [this] { return m_form.beginNew("100201", "全部"); }},
+        {"copy", [this] { return m_form.beginCopy("1002"); }},
+        {"modification", [this] { return m_form.beginModification("1002"); }},
+    };
+    for (const auto& [name, begin] : beginnings) {
+        ASSERT_TRUE(m_form.beginModification("2202"));
+        int call = 1;
+        for (;; ++call) {
+            m_books.engine().failCall(call, Failure::refused);
+            const Status status = begin();
+            const bool hasFailed = m_books.engine().hasFailed();
+            m_books.engine().failCall(0);
+            EXPECT_NE(status.isDone(), hasFailed) << name << " call " << call;
+            if (!hasFailed) break;
+            EXPECT_EQ(m_form.entry().code, "2202") << name << " call " << call;
+        }
+        EXPECT_GT(call, 1) << name;
+    }
+}
 
 TEST_P(AccountForms, BeginANewAccountBelowAnotherAndGoOnFromThere) {
     ASSERT_TRUE(m_form.beginNew("1002", "全部"));

@@ -1,4 +1,6 @@
+#include "opening/auxiliary/auxiliary_directories.h"
 #include "opening/sheet/opening_texts.h"
+#include "session/last_failure.h"
 #include "tests/data/opening_case.h"
 
 namespace chengheng {
@@ -115,6 +117,34 @@ TEST_P(Opening, TakesOverWhatTheBooksHoldWhenThatIsWhatWasTyped) {
     EXPECT_EQ(m_books.rows(), before);
     EXPECT_EQ(m_books.shown("1002"), "200.00");
     EXPECT_FALSE(work().canUndo());
+}
+
+TEST_P(Opening, LeavesWhatWasReadWhereReadingAnewFails) {
+    OpeningBooks books;
+    ASSERT_TRUE(readOpeningBooks(m_books.database(), books));
+    const std::size_t accounts = books.sheet.accounts().size();
+    ASSERT_GT(accounts, 0u);
+    int call = 1;
+    for (;; ++call) {
+        m_books.books().engine().failCall(call, Failure::refused);
+        const Status status = readOpeningBooks(m_books.database(), books);
+        const bool hasFailed = m_books.books().engine().hasFailed();
+        m_books.books().engine().failCall(0);
+        EXPECT_NE(status.isDone(), hasFailed) << call;
+        EXPECT_EQ(books.sheet.accounts().size(), accounts) << call;
+        EXPECT_EQ(books.levelPattern, "4222") << call;
+        if (!hasFailed) break;
+    }
+    EXPECT_GT(call, 3);
+}
+
+TEST_P(Opening, TellsWhichReadingOfADirectoryFailed) {
+    m_books.books().engine().failCall(1, Failure::lost);
+    const auto refusal = directoriesRefusal(AuxiliaryKind::unit);
+    m_books.books().engine().failCall(0);
+    ASSERT_TRUE(refusal.has_value());
+    EXPECT_EQ(refusal->kind, RefusalKind::failed);
+    EXPECT_EQ(refusal->notice.text, lastFailureText());
 }
 
 TEST_P(Opening, MakesAStepOnceUnlessTheSheetIsReadAnew) {
