@@ -92,15 +92,15 @@ Status AccountForm::beginModification(std::string_view code) {
 
 Status AccountForm::proposeBelow(std::string_view parent, std::string& code) const {
     std::vector<std::string> codes;
-    const Status status = codesBelow(parent, codes);
-    code = proposedChild(m_levels, codes, parent);
+    Status status = codesBelow(parent, codes);
+    if (status) code = proposedChild(m_levels, codes, parent);
     return status;
 }
 
 Status AccountForm::proposeBeside(std::string_view place, std::string& code) const {
     std::vector<std::string> codes;
-    const Status status = codesBelow(m_levels.parentOf(place), codes);
-    code = proposedSibling(m_levels, codes, place);
+    Status status = codesBelow(m_levels.parentOf(place), codes);
+    if (status) code = proposedSibling(m_levels, codes, place);
     return status;
 }
 
