@@ -168,7 +168,9 @@ class BooksUpgrades : public testing::TestWithParam<EngineCase> {
         return last;
     }
     void startAnew() {
-        if (hasBackup()) EXPECT_TRUE(removeDatabase(backupOf(m_location)).isDone());
+        if (hasBackup()) {
+            EXPECT_TRUE(removeDatabase(backupOf(m_location)).isDone());
+        }
         m_location = makeOlderBooks(GetParam());
     }
 
@@ -299,9 +301,12 @@ TEST_P(BooksUpgrades, KilledAnywhereLeaveEitherFormWhole) {
         EXPECT_TRUE(checkReadable(*engine).isDone()) << "call " << number;
         if (hasBackup()) {
             // A schema is made before there is anything in it.
-            if (!isKilled || !isServer() || hasTables(backupOf(m_location)))
+            if (!isKilled || !isServer() || hasTables(backupOf(m_location))) {
                 EXPECT_TRUE(contentAt(backupOf(m_location)) == m_before) << "call " << number;
-            if (isKilled) EXPECT_TRUE(removeDatabase(backupOf(m_location)).isDone());
+            }
+            if (isKilled) {
+                EXPECT_TRUE(removeDatabase(backupOf(m_location)).isDone());
+            }
         }
         return isKilled;
     };
@@ -453,8 +458,9 @@ TEST(BooksUpgrade, OnADiskThatFillsUpDuringTheStepsChangesNothing) {
         if (text == "done") break;
         ++failures;
         ASSERT_EQ(contentAt(location), before) << room;
-        if (files::exists(backupOf(location)))
+        if (files::exists(backupOf(location))) {
             EXPECT_TRUE(removeDatabase(backupOf(location)).isDone());
+        }
     }
     EXPECT_GT(failures, 3);
     EXPECT_EQ(keptOf(location, before), before);

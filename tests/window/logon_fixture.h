@@ -54,10 +54,4 @@ inline QString focusedField(const QWidget& window) {
     return focused == nullptr ? QString() : focused->objectName();
 }
 
-inline void clickOn(QWidget& window, const QString& caption) {
-    for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
-        if (button->text() == caption) return QTest::mouseClick(button, Qt::LeftButton);
-    ADD_FAILURE() << "no button " << caption.toStdString();
-}
-
 }  // namespace chengheng

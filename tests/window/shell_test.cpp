@@ -28,6 +28,7 @@
 #include "tests/support/private_postgres.h"
 #include "tests/support/recording_messages.h"
 #include "tests/window/next_modal.h"
+#include "tests/window/typing.h"
 
 using namespace chengheng;
 using namespace std::chrono_literals;

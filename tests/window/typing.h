@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
 #include <QInputMethodEvent>
 #include <QTest>
 #include <QWidget>
@@ -18,6 +21,12 @@ inline void showActive(QWidget& window) {
     window.show();
     window.activateWindow();
     static_cast<void>(QTest::qWaitForWindowActive(&window));
+}
+
+inline void clickOn(QWidget& window, const QString& caption) {
+    for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        if (button->text() == caption) return QTest::mouseClick(button, Qt::LeftButton);
+    ADD_FAILURE() << "no button " << caption.toStdString();
 }
 
 }  // namespace chengheng
