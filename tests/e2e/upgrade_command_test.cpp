@@ -22,12 +22,6 @@ std::string olderBooks() {
     return path;
 }
 
-int layoutAt(const std::string& path) {
-    int number = 0;
-    EXPECT_TRUE(readLayoutNumber(*openForTest(path, OpenMode::existing), number).isDone());
-    return number;
-}
-
 TEST(UpgradeCommand, SaysWhatItWouldDoAndDoesItOnDemand) {
     const std::string path = olderBooks();
     const std::string backup = files::path(path).parent_path() / "Nbzw_format1.db";

@@ -42,4 +42,11 @@ bool isKilledAtWork(const std::function<void()>& work) {
     return false;
 }
 
+std::int32_t endedProcess() {
+    const pid_t process = fork();
+    if (process == 0) _exit(0);
+    waitpid(process, nullptr, 0);
+    return process;
+}
+
 }  // namespace chengheng

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,5 +17,8 @@ bool isKilledAtWork(const std::string& location,
 
 /// The same of work that opens what it needs.
 bool isKilledAtWork(const std::function<void()>& work);
+
+/// A process number that was somebody's and is nobody's now.
+std::int32_t endedProcess();
 
 }  // namespace chengheng

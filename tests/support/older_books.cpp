@@ -3,6 +3,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "data/layout/layout.h"
+#include "tests/support/engine_cases.h"
 #include "tests/support/small_books.h"
 
 namespace chengheng {
@@ -29,6 +31,14 @@ std::string olderTablesFile(const Engine& engine, int number) {
 void fillOlderBooks(Engine& engine, int number) {
     runScript(engine, textOf(olderTablesFile(engine, number)));
     runScript(engine, textOf(fileOf(number, "rows")));
+}
+
+int layoutAt(const std::string& location) {
+    int number = 0;
+    const auto engine = openForTest(location, OpenMode::existing);
+    if (const Status status = readLayoutNumber(*engine, number); !status)
+        throw std::runtime_error(status.detail);
+    return number;
 }
 
 }  // namespace chengheng

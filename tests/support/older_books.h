@@ -15,4 +15,7 @@ std::string olderTablesFile(const Engine& engine, int number);
 /// Makes such books in an empty database; throws when a statement fails.
 void fillOlderBooks(Engine& engine, int number);
 
+/// The number of the layout of books at a place.
+int layoutAt(const std::string& location);
+
 }  // namespace chengheng

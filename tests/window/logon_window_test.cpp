@@ -13,7 +13,7 @@
 #include <fstream>
 
 #include "data/engines/place_beside.h"
-#include "data/layout/layout.h"
+#include "data/tables/schema.h"
 #include "screen/message_boxes.h"
 #include "session/failure_texts.h"
 #include "shell/new_books_window.h"
@@ -118,12 +118,6 @@ struct StationOfOlderBooks : Station {
 
     std::string books = freshFolder() + "/Nbzw.db";
 };
-
-int layoutAt(const std::string& books) {
-    int number = 0;
-    EXPECT_TRUE(readLayoutNumber(*openForTest(books, OpenMode::existing), number).isDone());
-    return number;
-}
 
 }  // namespace
 
