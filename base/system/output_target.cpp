@@ -43,20 +43,20 @@ Status follow(const std::string& path, std::string& end) {
 /// Refused as foreign where books are. What cannot be looked into may be books, too.
 Status refuseBooks(const std::string& path) {
     constexpr std::string_view sign("SQLite format 3\0", 16);
-    struct stat found {};
+    struct stat entry {};
     // A program has them open, perhaps this one, whose locks on them would go with a handle that
     // is closed.
-    if (stat(path.c_str(), &found) == 0 && stat((path + "-shm").c_str(), &found) == 0)
+    if (stat(path.c_str(), &entry) == 0 && stat((path + "-shm").c_str(), &entry) == 0)
         return Status::of(Failure::foreign, path);
     std::array<char, sign.size()> start{};
     const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (file < 0) return errno == ENOENT ? Status::done() : systemFailure(errno, path);
-    const ssize_t got = ::read(file, start.data(), start.size());
+    const ssize_t got = read(file, start.data(), start.size());
     const int error = errno;
     close(file);
     if (got < 0) return error == EISDIR ? Status::done() : systemFailure(error, path);
-    const std::string_view read(start.data(), static_cast<std::size_t>(got));
-    return read == sign ? Status::of(Failure::foreign, path) : Status::done();
+    const std::string_view found(start.data(), static_cast<std::size_t>(got));
+    return found == sign ? Status::of(Failure::foreign, path) : Status::done();
 }
 
 /// The same for a path of what an engine keeps beside books, there or to come.

@@ -66,9 +66,14 @@ std::string shareTable(const std::string& table, const std::string& model) {
 }  // namespace
 
 const EngineDialect& postgresDialect() {
-    static constexpr EngineDialect dialect{
-        "",           " FOR UPDATE", columnDeclaration, columnCheck, true, "", "",
-        otherObjects, now,           shareTable};
+    static constexpr EngineDialect dialect{.likeEscape = "",
+                                           .rowLock = " FOR UPDATE",
+                                           .columnDeclaration = columnDeclaration,
+                                           .columnCheck = columnCheck,
+                                           .addsChecks = true,
+                                           .otherObjects = otherObjects,
+                                           .now = now,
+                                           .shareTable = shareTable};
     return dialect;
 }
 

@@ -61,15 +61,15 @@ std::string columnCheck(const ColumnInfo& column) {
 }
 
 constexpr EngineDialect sqliteDialect{
-    " ESCAPE '\\'",
-    "",
-    columnDeclaration,
-    columnCheck,
-    false,
-    passOverChecks,
-    mindChecks,
-    "SELECT type, name FROM sqlite_master WHERE type <> 'table' ORDER BY type, name",
-    "(julianday('now') - 2440587.5) * 86400.0"};
+    .likeEscape = " ESCAPE '\\'",
+    .rowLock = "",
+    .columnDeclaration = columnDeclaration,
+    .columnCheck = columnCheck,
+    .checksOff = passOverChecks,
+    .checksOn = mindChecks,
+    .otherObjects =
+        "SELECT type, name FROM sqlite_master WHERE type <> 'table' ORDER BY type, name",
+    .now = "(julianday('now') - 2440587.5) * 86400.0"};
 
 class SqliteEngine final : public Engine {
   public:
