@@ -16,8 +16,6 @@
 namespace chengheng {
 namespace {
 
-constexpr int periodsInAYear = 12;
-
 struct Figure {
     const char* title;
     int decimals;  ///< to which the books round it
@@ -79,13 +77,6 @@ struct OpeningRow {
     std::int64_t id;
     std::array<double, openingColumns.size()> figures;
 };
-
-/// NaN for what is no number, which the checks of cells tell.
-double numberIn(const Cursor& row, int column) {
-    const ValueKind kind = row.kind(column);
-    const bool isNumber = kind == ValueKind::integer || kind == ValueKind::real;
-    return isNumber ? row.real(column) : std::nan("");
-}
 
 /// The figure that most periods have is taken for the right one.
 double usualFigure(const std::vector<OpeningRow>& rows, std::size_t column) {

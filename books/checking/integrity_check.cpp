@@ -1,6 +1,7 @@
 #include "books/checking/integrity_check.h"
 
 #include <array>
+#include <cmath>
 
 #include "books/checking/integrity_parts.h"
 #include "books/checking/integrity_sql.h"
@@ -60,6 +61,12 @@ Status runAll(CheckedBooks& books, std::vector<IntegrityFault>& faults,
 }
 
 }  // namespace
+
+double numberIn(const Cursor& row, int column) {
+    const ValueKind kind = row.kind(column);
+    const bool isNumber = kind == ValueKind::integer || kind == ValueKind::real;
+    return isNumber ? row.real(column) : std::nan("");
+}
 
 Status CheckedBooks::read() {
     Status status = readTables();

@@ -11,6 +11,11 @@
 
 namespace chengheng {
 
+inline constexpr int periodsInAYear = 12;
+
+/// NaN for what is no number, which the checks of cells tell.
+double numberIn(const Cursor& row, int column);
+
 /// What the checks look at of an account.
 struct CheckedAccount {
     int id = 0;

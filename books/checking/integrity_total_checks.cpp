@@ -15,10 +15,9 @@
 namespace chengheng {
 namespace {
 
-constexpr int periods = 12;
 constexpr std::array<const char*, 3> amounts{
     integrity_texts::openingMoney, integrity_texts::debitMoney, integrity_texts::creditMoney};
-constexpr std::size_t amountCount = periods * amounts.size();
+constexpr std::size_t amountCount = periodsInAYear * amounts.size();
 
 using Amounts = std::array<double, amountCount>;
 
@@ -26,11 +25,11 @@ using Amounts = std::array<double, amountCount>;
 Status readAmounts(Engine& engine, std::unordered_map<int, Amounts>& read) {
     return forEachRow(engine, integrity_sql::moneyOfPeriods, {}, [&read](const Cursor& row) {
         const std::int64_t period = row.integer(1);
-        if (period < 1 || period > periods) return Status::done();  // told by another check
+        if (period < 1 || period > periodsInAYear) return Status::done();  // told by another check
         Amounts& of = read[static_cast<int>(row.integer(0))];
         const auto first = static_cast<std::size_t>(period - 1) * amounts.size();
         for (std::size_t at = 0; at < amounts.size(); ++at)
-            of[first + at] += row.real(static_cast<int>(at) + 2);
+            of[first + at] += numberIn(row, static_cast<int>(at) + 2);
         return Status::done();
     });
 }
