@@ -96,9 +96,7 @@ inline constexpr const char* faultCount = "{} 项检查,共发现 {} 处问题�
 inline constexpr const char* noteCount = "另有 {} 处提示,不一定是错误,请核对。";
 
 inline constexpr const char* backupCommand = "把帐套备份到文件,备份时可以照常使用帐套";
-inline constexpr const char* view = "视图";
-inline constexpr const char* trigger = "触发器";
-inline constexpr const char* objectLeftOut = "{}“{}”不是本程序建立的,没有带入。";
+inline constexpr const char* objectLeftOut = "{}不是本程序建立的,没有带入。";
 inline constexpr const char* backedUp = "帐套“{}”已备份到“{}”,并核对无误。";
 inline constexpr const char* restoreCommand = "从备份文件恢复帐套";
 inline constexpr const char* restored = "已从“{}”恢复帐套“{}”,并核对无误。";

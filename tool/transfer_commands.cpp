@@ -7,6 +7,7 @@
 
 #include "books/copying/books_transfer.h"
 #include "books/logon/books_session.h"
+#include "books/logon/foreign_objects_text.h"
 #include "data/engines/open_engine.h"
 #include "tool/commands.h"
 #include "tool/output_file.h"
@@ -76,11 +77,7 @@ ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& 
     if (const auto refusal = command.run(from, to, overwrite, &leftOut))
         return tellRefusal(tool, *refusal);
     for (const ForeignObject& object : leftOut)
-        wordsBeside(tool, {to}) << fmt::format(
-                                       tool_texts::objectLeftOut,
-                                       object.isView ? tool_texts::view : tool_texts::trigger,
-                                       object.name)
-                                << '\n';
+        wordsBeside(tool, {to}) << fmt::format(tool_texts::objectLeftOut, nameOf(object)) << '\n';
     wordsBeside(tool, {to}) << fmt::format(command.done, shownLocation(from), shownLocation(to))
                             << '\n';
     return ExitCode::done;

@@ -6,6 +6,7 @@
 #include "base/values/text.h"
 #include "books/checking/integrity_parts.h"
 #include "books/checking/integrity_texts.h"
+#include "books/logon/foreign_objects_text.h"
 #include "data/layout/layout.h"
 #include "data/tables/schema.h"
 #include "data/transfer/foreign_objects.h"
@@ -36,7 +37,7 @@ Status checkObjects(CheckedBooks& books, FaultList& faults) {
     if (status) status = foreignObjects(books.engine(), objects);
     if (!status) return status;
     for (const ForeignObject& object : objects)
-        faults.add(integrity_texts::foreignObject(object.isView, object.name));
+        faults.add(integrity_texts::foreignObject(nameOf(object)));
     for (const TableInfo& table : books.tables())
         for (const std::string& name : indexNames(table))
             if (!indexes.contains(comparedName(name)))

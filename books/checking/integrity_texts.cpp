@@ -26,9 +26,8 @@ std::string wrongPattern(std::string_view pattern) {
     return fmt::format("科目级长“{}”不正确", pattern);
 }
 
-std::string foreignObject(bool isView, std::string_view name) {
-    return fmt::format("{}“{}”不是本程序建立的,可能改动或掩盖数据", isView ? "视图" : "触发器",
-                       name);
+std::string foreignObject(std::string_view object) {
+    return fmt::format("{}不是本程序建立的,可能改动或掩盖数据", object);
 }
 
 std::string indexMissing(std::string_view table, std::string_view name) {

@@ -51,7 +51,7 @@ std::string engineFault(std::string_view detail);
 std::string parameterRows(int rows);
 std::string wrongPattern(std::string_view pattern);
 
-std::string foreignObject(bool isView, std::string_view name);
+std::string foreignObject(std::string_view object);
 std::string indexMissing(std::string_view table, std::string_view name);
 
 /// The value of a column in the row of an id, and what is wrong with it.

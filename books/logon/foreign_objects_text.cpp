@@ -10,6 +10,11 @@
 
 namespace chengheng {
 
+std::string nameOf(const ForeignObject& object) {
+    return fmt::format("{}“{}”", object.isView ? logon_texts::view : logon_texts::trigger,
+                       printableText(object.name));
+}
+
 std::string foreignObjectsText(const std::vector<ForeignObject>& objects,
                                const std::string& location) {
     if (objects.empty()) return {};
@@ -17,8 +22,7 @@ std::string foreignObjectsText(const std::vector<ForeignObject>& objects,
     std::string names;
     for (std::size_t at = 0; at < std::min(objects.size(), mostNamed); ++at) {
         if (at > 0) names += logon_texts::objectSeparator;
-        names += objects[at].isView ? logon_texts::view : logon_texts::trigger;
-        names += printableText(objects[at].name);
+        names += nameOf(objects[at]);
     }
     if (objects.size() > mostNamed) names += fmt::format(logon_texts::moreObjects, objects.size());
     const std::string shown = shownLocation(location);

@@ -61,10 +61,10 @@ inline constexpr const char* dateMalformed =
     "日期“{}”不正确,请按“年-月-日”的格式输入,例如 2026-01-31";
 inline constexpr const char* seeHelp = "{}\n用 chengheng --help 查看说明\n";
 
-inline constexpr const char* trigger = "触发器 ";
-inline constexpr const char* view = "视图 ";
+inline constexpr const char* trigger = "触发器";
+inline constexpr const char* view = "视图";
 inline constexpr const char* objectSeparator = "、";
-inline constexpr const char* moreObjects = " 等 {} 个";
+inline constexpr const char* moreObjects = "等 {} 个";
 inline constexpr const char* foreignInFile =
     "帐套文件“{}”中有不属于本程序的内容:{}。\n"
     "在本程序中它们不起作用。请查明由谁放入;用 chbooks copy 另存的帐套不含这些内容。";

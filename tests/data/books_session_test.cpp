@@ -274,7 +274,7 @@ TEST_P(BooksSessions, TellWhatSomebodyPutIntoTheBooks) {
     }
     ASSERT_EQ(shell.refusalOf(requestFor(m_location)), "");
     const std::string text = shell.session.warning();
-    EXPECT_NE(text.find(m_shown + "”中有不属于本程序的内容:触发器 a␇z、视图 best。"),
+    EXPECT_NE(text.find(m_shown + "”中有不属于本程序的内容:触发器“a␇z”、视图“best”。"),
               std::string::npos)
         << text;
     EXPECT_NE(text.find(isServer ? "服务器会执行它们" : "它们不起作用"), std::string::npos);

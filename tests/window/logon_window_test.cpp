@@ -74,7 +74,7 @@ TEST(LogonWindow, TellsWhatSomebodyPutIntoTheBooks) {
     station.type("password", "secret");
     window.accept();
     EXPECT_EQ(window.result(), QDialog::Accepted);
-    EXPECT_THAT(station.messages.onlyNotice().text, testing::HasSubstr("视图 best"));
+    EXPECT_THAT(station.messages.onlyNotice().text, testing::HasSubstr("视图“best”"));
 }
 
 TEST(LogonWindow, TabGoesThroughTheFieldsInTheirOrder) {
