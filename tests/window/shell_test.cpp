@@ -71,6 +71,15 @@ TEST(Shell, WithCompleteOptionsGoesToWorkWithoutAnyWindow) {
     EXPECT_EQ(g_pDB, nullptr);
 }
 
+TEST(Shell, WithoutAnyWindowTellsWhatSomebodyPutIntoTheBooks) {
+    LaunchOptions options = completeOptions();
+    ASSERT_TRUE(openForTest(options.books, OpenMode::existing)
+                    ->script("CREATE VIEW best AS SELECT * FROM Code"));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(runShell(options, [] {}), ProgramExit::done);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("视图“best”"));
+}
+
 TEST(Shell, RefusedLogonEndsWithItsOwnExitCode) {
     const auto exitFor = [](const LaunchOptions& options) {
         return runShell(options, [] { ADD_FAILURE() << "nobody was to log on"; });
