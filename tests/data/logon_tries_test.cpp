@@ -145,7 +145,9 @@ TEST_P(LogonTries, ThatCannotBeDoNoHarm) {
         Program program(m_location);
         const bool isDelayed = program.logOn("secret") != "";
         program.now += 60;
-        if (isDelayed) EXPECT_EQ(program.logOn("secret"), "") << values;
+        if (isDelayed) {
+            EXPECT_EQ(program.logOn("secret"), "") << values;
+        }
         EXPECT_EQ(logonHistory().lastLogon, "");
     }
 }
@@ -176,7 +178,9 @@ TEST_P(LogonTries, AreCountedByTheProcessWhereBooksCannotBeWritten) {
     };
     for (const double delay : {1, 2, 4, 8, 16}) {
         EXPECT_EQ(begin(), "");
-        if (delay < 16) EXPECT_TRUE(begin().starts_with("password|口令连续输错,请在")) << delay;
+        if (delay < 16) {
+            EXPECT_TRUE(begin().starts_with("password|口令连续输错,请在")) << delay;
+        }
         now += delay;
     }
     now += 1e6;

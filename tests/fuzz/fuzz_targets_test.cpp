@@ -108,6 +108,6 @@ TEST_P(FuzzTargets, HoldOnTheirCorpusAndAThousandMutationsOfIt) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, FuzzTargets, testing::ValuesIn(fuzzTargets()),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& target) { return target.param.name; });
 
 }  // namespace

@@ -234,8 +234,9 @@ TEST(BatchReader, AStatementKnowsNothingOfTheOneBeforeIt) {
             const auto alone = readStatements(second);
             const auto both = readStatements(first + "\n" + second);
             ASSERT_EQ(alone.statements.size() + 1, both.statements.size()) << first << second;
-            if (!alone.statements.empty())
+            if (!alone.statements.empty()) {
                 EXPECT_EQ(both.statements.back(), alone.statements.back()) << first << second;
+            }
         }
 }
 

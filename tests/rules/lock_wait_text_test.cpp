@@ -48,8 +48,9 @@ TEST(LockWaitText, SaysWhenTheHolderIsNotKnown) {
 }
 
 TEST(LockWaitText, ReadsWellWhereNothingIsKnownOfTheHolder) {
-    EXPECT_EQ(lockWaitText({.lockName = "Code"}),
-              "“会计科目”正被其他人使用,请稍候。\n暂时还不知道使用者是谁。");
+    LockHolder holder;
+    holder.lockName = "Code";
+    EXPECT_EQ(lockWaitText(holder), "“会计科目”正被其他人使用,请稍候。\n暂时还不知道使用者是谁。");
 }
 
 TEST(LockWaitText, SpeaksOfTheBooksWhereTheFileItselfIsHeld) {

@@ -243,7 +243,8 @@ TEST_F(XlsxLooks, ColumnsAreAsWideAsToldOrAsTheirCellsNeed) {
     Sheet sheet = sheetOf({{Cell::of(std::string(90, 'x')), Cell::of("a"), Cell::of("科目编码名称"),
                             Cell::of(1234567.5), Cell::of(1234567.5), Cell::of("a")},
                            {Cell::of("b")}});
-    sheet.columns = {{.width = 20}, {}, {}, {.decimals = 2}, {.decimals = {}}, {.decimals = 9}};
+    sheet.columns = {
+        {.width = 20, .decimals = {}}, {}, {}, {.decimals = 2}, {.decimals = {}}, {.decimals = 9}};
     sheet.columns.pop_back();
     sheet.rows[0].push_back(Cell::of(std::string(90, 'y')));
     const std::string cells = partOf(sheet, m_cells);
