@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -23,7 +23,7 @@ class NextModal {
     void look();
 
     std::function<void(QWidget&)> m_act;
-    QWidget* m_before;
+    QPointer<QWidget> m_before;  ///< null once it is gone: the next one may get its place
     QTimer m_timer;
     bool m_hasCome = false;
 };
