@@ -9,6 +9,7 @@
 #include "data/tables/directories.h"
 #include "data/tables/operators.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_layout.h"
 
 namespace {
 
@@ -20,12 +21,7 @@ using chengheng::UnitOfWork;
 /// Batches and units of work in empty books on each engine.
 class Batches : public testing::TestWithParam<EngineCase> {
   protected:
-    void SetUp() override {
-        NbCwDBInfo info;
-        ASSERT_NE(m_db.DBOpen(info, chengheng::freshLocation(GetParam()).c_str(), "books", 0), 0)
-            << m_db.lastStatus().detail;
-        ASSERT_NE(m_db.DBSelect("books"), 0);
-    }
+    void SetUp() override { chengheng::openNewBooks(m_db, chengheng::freshLocation(GetParam())); }
 
     std::string twelveRows(int lastId, int account) {
         std::string batch;

@@ -9,6 +9,7 @@
 #include "session/host_messages.h"
 #include "session/rights/rights_list.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_layout.h"
 #include "tests/support/recording_messages.h"
 
 namespace {
@@ -19,10 +20,7 @@ using namespace chengheng;
 class CheckAuth : public testing::TestWithParam<EngineCase> {
   protected:
     void SetUp() override {
-        NbCwDBInfo info;
-        ASSERT_NE(m_database.DBOpen(info, freshLocation(GetParam()).c_str(), "books", 0), 0)
-            << m_database.lastStatus().detail;
-        ASSERT_NE(m_database.DBSelect("books"), 0);
+        openNewBooks(m_database, freshLocation(GetParam()));
         std::string rights(255, 'N');
         rights[40] = 'Y';
         rights[42] = 'y';

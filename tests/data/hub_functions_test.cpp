@@ -10,6 +10,7 @@
 #include "session/host_globals.h"
 #include "session/host_messages.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_layout.h"
 #include "tests/support/recording_messages.h"
 
 namespace {
@@ -37,10 +38,7 @@ class RecordedWindows final : public IHubWindows {
 class HubFunctionChecks : public testing::TestWithParam<EngineCase> {
   protected:
     void SetUp() override {
-        NbCwDBInfo info;
-        ASSERT_NE(m_database.DBOpen(info, freshLocation(GetParam()).c_str(), "books", 0), 0)
-            << m_database.lastStatus().detail;
-        ASSERT_NE(m_database.DBSelect("books"), 0);
+        openNewBooks(m_database, freshLocation(GetParam()));
         m_session.emplace(SessionFacts{
             .database = &m_database, .databaseName = "books", .logonUser = {5, 5, 5, 0, "会计"}});
         grant({});

@@ -13,6 +13,7 @@
 #include "session/host_globals.h"
 #include "session/host_messages.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_layout.h"
 #include "tests/support/recording_messages.h"
 
 namespace {
@@ -23,10 +24,7 @@ using namespace chengheng;
 class Lookups : public testing::TestWithParam<EngineCase> {
   protected:
     void SetUp() override {
-        NbCwDBInfo info;
-        ASSERT_NE(m_database.DBOpen(info, freshLocation(GetParam()).c_str(), "books", 0), 0)
-            << m_database.lastStatus().detail;
-        ASSERT_NE(m_database.DBSelect("books"), 0);
+        openNewBooks(m_database, freshLocation(GetParam()));
         run("INSERT INTO zAccountM VALUES(7, '澄恒贸易', '澄恒贸易有限公司', '2024/3/1', '4222', "
             "1, "
             "2024)");

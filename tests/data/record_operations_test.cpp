@@ -10,6 +10,7 @@
 #include "data/tables/vouchers.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
+#include "tests/support/made_layout.h"
 #include "tests/support/small_books.h"
 
 namespace {
@@ -22,12 +23,7 @@ using chengheng::UnitOfWork;
 /// Empty books on each engine.
 class RecordOperations : public testing::TestWithParam<EngineCase> {
   protected:
-    void SetUp() override {
-        NbCwDBInfo info;
-        ASSERT_NE(m_db.DBOpen(info, chengheng::freshLocation(GetParam()).c_str(), "books", 0), 0)
-            << m_db.lastStatus().detail;
-        ASSERT_NE(m_db.DBSelect("books"), 0);
-    }
+    void SetUp() override { chengheng::openNewBooks(m_db, chengheng::freshLocation(GetParam())); }
 
     int addAccount(const std::string& code, const std::string& name = "账户") {
         _CodeInfo account;

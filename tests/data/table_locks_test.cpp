@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_layout.h"
 
 namespace {
 
@@ -18,10 +19,9 @@ class LocksOfAnAction : public testing::TestWithParam<EngineCase> {
   protected:
     void SetUp() override {
         const std::string location = chengheng::freshLocation(GetParam());
+        chengheng::openNewBooks(m_one, location);
         NbCwDBInfo info;
-        ASSERT_NE(m_one.DBOpen(info, location.c_str(), "books", 0), 0);
         ASSERT_NE(m_two.DBOpen(info, location.c_str(), "books", 1), 0);
-        ASSERT_NE(m_one.DBSelect("books"), 0);
         ASSERT_NE(m_two.DBSelect("books"), 0);
         m_one.setLockWaiter(&m_waiter);
         m_two.setLockWaiter(&m_waiter);

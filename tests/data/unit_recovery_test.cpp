@@ -7,6 +7,7 @@
 #include "data/tables/accounts.h"
 #include "data/tables/balances.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_layout.h"
 #include "tests/support/private_postgres.h"
 
 namespace {
@@ -23,9 +24,7 @@ class Units : public testing::TestWithParam<EngineCase> {
   protected:
     void SetUp() override {
         m_location = chengheng::freshLocation(GetParam());
-        NbCwDBInfo info;
-        ASSERT_NE(m_db.DBOpen(info, m_location.c_str(), "books", 0), 0) << m_db.lastStatus().detail;
-        ASSERT_NE(m_db.DBSelect("books"), 0);
+        chengheng::openNewBooks(m_db, m_location);
     }
 
     int run(const std::string& batch) { return m_db.QRYExecuteSQL(batch); }

@@ -17,6 +17,7 @@
 #include "data/tables/record_type.h"
 #include "data/tables/vouchers.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/made_layout.h"
 #include "tests/support/small_books.h"
 
 namespace chengheng {
@@ -39,8 +40,7 @@ UPDATE ABIdTable SET lLastId = 400
 )";
 
 void fill(Engine& engine) {
-    if (const Status status = createLayout(engine); !status)
-        throw std::runtime_error(status.detail);
+    makeLayout(engine);
     if (const Status status = engine.begin(); !status) throw std::runtime_error(status.detail);
     runScript(engine, beginning);
     runScript(engine, createTableSql(projectItemTable("01"), engine.dialect()));

@@ -5,6 +5,7 @@
 
 #include "data/access/row_lease.h"
 #include "data/tables/settlement.h"
+#include "tests/support/made_layout.h"
 
 namespace chengheng {
 namespace {
@@ -16,8 +17,12 @@ void mustBe(CNbCwDB& database, bool isDone) {
 }  // namespace
 
 SettleBooks::SettleBooks(const std::string& location, bool isNew) {
+    if (isNew) {
+        openNewBooks(database, location);
+        return;
+    }
     NbCwDBInfo info;
-    mustBe(database, database.DBOpen(info, location.c_str(), "books", isNew ? 0 : 1) != 0);
+    mustBe(database, database.DBOpen(info, location.c_str(), "books", 1) != 0);
     mustBe(database, database.DBSelect("books") != 0);
 }
 
