@@ -129,8 +129,8 @@ std::size_t countOf(const std::vector<ImbalanceCause>& causes, ImbalanceKind kin
 
 std::vector<ImbalanceCause> imbalanceCauses(const OpeningSheet& sheet, const TrialBalance& balance,
                                             const AuxiliaryOpenings* details) {
+    if (balance.isBalanced() || balance.difference() * 100 > largestInCents) return {};
     std::vector<ImbalanceCause> causes;
-    if (balance.isBalanced() || balance.difference() * 100 > largestInCents) return causes;
     const Cents surplus = centsOf(balance.surplus());
     const auto add = [&causes](ImbalanceKind kind, std::size_t place, std::string text) {
         if (countOf(causes, kind) < mostOfAKind) causes.push_back({kind, place, std::move(text)});

@@ -117,7 +117,6 @@ bool isAsPosted(const OpeningSheet& sheet, std::size_t place, const StoredSums& 
 }  // namespace
 
 Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& written) {
-    m_hasReadAnew = false;
     m_step = make(m_books.sheet);
     if (m_step.empty()) return Outcome::done;
     const Outcome outcome = changeRecords(messages, lockLists, [&] { return run(make); });

@@ -58,9 +58,12 @@ std::vector<Balances> figuresOf(const OpeningSheet& sheet) {
 
 class OpeningFaults : public testing::TestWithParam<EngineCase> {
   protected:
-    void failEachCall(const Action& action, Failure failure) {
+    void failEachCall(const Action& action, Failure failure, bool isChangedByOthers = false) {
         OpeningTestBooks books(freshLocation(GetParam()));
         prepare(books);
+        if (isChangedByOthers)
+            books.books().run(formatSql("UPDATE AccSum SET mBegin = 4 WHERE lCodeId = %d",
+                                        books.idOf("10020101")));
         const Texts before = books.rows();
         const auto figures = figuresOf(books.work().sheet());
         bool isDone = false;
@@ -95,6 +98,10 @@ TEST_P(OpeningFaults, OnAFullDiskChangeNothingAndAreTold) {
 
 TEST_P(OpeningFaults, ByALostConnectionChangeNothingAndAreTold) {
     for (const Action& action : actions) failEachCall(action, Failure::lost);
+}
+
+TEST_P(OpeningFaults, LeaveTheSheetAsItWasWhereOthersChangedTheBooks) {
+    failEachCall(actions[0], Failure::full, true);
 }
 
 TEST_P(OpeningFaults, OfAnUndoLeaveItToBeUndone) {

@@ -132,6 +132,17 @@ TEST(ImbalanceCauses, NameAnAuxiliaryAccountWithoutDetailsAndOneWithHugeOnes) {
     EXPECT_EQ(causes[1].place, 1u);
 }
 
+TEST(ImbalanceCauses, TrustDetailsAsFarAsCentsCanHoldThem) {
+    const OpeningSheet sheet =
+        sheetOf({AccountDraft{"1122", 9e13}.keptBy("B"), AccountDraft{"1123", 1}.keptBy("B"),
+                 creditOf("2001", 9e13)});
+    const AuxiliaryOpenings details{{1, 9e13}, {2, 1}};
+    const auto causes = imbalanceCauses(sheet, TrialBalance(classes, sheet.accounts()), &details);
+    ASSERT_FALSE(causes.empty());
+    for (const ImbalanceCause& cause : causes)
+        EXPECT_NE(cause.kind, ImbalanceKind::detailsDiffer) << cause.text;
+}
+
 TEST(ImbalanceCauses, TellOfADivisorNineThatNoAccountExplains) {
     EXPECT_EQ(textsOf({{"1001", 1234.5}, creditOf("2001", 1000.5)}),
               Texts{"差额 234.00 能被9整除,可能有相邻的数字颠倒或小数点错位。"});
