@@ -56,10 +56,7 @@ bool DelimitedReader::next(std::string& cell) {
     m_column += passRun(m_separator);
     if (!readCell(cell)) return false;
     m_isLastOfRow = isAtEnd() || m_text[m_at] != m_separator;
-    if (m_isLastOfRow)
-        skipLineEnd();
-    else
-        ++m_at;
+    skipCellEnd();
     return true;
 }
 
@@ -115,7 +112,8 @@ bool DelimitedReader::refuse(const char* reason) {
     return false;
 }
 
-void DelimitedReader::skipLineEnd() {
+/// Passes the separator or line end at which the reader stands, if there is one.
+void DelimitedReader::skipCellEnd() {
     if (m_text.substr(m_at).starts_with("\r\n"))
         m_at += 2;
     else if (!isAtEnd())

@@ -39,7 +39,7 @@ class DelimitedReader {
     std::size_t bareEnd(std::size_t from) const;
     bool isCellEnd(std::size_t at) const;
     bool refuse(const char* reason);
-    void skipLineEnd();
+    void skipCellEnd();
 
     std::string_view m_text;
     char m_separator;
