@@ -63,6 +63,8 @@ DECLARE each record; mine text := current_schema(); old regnamespace := to_regna
 BEGIN
     IF old IS NULL OR ({2}) IS DISTINCT FROM '{3}' OR
         EXISTS (SELECT 1 FROM pg_proc WHERE pronamespace = old) OR
+        EXISTS (SELECT 1 FROM pg_class
+            WHERE relnamespace = old AND relkind NOT IN ('r', 'i', 'v')) OR
         EXISTS (SELECT 1 FROM pg_namespace WHERE oid = old AND nspacl IS NOT NULL) OR
         EXISTS (SELECT 1 FROM pg_class WHERE oid IN ({1}) AND pg_relation_size(oid) > 300000)
     THEN
@@ -103,16 +105,13 @@ bool takeOver(Engine& engine, const MadeTables& made) {
     return false;
 }
 
-/// Takes over what an earlier test made, if there is anything.
+/// Takes over what the last of the earlier tests made that left its tables as they were.
 bool takeOverAny(Engine& engine) {
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
     const std::string server = serverOf(engine);
     std::vector<MadeTables>& tables = madeTables();
-    for (std::size_t at = 0; at < tables.size();) {
-        if (tables[at].test == test || tables[at].server != server) {
-            ++at;
-            continue;
-        }
+    for (std::size_t at = tables.size(); at-- > 0;) {
+        if (tables[at].test == test || tables[at].server != server) continue;
         const MadeTables made = tables[at];
         tables.erase(tables.begin() + static_cast<std::ptrdiff_t>(at));
         if (takeOver(engine, made)) return true;
