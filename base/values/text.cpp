@@ -77,6 +77,12 @@ char lowerAscii(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
+std::string inSmallLetters(std::string_view text) {
+    std::string small(text);
+    std::ranges::transform(small, small.begin(), lowerAscii);
+    return small;
+}
+
 bool isSameInAnyCase(std::string_view one, std::string_view other) {
     return std::ranges::equal(one, other, {}, lowerAscii, lowerAscii);
 }

@@ -28,6 +28,8 @@ std::string printableLine(std::string_view text);
 
 /// The small form of a letter A to Z; every other byte as it is.
 char lowerAscii(char letter);
+/// A text with the letters A to Z small, as engines compare names.
+std::string inSmallLetters(std::string_view text);
 /// Whether the texts differ at most in the case of letters A to Z.
 bool isSameInAnyCase(std::string_view one, std::string_view other);
 /// Whether the text holds the other one, letters A to Z in any case.

@@ -18,9 +18,7 @@ namespace {
 /// As every engine compares it: a server shortens names and writes them small.
 std::string comparedName(std::string_view name) {
     constexpr std::size_t longestName = 63;
-    std::string compared(name.substr(0, longestName));
-    for (char& letter : compared) letter = lowerAscii(letter);
-    return compared;
+    return inSmallLetters(name.substr(0, longestName));
 }
 
 }  // namespace

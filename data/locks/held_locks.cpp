@@ -11,11 +11,7 @@ constexpr std::string_view blanks = " \t\r\n";
 
 }  // namespace
 
-std::string lockKey(std::string_view name) {
-    std::string key(name);
-    std::ranges::transform(key, key.begin(), lowerAscii);
-    return key;
-}
+std::string lockKey(std::string_view name) { return inSmallLetters(name); }
 
 std::vector<LockName> readLockNames(std::string_view list) {
     std::vector<LockName> names;

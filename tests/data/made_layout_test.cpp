@@ -35,6 +35,9 @@ constexpr Leftover leftovers[] = {
      "CREATE FUNCTION nothing() RETURNS trigger LANGUAGE plpgsql AS "
      "'BEGIN RETURN NEW; END'; CREATE TRIGGER eager BEFORE INSERT ON Code "
      "FOR EACH ROW EXECUTE FUNCTION nothing()"},
+    {"Functions", "CREATE FUNCTION nothing() RETURNS integer LANGUAGE sql AS 'SELECT 1'"},
+    {"RightsOfTheSchema",
+     "DO $$ BEGIN EXECUTE format('GRANT USAGE ON SCHEMA %I TO PUBLIC', current_schema()); END $$"},
     {"Rights", "GRANT SELECT ON Code TO PUBLIC"},
     {"Nothing", ""},
 };
@@ -50,7 +53,8 @@ std::string catalogOf(Engine& engine) {
         "WHERE connamespace = current_schema()::regnamespace UNION ALL "
         "SELECT concat('column ', table_name, column_name, data_type, column_default) "
         "FROM information_schema.columns WHERE table_schema = current_schema() UNION ALL "
-        "SELECT concat('function ', proname) FROM pg_proc "
+        "SELECT concat('schema ', nspacl) FROM pg_namespace WHERE nspname = current_schema() "
+        "UNION ALL SELECT concat('function ', proname) FROM pg_proc "
         "WHERE pronamespace = current_schema()::regnamespace) AS lines (line)");
 }
 

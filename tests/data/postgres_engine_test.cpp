@@ -94,6 +94,15 @@ TEST_F(PostgresOpening, TablesOfOtherSchemasAreNotSeen) {
     EXPECT_EQ(runSql(*engine, "INSERT INTO Mine VALUES (1)").failure, Failure::refused);
 }
 
+TEST_F(PostgresOpening, ATableThatStatementsCannotNameIsNone) {
+    const auto engine = openForTest(m_address);
+    ASSERT_TRUE(engine->script("CREATE TABLE \"Mine\" (lId integer)"));
+    bool isFound = true;
+    ASSERT_TRUE(engine->hasTable("Mine", isFound));
+    EXPECT_FALSE(isFound);
+    EXPECT_EQ(runSql(*engine, "INSERT INTO Mine VALUES (1)").failure, Failure::refused);
+}
+
 class PostgresEngines : public testing::Test {
   protected:
     void SetUp() override {

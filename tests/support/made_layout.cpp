@@ -123,12 +123,10 @@ bool takeOverAny(Engine& engine) {
 
 void makeLayout(Engine& engine) {
     const bool isServer = !engine.dialect().rowLock.empty();
-    if (isServer && takeOverAny(engine)) {
-        madeTables().push_back(tablesOf(engine));
-        return;
+    if (!isServer || !takeOverAny(engine)) {
+        if (const Status status = createLayout(engine); !status)
+            throw std::runtime_error(status.detail);
     }
-    if (const Status status = createLayout(engine); !status)
-        throw std::runtime_error(status.detail);
     if (isServer) madeTables().push_back(tablesOf(engine));
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/values/text.h"
 #include "data/engines/postgres/postgres_cursor.h"
 #include "data/engines/postgres/postgres_dialect.h"
 #include "data/engines/postgres/postgres_locks.h"
@@ -203,13 +204,12 @@ Status PostgresEngine::hasTable(std::string_view name, bool& found) {
     found = false;
     if (Status status = m_transaction.mayRun(); !status) return status;
     PostgresResult result;
-    // Statements name tables without quotes, so the server knows them by their small letters. It
-    // has an index of the names as they are, and a table for each of every set of books.
+    // Statements name tables without quotes, so the server knows them by their small letters,
+    // whatever its language takes for those. Of the names as they are it has an index.
     const Status status = m_transaction.run(
         "SELECT 1 FROM pg_class JOIN pg_namespace n ON n.oid = relnamespace WHERE nspname = " +
             quotedLiteral(m_connection.address().schema) +
-            " AND relkind IN ('r', 'p') AND relname = CAST(lower(" + quotedLiteral(name) +
-            ") AS name)",
+            " AND relkind IN ('r', 'p') AND relname = " + quotedLiteral(inSmallLetters(name)),
         &result);
     found = status && PQntuples(result.get()) > 0;
     return status;
