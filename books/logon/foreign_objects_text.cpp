@@ -12,7 +12,7 @@ namespace chengheng {
 
 std::string nameOf(const ForeignObject& object) {
     return fmt::format("{}“{}”", object.isView ? logon_texts::view : logon_texts::trigger,
-                       printableText(object.name));
+                       printableLine(object.name));
 }
 
 std::string foreignObjectsText(const std::vector<ForeignObject>& objects,

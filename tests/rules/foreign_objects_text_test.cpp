@@ -15,5 +15,9 @@ TEST(ForeignObjectsText, NamesTheFirstFiveAndCountsTheRest) {
     EXPECT_NE(foreignObjectsText(objects, "/n.db").find("、视图“e”等 6 个。"), std::string::npos);
 }
 
+TEST(ForeignObjectsText, KeepsANameOnItsLine) {
+    EXPECT_EQ(nameOf({false, "a\n帐套\tb"}), "触发器“a␊帐套␉b”");
+}
+
 }  // namespace
 }  // namespace chengheng
