@@ -16,23 +16,27 @@ TableLocks::TableLocks(CNbCwDB& database, std::string referringTables, std::stri
       m_referringTables(std::move(referringTables)),
       m_ownTables(std::move(ownTables)),
       m_order(order) {
-    if (m_database.SQLLock(m_referringTables.c_str(), sharedMode, waiting) == 0) {
-        m_status = m_database.lastStatus();
-        return;
-    }
-    if (m_database.SQLLock(m_ownTables.c_str(), exclusiveMode, waiting) == 0) {
-        m_status = m_database.lastStatus();
+    if (!take(m_referringTables, sharedMode)) return;
+    if (!take(m_ownTables, exclusiveMode) && !m_referringTables.empty())
         m_database.SQLUnLock(m_referringTables.c_str(), sharedMode);
-    }
+}
+
+bool TableLocks::take(const std::string& tables, int mode) {
+    if (!tables.empty() && m_database.SQLLock(tables.c_str(), mode, waiting) == 0)
+        m_status = m_database.lastStatus();
+    return m_status.isDone();
 }
 
 TableLocks::~TableLocks() {
     LockService* locks = m_database.lockService(m_name);
     if (!areGranted() || locks == nullptr) return;
     const bool isReversed = m_order == ReleaseOrder::reversed;
-    if (isReversed) locks->unlock(m_ownTables, LockMode::exclusive);
-    locks->unlock(m_referringTables, LockMode::shared);
-    if (!isReversed) locks->unlock(m_ownTables, LockMode::exclusive);
+    const auto release = [locks](const std::string& tables, LockMode mode) {
+        if (!tables.empty()) locks->unlock(tables, mode);
+    };
+    if (isReversed) release(m_ownTables, LockMode::exclusive);
+    release(m_referringTables, LockMode::shared);
+    if (!isReversed) release(m_ownTables, LockMode::exclusive);
 }
 
 }  // namespace chengheng

@@ -14,7 +14,7 @@ enum class ReleaseOrder { asTaken, reversed };
 /// not granted must not run.
 class TableLocks {
   public:
-    /// Either list may be empty. The database must outlive the locks.
+    /// Of an empty list nothing is asked. The database must outlive the locks.
     TableLocks(CNbCwDB& database, std::string referringTables, std::string ownTables,
                ReleaseOrder order = ReleaseOrder::asTaken);
     ~TableLocks();
@@ -25,6 +25,8 @@ class TableLocks {
     const Status& status() const { return m_status; }
 
   private:
+    bool take(const std::string& tables, int mode);
+
     CNbCwDB& m_database;
     std::string m_name;
     std::string m_referringTables;
