@@ -104,7 +104,8 @@ AccountBooks::AccountBooks(const std::string& location, bool isNew) {
     m_engine = faulty.get();
     m_database.adopt(std::move(faulty), location.c_str(), "books");
     mustBe(m_database.DBSelect("books") != 0, m_database, "DBSelect");
-    m_session.emplace(SessionFacts{.database = &m_database, .databaseName = "books"});
+    m_session.emplace(SessionFacts{
+        .database = &m_database, .databaseName = "books", .logonUser = {1, 1, 1, 1, "张三"}});
 }
 
 AccountBooks::~AccountBooks() = default;

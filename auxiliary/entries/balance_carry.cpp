@@ -1,0 +1,146 @@
+#include "auxiliary/entries/balance_carry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "auxiliary/members/auxiliary_sql.h"
+#include "data/access/row_lease.h"
+#include "data/connection/id_counters.h"
+#include "data/tables/balances.h"
+#include "opening/editing/amount_text.h"
+#include "opening/storing/posting.h"
+
+namespace chengheng {
+namespace {
+
+EntryFigures openingOf(const _AssAccInfo& row) { return {row.mBegin, row.mFBegin, row.dBegin}; }
+
+EntryFigures openingOf(const _AccSumInfo& row) {
+    return {row.mBegin, row.mFgnBegin, row.dAmtBegin};
+}
+
+bool isTooLargeFigure(const EntryFigures& figures) {
+    return std::ranges::any_of(std::array{figures.money, figures.foreign, figures.quantity},
+                               [](double value) { return !(std::fabs(value) < leastTooLarge); });
+}
+
+/// The first row of each period: a combination has one for each.
+std::vector<_AssAccInfo> firstOfPeriods(std::vector<_AssAccInfo> rows) {
+    std::ranges::stable_sort(
+        rows, {}, [](const _AssAccInfo& row) { return std::pair(row.byPeroid, row.lId); });
+    const auto more = std::ranges::unique(rows, {}, &_AssAccInfo::byPeroid);
+    rows.erase(more.begin(), more.end());
+    return rows;
+}
+
+bool haveSameOpening(const std::vector<_AssAccInfo>& rows) {
+    return std::ranges::all_of(
+        rows, [&](const _AssAccInfo& row) { return openingOf(row) == openingOf(rows.front()); });
+}
+
+Status run(CNbCwDB& database, const std::string& batch) {
+    if (batch.empty() || database.QRYExecuteSQL(batch) != 0) return Status::done();
+    return database.lastStatus();
+}
+
+/// The last id handed out, when so many may follow.
+Status readLastId(CNbCwDB& database, int lastId, int wanted) {
+    if (lastId < 0 || !database.lastStatus()) return database.lastStatus();
+    return checkIdsLeft(lastId, wanted);
+}
+
+}  // namespace
+
+EntryDimensions BalanceCarry::combinationOf(const EntryDimensions& of) const {
+    EntryDimensions kept;
+    if (m_member.has(Dimension::department)) kept.department = of.department;
+    if (m_member.has(Dimension::person)) kept.person = of.person;
+    if (m_member.has(Dimension::unit)) kept.unit = of.unit;
+    if (m_member.has(Dimension::item)) {
+        kept.item = of.item;
+        kept.itemClass = of.itemClass;
+    }
+    return kept;
+}
+
+void BalanceCarry::takeOff(const EntryContent& entry) {
+    const EntryFigures figures = -figuresOf(entry, m_account);
+    m_total = m_total + figures;
+    if (std::fabs(figures.money) < leastMoney) return;
+    EntryFigures& sum = m_combinations[combinationOf(entry.of)];
+    sum = sum + figures;
+}
+
+void BalanceCarry::put(const EntryContent& entry) {
+    const EntryFigures figures = figuresOf(entry, m_account);
+    m_total = m_total + figures;
+    EntryFigures& sum = m_combinations[combinationOf(entry.of)];
+    sum = sum + figures;
+}
+
+Status BalanceCarry::write(CNbCwDB& database, bool& isTooLarge) {
+    isTooLarge = false;
+    const Status status = writeAuxiliary(database, isTooLarge);
+    return status ? writeAccount(database, isTooLarge) : status;
+}
+
+Status BalanceCarry::writeAuxiliary(CNbCwDB& database, bool& isTooLarge) {
+    std::string batch;
+    std::vector<std::pair<EntryDimensions, EntryFigures>> fresh;
+    for (const auto& [of, moved] : m_combinations) {
+        const RowLease<_AssAccInfo> lease(database, m_member.sumsOf(m_account.id, of).c_str());
+        if (!lease.isRead()) return database.lastStatus();
+        if (!lease.isFound()) {
+            fresh.emplace_back(of, moved);
+            isTooLarge = isTooLarge || isTooLargeFigure(moved);
+            continue;
+        }
+        if (moved == EntryFigures()) continue;
+        const std::vector<_AssAccInfo> rows = firstOfPeriods(lease.copy());
+        const bool isOneStatement = rows.size() == lease.rows().size() && haveSameOpening(rows);
+        for (const _AssAccInfo& row : rows) {
+            const EntryFigures opening = openingOf(row) + moved;
+            isTooLarge = isTooLarge || isTooLargeFigure(opening);
+            if (!isOneStatement) auxiliary_sql::updateOneRow(batch, opening, row.lId);
+        }
+        if (isOneStatement)
+            m_member.updateSums(batch, openingOf(rows.front()) + moved, m_account.id, of);
+    }
+    if (!fresh.empty()) {
+        const int wanted = static_cast<int>(fresh.size()) * periodRows;
+        std::int32_t lastId = database.AssAcc_GetLastId();
+        if (const Status status = readLastId(database, lastId, wanted); !status) return status;
+        for (const auto& [of, figures] : fresh)
+            for (int period = 1; period <= periodRows; ++period)
+                auxiliary_sql::insertAuxiliary(batch, ++lastId, period, m_account.id, of, figures);
+        auxiliary_sql::setLastAuxiliaryId(batch, lastId);
+    }
+    return run(database, batch);
+}
+
+Status BalanceCarry::writeAccount(CNbCwDB& database, bool& isTooLarge) {
+    const std::string condition = auxiliary_sql::accountSums(m_account.id);
+    const RowLease<_AccSumInfo> lease(database, condition.c_str());
+    if (!lease.isRead()) return database.lastStatus();
+    std::string batch;
+    for (const _AccSumInfo* row : lease.rows()) {
+        const EntryFigures opening = openingOf(*row) + m_total;
+        isTooLarge = isTooLarge || isTooLargeFigure(opening);
+        if (opening != openingOf(*row))
+            auxiliary_sql::updateAccountSums(batch, opening, m_account.id, row->byPeroid);
+    }
+    if (!lease.isFound()) {
+        std::int32_t lastId = database.AccSum_GetLastId();
+        if (const Status status = readLastId(database, lastId, periodRows); !status) return status;
+        isTooLarge = isTooLarge || isTooLargeFigure(m_total);
+        for (int period = 1; period <= periodRows; ++period)
+            auxiliary_sql::insertAccountSums(batch, ++lastId, m_account.id, period, m_total);
+        auxiliary_sql::setLastAccountSumsId(batch, lastId);
+    }
+    return run(database, batch);
+}
+
+}  // namespace chengheng

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <map>
+
+#include "auxiliary/entries/auxiliary_entry.h"
+#include "auxiliary/members/auxiliary_member.h"
+#include "data/access/CNbCwDB.h"
+
+namespace chengheng {
+
+/// Below this a money figure counts as none.
+inline constexpr double leastMoney = 0.0001;
+
+/// Carries changes of the entries of one account into its auxiliary sums and its period sums, as
+/// differences: rows of twelve periods that differ from each other each move by the same.
+/// Changes of one combination that come together are one movement.
+class BalanceCarry {
+  public:
+    BalanceCarry(const AuxiliaryMember& member, const AuxiliaryAccount& account)
+        : m_member(member), m_account(account) {}
+
+    /// An entry goes. Without money it leaves the auxiliary sums as they are.
+    void takeOff(const EntryContent& entry);
+    /// An entry comes.
+    void put(const EntryContent& entry);
+
+    /// Writes into the selected database; to be called in a unit of work that holds the sums.
+    /// `isTooLarge` tells that a balance is more than the books hold exactly: then nothing of the
+    /// unit is to be kept.
+    Status write(CNbCwDB& database, bool& isTooLarge);
+
+  private:
+    EntryDimensions combinationOf(const EntryDimensions& of) const;
+    Status writeAuxiliary(CNbCwDB& database, bool& isTooLarge);
+    Status writeAccount(CNbCwDB& database, bool& isTooLarge);
+
+    const AuxiliaryMember& m_member;
+    const AuxiliaryAccount& m_account;
+    std::map<EntryDimensions, EntryFigures> m_combinations;
+    EntryFigures m_total;
+};
+
+}  // namespace chengheng

@@ -1,0 +1,278 @@
+#include "auxiliary/entries/entry_service.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "auxiliary/entries/balance_carry.h"
+#include "auxiliary/entries/dimension_lookup.h"
+#include "auxiliary/entries/entry_reading.h"
+#include "auxiliary/members/auxiliary_sql.h"
+#include "auxiliary/members/auxiliary_texts.h"
+#include "data/access/row_lease.h"
+#include "data/access/table_locks.h"
+#include "data/connection/id_counters.h"
+#include "data/tables/accounts.h"
+#include "data/tables/vouchers.h"
+#include "opening/storing/opening_reading.h"
+#include "opening/storing/posting.h"
+#include "session/host_globals.h"
+
+namespace chengheng {
+namespace {
+
+constexpr const char* writtenTables = "AssAcc AccSum RegMain RegSug";  // sic
+constexpr const char* accounts = "Code";
+
+/// The chart, where the member's list does not name it.
+const char* furtherTables(const AuxiliaryMember& member) {
+    const std::string_view listed = member.lookupTables;
+    const bool isListed = listed.substr(listed.rfind(' ') + 1) == accounts;
+    return isListed ? "" : accounts;
+}
+
+/// One call of the service, under its locks.
+class EntryWriting {
+  public:
+    EntryWriting(const AuxiliaryMember& member, const AuxiliaryAccount& account,
+                 std::span<EntryChange> changes)
+        : m_member(member), m_account(account), m_changes(changes), m_carry(member, account) {}
+
+    UntoldOutcome run();
+
+  private:
+    UntoldOutcome refuseVouchers();
+    UntoldOutcome refuseAccount();
+    UntoldOutcome refuseNames(const EntryChange& change);
+    UntoldOutcome write(EntryChange& change);
+    UntoldOutcome readStored(const AuxiliaryEntry& entry);
+    UntoldOutcome erase();
+    UntoldOutcome edit(AuxiliaryEntry& after);
+    UntoldOutcome append(AuxiliaryEntry& after);
+    Status raiseCounters();
+    void fill(const EntryContent& content);
+
+    const AuxiliaryMember& m_member;
+    const AuxiliaryAccount& m_account;
+    std::span<EntryChange> m_changes;
+    BalanceCarry m_carry;
+    _RegSubInfo m_line;
+    _RegMainInfo m_header;
+    bool m_hasHeader = false;
+    std::int32_t m_lastHeader = 0;
+    std::int32_t m_lastLine = 0;
+};
+
+UntoldOutcome EntryWriting::run() {
+    if (!holdSums(*g_pDB)) return UntoldOutcome::failed();
+    UntoldOutcome result = refuseVouchers();
+    if (result.outcome == Outcome::done) result = refuseAccount();
+    const bool hasAdditions =
+        std::ranges::any_of(m_changes, [](const EntryChange& each) { return !each.before; });
+    if (result.outcome == Outcome::done && hasAdditions && !raiseCounters())
+        return UntoldOutcome::failed();
+    for (EntryChange& change : m_changes) {
+        if (result.outcome == Outcome::done && change.after) result = refuseNames(change);
+        if (result.outcome == Outcome::done) result = write(change);
+        if (result.outcome != Outcome::done) return result;
+    }
+    bool isTooLarge = false;
+    if (!m_carry.write(*g_pDB, isTooLarge)) return UntoldOutcome::failed();
+    if (isTooLarge)
+        return UntoldOutcome::refused({.text = auxiliary_texts::tooLarge, .beep = true});
+    if (hasAdditions &&
+        g_pDB->QRYExecuteSQL(auxiliary_sql::setVoucherCounters(m_lastHeader, m_lastLine)) == 0)
+        return UntoldOutcome::failed();
+    return result;
+}
+
+UntoldOutcome EntryWriting::refuseVouchers() {
+    bool isBrowsing = false;
+    if (!readIsBrowsing(*g_pDB, isBrowsing)) return UntoldOutcome::failed();
+    if (!isBrowsing) return UntoldOutcome::done();
+    return UntoldOutcome::stale({.text = auxiliary_texts::vouchersMeanwhile});
+}
+
+/// The account as it is read again must be the one whose entries are shown.
+UntoldOutcome EntryWriting::refuseAccount() {
+    const std::string condition = auxiliary_sql::accountOfCode(m_account.code);
+    const RowLease<_CodeInfo> lease(*g_pDB, condition.c_str());
+    if (!lease.isRead()) return UntoldOutcome::failed();
+    if (!lease.isFound()) {
+        const EntryChange& first = m_changes.front();
+        const char* const text = !first.before ? auxiliary_texts::accountGoneAdding
+                                 : first.after ? auxiliary_texts::accountGoneModifying
+                                               : auxiliary_texts::accountGoneDeleting;
+        return UntoldOutcome::stale({.text = text});
+    }
+    const _CodeInfo& stored = *lease.rows().front();
+    const AuxiliaryAccount now = auxiliaryAccount(stored);
+    const bool isSame = now.id == m_account.id && stored.bEnd != 0 &&
+                        now.isDebit == m_account.isDebit &&
+                        auxiliaryKindOf(stored.sAssBook) == m_member.kind;
+    return isSame ? UntoldOutcome::done()
+                  : UntoldOutcome::stale({.text = auxiliary_texts::accountChanged});
+}
+
+/// Whatever the entry names must still be there by that name.
+UntoldOutcome EntryWriting::refuseNames(const EntryChange& change) {
+    for (const DimensionWords& words : m_member.dimensions) {
+        bool isNamed = false;
+        const std::string& name = nameOf(change.after->names, words.dimension);
+        if (!readIsNamed(*g_pDB, words.dimension, change.after->content.of, name, isNamed))
+            return UntoldOutcome::failed();
+        if (!isNamed)
+            return UntoldOutcome::refused(
+                {.text = change.before ? words.goneModifying : words.goneAdding});
+    }
+    if (m_member.mismatch == nullptr) return UntoldOutcome::done();
+    const EntryDimensions& of = change.after->content.of;
+    std::int32_t department = 0;
+    if (!readDepartmentOf(*g_pDB, of.person.value_or(0), department))
+        return UntoldOutcome::failed();
+    return department == of.department ? UntoldOutcome::done()
+                                       : UntoldOutcome::refused({.text = m_member.mismatch});
+}
+
+UntoldOutcome EntryWriting::write(EntryChange& change) {
+    if (!change.before) {
+        m_carry.put(change.after->content);
+        return append(*change.after);
+    }
+    const UntoldOutcome result = readStored(*change.before);
+    if (result.outcome != Outcome::done) return result;
+    m_carry.takeOff(entryContent(m_line, m_header));
+    if (!change.after) return erase();
+    m_carry.put(change.after->content);
+    return edit(*change.after);
+}
+
+/// The line and its header as they are now; stale when they are not what was read.
+UntoldOutcome EntryWriting::readStored(const AuxiliaryEntry& entry) {
+    {
+        const std::string condition = auxiliary_sql::line(entry.lineId);
+        const RowLease<_RegSubInfo> lease(*g_pDB, condition.c_str());
+        if (!lease.isRead()) return UntoldOutcome::failed();
+        if (!lease.isFound()) return UntoldOutcome::stale({.text = auxiliary_texts::entryGone});
+        m_line = *lease.rows().front();
+    }
+    const std::string condition = auxiliary_sql::headerOf(m_line.lTieId);
+    const RowLease<_RegMainInfo> lease(*g_pDB, condition.c_str());
+    if (!lease.isRead()) return UntoldOutcome::failed();
+    m_hasHeader = lease.isFound();
+    m_header = m_hasHeader ? *lease.rows().front() : _RegMainInfo();
+    const bool isSame = m_line.lCodeId == m_account.id && m_line.bBegin != 0 &&
+                        entryContent(m_line, m_header) == entry.content;
+    return isSame ? UntoldOutcome::done()
+                  : UntoldOutcome::stale({.text = auxiliary_texts::entryChanged});
+}
+
+UntoldOutcome EntryWriting::erase() {
+    const bool isErased = g_pDB->RegSub_Delete(m_line.lId) == 0 &&
+                          (!m_hasHeader || g_pDB->RegMain_Delete(m_header.lId) == 0);
+    if (isErased) return UntoldOutcome::done();
+    UntoldOutcome failure = UntoldOutcome::failed();
+    // Whoever gave up waiting knows it; everybody else is told what failed and why.
+    if (failure.notice) {
+        failure.notice->detail = failure.notice->text + '\n' + failure.notice->detail;
+        failure.notice->text = auxiliary_texts::deletionFailed;
+    }
+    return failure;
+}
+
+void EntryWriting::fill(const EntryContent& content) {
+    m_header.dtDate = content.date;
+    m_header.sSign = content.sign;
+    m_header.lNumber = content.number;
+    m_line.sDigest = content.summary;
+    m_line.lCodeId = m_account.id;
+    m_line.bDirect = content.isDebit ? 1 : 0;
+    m_line.mMoney = content.money;
+    m_line.mFgn = content.foreign;
+    m_line.dAmt = content.quantity;
+    m_line.lDeptId = content.of.department;
+    m_line.lPersonId = content.of.person;
+    m_line.lEnterId = content.of.unit;
+    m_line.lItemId = content.of.item;
+    m_line.sItemId = content.of.itemClass;
+    m_line.bBegin = 1;
+}
+
+UntoldOutcome EntryWriting::edit(AuxiliaryEntry& after) {
+    fill(after.content);
+    after.lineId = m_line.lId;
+    after.headerId = m_line.lTieId;
+    const bool isWritten =
+        g_pDB->RegSub_Edit(m_line) == 0 && (!m_hasHeader || g_pDB->RegMain_Edit(m_header) == 0);
+    return isWritten ? UntoldOutcome::done() : UntoldOutcome::failed();
+}
+
+/// A header of no period, or the books would seem to have vouchers.
+UntoldOutcome EntryWriting::append(AuxiliaryEntry& after) {
+    m_header = {};
+    m_line = {};
+    fill(after.content);
+    if (g_lpLogonUserInfo != nullptr) m_header.lUBill = g_lpLogonUserInfo->lUserId;
+    m_line.lLine = 1;
+    if (g_pDB->RegMain_AddNew(m_header, m_lastHeader) != 0) return UntoldOutcome::failed();
+    m_line.lTieId = m_lastHeader;
+    if (g_pDB->RegSub_AddNew(m_line, m_lastLine) != 0) return UntoldOutcome::failed();
+    after.lineId = m_lastLine;
+    after.headerId = m_lastHeader;
+    return UntoldOutcome::done();
+}
+
+/// New ids lie above those of posted and unposted vouchers alike.
+Status EntryWriting::raiseCounters() {
+    const auto higher = [](int posted, int unposted, std::int32_t& last) {
+        last = std::max(posted, unposted);
+        return g_pDB->lastStatus();
+    };
+    const int header = g_pDB->RegMain_GetLastId();
+    if (!g_pDB->lastStatus()) return g_pDB->lastStatus();
+    if (Status status = higher(header, g_pDB->UnregMain_GetLastId(), m_lastHeader); !status)
+        return status;
+    const int line = g_pDB->RegSub_GetLastId();
+    if (!g_pDB->lastStatus()) return g_pDB->lastStatus();
+    if (Status status = higher(line, g_pDB->UnregSub_GetLastId(), m_lastLine); !status)
+        return status;
+    const int count = static_cast<int>(m_changes.size());
+    Status status = checkIdsLeft(m_lastHeader, count);
+    if (status) status = checkIdsLeft(m_lastLine, count);
+    if (!status || (header == m_lastHeader && line == m_lastLine)) return status;
+    const std::string raised = auxiliary_sql::setVoucherCounters(m_lastHeader, m_lastLine);
+    return g_pDB->QRYExecuteSQL(raised) != 0 ? Status::done() : g_pDB->lastStatus();
+}
+
+}  // namespace
+
+Outcome EntryService::write(const AuxiliaryAccount& account, std::span<EntryChange> changes) {
+    if (changes.empty()) return Outcome::done;
+    return underLocks(m_messages, {m_member.lookupTables, writtenTables}, [&] {
+        const TableLocks further(*g_pDB, furtherTables(m_member), "");
+        if (!further.areGranted()) return UntoldOutcome::failed();
+        EntryWriting writing(m_member, account, changes);
+        return inOneUnit([&writing] { return writing.run(); });
+    });
+}
+
+Outcome EntryService::add(const AuxiliaryAccount& account, AuxiliaryEntry& entry) {
+    EntryChange change{.before = {}, .after = entry};
+    const Outcome outcome = write(account, {&change, 1});
+    if (outcome == Outcome::done) entry = *change.after;
+    return outcome;
+}
+
+Outcome EntryService::modify(const AuxiliaryAccount& account, const AuxiliaryEntry& before,
+                             AuxiliaryEntry& after) {
+    EntryChange change{.before = before, .after = after};
+    const Outcome outcome = write(account, {&change, 1});
+    if (outcome == Outcome::done) after = *change.after;
+    return outcome;
+}
+
+Outcome EntryService::remove(const AuxiliaryAccount& account, const AuxiliaryEntry& entry) {
+    EntryChange change{.before = entry, .after = {}};
+    return write(account, {&change, 1});
+}
+
+}  // namespace chengheng

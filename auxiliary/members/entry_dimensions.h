@@ -1,0 +1,38 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace chengheng {
+
+/// By what an entry is kept apart.
+enum class Dimension : std::uint8_t { department, person, unit, item };
+
+/// To whom or what an entry belongs, by ids; what its account does not keep apart is 0, a
+/// person unknown.
+struct EntryDimensions {
+    std::int32_t department = 0;
+    std::optional<std::int32_t> person = {};
+    std::int32_t unit = 0;
+    std::int32_t item = 0;
+    std::string itemClass = {};  ///< code of the project class that the item is of
+
+    auto operator<=>(const EntryDimensions&) const = default;
+};
+
+/// What an entry adds to a balance: plus in the direction of its account.
+struct EntryFigures {
+    double money = 0;
+    double foreign = 0;
+    double quantity = 0;
+
+    bool operator==(const EntryFigures&) const = default;
+};
+
+/// The sum, rounded as the books round money, foreign currency and quantity.
+EntryFigures operator+(const EntryFigures& one, const EntryFigures& other);
+EntryFigures operator-(const EntryFigures& figures);
+
+}  // namespace chengheng

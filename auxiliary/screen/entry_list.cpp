@@ -1,0 +1,256 @@
+#include "auxiliary/screen/entry_list.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+#include "auxiliary/members/auxiliary_texts.h"
+#include "base/values/numbers.h"
+#include "base/values/text.h"
+#include "opening/editing/amount_text.h"
+
+namespace chengheng {
+namespace {
+
+EntryColumn columnOf(Dimension dimension) {
+    switch (dimension) {
+        case Dimension::department:
+            return EntryColumn::department;
+        case Dimension::person:
+            return EntryColumn::person;
+        case Dimension::unit:
+            return EntryColumn::unit;
+        case Dimension::item:
+            break;
+    }
+    return EntryColumn::item;
+}
+
+std::string figureText(double value, Measure measure) {
+    return value == 0 ? std::string() : ftoaWithSap(value, decimalsOf(measure));
+}
+
+double figureOf(const EntryContent& content, EntryColumn column) {
+    if (column == EntryColumn::money) return content.money;
+    return column == EntryColumn::foreign ? content.foreign : content.quantity;
+}
+
+/// Whether the first stands before the second.
+bool isBefore(const AuxiliaryEntry& one, const AuxiliaryEntry& other, EntryColumn column) {
+    if (isFigure(column)) return figureOf(one.content, column) < figureOf(other.content, column);
+    if (column == EntryColumn::date) return one.content.date < other.content.date;
+    return cellText(one, column) < cellText(other, column);
+}
+
+bool hasText(const std::string& text, const std::string& wanted) {
+    return containsInAnyCase(text, withoutBlanksAround(wanted));
+}
+
+/// A wanted text that is no number is no amount.
+bool hasAmount(double value, const std::string& wanted, Measure measure) {
+    if (withoutBlanksAround(wanted).empty()) return true;
+    const auto amount = readAmount(wanted);
+    return amount && typedAmount(wanted, measure) == value;
+}
+
+bool hasDate(const Date& date, const std::string& wanted) {
+    const std::string_view text = withoutBlanksAround(wanted);
+    if (text.empty()) return true;
+    const auto day = parseDate(text);
+    return day ? *day == date : isoText(date).find(text) != std::string::npos;
+}
+
+bool hasNumber(const EntryContent& content, const std::string& wanted) {
+    const std::string_view text = withoutBlanksAround(wanted);
+    if (text.empty()) return true;
+    const std::size_t digits = std::min(text.find_first_not_of('0'), text.size() - 1);
+    return std::to_string(content.number) == text.substr(digits);
+}
+
+EntryFigures sumOf(const AuxiliaryAccount& account, auto begin, auto end, auto entryAt) {
+    EntryFigures total;
+    for (auto at = begin; at != end; ++at) total = total + figuresOf(entryAt(at).content, account);
+    return total;
+}
+
+}  // namespace
+
+std::vector<EntryColumn> columnsOf(const AuxiliaryMember& member) {
+    std::vector<EntryColumn> columns{EntryColumn::date, EntryColumn::voucherNumber,
+                                     EntryColumn::summary};
+    for (const DimensionWords& words : member.dimensions)
+        columns.push_back(columnOf(words.dimension));
+    columns.insert(columns.end(), {EntryColumn::direction, EntryColumn::money, EntryColumn::foreign,
+                                   EntryColumn::quantity});
+    return columns;
+}
+
+const char* headingOf(EntryColumn column) {
+    using namespace auxiliary_texts;
+    switch (column) {
+        case EntryColumn::date:
+            return date;
+        case EntryColumn::voucherNumber:
+            return voucherNumber;
+        case EntryColumn::summary:
+            return summary;
+        case EntryColumn::department:
+            return department;
+        case EntryColumn::person:
+            return person;
+        case EntryColumn::unit:
+            return unit;
+        case EntryColumn::item:
+            return project;
+        case EntryColumn::direction:
+            return direction;
+        case EntryColumn::money:
+            return money;
+        case EntryColumn::foreign:
+            return foreign;
+        case EntryColumn::quantity:
+            break;
+    }
+    return quantity;
+}
+
+bool isFigure(EntryColumn column) { return column >= EntryColumn::money; }
+
+std::string cellText(const AuxiliaryEntry& entry, EntryColumn column) {
+    const EntryContent& content = entry.content;
+    switch (column) {
+        case EntryColumn::date:
+            return isoText(content.date);
+        case EntryColumn::voucherNumber:
+            return voucherNumberText(content);
+        case EntryColumn::summary:
+            return content.summary;
+        case EntryColumn::department:
+            return entry.names.department;
+        case EntryColumn::person:
+            return entry.names.person;
+        case EntryColumn::unit:
+            return entry.names.unit;
+        case EntryColumn::item:
+            return entry.names.item;
+        case EntryColumn::direction:
+            return content.isDebit ? auxiliary_texts::debit : auxiliary_texts::credit;
+        case EntryColumn::money:
+            return ftoaWithSap(content.money, decimalsOf(Measure::money));
+        case EntryColumn::foreign:
+            return figureText(content.foreign, Measure::foreign);
+        case EntryColumn::quantity:
+            break;
+    }
+    return figureText(content.quantity, Measure::quantity);
+}
+
+bool fits(const AuxiliaryEntry& entry, const EntrySearch& search) {
+    const EntryContent& content = entry.content;
+    const bool isEither = search.isDebit == search.isCredit;
+    return hasDate(content.date, search.date) && hasText(content.sign, search.sign) &&
+           hasNumber(content, search.number) && hasText(content.summary, search.summary) &&
+           hasText(entry.names.department, search.names.department) &&
+           hasText(entry.names.person, search.names.person) &&
+           hasText(entry.names.unit, search.names.unit) &&
+           hasText(entry.names.item, search.names.item) &&
+           (isEither || content.isDebit == search.isDebit) &&
+           hasAmount(content.money, search.money, Measure::money) &&
+           hasAmount(content.foreign, search.foreign, Measure::foreign) &&
+           hasAmount(content.quantity, search.quantity, Measure::quantity);
+}
+
+std::size_t EntryList::rowOf(std::int32_t lineId) const {
+    const auto found = std::ranges::find_if(
+        m_shown, [&](std::size_t place) { return m_entries[place].lineId == lineId; });
+    return static_cast<std::size_t>(found - m_shown.begin());
+}
+
+void EntryList::assign(std::vector<AuxiliaryEntry> entries) {
+    m_entries = std::move(entries);
+    showMatching();
+}
+
+void EntryList::put(const AuxiliaryEntry& entry) {
+    const auto found = std::ranges::find(m_entries, entry.lineId, &AuxiliaryEntry::lineId);
+    if (found == m_entries.end()) {
+        m_entries.push_back(entry);
+    } else {
+        *found = entry;
+    }
+    showMatching();
+}
+
+void EntryList::remove(std::int32_t lineId) {
+    std::erase_if(m_entries,
+                  [lineId](const AuxiliaryEntry& entry) { return entry.lineId == lineId; });
+    showMatching();
+}
+
+void EntryList::setFilter(std::string text) {
+    m_filter = std::move(text);
+    showMatching();
+}
+
+void EntryList::sortBy(int column, bool isDescending) {
+    m_sortColumn = column;
+    m_isDescending = isDescending;
+    showMatching();
+}
+
+bool EntryList::matches(const AuxiliaryEntry& entry) const {
+    const std::string_view wanted = withoutBlanksAround(m_filter);
+    return wanted.empty() || std::ranges::any_of(m_columns, [&](EntryColumn column) {
+               return containsInAnyCase(cellText(entry, column), wanted);
+           });
+}
+
+void EntryList::showMatching() {
+    m_shown.clear();
+    for (std::size_t place = 0; place < m_entries.size(); ++place)
+        if (matches(m_entries[place])) m_shown.push_back(place);
+    if (m_sortColumn >= 0) {
+        const EntryColumn column = m_columns[static_cast<std::size_t>(m_sortColumn)];
+        std::ranges::stable_sort(m_shown, [&](std::size_t one, std::size_t other) {
+            if (m_isDescending) std::swap(one, other);
+            return isBefore(m_entries[one], m_entries[other], column);
+        });
+    }
+    ++m_revision;
+}
+
+std::size_t EntryList::find(const EntrySearch& search, std::size_t after) const {
+    for (std::size_t step = 1; step <= rowCount(); ++step) {
+        const std::size_t row = after >= rowCount() ? step - 1 : (after + step) % rowCount();
+        if (fits(atRow(row), search)) return row;
+    }
+    return rowCount();
+}
+
+EntryFigures EntryList::total(const AuxiliaryAccount& account) const {
+    return sumOf(account, m_entries.begin(), m_entries.end(),
+                 [](auto at) -> const AuxiliaryEntry& { return *at; });
+}
+
+EntryFigures EntryList::shownTotal(const AuxiliaryAccount& account) const {
+    return sumOf(account, m_shown.begin(), m_shown.end(),
+                 [this](auto at) -> const AuxiliaryEntry& { return m_entries[*at]; });
+}
+
+std::vector<CombinationTotal> totalsOf(const std::vector<AuxiliaryEntry>& entries,
+                                       const AuxiliaryAccount& account) {
+    std::vector<CombinationTotal> totals;
+    std::map<EntryDimensions, std::size_t> places;
+    for (const AuxiliaryEntry& entry : entries) {
+        const auto [place, isNew] = places.try_emplace(entry.content.of, totals.size());
+        if (isNew)
+            totals.push_back(
+                {.of = entry.content.of, .names = entry.names, .count = 0, .figures = {}});
+        CombinationTotal& total = totals[place->second];
+        ++total.count;
+        total.figures = total.figures + figuresOf(entry.content, account);
+    }
+    return totals;
+}
+
+}  // namespace chengheng

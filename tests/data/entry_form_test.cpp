@@ -1,0 +1,202 @@
+#include "auxiliary/screen/entry_form.h"
+
+#include <gtest/gtest.h>
+
+#include "data/lookups/cached_records.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/entry_books.h"
+
+namespace {
+
+using namespace chengheng;
+using Texts = std::vector<std::string>;
+
+/// Takes the choice at a place and notes what it was offered.
+struct Picking {
+    int place = -1;  ///< -1: none is taken
+    Texts offered = {};
+
+    ChoicePicker picker() {
+        return
+            [this](Dimension,
+                   const std::vector<DimensionChoice>& choices) -> std::optional<DimensionChoice> {
+                for (const DimensionChoice& each : choices)
+                    offered.push_back(each.code + " " + each.name);
+                if (place < 0) return std::nullopt;
+                return choices.at(static_cast<std::size_t>(place));
+            };
+    }
+};
+
+class EntryForms : public testing::TestWithParam<EngineCase> {
+  protected:
+    EntryForm adding(AuxiliaryKind kind) {
+        EntryForm form(m_books.messages(), memberOf(kind), m_books.account(memberOf(kind)));
+        form.input.money = "10";
+        form.input.summary = "期初";
+        return form;
+    }
+    std::string said() {
+        const Texts texts = m_books.messages().texts();
+        m_books.messages().forget();
+        return texts.empty() ? "" : texts.back();
+    }
+
+    EntryBooks m_books{freshLocation(GetParam())};
+    BookLookups m_lookups{"books"};
+    Picking m_picking;
+};
+
+TEST_P(EntryForms, BeginWithTheLastDayBeforeTheBooksAndTheDirectionOfTheAccount) {
+    EntryForm form = adding(AuxiliaryKind::department);
+    EXPECT_STREQ(form.title(), "部门核算期初——添加记录");
+    EXPECT_EQ(form.input.date, "2025-12-31");
+    EXPECT_TRUE(form.input.isDebit);
+}
+
+TEST_P(EntryForms, TurnACodeIntoItsName) {
+    EntryForm form = adding(AuxiliaryKind::unitAndProject);
+    form.input.names = {.department = "", .person = "", .unit = "U2", .item = "I1"};
+    form.settle(Dimension::unit, m_picking.picker());
+    form.settle(Dimension::item, m_picking.picker());
+    EXPECT_EQ(form.input.names.unit, "乙公司");
+    EXPECT_EQ(form.input.names.item, "一期");
+    const auto entry = form.accept(m_picking.picker());
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->content.of, (EntryDimensions{.unit = 2, .item = 1, .itemClass = "01"}));
+    EXPECT_EQ(form.input.money, "10.00000");
+    EXPECT_TRUE(m_picking.offered.empty());
+}
+
+TEST_P(EntryForms, LetOneOfEqualNamesBePicked) {
+    m_books.books().run("UPDATE Enter SET sEnterName = '甲公司' WHERE lId = 2");
+    EntryForm form = adding(AuxiliaryKind::unit);
+    form.input.names.unit = "甲公司";
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "该单位信息不存在");
+    EXPECT_EQ(m_picking.offered, (Texts{"U1 甲公司", "U2 甲公司"}));
+    m_picking.place = 1;
+    const auto entry = form.accept(m_picking.picker());
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->content.of.unit, 2);
+}
+
+TEST_P(EntryForms, TakeTheDepartmentFromThePerson) {
+    EntryForm form = adding(AuxiliaryKind::person);
+    form.input.names.person = "P2";
+    form.settle(Dimension::person, m_picking.picker());
+    EXPECT_EQ(form.input.names.person, "李四");
+    EXPECT_EQ(form.input.names.department, "生产部");
+    const auto entry = form.accept(m_picking.picker());
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->content.of, (EntryDimensions{.department = 2, .person = 2}));
+}
+
+TEST_P(EntryForms, LookForAPersonInTheTypedDepartment) {
+    m_books.books().run("UPDATE Person SET sPersonName = '张三' WHERE lId = 2");
+    EntryForm form = adding(AuxiliaryKind::person);
+    form.input.names = {.department = "生产部", .person = "张三", .unit = "", .item = ""};
+    const auto entry = form.accept(m_picking.picker());
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->content.of.person, 2);
+    EXPECT_TRUE(m_picking.offered.empty());
+}
+
+TEST_P(EntryForms, TellAPersonOfAnotherDepartmentFromNobody) {
+    EntryForm form = adding(AuxiliaryKind::person);
+    form.input.names = {.department = "销售部", .person = "李四", .unit = "", .item = ""};
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "部门与个人不匹配");
+    EXPECT_EQ(form.focusField(), "lPersonId");
+    form.input.names.person = "王五";
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "非法的姓名");
+    form.input.names.department = "财务部";
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "非法的部门");
+}
+
+TEST_P(EntryForms, SetAWrongDateBackToTheLastDay) {
+    EntryForm form = adding(AuxiliaryKind::department);
+    form.input.names.department = "销售部";
+    form.input.date = "2026-01-05";
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "日期输入无效");
+    EXPECT_EQ(form.input.date, "2025-12-31");
+    EXPECT_EQ(form.focusField(), "dtDate");
+    EXPECT_TRUE(form.accept(m_picking.picker()));
+}
+
+TEST_P(EntryForms, TellRefusalsByTheInformationBoxOfTheHouse) {
+    EntryForm form = adding(AuxiliaryKind::department);
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    const Notice notice = m_books.messages().onlyNotice();
+    EXPECT_EQ(notice.text, "部门不能为空");
+    EXPECT_EQ(notice.caption, "澄恒财务软件");
+    EXPECT_EQ(notice.icon, MessageIcon::information);
+}
+
+TEST_P(EntryForms, ThatModifyNothingSkipTheChecks) {
+    AuxiliaryEntry entry = EntryBooks::entry(memberOf(AuxiliaryKind::department), 1, 10);
+    entry.content.date = {2020, 1, 1};
+    entry.content.summary = "";
+    const AuxiliaryMember& member = memberOf(AuxiliaryKind::department);
+    EntryForm form(m_books.messages(), member, m_books.account(member), &entry);
+    EXPECT_STREQ(form.title(), "部门核算期初——修改记录");
+    EXPECT_EQ(form.accept(m_picking.picker()), entry);
+    form.input.money = "11";
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "日期输入无效");
+}
+
+TEST_P(EntryForms, AskBeforeTypedInputIsGivenUp) {
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        EntryForm form(m_books.messages(), member, m_books.account(member));
+        EXPECT_TRUE(form.mayGiveUp(true));
+        EXPECT_TRUE(form.mayGiveUp(false));
+        form.input.summary = "新";
+        m_books.messages().willAnswer("放弃当前的输入吗?", Answer::no);
+        EXPECT_FALSE(form.mayGiveUp(false)) << member.caption;
+        if (member.kind == AuxiliaryKind::project)
+            m_books.messages().willAnswer("放弃当前的输入吗?", Answer::yes);
+        EXPECT_TRUE(form.mayGiveUp(true)) << member.caption;
+    }
+}
+
+TEST_P(EntryForms, OfferTheItemsOfTheAccountsClasses) {
+    m_books.books().run(
+        "INSERT INTO ProjClass (lId, sClsCode, sClsName) VALUES (2, '02', '空')\r\n"
+        "INSERT INTO ProjCodes (lId, lCodeId, sItemId) VALUES (1, 0, '02')");
+    const AuxiliaryMember& member = memberOf(AuxiliaryKind::project);
+    m_books.books().run(
+        formatSql("UPDATE ProjCodes SET lCodeId = %d, sItemId = '01'", m_books.account(member).id));
+    EntryForm form = adding(AuxiliaryKind::project);
+    Texts names;
+    for (const DimensionChoice& each : form.choices(Dimension::item)) names.push_back(each.name);
+    EXPECT_EQ(names, (Texts{"一期", "二期"}));
+    EXPECT_EQ(said(), "");
+}
+
+TEST_P(EntryForms, OfferThePersonsOfTheTypedDepartment) {
+    EntryForm form = adding(AuxiliaryKind::person);
+    EXPECT_EQ(form.choices(Dimension::person).size(), 2u);
+    form.input.names.department = "生产部";
+    form.settle(Dimension::department, m_picking.picker());
+    const auto persons = form.choices(Dimension::person);
+    ASSERT_EQ(persons.size(), 1u);
+    EXPECT_EQ(persons[0].name, "李四");
+}
+
+TEST_P(EntryForms, TellAFailureAndAcceptNothing) {
+    EntryForm form = adding(AuxiliaryKind::department);
+    form.input.names.department = "销售部";
+    m_books.books().engine().failCall(1);
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    m_books.books().engine().failCall(0);
+    EXPECT_EQ(m_books.messages().texts().size(), 1u);
+    EXPECT_NE(said(), "该部门不存在");
+}
+
+CHENGHENG_ON_ALL_ENGINES(EntryForms);
+
+}  // namespace

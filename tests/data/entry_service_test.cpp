@@ -1,0 +1,372 @@
+#include "auxiliary/entries/entry_service.h"
+
+#include <gtest/gtest.h>
+
+#include "data/access/row_lease.h"
+#include "data/access/unit_of_work.h"
+#include "data/tables/balances.h"
+#include "data/tables/vouchers.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/entry_books.h"
+
+namespace {
+
+using namespace chengheng;
+using Texts = std::vector<std::string>;
+
+class EntryWritings : public testing::TestWithParam<EngineCase> {
+  protected:
+    using Kind = AuxiliaryKind;
+
+    AuxiliaryEntry added(const AuxiliaryMember& member, int which, double money,
+                         bool isDebit = true) {
+        AuxiliaryEntry entry = EntryBooks::entry(member, which, money, isDebit);
+        EXPECT_EQ(m_books.service(member).add(m_books.account(member), entry), Outcome::done);
+        return entry;
+    }
+    Outcome modify(const AuxiliaryMember& member, const AuxiliaryEntry& before,
+                   AuxiliaryEntry after) {
+        return m_books.service(member).modify(m_books.account(member), before, after);
+    }
+    Outcome remove(const AuxiliaryMember& member, const AuxiliaryEntry& entry) {
+        return m_books.service(member).remove(m_books.account(member), entry);
+    }
+    std::string openings(const AuxiliaryMember& member) {
+        return m_books.opening().openings(accountCode(member));
+    }
+    /// The last thing said, with what must hold when nothing happened.
+    std::string refusal(const Texts& before) {
+        EXPECT_EQ(m_books.rows(), before);
+        EXPECT_FALSE(m_books.books().locks().holds("Code", LockMode::shared));
+        EXPECT_FALSE(m_books.books().locks().holds("AssAcc", LockMode::exclusive));
+        const auto& texts = m_books.messages().texts();
+        return texts.empty() ? "" : texts.back();
+    }
+
+    EntryBooks m_books{freshLocation(GetParam())};
+    const AuxiliaryMember& m_department = memberOf(Kind::department);
+};
+
+TEST_P(EntryWritings, OfEachMemberGiveTwelveRowsAndTheOpeningBalance) {
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        const AuxiliaryEntry entry = added(member, 1, 100.25);
+        EXPECT_EQ(m_books.stored(member), std::vector{entry}) << member.caption;
+        EXPECT_EQ(m_books.auxiliary(member, 1), allPeriods("100.25")) << member.caption;
+        EXPECT_EQ(m_books.auxiliary(member, 2), "") << member.caption;
+        EXPECT_EQ(openings(member), allPeriods("100.25")) << member.caption;
+        EXPECT_TRUE(m_books.agree(member)) << member.caption;
+    }
+    EXPECT_EQ(m_books.books().faults(), Texts{});
+    EXPECT_TRUE(m_books.messages().texts().empty());
+}
+
+TEST_P(EntryWritings, OfTheSameCombinationRaiseItsRows) {
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        added(member, 1, 100);
+        added(member, 1, 50, false);
+        added(member, 2, 7);
+        EXPECT_EQ(m_books.auxiliary(member, 1), allPeriods("50")) << member.caption;
+        EXPECT_EQ(m_books.auxiliary(member, 2), allPeriods("7")) << member.caption;
+        EXPECT_EQ(openings(member), allPeriods("57")) << member.caption;
+    }
+    EXPECT_EQ(readRows<_AssAccInfo>(m_books.database(), nullptr).size(), 7u * 24);
+    EXPECT_EQ(readRows<_AccSumInfo>(m_books.database(), nullptr).size(), 7u * 12);
+}
+
+TEST_P(EntryWritings, MovedToAnotherCombinationLowerTheOneAndRaiseTheOther) {
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        const AuxiliaryEntry before = added(member, 1, 100);
+        added(member, 1, 1);
+        ASSERT_EQ(modify(member, before, EntryBooks::entry(member, 2, 130)), Outcome::done);
+        EXPECT_EQ(m_books.auxiliary(member, 1), allPeriods("1")) << member.caption;
+        EXPECT_EQ(m_books.auxiliary(member, 2), allPeriods("130")) << member.caption;
+        EXPECT_EQ(openings(member), allPeriods("131")) << member.caption;
+        EXPECT_TRUE(m_books.agree(member)) << member.caption;
+    }
+}
+
+TEST_P(EntryWritings, DeletedTakeTheirFiguresAway) {
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        const AuxiliaryEntry entry = added(member, 1, 100);
+        const AuxiliaryEntry kept = added(member, 1, 5);
+        ASSERT_EQ(remove(member, entry), Outcome::done);
+        EXPECT_EQ(m_books.stored(member), std::vector{kept}) << member.caption;
+        EXPECT_EQ(m_books.auxiliary(member, 1), allPeriods("5")) << member.caption;
+        EXPECT_EQ(openings(member), allPeriods("5")) << member.caption;
+    }
+    EXPECT_EQ(readRows<_RegMainInfo>(m_books.database(), nullptr).size(), 7u);
+}
+
+TEST_P(EntryWritings, CarryForeignCurrencyAndQuantityInTheirOwnColumns) {
+    AuxiliaryEntry entry = EntryBooks::entry(m_department, 1, 100);
+    entry.content.foreign = 20.5;
+    entry.content.quantity = 3.00001;
+    for (int time = 1; time <= 2; ++time) {
+        ASSERT_EQ(m_books.service(m_department).add(m_books.account(m_department), entry),
+                  Outcome::done);
+        for (const _AssAccInfo& row : readRows<_AssAccInfo>(m_books.database(), nullptr)) {
+            EXPECT_EQ(row.mBegin, 100 * time);
+            EXPECT_EQ(row.mFBegin, 20.5 * time);
+            EXPECT_EQ(row.dBegin, 3.00001 * time);
+            EXPECT_EQ(row.mDebt + row.mCredit + row.dDebt + row.dCredit + row.mFDebt, 0);
+        }
+        for (const _AccSumInfo& row : readRows<_AccSumInfo>(m_books.database(), nullptr)) {
+            EXPECT_EQ(row.mBegin, 100 * time);
+            EXPECT_EQ(row.mFgnBegin, 20.5 * time);
+            EXPECT_EQ(row.dAmtBegin, 3.00001 * time);
+        }
+    }
+}
+
+TEST_P(EntryWritings, StoreAHeaderOfNoPeriodAndALineThatNamesIt) {
+    const AuxiliaryEntry entry = added(m_department, 2, 12.5, false);
+    const auto headers = readRows<_RegMainInfo>(m_books.database(), nullptr);
+    const auto lines = readRows<_RegSubInfo>(m_books.database(), nullptr);
+    ASSERT_EQ(headers.size(), 1u);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(headers[0].lId, entry.headerId);
+    EXPECT_EQ(headers[0].byPeroid, 0);
+    EXPECT_EQ(headers[0].dtDate, (Date{2025, 12, 31}));
+    EXPECT_EQ(headers[0].sSign, "记");
+    EXPECT_EQ(headers[0].lNumber, 7);
+    EXPECT_EQ(headers[0].lUBill, 1);
+    EXPECT_EQ(lines[0].lId, entry.lineId);
+    EXPECT_EQ(lines[0].lTieId, entry.headerId);
+    EXPECT_EQ(lines[0].lLine, 1);
+    EXPECT_EQ(lines[0].bDirect, 0);
+    EXPECT_EQ(lines[0].mMoney, 12.5);
+    EXPECT_EQ(lines[0].lDeptId, 2);
+    EXPECT_EQ(lines[0].lPersonId, std::nullopt);
+    EXPECT_EQ(lines[0].bBegin, 1);
+    EXPECT_EQ(openings(m_department), allPeriods("-12.5"));
+}
+
+TEST_P(EntryWritings, LeaveTheOpeningBalancesToBeTyped) {
+    m_books.opening().addAccounts({"1001"});
+    added(m_department, 1, 100);
+    ASSERT_EQ(m_books.opening().work().refresh(), Outcome::done);
+    EXPECT_FALSE(m_books.opening().work().isBrowsing());
+    EXPECT_EQ(m_books.opening().shown(accountCode(m_department)), "100.00");
+    EXPECT_TRUE(m_books.opening().type("1001", "5"));
+}
+
+TEST_P(EntryWritings, DrawIdsFromOneSequenceWithUnpostedVouchers) {
+    m_books.books().run(
+        "UPDATE ABIdTable SET lLastId = 90 WHERE sTable = 'UnRegMain'\r\n"
+        "UPDATE ABIdTable SET lLastId = 70 WHERE sTable = 'RegSub'");
+    const AuxiliaryEntry entry = added(m_department, 1, 1);
+    EXPECT_EQ(entry.headerId, 91);
+    EXPECT_EQ(entry.lineId, 71);
+    const AuxiliaryEntry next = added(m_department, 1, 1);
+    EXPECT_EQ(next.headerId, 92);
+    EXPECT_EQ(next.lineId, 72);
+    EXPECT_EQ(m_books.database().RegMain_GetLastId(), 92);
+    EXPECT_EQ(m_books.database().UnregMain_GetLastId(), 92);
+    EXPECT_EQ(m_books.database().RegSub_GetLastId(), 72);
+    EXPECT_EQ(m_books.database().UnregSub_GetLastId(), 72);
+}
+
+TEST_P(EntryWritings, LockWhatTheMemberNamesThenWhatIsWritten) {
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        m_books.books().locks().forget();
+        added(member, 1, 1);
+        const std::string lookups = member.lookupTables;
+        Texts expected{"lock " + lookups + " 1", "lock AssAcc AccSum RegMain RegSug 2"};
+        Texts released{"unlock " + lookups + " 1", "unlock AssAcc AccSum RegMain RegSug 2"};
+        if (member.kind == Kind::unitAndProject) {
+            expected.push_back("lock Code 1");
+            released.insert(released.begin(), "unlock Code 1");
+        }
+        expected.insert(expected.end(), released.begin(), released.end());
+        EXPECT_EQ(m_books.books().locks().log(), expected) << member.caption;
+    }
+}
+
+TEST_P(EntryWritings, WithoutMoneyLeaveTheRowsOfTheirCombinationWhenTheyGo) {
+    AuxiliaryEntry entry = EntryBooks::entry(m_department, 1, 0.00004);
+    ASSERT_EQ(m_books.service(m_department).add(m_books.account(m_department), entry),
+              Outcome::done);
+    m_books.books().run("UPDATE AssAcc SET mBegin = 33, dBegin = 2");
+    ASSERT_EQ(remove(m_department, entry), Outcome::done);
+    EXPECT_EQ(m_books.auxiliary(m_department, 1), allPeriods("33"));
+}
+
+TEST_P(EntryWritings, MoveRowsThatDifferEachByTheDifference) {
+    const AuxiliaryEntry entry = added(m_department, 1, 10);
+    m_books.books().run("UPDATE AssAcc SET mBegin = 3, mDebt = 4 WHERE byPeroid = 5");
+    m_books.books().run("UPDATE AccSum SET mBegin = 2, mDebet = 4 WHERE byPeroid = 6");
+    ASSERT_EQ(modify(m_department, entry, EntryBooks::entry(m_department, 1, 11)), Outcome::done);
+    EXPECT_EQ(m_books.auxiliary(m_department, 1),
+              "1=11 2=11 3=11 4=11 5=4 6=11 7=11 8=11 9=11 10=11 11=11 12=11");
+    EXPECT_EQ(openings(m_department),
+              "1=11 2=11 3=11 4=11 5=11 6=3 7=11 8=11 9=11 10=11 11=11 12=11");
+    EXPECT_EQ(readRows<_AssAccInfo>(m_books.database(), "mDebt = 4").size(), 1u);
+    EXPECT_EQ(readRows<_AccSumInfo>(m_books.database(), "mDebet = 4").size(), 1u);
+}
+
+TEST_P(EntryWritings, WhoseRowsWereSweptAwayInsertTheirNegative) {
+    const AuxiliaryEntry entry = added(m_department, 1, 10);
+    m_books.books().run("DELETE AssAcc WHERE lId > 0");
+    m_books.books().run("DELETE AccSum WHERE lId > 0");
+    ASSERT_EQ(remove(m_department, entry), Outcome::done);
+    EXPECT_EQ(m_books.auxiliary(m_department, 1), allPeriods("-10"));
+    EXPECT_EQ(openings(m_department), allPeriods("-10"));
+}
+
+TEST_P(EntryWritings, AreRefusedWhenWhatTheyNameIsGone) {
+    struct Gone {
+        Kind kind;
+        const char* statement;
+        const char* adding;
+        const char* modifying;
+    };
+    const Gone all[] = {
+        {Kind::department, "UPDATE Dept SET sDeptName = '新' WHERE lId = 1",
+         "该部门不存在,添加不成功", "该部门不存在,修改不成功"},
+        {Kind::departmentAndProject, "DELETE ProjItems01 WHERE lId = 1", "该项目名称不存在",
+         "该项目名称不存在"},
+        {Kind::project, "DELETE ProjClass WHERE lId = 1", "该项目名称不存在", "该项目名称不存在"},
+        {Kind::person, "DELETE Person WHERE lId = 1", "非法的姓名", "非法的姓名"},
+        {Kind::departmentAndUnit, "DELETE Enter WHERE lId = 1", "该单位不存在,添加不成功",
+         "该单位不存在,修改不成功"},
+        {Kind::unitAndProject, "DELETE Enter WHERE lId = 1", "该单位名称不存在,添加不成功",
+         "该单位名称不存在,修改不成功"},
+        {Kind::unitAndProject, "DELETE ProjItems01 WHERE lId = 1", "该项目信息不存在",
+         "没有符合该项目ID的记录"},
+        {Kind::unit, "DELETE Enter WHERE lId = 1", "该单位信息不存在", "该单位信息不存在"},
+    };
+    for (const auto& [kind, statement, adding, modifying] : all) {
+        const AuxiliaryMember& member = memberOf(kind);
+        const AuxiliaryEntry second = added(member, 2, 10);
+        const Texts before = m_books.rows();
+        UnitOfWork unit(m_books.database());
+        m_books.books().run(statement);
+        AuxiliaryEntry first = EntryBooks::entry(member, 1, 10);
+        EXPECT_EQ(m_books.service(member).add(m_books.account(member), first), Outcome::refused);
+        EXPECT_EQ(refusal(before), adding) << member.caption;
+        EXPECT_EQ(modify(member, second, first), Outcome::refused);
+        EXPECT_EQ(refusal(before), modifying) << member.caption;
+    }
+}
+
+TEST_P(EntryWritings, OfAPersonWhoWentToAnotherDepartmentAreRefused) {
+    const AuxiliaryMember& member = memberOf(Kind::person);
+    const Texts before = m_books.rows();
+    m_books.books().run("UPDATE Person SET lDeptId = 2 WHERE lId = 1");
+    AuxiliaryEntry entry = EntryBooks::entry(member, 1, 10);
+    EXPECT_EQ(m_books.service(member).add(m_books.account(member), entry), Outcome::refused);
+    EXPECT_EQ(refusal(before), "部门与个人不匹配");
+}
+
+TEST_P(EntryWritings, AreRefusedWhenTheAccountIsGoneOrAnother) {
+    const AuxiliaryEntry entry = added(m_department, 1, 10);
+    const AuxiliaryAccount account = m_books.account(m_department);
+    EntryService service = m_books.service(m_department);
+    const Texts before = m_books.rows();
+    const auto expectRefused = [&](const char* adding, const char* modifying,
+                                   const char* deleting) {
+        AuxiliaryEntry other = EntryBooks::entry(m_department, 2, 5);
+        EXPECT_EQ(service.add(account, other), Outcome::stale);
+        EXPECT_EQ(refusal(before), adding);
+        EXPECT_EQ(service.modify(account, entry, other), Outcome::stale);
+        EXPECT_EQ(refusal(before), modifying);
+        EXPECT_EQ(service.remove(account, entry), Outcome::stale);
+        EXPECT_EQ(refusal(before), deleting);
+    };
+    const char* const changed = "科目已被其他工作站修改,本次操作没有保存,请重新打开窗口。";
+    for (const char* change : {"bEnd = 0", "sAssBook = 'B'", "bDirect = 0"}) {
+        UnitOfWork unit(m_books.database());
+        m_books.opening().change(account.code, change);
+        expectRefused(changed, changed, changed);
+    }
+    m_books.opening().change(account.code, "sCode = '9999'");
+    expectRefused("该科目不存在,添加不成功", "该科目不存在,修改不成功", "该科目不存在,删除不成功");
+}
+
+TEST_P(EntryWritings, AreRefusedOnceThereAreVouchers) {
+    const AuxiliaryEntry entry = added(m_department, 1, 10);
+    m_books.opening().addVoucher();
+    const Texts before = m_books.rows();
+    const char* const vouchers = "帐套中已有凭证,期初余额只能浏览,本次操作没有保存。";
+    AuxiliaryEntry other = EntryBooks::entry(m_department, 2, 5);
+    EXPECT_EQ(m_books.service(m_department).add(m_books.account(m_department), other),
+              Outcome::stale);
+    EXPECT_EQ(refusal(before), vouchers);
+    EXPECT_EQ(remove(m_department, entry), Outcome::stale);
+    EXPECT_EQ(refusal(before), vouchers);
+}
+
+TEST_P(EntryWritings, LeaveAnEntryThatAnotherWorkstationChangedOrDeleted) {
+    const AuxiliaryEntry entry = added(m_department, 1, 10);
+    AuxiliaryEntry theirs = entry;
+    theirs.content.money = 12;
+    ASSERT_EQ(modify(m_department, entry, theirs), Outcome::done);
+    const Texts before = m_books.rows();
+    const char* const changed = "该记录已被其他工作站修改,本次操作没有进行,列表已重新读入。";
+    EXPECT_EQ(modify(m_department, entry, EntryBooks::entry(m_department, 1, 20)), Outcome::stale);
+    EXPECT_EQ(refusal(before), changed);
+    EXPECT_EQ(remove(m_department, entry), Outcome::stale);
+    EXPECT_EQ(refusal(before), changed);
+    ASSERT_EQ(remove(m_department, theirs), Outcome::done);
+    const Texts after = m_books.rows();
+    EXPECT_EQ(remove(m_department, theirs), Outcome::stale);
+    EXPECT_EQ(refusal(after), "该记录已被其他工作站删除,列表已重新读入。");
+    EXPECT_EQ(openings(m_department), allPeriods("0"));
+}
+
+TEST_P(EntryWritings, ThatMakeABalanceTooLargeAreRefused) {
+    added(m_department, 1, 9'999'999'999'999);
+    const Texts before = m_books.rows();
+    AuxiliaryEntry other = EntryBooks::entry(m_department, 2, 1);
+    EXPECT_EQ(m_books.service(m_department).add(m_books.account(m_department), other),
+              Outcome::refused);
+    EXPECT_EQ(refusal(before), "数值太大,期初余额最大为9,999,999,999,999.99,本次操作没有保存。");
+}
+
+TEST_P(EntryWritings, OfManyAreAllOrNothing) {
+    std::vector<EntryChange> changes;
+    for (int count = 0; count < 30; ++count)
+        changes.push_back(
+            {.before = {}, .after = EntryBooks::entry(m_department, 1 + count % 2, count)});
+    const AuxiliaryAccount account = m_books.account(m_department);
+    EXPECT_EQ(m_books.service(m_department).write(account, changes), Outcome::done);
+    EXPECT_EQ(m_books.stored(m_department).size(), 30u);
+    EXPECT_EQ(m_books.auxiliary(m_department, 1), allPeriods("210"));
+    EXPECT_EQ(m_books.auxiliary(m_department, 2), allPeriods("225"));
+    EXPECT_EQ(openings(m_department), allPeriods("435"));
+    const Texts before = m_books.rows();
+    changes.back().after->names.department = "没有";
+    EXPECT_EQ(m_books.service(m_department).write(account, changes), Outcome::refused);
+    EXPECT_EQ(refusal(before), "该部门不存在,添加不成功");
+}
+
+TEST_P(EntryWritings, ShowAnEntryWhoseDepartmentHasVanishedAndLetItBeDeleted) {
+    AuxiliaryEntry entry = added(m_department, 1, 10);
+    m_books.books().run("DELETE Dept WHERE lId = 1");
+    entry.names.department = "";
+    EXPECT_EQ(m_books.stored(m_department), std::vector{entry});
+    EXPECT_EQ(remove(m_department, entry), Outcome::done);
+    EXPECT_EQ(openings(m_department), allPeriods("0"));
+}
+
+CHENGHENG_ON_ALL_ENGINES(EntryWritings);
+
+class MidYearEntries : public testing::TestWithParam<EngineCase> {};
+
+TEST_P(MidYearEntries, MoveAllTwelveRowsAndNoMovement) {
+    EntryBooks books(freshLocation(GetParam()), OpeningLayout::midYear);
+    const AuxiliaryMember& member = memberOf(AuxiliaryKind::unit);
+    AuxiliaryEntry entry = EntryBooks::entry(member, 1, 10);
+    ASSERT_EQ(books.service(member).add(books.account(member), entry), Outcome::done);
+    books.books().run("UPDATE AccSum SET mBegin = 4, mDebet = 8, mCredit = 2 WHERE byPeroid = 1");
+    AuxiliaryEntry more = EntryBooks::entry(member, 1, 5);
+    ASSERT_EQ(books.service(member).add(books.account(member), more), Outcome::done);
+    EXPECT_EQ(books.opening().openings(accountCode(member)),
+              "1=9 2=15 3=15 4=15 5=15 6=15 7=15 8=15 9=15 10=15 11=15 12=15");
+    EXPECT_EQ(readRows<_AccSumInfo>(books.database(), "mDebet = 8 AND mCredit = 2").size(), 1u);
+    EXPECT_TRUE(books.agree(member));
+}
+
+CHENGHENG_ON_ALL_ENGINES(MidYearEntries);
+
+}  // namespace
