@@ -24,6 +24,7 @@ inline constexpr const char* keyboardPage = "键盘操作";
 inline constexpr const char* rightsPage = "操作员与权限";
 inline constexpr const char* chartPage = "会计科目";
 inline constexpr const char* openingPage = "期初余额录入";
+inline constexpr const char* auxiliaryPage = "辅助期初";
 inline constexpr const char* settlePage = "结算方式";
 
 // Captions of pictures, and the same in a menu with the keys that choose them.

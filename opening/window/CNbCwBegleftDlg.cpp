@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "auxiliary/members/auxiliary_member.h"
+#include "auxiliary/window/auxiliary_window.h"
 #include "base/system/program_version.h"
 #include "forms/form_texts.h"
 #include "opening/printing/opening_list.h"
@@ -273,7 +275,10 @@ void CNbCwBegleftDlg::OnMenuAuxiliary() {
     if (!m_grid->hasLine()) return;
     const auto kind = m_work.auxiliaryToOpen(m_grid->currentLine(), m_grid->openingColumn());
     if (kind == chengheng::AuxiliaryKind::none) return;
-    chengheng::tellUnbuilt(messages(), chengheng::auxiliaryText(kind));
+    const auto& account = m_work.sheet().accountOfLine(m_grid->currentLine());
+    chengheng::AuxiliaryWindow window(chengheng::memberOf(kind), account.code,
+                                      m_work.isBrowsing(), this);
+    window.DoModal();
     change([&] { return m_work.afterAuxiliary(); });
 }
 

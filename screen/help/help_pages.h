@@ -16,6 +16,7 @@ inline constexpr int hubHelpContext = 197778;
 inline constexpr int chartHelpContext = 197783;
 inline constexpr int settleHelpContext = 197782;
 inline constexpr int openingHelpContext = 197784;
+inline constexpr int auxiliaryHelpContext = 197785;
 
 /// In the order of the table of contents.
 std::span<const HelpPage> helpPages();

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <utility>
 
+#include "screen/wait_window.h"
+
 namespace chengheng {
 
 NextModal::NextModal(std::function<void(QWidget&)> act)
@@ -19,6 +21,8 @@ NextModal::~NextModal() { EXPECT_TRUE(m_hasCome) << "no modal window came up"; }
 void NextModal::look() {
     QPointer<QWidget> window = QApplication::activeModalWidget();
     if (!window || window == m_before || !window->isVisible()) return;
+    const bool hasNothingToDo = dynamic_cast<WaitWindow*>(window.data()) != nullptr;
+    if (hasNothingToDo) return;
     m_timer.stop();
     m_hasCome = true;
     m_act(*window);
