@@ -45,12 +45,6 @@ Status readFigures(Engine& engine, const char* sql, FiguresByPeriod& sums) {
     });
 }
 
-/// Half of the last decimal the books keep, and what adding up many large doubles may lose.
-bool areEqual(double one, double other, int decimals) {
-    const double half = 0.5 * std::pow(10.0, -decimals);
-    return std::abs(one - other) < half + 1e-12 * std::abs(one);
-}
-
 bool hasAuxiliaryDimension(const CheckedAccount& account) {
     return account.letters.find_first_of("ABCD") != std::string::npos;
 }
@@ -116,6 +110,12 @@ bool isFullYear(const std::vector<int>& periods) {
 }
 
 }  // namespace
+
+/// Half of the last decimal the books keep counts as none, too.
+bool areEqual(double one, double other, int decimals) {
+    const double half = 0.5 * std::pow(10.0, -decimals);
+    return std::abs(one - other) < half + 1e-12 * std::abs(one);
+}
 
 Status checkPeriodSums(CheckedBooks& books, FaultList& faults) {
     std::map<int, std::vector<int>> periods;

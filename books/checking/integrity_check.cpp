@@ -13,7 +13,7 @@
 namespace chengheng {
 namespace {
 
-constexpr std::array<IntegrityCheck, 21> checks{{
+constexpr std::array<IntegrityCheck, 22> checks{{
     {"engine", integrity_texts::engineTitle, checkEngine},
     {"parameters", integrity_texts::parametersTitle, checkParameters},
     {"objects", integrity_texts::objectsTitle, checkObjects},
@@ -33,6 +33,7 @@ constexpr std::array<IntegrityCheck, 21> checks{{
     {"periodSums", integrity_texts::periodSumsTitle, checkPeriodSums},
     {"openings", integrity_texts::openingsTitle, checkOpenings},
     {"auxiliarySums", integrity_texts::auxiliarySumsTitle, checkAuxiliarySums},
+    {"openingEntries", integrity_texts::openingEntriesTitle, checkOpeningEntries},
     {"fixedRates", integrity_texts::fixedRatesTitle, checkFixedRates},
     {"floatingRates", integrity_texts::floatingRatesTitle, checkFloatingRates},
 }};

@@ -13,6 +13,10 @@ namespace chengheng {
 
 inline constexpr int periodsInAYear = 12;
 
+/// Whether two sums differ at most by what adding up many large doubles may lose, for books that
+/// round to so many decimals.
+bool areEqual(double one, double other, int decimals);
+
 /// NaN for what is no number, which the checks of cells tell.
 double numberIn(const Cursor& row, int column);
 
@@ -101,6 +105,7 @@ Status checkOperators(CheckedBooks& books, FaultList& faults);
 Status checkPeriodSums(CheckedBooks& books, FaultList& faults);
 Status checkOpenings(CheckedBooks& books, FaultList& faults);
 Status checkAuxiliarySums(CheckedBooks& books, FaultList& faults);
+Status checkOpeningEntries(CheckedBooks& books, FaultList& faults);
 Status checkParentSums(CheckedBooks& books, FaultList& notes);
 Status checkFixedRates(CheckedBooks& books, FaultList& faults);
 Status checkFloatingRates(CheckedBooks& books, FaultList& faults);

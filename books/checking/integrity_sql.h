@@ -58,8 +58,10 @@ inline constexpr const char* periods =
     "SELECT lCodeId, byPeroid FROM AccSum ORDER BY lCodeId, byPeroid";
 
 inline constexpr const char* firstDay = "SELECT dtStart FROM zAccountM ORDER BY lId";
+/// The headers of opening entries are of no period.
 inline constexpr const char* anyVoucher =
-    "SELECT lId FROM RegMain UNION ALL SELECT lId FROM UnregMain LIMIT 1";
+    "SELECT lId FROM RegMain WHERE byPeroid > 0 UNION ALL SELECT lId FROM UnregMain WHERE "
+    "byPeroid > 0 LIMIT 1";
 /// Account, period, row and three opening figures.
 inline constexpr const char* openingsOfPeriods =
     "SELECT lCodeId, byPeroid, lId, mBegin, dAmtBegin, mFgnBegin FROM AccSum "
@@ -78,6 +80,20 @@ inline constexpr const char* auxiliaryFigures =
     "SELECT lCodeId, byPeroid, sum(mBegin), sum(mDebt), sum(mCredit), sum(dBegin), sum(dDebt), "
     "sum(dCredit), sum(mFBegin), sum(mFDebt), sum(mFCredit) "
     "FROM AssAcc GROUP BY lCodeId, byPeroid ORDER BY lCodeId, byPeroid";
+
+/// Six columns of a combination and three figures: of the opening entries of an account, plus in
+/// its own direction, and of its auxiliary sums in the period $1.
+inline constexpr const char* entryFigures =
+    "SELECT s.lCodeId, s.lItemId, s.lDeptId, coalesce(s.lPersonId, 0), s.lEnterId, s.sItemId, "
+    "sum(CASE WHEN s.bDirect = c.bDirect THEN s.mMoney ELSE 0 - s.mMoney END), "
+    "sum(CASE WHEN s.bDirect = c.bDirect THEN s.dAmt ELSE 0 - s.dAmt END), "
+    "sum(CASE WHEN s.bDirect = c.bDirect THEN s.mFgn ELSE 0 - s.mFgn END) "
+    "FROM RegSub s JOIN Code c ON c.lId = s.lCodeId WHERE s.bBegin <> 0 "
+    "GROUP BY s.lCodeId, s.lItemId, s.lDeptId, coalesce(s.lPersonId, 0), s.lEnterId, s.sItemId";
+inline constexpr const char* combinationFigures =
+    "SELECT lCodeId, lItemId, lDeptId, coalesce(lPersonId, 0), lEnterId, sItemId, sum(mBegin), "
+    "sum(dBegin), sum(mFBegin) FROM AssAcc WHERE byPeroid = $1 "
+    "GROUP BY lCodeId, lItemId, lDeptId, coalesce(lPersonId, 0), lEnterId, sItemId";
 
 inline constexpr const char* currencies = "SELECT lId, sExchCode FROM Cyrency ORDER BY lId";
 inline constexpr const char* fixedRates =

@@ -160,6 +160,21 @@ std::string sumsDiffer(const CheckedAccount& account, int period, std::string_vi
                        figure, accountSum, auxiliarySum);
 }
 
+std::string entriesDiffer(const CheckedAccount& account, const Combination& combination,
+                          std::string_view figure, std::string_view entries,
+                          std::string_view auxiliarySum) {
+    std::string of;
+    const auto add = [&of](const char* name, std::int64_t id) {
+        if (id != 0) of += fmt::format("{}{}(编号 {})", of.empty() ? "" : "、", name, id);
+    };
+    add("部门", combination.department);
+    add("个人", combination.person);
+    add("单位", combination.unit);
+    add(fmt::format("项目 {} ", combination.itemClass).c_str(), combination.item);
+    return fmt::format("{}:{}的{},期初明细合计为 {},辅助总帐为 {}", shown(account), of, figure,
+                       entries, auxiliarySum);
+}
+
 std::string parentDiffers(const CheckedAccount& account, int period, std::string_view figure,
                           std::string_view amount, std::string_view total, int times) {
     return fmt::format("{}:第 {} 期{}为 {},下级科目合计为 {}{}", shown(account), period, figure,

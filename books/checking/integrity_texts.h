@@ -33,6 +33,7 @@ inline constexpr const char* projectItemsTitle = "项目引用";
 inline constexpr const char* operatorsTitle = "操作员与权限";
 inline constexpr const char* periodSumsTitle = "科目总帐期间";
 inline constexpr const char* auxiliarySumsTitle = "辅助总帐与科目总帐";
+inline constexpr const char* openingEntriesTitle = "辅助期初明细与辅助总帐";
 inline constexpr const char* parentSumsTitle = "上级科目与下级合计";
 inline constexpr const char* fixedRatesTitle = "固定汇率";
 inline constexpr const char* floatingRatesTitle = "浮动汇率";
@@ -103,6 +104,22 @@ std::string markedAlone(const CheckedAccount& account, std::string_view column,
                         const CheckedAccount& above);
 std::string sumsDiffer(const CheckedAccount& account, int period, std::string_view figure,
                        std::string_view accountSum, std::string_view auxiliarySum);
+
+/// What an entry or a sum is kept apart by, as ids; 0 where it is not.
+struct Combination {
+    std::int64_t item = 0;
+    std::int64_t department = 0;
+    std::int64_t person = 0;
+    std::int64_t unit = 0;
+    std::string itemClass;
+
+    auto operator<=>(const Combination&) const = default;
+};
+
+/// The opening entries of a combination and its auxiliary sums differ in a figure.
+std::string entriesDiffer(const CheckedAccount& account, const Combination& combination,
+                          std::string_view figure, std::string_view entries,
+                          std::string_view auxiliarySum);
 
 /// An account above others has another amount than their total; so often, this time first.
 std::string parentDiffers(const CheckedAccount& account, int period, std::string_view figure,

@@ -349,9 +349,70 @@ TEST_P(EntryWritings, ShowAnEntryWhoseDepartmentHasVanishedAndLetItBeDeleted) {
     EXPECT_EQ(openings(m_department), allPeriods("0"));
 }
 
+TEST_P(EntryWritings, UnlikeTheAuxiliarySumsAreFoundByTheCheck) {
+    const AuxiliaryMember& member = memberOf(Kind::unitAndProject);
+    added(member, 1, 10);
+    added(member, 1, 4, false);
+    added(member, 2, 30);
+    EXPECT_EQ(m_books.books().faults(), Texts{});
+    // Both together as the account has them, each on its own not.
+    m_books.books().run(
+        "UPDATE AssAcc SET mBegin = 7, dBegin = 0.00001 WHERE lEnterId = 1\r\n"
+        "UPDATE AssAcc SET mBegin = 29, dBegin = -0.00001 WHERE lEnterId = 2");
+    const std::string account =
+        formatSql("openingEntries: 科目 2006 科目2006(编号 %d):", m_books.account(member).id);
+    const std::string first = account + "单位(编号 1)、项目 01 (编号 1)的";
+    const std::string second = account + "单位(编号 2)、项目 01 (编号 2)的";
+    EXPECT_EQ(m_books.books().faults(),
+              (Texts{first + "期初金额,期初明细合计为 6.00,辅助总帐为 7.00",
+                     first + "期初数量,期初明细合计为 0.00000,辅助总帐为 0.00001",
+                     second + "期初金额,期初明细合计为 30.00,辅助总帐为 29.00",
+                     second + "期初数量,期初明细合计为 0.00000,辅助总帐为 -0.00001"}));
+}
+
+TEST_P(EntryWritings, WithoutAuxiliarySumsAreFoundByTheCheckAndSumsAloneAreNot) {
+    added(m_department, 1, 10);
+    const AuxiliaryMember& unit = memberOf(Kind::unit);
+    const AuxiliaryEntry entry = added(unit, 1, 5);
+    m_books.books().run(formatSql("DELETE RegSub WHERE lId = %d", entry.lineId));
+    EXPECT_EQ(m_books.books().faults(), Texts{});
+    m_books.books().run("UPDATE AssAcc SET lDeptId = 2 WHERE lDeptId = 1");
+    const std::string account =
+        formatSql("openingEntries: 科目 2001 科目2001(编号 %d):", m_books.account(m_department).id);
+    EXPECT_EQ(m_books.books().faults(),
+              (Texts{account + "部门(编号 1)的期初金额,期初明细合计为 10.00,辅助总帐为 0.00",
+                     account + "部门(编号 2)的期初金额,期初明细合计为 0.00,辅助总帐为 10.00"}));
+}
+
+TEST_P(EntryWritings, AreNoVouchersToTheCheckOfTheOpeningBalances) {
+    added(m_department, 1, 10);
+    m_books.books().run(
+        "UPDATE AccSum SET mBegin = 9 WHERE byPeroid = 5\r\n"
+        "UPDATE AssAcc SET mBegin = 9 WHERE byPeroid = 5");
+    const Texts faults = m_books.books().faults();
+    ASSERT_EQ(faults.size(), 1u);
+    EXPECT_TRUE(faults[0].starts_with("openings: "));
+}
+
 CHENGHENG_ON_ALL_ENGINES(EntryWritings);
 
 class MidYearEntries : public testing::TestWithParam<EngineCase> {};
+
+TEST_P(MidYearEntries, AreHeldAgainstThePeriodTheBooksBeginWith) {
+    EntryBooks books(freshLocation(GetParam()), OpeningLayout::midYear);
+    const AuxiliaryMember& member = memberOf(AuxiliaryKind::unit);
+    AuxiliaryEntry entry = EntryBooks::entry(member, 1, 10);
+    entry.content.date = {2026, 2, 28};
+    ASSERT_EQ(books.service(member).add(books.account(member), entry), Outcome::done);
+    for (const char* table : {"AccSum", "AssAcc"})
+        books.books().run(
+            formatSql("UPDATE %s SET mBegin = 4 WHERE byPeroid = 1", SqlFragment{table}));
+    EXPECT_EQ(books.books().faults(), Texts{});
+    for (const char* table : {"AccSum", "AssAcc"})
+        books.books().run(
+            formatSql("UPDATE %s SET mBegin = 4 WHERE byPeroid > 1", SqlFragment{table}));
+    EXPECT_EQ(books.books().faults().size(), 1u);
+}
 
 TEST_P(MidYearEntries, MoveAllTwelveRowsAndNoMovement) {
     EntryBooks books(freshLocation(GetParam()), OpeningLayout::midYear);

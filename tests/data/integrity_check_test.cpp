@@ -93,9 +93,9 @@ constexpr Damage damages[] = {
     {"MnemonicTwice", "UPDATE Code SET sHelp = 'KCXJ' WHERE lId = 6", "uniqueMnemonics",
      "“KCXJ”与科目 1001 相同"},
     {"ItemTableGone", "DROP TABLE ProjItems01", "projectItems", "ProjItems01"},
-    {"ItemOfSumsGone", "UPDATE AssAcc SET sItemId = '01', lItemId = 8", "projectItems",
-     "AssAcc 用到项目大类“01”的项目编号 8"},
-    {"ItemOfLineGone", "UPDATE RegSub SET sItemId = '01', lItemId = 9", "projectItems",
+    {"ItemOfSumsGone", "UPDATE RegSub SET bBegin = 0;UPDATE AssAcc SET sItemId = '01', lItemId = 8",
+     "projectItems", "AssAcc 用到项目大类“01”的项目编号 8"},
+    {"ItemOfLineGone", "UPDATE RegSub SET bBegin = 0, sItemId = '01', lItemId = 9", "projectItems",
      "RegSub 用到项目大类“01”的项目编号 9"},
     {"ItemWithoutClass", "UPDATE UnregSub SET lItemId = 1", "projectItems",
      "UnregSub 用到项目大类“”的项目编号 1"},
@@ -158,6 +158,14 @@ constexpr Damage damages[] = {
      "auxiliarySums", "第 1 期贷方数量,科目总帐为 0.00000,辅助总帐合计为 0.00002"},
     {"AuxiliaryForeignDiffers", "UPDATE AccSum SET mFgnDebet = 1 WHERE lId = 24", "auxiliarySums",
      "第 12 期借方外币,科目总帐为 1.00,辅助总帐合计为 0.00"},
+    {"EntryDiffers", "UPDATE RegSub SET mMoney = 100.11 WHERE bBegin <> 0", "openingEntries",
+     "1122 应收账款(编号 5):单位(编号 1)的期初金额,期初明细合计为 100.11,辅助总帐为 100.10"},
+    {"EntryOfOtherDirection", "UPDATE RegSub SET bDirect = 1 - bDirect WHERE bBegin <> 0",
+     "openingEntries", "期初明细合计为 -100.10,辅助总帐为 100.10"},
+    {"EntryWithQuantity", "UPDATE RegSub SET dAmt = 0.00001 WHERE bBegin <> 0", "openingEntries",
+     "期初数量,期初明细合计为 0.00001,辅助总帐为 0.00000"},
+    {"EntryWithForeignMoney", "UPDATE RegSub SET mFgn = 0.01 WHERE bBegin <> 0", "openingEntries",
+     "期初外币,期初明细合计为 0.01,辅助总帐为 0.00"},
     {"FixedRateMissing", "DELETE FROM ExchgFix WHERE byPeroid = 5", "fixedRates",
      "2026 年固定汇率缺 1 行,最早缺 2026-05-01"},
     {"FixedRateTwice",
@@ -383,6 +391,7 @@ TEST_P(Integrity, AuxiliarySumsMayDifferByRounding) {
 TEST_P(Integrity, AuxiliarySumsOfSeveralUnitsAreAddedUp) {
     runScript(*m_engine,
               "INSERT INTO Enter (lId, lClassId) VALUES (2, 1);"
+              "UPDATE RegSub SET bBegin = 0;"
               "UPDATE AssAcc SET mBegin = 60.05");
     for (int period = 1; period <= 12; ++period)
         runScript(*m_engine,
