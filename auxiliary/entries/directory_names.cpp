@@ -4,6 +4,7 @@
 #include "data/access/row_lease.h"
 #include "data/access/selected_cells.h"
 #include "data/tables/directories.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 namespace {
@@ -45,6 +46,7 @@ Status DirectoryNames::readItems(CNbCwDB& database) {
         classes = lease.copy();
     }
     for (const _ProjClassInfo& each : classes) {
+        if (projectItemTable(each.sClsCode).name.empty()) continue;
         const SelectedCells items(database, auxiliary_sql::itemsInOrder(each.sClsCode));
         if (!items.isRead()) return database.lastStatus();
         Names& names = m_items[each.sClsCode];

@@ -106,6 +106,7 @@ bool AuxiliaryWork::add(AuxiliaryEntry& entry) {
 }
 
 bool AuxiliaryWork::modify(const AuxiliaryEntry& before, AuxiliaryEntry after) {
+    if (after == before) return true;
     return doAndRemember({.before = before, .after = std::move(after)});
 }
 

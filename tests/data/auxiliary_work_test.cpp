@@ -116,6 +116,17 @@ TEST_P(AuxiliaryWorks, ForgetStepsThatAnotherWorkstationOvertook) {
     EXPECT_FALSE(m_work.canUndo());
 }
 
+TEST_P(AuxiliaryWorks, WriteNothingWhereNothingChanged) {
+    const AuxiliaryEntry entry = added(1, 100);
+    const Texts before = m_books.rows();
+    m_books.books().locks().forget();
+    EXPECT_TRUE(m_work.modify(entry, entry));
+    EXPECT_EQ(m_books.rows(), before);
+    EXPECT_EQ(m_books.books().locks().log(), Texts{});
+    ASSERT_TRUE(m_work.undo());
+    EXPECT_EQ(shown(), Texts{});
+}
+
 TEST_P(AuxiliaryWorks, TellThatNoRowIsSelected) {
     EXPECT_EQ(m_work.entryToModify(std::nullopt), nullptr);
     EXPECT_EQ(said(), "请先选择要修改的行!");

@@ -177,6 +177,23 @@ TEST_P(EntryForms, OfferTheItemsOfTheAccountsClasses) {
     EXPECT_EQ(said(), "");
 }
 
+TEST_P(EntryForms, PassOverAClassWhoseCodeIsNoName) {
+    m_books.books().run(
+        "INSERT INTO ProjClass (lId, sClsCode, sClsName) VALUES (2, '01 WHERE lId = 1', '恶')");
+    EntryForm form = adding(AuxiliaryKind::project);
+    EXPECT_EQ(form.choices(Dimension::item).size(), 2u);
+    form.input.names.item = "二期";
+    const auto entry = form.accept(m_picking.picker());
+    ASSERT_TRUE(entry);
+    EntryService service = m_books.service(form.member());
+    AuxiliaryEntry added = *entry;
+    ASSERT_EQ(service.add(form.account(), added), Outcome::done);
+    EXPECT_EQ(m_books.stored(form.member()), std::vector{added});
+    added.content.of.itemClass = "01 WHERE lId = 1";
+    EXPECT_EQ(service.add(form.account(), added), Outcome::refused);
+    EXPECT_EQ(said(), "该项目名称不存在");
+}
+
 TEST_P(EntryForms, OfferThePersonsOfTheTypedDepartment) {
     EntryForm form = adding(AuxiliaryKind::person);
     EXPECT_EQ(form.choices(Dimension::person).size(), 2u);
