@@ -35,11 +35,17 @@ double figureOf(const EntryContent& content, EntryColumn column) {
     return column == EntryColumn::foreign ? content.foreign : content.quantity;
 }
 
-/// Whether the first stands before the second.
-bool isBefore(const AuxiliaryEntry& one, const AuxiliaryEntry& other, EntryColumn column) {
-    if (isFigure(column)) return figureOf(one.content, column) < figureOf(other.content, column);
-    if (column == EntryColumn::date) return one.content.date < other.content.date;
-    return cellText(one, column) < cellText(other, column);
+/// By what an entry is sorted: a number, or a text where that is 0 for all.
+struct SortKey {
+    double number = 0;
+    std::string text;
+
+    auto operator<=>(const SortKey&) const = default;
+};
+
+SortKey sortKey(const AuxiliaryEntry& entry, EntryColumn column) {
+    if (isFigure(column)) return {figureOf(entry.content, column), {}};
+    return {0, cellText(entry, column)};
 }
 
 bool hasText(const std::string& text, const std::string& wanted) {
@@ -209,14 +215,21 @@ void EntryList::showMatching() {
     m_shown.clear();
     for (std::size_t place = 0; place < m_entries.size(); ++place)
         if (matches(m_entries[place])) m_shown.push_back(place);
-    if (m_sortColumn >= 0) {
-        const EntryColumn column = m_columns[static_cast<std::size_t>(m_sortColumn)];
-        std::ranges::stable_sort(m_shown, [&](std::size_t one, std::size_t other) {
-            if (m_isDescending) std::swap(one, other);
-            return isBefore(m_entries[one], m_entries[other], column);
-        });
-    }
+    if (m_sortColumn >= 0) sortShown();
     ++m_revision;
+}
+
+/// Keys are made once for each entry, not for each comparison.
+void EntryList::sortShown() {
+    const EntryColumn column = m_columns[static_cast<std::size_t>(m_sortColumn)];
+    std::vector<std::pair<SortKey, std::size_t>> keyed;
+    keyed.reserve(m_shown.size());
+    for (const std::size_t place : m_shown)
+        keyed.emplace_back(sortKey(m_entries[place], column), place);
+    std::ranges::stable_sort(keyed, [this](const auto& one, const auto& other) {
+        return m_isDescending ? other.first < one.first : one.first < other.first;
+    });
+    std::ranges::transform(keyed, m_shown.begin(), [](const auto& each) { return each.second; });
 }
 
 std::size_t EntryList::find(const EntrySearch& search, std::size_t after) const {

@@ -86,6 +86,7 @@ class EntryList {
 
   private:
     void showMatching();
+    void sortShown();
     bool matches(const AuxiliaryEntry& entry) const;
 
     std::vector<EntryColumn> m_columns;

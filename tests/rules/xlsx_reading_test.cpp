@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "sheets/xlsx/xlsx_contents.h"
 #include "tests/support/read_xlsx.h"
 
 namespace chengheng {
