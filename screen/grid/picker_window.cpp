@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 
+#include "accounts/codes/mnemonic.h"
 #include "base/values/text.h"
 #include "screen/grid/CVCF1.h"
 #include "screen/grid/grid_model.h"
@@ -38,13 +39,10 @@ class PickerRows final : public GridModel {
     }
     void narrow(std::string_view wanted) {
         beginResetModel();
+        if (mayBeInitials(wanted)) readInitials();
         m_shown.clear();
-        for (std::size_t position = 0; position < m_rows.size(); ++position) {
-            const PickerRow& row = m_rows[position];
-            if (containsInAnyCase(row.code, wanted) || containsInAnyCase(row.name, wanted)) {
-                m_shown.push_back(position);
-            }
-        }
+        for (std::size_t position = 0; position < m_rows.size(); ++position)
+            if (holds(position, wanted)) m_shown.push_back(position);
         endResetModel();
     }
     /// Position among all rows; -1 where none is shown.
@@ -60,7 +58,24 @@ class PickerRows final : public GridModel {
     }
 
   private:
+    static bool mayBeInitials(std::string_view wanted) {
+        const auto isAscii = [](char letter) { return letter > ' ' && letter <= '~'; };
+        return !wanted.empty() && std::ranges::all_of(wanted, isAscii);
+    }
+    /// Once, and only when somebody types what may be initials.
+    void readInitials() {
+        if (m_initials.size() == m_rows.size()) return;
+        for (const PickerRow& row : m_rows) m_initials.push_back(initialsOf(row.name));
+    }
+    bool holds(std::size_t position, std::string_view wanted) const {
+        const PickerRow& row = m_rows[position];
+        return containsInAnyCase(row.code, wanted) || containsInAnyCase(row.name, wanted) ||
+               (position < m_initials.size() && mayBeInitials(wanted) &&
+                containsInAnyCase(m_initials[position], wanted));
+    }
+
     std::vector<PickerRow> m_rows;
+    std::vector<std::string> m_initials;  ///< of their names; empty until they are needed
     std::vector<std::size_t> m_shown;
 };
 

@@ -16,8 +16,8 @@ struct PickerRow {
     std::string name;
 };
 
-/// A list of records with a field that narrows it: looked through, or chosen from with a
-/// double click, Enter or 确定.
+/// A list of records with a field that narrows it, by code, name and the initials of the name:
+/// looked through, or chosen from with a double click, Enter or 确定.
 class PickerWindow final : public DialogFrame {
     Q_OBJECT
 

@@ -211,7 +211,16 @@ TEST_F(AuxiliaryWindowTest, ChoosesFromTheDirectoryByItsButton) {
                 const NextModal picker([](QWidget& list) {
                     EXPECT_EQ(rowsOf(*list.findChild<CVCF1*>()),
                               (EntryTexts{"U1|甲公司", "U2|乙公司"}));
-                    list.findChild<CVCF1*>()->setCurrentRow(1);
+                    auto* wanted = list.findChild<QLineEdit*>();
+                    for (const auto& [typed, rows] :
+                         {std::pair{"jgs", EntryTexts{"U1|甲公司"}},
+                          std::pair{"u2", EntryTexts{"U2|乙公司"}},
+                          std::pair{"司", EntryTexts{"U1|甲公司", "U2|乙公司"}},
+                          std::pair{"zgs", EntryTexts{}},
+                          std::pair{"YG", EntryTexts{"U2|乙公司"}}}) {
+                        wanted->setText(QString::fromUtf8(typed));
+                        EXPECT_EQ(rowsOf(*list.findChild<CVCF1*>()), rows) << typed;
+                    }
                     click(list, "确定");
                 });
                 click(record, "VIEW");
