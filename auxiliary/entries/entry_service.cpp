@@ -5,6 +5,7 @@
 
 #include "auxiliary/entries/balance_carry.h"
 #include "auxiliary/entries/dimension_lookup.h"
+#include "auxiliary/entries/directory_names.h"
 #include "auxiliary/entries/entry_reading.h"
 #include "auxiliary/members/auxiliary_sql.h"
 #include "auxiliary/members/auxiliary_texts.h"
@@ -22,6 +23,8 @@ namespace {
 
 constexpr const char* writtenTables = "AssAcc AccSum RegMain RegSug";  // sic
 constexpr const char* accounts = "Code";
+/// From here on reading all names costs less than asking for each.
+constexpr std::size_t manyChanges = 64;
 
 /// The chart, where the member's list does not name it.
 const char* furtherTables(const AuxiliaryMember& member) {
@@ -43,6 +46,7 @@ class EntryWriting {
     UntoldOutcome refuseVouchers();
     UntoldOutcome refuseAccount();
     UntoldOutcome refuseNames(const EntryChange& change);
+    Status readHasName(Dimension dimension, const AuxiliaryEntry& entry, bool& hasName);
     UntoldOutcome write(EntryChange& change);
     UntoldOutcome readStored(const AuxiliaryEntry& entry);
     UntoldOutcome erase();
@@ -55,6 +59,7 @@ class EntryWriting {
     const AuxiliaryAccount& m_account;
     std::span<EntryChange> m_changes;
     BalanceCarry m_carry;
+    std::optional<DirectoryNames> m_names;  ///< all of them, for many changes
     _RegSubInfo m_line;
     _RegMainInfo m_header;
     bool m_hasHeader = false;
@@ -113,14 +118,22 @@ UntoldOutcome EntryWriting::refuseAccount() {
                   : UntoldOutcome::stale({.text = auxiliary_texts::accountChanged});
 }
 
+Status EntryWriting::readHasName(Dimension dimension, const AuxiliaryEntry& entry, bool& hasName) {
+    const EntryDimensions& of = entry.content.of;
+    const std::string& name = nameOf(entry.names, dimension);
+    if (m_changes.size() < manyChanges) return readIsNamed(*g_pDB, dimension, of, name, hasName);
+    Status status = Status::done();
+    if (!m_names) status = m_names.emplace().read(*g_pDB, m_member);
+    if (status) hasName = !name.empty() && nameOf(m_names->namesOf(of), dimension) == name;
+    return status;
+}
+
 /// Whatever the entry names must still be there by that name.
 UntoldOutcome EntryWriting::refuseNames(const EntryChange& change) {
     for (const DimensionWords& words : m_member.dimensions) {
-        bool isNamed = false;
-        const std::string& name = nameOf(change.after->names, words.dimension);
-        if (!readIsNamed(*g_pDB, words.dimension, change.after->content.of, name, isNamed))
-            return UntoldOutcome::failed();
-        if (!isNamed)
+        bool hasName = false;
+        if (!readHasName(words.dimension, *change.after, hasName)) return UntoldOutcome::failed();
+        if (!hasName)
             return UntoldOutcome::refused(
                 {.text = change.before ? words.goneModifying : words.goneAdding});
     }

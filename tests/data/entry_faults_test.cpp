@@ -8,6 +8,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/entry_books.h"
 #include "tests/support/killed_process.h"
+#include "tests/support/waiting_process.h"
 
 namespace {
 
@@ -114,5 +115,86 @@ TEST_P(EntryCrashes, LeaveTheOldEntriesOrTheNew) {
 }
 
 CHENGHENG_ON_SHARED_ENGINES(EntryCrashes);
+
+class EnteringWorkstations : public testing::TestWithParam<EngineCase> {
+  protected:
+    static constexpr int entries = 12;
+
+    /// Adds entries for the same two combinations, changes every third one and deletes the next.
+    static bool enterMany(EntryBooks& books, int cents) {
+        const AuxiliaryMember& member = faultMember();
+        const AuxiliaryAccount account = books.account(member);
+        EntryService service = books.service(member);
+        bool isDone = true;
+        for (int at = 0; isDone && at < entries; ++at) {
+            AuxiliaryEntry entry = EntryBooks::entry(member, 1 + at % 2, 100 + cents / 100.0);
+            isDone = service.add(account, entry) == Outcome::done;
+            AuxiliaryEntry other = EntryBooks::entry(member, 2 - at % 2, 1);
+            if (isDone && at % 3 == 1)
+                isDone = service.modify(account, entry, other) == Outcome::done;
+            if (isDone && at % 3 == 2) isDone = service.remove(account, entry) == Outcome::done;
+        }
+        return isDone;
+    }
+};
+
+TEST_P(EnteringWorkstations, ForTheSameUnitsAtOnceLoseNothing) {
+    const std::string location = freshLocation(GetParam());
+    { const EntryBooks books(location); }
+    WaitingProcess otherStation([&] {
+        EntryBooks books(location, OpeningLayout::simple, false);
+        return enterMany(books, 11);
+    });
+    EntryBooks books(location, OpeningLayout::simple, false);
+    otherStation.start(std::chrono::milliseconds(0));
+    EXPECT_TRUE(enterMany(books, 22));
+    EXPECT_TRUE(otherStation.hasSucceeded());
+    EXPECT_EQ(books.messages().texts(), Texts{});
+    EXPECT_EQ(books.stored(faultMember()).size(), 2u * entries * 2 / 3);
+    EXPECT_TRUE(books.agree(faultMember()));
+    EXPECT_EQ(books.books().faults(), Texts{});
+    // 4 entries of each stay as they were added, 4 became 1.
+    EXPECT_EQ(books.opening().openings(accountCode(faultMember())), allPeriods("809.32"));
+}
+
+/// Another workstation takes the unit away at each moment of an addition: either the entry is
+/// there and the unit was taken afterwards, or nothing was written.
+TEST_P(EnteringWorkstations, LoseAUnitThatAnotherOneDeletesBeforeOrAfterTheEntry) {
+    const AuxiliaryMember& member = memberOf(AuxiliaryKind::unit);
+    bool haveMet = true;
+    int refusals = 0;
+    for (int call = 1; haveMet && call < 100; ++call) {
+        const std::string location = freshLocation(GetParam());
+        { const EntryBooks made(location); }
+        haveMet = false;
+        WaitingProcess otherStation([&] {
+            EntryBooks theirs(location, OpeningLayout::simple, false);
+            return theirs.database().QRYDelete("Enter", "lId = 1") == 0;
+        });
+        EntryBooks books(location, OpeningLayout::simple, false);
+        const AuxiliaryAccount account = books.account(member);
+        const Texts before = books.rows();
+        books.books().engine().beforeCall(call, [&] {
+            haveMet = true;
+            otherStation.start();
+        });
+        AuxiliaryEntry entry = EntryBooks::entry(member, 1, 10);
+        const Outcome outcome = books.service(member).add(account, entry);
+        books.books().engine().beforeCall(0, {});
+        if (!haveMet) otherStation.start();
+        EXPECT_TRUE(otherStation.hasSucceeded()) << call;
+        ASSERT_TRUE(outcome == Outcome::done || outcome == Outcome::refused) << call;
+        if (outcome == Outcome::refused) {
+            ++refusals;
+            EXPECT_EQ(books.messages().onlyNotice().text, "该单位信息不存在") << call;
+            EXPECT_EQ(books.rows(), before) << call;
+        }
+        EXPECT_TRUE(books.agree(member)) << call;
+    }
+    EXPECT_FALSE(haveMet);
+    EXPECT_GT(refusals, 0);
+}
+
+CHENGHENG_ON_SHARED_ENGINES(EnteringWorkstations);
 
 }  // namespace

@@ -340,6 +340,24 @@ TEST_P(EntryWritings, OfManyAreAllOrNothing) {
     EXPECT_EQ(refusal(before), "该部门不存在,添加不成功");
 }
 
+TEST_P(EntryWritings, OfVeryManyAreRefusedForTheOneWhoseNameIsGone) {
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        std::vector<EntryChange> changes;
+        for (int count = 0; count < 70; ++count)
+            changes.push_back({.before = {}, .after = EntryBooks::entry(member, 2, 1)});
+        const AuxiliaryAccount account = m_books.account(member);
+        EXPECT_EQ(m_books.service(member).write(account, changes), Outcome::done);
+        EXPECT_EQ(m_books.auxiliary(member, 2), allPeriods("70")) << member.caption;
+        const Texts before = m_books.rows();
+        const DimensionWords& last = member.dimensions.back();
+        for (const char* wrong : {"没有", ""}) {
+            nameOf(changes[69].after->names, last.dimension) = wrong;
+            EXPECT_EQ(m_books.service(member).write(account, changes), Outcome::refused);
+            EXPECT_EQ(refusal(before), last.goneAdding) << member.caption;
+        }
+    }
+}
+
 TEST_P(EntryWritings, ShowAnEntryWhoseDepartmentHasVanishedAndLetItBeDeleted) {
     AuxiliaryEntry entry = added(m_department, 1, 10);
     m_books.books().run("DELETE Dept WHERE lId = 1");
