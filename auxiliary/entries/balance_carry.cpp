@@ -16,6 +16,9 @@
 namespace chengheng {
 namespace {
 
+/// From here on reading all rows of the account costs less than asking for each combination.
+constexpr std::size_t manyCombinations = 64;
+
 EntryFigures openingOf(const _AssAccInfo& row) { return {row.mBegin, row.mFBegin, row.dBegin}; }
 
 EntryFigures openingOf(const _AccSumInfo& row) {
@@ -87,20 +90,44 @@ Status BalanceCarry::write(CNbCwDB& database, bool& isTooLarge) {
     return status ? writeAccount(database, isTooLarge) : status;
 }
 
+Status BalanceCarry::readRows(CNbCwDB& database, std::map<EntryDimensions, Rows>& rows) const {
+    if (m_combinations.size() < manyCombinations) {
+        for (const auto& [of, moved] : m_combinations) {
+            const RowLease<_AssAccInfo> lease(database, m_member.sumsOf(m_account.id, of).c_str());
+            if (!lease.isRead()) return database.lastStatus();
+            if (lease.isFound()) rows[of] = lease.copy();
+        }
+        return Status::done();
+    }
+    const std::string condition = auxiliary_sql::allSums(m_account.id);
+    const RowLease<_AssAccInfo> lease(database, condition.c_str());
+    if (!lease.isRead()) return database.lastStatus();
+    for (const _AssAccInfo* row : lease.rows()) {
+        const EntryDimensions of = combinationOf({.department = row->lDeptId,
+                                                  .person = row->lPersonId,
+                                                  .unit = row->lEnterId,
+                                                  .item = row->lItemId,
+                                                  .itemClass = row->sItemId});
+        if (m_combinations.contains(of)) rows[of].push_back(*row);
+    }
+    return Status::done();
+}
+
 Status BalanceCarry::writeAuxiliary(CNbCwDB& database, bool& isTooLarge) {
     std::string batch;
+    std::map<EntryDimensions, Rows> stored;
+    if (const Status status = readRows(database, stored); !status) return status;
     std::vector<std::pair<EntryDimensions, EntryFigures>> fresh;
     for (const auto& [of, moved] : m_combinations) {
-        const RowLease<_AssAccInfo> lease(database, m_member.sumsOf(m_account.id, of).c_str());
-        if (!lease.isRead()) return database.lastStatus();
-        if (!lease.isFound()) {
+        const auto found = stored.find(of);
+        if (found == stored.end()) {
             fresh.emplace_back(of, moved);
             isTooLarge = isTooLarge || isTooLargeFigure(moved);
             continue;
         }
         if (moved == EntryFigures()) continue;
-        const std::vector<_AssAccInfo> rows = firstOfPeriods(lease.copy());
-        const bool isOneStatement = rows.size() == lease.rows().size() && haveSameOpening(rows);
+        const Rows rows = firstOfPeriods(found->second);
+        const bool isOneStatement = rows.size() == found->second.size() && haveSameOpening(rows);
         for (const _AssAccInfo& row : rows) {
             const EntryFigures opening = openingOf(row) + moved;
             isTooLarge = isTooLarge || isTooLargeFigure(opening);

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <map>
+#include <vector>
 
 #include "auxiliary/entries/auxiliary_entry.h"
 #include "auxiliary/members/auxiliary_member.h"
 #include "data/access/CNbCwDB.h"
+#include "data/tables/balances.h"
 
 namespace chengheng {
 
@@ -30,7 +32,11 @@ class BalanceCarry {
     Status write(CNbCwDB& database, bool& isTooLarge);
 
   private:
+    using Rows = std::vector<_AssAccInfo>;
+
     EntryDimensions combinationOf(const EntryDimensions& of) const;
+    /// The rows of each combination that moves; those without rows are left out.
+    Status readRows(CNbCwDB& database, std::map<EntryDimensions, Rows>& rows) const;
     Status writeAuxiliary(CNbCwDB& database, bool& isTooLarge);
     Status writeAccount(CNbCwDB& database, bool& isTooLarge);
 

@@ -57,10 +57,11 @@ Status DirectoryNames::readItems(CNbCwDB& database) {
 }
 
 EntryNames DirectoryNames::namesOf(const EntryDimensions& of) const {
-    EntryNames names{.department = nameIn(m_departments, of.department),
-                     .person = nameIn(m_persons, of.person.value_or(0)),
-                     .unit = nameIn(m_units, of.unit),
-                     .item = {}};
+    EntryNames names;
+    if (!m_departments.empty()) names.department = nameIn(m_departments, of.department);
+    if (!m_persons.empty()) names.person = nameIn(m_persons, of.person.value_or(0));
+    if (!m_units.empty()) names.unit = nameIn(m_units, of.unit);
+    if (m_items.empty()) return names;
     const auto items = m_items.find(of.itemClass);
     if (items != m_items.end()) names.item = nameIn(items->second, of.item);
     return names;

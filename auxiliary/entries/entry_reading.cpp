@@ -1,6 +1,8 @@
 #include "auxiliary/entries/entry_reading.h"
 
+#include <span>
 #include <unordered_map>
+#include <utility>
 
 #include "auxiliary/entries/directory_names.h"
 #include "auxiliary/members/auxiliary_sql.h"
@@ -14,21 +16,35 @@ constexpr std::int16_t debit = 1;
 /// Books that begin mid-year carry the opening balance from here on; in others all are alike.
 constexpr std::uint8_t openingPeriod = 2;
 
-using Headers = std::unordered_map<std::int32_t, _RegMainInfo>;
-
-Status readHeaders(CNbCwDB& database, Headers& headers) {
-    const RowLease<_RegMainInfo> lease(database, auxiliary_sql::openingHeaders);
-    if (!lease.isRead()) return database.lastStatus();
-    headers.reserve(lease.rows().size());
-    for (const _RegMainInfo* row : lease.rows()) headers.emplace(row->lId, *row);
-    return Status::done();
+/// A header that is not among those of opening entries; an entry without one is shown, too.
+Status readOtherHeader(CNbCwDB& database, std::int32_t tieId, _RegMainInfo& header) {
+    const RowLease<_RegMainInfo> lease(database, auxiliary_sql::headerOf(tieId).c_str());
+    if (lease.isFound()) header = *lease.rows().front();
+    return lease.isRead() ? Status::done() : database.lastStatus();
 }
 
-/// A header that is not among those of opening entries; an entry without one is shown, too.
-Status readOtherHeader(CNbCwDB& database, std::int32_t tieId, Headers& headers) {
-    const RowLease<_RegMainInfo> lease(database, auxiliary_sql::headerOf(tieId).c_str());
+/// Lines whose headers are elsewhere.
+using StrayLines = std::vector<std::pair<std::size_t, _RegSubInfo>>;
+
+/// An entry for each line; its texts are taken out of the rows, of which there may be many.
+Status takeRows(CNbCwDB& database, std::span<_RegSubInfo* const> lines,
+                std::vector<AuxiliaryEntry>& entries, StrayLines& strays) {
+    const RowLease<_RegMainInfo> lease(database, auxiliary_sql::openingHeaders);
     if (!lease.isRead()) return database.lastStatus();
-    headers.emplace(tieId, lease.isFound() ? *lease.rows().front() : _RegMainInfo());
+    std::unordered_map<std::int32_t, const _RegMainInfo*> headers;
+    headers.reserve(lease.rows().size());
+    for (const _RegMainInfo* row : lease.rows()) headers.emplace(row->lId, row);
+    entries.reserve(lines.size());
+    for (_RegSubInfo* line : lines) {
+        AuxiliaryEntry& entry = entries.emplace_back();
+        entry.lineId = line->lId;
+        entry.headerId = line->lTieId;
+        const auto header = headers.find(line->lTieId);
+        if (header == headers.end())
+            strays.emplace_back(entries.size() - 1, *line);
+        else
+            entry.content = entryContent(std::move(*line), *header->second);
+    }
     return Status::done();
 }
 
@@ -54,16 +70,16 @@ Status readAuxiliaryAccounts(CNbCwDB& database, const AuxiliaryMember& member,
     return Status::done();
 }
 
-EntryContent entryContent(const _RegSubInfo& line, const _RegMainInfo& header) {
+EntryContent entryContent(_RegSubInfo line, const _RegMainInfo& header) {
     return {.date = header.dtDate,
             .sign = header.sSign,
             .number = header.lNumber,
-            .summary = line.sDigest,
+            .summary = std::move(line.sDigest),
             .of = {.department = line.lDeptId,
                    .person = line.lPersonId,
                    .unit = line.lEnterId,
                    .item = line.lItemId,
-                   .itemClass = line.sItemId},
+                   .itemClass = std::move(line.sItemId)},
             .isDebit = line.bDirect == debit,
             .money = line.mMoney,
             .foreign = line.mFgn,
@@ -72,31 +88,25 @@ EntryContent entryContent(const _RegSubInfo& line, const _RegMainInfo& header) {
 
 Status readEntries(CNbCwDB& database, const AuxiliaryMember& member,
                    const AuxiliaryAccount& account, std::vector<AuxiliaryEntry>& entries) {
-    std::vector<_RegSubInfo> lines;
+    std::vector<AuxiliaryEntry> read;
+    StrayLines strays;
+    Status status = Status::done();
     {
         const std::string condition = member.entriesOf(account.id) + auxiliary_sql::asAdded;
         const RowLease<_RegSubInfo> lease(database, condition.c_str());
         if (!lease.isRead()) return database.lastStatus();
-        lines = lease.copy();
+        if (lease.isFound()) status = takeRows(database, lease.rows(), read, strays);
     }
-    Headers headers;
+    for (const auto& [place, line] : strays) {
+        _RegMainInfo header;
+        if (status) status = readOtherHeader(database, line.lTieId, header);
+        read[place].content = entryContent(line, header);
+    }
     DirectoryNames names;
-    Status status = Status::done();
-    if (!lines.empty()) status = readHeaders(database, headers);
-    if (status && !lines.empty()) status = names.read(database, member);
-    std::vector<AuxiliaryEntry> read;
-    read.reserve(lines.size());
-    for (const _RegSubInfo& line : lines) {
-        if (status && !headers.contains(line.lTieId))
-            status = readOtherHeader(database, line.lTieId, headers);
-        if (!status) return status;
-        AuxiliaryEntry& entry = read.emplace_back();
-        entry.lineId = line.lId;
-        entry.headerId = line.lTieId;
-        entry.content = entryContent(line, headers.at(line.lTieId));
-        entry.names = names.namesOf(entry.content.of);
-    }
-    if (status) entries = std::move(read);
+    if (status && !read.empty()) status = names.read(database, member);
+    if (!status) return status;
+    for (AuxiliaryEntry& entry : read) entry.names = names.namesOf(entry.content.of);
+    entries = std::move(read);
     return status;
 }
 

@@ -23,7 +23,7 @@ Status readEntries(CNbCwDB& database, const AuxiliaryMember& member,
                    const AuxiliaryAccount& account, std::vector<AuxiliaryEntry>& entries);
 
 /// What a line and its header say.
-EntryContent entryContent(const _RegSubInfo& line, const _RegMainInfo& header);
+EntryContent entryContent(_RegSubInfo line, const _RegMainInfo& header);
 
 /// The account's own opening figures as they are posted; all 0 without rows.
 Status readPostedFigures(CNbCwDB& database, const AuxiliaryAccount& account, EntryFigures& figures);

@@ -55,6 +55,10 @@ std::string unitSums(std::int32_t accountId, const EntryDimensions& of) {
     return formatSql("byPeroid > 0 AND lCodeId = %d AND lEnterId = %d", accountId, of.unit);
 }
 
+std::string allSums(std::int32_t accountId) {
+    return formatSql("byPeroid > 0 AND lCodeId = %d", accountId);
+}
+
 void updateDepartment(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
                       const EntryDimensions& of) {
     appendSql(batch,

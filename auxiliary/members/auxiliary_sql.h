@@ -32,6 +32,9 @@ std::string departmentAndUnitSums(std::int32_t accountId, const EntryDimensions&
 std::string unitAndProjectSums(std::int32_t accountId, const EntryDimensions& of);
 std::string unitSums(std::int32_t accountId, const EntryDimensions& of);
 
+/// Those of every combination of an account.
+std::string allSums(std::int32_t accountId);
+
 // The same opening figures for all of them, by member.
 
 void updateDepartment(std::string& batch, const EntryFigures& figures, std::int32_t accountId,

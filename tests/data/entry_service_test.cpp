@@ -358,6 +358,32 @@ TEST_P(EntryWritings, OfVeryManyAreRefusedForTheOneWhoseNameIsGone) {
     }
 }
 
+TEST_P(EntryWritings, OfManyUnitsRaiseTheRowsOfEach) {
+    const AuxiliaryMember& member = memberOf(Kind::unit);
+    std::string units;
+    std::vector<EntryChange> changes;
+    for (int unit = 1; unit <= 80; ++unit) {
+        const std::string name = "客户" + std::to_string(unit);
+        if (unit > 2)
+            units += formatSql(
+                "INSERT INTO Enter (lId, lClassId, sEnterName) VALUES (%d, 1, '%s')\n", unit, name);
+        AuxiliaryEntry entry = EntryBooks::entry(member, 1, unit);
+        entry.content.of.unit = unit;
+        if (unit == 2) entry.names.unit = "乙公司";
+        if (unit > 2) entry.names.unit = name;
+        changes.push_back({.before = {}, .after = entry});
+    }
+    m_books.books().run(units);
+    const AuxiliaryAccount account = m_books.account(member);
+    for (int time = 1; time <= 2; ++time) {
+        ASSERT_EQ(m_books.service(member).write(account, changes), Outcome::done);
+        EXPECT_EQ(m_books.auxiliary(member, 1), allPeriods(std::to_string(time)));
+        EXPECT_EQ(m_books.auxiliary(member, 2), allPeriods(std::to_string(2 * time)));
+        EXPECT_EQ(readRows<_AssAccInfo>(m_books.database(), nullptr).size(), 80u * 12);
+        EXPECT_EQ(openings(member), allPeriods(std::to_string(3240 * time)));
+    }
+}
+
 TEST_P(EntryWritings, ShowAnEntryWhoseDepartmentHasVanishedAndLetItBeDeleted) {
     AuxiliaryEntry entry = added(m_department, 1, 10);
     m_books.books().run("DELETE Dept WHERE lId = 1");
