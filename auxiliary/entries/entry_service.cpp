@@ -45,11 +45,11 @@ class EntryWriting {
   private:
     UntoldOutcome refuseVouchers();
     UntoldOutcome refuseAccount();
-    UntoldOutcome refuseNames(const EntryChange& change);
+    UntoldOutcome refuseNames(const AuxiliaryEntry& after, bool isAddition);
     Status readHasName(Dimension dimension, const AuxiliaryEntry& entry, bool& hasName);
     UntoldOutcome write(EntryChange& change);
     UntoldOutcome readStored(const AuxiliaryEntry& entry);
-    UntoldOutcome erase();
+    UntoldOutcome erase() const;
     UntoldOutcome edit(AuxiliaryEntry& after);
     UntoldOutcome append(AuxiliaryEntry& after);
     Status raiseCounters();
@@ -76,7 +76,8 @@ UntoldOutcome EntryWriting::run() {
     if (result.outcome == Outcome::done && hasAdditions && !raiseCounters())
         return UntoldOutcome::failed();
     for (EntryChange& change : m_changes) {
-        if (result.outcome == Outcome::done && change.after) result = refuseNames(change);
+        if (result.outcome == Outcome::done && change.after)
+            result = refuseNames(*change.after, !change.before);
         if (result.outcome == Outcome::done) result = write(change);
         if (result.outcome != Outcome::done) return result;
     }
@@ -129,16 +130,16 @@ Status EntryWriting::readHasName(Dimension dimension, const AuxiliaryEntry& entr
 }
 
 /// Whatever the entry names must still be there by that name.
-UntoldOutcome EntryWriting::refuseNames(const EntryChange& change) {
+UntoldOutcome EntryWriting::refuseNames(const AuxiliaryEntry& after, bool isAddition) {
     for (const DimensionWords& words : m_member.dimensions) {
         bool hasName = false;
-        if (!readHasName(words.dimension, *change.after, hasName)) return UntoldOutcome::failed();
+        if (!readHasName(words.dimension, after, hasName)) return UntoldOutcome::failed();
         if (!hasName)
             return UntoldOutcome::refused(
-                {.text = change.before ? words.goneModifying : words.goneAdding});
+                {.text = isAddition ? words.goneAdding : words.goneModifying});
     }
     if (m_member.mismatch == nullptr) return UntoldOutcome::done();
-    const EntryDimensions& of = change.after->content.of;
+    const EntryDimensions& of = after.content.of;
     std::int32_t department = 0;
     if (!readDepartmentOf(*g_pDB, of.person.value_or(0), department))
         return UntoldOutcome::failed();
@@ -147,16 +148,15 @@ UntoldOutcome EntryWriting::refuseNames(const EntryChange& change) {
 }
 
 UntoldOutcome EntryWriting::write(EntryChange& change) {
-    if (!change.before) {
-        m_carry.put(change.after->content);
-        return append(*change.after);
+    if (change.before) {
+        const UntoldOutcome result = readStored(*change.before);
+        if (result.outcome != Outcome::done) return result;
+        m_carry.takeOff(entryContent(m_line, m_header));
+        if (!change.after) return erase();
     }
-    const UntoldOutcome result = readStored(*change.before);
-    if (result.outcome != Outcome::done) return result;
-    m_carry.takeOff(entryContent(m_line, m_header));
-    if (!change.after) return erase();
+    if (!change.after) return UntoldOutcome::done();
     m_carry.put(change.after->content);
-    return edit(*change.after);
+    return change.before ? edit(*change.after) : append(*change.after);
 }
 
 /// The line and its header as they are now; stale when they are not what was read.
@@ -179,7 +179,7 @@ UntoldOutcome EntryWriting::readStored(const AuxiliaryEntry& entry) {
                   : UntoldOutcome::stale({.text = auxiliary_texts::entryChanged});
 }
 
-UntoldOutcome EntryWriting::erase() {
+UntoldOutcome EntryWriting::erase() const {
     const bool isErased = g_pDB->RegSub_Delete(m_line.lId) == 0 &&
                           (!m_hasHeader || g_pDB->RegMain_Delete(m_header.lId) == 0);
     if (isErased) return UntoldOutcome::done();

@@ -101,7 +101,8 @@ bool AuxiliaryWork::doAndRemember(EntryChange change) {
 
 bool AuxiliaryWork::add(AuxiliaryEntry& entry) {
     if (!doAndRemember({.before = {}, .after = entry})) return false;
-    entry = *m_steps.back().front().after;
+    const auto& added = m_steps.back().front().after;
+    if (added) entry = *added;
     return true;
 }
 
@@ -129,14 +130,15 @@ bool AuxiliaryWork::remove(std::optional<std::size_t> row) {
 bool AuxiliaryWork::goTo(Step changes) {
     std::vector<std::int32_t> oldLines;
     for (const EntryChange& change : changes)
-        oldLines.push_back(change.before ? 0 : change.after->lineId);
+        oldLines.push_back(change.after ? change.after->lineId : 0);
     if (!carryOut(changes)) return false;
     for (std::size_t place = 0; place < changes.size(); ++place) {
-        if (changes[place].before) continue;
+        const auto& now = changes[place].after;
+        if (changes[place].before || !now) continue;
         for (Step& step : m_steps) {
             for (EntryChange& each : step) {
-                takeNewIds(each.before, oldLines[place], *changes[place].after);
-                takeNewIds(each.after, oldLines[place], *changes[place].after);
+                takeNewIds(each.before, oldLines[place], *now);
+                takeNewIds(each.after, oldLines[place], *now);
             }
         }
     }

@@ -105,7 +105,7 @@ QWidget* EntryFields::named(const std::string& name) const {
 std::string EntryFields::signCode() const { return sign->currentData().toString().toStdString(); }
 
 /// A type that is no longer in the list is added, so that nothing stored is lost.
-void EntryFields::showSign(const std::string& code) {
+void EntryFields::showSign(const std::string& code) const {
     int place = sign->findData(shown(code));
     if (place < 0) {
         sign->addItem(shown(code), shown(code));

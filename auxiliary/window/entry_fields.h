@@ -44,7 +44,7 @@ class EntryFields {
     /// The field by the name that a refusal gives; null when there is none.
     QWidget* named(const std::string& name) const;
     std::string signCode() const;
-    void showSign(const std::string& code);
+    void showSign(const std::string& code) const;
 
   private:
     void orderTabs(QWidget& directions) const;
