@@ -60,5 +60,6 @@ inline constexpr const char* cancel = "取消";
 inline constexpr const char* pickerCode = "编码";
 inline constexpr const char* pickerName = "名称";
 inline constexpr const char* pickerSearch = "查找(&Q):";
+inline constexpr const char* sheetFilter = "表格文件 (*.csv *.xlsx)";
 
 }  // namespace chengheng::screen_texts

@@ -41,6 +41,8 @@ inline constexpr const char* quoteNotClosed = "单元格以引号开头,但没�
 inline constexpr const char* textAfterQuote =
     "结束的引号之后还有文字。单元格中的引号应写成两个引号。";
 
+inline constexpr const char* headingTwice = "标题“{}”重复。";
+
 inline constexpr const char* notWorkbook =
     "文件不是 XLSX 工作簿。请在表格程序中另存为 .xlsx 或 .csv 后重试。";
 inline constexpr const char* oldWorkbook =

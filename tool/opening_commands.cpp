@@ -13,8 +13,7 @@
 #include "opening/editing/step_writer.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
-#include "sheets/files/sheet_files.h"
-#include "sheets/sheet_texts.h"
+#include "sheets/files/sheet_export.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/output_file.h"
@@ -157,21 +156,16 @@ ExitCode importOpening(Tool& tool, const OpeningOptions& options) {
 }
 
 ExitCode exportOpening(Tool& tool, const OpeningOptions& options) {
-    if (!isSheetName(options.file)) {
-        tool.err << fmt::format(sheet_texts::fileKindUnknown, options.file) << '\n';
-        return ExitCode::wrongInput;
-    }
     const OutputFile file = options.output();
     if (const auto refused = refuseTarget(tool, file)) return *refused;
-    return withOpenings(tool, options, BooksUse::reading, [&](OpeningBooks& books, IMessages&) {
-        if (const auto failure =
-                writeSheet(exportedOpenings(books.sheet), file.path, file.overwrite())) {
-            tool.err << failure->text() << '\n';
-            return ExitCode::failed;
-        }
-        wordsBeside(tool, file) << fmt::format(tool_texts::openingExported, file.path) << '\n';
-        return ExitCode::done;
-    });
+    const auto write = [&](OpeningBooks& books, IMessages& messages) {
+        const Outcome outcome =
+            exportSheet(messages, exportedOpenings(books.sheet), file.path, file.overwrite());
+        if (outcome == Outcome::done)
+            wordsBeside(tool, file) << fmt::format(tool_texts::openingExported, file.path) << '\n';
+        return exitCodeOf(outcome);
+    };
+    return withOpenings(tool, options, BooksUse::reading, write);
 }
 
 CLI::App* add(CLI::App& app, Tool& tool, const char* name, const char* summary,

@@ -10,8 +10,8 @@
 #include "base/values/text.h"
 #include "data/access/host_database.h"
 #include "session/open_books.h"
+#include "sheets/files/sheet_export.h"
 #include "sheets/files/sheet_files.h"
-#include "sheets/sheet_texts.h"
 
 namespace chengheng {
 namespace {
@@ -87,17 +87,10 @@ UntoldOutcome ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportP
 }
 
 Outcome exportChart(IMessages& messages, const std::string& path, Overwrite overwrite) {
-    if (!isSheetName(path))
-        return told(messages, refusal(fmt::format(sheet_texts::fileKindUnknown, path)));
     ChartState state;
     if (!selectOpenBooks() || !readChartState(*g_pDB, state))
         return told(messages, UntoldOutcome::failed());
-    const Sheet sheet = chartSheet(state.accounts, state.currencies);
-    const auto failure = writeSheet(sheet, path, overwrite);
-    if (!failure) return Outcome::done;
-    return told(messages,
-                {Outcome::failed,
-                 Notice{.text = failure->text(), .icon = MessageIcon::warning, .beep = true}});
+    return exportSheet(messages, chartSheet(state.accounts, state.currencies), path, overwrite);
 }
 
 }  // namespace chengheng

@@ -1,14 +1,12 @@
 #include "accounts/transfer/chart_sheet.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "accounts/chart/account_entry.h"
 #include "accounts/chart/account_texts.h"
 #include "accounts/codes/code_levels.h"
 #include "accounts/transfer/import_texts.h"
-#include "base/values/text.h"
+#include "sheets/headed_columns.h"
 
 namespace chengheng {
 namespace {
@@ -34,43 +32,13 @@ constexpr std::array<ChartColumn, chartFieldCount> columns{{
     {ChartField::isBank, texts::bankColumn, "bank"},
 }};
 
-const ChartColumn* columnNamed(std::string_view heading) {
-    const auto found = std::ranges::find_if(columns, [heading](const ChartColumn& column) {
-        return heading == column.heading || isSameInAnyCase(heading, column.plainHeading);
-    });
-    return found == columns.end() ? nullptr : &*found;
-}
-
-bool isHeadingRow(const SheetRow& row) {
-    bool hasCode = false;
-    bool hasName = false;
-    for (const Cell& cell : row) {
-        const std::string text = cellText(cell);
-        const ChartColumn* const column = columnNamed(withoutBlanksAround(text));
-        hasCode = hasCode || (column != nullptr && column->field == ChartField::code);
-        hasName = hasName || (column != nullptr && column->field == ChartField::name);
-    }
-    return hasCode && hasName;
-}
-
-std::optional<SheetFailure> readHeadings(const SheetRow& row, std::size_t number,
-                                         ChartSheet& chart) {
-    for (std::size_t at = 0; at < row.size(); ++at) {
-        const std::string text = cellText(row[at]);
-        const std::string_view heading = withoutBlanksAround(text);
-        const ChartColumn* const column = columnNamed(heading);
-        if (column == nullptr) {
-            if (!heading.empty()) chart.ignoredHeadings.emplace_back(heading);
-            continue;
-        }
-        std::size_t& place = chart.columns[static_cast<std::size_t>(column->field)];
-        if (place != 0)
-            return SheetFailure{fmt::format(texts::headingTwice, heading), number, at + 1};
-        place = at + 1;
-    }
-    if (chart.columnOf(ChartField::code) == 0 || chart.columnOf(ChartField::name) == 0)
-        return SheetFailure{texts::headingsMissing, number, 0};
-    return std::nullopt;
+/// As they are looked for; code and name are in every chart.
+std::vector<WantedColumn> wantedColumns() {
+    std::vector<WantedColumn> wanted;
+    for (const ChartColumn& column : columns)
+        wanted.push_back({column.heading, column.plainHeading,
+                          column.field == ChartField::code || column.field == ChartField::name});
+    return wanted;
 }
 
 ChartRow readRow(const Sheet& sheet, std::size_t at, const ChartSheet& chart) {
@@ -119,14 +87,12 @@ std::span<const ChartColumn> chartColumns() { return columns; }
 
 std::optional<SheetFailure> readChartSheet(const Sheet& sheet, ChartSheet& chart) {
     chart = {};
-    // Titles may stand above the headings.
-    const auto headings = std::ranges::find_if(sheet.rows, isHeadingRow);
-    const auto first = std::ranges::find_if_not(sheet.rows, isBlankRow);
-    if (first == sheet.rows.end()) return SheetFailure{texts::headingsMissing};
-    const SheetRow& row = headings == sheet.rows.end() ? *first : *headings;
-    auto at = static_cast<std::size_t>(&row - sheet.rows.data());
-    if (auto failure = readHeadings(row, at + 1, chart)) return failure;
-    for (++at; at < sheet.rows.size(); ++at)
+    HeadedColumns found;
+    if (auto failure = findHeadings(sheet, wantedColumns(), texts::headingsMissing, found))
+        return failure;
+    std::ranges::copy(found.places, chart.columns.begin());
+    chart.ignoredHeadings = std::move(found.ignored);
+    for (std::size_t at = found.headingRow; at < sheet.rows.size(); ++at)
         if (!isBlankRow(sheet.rows[at])) chart.rows.push_back(readRow(sheet, at, chart));
     return std::nullopt;
 }

@@ -25,7 +25,6 @@ inline constexpr const char* no = "否";
 
 // What is said about an imported chart.
 inline constexpr const char* headingsMissing = "没有标题行。标题行中应有“科目编码”和“科目名称”。";
-inline constexpr const char* headingTwice = "标题“{}”重复。";
 inline constexpr const char* classMissing = "没有科目类型。";
 inline constexpr const char* classUnknown = "没有“{}”这个科目类型。";
 inline constexpr const char* directionUnknown = "“{}”不是余额方向,应为借或贷。";
@@ -44,7 +43,6 @@ inline constexpr const char* fateRefused = "拒绝";
 // The windows.
 inline constexpr const char* openTitle = "导入会计科目";
 inline constexpr const char* saveTitle = "导出会计科目";
-inline constexpr const char* fileFilter = "表格文件 (*.csv *.xlsx)";
 inline constexpr const char* defaultFile = "会计科目.xlsx";
 inline constexpr const char* title = "导入会计科目";
 inline constexpr const char* file = "文件:{}";

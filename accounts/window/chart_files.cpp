@@ -3,20 +3,16 @@
 #include <fmt/format.h>
 
 #include <QDialog>
-#include <QFileDialog>
 
 #include "accounts/transfer/chart_import.h"
 #include "accounts/transfer/import_texts.h"
 #include "accounts/window/import_window.h"
-#include "screen/shown.h"
+#include "screen/chosen_file.h"
 
 namespace chengheng {
 
 Outcome importFromChosenFile(IMessages& messages, QWidget* window) {
-    const std::string file = QFileDialog::getOpenFileName(window, shown(import_texts::openTitle),
-                                                          {}, shown(import_texts::fileFilter),
-                                                          nullptr, QFileDialog::DontUseNativeDialog)
-                                 .toStdString();
+    const std::string file = chooseSheetToRead(window, import_texts::openTitle);
     if (file.empty()) return Outcome::refused;
     ChartImport import(messages);
     const auto plan = import.plan(file);
@@ -26,11 +22,8 @@ Outcome importFromChosenFile(IMessages& messages, QWidget* window) {
 }
 
 void exportToChosenFile(IMessages& messages, QWidget* window) {
-    const std::string file = QFileDialog::getSaveFileName(window, shown(import_texts::saveTitle),
-                                                          shown(import_texts::defaultFile),
-                                                          shown(import_texts::fileFilter), nullptr,
-                                                          QFileDialog::DontUseNativeDialog)
-                                 .toStdString();
+    const std::string file =
+        chooseSheetToWrite(window, import_texts::saveTitle, import_texts::defaultFile);
     if (file.empty() || exportChart(messages, file, Overwrite::replace) != Outcome::done) return;
     messages.tell({.text = fmt::format(import_texts::exported, file)});
 }

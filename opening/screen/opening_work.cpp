@@ -20,8 +20,7 @@
 #include "opening/storing/zero_row_sweep.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
-#include "sheets/files/sheet_files.h"
-#include "sheets/sheet_texts.h"
+#include "sheets/files/sheet_export.h"
 
 namespace chengheng {
 namespace {
@@ -158,17 +157,7 @@ std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {
 }
 
 Outcome OpeningWork::exportTo(const std::string& path) {
-    const auto tell = [this](std::string text) {
-        m_messages.tell({.text = std::move(text), .icon = MessageIcon::warning, .beep = true});
-    };
-    if (!isSheetName(path)) {
-        tell(fmt::format(sheet_texts::fileKindUnknown, path));
-        return Outcome::refused;
-    }
-    const auto failure = writeSheet(exportedOpenings(sheet()), path, Overwrite::replace);
-    if (!failure) return Outcome::done;
-    tell(failure->text());
-    return Outcome::failed;
+    return exportSheet(m_messages, exportedOpenings(sheet()), path, Overwrite::replace);
 }
 
 Outcome OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),

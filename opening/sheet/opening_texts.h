@@ -58,7 +58,6 @@ inline constexpr const char* pasteTitle = "粘贴期初余额";
 inline constexpr const char* importTitle = "导入期初余额";
 inline constexpr const char* exportTitle = "导出期初余额";
 inline constexpr const char* exportFile = "期初余额.xlsx";
-inline constexpr const char* fileFilter = "表格文件 (*.csv *.xlsx)";
 inline constexpr const char* importedFile = "文件:{}";
 inline constexpr const char* imported = "导入完成:修改 {} 个金额。";
 inline constexpr const char* exported = "期初余额已导出到“{}”。";

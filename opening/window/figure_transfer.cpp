@@ -4,11 +4,10 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 
 #include "opening/sheet/opening_texts.h"
 #include "opening/window/figure_plan_window.h"
-#include "screen/shown.h"
+#include "screen/chosen_file.h"
 #include "sheets/delimited/delimited_text.h"
 
 namespace chengheng {
@@ -39,11 +38,7 @@ Outcome FigureTransfer::applyShown(const FigurePlan& plan, const char* title,
 }
 
 void FigureTransfer::importFile() {
-    const std::string file =
-        QFileDialog::getOpenFileName(&m_window, shown(opening_texts::importTitle), {},
-                                     shown(opening_texts::fileFilter), nullptr,
-                                     QFileDialog::DontUseNativeDialog)
-            .toStdString();
+    const std::string file = chooseSheetToRead(&m_window, opening_texts::importTitle);
     if (file.empty()) return;
     const auto plan = m_work.planImport(file);
     if (!plan) return;
@@ -55,10 +50,7 @@ void FigureTransfer::importFile() {
 
 void FigureTransfer::exportFile() {
     const std::string file =
-        QFileDialog::getSaveFileName(
-            &m_window, shown(opening_texts::exportTitle), shown(opening_texts::exportFile),
-            shown(opening_texts::fileFilter), nullptr, QFileDialog::DontUseNativeDialog)
-            .toStdString();
+        chooseSheetToWrite(&m_window, opening_texts::exportTitle, opening_texts::exportFile);
     if (file.empty()) return;
     if (m_work.exportTo(file) == Outcome::done)
         m_messages.tell({.text = fmt::format(opening_texts::exported, file)});

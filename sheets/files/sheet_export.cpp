@@ -1,0 +1,27 @@
+#include "sheets/files/sheet_export.h"
+
+#include <fmt/format.h>
+
+#include "sheets/files/sheet_files.h"
+#include "sheets/sheet_texts.h"
+
+namespace chengheng {
+namespace {
+
+Notice warning(std::string text) {
+    return {.text = std::move(text), .icon = MessageIcon::warning, .beep = true};
+}
+
+}  // namespace
+
+Outcome exportSheet(IMessages& messages, const Sheet& sheet, const std::string& path,
+                    Overwrite overwrite) {
+    if (!isSheetName(path))
+        return told(messages, UntoldOutcome::refused(
+                                  warning(fmt::format(sheet_texts::fileKindUnknown, path))));
+    const auto failure = writeSheet(sheet, path, overwrite);
+    if (!failure) return Outcome::done;
+    return told(messages, {Outcome::failed, warning(failure->text())});
+}
+
+}  // namespace chengheng
