@@ -182,7 +182,7 @@ std::optional<Refusal> BooksUpgrade::takeSteps() {
     }
     Digests after;
     status = raiseLayout(*m_books, m_from);
-    if (status) status = digestContent(*m_books, after);
+    if (status) status = digestContent(*m_books, m_from, after);
     if (status && !isKept(before, after))
         status = Status::of(Failure::damaged, "rows have changed");
     if (!status) {

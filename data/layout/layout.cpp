@@ -53,21 +53,34 @@ std::string columnNames(const TableInfo& table) {
     return names;
 }
 
-/// Gives the columns of a table their checks; its rows stay, whatever they hold. Where an engine
-/// cannot do that, the table is made anew and gets its rows back.
-std::string addChecksSql(const TableInfo& table, const EngineDialect& dialect) {
-    if (!dialect.addsChecks) {
-        const std::string kept = table.name + "_kept";
-        const std::string columns = columnNames(table);
-        return "CREATE TABLE " + kept + " AS SELECT " + columns + " FROM " + table.name +
-               ";\nDROP TABLE " + table.name + ";\n" + createTableSql(table, dialect) +
-               "INSERT INTO " + table.name + " (" + columns + ") SELECT " + columns + " FROM " +
-               kept + ";\nDROP TABLE " + kept + ";\n";
+/// Makes a table of an older layout anew as it is now, with the rows that it has.
+std::string remakeTableSql(const TableInfo& older, const TableInfo& table,
+                           const EngineDialect& dialect) {
+    const std::string kept = table.name + "_kept";
+    const std::string columns = columnNames(older);
+    return "CREATE TABLE " + kept + " AS SELECT " + columns + " FROM " + table.name +
+           ";\nDROP TABLE " + table.name + ";\n" + createTableSql(table, dialect) + "INSERT INTO " +
+           table.name + " (" + columns + ") SELECT " + columns + " FROM " + kept +
+           ";\nDROP TABLE " + kept + ";\n";
+}
+
+/// Gives a table of an older layout the checks and columns that it lacks; its rows stay, whatever
+/// they hold. Where an engine cannot do that to a table that is there, it is made anew.
+std::string alterTableSql(const TableInfo& older, int from, const EngineDialect& dialect) {
+    const TableInfo& table = *findTable(older.name);
+    const bool lacksChecks = from < firstCheckedLayout;
+    if (!dialect.altersTables) {
+        const bool isOlder = lacksChecks || older.columns.size() < table.columns.size();
+        return isOlder ? remakeTableSql(older, table, dialect) : std::string();
     }
     std::string script;
-    for (const ColumnInfo& column : table.columns)
-        if (const std::string check = checkOf(table.name, column, dialect); !check.empty())
+    for (const ColumnInfo& column : older.columns)
+        if (const std::string check = checkOf(table.name, column, dialect);
+            lacksChecks && !check.empty())
             script += "ALTER TABLE " + table.name + " ADD " + check + " NOT VALID;\n";
+    for (std::size_t place = older.columns.size(); place < table.columns.size(); ++place)
+        script += "ALTER TABLE " + table.name + " ADD COLUMN " +
+                  columnLine(table.name, table.columns[place], dialect, ColumnChecks::all) + ";\n";
     return script;
 }
 
@@ -88,9 +101,10 @@ std::string raisingScript(const EngineDialect& dialect, int from, NewTables newT
             if (!table.idRow.empty()) script += addCounterSql(table.idRow);
         }
     }
-    if (newTables == NewTables::missing && from < firstCheckedLayout) {
+    if (newTables == NewTables::missing) {
         script += dialect.checksOff;
-        for (const TableInfo& table : tablesOfLayout(from)) script += addChecksSql(table, dialect);
+        for (const TableInfo& table : tablesOfLayout(from))
+            script += alterTableSql(table, from, dialect);
         script += dialect.checksOn;
     }
     return script + "UPDATE BooksFormat SET lVersion = " + std::to_string(booksFormatVersion);

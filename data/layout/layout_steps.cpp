@@ -14,19 +14,24 @@ const std::vector<LayoutStep>& steps() {
                          {"lWrong", ColumnType::integer},
                          {"dWrongAt", ColumnType::real},
                          {"dLogonAt", ColumnType::real}},
-                        {}}}},
-        {.from = 2, .newTables = {}},  // the checks of every column
+                        {}}},
+         .newColumns = {}},
+        {.from = 2, .newTables = {}, .newColumns = {}},  // the checks of every column
+        {.from = 3, .newTables = {}, .newColumns = {{"Enter", {"byKind", ColumnType::byte}}}},
     };
     return all;
 }
 
-/// Whether the table came with a step that the layout of a number has not gone through.
-bool isMissingFrom(int number, const std::string& table) {
-    return std::ranges::any_of(steps(), [&](const LayoutStep& step) {
-        const auto& added = step.newTables;
-        return step.from >= number &&
-               std::ranges::find(added, table, &TableInfo::name) != added.end();
-    });
+/// Takes off what came with a step that the layout of a number has not gone through.
+void takeOff(const LayoutStep& step, std::vector<TableInfo>& tables) {
+    for (const TableInfo& added : step.newTables)
+        std::erase_if(tables, [&](const TableInfo& table) { return table.name == added.name; });
+    for (const auto& [name, column] : step.newColumns)
+        for (TableInfo& table : tables)
+            if (table.name == name)
+                std::erase_if(table.columns, [&added = column](const ColumnInfo& each) {
+                    return each.name == added.name;
+                });
 }
 
 }  // namespace
@@ -35,8 +40,8 @@ std::span<const LayoutStep> layoutSteps() { return steps(); }
 
 std::vector<TableInfo> tablesOfLayout(int number) {
     std::vector<TableInfo> tables = allTables();
-    std::erase_if(tables,
-                  [number](const TableInfo& table) { return isMissingFrom(number, table.name); });
+    for (const LayoutStep& step : steps())
+        if (step.from >= number) takeOff(step, tables);
     return tables;
 }
 

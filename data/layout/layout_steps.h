@@ -11,8 +11,14 @@ namespace chengheng {
 /// through a step once it is out, so it does not change any more: what it adds is written down
 /// as it was then, whatever is declared now.
 struct LayoutStep {
+    struct NewColumn {
+        std::string table;
+        ColumnInfo column;
+    };
+
     int from = 0;
     std::vector<TableInfo> newTables;
+    std::vector<NewColumn> newColumns;  ///< each the last one of its table
 };
 
 /// All steps, one for each number but the last.

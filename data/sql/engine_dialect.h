@@ -23,8 +23,9 @@ struct EngineDialect {
     /// What must hold for the values of a column, "byPeroid BETWEEN 0 AND 255"; empty where its
     /// type alone keeps everything else out.
     std::string (*columnCheck)(const ColumnInfo& column) = {};
-    /// Whether a table that is there can be given checks, for what is written from then on.
-    bool addsChecks = false;
+    /// Whether a table that is there can be given columns, and checks for what is written from
+    /// then on.
+    bool altersTables = false;
     /// Statements that let rows pass as they are, and that check them again.
     std::string_view checksOff = {};
     std::string_view checksOn = {};

@@ -49,6 +49,7 @@ const RecordType& recordTypeOf<_EnterInfo>() {
         column("lClassId", &Record::lClassId),
         column("sEnterCode", &Record::sEnterCode),
         column("sEnterName", &Record::sEnterName),
+        column("byKind", &Record::byKind),
     };
     static const RecordType type = recordType<Record>("Enter", "Enter", {}, columns);
     return type;

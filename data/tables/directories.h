@@ -40,6 +40,7 @@ struct _EnterInfo {
     std::int32_t lClassId = 0;
     std::string sEnterCode;
     std::string sEnterName;
+    std::uint8_t byKind = 0;  ///< 0 customer and supplier, 1 customer, 2 supplier
 
     bool operator==(const _EnterInfo&) const = default;
 };

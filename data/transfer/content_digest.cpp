@@ -3,6 +3,7 @@
 #include <bit>
 #include <string_view>
 
+#include "data/layout/layout.h"
 #include "data/transfer/stored_tables.h"
 
 namespace chengheng {
@@ -80,9 +81,15 @@ Status digestTable(Engine& engine, const TableInfo& table, TableDigest& digest) 
 }
 
 Status digestContent(Engine& engine, std::vector<TableDigest>& digests) {
+    int number = 0;
+    const Status status = readLayoutNumber(engine, number);
+    return status ? digestContent(engine, number, digests) : status;
+}
+
+Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& digests) {
     digests.clear();
     std::vector<TableInfo> tables;
-    Status status = storedTables(engine, tables);
+    Status status = storedTables(engine, layout, tables);
     for (const TableInfo& table : tables) {
         if (!status) break;
         status = digestTable(engine, table, digests.emplace_back());

@@ -26,4 +26,7 @@ Status digestTable(Engine& engine, const TableInfo& table, TableDigest& digest);
 /// The digests of all stored tables, project items included, in a fixed order.
 Status digestContent(Engine& engine, std::vector<TableDigest>& digests);
 
+/// The same of the tables and columns that the layout of a number has.
+Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& digests);
+
 }  // namespace chengheng

@@ -56,10 +56,14 @@ std::string columnNames(const TableInfo& table) {
 }
 
 Status storedTables(Engine& engine, std::vector<TableInfo>& tables) {
-    tables.clear();
     int number = 0;
-    if (Status status = readLayoutNumber(engine, number); !status) return status;
-    for (TableInfo& table : tablesOfLayout(number))
+    const Status status = readLayoutNumber(engine, number);
+    return status ? storedTables(engine, number, tables) : status;
+}
+
+Status storedTables(Engine& engine, int layout, std::vector<TableInfo>& tables) {
+    tables.clear();
+    for (TableInfo& table : tablesOfLayout(layout))
         if (table.name != sessionTable) tables.push_back(std::move(table));
     return projectItemTables(engine, tables);
 }

@@ -25,4 +25,7 @@ std::string allTableNames();
 /// who is logged on, and the item tables of its project classes.
 Status storedTables(Engine& engine, std::vector<TableInfo>& tables);
 
+/// Those of them, and of their columns, that the layout of a number has.
+Status storedTables(Engine& engine, int layout, std::vector<TableInfo>& tables);
+
 }  // namespace chengheng

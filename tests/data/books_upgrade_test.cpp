@@ -31,7 +31,7 @@ TEST_P(BooksUpgrades, LeadFromEachNumberToSoundBooksOfToday) {
         EXPECT_EQ(upgraded(location), "done");
         const auto engine = openForTest(location, OpenMode::existing);
         EXPECT_TRUE(checkLayout(*engine).isDone()) << number;
-        EXPECT_EQ(keptOf(location, before), before) << number;
+        EXPECT_EQ(keptOf(location, before, number), before) << number;
         std::vector<IntegrityFault> faults;
         EXPECT_TRUE(checkIntegrity(*engine, faults).isDone());
         for (const IntegrityFault& fault : faults) ADD_FAILURE() << number << ": " << fault.text;
@@ -49,7 +49,7 @@ TEST_P(BooksUpgrades, KeepRowsThatNobodyCouldWriteAnyMore) {
     const Digests before = contentAt(location);
     EXPECT_EQ(upgraded(location), "done");
     EXPECT_EQ(contentAt(location).size(), before.size());
-    EXPECT_EQ(keptOf(location, before), before);
+    EXPECT_EQ(keptOf(location, before, 2), before);
     const auto engine = openForTest(location, OpenMode::existing);
     EXPECT_EQ(runSql(*engine, "UPDATE AccSum SET byPeroid = 300 WHERE lId = 2").failure,
               Failure::notStorable);
@@ -66,12 +66,13 @@ TEST_P(BooksUpgrades, TellBeforehandWhatWillHappen) {
     EXPECT_TRUE(plan.isNeeded());
     EXPECT_EQ(plan.text(),
               "帐套“旧帐”(" + shownLocation(m_location) +
-                  ")由较早版本的程序建立,数据格式为 1,要升级到 3 才能使用。\n\n升级时:\n"
+                  ")由较早版本的程序建立,数据格式为 1,要升级到 4 才能使用。\n\n升级时:\n"
                   "· 先备份到“" +
                   shownLocation(backupOf(m_location)) +
                   "”,并核对备份\n"
                   "· 增加一张表,记下每位操作员口令输错的次数和上次登录的时间\n"
                   "· 各表的数值栏只收范围之内的数,写入超出范围的数会被拒绝\n"
+                  "· 单位目录增加一栏,记下单位是客户、供应商还是两者都是\n"
                   "· 各步改动一次写入:中途出错或断电,帐套仍是原来的样子\n"
                   "· 升级后较早版本的程序不能再打开它,各工作站请都用新版本\n"
                   "· 等其他人退出后才开始。列为正在使用的有:李明(PC1)");

@@ -36,7 +36,7 @@ class Lookups : public testing::TestWithParam<EngineCase> {
             "INSERT INTO Dept VALUES(5, '销售部', '怪名部')\r\n"
             "INSERT INTO Person VALUES(6, 4, 'P1', '王强')\r\n"
             "INSERT INTO Person VALUES(8, 4, 'P2', '王强')\r\n"
-            "INSERT INTO Enter VALUES(9, 1, 'C1', 'O''Brien')");
+            "INSERT INTO Enter VALUES(9, 1, 'C1', 'O''Brien', 0)");
     }
     void run(const std::string& batch) {
         ASSERT_NE(m_database.QRYExecuteSQL(batch), 0) << m_database.lastStatus().detail;

@@ -26,9 +26,11 @@ Digests contentAt(const std::string& location) {
     return digests;
 }
 
-Digests keptOf(const std::string& location, const Digests& before) {
+Digests keptOf(const std::string& location, const Digests& before, int from) {
     Digests kept;
-    for (const TableDigest& digest : contentAt(location))
+    Digests after;
+    EXPECT_TRUE(digestContent(*openForTest(location, OpenMode::existing), from, after).isDone());
+    for (const TableDigest& digest : after)
         for (const TableDigest& old : before)
             if (old.table == digest.table)
                 kept.push_back(digest.table == "BooksFormat" ? old : digest);

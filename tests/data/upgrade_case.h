@@ -21,8 +21,9 @@ std::string makeOlderBooks(const EngineCase& engineCase, int number = 1);
 
 Digests contentAt(const std::string& location);
 
-/// The rows of the tables that were there before an upgrade, but for the number of the layout.
-Digests keptOf(const std::string& location, const Digests& before);
+/// What an upgrade from a layout left of the tables and columns that were there before, but for the
+/// number of the layout.
+Digests keptOf(const std::string& location, const Digests& before, int from = 1);
 
 /// What a refusal says; "done" where nothing was refused.
 std::string saidBy(const std::optional<Refusal>& refusal);

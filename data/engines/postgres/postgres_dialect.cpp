@@ -70,7 +70,7 @@ const EngineDialect& postgresDialect() {
                                            .rowLock = " FOR UPDATE",
                                            .columnDeclaration = columnDeclaration,
                                            .columnCheck = columnCheck,
-                                           .addsChecks = true,
+                                           .altersTables = true,
                                            .otherObjects = otherObjects,
                                            .now = now,
                                            .shareTable = shareTable};
