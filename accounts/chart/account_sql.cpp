@@ -40,14 +40,14 @@ std::string openingOfAccounts(std::span<const int> accountIds) {
     return formatSql("%s AND mBegin <> 0", SqlFragment{ofAccounts(accountIds)});
 }
 
-std::string addAccounts(std::span<const _CodeInfo> accounts, int firstId) {
+std::string addAccounts(std::span<const _CodeInfo> accounts, int lastId) {
     std::string batch;
-    int id = firstId;
+    int id = lastId;
     for (const _CodeInfo& account : accounts)
         appendSql(batch,
                   "INSERT INTO Code VALUES( %d, '%s', '%s', '%s', %d, %d, %d, %d, %d, '%s', '%s', "
                   "%d, %d, '%s', %d, '%s' )\r\n",
-                  id++, account.sCode, account.sName, account.sType, int{account.byGrade},
+                  ++id, account.sCode, account.sName, account.sType, int{account.byGrade},
                   int{account.bEnd}, int{account.bDirect}, int{account.bCash}, int{account.bBank},
                   account.sAssBook, account.sHelp, int{account.byExchId}, account.lNum,
                   account.sPage, int{account.bAmount}, account.sUnit);

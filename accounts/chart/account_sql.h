@@ -39,8 +39,8 @@ std::string ofEndAccountsBelow(std::string_view code);
 /// The sums of one of the accounts with an opening balance other than zero.
 std::string openingOfAccounts(std::span<const int> accountIds);
 
-/// Adds accounts with the ids from a first one on.
-std::string addAccounts(std::span<const _CodeInfo> accounts, int firstId);
+/// Adds accounts with the ids after a last one.
+std::string addAccounts(std::span<const _CodeInfo> accounts, int lastId);
 /// Notes the last id given to an account.
 std::string setLastAccountId(int id);
 /// Makes an account an end account.

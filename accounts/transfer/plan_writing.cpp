@@ -5,7 +5,6 @@
 
 #include "accounts/chart/account_sql.h"
 #include "data/access/CNbCwDB.h"
-#include "data/connection/id_counters.h"
 #include "data/tables/accounts.h"
 
 namespace chengheng {
@@ -40,14 +39,14 @@ class PlanWriter {
 
     Status writeAdded() {
         if (m_plan.added.empty()) return Status::done();
-        int lastId = m_database.Code_GetLastId();
-        if (!m_database.lastStatus()) return m_database.lastStatus();
         std::span<const _CodeInfo> left = m_plan.added;
         const int count = static_cast<int>(left.size());
-        if (Status status = checkIdsLeft(lastId, count); !status) return status;
+        std::int32_t lastId = 0;
+        if (Status status = m_database.readLastIdBefore<_CodeInfo>(count, lastId); !status)
+            return status;
         while (!left.empty()) {
             const auto part = left.first(std::min(rowsAtOnce, left.size()));
-            Status status = run(account_sql::addAccounts(part, lastId + 1));
+            Status status = run(account_sql::addAccounts(part, lastId));
             if (status) status = tellProgress(part.size());
             if (!status) return status;
             lastId += static_cast<int>(part.size());

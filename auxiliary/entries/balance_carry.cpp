@@ -8,7 +8,6 @@
 
 #include "auxiliary/members/auxiliary_sql.h"
 #include "data/access/row_lease.h"
-#include "data/connection/id_counters.h"
 #include "data/tables/balances.h"
 #include "opening/editing/amount_text.h"
 #include "opening/storing/posting.h"
@@ -47,12 +46,6 @@ bool haveSameOpening(const std::vector<_AssAccInfo>& rows) {
 Status run(CNbCwDB& database, const std::string& batch) {
     if (batch.empty() || database.QRYExecuteSQL(batch) != 0) return Status::done();
     return database.lastStatus();
-}
-
-/// The last id handed out, when so many may follow.
-Status readLastId(CNbCwDB& database, int lastId, int wanted) {
-    if (lastId < 0 || !database.lastStatus()) return database.lastStatus();
-    return checkIdsLeft(lastId, wanted);
 }
 
 }  // namespace
@@ -138,8 +131,9 @@ Status BalanceCarry::writeAuxiliary(CNbCwDB& database, bool& isTooLarge) {
     }
     if (!fresh.empty()) {
         const int wanted = static_cast<int>(fresh.size()) * periodRows;
-        std::int32_t lastId = database.AssAcc_GetLastId();
-        if (const Status status = readLastId(database, lastId, wanted); !status) return status;
+        std::int32_t lastId = 0;
+        if (Status status = database.readLastIdBefore<_AssAccInfo>(wanted, lastId); !status)
+            return status;
         for (const auto& [of, figures] : fresh)
             for (int period = 1; period <= periodRows; ++period)
                 auxiliary_sql::insertAuxiliary(batch, ++lastId, period, m_account.id, of, figures);
@@ -160,8 +154,9 @@ Status BalanceCarry::writeAccount(CNbCwDB& database, bool& isTooLarge) {
             auxiliary_sql::updateAccountSums(batch, opening, m_account.id, row->byPeroid);
     }
     if (!lease.isFound()) {
-        std::int32_t lastId = database.AccSum_GetLastId();
-        if (const Status status = readLastId(database, lastId, periodRows); !status) return status;
+        std::int32_t lastId = 0;
+        if (Status status = database.readLastIdBefore<_AccSumInfo>(periodRows, lastId); !status)
+            return status;
         isTooLarge = isTooLarge || isTooLargeFigure(m_total);
         for (int period = 1; period <= periodRows; ++period)
             auxiliary_sql::insertAccountSums(batch, ++lastId, m_account.id, period, m_total);

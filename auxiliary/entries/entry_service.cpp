@@ -11,7 +11,6 @@
 #include "auxiliary/members/auxiliary_texts.h"
 #include "data/access/row_lease.h"
 #include "data/access/table_locks.h"
-#include "data/connection/id_counters.h"
 #include "data/tables/accounts.h"
 #include "data/tables/vouchers.h"
 #include "opening/storing/opening_reading.h"
@@ -52,7 +51,6 @@ class EntryWriting {
     UntoldOutcome erase() const;
     UntoldOutcome edit(AuxiliaryEntry& after);
     UntoldOutcome append(AuxiliaryEntry& after);
-    Status raiseCounters();
     void fill(const EntryContent& content);
 
     const AuxiliaryMember& m_member;
@@ -71,10 +69,6 @@ UntoldOutcome EntryWriting::run() {
     if (!holdSums(*g_pDB)) return UntoldOutcome::failed();
     UntoldOutcome result = refuseVouchers();
     if (result.outcome == Outcome::done) result = refuseAccount();
-    const bool hasAdditions =
-        std::ranges::any_of(m_changes, [](const EntryChange& each) { return !each.before; });
-    if (result.outcome == Outcome::done && hasAdditions && !raiseCounters())
-        return UntoldOutcome::failed();
     for (EntryChange& change : m_changes) {
         if (result.outcome == Outcome::done && change.after)
             result = refuseNames(*change.after, !change.before);
@@ -85,6 +79,7 @@ UntoldOutcome EntryWriting::run() {
     if (!m_carry.write(*g_pDB, isTooLarge)) return UntoldOutcome::failed();
     if (isTooLarge)
         return UntoldOutcome::refused({.text = auxiliary_texts::tooLarge, .beep = true});
+    const bool hasAdditions = m_lastLine != 0;
     if (hasAdditions &&
         g_pDB->QRYExecuteSQL(auxiliary_sql::setVoucherCounters(m_lastHeader, m_lastLine)) == 0)
         return UntoldOutcome::failed();
@@ -219,7 +214,8 @@ UntoldOutcome EntryWriting::edit(AuxiliaryEntry& after) {
     return isWritten ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
-/// A header of no period, or the books would seem to have vouchers.
+/// A header of no period, or the books would seem to have vouchers. The ids lie above those of
+/// posted and unposted vouchers alike.
 UntoldOutcome EntryWriting::append(AuxiliaryEntry& after) {
     m_header = {};
     m_line = {};
@@ -232,28 +228,6 @@ UntoldOutcome EntryWriting::append(AuxiliaryEntry& after) {
     after.lineId = m_lastLine;
     after.headerId = m_lastHeader;
     return UntoldOutcome::done();
-}
-
-/// New ids lie above those of posted and unposted vouchers alike.
-Status EntryWriting::raiseCounters() {
-    const auto higher = [](int posted, int unposted, std::int32_t& last) {
-        last = std::max(posted, unposted);
-        return g_pDB->lastStatus();
-    };
-    const int header = g_pDB->RegMain_GetLastId();
-    if (!g_pDB->lastStatus()) return g_pDB->lastStatus();
-    if (Status status = higher(header, g_pDB->UnregMain_GetLastId(), m_lastHeader); !status)
-        return status;
-    const int line = g_pDB->RegSub_GetLastId();
-    if (!g_pDB->lastStatus()) return g_pDB->lastStatus();
-    if (Status status = higher(line, g_pDB->UnregSub_GetLastId(), m_lastLine); !status)
-        return status;
-    const int count = static_cast<int>(m_changes.size());
-    Status status = checkIdsLeft(m_lastHeader, count);
-    if (status) status = checkIdsLeft(m_lastLine, count);
-    if (!status || (header == m_lastHeader && line == m_lastLine)) return status;
-    const std::string raised = auxiliary_sql::setVoucherCounters(m_lastHeader, m_lastLine);
-    return g_pDB->QRYExecuteSQL(raised) != 0 ? Status::done() : g_pDB->lastStatus();
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ void addClasses(Batch& batch, ChartTemplate chart) {
 }
 
 void addAccounts(Batch& batch, std::span<const _CodeInfo> accounts) {
-    batch.text += account_sql::addAccounts(accounts, 1);
+    batch.text += account_sql::addAccounts(accounts, 0);
     batch.setLastId<_CodeInfo>(static_cast<int>(accounts.size()));
 }
 

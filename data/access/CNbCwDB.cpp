@@ -8,6 +8,7 @@
 #include "data/access/open_databases.h"
 #include "data/access/record_table.h"
 #include "data/access/unit_of_work.h"
+#include "data/connection/id_counters.h"
 #include "data/engines/open_engine.h"
 #include "data/layout/layout.h"
 
@@ -167,6 +168,14 @@ int CNbCwDB::lastId(std::string_view idRow) {
     int id = 0;
     m_impl->run([&](Database& database) { return database.lastId(idRow, id); });
     return id;
+}
+
+Status CNbCwDB::readLastIdBefore(const RecordType& type, int count, std::int32_t& last) {
+    m_impl->run([&](Database& database) {
+        const Status status = database.lastId(type.table.idRow, last);
+        return status ? chengheng::checkIdsLeft(last, count) : status;
+    });
+    return m_impl->status;
 }
 
 int CNbCwDB::QRYExecuteSQL(std::string_view statements) {

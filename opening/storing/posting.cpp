@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "data/access/row_lease.h"
-#include "data/connection/id_counters.h"
 #include "opening/storing/opening_sql.h"
 
 namespace chengheng {
@@ -111,9 +110,8 @@ Status postOver(CNbCwDB& database, const OpeningAccount& account, OpeningLayout 
                 const StoredSums& stored) {
     std::int32_t lastId = 0;
     if (stored.path() == PostingPath::rebuild && deservesRows(account, layout)) {
-        lastId = database.AccSum_GetLastId();
-        if (!database.lastStatus()) return database.lastStatus();
-        if (Status status = checkIdsLeft(lastId, periodRows); !status) return status;
+        Status status = database.readLastIdBefore<_AccSumInfo>(periodRows, lastId);
+        if (!status) return status;
     }
     const std::string batch = postingBatch(account, stored, layout, lastId);
     if (batch.empty() || database.QRYExecuteSQL(batch) != 0) return Status::done();

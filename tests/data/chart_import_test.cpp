@@ -143,6 +143,23 @@ TEST_P(ChartImports, OfAnAccountThatGoesMeanwhileAreGivenUpInItsName) {
     EXPECT_EQ(m_books.chart(), before);
 }
 
+TEST_P(ChartImports, TellThatNoIdsAreLeftForTheNewAccounts) {
+    const std::string csv = "code,name,class\n1001,现金,资产\n1002,存款,资产\n";
+    const auto leave = [this](int count) {
+        m_books.run(formatSql("UPDATE ABIdTable SET lLastId = %d WHERE sTable = 'Code'",
+                              2147483647 - count));
+    };
+    leave(1);
+    const auto before = m_books.chart();
+    EXPECT_EQ(import(csv), Outcome::failed);
+    EXPECT_NE(m_books.messages().onlyNotice().text.find("的记录编号已经用完,数据没有改动。"),
+              std::string::npos);
+    EXPECT_EQ(m_books.chart(), before);
+    leave(2);
+    EXPECT_EQ(import(csv), Outcome::done);
+    EXPECT_EQ(m_books.account("1002").lId, 2147483647);
+}
+
 TEST_P(ChartImports, ShowTheirBoxesAsWhatTheyAre) {
     const auto expectOnly = [this](MessageIcon icon, bool beep) {
         const Notice told = m_books.messages().onlyNotice();

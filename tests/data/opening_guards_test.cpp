@@ -140,6 +140,21 @@ TEST_P(OpeningGuards, ForbidsTheCarryForwardWhileRowsWithoutFiguresAreThere) {
     EXPECT_TRUE(work().mayCarryForward());
 }
 
+TEST_P(OpeningGuards, TellThatNoIdsAreLeftForTheRowsOfAnAccount) {
+    const auto leave = [this](int count) {
+        m_books.books().run(formatSql("UPDATE ABIdTable SET lLastId = %d WHERE sTable = 'AccSum'",
+                                      2147483647 - count));
+    };
+    leave(11);
+    EXPECT_FALSE(m_books.type("1001", "5"));
+    EXPECT_NE(messages().onlyNotice().text.find("的记录编号已经用完,数据没有改动。"),
+              std::string::npos);
+    EXPECT_EQ(m_books.rows(), Texts{});
+    leave(12);
+    EXPECT_TRUE(m_books.type("1001", "5"));
+    EXPECT_EQ(m_books.openings("1001"), allPeriods("5"));
+}
+
 CHENGHENG_ON_ALL_ENGINES(OpeningGuards);
 
 }  // namespace

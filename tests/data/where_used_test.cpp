@@ -70,11 +70,11 @@ TEST_P(WhereUsed, CountsWhatTheAccountsBelowHoldToo) {
 }
 
 TEST_P(WhereUsed, SearchesForThousandsOfAccountsBelow) {
-    const int firstId = m_books.add("1001") + 1;
+    const int lastId = m_books.add("1001");
     std::vector<_CodeInfo> below(3000);
     for (std::size_t at = 0; at < below.size(); ++at)
         below[at].sCode = "1001" + std::to_string(10000 + at);
-    m_books.run(account_sql::addAccounts(below, firstId));
+    m_books.run(account_sql::addAccounts(below, lastId));
     m_books.use(UsePlace::posted, below.back().sCode);
     const auto sections = uses("1001");
     ASSERT_EQ(sections.size(), 1u);
