@@ -1,5 +1,6 @@
 #include "auxiliary/screen/entry_form.h"
 
+#include "auxiliary/entries/chosen_dimensions.h"
 #include "auxiliary/members/auxiliary_texts.h"
 #include "base/values/text.h"
 #include "data/access/host_database.h"
@@ -114,22 +115,6 @@ void EntryForm::takeDepartmentOf(const DimensionChoice& person) {
     choose(Dimension::department, {.id = person.department, .code = {}, .name = name});
 }
 
-EntryDimensions EntryForm::dimensions() const {
-    EntryDimensions of;
-    for (const DimensionWords& words : m_member.dimensions) {
-        const DimensionChoice* choice = chosen(words.dimension);
-        if (choice == nullptr) continue;
-        if (words.dimension == Dimension::department) of.department = choice->id;
-        if (words.dimension == Dimension::person) of.person = choice->id;
-        if (words.dimension == Dimension::unit) of.unit = choice->id;
-        if (words.dimension == Dimension::item) {
-            of.item = choice->id;
-            of.itemClass = choice->itemClass;
-        }
-    }
-    return of;
-}
-
 std::optional<AuxiliaryEntry> EntryForm::accept(const ChoicePicker& pick) {
     m_focusField.clear();
     if (m_isModifying && !isChanged()) {
@@ -148,17 +133,13 @@ std::optional<AuxiliaryEntry> EntryForm::accept(const ChoicePicker& pick) {
         if (hasFailed) tellLastFailure(m_messages);
         return !anywhere.empty();
     };
-    const auto belongTogether = [&] {
-        const DimensionChoice* person = chosen(Dimension::person);
-        const DimensionChoice* department = chosen(Dimension::department);
-        return person != nullptr && department != nullptr && person->department == department->id;
-    };
+    const ChosenDimensions asChosen = [this](Dimension dimension) { return chosen(dimension); };
     const auto refusal =
         firstRefusal(entryChecks(), {.member = m_member,
                                      .input = input,
                                      .day = openingEntryDay(CGetData::GetStartDate()),
                                      .isKnown = isKnown,
-                                     .belongTogether = belongTogether});
+                                     .belongTogether = [&] { return belongTogether(asChosen); }});
     if (hasFailed) return std::nullopt;
     if (refusal) {
         m_focusField = refusal->notice.focusField;
@@ -168,11 +149,7 @@ std::optional<AuxiliaryEntry> EntryForm::accept(const ChoicePicker& pick) {
         return std::nullopt;
     }
     AuxiliaryEntry entry = m_modified;
-    entry.content = contentOf(input);
-    entry.content.of = dimensions();
-    entry.names = {};
-    for (const DimensionWords& words : m_member.dimensions)
-        nameOf(entry.names, words.dimension) = chosen(words.dimension)->name;
+    fillEntry(m_member, input, asChosen, entry);
     input.money = rewrittenAmount(input.money);
     return entry;
 }

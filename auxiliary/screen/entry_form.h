@@ -62,7 +62,6 @@ class EntryForm {
     Status readScope(LookupScope& scope);
     bool find(Dimension dimension, std::vector<DimensionChoice>& found);
     void takeDepartmentOf(const DimensionChoice& person);
-    EntryDimensions dimensions() const;
 
     IMessages& m_messages;
     const AuxiliaryMember& m_member;
