@@ -91,6 +91,10 @@ Status findItems(CNbCwDB& database, std::string_view text, const LookupScope& sc
     return Status::done();
 }
 
+Status unlessMissing(const Status& status) {
+    return status.failure == Failure::missing ? Status::done() : status;
+}
+
 bool hasName(const DimensionChoice& item, std::string_view text) { return item.name == text; }
 bool hasCode(const DimensionChoice& item, std::string_view text) { return item.code == text; }
 
@@ -174,16 +178,22 @@ Status readIsNamed(CNbCwDB& database, Dimension dimension, const EntryDimensions
     return Status::done();
 }
 
+Status readDepartment(CNbCwDB& database, std::int32_t id,
+                      std::optional<DimensionChoice>& department) {
+    department.reset();
+    _DeptInfo* row = nullptr;
+    const bool isFound = database.Dept_GetInfo(row, id) == 0;
+    if (isFound) department = choiceOf(*row);
+    database.Dept_ReleaseAllBuffer();
+    return isFound ? Status::done() : unlessMissing(database.lastStatus());
+}
+
 Status readDepartmentOf(CNbCwDB& database, std::int32_t person, std::int32_t& department) {
-    department = 0;
     _PersonInfo* row = nullptr;
-    if (database.Person_GetInfo(row, person) == 0) {
-        department = row->lDeptId;
-        database.Person_ReleaseAllBuffer();
-        return Status::done();
-    }
-    const Status& status = database.lastStatus();
-    return status.failure == Failure::missing ? Status::done() : status;
+    const bool isFound = database.Person_GetInfo(row, person) == 0;
+    department = isFound ? row->lDeptId : 0;
+    database.Person_ReleaseAllBuffer();
+    return isFound ? Status::done() : unlessMissing(database.lastStatus());
 }
 
 }  // namespace chengheng

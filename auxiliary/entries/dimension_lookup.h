@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,6 +44,10 @@ Status readItemClasses(CNbCwDB& database, std::int32_t accountId,
 /// Whether the one of that id still bears the name.
 Status readIsNamed(CNbCwDB& database, Dimension dimension, const EntryDimensions& of,
                    std::string_view name, bool& isNamed);
+
+/// The department of an id; nothing where it is gone.
+Status readDepartment(CNbCwDB& database, std::int32_t id,
+                      std::optional<DimensionChoice>& department);
 
 /// The department of a person; 0 where the person is gone.
 Status readDepartmentOf(CNbCwDB& database, std::int32_t person, std::int32_t& department);

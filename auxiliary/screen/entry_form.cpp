@@ -1,5 +1,7 @@
 #include "auxiliary/screen/entry_form.h"
 
+#include <algorithm>
+
 #include "auxiliary/entries/chosen_dimensions.h"
 #include "auxiliary/members/auxiliary_texts.h"
 #include "base/values/text.h"
@@ -32,6 +34,16 @@ DimensionChoice choiceOf(const AuxiliaryEntry& entry, Dimension dimension) {
 }
 
 }  // namespace
+
+std::vector<std::string> codesToPickFrom(const std::vector<DimensionChoice>& choices) {
+    const bool areOfSeveralClasses = std::ranges::any_of(
+        choices, [&](const auto& each) { return each.itemClass != choices.front().itemClass; });
+    std::vector<std::string> codes;
+    codes.reserve(choices.size());
+    for (const DimensionChoice& each : choices)
+        codes.push_back(areOfSeveralClasses ? each.itemClass + ' ' + each.code : each.code);
+    return codes;
+}
 
 EntryForm::EntryForm(IMessages& messages, const AuxiliaryMember& member,
                      const AuxiliaryAccount& account, const AuxiliaryEntry* modified)
@@ -83,36 +95,53 @@ bool EntryForm::find(Dimension dimension, std::vector<DimensionChoice>& found) {
     return false;
 }
 
-bool EntryForm::settle(Dimension dimension, const ChoicePicker& pick) {
-    if (chosen(dimension) != nullptr || withoutBlanksAround(nameOf(input.names, dimension)).empty())
-        return true;
+Settling EntryForm::settle(Dimension dimension, const ChoicePicker& pick) {
+    if (chosen(dimension) != nullptr) return Settling::named;
+    if (withoutBlanksAround(nameOf(input.names, dimension)).empty()) return Settling::unknown;
     std::vector<DimensionChoice> found;
-    if (!find(dimension, found)) return false;
-    if (found.empty()) return true;
+    if (!find(dimension, found)) return Settling::failed;
+    if (found.empty()) return Settling::unknown;
     const auto choice = found.size() == 1 ? std::optional(found.front()) : pick(dimension, found);
-    if (choice) choose(dimension, *choice);
+    if (!choice) return Settling::undecided;
+    return choose(dimension, *choice) ? Settling::named : Settling::failed;
+}
+
+std::optional<std::vector<DimensionChoice>> EntryForm::choices(Dimension dimension) {
+    std::vector<DimensionChoice> all;
+    LookupScope scope;
+    if (readScope(scope) && readChoices(*g_pDB, dimension, scope, all)) return all;
+    tellLastFailure(m_messages);
+    return std::nullopt;
+}
+
+bool EntryForm::choose(Dimension dimension, const DimensionChoice& choice) {
+    if (dimension == Dimension::person && !takeDepartmentOf(choice)) return false;
+    nameOf(input.names, dimension) = choice.name;
+    chosenOf(dimension) = Chosen{choice.name, choice};
     return true;
 }
 
-std::vector<DimensionChoice> EntryForm::choices(Dimension dimension) {
-    std::vector<DimensionChoice> all;
-    LookupScope scope;
-    if (!readScope(scope) || !readChoices(*g_pDB, dimension, scope, all))
+bool EntryForm::takeDepartmentOf(const DimensionChoice& person) {
+    if (!withoutBlanksAround(input.names.department).empty()) return true;
+    std::optional<DimensionChoice> department;
+    if (!selectOpenBooks() || !readDepartment(*g_pDB, person.department, department)) {
         tellLastFailure(m_messages);
-    return all;
+        return false;
+    }
+    return !department || choose(Dimension::department, *department);
 }
 
-void EntryForm::choose(Dimension dimension, const DimensionChoice& choice) {
-    nameOf(input.names, dimension) = choice.name;
-    chosenOf(dimension) = Chosen{choice.name, choice};
-    if (dimension == Dimension::person) takeDepartmentOf(choice);
-}
-
-void EntryForm::takeDepartmentOf(const DimensionChoice& person) {
-    if (!withoutBlanksAround(input.names.department).empty()) return;
-    const std::string name = CGetData::GetDeptName(g_lpszNbZwDBName, person.department);
-    if (name.empty()) return;
-    choose(Dimension::department, {.id = person.department, .code = {}, .name = name});
+/// A person of another department is known, but does not belong to the typed one.
+Settling EntryForm::settleForGood(Dimension dimension, const ChoicePicker& pick) {
+    const Settling settling = settle(dimension, pick);
+    if (settling != Settling::unknown || dimension != Dimension::person) return settling;
+    std::vector<DimensionChoice> anywhere;
+    const std::string_view typed = withoutBlanksAround(input.names.person);
+    if (!findByText(*g_pDB, dimension, typed, {}, anywhere)) {
+        tellLastFailure(m_messages);
+        return Settling::failed;
+    }
+    return anywhere.empty() ? Settling::unknown : Settling::named;
 }
 
 std::optional<AuxiliaryEntry> EntryForm::accept(const ChoicePicker& pick) {
@@ -121,17 +150,12 @@ std::optional<AuxiliaryEntry> EntryForm::accept(const ChoicePicker& pick) {
         input.money = rewrittenAmount(input.money);
         return m_modified;
     }
-    bool hasFailed = false;
-    // A person of another department is known, but does not belong to the typed one.
+    bool goesOn = true;
     const auto isKnown = [&](Dimension dimension) {
-        hasFailed = hasFailed || !settle(dimension, pick);
-        if (hasFailed || chosen(dimension) != nullptr) return !hasFailed;
-        if (dimension != Dimension::person) return false;
-        std::vector<DimensionChoice> anywhere;
-        const std::string_view typed = withoutBlanksAround(input.names.person);
-        hasFailed = !findByText(*g_pDB, dimension, typed, {}, anywhere);
-        if (hasFailed) tellLastFailure(m_messages);
-        return !anywhere.empty();
+        const Settling settling = settleForGood(dimension, pick);
+        goesOn = settling != Settling::failed && settling != Settling::undecided;
+        if (!goesOn) m_focusField = entryField(dimension);
+        return settling == Settling::named;
     };
     const ChosenDimensions asChosen = [this](Dimension dimension) { return chosen(dimension); };
     const auto refusal =
@@ -140,7 +164,7 @@ std::optional<AuxiliaryEntry> EntryForm::accept(const ChoicePicker& pick) {
                                      .day = openingEntryDay(CGetData::GetStartDate()),
                                      .isKnown = isKnown,
                                      .belongTogether = [&] { return belongTogether(asChosen); }});
-    if (hasFailed) return std::nullopt;
+    if (!goesOn) return std::nullopt;
     if (refusal) {
         m_focusField = refusal->notice.focusField;
         m_messages.tell(refusal->notice);

@@ -16,6 +16,18 @@ namespace chengheng {
 using ChoicePicker = std::function<std::optional<DimensionChoice>(
     Dimension dimension, const std::vector<DimensionChoice>& choices)>;
 
+/// What stands in the first column of a list of choices: codes, behind that of the project class
+/// where the choices are of several.
+std::vector<std::string> codesToPickFrom(const std::vector<DimensionChoice>& choices);
+
+/// What the text in a field came to.
+enum class Settling : std::uint8_t {
+    named,      ///< it means one record
+    unknown,    ///< it is empty, or means none
+    undecided,  ///< it means several, of which none was picked
+    failed,     ///< the books could not be asked, which the operator has been told
+};
+
 /// The record dialog without its screen: what is typed, what a typed code or name stands for,
 /// whether it may become an entry.
 class EntryForm {
@@ -37,15 +49,16 @@ class EntryForm {
     bool mayGiveUp(bool isByButton);
 
     /// A field was left: a code in it becomes a name, a person brings the department along.
-    /// Among several of the same name the picker decides. False when the books could not be asked,
-    /// which the operator has been told.
-    bool settle(Dimension dimension, const ChoicePicker& pick);
-    /// Everything that a field may name.
-    std::vector<DimensionChoice> choices(Dimension dimension);
-    void choose(Dimension dimension, const DimensionChoice& choice);
+    /// Among several of the same name the picker decides.
+    Settling settle(Dimension dimension, const ChoicePicker& pick);
+    /// Everything that a field may name; nothing when it could not be read, which the operator
+    /// has been told.
+    std::optional<std::vector<DimensionChoice>> choices(Dimension dimension);
+    /// False when what it brings along could not be read, which the operator has been told.
+    bool choose(Dimension dimension, const DimensionChoice& choice);
 
-    /// The entry that the input makes; nothing when it is refused, which the operator has been
-    /// told: then `focusField` is where to go on.
+    /// The entry that the input makes; nothing when it is refused: then `focusField` is where to
+    /// go on. The operator has been told why, or gave up picking and knows it.
     std::optional<AuxiliaryEntry> accept(const ChoicePicker& pick);
     const std::string& focusField() const { return m_focusField; }
 
@@ -61,7 +74,8 @@ class EntryForm {
     }
     Status readScope(LookupScope& scope);
     bool find(Dimension dimension, std::vector<DimensionChoice>& found);
-    void takeDepartmentOf(const DimensionChoice& person);
+    Settling settleForGood(Dimension dimension, const ChoicePicker& pick);
+    bool takeDepartmentOf(const DimensionChoice& person);
 
     IMessages& m_messages;
     const AuxiliaryMember& m_member;

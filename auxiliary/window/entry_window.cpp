@@ -94,8 +94,10 @@ void EntryWindow::settle(Dimension dimension) {
 
 void EntryWindow::browse(const DimensionField& field) {
     UpdateData();
-    const auto chosen = pick(field.dimension, m_form.choices(field.dimension));
-    if (chosen) m_form.choose(field.dimension, *chosen);
+    if (const auto choices = m_form.choices(field.dimension)) {
+        const auto chosen = pick(field.dimension, *choices);
+        if (chosen) m_form.choose(field.dimension, *chosen);
+    }
     UpdateData(false);
     field.edit->setFocus();
     field.edit->selectAll();
@@ -103,9 +105,11 @@ void EntryWindow::browse(const DimensionField& field) {
 
 std::optional<DimensionChoice> EntryWindow::pick(Dimension dimension,
                                                  const std::vector<DimensionChoice>& choices) {
+    const std::vector<std::string> codes = codesToPickFrom(choices);
     std::vector<PickerRow> rows;
     rows.reserve(choices.size());
-    for (const DimensionChoice& choice : choices) rows.push_back({choice.code, choice.name});
+    for (std::size_t place = 0; place < choices.size(); ++place)
+        rows.push_back({codes[place], choices[place].name});
     PickerWindow picker(shown(headingOf(m_form.member(), dimension)), std::move(rows), this);
     const int chosen = picker.choose();
     if (chosen < 0) return std::nullopt;

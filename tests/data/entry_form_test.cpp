@@ -73,7 +73,8 @@ TEST_P(EntryForms, LetOneOfEqualNamesBePicked) {
     EntryForm form = adding(AuxiliaryKind::unit);
     form.input.names.unit = "甲公司";
     EXPECT_FALSE(form.accept(m_picking.picker()));
-    EXPECT_EQ(said(), "该单位信息不存在");
+    EXPECT_EQ(said(), "") << "who gives up picking knows it";
+    EXPECT_EQ(form.focusField(), "lEnterId");
     EXPECT_EQ(m_picking.offered, (Texts{"U1 甲公司", "U2 甲公司"}));
     m_picking.place = 1;
     const auto entry = form.accept(m_picking.picker());
@@ -172,7 +173,8 @@ TEST_P(EntryForms, OfferTheItemsOfTheAccountsClasses) {
         formatSql("UPDATE ProjCodes SET lCodeId = %d, sItemId = '01'", m_books.account(member).id));
     EntryForm form = adding(AuxiliaryKind::project);
     Texts names;
-    for (const DimensionChoice& each : form.choices(Dimension::item)) names.push_back(each.name);
+    const auto items = form.choices(Dimension::item).value();
+    for (const DimensionChoice& each : items) names.push_back(each.name);
     EXPECT_EQ(names, (Texts{"一期", "二期"}));
     EXPECT_EQ(said(), "");
 }
@@ -181,7 +183,7 @@ TEST_P(EntryForms, PassOverAClassWhoseCodeIsNoName) {
     m_books.books().run(
         "INSERT INTO ProjClass (lId, sClsCode, sClsName) VALUES (2, '01 WHERE lId = 1', '恶')");
     EntryForm form = adding(AuxiliaryKind::project);
-    EXPECT_EQ(form.choices(Dimension::item).size(), 2u);
+    EXPECT_EQ(form.choices(Dimension::item).value().size(), 2u);
     form.input.names.item = "二期";
     const auto entry = form.accept(m_picking.picker());
     ASSERT_TRUE(entry);
@@ -196,10 +198,10 @@ TEST_P(EntryForms, PassOverAClassWhoseCodeIsNoName) {
 
 TEST_P(EntryForms, OfferThePersonsOfTheTypedDepartment) {
     EntryForm form = adding(AuxiliaryKind::person);
-    EXPECT_EQ(form.choices(Dimension::person).size(), 2u);
+    EXPECT_EQ(form.choices(Dimension::person).value().size(), 2u);
     form.input.names.department = "生产部";
     form.settle(Dimension::department, m_picking.picker());
-    const auto persons = form.choices(Dimension::person);
+    const auto persons = form.choices(Dimension::person).value();
     ASSERT_EQ(persons.size(), 1u);
     EXPECT_EQ(persons[0].name, "李四");
 }
@@ -212,6 +214,71 @@ TEST_P(EntryForms, TellAFailureAndAcceptNothing) {
     m_books.books().engine().failCall(0);
     EXPECT_EQ(m_books.messages().texts().size(), 1u);
     EXPECT_NE(said(), "该部门不存在");
+}
+
+TEST_P(EntryForms, GiveUpPickingAmongPersonsWithoutAWord) {
+    m_books.books().run("UPDATE Person SET sPersonName = '张三' WHERE lId = 2");
+    EntryForm form = adding(AuxiliaryKind::person);
+    form.input.names.person = "张三";
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "");
+    EXPECT_EQ(form.focusField(), "lPersonId");
+    EXPECT_EQ(form.input.names.department, "");
+}
+
+TEST_P(EntryForms, TakeNoFailedReadForAMismatchOrAnUnknownName) {
+    int failures = 0;
+    for (int call = 1; call < 40; ++call) {
+        EntryForm form = adding(AuxiliaryKind::person);
+        form.input.names.person = "张三";
+        m_books.books().engine().failCall(call);
+        const auto entry = form.accept(m_picking.picker());
+        m_books.books().engine().failCall(0);
+        if (entry) break;
+        ++failures;
+        const std::string text = m_books.messages().onlyNotice().text;
+        EXPECT_NE(text, "部门与个人不匹配") << call;
+        EXPECT_NE(text, "非法的姓名") << call;
+        EXPECT_NE(text, "") << call;
+        EXPECT_EQ(form.focusField(), "lPersonId") << call;
+        m_books.messages().forget();
+    }
+    EXPECT_GE(failures, 2) << "the person and the department";
+}
+
+TEST_P(EntryForms, SayThatADepartmentIsNotThatOfAPersonWhoseOwnIsGone) {
+    m_books.books().run("DELETE FROM Dept WHERE lId = 2");
+    EntryForm form = adding(AuxiliaryKind::person);
+    form.input.names.person = "李四";
+    EXPECT_FALSE(form.accept(m_picking.picker()));
+    EXPECT_EQ(said(), "部门与个人不匹配");
+}
+
+TEST_P(EntryForms, OfferNoListThatCouldNotBeRead) {
+    EntryForm form = adding(AuxiliaryKind::project);
+    int failures = 0;
+    for (int call = 1; call < 40; ++call) {
+        m_books.books().engine().failCall(call);
+        const auto choices = form.choices(Dimension::item);
+        m_books.books().engine().failCall(0);
+        if (choices) break;
+        ++failures;
+        EXPECT_EQ(m_books.messages().texts().size(), 1u) << call;
+        m_books.messages().forget();
+    }
+    EXPECT_GE(failures, 3);
+    m_books.books().run("DELETE FROM ProjItems01 WHERE lId > 0");
+    EXPECT_TRUE(form.choices(Dimension::item).value().empty());
+    EXPECT_EQ(said(), "");
+}
+
+TEST_P(EntryForms, ShowTheClassOfItemsOfSeveral) {
+    EntryForm form = adding(AuxiliaryKind::project);
+    auto choices = form.choices(Dimension::item).value();
+    EXPECT_EQ(codesToPickFrom(choices), (Texts{"I1", "I2"}));
+    choices[1].itemClass = "02";
+    EXPECT_EQ(codesToPickFrom(choices), (Texts{"01 I1", "02 I2"}));
+    EXPECT_TRUE(codesToPickFrom({}).empty());
 }
 
 CHENGHENG_ON_ALL_ENGINES(EntryForms);

@@ -233,6 +233,41 @@ TEST_F(AuxiliaryWindowTest, ChoosesFromTheDirectoryByItsButton) {
     EXPECT_EQ(rows(), (EntryTexts{"2025-12-31||期初|乙公司|借|5.00||"}));
 }
 
+TEST_F(AuxiliaryWindowTest, OpensNoEmptyListWhenTheDirectoryCannotBeRead) {
+    open();
+    {
+        const NextModal dialog([this](QWidget& record) {
+            books.books().engine().failCall(2);
+            click(record, "VIEW");
+            books.books().engine().failCall(0);
+            click(record, "取消");
+        });
+        window->choose("增加");
+    }
+    EXPECT_EQ(books.messages().texts().size(), 1u);
+}
+
+TEST_F(AuxiliaryWindowTest, StaysInTheFieldWhosePickWasGivenUp) {
+    books.books().run("UPDATE Enter SET sEnterName = '甲公司' WHERE lId = 2");
+    open();
+    {
+        const NextModal dialog([](QWidget& record) {
+            enter(record, "mMoney", "5");
+            enter(record, "sDigest", "期初");
+            enter(record, "lEnterId", "甲公司");
+            record.findChild<QLineEdit*>("mFgn")->setFocus();
+            {
+                const NextModal picker([](QWidget& list) { click(list, "取消"); });
+                click(record, "确定");
+            }
+            EXPECT_EQ(record.focusWidget()->objectName(), "lEnterId");
+            click(record, "取消");
+        });
+        window->choose("增加");
+    }
+    EXPECT_EQ(books.messages().texts(), EntryTexts{});
+}
+
 TEST_F(AuxiliaryWindowTest, ModifiesTheEntryUnderADoubleClickAndUndoesIt) {
     add(1, 10);
     add(2, 20);
