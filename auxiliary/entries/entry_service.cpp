@@ -48,6 +48,7 @@ class EntryWriting {
     Status readHasName(Dimension dimension, const AuxiliaryEntry& entry, bool& hasName);
     UntoldOutcome write(EntryChange& change);
     UntoldOutcome readStored(const AuxiliaryEntry& entry);
+    bool eraseRows() const;
     UntoldOutcome erase() const;
     UntoldOutcome edit(AuxiliaryEntry& after);
     UntoldOutcome append(AuxiliaryEntry& after);
@@ -174,10 +175,16 @@ UntoldOutcome EntryWriting::readStored(const AuxiliaryEntry& entry) {
                   : UntoldOutcome::stale({.text = auxiliary_texts::entryChanged});
 }
 
+/// The line, and its header unless that bears another line, too.
+bool EntryWriting::eraseRows() const {
+    if (g_pDB->RegSub_Delete(m_line.lId) != 0) return false;
+    if (!m_hasHeader) return true;
+    const auto isShared = hasRows<_RegSubInfo>(*g_pDB, auxiliary_sql::linesOfHeader(m_header.lId));
+    return isShared && (*isShared || g_pDB->RegMain_Delete(m_header.lId) == 0);
+}
+
 UntoldOutcome EntryWriting::erase() const {
-    const bool isErased = g_pDB->RegSub_Delete(m_line.lId) == 0 &&
-                          (!m_hasHeader || g_pDB->RegMain_Delete(m_header.lId) == 0);
-    if (isErased) return UntoldOutcome::done();
+    if (eraseRows()) return UntoldOutcome::done();
     UntoldOutcome failure = UntoldOutcome::failed();
     // Whoever gave up waiting knows it; everybody else is told what failed and why.
     if (failure.notice) {

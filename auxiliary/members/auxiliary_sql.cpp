@@ -170,6 +170,8 @@ std::string setVoucherCounters(std::int32_t lastHeader, std::int32_t lastLine) {
 
 std::string headerOf(std::int32_t tieId) { return formatSql("lId = %d", tieId); }
 
+std::string linesOfHeader(std::int32_t headerId) { return formatSql("lTieId = %d", headerId); }
+
 std::string line(std::int32_t lineId) { return formatSql("lId=%d", lineId); }
 
 std::string accountOfCode(std::string_view code) { return formatSql("sCode = '%s'", code); }

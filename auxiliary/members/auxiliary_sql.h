@@ -74,6 +74,7 @@ void setLastAccountSumsId(std::string& batch, std::int32_t lastId);
 std::string setVoucherCounters(std::int32_t lastHeader, std::int32_t lastLine);
 
 std::string headerOf(std::int32_t tieId);
+std::string linesOfHeader(std::int32_t headerId);
 std::string line(std::int32_t lineId);
 std::string accountOfCode(std::string_view code);
 inline constexpr const char* endAccounts = "bEnd <> 0 ORDER BY sCode";

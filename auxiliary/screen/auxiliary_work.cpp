@@ -106,9 +106,12 @@ bool AuxiliaryWork::add(AuxiliaryEntry& entry) {
     return true;
 }
 
-bool AuxiliaryWork::modify(const AuxiliaryEntry& before, AuxiliaryEntry after) {
+bool AuxiliaryWork::modify(AuxiliaryEntry& before, AuxiliaryEntry after) {
     if (after == before) return true;
-    return doAndRemember({.before = before, .after = std::move(after)});
+    if (doAndRemember({.before = before, .after = std::move(after)})) return true;
+    const auto now = std::ranges::find(m_list.all(), before.lineId, &AuxiliaryEntry::lineId);
+    if (now != m_list.all().end()) before = *now;
+    return false;
 }
 
 const AuxiliaryEntry* AuxiliaryWork::entryToModify(std::optional<std::size_t> row) {

@@ -47,7 +47,9 @@ class AuxiliaryWork {
 
     /// Writes a new entry, which gets its ids.
     bool add(AuxiliaryEntry& entry);
-    bool modify(const AuxiliaryEntry& before, AuxiliaryEntry after);
+    /// When another workstation changed the entry, which the operator is told, `before` becomes
+    /// what it says now: what was typed can then be written over it.
+    bool modify(AuxiliaryEntry& before, AuxiliaryEntry after);
     /// The entry on a row; nothing: none is selected, which the operator is told.
     const AuxiliaryEntry* entryToModify(std::optional<std::size_t> row);
     /// Asks and deletes the entry on a row.

@@ -299,10 +299,10 @@ void AuxiliaryWindow::OnMenuAdd() {
 void AuxiliaryWindow::OnMenuModify() {
     const AuxiliaryEntry* found = m_work.entryToModify(currentRow());
     if (found == nullptr) return;
-    const AuxiliaryEntry entry = *found;
-    EntryForm form(messages(), m_member, m_work.account(), &entry);
+    AuxiliaryEntry before = *found;
+    EntryForm form(messages(), m_member, m_work.account(), &before);
     EntryWindow window(
-        form, [&](const AuxiliaryEntry& after) { return m_work.modify(entry, after); }, this);
+        form, [&](AuxiliaryEntry after) { return m_work.modify(before, std::move(after)); }, this);
     change([&] { window.DoModal(); });
 }
 

@@ -78,7 +78,7 @@ TEST_P(AuxiliaryWorks, AddUpByCombination) {
 
 TEST_P(AuxiliaryWorks, UndoAndRedoWhatWasDone) {
     const Texts empty = m_books.rows();
-    const AuxiliaryEntry first = added(1, 100);
+    AuxiliaryEntry first = added(1, 100);
     added(2, 20);
     AuxiliaryEntry changed = first;
     changed.content.money = 70;
@@ -116,8 +116,43 @@ TEST_P(AuxiliaryWorks, ForgetStepsThatAnotherWorkstationOvertook) {
     EXPECT_FALSE(m_work.canUndo());
 }
 
-TEST_P(AuxiliaryWorks, WriteNothingWhereNothingChanged) {
+TEST_P(AuxiliaryWorks, WriteOverWhatAnotherWorkstationChangedOnceThatWasTold) {
     const AuxiliaryEntry entry = added(1, 100);
+    AuxiliaryEntry theirs = entry;
+    theirs.content.money = 5;
+    theirs.content.summary = "他人的";
+    EntryService service = m_books.service(m_member);
+    ASSERT_EQ(service.modify(m_books.account(m_member), entry, theirs), Outcome::done);
+    AuxiliaryEntry before = entry;
+    AuxiliaryEntry after = entry;
+    after.content.money = 70;
+    EXPECT_FALSE(m_work.modify(before, after));
+    EXPECT_EQ(said(), "该记录已被其他工作站修改,本次操作没有进行,列表已重新读入。");
+    EXPECT_EQ(before, theirs);
+    EXPECT_EQ(shown(), (Texts{"销售部 5.00"}));
+    EXPECT_TRUE(m_work.modify(before, after));
+    EXPECT_EQ(said(), "");
+    EXPECT_EQ(m_books.stored(m_member), std::vector{after});
+    EXPECT_TRUE(m_books.agree(m_member));
+    ASSERT_TRUE(m_work.undo());
+    EXPECT_EQ(m_books.stored(m_member), std::vector{theirs});
+}
+
+TEST_P(AuxiliaryWorks, WriteNothingOverAnEntryThatAnotherWorkstationDeleted) {
+    AuxiliaryEntry entry = added(1, 100);
+    EntryService service = m_books.service(m_member);
+    ASSERT_EQ(service.remove(m_books.account(m_member), entry), Outcome::done);
+    AuxiliaryEntry after = entry;
+    after.content.money = 70;
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_FALSE(m_work.modify(entry, after));
+        EXPECT_EQ(said(), "该记录已被其他工作站删除,列表已重新读入。");
+    }
+    EXPECT_EQ(shown(), Texts{});
+}
+
+TEST_P(AuxiliaryWorks, WriteNothingWhereNothingChanged) {
+    AuxiliaryEntry entry = added(1, 100);
     const Texts before = m_books.rows();
     m_books.books().locks().forget();
     EXPECT_TRUE(m_work.modify(entry, entry));

@@ -97,6 +97,34 @@ TEST_P(EntryWritings, DeletedTakeTheirFiguresAway) {
     EXPECT_EQ(readRows<_RegMainInfo>(m_books.database(), nullptr).size(), 7u);
 }
 
+TEST_P(EntryWritings, LeaveTheHeaderThatAnotherLineNeeds) {
+    const AuxiliaryEntry first = added(m_department, 1, 100);
+    const AuxiliaryEntry second = added(m_department, 2, 5);
+    m_books.books().run(formatSql("UPDATE RegSub SET lTieId = %d", first.headerId));
+    ASSERT_EQ(remove(m_department, first), Outcome::done);
+    auto left = m_books.stored(m_department);
+    ASSERT_EQ(left.size(), 1u);
+    EXPECT_EQ(left[0].headerId, first.headerId);
+    EXPECT_EQ(left[0].content, second.content);
+    ASSERT_EQ(remove(m_department, left[0]), Outcome::done);
+    const auto headers = readRows<_RegMainInfo>(m_books.database(), nullptr);
+    ASSERT_EQ(headers.size(), 1u);
+    EXPECT_EQ(headers[0].lId, second.headerId) << "which no line named";
+}
+
+TEST_P(EntryWritings, ThatShareAHeaderTakeItAlongWhenTheyGoTogether) {
+    const AuxiliaryEntry first = added(m_department, 1, 100);
+    added(m_department, 2, 5);
+    m_books.books().run(formatSql("UPDATE RegSub SET lTieId = %d", first.headerId));
+    const auto stored = m_books.stored(m_department);
+    EntryChange changes[] = {{.before = stored.at(0), .after = {}},
+                             {.before = stored.at(1), .after = {}}};
+    ASSERT_EQ(m_books.service(m_department).write(m_books.account(m_department), changes),
+              Outcome::done);
+    for (const _RegMainInfo& header : readRows<_RegMainInfo>(m_books.database(), nullptr))
+        EXPECT_NE(header.lId, first.headerId);
+}
+
 TEST_P(EntryWritings, CarryForeignCurrencyAndQuantityInTheirOwnColumns) {
     AuxiliaryEntry entry = EntryBooks::entry(m_department, 1, 100);
     entry.content.foreign = 20.5;

@@ -296,6 +296,28 @@ TEST_F(AuxiliaryWindowTest, ModifiesTheEntryUnderADoubleClickAndUndoesIt) {
     EXPECT_EQ(books.auxiliary(member, 2), allPeriods("-25"));
 }
 
+TEST_F(AuxiliaryWindowTest, WritesWhatWasTypedByASecondConfirmAfterAnothersChangeWasTold) {
+    add(1, 10);
+    open();
+    const AuxiliaryEntry entry = books.stored(member).at(0);
+    AuxiliaryEntry theirs = entry;
+    theirs.content.money = 11;
+    ASSERT_EQ(books.service(member).modify(books.account(member), entry, theirs), Outcome::done);
+    {
+        const NextModal dialog([this](QWidget& record) {
+            enter(record, "mMoney", "25");
+            click(record, "确定");
+            EXPECT_EQ(books.messages().onlyNotice().text,
+                      "该记录已被其他工作站修改,本次操作没有进行,列表已重新读入。");
+            EXPECT_EQ(record.findChild<QLineEdit*>("mMoney")->text().toStdString(), "25.00000");
+            click(record, "确定");
+        });
+        window->choose("修改");
+    }
+    EXPECT_EQ(rows(), (EntryTexts{"2025-12-31|记-0007|期初|甲公司|借|25.00||"}));
+    EXPECT_EQ(books.auxiliary(member, 1), allPeriods("25"));
+}
+
 TEST_F(AuxiliaryWindowTest, DeletesAfterAskingAndStandsOnTheNextEntry) {
     add(1, 10);
     add(2, 20);
