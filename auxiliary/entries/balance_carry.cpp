@@ -64,17 +64,15 @@ EntryDimensions BalanceCarry::combinationOf(const EntryDimensions& of) const {
 
 void BalanceCarry::takeOff(const EntryContent& entry) {
     const EntryFigures figures = -figuresOf(entry, m_account);
-    m_total = m_total + figures;
+    m_total.add(figures);
     if (std::fabs(figures.money) < leastMoney) return;
-    EntryFigures& sum = m_combinations[combinationOf(entry.of)];
-    sum = sum + figures;
+    m_combinations[combinationOf(entry.of)].add(figures);
 }
 
 void BalanceCarry::put(const EntryContent& entry) {
     const EntryFigures figures = figuresOf(entry, m_account);
-    m_total = m_total + figures;
-    EntryFigures& sum = m_combinations[combinationOf(entry.of)];
-    sum = sum + figures;
+    m_total.add(figures);
+    m_combinations[combinationOf(entry.of)].add(figures);
 }
 
 Status BalanceCarry::write(CNbCwDB& database, bool& isTooLarge) {
@@ -85,7 +83,7 @@ Status BalanceCarry::write(CNbCwDB& database, bool& isTooLarge) {
 
 Status BalanceCarry::readRows(CNbCwDB& database, std::map<EntryDimensions, Rows>& rows) const {
     if (m_combinations.size() < manyCombinations) {
-        for (const auto& [of, moved] : m_combinations) {
+        for (const auto& [of, sums] : m_combinations) {
             const RowLease<_AssAccInfo> lease(database, m_member.sumsOf(m_account.id, of).c_str());
             if (!lease.isRead()) return database.lastStatus();
             if (lease.isFound()) rows[of] = lease.copy();
@@ -111,7 +109,8 @@ Status BalanceCarry::writeAuxiliary(CNbCwDB& database, bool& isTooLarge) {
     std::map<EntryDimensions, Rows> stored;
     if (const Status status = readRows(database, stored); !status) return status;
     std::vector<std::pair<EntryDimensions, EntryFigures>> fresh;
-    for (const auto& [of, moved] : m_combinations) {
+    for (const auto& [of, sums] : m_combinations) {
+        const EntryFigures moved = sums.total();
         const auto found = stored.find(of);
         if (found == stored.end()) {
             fresh.emplace_back(of, moved);
@@ -146,9 +145,10 @@ Status BalanceCarry::writeAccount(CNbCwDB& database, bool& isTooLarge) {
     const std::string condition = auxiliary_sql::accountSums(m_account.id);
     const RowLease<_AccSumInfo> lease(database, condition.c_str());
     if (!lease.isRead()) return database.lastStatus();
+    const EntryFigures total = m_total.total();
     std::string batch;
     for (const _AccSumInfo* row : lease.rows()) {
-        const EntryFigures opening = openingOf(*row) + m_total;
+        const EntryFigures opening = openingOf(*row) + total;
         isTooLarge = isTooLarge || isTooLargeFigure(opening);
         if (opening != openingOf(*row))
             auxiliary_sql::updateAccountSums(batch, opening, m_account.id, row->byPeroid);
@@ -157,9 +157,9 @@ Status BalanceCarry::writeAccount(CNbCwDB& database, bool& isTooLarge) {
         std::int32_t lastId = 0;
         if (Status status = database.readLastIdBefore<_AccSumInfo>(periodRows, lastId); !status)
             return status;
-        isTooLarge = isTooLarge || isTooLargeFigure(m_total);
+        isTooLarge = isTooLarge || isTooLargeFigure(total);
         for (int period = 1; period <= periodRows; ++period)
-            auxiliary_sql::insertAccountSums(batch, ++lastId, m_account.id, period, m_total);
+            auxiliary_sql::insertAccountSums(batch, ++lastId, m_account.id, period, total);
         auxiliary_sql::setLastAccountSumsId(batch, lastId);
     }
     return run(database, batch);

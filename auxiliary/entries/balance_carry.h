@@ -42,8 +42,8 @@ class BalanceCarry {
 
     const AuxiliaryMember& m_member;
     const AuxiliaryAccount& m_account;
-    std::map<EntryDimensions, EntryFigures> m_combinations;
-    EntryFigures m_total;
+    std::map<EntryDimensions, FigureSums> m_combinations;
+    FigureSums m_total;
 };
 
 }  // namespace chengheng

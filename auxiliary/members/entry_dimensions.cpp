@@ -6,18 +6,29 @@
 namespace chengheng {
 namespace {
 
-double sum(double one, double other, Measure measure) {
-    double total = one + other;
-    Round(total, decimalsOf(measure));
-    return total;
+double rounded(double value, Measure measure) {
+    Round(value, decimalsOf(measure));
+    return value;
 }
 
 }  // namespace
 
+void FigureSums::add(const EntryFigures& figures) {
+    m_money.add(figures.money);
+    m_foreign.add(figures.foreign);
+    m_quantity.add(figures.quantity);
+}
+
+EntryFigures FigureSums::total() const {
+    return {rounded(m_money.value(), Measure::money), rounded(m_foreign.value(), Measure::foreign),
+            rounded(m_quantity.value(), Measure::quantity)};
+}
+
 EntryFigures operator+(const EntryFigures& one, const EntryFigures& other) {
-    return {sum(one.money, other.money, Measure::money),
-            sum(one.foreign, other.foreign, Measure::foreign),
-            sum(one.quantity, other.quantity, Measure::quantity)};
+    FigureSums sums;
+    sums.add(one);
+    sums.add(other);
+    return sums.total();
 }
 
 EntryFigures operator-(const EntryFigures& figures) {

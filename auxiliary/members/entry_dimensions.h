@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "base/values/exact_sum.h"
+
 namespace chengheng {
 
 /// By what an entry is kept apart.
@@ -29,6 +31,19 @@ struct EntryFigures {
     double quantity = 0;
 
     bool operator==(const EntryFigures&) const = default;
+};
+
+/// Adds up figures: the sum does not depend on their number or order.
+class FigureSums {
+  public:
+    void add(const EntryFigures& figures);
+    /// Rounded as the books round money, foreign currency and quantity.
+    EntryFigures total() const;
+
+  private:
+    MoneySum m_money;
+    MoneySum m_foreign;
+    QuantitySum m_quantity;
 };
 
 /// The sum, rounded as the books round money, foreign currency and quantity.

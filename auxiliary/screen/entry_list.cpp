@@ -12,6 +12,9 @@
 namespace chengheng {
 namespace {
 
+/// Nothing that is typed into a filter.
+constexpr char betweenColumns = '\n';
+
 EntryColumn columnOf(Dimension dimension) {
     switch (dimension) {
         case Dimension::department:
@@ -74,9 +77,9 @@ bool hasNumber(const EntryContent& content, const std::string& wanted) {
 }
 
 EntryFigures sumOf(const AuxiliaryAccount& account, auto begin, auto end, auto entryAt) {
-    EntryFigures total;
-    for (auto at = begin; at != end; ++at) total = total + figuresOf(entryAt(at).content, account);
-    return total;
+    FigureSums sums;
+    for (auto at = begin; at != end; ++at) sums.add(figuresOf(entryAt(at).content, account));
+    return sums.total();
 }
 
 }  // namespace
@@ -174,6 +177,8 @@ std::size_t EntryList::rowOf(std::int32_t lineId) const {
 
 void EntryList::assign(std::vector<AuxiliaryEntry> entries) {
     m_entries = std::move(entries);
+    m_texts.assign(m_entries.size(), {});
+    ++m_revision;
     showMatching();
 }
 
@@ -181,15 +186,21 @@ void EntryList::put(const AuxiliaryEntry& entry) {
     const auto found = std::ranges::find(m_entries, entry.lineId, &AuxiliaryEntry::lineId);
     if (found == m_entries.end()) {
         m_entries.push_back(entry);
+        m_texts.emplace_back();
     } else {
         *found = entry;
+        m_texts[static_cast<std::size_t>(found - m_entries.begin())].clear();
     }
+    ++m_revision;
     showMatching();
 }
 
 void EntryList::remove(std::int32_t lineId) {
-    std::erase_if(m_entries,
-                  [lineId](const AuxiliaryEntry& entry) { return entry.lineId == lineId; });
+    const auto found = std::ranges::find(m_entries, lineId, &AuxiliaryEntry::lineId);
+    if (found == m_entries.end()) return;
+    m_texts.erase(m_texts.begin() + (found - m_entries.begin()));
+    m_entries.erase(found);
+    ++m_revision;
     showMatching();
 }
 
@@ -204,19 +215,22 @@ void EntryList::sortBy(int column, bool isDescending) {
     showMatching();
 }
 
-bool EntryList::matches(const AuxiliaryEntry& entry) const {
-    const std::string_view wanted = withoutBlanksAround(m_filter);
-    return wanted.empty() || std::ranges::any_of(m_columns, [&](EntryColumn column) {
-               return containsInAnyCase(cellText(entry, column), wanted);
-           });
+/// The texts are made once, not for each key that is typed into the filter.
+bool EntryList::matches(std::size_t place, std::string_view wanted) {
+    if (wanted.empty()) return true;
+    std::string& text = m_texts[place];
+    if (text.empty())
+        for (const EntryColumn column : m_columns)
+            text += inSmallLetters(cellText(m_entries[place], column)) + betweenColumns;
+    return text.find(wanted) != std::string::npos;
 }
 
 void EntryList::showMatching() {
     m_shown.clear();
+    const std::string wanted = inSmallLetters(withoutBlanksAround(m_filter));
     for (std::size_t place = 0; place < m_entries.size(); ++place)
-        if (matches(m_entries[place])) m_shown.push_back(place);
+        if (matches(place, wanted)) m_shown.push_back(place);
     if (m_sortColumn >= 0) sortShown();
-    ++m_revision;
 }
 
 /// Keys are made once for each entry, not for each comparison.
@@ -253,16 +267,21 @@ EntryFigures EntryList::shownTotal(const AuxiliaryAccount& account) const {
 std::vector<CombinationTotal> totalsOf(const std::vector<AuxiliaryEntry>& entries,
                                        const AuxiliaryAccount& account) {
     std::vector<CombinationTotal> totals;
+    std::vector<FigureSums> sums;
     std::map<EntryDimensions, std::size_t> places;
     for (const AuxiliaryEntry& entry : entries) {
-        const auto [place, isNew] = places.try_emplace(entry.content.of, totals.size());
-        if (isNew)
+        const auto [found, isNew] = places.try_emplace(entry.content.of, totals.size());
+        const std::size_t place = found->second;
+        if (isNew) {
             totals.push_back(
                 {.of = entry.content.of, .names = entry.names, .count = 0, .figures = {}});
-        CombinationTotal& total = totals[place->second];
-        ++total.count;
-        total.figures = total.figures + figuresOf(entry.content, account);
+            sums.emplace_back();
+        }
+        ++totals[place].count;
+        sums[place].add(figuresOf(entry.content, account));
     }
+    for (std::size_t place = 0; place < totals.size(); ++place)
+        totals[place].figures = sums[place].total();
     return totals;
 }
 

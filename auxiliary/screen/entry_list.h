@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "auxiliary/entries/auxiliary_entry.h"
@@ -81,16 +82,18 @@ class EntryList {
     EntryFigures total(const AuxiliaryAccount& account) const;
     EntryFigures shownTotal(const AuxiliaryAccount& account) const;
 
-    /// Another number after each change of what is shown.
+    /// Another number after each change of the entries, whichever of them are shown.
     unsigned revision() const { return m_revision; }
 
   private:
     void showMatching();
     void sortShown();
-    bool matches(const AuxiliaryEntry& entry) const;
+    bool matches(std::size_t place, std::string_view wanted);
 
     std::vector<EntryColumn> m_columns;
     std::vector<AuxiliaryEntry> m_entries;
+    /// What a filter looks at in each of them, in small letters; empty until one does.
+    std::vector<std::string> m_texts;
     std::vector<std::size_t> m_shown;
     std::string m_filter;
     int m_sortColumn = -1;

@@ -232,7 +232,7 @@ std::optional<std::size_t> AuxiliaryWindow::currentRow() const {
 
 void AuxiliaryWindow::showChanges() {
     m_entries->showList();
-    m_combinations->showTotals();
+    showTotals();
     showFoot();
     for (const int command :
          {auxiliary_command::add, auxiliary_command::modify, auxiliary_command::remove})
@@ -264,18 +264,25 @@ void AuxiliaryWindow::goToLine(std::int32_t lineId) {
 }
 
 void AuxiliaryWindow::change(const std::function<void()>& work) {
-    const auto row = currentRow();
-    const bool hadEntry = row && *row < m_work.list().rowCount();
-    const std::int32_t line = hadEntry ? m_work.list().atRow(*row).lineId : 0;
-    work();
-    showChanges();
-    const int rows = m_entries->rowCount();
-    if (rows == 0) return;
-    if (hadEntry && m_work.list().rowOf(line) < m_work.list().rowCount()) {
-        goToLine(line);
-    } else {
-        m_grid->setCurrentRow(row ? std::min(static_cast<int>(*row), rows - 1) : 0);
-    }
+    const EntryList& list = m_work.list();
+    const int row = m_grid->currentRow();
+    const bool hadEntry = row >= 0 && static_cast<std::size_t>(row) < list.rowCount();
+    const std::int32_t line = hadEntry ? list.atRow(static_cast<std::size_t>(row)).lineId : 0;
+    const auto read = [&] {
+        work();
+        showChanges();
+    };
+    m_grid->readAnew(read, [&] {
+        const std::size_t now = hadEntry ? list.rowOf(line) : list.rowCount();
+        return now < list.rowCount() ? static_cast<int>(now) : -1;
+    });
+}
+
+void AuxiliaryWindow::showTotals() {
+    if (!m_combinations->isOutdated()) return;
+    const auto of = m_combinations->combinationAt(m_totals->currentRow());
+    m_totals->readAnew([this] { m_combinations->showTotals(); },
+                       [&] { return of ? m_combinations->rowOf(*of) : -1; });
 }
 
 void AuxiliaryWindow::OnMenuAdd() {

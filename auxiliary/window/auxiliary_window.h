@@ -63,6 +63,7 @@ class AuxiliaryWindow : public CNxMiddleDialog {
     void accountChosen(int place);
     std::optional<std::size_t> currentRow() const;
     void showChanges();
+    void showTotals();
     void showFoot();
     void goToLine(std::int32_t lineId);
     /// Does something with the entries, then shows what became of it where the operator stood.

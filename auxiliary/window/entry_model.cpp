@@ -1,5 +1,7 @@
 #include "auxiliary/window/entry_model.h"
 
+#include <algorithm>
+
 #include "auxiliary/members/auxiliary_texts.h"
 #include "base/values/numbers.h"
 #include "opening/sheet/opening_account.h"
@@ -85,7 +87,18 @@ int CombinationModel::rowCount(const QModelIndex& parent) const {
 void CombinationModel::showTotals() {
     beginResetModel();
     m_totals = m_work.combinations();
+    m_revision = m_work.list().revision();
     endResetModel();
+}
+
+std::optional<EntryDimensions> CombinationModel::combinationAt(int row) const {
+    if (row < 0 || row >= rowCount()) return std::nullopt;
+    return m_totals[static_cast<std::size_t>(row)].of;
+}
+
+int CombinationModel::rowOf(const EntryDimensions& of) const {
+    const auto found = std::ranges::find(m_totals, of, &CombinationTotal::of);
+    return found == m_totals.end() ? -1 : static_cast<int>(found - m_totals.begin());
 }
 
 const std::string& CombinationModel::nameAt(int row) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "auxiliary/screen/auxiliary_work.h"
@@ -36,7 +37,13 @@ class CombinationModel final : public GridModel {
     explicit CombinationModel(const AuxiliaryWork& work);
 
     int rowCount(const QModelIndex& parent = {}) const override;
+    /// Whether entries have changed since.
+    bool isOutdated() const { return m_revision != m_work.list().revision(); }
     void showTotals();
+    /// What a row adds up; nothing where there is none.
+    std::optional<EntryDimensions> combinationAt(int row) const;
+    /// -1 where no entry is of the combination.
+    int rowOf(const EntryDimensions& of) const;
     /// The name by which the entries of a row are found.
     const std::string& nameAt(int row) const;
 
@@ -47,6 +54,7 @@ class CombinationModel final : public GridModel {
     const AuxiliaryWork& m_work;
     std::vector<GridColumn> m_columns;
     std::vector<CombinationTotal> m_totals;
+    unsigned m_revision = 0;
 };
 
 }  // namespace chengheng

@@ -1,6 +1,5 @@
 #include "opening/window/opening_grid.h"
 
-#include <QScrollBar>
 #include <algorithm>
 
 #include "opening/sheet/opening_texts.h"
@@ -67,9 +66,7 @@ void OpeningGrid::showLinesReadAnew() {
         lineOf(place).value_or(std::min(static_cast<std::size_t>(row), lastLine));
     goToCell(line, static_cast<std::size_t>(place.column));
     select(corners);
-    const int moved = rowViewportPosition(currentRow()) - height;
-    const int step = verticalScrollMode() == ScrollPerItem ? rowHeight(currentRow()) : 1;
-    verticalScrollBar()->setValue(verticalScrollBar()->value() + moved / step);
+    scrollToHeight(currentRow(), height);
 }
 
 void OpeningGrid::select(const std::vector<FigurePlace>& corners) {

@@ -110,6 +110,26 @@ void CVCF1::setCurrentRow(int row) {
     scrollTo(index);
 }
 
+void CVCF1::scrollToHeight(int row, int height) {
+    const int moved = rowViewportPosition(row) - height;
+    const int step = verticalScrollMode() == ScrollPerItem ? rowHeight(row) : 1;
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + moved / step);
+}
+
+void CVCF1::readAnew(const std::function<void()>& read, const std::function<int()>& wanted) {
+    const int before = currentRow();
+    const int height = before < 0 ? 0 : rowViewportPosition(before);
+    const int sideways = horizontalScrollBar()->value();
+    read();
+    const int rows = model()->rowCount();
+    if (rows == 0) return;
+    const int found = wanted();
+    const int row = found >= 0 ? found : std::clamp(before, 0, rows - 1);
+    setCurrentRow(row);
+    if (before >= 0) scrollToHeight(row, height);
+    horizontalScrollBar()->setValue(sideways);
+}
+
 QString CVCF1::selectedText() const {
     QString text;
     if (!selectionModel()) return text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
 
 namespace chengheng {
 class FrozenColumns;
@@ -31,6 +32,11 @@ class CVCF1 : public QTableView {
     /// Makes the row the current and only selected one and brings it into view. In a grid of
     /// cells the column of the current cell stays.
     void setCurrentRow(int row);
+    /// Scrolls until a row is as high in the grid as `rowViewportPosition` told.
+    void scrollToHeight(int row, int height);
+    /// Lets the rows be made anew, then makes the row current that `wanted` gives, as high in the
+    /// grid as the current one was; -1: whichever is where that one was.
+    void readAnew(const std::function<void()>& read, const std::function<int()>& wanted);
 
     /// The selected cells as a spreadsheet takes them: hidden columns left out, tabs between
     /// cells, a line end after each row.

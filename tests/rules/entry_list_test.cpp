@@ -94,6 +94,51 @@ TEST_F(EntryLists, AddUpAllAndWhatTheyShow) {
     EXPECT_EQ(m_list.total(account), (EntryFigures{89, 0, 0}));
 }
 
+TEST_F(EntryLists, AddUpLargeAmountsToTheCent) {
+    const AuxiliaryAccount account{.isDebit = true};
+    std::vector<AuxiliaryEntry> entries;
+    for (int count = 0; count < 1000; ++count)
+        entries.push_back(listedEntry(count + 1, "甲公司", 9999999999999.99, ""));
+    entries.push_back(listedEntry(2000, "甲公司", 0.01, ""));
+    for (int count = 0; count < 1000; ++count)
+        entries.push_back(listedEntry(count + 3000, "甲公司", 9999999999999.99, "", false));
+    m_list.assign(entries);
+    m_list.setFilter("甲");
+    EXPECT_EQ(m_list.total(account), (EntryFigures{0.01, 0, 0}));
+    EXPECT_EQ(m_list.shownTotal(account), (EntryFigures{0.01, 0, 0}));
+    EXPECT_EQ(totalsOf(m_list.all(), account)[0].figures, (EntryFigures{0.01, 0, 0}));
+}
+
+TEST_F(EntryLists, FilterByWhatAnEntrySaysNow) {
+    m_list.setFilter("XYZ");
+    EXPECT_EQ(shown(), std::vector<int>{2});
+    m_list.put(listedEntry(2, "乙公司", 100, "abc"));
+    EXPECT_EQ(shown(), std::vector<int>{});
+    m_list.remove(1);
+    m_list.put(listedEntry(4, "甲公司", 50, "xyz"));
+    EXPECT_EQ(shown(), std::vector<int>{4});
+    m_list.setFilter("甲");
+    EXPECT_EQ(shown(), (std::vector<int>{3, 4}));
+    m_list.setFilter("司借");
+    EXPECT_EQ(shown(), std::vector<int>{}) << "of two columns";
+}
+
+TEST_F(EntryLists, HaveAnotherRevisionWhenEntriesChangeAndNotWhenOthersAreShown) {
+    unsigned before = m_list.revision();
+    m_list.setFilter("甲");
+    m_list.sortBy(columnOf(EntryColumn::money), true);
+    EXPECT_EQ(m_list.revision(), before);
+    const auto hasChanged = [&] { return std::exchange(before, m_list.revision()) != before; };
+    m_list.put(listedEntry(4, "乙公司", 50, ""));
+    EXPECT_TRUE(hasChanged());
+    m_list.put(listedEntry(4, "乙公司", 60, ""));
+    EXPECT_TRUE(hasChanged());
+    m_list.remove(4);
+    EXPECT_TRUE(hasChanged());
+    m_list.assign({});
+    EXPECT_TRUE(hasChanged());
+}
+
 TEST_F(EntryLists, FindByEveryField) {
     AuxiliaryEntry entry = listedEntry(5, "甲公司", 12.5, "应收货款");
     entry.content.foreign = 2;

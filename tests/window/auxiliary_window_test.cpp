@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QToolBar>
 #include <optional>
@@ -165,14 +167,16 @@ TEST_F(AuxiliaryWindowTest, GoesThroughTheRecordByTheTabKey) {
     const NextModal dialog([](QWidget& record) {
         showActive(record);
         QStringList names;
-        for (int step = 0; step < 12; ++step) {
+        for (int step = 0; step < 12 && !names.contains(QStringLiteral("dAmt")); ++step) {
             QWidget* focused = record.focusWidget();
             auto* button = qobject_cast<QAbstractButton*>(focused);
             names << (button ? button->text() : focused->objectName());
             QTest::keyClick(focused, Qt::Key_Tab);
         }
+        // Only where no display tells a button of the keyboard is the unchosen one a stop, too.
+        names.removeAll(QString::fromUtf8("贷方"));
         EXPECT_EQ(names.join(' ').toStdString(),
-                  "dtDate DATE sSign lNumber sDigest lEnterId VIEW 借方 贷方 mMoney mFgn dAmt");
+                  "dtDate DATE sSign lNumber sDigest lEnterId VIEW 借方 mMoney mFgn dAmt");
         click(record, "取消");
     });
     window->choose("增加");
@@ -365,6 +369,58 @@ TEST_F(AuxiliaryWindowTest, ListsATotalForEachUnitAndGoesToItsEntries) {
     emit window->totals().doubleClicked(window->totals().model()->index(1, 0));
     EXPECT_EQ(rows(), (EntryTexts{"2025-12-31|记-0007|期初|乙公司|借|20.00||"}));
     EXPECT_EQ(window->findChild<QTabWidget*>()->currentIndex(), 0);
+}
+
+TEST_F(AuxiliaryWindowTest, KeepsThePlaceInBothListsWhenTheyAreReadAnew) {
+    for (int count = 0; count < 60; ++count) add(1, 100 + count);
+    for (int unit = 3; unit < 60; ++unit)
+        books.books().run(formatSql(
+            "INSERT INTO Enter (lId, lClassId, sEnterCode, sEnterName) VALUES (%d, 1, 'U%d', "
+            "'单位%d')",
+            unit, unit, unit));
+    for (int unit = 3; unit < 60; ++unit) {
+        AuxiliaryEntry entry = EntryBooks::entry(member, 1, unit);
+        entry.content.of.unit = unit;
+        entry.names.unit = "单位" + std::to_string(unit);
+        ASSERT_EQ(books.service(member).add(books.account(member), entry), Outcome::done);
+    }
+    open();
+    CVCF1& entries = window->entries();
+    CVCF1& totals = window->totals();
+    entries.setCurrentRow(80);
+    entries.verticalScrollBar()->setValue(entries.verticalScrollBar()->value() + 5);
+    window->findChild<QTabWidget*>()->setCurrentIndex(1);
+    QCoreApplication::processEvents();
+    totals.setCurrentRow(40);
+    totals.verticalScrollBar()->setValue(totals.verticalScrollBar()->value() + 5);
+    const int scrolled = entries.verticalScrollBar()->value();
+    const int totalsScrolled = totals.verticalScrollBar()->value();
+    // Another workstation deletes the first one of two entries above.
+    const auto stored = books.stored(member);
+    ASSERT_EQ(books.service(member).remove(books.account(member), stored.at(0)), Outcome::done);
+    ASSERT_EQ(books.service(member).remove(books.account(member), stored.at(60)), Outcome::done);
+    window->choose("刷新");
+    EXPECT_EQ(entries.currentRow(), 78);
+    EXPECT_EQ(entries.verticalScrollBar()->value(), scrolled - 2);
+    EXPECT_EQ(totals.currentRow(), 39);
+    EXPECT_EQ(totals.verticalScrollBar()->value(), totalsScrolled - 1);
+    EXPECT_EQ(window->findChild<QTabWidget*>()->currentIndex(), 1);
+}
+
+TEST_F(AuxiliaryWindowTest, AddsUpTheTotalsOnlyWhenEntriesChange) {
+    add(1, 30);
+    add(2, 20);
+    open();
+    window->totals().setCurrentRow(1);
+    const QSignalSpy resets(window->totals().model(), &QAbstractItemModel::modelReset);
+    window->filter().insert(QString::fromUtf8("甲"));
+    EXPECT_EQ(resets.count(), 0);
+    EXPECT_EQ(window->totals().currentRow(), 1);
+    books.messages().willAnswer("确定删除吗?", Answer::yes);
+    window->choose("删除");
+    EXPECT_EQ(resets.count(), 1);
+    EXPECT_EQ(rowsOf(window->totals()), EntryTexts{"乙公司|1|20.00|0.00|0.00000"});
+    EXPECT_EQ(window->totals().currentRow(), 0);
 }
 
 TEST_F(AuxiliaryWindowTest, FindsEntriesByWhatTheFindDialogHolds) {
