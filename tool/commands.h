@@ -30,6 +30,8 @@ void addExportChartCommand(CLI::App& app, Tool& tool);
 void addTrialBalanceCommand(CLI::App& app, Tool& tool);
 void addImportOpeningCommand(CLI::App& app, Tool& tool);
 void addExportOpeningCommand(CLI::App& app, Tool& tool);
+void addImportAuxiliaryCommand(CLI::App& app, Tool& tool);
+void addExportAuxiliaryCommand(CLI::App& app, Tool& tool);
 void addPrintCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.

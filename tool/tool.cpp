@@ -27,11 +27,22 @@ void setUp(CLI::App& app) {
     app.require_subcommand(1);
 }
 
-constexpr std::array addCommands{
-    addNewCommand,           addDemoCommand,        addInfoCommand,         addCheckCommand,
-    addBackupCommand,        addRestoreCommand,     addCopyCommand,         addUpgradeCommand,
-    addImportChartCommand,   addExportChartCommand, addTrialBalanceCommand, addImportOpeningCommand,
-    addExportOpeningCommand, addPrintCommand};
+constexpr std::array addCommands{addNewCommand,
+                                 addDemoCommand,
+                                 addInfoCommand,
+                                 addCheckCommand,
+                                 addBackupCommand,
+                                 addRestoreCommand,
+                                 addCopyCommand,
+                                 addUpgradeCommand,
+                                 addImportChartCommand,
+                                 addExportChartCommand,
+                                 addTrialBalanceCommand,
+                                 addImportOpeningCommand,
+                                 addExportOpeningCommand,
+                                 addImportAuxiliaryCommand,
+                                 addExportAuxiliaryCommand,
+                                 addPrintCommand};
 
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     CLI::App app(tool_texts::summary, "chbooks");

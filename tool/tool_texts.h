@@ -139,6 +139,16 @@ inline constexpr const char* cellsRefused = "没有导入。请修改文件后�
 inline constexpr const char* exportOpeningCommand = "把期初余额导出为表格文件,可以原样导入";
 inline constexpr const char* openingExported = "期初余额已导出到“{}”。";
 
+inline constexpr const char* importAuxiliaryCommand = "从表格文件导入一个辅助科目的期初明细";
+inline constexpr const char* entryAccountArgument = "辅助科目的编码";
+inline constexpr const char* entryFileArgument =
+    "CSV 或 XLSX 文件,标题行中有“摘要”、“金额”和部门、个人、单位、项目中核算的各项";
+inline constexpr const char* entrySummary = "新增 {} 行,拒绝 {} 行。\n";
+inline constexpr const char* entryIsThere = "与科目中已有的明细相同,可能是重复导入";
+inline constexpr const char* exportAuxiliaryCommand =
+    "把一个辅助科目的期初明细导出为表格文件,可以原样导入";
+inline constexpr const char* entriesExported = "期初明细已导出到“{}”。";
+
 inline constexpr const char* printCommand = "把列表写成 PDF、XLSX 或 CSV 文件,与窗口打印的相同";
 inline constexpr const char* listArgument =
     "列表:settle(结算方式)、sign(凭证类别)、currency(外币)、fixed-rates(固定汇率)、\n"

@@ -239,13 +239,18 @@ UntoldOutcome EntryWriting::append(AuxiliaryEntry& after) {
 
 }  // namespace
 
-Outcome EntryService::write(const AuxiliaryAccount& account, std::span<EntryChange> changes) {
+Outcome EntryService::write(const AuxiliaryAccount& account, std::span<EntryChange> changes,
+                            const EntryFollowUp& followUp) {
     if (changes.empty()) return Outcome::done;
     return underLocks(m_messages, {m_member.lookupTables, writtenTables}, [&] {
         const TableLocks further(*g_pDB, furtherTables(m_member), "");
         if (!further.areGranted()) return UntoldOutcome::failed();
         EntryWriting writing(m_member, account, changes);
-        return inOneUnit([&writing] { return writing.run(); });
+        return inOneUnit([&] {
+            UntoldOutcome result = writing.run();
+            const bool isDone = result.outcome == Outcome::done;
+            return isDone && followUp && !followUp() ? UntoldOutcome::failed() : result;
+        });
     });
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "auxiliary/entries/auxiliary_entry.h"
 #include "auxiliary/members/auxiliary_member.h"
+#include "base/values/status.h"
 #include "session/record_change.h"
 
 namespace chengheng {
@@ -17,6 +19,9 @@ struct EntryChange {
     std::optional<AuxiliaryEntry> after;
 };
 
+/// What is written with the changes of entries, in the same unit of work.
+using EntryFollowUp = std::function<Status()>;
+
 /// Changes the opening entries of an account of one member in the open set of books. Each call
 /// is all or nothing: headers, lines, auxiliary sums, period sums and counters in one unit of
 /// work. Whatever does not give `done` has told the operator why and has changed nothing.
@@ -27,7 +32,8 @@ class EntryService {
 
     /// Writes changes; those that come get their ids. An entry that is no longer as it was read
     /// is left alone, and all the others with it.
-    Outcome write(const AuxiliaryAccount& account, std::span<EntryChange> changes);
+    Outcome write(const AuxiliaryAccount& account, std::span<EntryChange> changes,
+                  const EntryFollowUp& followUp = {});
 
     /// One entry; `entry` gets its ids.
     Outcome add(const AuxiliaryAccount& account, AuxiliaryEntry& entry);

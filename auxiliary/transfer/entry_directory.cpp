@@ -9,10 +9,12 @@
 namespace chengheng {
 namespace {
 
-bool isWithin(const DimensionChoice& choice, const LookupScope& scope) {
+bool isWithin(const LookupScope& scope, Dimension dimension, const DimensionChoice& choice) {
+    if (dimension == Dimension::person)
+        return scope.department == 0 || choice.department == scope.department;
     const auto& classes = scope.itemClasses;
-    return (scope.department == 0 || choice.department == scope.department) &&
-           (classes.empty() || std::ranges::find(classes, choice.itemClass) != classes.end());
+    return dimension != Dimension::item || classes.empty() ||
+           std::ranges::find(classes, choice.itemClass) != classes.end();
 }
 
 std::int32_t idOf(const EntryDimensions& of, Dimension dimension) {
@@ -63,7 +65,7 @@ EntryDirectory::Found EntryDirectory::find(Dimension dimension, std::string_view
     for (const auto* index : {&part.byName, &part.byCode}) {
         const auto [first, last] = index->equal_range(text);
         for (auto at = first; at != last; ++at)
-            if (isWithin(part.choices[at->second], scope))
+            if (isWithin(scope, dimension, part.choices[at->second]))
                 found.push_back(&part.choices[at->second]);
         if (!found.empty()) break;
     }
@@ -92,7 +94,7 @@ std::string EntryDirectory::textOf(Dimension dimension, const AuxiliaryEntry& en
     };
     if (findsIt(find(dimension, withoutBlanksAround(name), scope))) return name;
     for (const DimensionChoice& choice : partOf(dimension).choices)
-        if (choice.id == idOf(of, dimension) && isWithin(choice, scope) &&
+        if (choice.id == idOf(of, dimension) && isWithin(scope, dimension, choice) &&
             findsIt(find(dimension, withoutBlanksAround(choice.code), scope)))
             return choice.code;
     return name;

@@ -34,7 +34,8 @@ std::vector<Command> writers(const std::string& books) {
     std::vector<Command> commands{{"print", "settle", books, "--csv"},
                                   {"print", "settle", books, "--xlsx"},
                                   {"export-chart", books},
-                                  {"export-opening", books}};
+                                  {"export-opening", books},
+                                  {"export-auxiliary", books, "1122"}};
 #ifdef CHENGHENG_CHBOOKS_PDF
     commands.push_back({"print", "settle", books, "--pdf"});
 #endif
