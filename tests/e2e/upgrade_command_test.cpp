@@ -71,6 +71,9 @@ TEST(OlderBooks, AreReadAsTheyAre) {
     EXPECT_EQ(chbooks({"export-opening", path, folder + "/o.csv"}).exitCode, done);
     EXPECT_EQ(chbooks({"import-chart", path, folder + "/c.csv", "--dry-run"}).exitCode, done);
     EXPECT_EQ(chbooks({"import-opening", path, folder + "/o.csv", "--dry-run"}).exitCode, done);
+    EXPECT_EQ(chbooks({"export-auxiliary", path, "1122", folder + "/a.csv"}).exitCode, done);
+    EXPECT_THAT(chbooks({"import-auxiliary", path, "1122", folder + "/a.csv", "--dry-run"}).out,
+                HasSubstr("拒绝 大华商场 100.10\n    第 2 行 D 列:摘要不能为空\n"));
     EXPECT_EQ(chbooks({"print", "currency", path, "--csv", folder + "/p.csv"}).exitCode, done);
     EXPECT_EQ(layoutAt(path), 1);
 }
@@ -82,7 +85,8 @@ TEST(OlderBooks, AreChangedByNothingButTheUpgrade) {
     ASSERT_EQ(chbooks({"export-opening", path, folder + "/o.csv"}).exitCode, done);
     for (const auto& command :
          {std::vector<std::string>{"import-chart", path, folder + "/c.csv"},
-          std::vector<std::string>{"import-opening", path, folder + "/o.csv"}}) {
+          std::vector<std::string>{"import-opening", path, folder + "/o.csv"},
+          std::vector<std::string>{"import-auxiliary", path, "1122", folder + "/o.csv"}}) {
         const ProgramRun run = chbooks(command);
         EXPECT_EQ(run.exitCode, failed) << command.front();
         EXPECT_THAT(run.err, HasSubstr("要先升级才能使用"));
