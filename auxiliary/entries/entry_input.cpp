@@ -130,15 +130,17 @@ const char* entryField(Dimension dimension) {
 
 EntryInput entryInput(const AuxiliaryEntry& entry) {
     const EntryContent& content = entry.content;
-    return {.date = isoText(content.date),
-            .sign = content.sign,
-            .number = content.number == 0 ? std::string() : std::to_string(content.number),
-            .summary = content.summary,
-            .names = entry.names,
-            .isDebit = content.isDebit,
-            .money = ftoa(content.money, writtenDecimals),
-            .foreign = amountText(content.foreign),
-            .quantity = amountText(content.quantity)};
+    EntryInput input;
+    input.date = isoText(content.date);
+    input.sign = content.sign;
+    if (content.number != 0) input.number = std::to_string(content.number);
+    input.summary = content.summary;
+    input.names = entry.names;
+    input.money = ftoa(content.money, writtenDecimals);
+    input.foreign = amountText(content.foreign);
+    input.quantity = amountText(content.quantity);
+    input.isDebit = content.isDebit;
+    return input;
 }
 
 Date openingEntryDay(const Date& start) {

@@ -23,17 +23,23 @@ const char* entryField(Dimension dimension);
 inline constexpr int entrySummaryWidth = 60;  ///< in characters
 inline constexpr int entryNumberWidth = 9;
 
+/// What stands in the fields that the record dialog and the find dialog have in common.
+struct EntryFieldTexts {
+    std::string date = {};
+    std::string sign = {};  ///< code of the voucher type
+    std::string number = {};
+    std::string summary = {};
+    EntryNames names = {};
+    std::string money = {};
+    std::string foreign = {};
+    std::string quantity = {};
+
+    bool operator==(const EntryFieldTexts&) const = default;
+};
+
 /// What stands in the record dialog.
-struct EntryInput {
-    std::string date;
-    std::string sign;
-    std::string number;
-    std::string summary;
-    EntryNames names;
+struct EntryInput : EntryFieldTexts {
     bool isDebit = false;
-    std::string money;
-    std::string foreign;
-    std::string quantity;
 
     bool operator==(const EntryInput&) const = default;
 };

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "auxiliary/entries/auxiliary_entry.h"
+#include "auxiliary/entries/entry_input.h"
 #include "auxiliary/members/auxiliary_member.h"
 
 namespace chengheng {
@@ -36,17 +37,9 @@ std::string cellText(const AuxiliaryEntry& entry, EntryColumn column);
 
 /// What is searched for; an empty text fits everything. Amounts are compared as numbers, a date
 /// as a day, texts by what they hold, letters in any case.
-struct EntrySearch {
-    std::string date;
-    std::string sign;
-    std::string number;
-    std::string summary;
-    EntryNames names;
+struct EntrySearch : EntryFieldTexts {
     bool isDebit = false;
     bool isCredit = false;  ///< neither, or both: in either direction
-    std::string money;
-    std::string foreign;
-    std::string quantity;
 };
 
 bool fits(const AuxiliaryEntry& entry, const EntrySearch& search);

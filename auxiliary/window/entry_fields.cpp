@@ -21,14 +21,13 @@
 namespace chengheng {
 namespace {
 
-constexpr int dateCharacters = 10;
 constexpr int nameCharacters = 60;
-constexpr int amountCharacters = 40;
 constexpr auto storedDate = "yyyy-MM-dd";
 
-QLineEdit* addEdit(QFormLayout& rows, const char* label, const char* name, int limit,
-                   QPushButton* button = nullptr) {
-    auto* edit = new LimitedEdit(limit);
+/// A field in a row of its own, with its label.
+template <class Edit>
+Edit* addRow(QFormLayout& rows, const char* label, const char* name, Edit* edit,
+             QPushButton* button = nullptr) {
     edit->setObjectName(QString::fromLatin1(name));
     auto* caption = new QLabel(shown(label));
     caption->setBuddy(edit);
@@ -43,6 +42,24 @@ QLineEdit* addEdit(QFormLayout& rows, const char* label, const char* name, int l
     return edit;
 }
 
+QLineEdit* addEdit(QFormLayout& rows, const char* label, const char* name,
+                   QPushButton* button = nullptr) {
+    return addRow(rows, label, name, new QLineEdit, button);
+}
+
+/// A field whose text has a limit in the books.
+LimitedEdit* addLimitedEdit(QFormLayout& rows, const char* label, const char* name, int limit,
+                            IMessages& messages, QPushButton* button = nullptr) {
+    LimitedEdit* edit = addRow(rows, label, name, new LimitedEdit(limit), button);
+    tellCuts(*edit, label, messages);
+    return edit;
+}
+
+/// The cursor stays where nothing changes.
+void showIn(QLineEdit& edit, const std::string& text) {
+    if (edit.text() != shown(text)) edit.setText(shown(text));
+}
+
 QPushButton* makeButton(const char* text, const char* of) {
     auto* button = new QPushButton(shown(text));
     button->setAutoDefault(false);
@@ -54,10 +71,11 @@ void rightAlign(QLineEdit& edit) { edit.setAlignment(Qt::AlignRight | Qt::AlignV
 
 }  // namespace
 
-void EntryFields::build(QFormLayout& rows, const AuxiliaryMember& member, QWidget& directions) {
+void EntryFields::build(QFormLayout& rows, const AuxiliaryMember& member, QWidget& directions,
+                        IMessages& messages) {
     namespace texts = auxiliary_texts;
     pickDate = makeButton(texts::datePicker, texts::date);
-    date = addEdit(rows, texts::date, entryDateField, dateCharacters, pickDate);
+    date = addEdit(rows, texts::date, entryDateField, pickDate);
     sign = new QComboBox;
     sign->setObjectName(QString::fromLatin1(entrySignField));
     sign->addItem(QString(), QString());
@@ -68,18 +86,18 @@ void EntryFields::build(QFormLayout& rows, const AuxiliaryMember& member, QWidge
     auto* signLabel = new QLabel(shown(texts::voucherType));
     signLabel->setBuddy(sign);
     rows.addRow(signLabel, sign);
-    number = addEdit(rows, texts::number, entryNumberField, entryNumberWidth);
-    summary = addEdit(rows, texts::summary, entrySummaryField, entrySummaryWidth);
+    number = addEdit(rows, texts::number, entryNumberField);
+    summary = addLimitedEdit(rows, texts::summary, entrySummaryField, entrySummaryWidth, messages);
     for (const DimensionWords& words : member.dimensions) {
         QPushButton* view = makeButton(texts::namePicker, words.heading);
-        QLineEdit* edit =
-            addEdit(rows, words.heading, entryField(words.dimension), nameCharacters, view);
+        LimitedEdit* edit = addLimitedEdit(rows, words.heading, entryField(words.dimension),
+                                           nameCharacters, messages, view);
         dimensions.push_back({words.dimension, edit, view});
     }
     rows.addRow(shown(texts::direction), &directions);
-    money = addEdit(rows, texts::money, entryMoneyField, amountCharacters);
-    foreign = addEdit(rows, texts::foreign, entryForeignField, amountCharacters);
-    quantity = addEdit(rows, texts::quantity, entryQuantityField, amountCharacters);
+    money = addEdit(rows, texts::money, entryMoneyField);
+    foreign = addEdit(rows, texts::foreign, entryForeignField);
+    quantity = addEdit(rows, texts::quantity, entryQuantityField);
     for (QLineEdit* amount : {money, foreign, quantity}) rightAlign(*amount);
     orderTabs(directions);
 }
@@ -102,7 +120,29 @@ QWidget* EntryFields::named(const std::string& name) const {
     return nullptr;
 }
 
-std::string EntryFields::signCode() const { return sign->currentData().toString().toStdString(); }
+void EntryFields::show(const EntryFieldTexts& texts) const {
+    showIn(*date, texts.date);
+    showSign(texts.sign);
+    showIn(*number, texts.number);
+    summary->showText(shown(texts.summary));
+    for (const DimensionField& field : dimensions)
+        field.edit->showText(shown(nameOf(texts.names, field.dimension)));
+    showIn(*money, texts.money);
+    showIn(*foreign, texts.foreign);
+    showIn(*quantity, texts.quantity);
+}
+
+void EntryFields::read(EntryFieldTexts& texts) const {
+    texts.date = date->text().toStdString();
+    texts.sign = sign->currentData().toString().toStdString();
+    texts.number = number->text().toStdString();
+    texts.summary = summary->text().toStdString();
+    for (const DimensionField& field : dimensions)
+        nameOf(texts.names, field.dimension) = field.edit->text().toStdString();
+    texts.money = money->text().toStdString();
+    texts.foreign = foreign->text().toStdString();
+    texts.quantity = quantity->text().toStdString();
+}
 
 /// A type that is no longer in the list is added, so that nothing stored is lost.
 void EntryFields::showSign(const std::string& code) const {

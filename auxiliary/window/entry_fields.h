@@ -4,8 +4,9 @@
 #include <functional>
 #include <vector>
 
-#include "auxiliary/entries/auxiliary_entry.h"
+#include "auxiliary/entries/entry_input.h"
 #include "auxiliary/members/auxiliary_member.h"
+#include "base/messages/messages.h"
 
 class QCheckBox;
 class QComboBox;
@@ -14,6 +15,7 @@ class QLineEdit;
 class QPushButton;
 
 namespace chengheng {
+class LimitedEdit;
 
 /// How wide a dialog with these fields is at least.
 inline constexpr int entryDialogCharacters = 62;
@@ -21,7 +23,7 @@ inline constexpr int entryDialogCharacters = 62;
 /// A field for a name of a dimension, and the button beside it that shows what there is.
 struct DimensionField {
     Dimension dimension;
-    QLineEdit* edit;
+    LimitedEdit* edit;
     QPushButton* view;
 };
 
@@ -33,20 +35,25 @@ class EntryFields {
     QPushButton* pickDate = nullptr;
     QComboBox* sign = nullptr;  ///< its data is the type's code; the first one is none
     QLineEdit* number = nullptr;
-    QLineEdit* summary = nullptr;
+    LimitedEdit* summary = nullptr;
     std::vector<DimensionField> dimensions;
     QLineEdit* money = nullptr;
     QLineEdit* foreign = nullptr;
     QLineEdit* quantity = nullptr;
 
     /// Adds rows with their labels; the buttons of `directions` come between names and amounts.
-    void build(QFormLayout& rows, const AuxiliaryMember& member, QWidget& directions);
+    /// A summary or name too long is cut, which the operator is told; other texts are taken whole.
+    void build(QFormLayout& rows, const AuxiliaryMember& member, QWidget& directions,
+               IMessages& messages);
     /// The field by the name that a refusal gives; null when there is none.
     QWidget* named(const std::string& name) const;
-    std::string signCode() const;
-    void showSign(const std::string& code) const;
+
+    /// Stored texts are shown whole, however long.
+    void show(const EntryFieldTexts& texts) const;
+    void read(EntryFieldTexts& texts) const;
 
   private:
+    void showSign(const std::string& code) const;
     void orderTabs(QWidget& directions) const;
 };
 

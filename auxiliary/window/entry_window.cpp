@@ -10,6 +10,7 @@
 
 #include "auxiliary/members/auxiliary_texts.h"
 #include "screen/enter_moves_on.h"
+#include "screen/forms/limited_edit.h"
 #include "screen/grid/picker_window.h"
 #include "screen/screen_texts.h"
 #include "screen/shown.h"
@@ -55,7 +56,7 @@ void EntryWindow::buildControls() {
     auto* rows = new QVBoxLayout(this);
     auto* fields = new QFormLayout;
     rows->addLayout(fields);
-    m_fields.build(*fields, m_form.member(), *buildDirections());
+    m_fields.build(*fields, m_form.member(), *buildDirections(), messages());
     m_fields.foreign->setEnabled(m_form.account().hasForeign);
     m_fields.quantity->setEnabled(m_form.account().hasQuantity);
     auto* buttons = new QDialogButtonBox(this);
@@ -119,31 +120,12 @@ std::optional<DimensionChoice> EntryWindow::pick(Dimension dimension,
 void EntryWindow::DoDataExchange(bool isSaving) {
     EntryInput& input = m_form.input;
     if (isSaving) {
-        input.date = m_fields.date->text().toStdString();
-        input.sign = m_fields.signCode();
-        input.number = m_fields.number->text().toStdString();
-        input.summary = m_fields.summary->text().toStdString();
-        for (const DimensionField& field : m_fields.dimensions)
-            nameOf(input.names, field.dimension) = field.edit->text().toStdString();
+        m_fields.read(input);
         input.isDebit = m_debit->isChecked();
-        input.money = m_fields.money->text().toStdString();
-        input.foreign = m_fields.foreign->text().toStdString();
-        input.quantity = m_fields.quantity->text().toStdString();
         return;
     }
-    const auto show = [](QLineEdit& edit, const std::string& text) {
-        if (edit.text() != shown(text)) edit.setText(shown(text));
-    };
-    show(*m_fields.date, input.date);
-    m_fields.showSign(input.sign);
-    show(*m_fields.number, input.number);
-    show(*m_fields.summary, input.summary);
-    for (const DimensionField& field : m_fields.dimensions)
-        show(*field.edit, nameOf(input.names, field.dimension));
+    m_fields.show(input);
     (input.isDebit ? m_debit : m_credit)->setChecked(true);
-    show(*m_fields.money, input.money);
-    show(*m_fields.foreign, input.foreign);
-    show(*m_fields.quantity, input.quantity);
 }
 
 void EntryWindow::OnOK() {

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "auxiliary/members/auxiliary_texts.h"
+#include "screen/forms/limited_edit.h"
 #include "screen/screen_texts.h"
 #include "screen/shown.h"
 
@@ -39,7 +40,7 @@ void FindEntryWindow::buildControls() {
     auto* rows = new QVBoxLayout(this);
     auto* fields = new QFormLayout;
     rows->addLayout(fields);
-    m_fields.build(*fields, m_member, *directions);
+    m_fields.build(*fields, m_member, *directions, messages());
     for (const DimensionField& field : m_fields.dimensions) field.view->hide();
     auto* buttons = new QDialogButtonBox(this);
     auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
@@ -54,30 +55,14 @@ void FindEntryWindow::buildControls() {
 
 void FindEntryWindow::DoDataExchange(bool isSaving) {
     if (isSaving) {
-        m_search.date = m_fields.date->text().toStdString();
-        m_search.sign = m_fields.signCode();
-        m_search.number = m_fields.number->text().toStdString();
-        m_search.summary = m_fields.summary->text().toStdString();
-        for (const DimensionField& field : m_fields.dimensions)
-            nameOf(m_search.names, field.dimension) = field.edit->text().toStdString();
+        m_fields.read(m_search);
         m_search.isDebit = m_debit->isChecked();
         m_search.isCredit = m_credit->isChecked();
-        m_search.money = m_fields.money->text().toStdString();
-        m_search.foreign = m_fields.foreign->text().toStdString();
-        m_search.quantity = m_fields.quantity->text().toStdString();
         return;
     }
-    m_fields.date->setText(shown(m_search.date));
-    m_fields.showSign(m_search.sign);
-    m_fields.number->setText(shown(m_search.number));
-    m_fields.summary->setText(shown(m_search.summary));
-    for (const DimensionField& field : m_fields.dimensions)
-        field.edit->setText(shown(nameOf(m_search.names, field.dimension)));
+    m_fields.show(m_search);
     m_debit->setChecked(m_search.isDebit);
     m_credit->setChecked(m_search.isCredit);
-    m_fields.money->setText(shown(m_search.money));
-    m_fields.foreign->setText(shown(m_search.foreign));
-    m_fields.quantity->setText(shown(m_search.quantity));
 }
 
 void FindEntryWindow::OnOK() {

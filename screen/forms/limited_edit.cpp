@@ -1,5 +1,7 @@
 #include "screen/forms/limited_edit.h"
 
+#include <fmt/format.h>
+
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -7,7 +9,9 @@
 #include <algorithm>
 
 #include "base/values/text.h"
+#include "forms/form_texts.h"
 #include "forms/input_limit.h"
+#include "screen/guarded.h"
 
 namespace chengheng {
 namespace {
@@ -66,6 +70,15 @@ void LimitedEdit::keyPressEvent(QKeyEvent* event) {
 void LimitedEdit::inputMethodEvent(QInputMethodEvent* event) {
     const QScopedValueRollback typing(m_isTyping, countOf(event->commitString()) <= 1);
     QLineEdit::inputMethodEvent(event);
+}
+
+void tellCuts(LimitedEdit& edit, const char* label, IMessages& messages) {
+    QObject::connect(&edit, &LimitedEdit::wasCut, &edit, [&edit, label, &messages] {
+        runGuarded(messages, edit.window()->windowTitle(), [&] {
+            messages.tell({.text = fmt::format(form_texts::cutToLimit, label, edit.limit()),
+                           .focusField = edit.objectName().toStdString()});
+        });
+    });
 }
 
 }  // namespace chengheng

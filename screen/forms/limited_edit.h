@@ -2,6 +2,8 @@
 
 #include <QLineEdit>
 
+#include "base/messages/messages.h"
+
 namespace chengheng {
 
 /// A field of one line for so many characters, each counted as it is seen, one of four bytes
@@ -33,5 +35,8 @@ class LimitedEdit : public QLineEdit {
     bool m_isShowing = false;
     bool m_isTyping = false;
 };
+
+/// Has the operator told, by the label of the field, when a text put into it was cut.
+void tellCuts(LimitedEdit& edit, const char* label, IMessages& messages);
 
 }  // namespace chengheng

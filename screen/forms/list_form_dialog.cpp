@@ -178,10 +178,7 @@ LimitedEdit* ListFormDialog::addEdit(const char* label, char key, const char* na
     edit->setObjectName(QLatin1String(name));
     addField(*edit, QStringLiteral("%1(&%2):").arg(QString::fromUtf8(label)).arg(QLatin1Char(key)));
     connect(edit, &QLineEdit::textChanged, this, guarded([this, edit] { inputEdited(*edit); }));
-    connect(edit, &LimitedEdit::wasCut, this, guarded([this, edit, label] {
-                messages().tell({.text = fmt::format(form_texts::cutToLimit, label, edit->limit()),
-                                 .focusField = edit->objectName().toStdString()});
-            }));
+    tellCuts(*edit, label, messages());
     return edit;
 }
 

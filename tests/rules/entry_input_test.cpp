@@ -13,15 +13,9 @@ using namespace chengheng;
 const AuxiliaryMember& departmentMember = memberOf(AuxiliaryKind::department);
 
 EntryInput rightInput(const AuxiliaryMember& member) {
-    EntryInput input{.date = "2025-12-31",
-                     .sign = "记",
-                     .number = "1",
-                     .summary = "期初",
-                     .names = {},
-                     .isDebit = true,
-                     .money = "100",
-                     .foreign = "",
-                     .quantity = ""};
+    EntryInput input{
+        {.date = "2025-12-31", .sign = "记", .number = "1", .summary = "期初", .money = "100"},
+        true};
     for (const DimensionWords& words : member.dimensions)
         nameOf(input.names, words.dimension) = "有";
     return input;

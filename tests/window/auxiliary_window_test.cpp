@@ -340,6 +340,63 @@ TEST_F(AuxiliaryWindowTest, DeletesAfterAskingAndStandsOnTheNextEntry) {
     EXPECT_EQ(books.messages().onlyNotice().text, "请先选择要修改的行!");
 }
 
+TEST_F(AuxiliaryWindowTest, KeepsStoredTextsWholeThatAreLongerThanAField) {
+    const std::string summary(70, 'x');
+    const std::string name(65, 'y');
+    add(1, 10);
+    books.books().run(formatSql("UPDATE Enter SET sEnterName = '%s' WHERE lId = 1", name));
+    books.books().run(formatSql("UPDATE RegSub SET sDigest = '%s'", summary));
+    open();
+    {
+        const NextModal dialog([&](QWidget& record) {
+            EXPECT_EQ(record.findChild<QLineEdit*>("sDigest")->text().toStdString(), summary);
+            EXPECT_EQ(record.findChild<QLineEdit*>("lEnterId")->text().toStdString(), name);
+            enter(record, "mMoney", "25");
+            click(record, "确定");
+        });
+        window->choose("修改");
+    }
+    EXPECT_EQ(rows(), (EntryTexts{"2025-12-31|记-0007|" + summary + "|" + name + "|借|25.00||"}));
+    EXPECT_TRUE(books.messages().texts().empty());
+}
+
+TEST_F(AuxiliaryWindowTest, SaysWhatItCutsAndCutsNoDateNumberOrAmount) {
+    open();
+    {
+        const NextModal dialog([this](QWidget& record) {
+            enter(record, "sDigest", std::string(61, 'x').c_str());
+            QCoreApplication::processEvents();
+            EXPECT_EQ(record.findChild<QLineEdit*>("sDigest")->text().size(), 60);
+            EXPECT_EQ(books.messages().onlyNotice().text, "摘要最多 60 个字,超出的部分已截去。");
+            EXPECT_EQ(books.messages().onlyNotice().focusField, "sDigest");
+            books.messages().forget();
+            enter(record, "lEnterId", std::string(61, 'y').c_str());
+            QCoreApplication::processEvents();
+            EXPECT_EQ(books.messages().onlyNotice().text, "单位最多 60 个字,超出的部分已截去。");
+            books.messages().forget();
+            enter(record, "lEnterId", "甲公司");
+            enter(record, "dtDate", "   2025-12-31   ");
+            enter(record, "lNumber", "   7   ");
+            enter(record, "mMoney", "                    1,000,000.25                    ");
+            click(record, "确定");
+        });
+        window->choose("增加");
+    }
+    EXPECT_TRUE(books.messages().texts().empty());
+    EXPECT_EQ(rows(), (EntryTexts{"2025-12-31|0007|" + std::string(60, 'x') +
+                                  "|甲公司|借|1,000,000.25||"}));
+    const NextModal dialog([this](QWidget& find) {
+        enter(find, "sDigest", std::string(61, 'x').c_str());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(books.messages().onlyNotice().text, "摘要最多 60 个字,超出的部分已截去。");
+        enter(find, "mMoney", "                    1,000,000.25                    ");
+        click(find, "确定");
+    });
+    window->choose("查找");
+    EXPECT_EQ(window->entries().currentRow(), 0);
+    EXPECT_EQ(books.messages().texts().size(), 1u);
+}
+
 TEST_F(AuxiliaryWindowTest, FiltersAndSortsByAnyColumn) {
     add(1, 30);
     add(2, 20);
