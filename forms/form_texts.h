@@ -19,6 +19,9 @@ inline constexpr const char* toolBar = "工具栏";
 
 inline constexpr const char* filter = "筛选(&L):";
 inline constexpr const char* used = "已使用";
+inline constexpr const char* usedIn = "已使用: {}";
+/// A record and what it belongs to.
+inline constexpr const char* leafInGroup = "{} ({})";
 inline constexpr const char* ok = "确定";
 
 inline constexpr const char* discardInput = "当前输入尚未保存,是否放弃?";

@@ -14,22 +14,39 @@ const Leaf* LeafList::find(int id) const {
 
 void LeafList::assign(std::vector<Leaf> leaves) {
     m_leaves = std::move(leaves);
+    m_initials.clear();
     showMatching();
 }
 
 void LeafList::put(Leaf leaf) {
-    const auto found = std::ranges::find(m_leaves, leaf.id, &Leaf::id);
-    if (found == m_leaves.end()) {
-        m_leaves.push_back(std::move(leaf));
+    auto place = std::ranges::find(m_leaves, leaf.id, &Leaf::id);
+    const bool isNew = place == m_leaves.end();
+    if (!isNew && place->order == leaf.order) {
+        *place = std::move(leaf);
     } else {
-        *found = std::move(leaf);
+        if (!isNew) m_leaves.erase(place);
+        const auto isBehind = [&leaf](const Leaf& other) { return leaf.order < other.order; };
+        place = leaf.order.empty() ? m_leaves.end() : std::ranges::find_if(m_leaves, isBehind);
+        m_leaves.insert(place, std::move(leaf));
     }
+    m_initials.clear();
     showMatching();
 }
 
 void LeafList::remove(int id) {
     std::erase_if(m_leaves, [id](const Leaf& leaf) { return leaf.id == id; });
+    m_initials.clear();
     showMatching();
+}
+
+void LeafList::findBy(std::function<std::string(const Leaf&)> initials) {
+    m_initialsOf = std::move(initials);
+    m_initials.clear();
+}
+
+void LeafList::readInitials() {
+    if (!m_initialsOf || m_initials.size() == m_leaves.size()) return;
+    for (const Leaf& leaf : m_leaves) m_initials.push_back(m_initialsOf(leaf));
 }
 
 void LeafList::setFilter(std::string text) {
@@ -40,9 +57,13 @@ void LeafList::setFilter(std::string text) {
 void LeafList::showMatching() {
     if (!offersFilter()) m_filter.clear();
     const std::string_view wanted = withoutBlanksAround(m_filter);
+    const bool mayBeInitials = isVisibleAscii(wanted) && m_initialsOf;
+    if (mayBeInitials) readInitials();
     m_shown.clear();
     for (std::size_t place = 0; place < m_leaves.size(); ++place) {
-        if (containsInAnyCase(m_leaves[place].text, wanted)) m_shown.push_back(place);
+        if (containsInAnyCase(m_leaves[place].text, wanted) ||
+            (mayBeInitials && containsInAnyCase(m_initials[place], wanted)))
+            m_shown.push_back(place);
     }
     ++m_revision;
 }

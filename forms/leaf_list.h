@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@ namespace chengheng {
 struct Leaf {
     int id = 0;
     std::string text;
+    std::string order = {};  ///< where it stands among the others; empty: as it came
 
     bool operator==(const Leaf&) const = default;
 };
@@ -26,7 +28,7 @@ class LeafList {
     const Leaf* find(int id) const;
 
     void assign(std::vector<Leaf> leaves);
-    /// Puts a leaf at the end, or in the place of the one with its id.
+    /// Puts a leaf where its order says, else at the end, or in the place of the one with its id.
     void put(Leaf leaf);
     void remove(int id);
 
@@ -34,6 +36,8 @@ class LeafList {
     const std::string& filter() const { return m_filter; }
     /// Shows the leaves that hold the text, in any case; blanks around it count for nothing.
     void setFilter(std::string text);
+    /// What leaves are found by besides their text, where plain letters are looked for.
+    void findBy(std::function<std::string(const Leaf&)> initials);
 
     int rowCount() const { return static_cast<int>(m_shown.size()); }
     const Leaf& atRow(int row) const { return m_leaves[m_shown[static_cast<std::size_t>(row)]]; }
@@ -50,10 +54,13 @@ class LeafList {
 
   private:
     void showMatching();
+    void readInitials();
 
     std::vector<Leaf> m_leaves;
     std::vector<std::size_t> m_shown;  ///< places in m_leaves
     std::string m_filter;
+    std::function<std::string(const Leaf&)> m_initialsOf;
+    std::vector<std::string> m_initials;  ///< of all leaves; empty until they are needed
     unsigned m_revision = 0;
 };
 

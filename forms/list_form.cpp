@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "forms/discard_input.h"
+#include "forms/form_texts.h"
 
 namespace chengheng {
 
@@ -24,6 +25,8 @@ bool ListForm::startAdding() {
     beginAddition();
     return true;
 }
+
+std::string ListForm::usedWords() const { return form_texts::used; }
 
 SaveMode ListForm::saveMode() const {
     if (m_isAdding) return SaveMode::addition;

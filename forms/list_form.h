@@ -48,6 +48,8 @@ class ListForm {
     bool isAdding() const { return m_isAdding; }
     /// Whether other records refer to the selected one.
     bool isUsed() const { return m_isUsed; }
+    /// How that reads.
+    virtual std::string usedWords() const;
     SaveMode saveMode() const;
     bool canSave() const { return saveMode() != SaveMode::nothing && isComplete(); }
     bool canDelete() const { return m_selectedId != 0 && !m_isUsed; }
@@ -77,6 +79,10 @@ class ListForm {
     virtual Outcome erase(const Leaf* leaf) = 0;
 
     IMessages& messages() const { return m_messages; }
+    /// What leaves are found by besides their text.
+    void findBy(std::function<std::string(const Leaf&)> initials) {
+        m_leaves.findBy(std::move(initials));
+    }
 
   private:
     void beginAddition();

@@ -68,6 +68,11 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, end);
 }
 
+bool isVisibleAscii(std::string_view text) {
+    const auto isVisible = [](char letter) { return letter > ' ' && letter <= '~'; };
+    return !text.empty() && std::ranges::all_of(text, isVisible);
+}
+
 bool hasBlank(std::string_view text) {
     return std::ranges::any_of(
         blanks, [text](std::string_view blank) { return text.find(blank) != text.npos; });

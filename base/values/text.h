@@ -17,6 +17,9 @@ std::string_view firstCharacters(std::string_view text, std::size_t count);
 /// Whether a blank stands anywhere: a space, a tab or the wide space of Chinese typing.
 bool hasBlank(std::string_view text);
 
+/// Whether it holds visible characters of ASCII and nothing else; not when it is empty.
+bool isVisibleAscii(std::string_view text);
+
 /// Whether it is one of 0 to 9.
 constexpr bool isDigit(char letter) { return letter >= '0' && letter <= '9'; }
 

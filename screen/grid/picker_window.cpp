@@ -39,7 +39,7 @@ class PickerRows final : public GridModel {
     }
     void narrow(std::string_view wanted) {
         beginResetModel();
-        if (mayBeInitials(wanted)) readInitials();
+        if (isVisibleAscii(wanted)) readInitials();
         m_shown.clear();
         for (std::size_t position = 0; position < m_rows.size(); ++position)
             if (holds(position, wanted)) m_shown.push_back(position);
@@ -58,10 +58,6 @@ class PickerRows final : public GridModel {
     }
 
   private:
-    static bool mayBeInitials(std::string_view wanted) {
-        const auto isAscii = [](char letter) { return letter > ' ' && letter <= '~'; };
-        return !wanted.empty() && std::ranges::all_of(wanted, isAscii);
-    }
     /// Once, and only when somebody types what may be initials.
     void readInitials() {
         if (m_initials.size() == m_rows.size()) return;
@@ -70,7 +66,7 @@ class PickerRows final : public GridModel {
     bool holds(std::size_t position, std::string_view wanted) const {
         const PickerRow& row = m_rows[position];
         return containsInAnyCase(row.code, wanted) || containsInAnyCase(row.name, wanted) ||
-               (position < m_initials.size() && mayBeInitials(wanted) &&
+               (position < m_initials.size() && isVisibleAscii(wanted) &&
                 containsInAnyCase(m_initials[position], wanted));
     }
 
