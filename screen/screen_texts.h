@@ -24,6 +24,7 @@ inline constexpr const char* keyboardPage = "键盘操作";
 inline constexpr const char* rightsPage = "操作员与权限";
 inline constexpr const char* chartPage = "会计科目";
 inline constexpr const char* openingPage = "期初余额录入";
+inline constexpr const char* directoryPage = "部门、个人、单位和项目目录";
 inline constexpr const char* auxiliaryPage = "辅助期初";
 inline constexpr const char* settlePage = "结算方式";
 
@@ -41,6 +42,12 @@ inline constexpr const char* currencyItem = "外币汇率(&3)";
 inline constexpr const char* openingItem = "期初余额(&4)";
 inline constexpr const char* voucherTypeItem = "凭证类别(&5)";
 inline constexpr const char* settleItem = "结算方式(&6)";
+inline constexpr const char* departmentsItem = "部门目录(&D)";
+inline constexpr const char* personsItem = "个人往来目录(&P)";
+inline constexpr const char* unitClassesItem = "单位往来分类(&C)";
+inline constexpr const char* unitsItem = "单位往来目录(&U)";
+inline constexpr const char* projectClassesItem = "项目大类定义(&K)";
+inline constexpr const char* projectItemsItem = "项目定义及目录(&I)";
 inline constexpr const char* exitItem = "退出(&7)";
 
 inline constexpr const char* showDetail = "详细(&D)";

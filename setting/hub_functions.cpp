@@ -24,10 +24,13 @@ struct HubNeeds {
 };
 
 constexpr HubNeeds hubNeeds[] = {
-    {HubFunction::divide, true, 0, false},    {HubFunction::bursar, false, 41, false},
-    {HubFunction::exchange, false, 46, true}, {HubFunction::begleft, false, 43, false},
-    {HubFunction::species, false, 52, false}, {HubFunction::method, false, 57, false},
-    {HubFunction::exit, false, 0, false},
+    {HubFunction::divide, true, 0, false},         {HubFunction::bursar, false, 41, false},
+    {HubFunction::exchange, false, 46, true},      {HubFunction::begleft, false, 43, false},
+    {HubFunction::species, false, 52, false},      {HubFunction::method, false, 57, false},
+    {HubFunction::exit, false, 0, false},          {HubFunction::departments, false, 8, false},
+    {HubFunction::persons, false, 1, false},       {HubFunction::unitClasses, false, 75, false},
+    {HubFunction::units, false, 75, false},        {HubFunction::projectClasses, false, 14, false},
+    {HubFunction::projectItems, false, 13, false},
 };
 
 Refusal closedFunction(const char* text, MessageIcon icon) {

@@ -7,7 +7,21 @@
 
 namespace chengheng {
 
-enum class HubFunction { divide, bursar, exchange, begleft, species, method, exit };
+enum class HubFunction {
+    divide,
+    bursar,
+    exchange,
+    begleft,
+    species,
+    method,
+    exit,
+    departments,
+    persons,
+    unitClasses,
+    units,
+    projectClasses,
+    projectItems
+};
 
 /// A function's place on the hub, in pixels of the background, and its picture.
 struct HubRegion {
@@ -29,6 +43,21 @@ inline constexpr std::array hubRegions{
     HubRegion{HubFunction::species, 32777, 260, 222, 122, 27, 1305},
     HubRegion{HubFunction::method, 32778, 260, 249, 122, 36, 1306},
     HubRegion{HubFunction::exit, 32774, 482, 288, 72, 31, 1308},
+};
+
+/// A function that the hub opens from its menu alone.
+struct HubMenuCommand {
+    HubFunction function;
+    int command;
+};
+
+inline constexpr std::array hubDirectories{
+    HubMenuCommand{HubFunction::departments, 33001},
+    HubMenuCommand{HubFunction::persons, 33002},
+    HubMenuCommand{HubFunction::unitClasses, 33003},
+    HubMenuCommand{HubFunction::units, 33004},
+    HubMenuCommand{HubFunction::projectClasses, 33005},
+    HubMenuCommand{HubFunction::projectItems, 33006},
 };
 
 /// Whether the host wants only the opening balances: -ERPCONSOLE or -ERPSINGLE, in any case.

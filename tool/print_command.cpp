@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <optional>
 #include <ostream>
 
 #include "accounts/printing/chart_list.h"
@@ -13,6 +14,7 @@
 #include "data/engine/engine.h"
 #include "data/lookups/cached_records.h"
 #include "data/tables/currency.h"
+#include "directories/directory_list.h"
 #include "report/engine/report_run.h"
 #include "report/output/report_sheet.h"
 #include "session/last_failure.h"
@@ -73,6 +75,16 @@ constexpr std::array lists{
               [](const Options&, const Currency&) { return chartList(); }},
 };
 
+/// One of these, or a directory by its key.
+std::optional<NamedList> findList(std::string_view name) {
+    const auto named = std::ranges::find(lists, name, &NamedList::name);
+    if (named != lists.end()) return *named;
+    if (findDirectory(name) == nullptr) return std::nullopt;
+    return NamedList{name, false, false, [](const Options& options, const Currency&) {
+                         return directoryList(*findDirectory(options.list));
+                     }};
+}
+
 template <class... Values>
 ExitCode tell(Tool& tool, ExitCode code, fmt::format_string<const Values&...> text,
               const Values&... values) {
@@ -122,9 +134,8 @@ ExitCode printOpenBooks(Tool& tool, const PrintOptions& options, const NamedList
 
 ExitCode print(Tool& tool, const PrintOptions& options) {
     if (options.fileCount() != 1) return tell(tool, ExitCode::wrongUsage, tool_texts::onePrintFile);
-    const auto named = std::ranges::find(lists, options.list, &NamedList::name);
-    if (named == lists.end())
-        return tell(tool, ExitCode::wrongInput, tool_texts::unknownList, options.list);
+    const auto named = findList(options.list);
+    if (!named) return tell(tool, ExitCode::wrongInput, tool_texts::unknownList, options.list);
     if (named->isOfCurrency && options.currency.empty())
         return tell(tool, ExitCode::wrongUsage, tool_texts::currencyMissing);
     if (!named->isOfCurrency && !options.currency.empty())

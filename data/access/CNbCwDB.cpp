@@ -229,6 +229,11 @@ const Status& CNbCwDB::lastStatus() const { return m_impl->status; }
 
 const std::string& CNbCwDB::selectedName() const { return m_impl->databases.selectedName(); }
 
+Status CNbCwDB::onSelected(const std::function<Status(Database&)>& work) {
+    m_impl->run(work);
+    return m_impl->status;
+}
+
 Status CNbCwDB::beginUnit() {
     m_impl->run([](Database& database) { return database.beginUnit(); });
     return m_impl->status;

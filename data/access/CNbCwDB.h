@@ -146,6 +146,11 @@ class CNbCwDB final : public chengheng::RecordOperations {
     /// Name of the selected database; empty when none is.
     const std::string& selectedName() const;
 
+    /// Runs work of the program's own on the selected database; what came of it is lastStatus(), as
+    /// after any other operation.
+    chengheng::Status onSelected(
+        const std::function<chengheng::Status(chengheng::Database&)>& work);
+
     /// Nested units are savepoints; see UnitOfWork. A unit begins on the selected database and
     /// ends on the one named, whichever is selected by then.
     chengheng::Status beginUnit();

@@ -9,6 +9,7 @@
 #include "report/engine/print_texts.h"
 #include "report/layout/print_refusal.h"
 #include "report/output/print_sql.h"
+#include "report/output/print_templates.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"
 
@@ -41,11 +42,31 @@ bool readHeader(std::int32_t number, Report& report) {
     return isFound;
 }
 
+/// Books that were made before a list had a template print it by that of the program.
+bool takeOwnTemplate(std::int32_t number, ColumnSource source, Report& report) {
+    const bool isLater = number >= firstLaterTemplate;
+    if (!isLater || g_pDB->lastStatus().failure != Failure::missing) return false;
+    const auto found = std::ranges::find(printTemplates(), number, &PrintTemplate::number);
+    if (found == printTemplates().end()) return false;
+    report.title = found->title;
+    report.page = {.paper = found->paper, .isPortrait = found->isPortrait};
+    for (const TemplateColumn& column : found->columns) {
+        report.columns.emplace_back();
+        report.columns.back().heading = column.heading;
+        if (source == ColumnSource::field) report.columns.back().field = column.field;
+        report.columns.back().width = column.width;
+    }
+    return true;
+}
+
 }  // namespace
 
 std::optional<Refusal> readPrintTemplate(std::int32_t number, ColumnSource source, Report& report) {
     report = {};
-    if (!readHeader(number, report)) return unread(number);
+    if (!readHeader(number, report)) {
+        if (takeOwnTemplate(number, source, report)) return std::nullopt;
+        return unread(number);
+    }
     const bool hasFields = source == ColumnSource::field;
     const SelectedCells cells(
         *g_pDB, hasFields ? print_sql::fieldColumnsOf(number) : print_sql::columnsOf(number));

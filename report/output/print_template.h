@@ -12,7 +12,8 @@ namespace chengheng {
 enum class ColumnSource { position, field };
 
 /// Begins a report from a print template of the selected books: its title, page and columns,
-/// no rows. Why not, when the template is not there or cannot be read.
+/// no rows. Books made before a list came have none for it: then that of the program counts. Why
+/// not, when there is none or it cannot be read.
 std::optional<Refusal> readPrintTemplate(std::int32_t number, ColumnSource source, Report& report);
 
 }  // namespace chengheng

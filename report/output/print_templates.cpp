@@ -35,6 +35,26 @@ constexpr std::array chartColumns{
     TemplateColumn{"科目名称", "sName", 34},    TemplateColumn{"外币币种", "byExchId", 18},
     TemplateColumn{"辅助核算", "sAssBook", 11},
 };
+constexpr std::array codeAndNameColumns{
+    TemplateColumn{"编码", "sCode", 24},
+    TemplateColumn{"名称", "sName", 60},
+};
+constexpr std::array personColumns{
+    TemplateColumn{"编码", "sCode", 22},
+    TemplateColumn{"姓名", "sName", 36},
+    TemplateColumn{"所属部门", "lGroup", 28},
+};
+constexpr std::array unitColumns{
+    TemplateColumn{"编码", "sCode", 16},
+    TemplateColumn{"名称", "sName", 40},
+    TemplateColumn{"单位分类", "lGroup", 18},
+    TemplateColumn{"性质", "byKind", 14},
+};
+constexpr std::array projectItemColumns{
+    TemplateColumn{"项目大类", "lGroup", 24},
+    TemplateColumn{"编码", "sCode", 20},
+    TemplateColumn{"名称", "sName", 42},
+};
 
 constexpr std::array templates{
     PrintTemplate{currencyListTemplate, "外币一览表", paperA4, true, currencyColumns},
@@ -43,6 +63,12 @@ constexpr std::array templates{
     PrintTemplate{voucherTypeTemplate, "凭证类别一览表", paperA4, true, voucherTypeColumns},
     PrintTemplate{settlementTemplate, "结算方式一览表", paperA4, true, settlementColumns},
     PrintTemplate{accountChartTemplate, "会计科目一览表", paperA4, true, chartColumns},
+    PrintTemplate{departmentListTemplate, "部门一览表", paperA4, true, codeAndNameColumns},
+    PrintTemplate{personListTemplate, "个人一览表", paperA4, true, personColumns},
+    PrintTemplate{unitClassListTemplate, "单位分类一览表", paperA4, true, codeAndNameColumns},
+    PrintTemplate{unitListTemplate, "单位一览表", paperA4, true, unitColumns},
+    PrintTemplate{projectClassListTemplate, "项目大类一览表", paperA4, true, codeAndNameColumns},
+    PrintTemplate{projectItemListTemplate, "项目一览表", paperA4, true, projectItemColumns},
 };
 
 }  // namespace

@@ -12,6 +12,14 @@ inline constexpr std::int32_t floatingRateTemplate = 4;
 inline constexpr std::int32_t voucherTypeTemplate = 5;
 inline constexpr std::int32_t settlementTemplate = 35;
 inline constexpr std::int32_t accountChartTemplate = 36;
+inline constexpr std::int32_t departmentListTemplate = 37;
+inline constexpr std::int32_t personListTemplate = 38;
+inline constexpr std::int32_t unitClassListTemplate = 39;
+inline constexpr std::int32_t unitListTemplate = 40;
+inline constexpr std::int32_t projectClassListTemplate = 41;
+inline constexpr std::int32_t projectItemListTemplate = 42;
+/// Books made by an earlier program lack those from here on.
+inline constexpr std::int32_t firstLaterTemplate = departmentListTemplate;
 
 /// The paper of a template; the number is the one print systems use.
 inline constexpr std::uint8_t paperA4 = 9;

@@ -97,7 +97,7 @@ void ListFormDialog::buildControls() {
     splitter->setStretchFactor(1, 1);
     column->addWidget(splitter, 1);
     addFields();
-    setTabOrder(m_fields.last(), m_ok);
+    setTabOrder(m_lastInOrder, m_ok);
 
     const int character = fontMetrics().horizontalAdvance(QChar(0x5E10));
     splitter->setSizes({treeCharacters * character, formCharacters * character});
@@ -149,6 +149,7 @@ QWidget* ListFormDialog::buildForm() {
     m_fieldRows = new QFormLayout;
     m_usedMark = new QLabel(QString::fromUtf8(form_texts::used));
     m_usedMark->setObjectName(QStringLiteral("usedMark"));
+    m_usedMark->setWordWrap(true);
     QPalette marked = m_usedMark->palette();
     marked.setColor(QPalette::WindowText, colours::seal);
     m_usedMark->setPalette(marked);
@@ -162,8 +163,7 @@ QWidget* ListFormDialog::buildForm() {
     connect(m_ok, &QPushButton::clicked, this, guarded([this] { OnOK(); }));
 
     auto* lastRow = new QHBoxLayout;
-    lastRow->addWidget(m_usedMark);
-    lastRow->addStretch();
+    lastRow->addWidget(m_usedMark, 1);
     lastRow->addWidget(m_ok);
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
@@ -182,9 +182,16 @@ LimitedEdit* ListFormDialog::addEdit(const char* label, char key, const char* na
     return edit;
 }
 
-void ListFormDialog::addField(QWidget& field, const QString& label) {
-    m_fieldRows->addRow(label, &field);
+void ListFormDialog::addField(QWidget& field, const QString& label, QWidget* button) {
     m_fields.append(&field);
+    m_lastInOrder = button == nullptr ? &field : button;
+    if (button == nullptr) return m_fieldRows->addRow(label, &field);
+    auto* caption = new QLabel(label);
+    caption->setBuddy(&field);
+    auto* line = new QHBoxLayout;
+    line->addWidget(&field, 1);
+    line->addWidget(button);
+    m_fieldRows->addRow(caption, line);
 }
 
 void ListFormDialog::inputEdited(QWidget& field) {
@@ -226,6 +233,7 @@ void ListFormDialog::showForm() {
 }
 
 void ListFormDialog::showState() {
+    m_usedMark->setText(QString::fromStdString(form().usedWords()));
     m_usedMark->setVisible(form().isUsed());
     m_ok->setEnabled(form().canSave());
     m_commands->setEnabled(deleteCommand, form().canDelete());

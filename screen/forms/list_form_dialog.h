@@ -20,9 +20,9 @@ class LimitedEdit;
 
 /// What a window with a list and a form is called and where its help stands.
 struct ListFormWindow {
-    int templateNumber;
-    const char* title;
-    int helpContext;
+    int templateNumber = 0;  ///< 0: the host does not know it
+    const char* title = "";
+    int helpContext = 0;
 };
 
 /// A window with a tree of records at the left and a form at the right: menu, tool bar, filter,
@@ -47,9 +47,11 @@ class ListFormDialog : public CNxMiddleDialog {
 
     /// A field with its label, reached by Alt and the key; its name is that of what it holds.
     LimitedEdit* addEdit(const char* label, char key, const char* name, int limit);
-    /// Adds another control, with a label before it or without; its changes are to be told by
-    /// inputEdited.
-    void addField(QWidget& field, const QString& label = {});
+    /// Adds another control, with a label before it or without, and a button behind it that is part
+    /// of it; its changes are to be told by inputEdited.
+    void addField(QWidget& field, const QString& label = {}, QWidget* button = nullptr);
+    /// Shows what has become of the form by other means than a command.
+    void showAnew() { showForm(); }
     void inputEdited(QWidget& field);
 
     bool OnInitDialog() override;
@@ -90,6 +92,7 @@ class ListFormDialog : public CNxMiddleDialog {
     QLabel* m_usedMark = nullptr;
     QPushButton* m_ok = nullptr;
     QList<QWidget*> m_fields;
+    QWidget* m_lastInOrder = nullptr;  ///< of them and their buttons, by the Tab key
     QWidget* m_editedField = nullptr;
     bool m_isCarryingOut = false;
     bool m_isShowing = false;

@@ -18,6 +18,7 @@ constexpr HelpPage pages[] = {
     {197781, screen_texts::rightsPage, ":/help/rights.html"},
     {chartHelpContext, screen_texts::chartPage, ":/help/chart.html"},
     {openingHelpContext, screen_texts::openingPage, ":/help/opening.html"},
+    {directoryHelpContext, screen_texts::directoryPage, ":/help/directories.html"},
     {auxiliaryHelpContext, screen_texts::auxiliaryPage, ":/help/auxiliary.html"},
     {settleHelpContext, screen_texts::settlePage, ":/help/settle.html"},
 };

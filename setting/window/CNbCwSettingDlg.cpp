@@ -160,6 +160,12 @@ bool CNbCwSettingDlg::OnCommand(int command) {
         {32777, &CNbCwSettingDlg::OnNxSettingSpecies}, {32778, &CNbCwSettingDlg::OnNxSettingMethod},
         {32774, &CNbCwSettingDlg::OnNxSettingExit},
     };
+    const auto directory =
+        std::ranges::find(chengheng::hubDirectories, command, &chengheng::HubMenuCommand::command);
+    if (directory != chengheng::hubDirectories.end()) {
+        openFunction(messages(), directory->function);
+        return true;
+    }
     const auto found = std::ranges::find(handlers, command, &Handler::command);
     if (found == std::end(handlers)) return CImgDlg::OnCommand(command);
     (this->*found->handle)();

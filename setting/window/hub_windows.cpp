@@ -1,6 +1,7 @@
 #include "setting/window/hub_windows.h"
 
 #include "accounts/window/CNbCwBursarDlg.h"
+#include "directories/window/directory_window.h"
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "setting/window/unbuilt_functions.h"
 #include "settle/window/CNbCwSettleDlg.h"
@@ -11,6 +12,11 @@ namespace {
 template <class Window>
 void runModally(IMessages&) {
     Window(nullptr).DoModal();
+}
+
+template <DirectoryKind kind>
+void runDirectory(IMessages&) {
+    DirectoryWindow(directoryOf(kind), nullptr).DoModal();
 }
 
 struct Launcher {
@@ -25,6 +31,12 @@ constexpr Launcher launchers[] = {
     {HubFunction::begleft, runModally<CNbCwBegleftDlg>},
     {HubFunction::species, tellUnbuilt<HubFunction::species>},
     {HubFunction::method, runModally<CNbCwSettleDlg>},
+    {HubFunction::departments, runDirectory<DirectoryKind::department>},
+    {HubFunction::persons, runDirectory<DirectoryKind::person>},
+    {HubFunction::unitClasses, runDirectory<DirectoryKind::unitClass>},
+    {HubFunction::units, runDirectory<DirectoryKind::unit>},
+    {HubFunction::projectClasses, runDirectory<DirectoryKind::projectClass>},
+    {HubFunction::projectItems, runDirectory<DirectoryKind::projectItem>},
 };
 
 }  // namespace

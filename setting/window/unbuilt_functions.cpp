@@ -18,8 +18,7 @@ const char* titleOf(HubFunction function) {
             return hub_texts::begleft;
         case HubFunction::species:
             return hub_texts::species;
-        case HubFunction::method:
-        case HubFunction::exit:
+        default:
             break;
     }
     return "";

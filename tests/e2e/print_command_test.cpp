@@ -70,6 +70,8 @@ TEST_P(PrintCommand, WritesEveryListAsItsWindowPrintsIt) {
     EXPECT_THAT(csvOf({"currency"}), HasSubstr("USD,美元,原币*汇率 = 本位币,5,0"));
     EXPECT_THAT(csvOf({"fixed-rates", "--currency", "USD"}), HasSubstr("2026.01,7.25000,7.50000"));
     EXPECT_THAT(csvOf({"accounts"}), HasSubstr("1,1002,银行存款"));
+    EXPECT_THAT(csvOf({"departments"}), HasSubstr("编码,名称"));
+    EXPECT_THAT(csvOf({"units"}), HasSubstr("编码,名称,单位分类,性质"));
 }
 
 TEST_P(PrintCommand, WritesTheFloatingRatesOfTheYearOrOfOneMonth) {

@@ -1,0 +1,154 @@
+#include "directories/project_items.h"
+
+#include <limits>
+
+#include "data/access/row_lease.h"
+#include "data/access/selected_cells.h"
+#include "data/connection/database.h"
+#include "data/tables/directories.h"
+#include "data/tables/schema.h"
+#include "directories/directory_sql.h"
+#include "directories/directory_store.h"
+
+namespace chengheng {
+namespace {
+
+using Items = std::vector<DirectoryRecord>;
+
+Status readSelected(CNbCwDB& database, std::int32_t projectClass, const std::string& select,
+                    Items& items) {
+    const SelectedCells cells(database, select);
+    if (!cells.isRead()) return database.lastStatus();
+    items.reserve(items.size() + static_cast<std::size_t>(cells.rows()));
+    for (int row = 0; row < cells.rows(); ++row)
+        items.push_back({.id = cells.number<std::int32_t>(row, 0),
+                         .group = projectClass,
+                         .code = std::string(cells.text(row, 1)),
+                         .name = std::string(cells.text(row, 2))});
+    return Status::done();
+}
+
+/// What came of an operation that did not reach the database is told like what did.
+Status refused(CNbCwDB& database, const Status& status) {
+    return database.onSelected([&status](Database&) { return status; });
+}
+
+Status whereTableIsMissing(CNbCwDB& database) {
+    return refused(database, Status::of(Failure::missing, "ProjItems"));
+}
+
+/// Reads nothing where the class or its table is gone.
+template <class Select>
+Status readOfClass(CNbCwDB& database, std::int32_t projectClass, Items& items, Select select) {
+    std::string code;
+    const Status status = readClassCode(database, projectClass, code);
+    if (!status || code.empty()) return status;
+    return readSelected(database, projectClass, select(code), items);
+}
+
+/// Runs a statement on the table of an item's class.
+template <class Statement>
+Status write(CNbCwDB& database, const DirectoryRecord& item, Statement statement) {
+    std::string code;
+    const Status status = readClassCode(database, item.group, code);
+    if (!status) return status;
+    if (code.empty()) return whereTableIsMissing(database);
+    return database.QRYExecuteSQL(statement(code)) != 0 ? Status::done() : database.lastStatus();
+}
+
+}  // namespace
+
+Status readHasItemTable(CNbCwDB& database, std::string_view classCode, bool& hasTable) {
+    hasTable = false;
+    const TableInfo table = projectItemTable(classCode);
+    if (table.name.empty()) return Status::done();
+    return database.onSelected(
+        [&](Database& selected) { return selected.engine().hasTable(table.name, hasTable); });
+}
+
+Status readClassCode(CNbCwDB& database, std::int32_t projectClass, std::string& code) {
+    code.clear();
+    std::optional<DirectoryRecord> found;
+    Status status = readRecord(database, DirectoryKind::projectClass, projectClass, 0, found);
+    bool hasTable = false;
+    if (status && found) status = readHasItemTable(database, found->code, hasTable);
+    if (status && hasTable) code = found->code;
+    return status;
+}
+
+Status readAllItems(CNbCwDB& database, Items& items) {
+    Items classes;
+    Status status = readDirectory(database, DirectoryKind::projectClass, classes);
+    for (const DirectoryRecord& each : classes) {
+        bool hasTable = false;
+        if (status) status = readHasItemTable(database, each.code, hasTable);
+        if (status && hasTable)
+            status = readSelected(database, each.id, directory_sql::itemsInOrder(each.code), items);
+    }
+    return status;
+}
+
+Status readItem(CNbCwDB& database, std::int32_t projectClass, std::int32_t id,
+                std::optional<DirectoryRecord>& item) {
+    Items found;
+    const Status status = readOfClass(database, projectClass, found, [id](const std::string& code) {
+        return directory_sql::itemOfId(code, id);
+    });
+    if (status && !found.empty()) item = found.front();
+    return status;
+}
+
+Status readItemsCoded(CNbCwDB& database, std::int32_t projectClass, std::string_view code,
+                      Items& items) {
+    return readOfClass(database, projectClass, items, [code](const std::string& classCode) {
+        return directory_sql::itemsCoded(classCode, code);
+    });
+}
+
+Status readItemsNamed(CNbCwDB& database, std::int32_t projectClass, std::string_view name,
+                      Items& items) {
+    return readOfClass(database, projectClass, items, [name](const std::string& classCode) {
+        return directory_sql::itemsNamed(classCode, name);
+    });
+}
+
+Status readHasItems(CNbCwDB& database, std::string_view classCode, bool& hasItems) {
+    hasItems = false;
+    bool hasTable = false;
+    const Status status = readHasItemTable(database, classCode, hasTable);
+    if (!status || !hasTable) return status;
+    const SelectedCells cells(database, directory_sql::anyItem(classCode));
+    hasItems = cells.isRead() && cells.rows() > 0;
+    return cells.isRead() ? status : database.lastStatus();
+}
+
+Status addItem(CNbCwDB& database, DirectoryRecord& item) {
+    std::string code;
+    Status status = readClassCode(database, item.group, code);
+    if (!status) return status;
+    if (code.empty()) return whereTableIsMissing(database);
+    std::int32_t last = 0;
+    {
+        const SelectedCells cells(database, directory_sql::lastItemId(code));
+        if (!cells.isRead()) return database.lastStatus();
+        if (cells.rows() > 0) last = cells.number<std::int32_t>(0, 0);
+    }
+    if (last == std::numeric_limits<std::int32_t>::max())
+        return refused(database, Status::of(Failure::noIdLeft, projectItemTable(code).name));
+    item.id = last + 1;
+    std::string batch;
+    directory_sql::addItem(batch, code, item);
+    return database.QRYExecuteSQL(batch) != 0 ? Status::done() : database.lastStatus();
+}
+
+Status editItem(CNbCwDB& database, const DirectoryRecord& item) {
+    return write(database, item,
+                 [&](const std::string& code) { return directory_sql::editItem(code, item); });
+}
+
+Status deleteItem(CNbCwDB& database, const DirectoryRecord& item) {
+    return write(database, item,
+                 [&](const std::string& code) { return directory_sql::deleteItem(code, item.id); });
+}
+
+}  // namespace chengheng

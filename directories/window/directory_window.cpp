@@ -1,0 +1,113 @@
+#include "directories/window/directory_window.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+#include "directories/directory_list.h"
+#include "directories/directory_rules.h"
+#include "directories/directory_texts.h"
+#include "directories/window/open_directory.h"
+#include "screen/forms/limited_edit.h"
+#include "screen/help/help_pages.h"
+#include "screen/shown.h"
+
+namespace chengheng {
+namespace {
+
+namespace texts = directory_texts;
+
+QString fieldLabel(const char* label, char key) {
+    return QStringLiteral("%1(&%2):").arg(shown(label)).arg(QLatin1Char(key));
+}
+
+}  // namespace
+
+DirectoryWindow::DirectoryWindow(const Directory& directory, QWidget* parent)
+    : ListFormDialog({.title = directory.title, .helpContext = directoryHelpContext}, parent),
+      m_form(messages(), directory) {}
+
+bool DirectoryWindow::OnInitDialog() {
+    const bool isFocusSet = ListFormDialog::OnInitDialog();
+    if (m_startsWithAddition) OnMenuInsert();
+    return isFocusSet;
+}
+
+void DirectoryWindow::addFields() {
+    m_code = addEdit(texts::code, 'U', directoryCodeField, directoryCodeWidth);
+    m_name = addEdit(texts::name, 'M', directoryNameField, directoryNameWidth);
+    if (m_form.directory().groups) addGroups();
+    if (m_form.directory().hasUnitKinds) addKinds();
+}
+
+void DirectoryWindow::addGroups() {
+    m_group = new QComboBox;
+    m_group->setObjectName(QString::fromLatin1(directoryGroupField));
+    m_group->setMinimumContentsLength(12);
+    m_openGroups = new QPushButton(shown(texts::openGroups));
+    m_openGroups->setAutoDefault(false);
+    m_openGroups->setAccessibleName(shown(directoryOf(*m_form.directory().groups).title));
+    addField(*m_group, fieldLabel(m_form.directory().groupLabel, 'G'), m_openGroups);
+    connect(m_group, &QComboBox::currentIndexChanged, this,
+            guarded([this] { inputEdited(*m_group); }));
+    connect(m_openGroups, &QPushButton::clicked, this, guarded([this] { openGroups(); }));
+}
+
+void DirectoryWindow::addKinds() {
+    m_kind = new QComboBox;
+    m_kind->setObjectName(QString::fromLatin1(directoryKindField));
+    for (const char* kind : texts::unitKinds) m_kind->addItem(shown(kind));
+    addField(*m_kind, fieldLabel(texts::unitKind, 'X'));
+    connect(m_kind, &QComboBox::currentIndexChanged, this,
+            guarded([this] { inputEdited(*m_kind); }));
+}
+
+/// The groups as the form has them, with nothing chosen that is not among them.
+void DirectoryWindow::showGroups() {
+    const std::vector<DirectoryRecord>& groups = m_form.groups();
+    bool isShown = m_group->count() == static_cast<int>(groups.size());
+    for (int place = 0; isShown && place < m_group->count(); ++place) {
+        const DirectoryRecord& group = groups[static_cast<std::size_t>(place)];
+        isShown = m_group->itemData(place).toInt() == group.id &&
+                  m_group->itemText(place) == shown(directoryLine(group));
+    }
+    if (!isShown) {
+        m_group->clear();
+        for (const DirectoryRecord& group : groups)
+            m_group->addItem(shown(directoryLine(group)), group.id);
+    }
+    m_group->setCurrentIndex(m_group->findData(m_form.input.group));
+    m_group->setEnabled(m_form.mayChangeGroup());
+}
+
+/// What is chosen there becomes the group of the record in the form.
+void DirectoryWindow::openGroups() {
+    const auto chosen = openDirectory(*m_form.directory().groups, *this, messages());
+    m_form.readGroups();
+    if (chosen && m_form.mayChangeGroup()) m_form.input.group = chosen->id;
+    showAnew();
+    m_group->setFocus(Qt::OtherFocusReason);
+}
+
+void DirectoryWindow::DoDataExchange(bool isSaving) {
+    DirectoryRecord& input = m_form.input;
+    if (isSaving) {
+        input.code = m_code->text().toStdString();
+        input.name = m_name->text().toStdString();
+        // A group that has vanished stays as it is until another is chosen.
+        if (m_group != nullptr && m_group->currentIndex() >= 0)
+            input.group = m_group->currentData().toInt();
+        if (m_kind != nullptr) input.unitKind = static_cast<UnitKind>(m_kind->currentIndex());
+        return;
+    }
+    m_code->showText(shown(input.code));
+    m_name->showText(shown(input.name));
+    if (m_group != nullptr) showGroups();
+    if (m_kind != nullptr) m_kind->setCurrentIndex(static_cast<int>(input.unitKind));
+}
+
+void DirectoryWindow::printRecords(ReportOutput output) {
+    printList(directoryList(m_form.directory()), output, messages());
+}
+
+}  // namespace chengheng

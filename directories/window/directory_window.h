@@ -1,0 +1,46 @@
+#pragma once
+
+#include "directories/directory_form.h"
+#include "screen/forms/list_form_dialog.h"
+
+class QComboBox;
+class QPushButton;
+
+namespace chengheng {
+
+/// The window of a directory: departments, persons, units and their classes, project classes and
+/// their items.
+class DirectoryWindow final : public ListFormDialog {
+    Q_OBJECT
+
+  public:
+    DirectoryWindow(const Directory& directory, QWidget* parent);
+
+    /// A record is being added as the window comes up.
+    void startWithAddition() { m_startsWithAddition = true; }
+    /// The record selected when the window closed; nothing while one was being added.
+    const DirectoryRecord* chosen() const { return m_form.selected(); }
+
+  protected:
+    bool OnInitDialog() override;
+    ListForm& form() override { return m_form; }
+    void addFields() override;
+    void DoDataExchange(bool isSaving) override;
+    void printRecords(ReportOutput output) override;
+
+  private:
+    void addGroups();
+    void addKinds();
+    void showGroups();
+    void openGroups();
+
+    DirectoryForm m_form;
+    LimitedEdit* m_code = nullptr;
+    LimitedEdit* m_name = nullptr;
+    QComboBox* m_group = nullptr;  ///< its data are the ids
+    QPushButton* m_openGroups = nullptr;
+    QComboBox* m_kind = nullptr;  ///< by the number of the kind
+    bool m_startsWithAddition = false;
+};
+
+}  // namespace chengheng
