@@ -31,4 +31,8 @@ std::string columnLetters(std::size_t column) {
     return text;
 }
 
+std::string cellAddress(std::size_t row, std::size_t column) {
+    return columnLetters(column) + std::to_string(row);
+}
+
 }  // namespace chengheng

@@ -66,5 +66,7 @@ bool isBlankRow(const SheetRow& row);
 
 /// The letters of a column counted from 1: 1 is "A", 27 is "AA".
 std::string columnLetters(std::size_t column);
+/// "B7", of a row and column counted from 1.
+std::string cellAddress(std::size_t row, std::size_t column);
 
 }  // namespace chengheng

@@ -178,7 +178,7 @@ std::string refusalText(const PlannedRow& row) {
 
 std::string refusedPlace(const PlannedRow& row) {
     if (row.column == 0) return {};
-    return columnLetters(row.column) + std::to_string(row.row) + " " + row.heading;
+    return cellAddress(row.row, row.column) + " " + row.heading;
 }
 
 const char* fateTitle(RowFate fate) {

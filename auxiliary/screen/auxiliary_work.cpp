@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ranges>
+#include <unordered_map>
 
 #include "auxiliary/entries/entry_reading.h"
 #include "auxiliary/members/auxiliary_texts.h"
@@ -12,12 +13,16 @@
 namespace chengheng {
 namespace {
 
+/// Entries that came back, by the lines that they had before.
+using NewIds = std::unordered_map<std::int32_t, const AuxiliaryEntry*>;
+
 /// An entry that came back has other ids than the one that went.
-void takeNewIds(std::optional<AuxiliaryEntry>& entry, std::int32_t oldLine,
-                const AuxiliaryEntry& now) {
-    if (!entry || entry->lineId != oldLine) return;
-    entry->lineId = now.lineId;
-    entry->headerId = now.headerId;
+void takeNewIds(std::optional<AuxiliaryEntry>& entry, const NewIds& now) {
+    if (!entry) return;
+    const auto found = now.find(entry->lineId);
+    if (found == now.end()) return;
+    entry->headerId = found->second->headerId;
+    entry->lineId = found->second->lineId;
 }
 
 }  // namespace
@@ -84,14 +89,16 @@ bool AuxiliaryWork::carryOut(Step& step) {
 }
 
 void AuxiliaryWork::show(const Step& step) {
+    std::vector<AuxiliaryEntry> come;
+    std::vector<std::int32_t> gone;
     for (const EntryChange& change : step) {
-        if (change.after) m_list.put(*change.after);
-        if (change.before && !change.after) m_list.remove(change.before->lineId);
+        if (change.after) come.push_back(*change.after);
+        if (change.before && !change.after) gone.push_back(change.before->lineId);
     }
+    m_list.change(come, gone);
 }
 
-bool AuxiliaryWork::doAndRemember(EntryChange change) {
-    Step step{std::move(change)};
+bool AuxiliaryWork::doAndRemember(Step step) {
     if (!carryOut(step)) return false;
     m_steps.resize(m_position);
     m_steps.push_back(std::move(step));
@@ -100,15 +107,21 @@ bool AuxiliaryWork::doAndRemember(EntryChange change) {
 }
 
 bool AuxiliaryWork::add(AuxiliaryEntry& entry) {
-    if (!doAndRemember({.before = {}, .after = entry})) return false;
+    if (!doAndRemember({{.before = {}, .after = entry}})) return false;
     const auto& added = m_steps.back().front().after;
     if (added) entry = *added;
     return true;
 }
 
+std::optional<std::int32_t> AuxiliaryWork::addAll(std::vector<EntryChange> additions) {
+    if (additions.empty() || !doAndRemember(std::move(additions))) return std::nullopt;
+    const auto& first = m_steps.back().front().after;
+    return first ? std::optional(first->lineId) : std::nullopt;
+}
+
 bool AuxiliaryWork::modify(AuxiliaryEntry& before, AuxiliaryEntry after) {
     if (after == before) return true;
-    if (doAndRemember({.before = before, .after = std::move(after)})) return true;
+    if (doAndRemember({{.before = before, .after = std::move(after)}})) return true;
     const auto now = std::ranges::find(m_list.all(), before.lineId, &AuxiliaryEntry::lineId);
     if (now != m_list.all().end()) before = *now;
     return false;
@@ -126,7 +139,7 @@ bool AuxiliaryWork::remove(std::optional<std::size_t> row) {
         return false;
     }
     if (m_messages.ask({.text = auxiliary_texts::deletion}) != Answer::yes) return false;
-    return doAndRemember({.before = m_list.atRow(*row), .after = {}});
+    return doAndRemember({{.before = m_list.atRow(*row), .after = {}}});
 }
 
 /// The ids of what comes back are taken over by every step.
@@ -135,14 +148,14 @@ bool AuxiliaryWork::goTo(Step changes) {
     for (const EntryChange& change : changes)
         oldLines.push_back(change.after ? change.after->lineId : 0);
     if (!carryOut(changes)) return false;
-    for (std::size_t place = 0; place < changes.size(); ++place) {
-        const auto& now = changes[place].after;
-        if (changes[place].before || !now) continue;
-        for (Step& step : m_steps) {
-            for (EntryChange& each : step) {
-                takeNewIds(each.before, oldLines[place], *now);
-                takeNewIds(each.after, oldLines[place], *now);
-            }
+    NewIds newIds;
+    for (std::size_t place = 0; place < changes.size(); ++place)
+        if (const auto& now = changes[place].after; now && !changes[place].before)
+            newIds.emplace(oldLines[place], &*now);
+    for (Step& step : m_steps) {
+        for (EntryChange& each : step) {
+            takeNewIds(each.before, newIds);
+            takeNewIds(each.after, newIds);
         }
     }
     return true;

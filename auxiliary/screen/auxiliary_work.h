@@ -47,6 +47,8 @@ class AuxiliaryWork {
 
     /// Writes a new entry, which gets its ids.
     bool add(AuxiliaryEntry& entry);
+    /// Writes many new entries as one step; the line of the first, nothing when none was written.
+    std::optional<std::int32_t> addAll(std::vector<EntryChange> additions);
     /// When another workstation changed the entry, which the operator is told, `before` becomes
     /// what it says now: what was typed can then be written over it.
     bool modify(AuxiliaryEntry& before, AuxiliaryEntry after);
@@ -68,7 +70,7 @@ class AuxiliaryWork {
 
     bool readPosted();
     bool carryOut(Step& step);
-    bool doAndRemember(EntryChange change);
+    bool doAndRemember(Step step);
     void show(const Step& step);
     bool goTo(Step changes);
     void forgetSteps();

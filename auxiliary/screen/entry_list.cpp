@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <unordered_map>
+#include <utility>
 
 #include "auxiliary/members/auxiliary_texts.h"
 #include "base/values/numbers.h"
@@ -182,24 +184,34 @@ void EntryList::assign(std::vector<AuxiliaryEntry> entries) {
     showMatching();
 }
 
-void EntryList::put(const AuxiliaryEntry& entry) {
-    const auto found = std::ranges::find(m_entries, entry.lineId, &AuxiliaryEntry::lineId);
-    if (found == m_entries.end()) {
-        m_entries.push_back(entry);
-        m_texts.emplace_back();
-    } else {
-        *found = entry;
-        m_texts[static_cast<std::size_t>(found - m_entries.begin())].clear();
-    }
-    ++m_revision;
-    showMatching();
-}
+void EntryList::put(const AuxiliaryEntry& entry) { change({&entry, 1}, {}); }
 
-void EntryList::remove(std::int32_t lineId) {
-    const auto found = std::ranges::find(m_entries, lineId, &AuxiliaryEntry::lineId);
-    if (found == m_entries.end()) return;
-    m_texts.erase(m_texts.begin() + (found - m_entries.begin()));
-    m_entries.erase(found);
+void EntryList::remove(std::int32_t lineId) { change({}, {&lineId, 1}); }
+
+void EntryList::change(std::span<const AuxiliaryEntry> come, std::span<const std::int32_t> gone) {
+    std::unordered_map<std::int32_t, const AuxiliaryEntry*> wanted;
+    for (const std::int32_t line : gone) wanted[line] = nullptr;
+    for (const AuxiliaryEntry& entry : come) wanted[entry.lineId] = &entry;
+    std::size_t kept = 0;
+    for (std::size_t place = 0; place < m_entries.size(); ++place) {
+        const auto found = wanted.find(m_entries[place].lineId);
+        const bool isChanged = found != wanted.end();
+        if (isChanged && found->second == nullptr) continue;
+        if (kept != place) {
+            m_entries[kept] = std::move(m_entries[place]);
+            m_texts[kept] = std::move(m_texts[place]);
+        }
+        if (isChanged) {
+            m_entries[kept] = *std::exchange(found->second, nullptr);
+            m_texts[kept].clear();
+        }
+        ++kept;
+    }
+    m_entries.resize(kept);
+    for (const AuxiliaryEntry& entry : come)
+        if (wanted[entry.lineId] != nullptr) m_entries.push_back(entry);
+    m_texts.resize(kept);
+    m_texts.resize(m_entries.size());
     ++m_revision;
     showMatching();
 }

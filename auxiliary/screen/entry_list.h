@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,6 +62,8 @@ class EntryList {
     /// Puts an entry at the end, or in the place of the one of its line.
     void put(const AuxiliaryEntry& entry);
     void remove(std::int32_t lineId);
+    /// Both for many at once.
+    void change(std::span<const AuxiliaryEntry> come, std::span<const std::int32_t> gone);
 
     const std::string& filter() const { return m_filter; }
     void setFilter(std::string text);

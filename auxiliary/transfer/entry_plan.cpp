@@ -283,6 +283,10 @@ std::string refusalText(const PlannedEntry& row) {
     return SheetFailure{row.reason, row.row, row.column}.text();
 }
 
+std::string refusedPlace(const PlannedEntry& row) {
+    return row.column == 0 ? std::string() : cellAddress(row.row, row.column) + " " + row.heading;
+}
+
 std::string namesText(const PlannedEntry& row, const AuxiliaryMember& member) {
     const EntryNames& names = row.entry ? row.entry->names : row.input.names;
     std::string text;

@@ -66,6 +66,8 @@ std::span<const Check<EntryRowFacts>> entryRowChecks();
 
 /// "第 7 行 B 列:摘要不能为空"
 std::string refusalText(const PlannedEntry& row);
+/// The cell that a row is refused for: "B7 摘要"; empty when it is no single one.
+std::string refusedPlace(const PlannedEntry& row);
 /// The names of the dimensions of a row in the order of the member: "销售部 张三".
 std::string namesText(const PlannedEntry& row, const AuxiliaryMember& member);
 

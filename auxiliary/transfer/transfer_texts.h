@@ -22,6 +22,9 @@ inline constexpr const char* accountNotEnd = "科目“{}”有下级科目,请�
 inline constexpr const char* accountWithoutEntries = "科目“{}”没有辅助核算,没有期初明细。";
 
 // The windows.
+inline constexpr const char* menuImport = "导入...";
+inline constexpr const char* menuExport = "导出...";
+inline constexpr const char* menuPaste = "粘贴\tCtrl+V";
 inline constexpr const char* importTitle = "导入期初明细";
 inline constexpr const char* pasteTitle = "粘贴期初明细";
 inline constexpr const char* exportTitle = "导出期初明细";

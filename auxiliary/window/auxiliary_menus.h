@@ -1,6 +1,7 @@
 #pragma once
 
 #include "auxiliary/members/auxiliary_texts.h"
+#include "auxiliary/transfer/transfer_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -21,11 +22,17 @@ inline constexpr int refresh = 10;
 inline constexpr int copy = 11;
 inline constexpr int help = 12;
 inline constexpr int search = 13;
+inline constexpr int paste = 14;
+inline constexpr int importFile = 15;
+inline constexpr int exportFile = 16;
 }  // namespace auxiliary_command
 
 inline constexpr MenuItemResource auxiliaryFileItems[] = {
     {auxiliary_command::preview, auxiliary_texts::menuPreview},
     {auxiliary_command::print, auxiliary_texts::menuPrint},
+    {0, ""},
+    {auxiliary_command::importFile, transfer_texts::menuImport},
+    {auxiliary_command::exportFile, transfer_texts::menuExport},
     {0, ""},
     {auxiliary_command::exit, auxiliary_texts::menuExit},
 };
@@ -38,6 +45,7 @@ inline constexpr MenuItemResource auxiliaryEditItems[] = {
     {auxiliary_command::redo, auxiliary_texts::menuRedo},
     {0, ""},
     {auxiliary_command::copy, auxiliary_texts::menuCopy},
+    {auxiliary_command::paste, transfer_texts::menuPaste},
 };
 inline constexpr MenuItemResource auxiliaryViewItems[] = {
     {auxiliary_command::find, auxiliary_texts::menuFind},
@@ -73,7 +81,7 @@ inline constexpr ToolButton auxiliaryToolButtons[] = {
 /// The menu of a right click on the entries.
 inline constexpr int auxiliaryContextCommands[] = {
     auxiliary_command::add,  auxiliary_command::modify, auxiliary_command::remove, 0,
-    auxiliary_command::copy, auxiliary_command::find,
+    auxiliary_command::copy, auxiliary_command::paste,  auxiliary_command::find,
 };
 
 }  // namespace chengheng

@@ -14,6 +14,7 @@
 #include "auxiliary/members/auxiliary_texts.h"
 #include "auxiliary/window/auxiliary_menus.h"
 #include "auxiliary/window/entry_model.h"
+#include "auxiliary/window/entry_transfer.h"
 #include "auxiliary/window/entry_window.h"
 #include "auxiliary/window/find_entry_window.h"
 #include "base/values/numbers.h"
@@ -235,7 +236,8 @@ void AuxiliaryWindow::showChanges() {
     showTotals();
     showFoot();
     for (const int command :
-         {auxiliary_command::add, auxiliary_command::modify, auxiliary_command::remove})
+         {auxiliary_command::add, auxiliary_command::modify, auxiliary_command::remove,
+          auxiliary_command::paste, auxiliary_command::importFile})
         m_commands->setEnabled(command, !m_work.isBrowsing());
     m_commands->setEnabled(auxiliary_command::undo, m_work.canUndo());
     m_commands->setEnabled(auxiliary_command::redo, m_work.canRedo());
@@ -297,11 +299,29 @@ void AuxiliaryWindow::OnMenuAdd() {
         },
         this);
     change([&] { window.DoModal(); });
-    if (added == 0) return;
-    if (m_work.list().rowOf(added) == m_work.list().rowCount()) m_filter->clear();
-    goToLine(added);
+    if (added != 0) goToAdded(added);
+}
+
+void AuxiliaryWindow::goToAdded(std::int32_t lineId) {
+    if (m_work.list().rowOf(lineId) == m_work.list().rowCount()) m_filter->clear();
+    m_tabs->setCurrentWidget(m_grid);
+    goToLine(lineId);
     m_grid->setFocus();
 }
+
+void AuxiliaryWindow::OnMenuPaste() {
+    std::optional<std::int32_t> first;
+    change([&] { first = EntryTransfer(m_work, messages(), *this).paste(); });
+    if (first) goToAdded(*first);
+}
+
+void AuxiliaryWindow::OnMenuImport() {
+    std::optional<std::int32_t> first;
+    change([&] { first = EntryTransfer(m_work, messages(), *this).importFile(); });
+    if (first) goToAdded(*first);
+}
+
+void AuxiliaryWindow::OnMenuExport() { EntryTransfer(m_work, messages(), *this).exportFile(); }
 
 void AuxiliaryWindow::OnMenuModify() {
     const AuxiliaryEntry* found = m_work.entryToModify(currentRow());
@@ -380,6 +400,9 @@ bool AuxiliaryWindow::OnCommand(int command) {
         {auxiliary_command::find, &AuxiliaryWindow::OnMenuFind},
         {auxiliary_command::refresh, &AuxiliaryWindow::OnMenuRefresh},
         {auxiliary_command::copy, &AuxiliaryWindow::OnMenuCopy},
+        {auxiliary_command::paste, &AuxiliaryWindow::OnMenuPaste},
+        {auxiliary_command::importFile, &AuxiliaryWindow::OnMenuImport},
+        {auxiliary_command::exportFile, &AuxiliaryWindow::OnMenuExport},
         {auxiliary_command::help, &AuxiliaryWindow::OnMenuHelp},
         {auxiliary_command::search, &AuxiliaryWindow::OnMenuSearch},
     };

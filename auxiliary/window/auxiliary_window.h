@@ -47,6 +47,9 @@ class AuxiliaryWindow : public CNxMiddleDialog {
     void OnMenuFind();
     void OnMenuRefresh();
     void OnMenuCopy();
+    void OnMenuPaste();
+    void OnMenuImport();
+    void OnMenuExport();
     void OnMenuPrint();
     void OnMenuPreview();
     void OnMenuExit() { EndDialog(Rejected); }
@@ -66,6 +69,8 @@ class AuxiliaryWindow : public CNxMiddleDialog {
     void showTotals();
     void showFoot();
     void goToLine(std::int32_t lineId);
+    /// Goes to an entry that was added, whatever the filter shows.
+    void goToAdded(std::int32_t lineId);
     /// Does something with the entries, then shows what became of it where the operator stood.
     void change(const std::function<void()>& work);
     void print(ReportOutput output);

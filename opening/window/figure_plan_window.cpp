@@ -66,7 +66,7 @@ class PlannedFigures final : public PlanModel {
         const PlannedCell& cell = cellAt(row);
         switch (column) {
             case 0:
-                return shown(columnLetters(cell.column + 1) + std::to_string(cell.row + 1));
+                return shown(cellAddress(cell.row + 1, cell.column + 1));
             case 1:
                 return shown(cell.heading);
             case 2:

@@ -162,6 +162,38 @@ TEST_P(AuxiliaryWorks, WriteNothingWhereNothingChanged) {
     EXPECT_EQ(shown(), Texts{});
 }
 
+TEST_P(AuxiliaryWorks, AddManyAsOneStep) {
+    EXPECT_EQ(m_work.addAll({}), std::nullopt);
+    EXPECT_FALSE(m_work.canUndo());
+    const AuxiliaryEntry alone = added(1, 5);
+    std::vector<EntryChange> additions;
+    for (int place = 0; place < 100; ++place)
+        additions.push_back({.before = {}, .after = EntryBooks::entry(m_member, 1, place + 1)});
+    EXPECT_EQ(m_work.addAll(additions), alone.lineId + 1);
+    EXPECT_EQ(m_work.total(), (EntryFigures{5055, 0, 0}));
+    const std::int32_t second = m_work.list().atRow(2).lineId;
+    AuxiliaryEntry before = m_work.list().atRow(2);
+    AuxiliaryEntry after = before;
+    after.content.money = 1000;
+    ASSERT_TRUE(m_work.modify(before, after));
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_TRUE(m_work.undo());
+        ASSERT_TRUE(m_work.undo());
+        EXPECT_EQ(shown(), Texts{"销售部 5.00"});
+        ASSERT_TRUE(m_work.redo());
+        ASSERT_TRUE(m_work.redo()) << "the entry to modify has another id by now";
+        EXPECT_NE(m_work.list().atRow(2).lineId, second);
+        EXPECT_EQ(m_work.list().atRow(2).content.money, 1000);
+        EXPECT_EQ(m_work.list().rowCount(), 101u);
+    }
+    EXPECT_TRUE(m_books.agree(m_member));
+    EXPECT_EQ(said(), "");
+    m_books.books().run("UPDATE Dept SET sDeptName = '改名' WHERE lId = 1");
+    EXPECT_EQ(m_work.addAll(additions), std::nullopt);
+    EXPECT_EQ(said(), "该部门不存在,添加不成功");
+    EXPECT_EQ(m_work.list().rowCount(), 101u);
+}
+
 TEST_P(AuxiliaryWorks, TellThatNoRowIsSelected) {
     EXPECT_EQ(m_work.entryToModify(std::nullopt), nullptr);
     EXPECT_EQ(said(), "请先选择要修改的行!");

@@ -86,6 +86,24 @@ TEST_F(EntryLists, KeepFilterAndOrderWhenEntriesComeChangeAndGo) {
     EXPECT_EQ(m_list.rowOf(3), m_list.rowCount());
 }
 
+TEST_F(EntryLists, TakeManyChangesAtOnce) {
+    m_list.setFilter("c");
+    EXPECT_EQ(shown(), std::vector<int>{1});
+    const AuxiliaryEntry come[] = {listedEntry(5, "甲公司", 1, "c"),
+                                   listedEntry(3, "甲公司", 2, "c"),
+                                   listedEntry(4, "甲公司", 3, "c")};
+    const std::int32_t gone[] = {1, 9};
+    const unsigned revision = m_list.revision();
+    m_list.change(come, gone);
+    EXPECT_EQ(m_list.revision(), revision + 1);
+    EXPECT_EQ(shown(), (std::vector<int>{3, 5, 4})) << "a changed one keeps its place";
+    EXPECT_EQ(m_list.all().size(), 4u);
+    m_list.setFilter("xyz");
+    EXPECT_EQ(shown(), std::vector<int>{2});
+    m_list.setFilter("货款");
+    EXPECT_EQ(shown(), std::vector<int>{}) << "no text of what was before";
+}
+
 TEST_F(EntryLists, AddUpAllAndWhatTheyShow) {
     const AuxiliaryAccount account{.isDebit = true};
     EXPECT_EQ(m_list.total(account), (EntryFigures{89, 0, 0}));
