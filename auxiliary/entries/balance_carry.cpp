@@ -90,7 +90,7 @@ Status BalanceCarry::readRows(CNbCwDB& database, std::map<EntryDimensions, Rows>
         }
         return Status::done();
     }
-    const std::string condition = auxiliary_sql::allSums(m_account.id);
+    const std::string condition = auxiliary_sql::sums({}, m_account.id, {});
     const RowLease<_AssAccInfo> lease(database, condition.c_str());
     if (!lease.isRead()) return database.lastStatus();
     for (const _AssAccInfo* row : lease.rows()) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "accounts/chart/account_sql.h"
 #include "auxiliary/entries/balance_carry.h"
 #include "auxiliary/entries/dimension_lookup.h"
 #include "auxiliary/entries/directory_names.h"
@@ -96,7 +97,7 @@ UntoldOutcome EntryWriting::refuseVouchers() {
 
 /// The account as it is read again must be the one whose entries are shown.
 UntoldOutcome EntryWriting::refuseAccount() {
-    const std::string condition = auxiliary_sql::accountOfCode(m_account.code);
+    const std::string condition = account_sql::ofCode(m_account.code);
     const RowLease<_CodeInfo> lease(*g_pDB, condition.c_str());
     if (!lease.isRead()) return UntoldOutcome::failed();
     if (!lease.isFound()) {

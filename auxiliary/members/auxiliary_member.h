@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 
+#include "auxiliary/members/auxiliary_sql.h"
 #include "auxiliary/members/entry_dimensions.h"
 #include "opening/sheet/auxiliary_kind.h"
 
@@ -28,15 +29,11 @@ struct AuxiliaryMember {
     const char* modifyingTitle;
     const char* findingTitle;
 
-    /// Which lines are the entries of an account.
-    std::string (*entriesOf)(std::int32_t accountId);
+    const auxiliary_sql::EntriesFormat& entries;
     /// The tables that names are looked up in, as a lock list.
     const char* lookupTables;
-    /// The rows of auxiliary sums of one combination.
-    std::string (*sumsOf)(std::int32_t accountId, const EntryDimensions& of);
-    /// The statement that gives all of them the same opening figures.
-    void (*updateSums)(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                       const EntryDimensions& of);
+    /// In which order the auxiliary sums are asked for.
+    std::span<const Dimension> sumOrder;
 
     /// In the order of the record dialog, which is that of the checks.
     std::span<const DimensionWords> dimensions;
@@ -46,6 +43,17 @@ struct AuxiliaryMember {
     bool refusesBrowsingNothing;  ///< without entries there is nothing to look at
 
     bool has(Dimension dimension) const;
+    /// Which lines are the entries of an account.
+    std::string entriesOf(std::int32_t accountId) const { return formatSql(entries, accountId); }
+    /// The rows of auxiliary sums of one combination.
+    std::string sumsOf(std::int32_t accountId, const EntryDimensions& of) const {
+        return auxiliary_sql::sums(sumOrder, accountId, of);
+    }
+    /// The statement that gives all of them the same opening figures.
+    void updateSums(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
+                    const EntryDimensions& of) const {
+        auxiliary_sql::updateSums(batch, sumOrder, figures, accountId, of);
+    }
 };
 
 /// The seven members.

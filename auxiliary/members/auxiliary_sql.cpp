@@ -1,115 +1,38 @@
 #include "auxiliary/members/auxiliary_sql.h"
 
-#include "data/sql/sql_format.h"
-
 namespace chengheng::auxiliary_sql {
 
-std::string departmentEntries(std::int32_t accountId) {
-    return formatSql("lCodeId=%d AND lDeptId <> 0 AND bBegin<>0", accountId);
-}
-std::string departmentAndProjectEntries(std::int32_t accountId) {
-    return formatSql("bBegin<>0 AND lCodeId=%d AND lItemId<>0 AND lDeptId<>0", accountId);
-}
-std::string projectEntries(std::int32_t accountId) {
-    return formatSql("bBegin<>0 AND lCodeId=%d AND lItemId<>0", accountId);
-}
-std::string personEntries(std::int32_t accountId) {
-    return formatSql("lCodeId = %ld AND lPersonId is not NULL AND bBegin <> 0", accountId);
-}
-std::string departmentAndUnitEntries(std::int32_t accountId) {
-    return formatSql("bBegin<>0 AND lCodeId=%d AND lEnterId>0 AND lDeptId>0", accountId);
-}
-std::string unitAndProjectEntries(std::int32_t accountId) {
-    return formatSql("bBegin<>0 AND lCodeId=%d AND lEnterId <> 0 AND lItemId<>0", accountId);
-}
-std::string unitEntries(std::int32_t accountId) {
-    return formatSql("bBegin<>0 AND lCodeId=%d AND lEnterId<>0", accountId);
+namespace {
+
+void appendDimension(std::string& text, Dimension dimension, const EntryDimensions& of) {
+    switch (dimension) {
+        case Dimension::department:
+            return appendSql(text, " AND lDeptId = %d", of.department);
+        case Dimension::person:
+            return appendSql(text, " AND lPersonId = %d", of.person.value_or(0));
+        case Dimension::unit:
+            return appendSql(text, " AND lEnterId = %d", of.unit);
+        case Dimension::item:
+            return appendSql(text, " AND lItemId = %d AND sItemId = '%s'", of.item, of.itemClass);
+    }
 }
 
-std::string departmentSums(std::int32_t accountId, const EntryDimensions& of) {
-    return formatSql("byPeroid > 0 AND lCodeId = %d AND lDeptId = %d", accountId, of.department);
-}
-std::string departmentAndProjectSums(std::int32_t accountId, const EntryDimensions& of) {
-    return formatSql(
-        "byPeroid > 0 AND lCodeId = %d AND lDeptId = %d AND lItemId = %d AND sItemId = '%s'",
-        accountId, of.department, of.item, of.itemClass);
-}
-std::string projectSums(std::int32_t accountId, const EntryDimensions& of) {
-    return formatSql("byPeroid > 0 AND lCodeId = %d AND lItemId = %d AND sItemId = '%s'", accountId,
-                     of.item, of.itemClass);
-}
-std::string personSums(std::int32_t accountId, const EntryDimensions& of) {
-    return formatSql("byPeroid > 0 AND lCodeId = %d AND lPersonId = %d AND lDeptId = %d", accountId,
-                     of.person.value_or(0), of.department);
-}
-std::string departmentAndUnitSums(std::int32_t accountId, const EntryDimensions& of) {
-    return formatSql("byPeroid > 0 AND lCodeId = %d AND lEnterId = %d AND lDeptId = %d", accountId,
-                     of.unit, of.department);
-}
-std::string unitAndProjectSums(std::int32_t accountId, const EntryDimensions& of) {
-    return formatSql(
-        "byPeroid > 0 AND lCodeId = %d AND lEnterId = %d AND lItemId = %d AND sItemId = '%s'",
-        accountId, of.unit, of.item, of.itemClass);
-}
-std::string unitSums(std::int32_t accountId, const EntryDimensions& of) {
-    return formatSql("byPeroid > 0 AND lCodeId = %d AND lEnterId = %d", accountId, of.unit);
+}  // namespace
+
+std::string sums(std::span<const Dimension> order, std::int32_t accountId,
+                 const EntryDimensions& of) {
+    std::string text = formatSql("byPeroid > 0 AND lCodeId = %d", accountId);
+    for (const Dimension dimension : order) appendDimension(text, dimension, of);
+    return text;
 }
 
-std::string allSums(std::int32_t accountId) {
-    return formatSql("byPeroid > 0 AND lCodeId = %d", accountId);
-}
-
-void updateDepartment(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                      const EntryDimensions& of) {
+void updateSums(std::string& batch, std::span<const Dimension> order, const EntryFigures& figures,
+                std::int32_t accountId, const EntryDimensions& of) {
     appendSql(batch,
-              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d AND "
-              "lDeptId = %d \r\n",
-              figures.money, figures.foreign, figures.quantity, accountId, of.department);
-}
-void updateDepartmentAndProject(std::string& batch, const EntryFigures& figures,
-                                std::int32_t accountId, const EntryDimensions& of) {
-    appendSql(batch,
-              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d AND "
-              "lDeptId = %d AND lItemId = %d AND sItemId = '%s' \r\n",
-              figures.money, figures.foreign, figures.quantity, accountId, of.department, of.item,
-              of.itemClass);
-}
-void updateProject(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                   const EntryDimensions& of) {
-    appendSql(batch,
-              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d AND "
-              "lItemId = %d AND sItemId = '%s' \r\n",
-              figures.money, figures.foreign, figures.quantity, accountId, of.item, of.itemClass);
-}
-void updatePerson(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                  const EntryDimensions& of) {
-    appendSql(batch,
-              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d AND "
-              "lPersonId = %d AND lDeptId = %d \r\n",
-              figures.money, figures.foreign, figures.quantity, accountId, of.person.value_or(0),
-              of.department);
-}
-void updateDepartmentAndUnit(std::string& batch, const EntryFigures& figures,
-                             std::int32_t accountId, const EntryDimensions& of) {
-    appendSql(batch,
-              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d AND "
-              "lEnterId = %d AND lDeptId = %d \r\n",
-              figures.money, figures.foreign, figures.quantity, accountId, of.unit, of.department);
-}
-void updateUnitAndProject(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                          const EntryDimensions& of) {
-    appendSql(batch,
-              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d AND "
-              "lEnterId = %d AND lItemId = %d AND sItemId = '%s' \r\n",
-              figures.money, figures.foreign, figures.quantity, accountId, of.unit, of.item,
-              of.itemClass);
-}
-void updateUnit(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                const EntryDimensions& of) {
-    appendSql(batch,
-              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d AND "
-              "lEnterId = %d \r\n",
-              figures.money, figures.foreign, figures.quantity, accountId, of.unit);
+              "UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where lCodeId = %d",
+              figures.money, figures.foreign, figures.quantity, accountId);
+    for (const Dimension dimension : order) appendDimension(batch, dimension, of);
+    appendSql(batch, " \r\n");
 }
 
 void updateOneRow(std::string& batch, const EntryFigures& figures, std::int32_t rowId) {
@@ -174,8 +97,6 @@ std::string linesOfHeader(std::int32_t headerId) { return formatSql("lTieId = %d
 
 std::string line(std::int32_t lineId) { return formatSql("lId=%d", lineId); }
 
-std::string accountOfCode(std::string_view code) { return formatSql("sCode = '%s'", code); }
-
 std::string departmentNamed(std::string_view name) { return formatSql("sDeptName = '%s'", name); }
 std::string departmentCoded(std::string_view code) { return formatSql("sDeptCode = '%s'", code); }
 std::string personNamed(std::string_view name) { return formatSql("sPersonName = '%s'", name); }
@@ -191,12 +112,6 @@ std::string selectUnits(std::string_view condition) {
 
 std::string itemNamed(std::string_view classCode, std::string_view name) {
     return formatSql("Select lId From ProjItems%s WHERE FIELD1='%s'", SqlFragment{classCode}, name);
-}
-std::string itemCoded(std::string_view classCode, std::string_view code) {
-    return formatSql("Select lId From ProjItems%s WHERE FIELD0='%s'", SqlFragment{classCode}, code);
-}
-std::string itemOfId(std::string_view classCode, std::int32_t id) {
-    return formatSql("Select FIELD1 From ProjItems%s WHERE lId=%d", SqlFragment{classCode}, id);
 }
 std::string itemsInOrder(std::string_view classCode) {
     return formatSql("Select lId, FIELD0, FIELD1 From ProjItems%s ORDER BY FIELD0, lId",

@@ -1,59 +1,41 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "auxiliary/members/entry_dimensions.h"
+#include "data/sql/sql_format.h"
 
 /// Conditions and statements of the auxiliary opening entries.
 namespace chengheng::auxiliary_sql {
 
-// The entries of an account, by member.
+/// Which lines are the entries of an account; the members spell it each in its own way.
+using EntriesFormat = SqlFormat<std::int32_t>;
 
-std::string departmentEntries(std::int32_t accountId);
-std::string departmentAndProjectEntries(std::int32_t accountId);
-std::string projectEntries(std::int32_t accountId);
-std::string personEntries(std::int32_t accountId);
-std::string departmentAndUnitEntries(std::int32_t accountId);
-std::string unitAndProjectEntries(std::int32_t accountId);
-std::string unitEntries(std::int32_t accountId);
+inline constexpr EntriesFormat departmentEntries{"lCodeId=%d AND lDeptId <> 0 AND bBegin<>0"};
+inline constexpr EntriesFormat departmentAndProjectEntries{
+    "bBegin<>0 AND lCodeId=%d AND lItemId<>0 AND lDeptId<>0"};
+inline constexpr EntriesFormat projectEntries{"bBegin<>0 AND lCodeId=%d AND lItemId<>0"};
+inline constexpr EntriesFormat personEntries{
+    "lCodeId = %ld AND lPersonId is not NULL AND bBegin <> 0"};
+inline constexpr EntriesFormat departmentAndUnitEntries{
+    "bBegin<>0 AND lCodeId=%d AND lEnterId>0 AND lDeptId>0"};
+inline constexpr EntriesFormat unitAndProjectEntries{
+    "bBegin<>0 AND lCodeId=%d AND lEnterId <> 0 AND lItemId<>0"};
+inline constexpr EntriesFormat unitEntries{"bBegin<>0 AND lCodeId=%d AND lEnterId<>0"};
 
 /// Behind any of them: in the order in which they were added.
 inline constexpr const char* asAdded = " ORDER BY lId";
 
-// The auxiliary sums of a combination, by member.
-
-std::string departmentSums(std::int32_t accountId, const EntryDimensions& of);
-std::string departmentAndProjectSums(std::int32_t accountId, const EntryDimensions& of);
-std::string projectSums(std::int32_t accountId, const EntryDimensions& of);
-std::string personSums(std::int32_t accountId, const EntryDimensions& of);
-std::string departmentAndUnitSums(std::int32_t accountId, const EntryDimensions& of);
-std::string unitAndProjectSums(std::int32_t accountId, const EntryDimensions& of);
-std::string unitSums(std::int32_t accountId, const EntryDimensions& of);
-
-/// Those of every combination of an account.
-std::string allSums(std::int32_t accountId);
-
-// The same opening figures for all of them, by member.
-
-void updateDepartment(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                      const EntryDimensions& of);
-void updateDepartmentAndProject(std::string& batch, const EntryFigures& figures,
-                                std::int32_t accountId, const EntryDimensions& of);
-void updateProject(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                   const EntryDimensions& of);
-void updatePerson(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                  const EntryDimensions& of);
-void updateDepartmentAndUnit(std::string& batch, const EntryFigures& figures,
-                             std::int32_t accountId, const EntryDimensions& of);
-void updateUnitAndProject(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                          const EntryDimensions& of);
-void updateUnit(std::string& batch, const EntryFigures& figures, std::int32_t accountId,
-                const EntryDimensions& of);
-
-// What is the same for all members.
-
+/// The auxiliary sums of a combination, its dimensions in an order; without any, those of every
+/// combination of the account.
+std::string sums(std::span<const Dimension> order, std::int32_t accountId,
+                 const EntryDimensions& of);
+/// The same opening figures for all of them.
+void updateSums(std::string& batch, std::span<const Dimension> order, const EntryFigures& figures,
+                std::int32_t accountId, const EntryDimensions& of);
 /// One row of auxiliary sums, where the rows of a combination differ.
 void updateOneRow(std::string& batch, const EntryFigures& figures, std::int32_t rowId);
 /// A row of auxiliary sums without movements.
@@ -76,7 +58,6 @@ std::string setVoucherCounters(std::int32_t lastHeader, std::int32_t lastLine);
 std::string headerOf(std::int32_t tieId);
 std::string linesOfHeader(std::int32_t headerId);
 std::string line(std::int32_t lineId);
-std::string accountOfCode(std::string_view code);
 inline constexpr const char* endAccounts = "bEnd <> 0 ORDER BY sCode";
 /// Headers of opening entries, as opposed to those of vouchers.
 inline constexpr const char* openingHeaders = "byPeroid = 0";
@@ -90,8 +71,6 @@ std::string personCoded(std::string_view code);
 std::string unitNamed(std::string_view name);
 std::string unitCoded(std::string_view code);
 std::string itemNamed(std::string_view classCode, std::string_view name);
-std::string itemCoded(std::string_view classCode, std::string_view code);
-std::string itemOfId(std::string_view classCode, std::int32_t id);
 std::string itemsInOrder(std::string_view classCode);
 std::string classOfCode(std::string_view code);
 /// The project classes that the lines of an account name an item of.

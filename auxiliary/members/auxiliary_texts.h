@@ -1,7 +1,14 @@
 #pragma once
 
+#include "opening/sheet/opening_texts.h"
+
 /// What the windows of auxiliary opening balances show, tell and ask. {} is a value.
 namespace chengheng::auxiliary_texts {
+
+using opening_texts::credit;
+using opening_texts::debit;
+using opening_texts::tooLarge;
+using opening_texts::vouchersMeanwhile;
 
 inline constexpr const char* departmentCaption = "部门核算期初";
 inline constexpr const char* departmentAndProjectCaption = "部门项目期初";
@@ -41,8 +48,6 @@ inline constexpr const char* moneyInvalid = "金额输入无效";
 inline constexpr const char* moneyZero = "金额不能为0";
 inline constexpr const char* foreignInvalid = "外币输入无效";
 inline constexpr const char* quantityInvalid = "数量输入无效";
-inline constexpr const char* tooLarge =
-    "数值太大,期初余额最大为9,999,999,999,999.99,本次操作没有保存。";
 inline constexpr const char* summaryEmpty = "摘要不能为空";
 
 inline constexpr const char* departmentEmpty = "部门不能为空";
@@ -69,8 +74,6 @@ inline constexpr const char* accountGoneModifying = "该科目不存在,修改�
 inline constexpr const char* accountGoneDeleting = "该科目不存在,删除不成功";
 inline constexpr const char* accountChanged =
     "科目已被其他工作站修改,本次操作没有保存,请重新打开窗口。";
-inline constexpr const char* vouchersMeanwhile =
-    "帐套中已有凭证,期初余额只能浏览,本次操作没有保存。";
 inline constexpr const char* entryGone = "该记录已被其他工作站删除,列表已重新读入。";
 inline constexpr const char* entryChanged =
     "该记录已被其他工作站修改,本次操作没有进行,列表已重新读入。";
@@ -97,8 +100,6 @@ inline constexpr const char* direction = "方向";
 inline constexpr const char* money = "金额";
 inline constexpr const char* foreign = "外币";
 inline constexpr const char* quantity = "数量";
-inline constexpr const char* debit = "借";
-inline constexpr const char* credit = "贷";
 inline constexpr const char* debitChoice = "借方";
 inline constexpr const char* creditChoice = "贷方";
 inline constexpr const char* voucherType = "凭证类别";

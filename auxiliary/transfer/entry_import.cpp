@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "accounts/chart/account_sql.h"
 #include "auxiliary/entries/entry_reading.h"
-#include "auxiliary/members/auxiliary_sql.h"
 #include "auxiliary/transfer/transfer_texts.h"
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
@@ -93,7 +93,7 @@ Outcome exportEntries(IMessages& messages, const AuxiliaryMember& member,
 Outcome findEntryAccount(IMessages& messages, std::string_view code, EntryAccount& found) {
     const auto read = [&]() -> UntoldOutcome {
         if (!selectOpenBooks()) return UntoldOutcome::failed();
-        const std::string condition = auxiliary_sql::accountOfCode(code);
+        const std::string condition = account_sql::ofCode(code);
         const RowLease<_CodeInfo> lease(*g_pDB, condition.c_str());
         if (!lease.isRead()) return UntoldOutcome::failed();
         const auto refused = [code](fmt::format_string<std::string_view&> text) {

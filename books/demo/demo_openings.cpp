@@ -2,9 +2,9 @@
 #include <tuple>
 #include <vector>
 
+#include "auxiliary/members/auxiliary_sql.h"
 #include "base/values/numbers.h"
 #include "books/demo/demo_parts.h"
-#include "books/demo/demo_sql.h"
 #include "data/tables/accounts.h"
 #include "data/tables/balances.h"
 #include "data/tables/directories.h"
@@ -91,7 +91,7 @@ Status writeEntries(DemoBooks& books, std::vector<_AssAccInfo>& auxiliary) {
         if (Status status = books.add(line, lastLine); !status) return status;
         addToAuxiliary(auxiliary, line);
     }
-    return books.run(demo_sql::voucherCounters(header, lastLine));
+    return books.run(auxiliary_sql::setVoucherCounters(header, lastLine));
 }
 
 Status writeAuxiliary(DemoBooks& books, const std::vector<_AssAccInfo>& auxiliary) {

@@ -10,15 +10,4 @@ std::string projectItem(std::string_view classCode, std::int32_t id, std::string
                      code, name);
 }
 
-std::string voucherCounters(std::int32_t lastHeader, std::int32_t lastLine) {
-    return formatSql(
-        "BEGIN TRANSACTION xiugai\r\n"
-        "Update ABIdTable Set lLastId = %d Where sTable = 'RegMain'\r\n"
-        "Update ABIdTable Set lLastId = %d Where sTable = 'RegSub'\r\n"
-        "Update ABIdTable Set lLastId = %d Where sTable = 'UnRegMain'\r\n"
-        "Update ABIdTable Set lLastId = %d Where sTable = 'UnRegSub'\r\n"
-        "COMMIT TRANSACTION xiugai",
-        lastHeader, lastLine, lastHeader, lastLine);
-}
-
 }  // namespace chengheng::demo_sql

@@ -10,7 +10,4 @@ namespace chengheng::demo_sql {
 std::string projectItem(std::string_view classCode, std::int32_t id, std::string_view code,
                         std::string_view name);
 
-/// Posted and unposted vouchers draw their ids from one sequence.
-std::string voucherCounters(std::int32_t lastHeader, std::int32_t lastLine);
-
 }  // namespace chengheng::demo_sql

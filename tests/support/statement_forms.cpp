@@ -5,6 +5,7 @@
 #include "accounts/chart/account_sql.h"
 #include "accounts/chart/where_used_sql.h"
 #include "accounts/screen/chart_sql.h"
+#include "auxiliary/members/auxiliary_member.h"
 #include "books/demo/demo_sql.h"
 #include "books/logon/logon_sql.h"
 #include "books/making/books_sql.h"
@@ -43,12 +44,11 @@ void addCounterBatches(Forms& forms) {
     opening_sql::setLastId(counter, 24);
     addBatch(forms, counter);
     addBatch(forms, account_sql::setLastAccountId(12));
-    addBatch(forms, formatSql("UPDATE ABIdTable Set lLastId = %d Where sTable = 'AssAcc'", 12));
     addBatch(forms, formatSql("UPDATE ABIdTable SET lLastId = %d WHERE sTable = 'UserAuth' or "
                               "sTable = 'Users'",
                               9));
     addBatch(forms, formatSql("UPDATE ABIdTable SET lLastId = %d  WHERE sTable = 'ExchgFlt'", 365));
-    addBatch(forms, demo_sql::voucherCounters(7, 8));
+    addBatch(forms, auxiliary_sql::setVoucherCounters(7, 8));
 }
 
 void addCodeBatches(Forms& forms) {
@@ -98,20 +98,22 @@ void addAccSumChanges(Forms& forms) {
     addBatch(forms, "DELETE AccSum");
 }
 
+const EntryDimensions sampleDimensions{
+    .department = 3, .person = 1, .unit = 1, .item = 1, .itemClass = awkward};
+
 void addAssAccBatches(Forms& forms) {
-    addBatch(
-        forms,
-        formatSql("INSERT INTO AssAcc VALUES( %d,%d,%d,%d,%d,%d,%d,'%s',%lf,%lf,%lf,%lf,%lf,"
-                  "%lf,%lf,%lf,%lf )\r\n",
-                  201, 1, 5, 0, 3, 0, 0, awkward, 1.0, 0.0, 0.0, 2.0, 0.0, 0.0, 3.0, 0.0, 0.0));
-    addBatch(forms,
-             formatSql("INSERT INTO AssAcc VALUES( %d,%d,%d,%d,%d,%d,%d,'%s',%lf,%lf,%lf,%lf,%lf,"
-                       "%lf,%lf,%lf,%lf )\r\n",
-                       202, 1, 5, 0, 3, std::optional<int>(), 0, "", 1.0, 0.0, 0.0, 2.0, 0.0, 0.0,
-                       3.0, 0.0, 0.0));
-    addBatch(forms, formatSql("UPDATE AssAcc Set mBegin = %lf, mFBegin = %lf, dBegin = %lf Where "
-                              "lCodeId = %d AND lDeptId = %d ",
-                              -5.0, 0.0, 1.5, 5, 3));
+    std::string written;
+    const EntryDimensions nobody{.department = 3, .itemClass = awkward};
+    auxiliary_sql::insertAuxiliary(written, 201, 1, 5, nobody, {1, 3, 2});
+    auxiliary_sql::insertAuxiliary(written, 202, 1, 5, sampleDimensions, {1, 3, 2});
+    auxiliary_sql::setLastAuxiliaryId(written, 202);
+    auxiliary_sql::updateOneRow(written, {-5, 0, 1.5}, 201);
+    for (const AuxiliaryMember& member : auxiliaryMembers())
+        member.updateSums(written, {-5, 0, 1.5}, 5, sampleDimensions);
+    auxiliary_sql::insertAccountSums(written, 301, 5, 1, {1, 3, 2});
+    auxiliary_sql::setLastAccountSumsId(written, 301);
+    auxiliary_sql::updateAccountSums(written, {-5, 0, 1.5}, 5, 1);
+    addBatch(forms, written);
     std::string batch;
     opening_sql::deleteAuxiliary(batch, {"5", "0", "3", "0", "0", awkward});
     opening_sql::deleteAuxiliary(batch, {"5", "0", "3", nullptr, "0", ""});
@@ -147,8 +149,6 @@ void addRateBatches(Forms& forms) {
 void addSelects(Forms& forms) {
     addSelect(forms, opening_sql::sumSizes);
     addSelect(forms, opening_sql::auxiliarySizes);
-    addSelect(forms, formatSql("Select lId From ProjItems%s WHERE FIELD1='%s'", SqlFragment{"01"},
-                               awkward));
     addSelect(forms,
               formatSql("Select FIELD1 From ProjItems%s WHERE lId=%d", SqlFragment{"01"}, 1));
     addSelect(forms, formatSql("SELECT * FROM ExchgFix WHERE byExchId = %d ORDER BY byPeroid", 2));
@@ -207,56 +207,40 @@ void addUseConditions(Forms& forms) {
     addCondition(forms, account_sql::openingOfAccounts(ids), {"AccSum"});
     addCondition(forms, opening_sql::sumsOf(5), {"AccSum"});
     addCondition(forms, opening_sql::sumsOfInOrder(5), {"AccSum"});
-    addCondition(forms, formatSql("byPeroid <> 0 And lCodeId = %d", 5), {"AccSum"});
     addCondition(forms, opening_sql::vouchers, {"RegMain"});
     addCondition(forms, "byPeroid=12", {"AccSum"});
     addCondition(forms, opening_sql::firstPeriod, {"AccSum"});
     addCondition(forms, opening_sql::secondPeriod, {"AccSum"});
     addCondition(forms, account_sql::ofId(5),
                  {"Code", "Cyrency", "RegMain", "RegSub", "Settle", "Sign", "zAccountM"});
-    addCondition(forms, formatSql("lId=%d", 5), {"RegSub"});
-    addCondition(forms, formatSql("lTieId = %d", 5), {"RegSub", "UnregSub"});
 }
 
 void addAuxiliaryConditions(Forms& forms) {
-    addCondition(forms, formatSql("sDeptName = '%s'", awkward), {"Dept"});
-    addCondition(forms, formatSql("lCodeId=%d AND lDeptId <> 0 AND bBegin<>0", 5), {"RegSub"});
-    addCondition(forms, formatSql("bBegin<>0 AND lCodeId=%d AND lItemId<>0 AND lDeptId<>0", 5),
-                 {"RegSub"});
-    addCondition(forms, formatSql("bBegin<>0 AND lCodeId=%d AND lItemId<>0", 5), {"RegSub"});
-    addCondition(forms, formatSql("lCodeId = %ld AND lPersonId is not NULL AND bBegin <> 0", 5),
-                 {"RegSub"});
-    addCondition(forms, formatSql("bBegin<>0 AND lCodeId=%d AND lEnterId>0 AND lDeptId>0", 5),
-                 {"RegSub"});
-    addCondition(forms, formatSql("bBegin<>0 AND lCodeId=%d AND lEnterId <> 0 AND lItemId<>0", 5),
-                 {"RegSub"});
-    addCondition(forms, formatSql("bBegin<>0 AND lCodeId=%d AND lEnterId<>0", 5), {"RegSub"});
-    addCondition(forms, formatSql("byPeroid > 0 AND lCodeId = %d AND lDeptId = %d", 5, 3),
-                 {"AssAcc"});
-    addCondition(forms,
-                 formatSql("byPeroid > 0 AND lCodeId = %d AND lDeptId = %d AND lItemId = %d AND "
-                           "sItemId = '%s'",
-                           5, 3, 1, awkward),
-                 {"AssAcc"});
-    addCondition(forms,
-                 formatSql("byPeroid > 0 AND lCodeId = %d AND lItemId = %d AND sItemId = '%s'", 5,
-                           1, awkward),
-                 {"AssAcc"});
-    addCondition(
-        forms,
-        formatSql("byPeroid > 0 AND lCodeId = %d AND lPersonId = %d AND lDeptId = %d", 5, 1, 3),
-        {"AssAcc"});
-    addCondition(
-        forms,
-        formatSql("byPeroid > 0 AND lCodeId = %d AND lEnterId = %d AND lDeptId = %d", 5, 1, 3),
-        {"AssAcc"});
-    addCondition(forms,
-                 formatSql("byPeroid > 0 AND lCodeId = %d AND lEnterId = %d AND lItemId = %d AND "
-                           "sItemId = '%s'",
-                           5, 1, 1, awkward),
-                 {"AssAcc"});
-    addCondition(forms, formatSql("byPeroid > 0 AND lCodeId = %d AND lEnterId = %d", 5, 1),
-                 {"AssAcc"});
+    for (const AuxiliaryMember& member : auxiliaryMembers()) {
+        addCondition(forms, member.entriesOf(5) + auxiliary_sql::asAdded, {"RegSub"});
+        addCondition(forms, member.sumsOf(5, sampleDimensions), {"AssAcc"});
+    }
+    addCondition(forms, auxiliary_sql::sums({}, 5, {}), {"AssAcc"});
+    addCondition(forms, auxiliary_sql::departmentNamed(awkward), {"Dept"});
+    addCondition(forms, auxiliary_sql::departmentCoded(awkward), {"Dept"});
+    addCondition(forms, auxiliary_sql::departmentsInOrder, {"Dept"});
+    addCondition(forms, auxiliary_sql::personNamed(awkward), {"Person"});
+    addCondition(forms, auxiliary_sql::personCoded(awkward), {"Person"});
+    addCondition(forms, auxiliary_sql::personsInOrder, {"Person"});
+    addCondition(forms, auxiliary_sql::unitNamed(awkward), {"Enter"});
+    addCondition(forms, auxiliary_sql::unitCoded(awkward), {"Enter"});
+    addCondition(forms, auxiliary_sql::unitsInOrder, {"Enter"});
+    addCondition(forms, auxiliary_sql::classesOfAccount(5), {"ProjCodes"});
+    addCondition(forms, auxiliary_sql::classOfCode(awkward), {"ProjClass"});
+    addCondition(forms, auxiliary_sql::classesInOrder, {"ProjClass"});
+    addCondition(forms, auxiliary_sql::openingHeaders, {"RegMain"});
+    addCondition(forms, auxiliary_sql::headerOf(5), {"RegMain"});
+    addCondition(forms, auxiliary_sql::linesOfHeader(5), {"RegSub", "UnregSub"});
+    addCondition(forms, auxiliary_sql::line(5), {"RegSub"});
+    addCondition(forms, auxiliary_sql::endAccounts, {"Code"});
+    addCondition(forms, auxiliary_sql::accountSums(5), {"AccSum"});
+    addSelect(forms, auxiliary_sql::itemNamed("01", awkward));
+    addSelect(forms, auxiliary_sql::itemsInOrder("01"));
 }
 
 void addListConditions(Forms& forms) {
