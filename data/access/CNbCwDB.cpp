@@ -170,7 +170,7 @@ int CNbCwDB::lastId(std::string_view idRow) {
     return id;
 }
 
-Status CNbCwDB::readLastIdBefore(const RecordType& type, int count, std::int32_t& last) {
+Status CNbCwDB::readIdBefore(const RecordType& type, int count, int& last) {
     m_impl->run([&](Database& database) {
         const Status status = database.lastId(type.table.idRow, last);
         return status ? chengheng::checkIdsLeft(last, count) : status;

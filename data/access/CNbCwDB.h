@@ -114,13 +114,6 @@ class CNbCwDB final : public chengheng::RecordOperations {
     CHENGHENG_TABLE_READ(zCodeClass, _zCodeClassInfo)
     void ABIdTable_ReleaseAllBuffer() { release<_ABIdTableInfo>(); }
 
-    /// The last id handed out for a table, when `count` ids are left after it; else noIdLeft, which
-    /// stands in lastStatus(), too. For batches that number their rows themselves.
-    template <class Record>
-    chengheng::Status readLastIdBefore(int count, std::int32_t& last) {
-        return readLastIdBefore(chengheng::recordTypeOf<Record>(), count, last);
-    }
-
     /// Runs a batch of statements in the module's dialect, all or nothing.
     int QRYExecuteSQL(std::string_view statements);
     /// Runs one select. Cells are row-major text, NULL as null, owned by this object until
@@ -186,8 +179,8 @@ class CNbCwDB final : public chengheng::RecordOperations {
     int editRecord(const chengheng::RecordType& type, const void* record) override;
     int removeRecord(const chengheng::RecordType& type, int id) override;
     int readLastId(const chengheng::RecordType& type) override;
-    chengheng::Status readLastIdBefore(const chengheng::RecordType& type, int count,
-                                       std::int32_t& last);
+    chengheng::Status readIdBefore(const chengheng::RecordType& type, int count,
+                                   int& last) override;
 
     int editRows(const char* table, const char* condition, const std::string& assignment);
     int changeRows(std::string statement, const char* condition);

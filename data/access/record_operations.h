@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/values/status.h"
 #include "data/tables/records.h"
 #include "data/tables/text_row.h"
 
@@ -47,6 +48,12 @@ class RecordOperations {
     int lastIdOf() {
         return readLastId(recordTypeOf<Record>());
     }
+    /// The last id handed out, when `count` ids are left after it; else noIdLeft, which stands in
+    /// lastStatus(), too. For batches that number their rows themselves.
+    template <class Record>
+    Status readLastIdBefore(int count, int& last) {
+        return readIdBefore(recordTypeOf<Record>(), count, last);
+    }
 
   protected:
     RecordOperations() = default;
@@ -64,6 +71,7 @@ class RecordOperations {
     virtual int editRecord(const RecordType& type, const void* record) = 0;
     virtual int removeRecord(const RecordType& type, int id) = 0;
     virtual int readLastId(const RecordType& type) = 0;
+    virtual Status readIdBefore(const RecordType& type, int count, int& last) = 0;
 };
 
 }  // namespace chengheng
