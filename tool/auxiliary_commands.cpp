@@ -5,7 +5,6 @@
 #include <memory>
 #include <ostream>
 
-#include "accounts/transfer/import_texts.h"
 #include "auxiliary/entries/entry_reading.h"
 #include "auxiliary/transfer/entry_import.h"
 #include "base/values/numbers.h"
@@ -14,6 +13,7 @@
 #include "data/engine/engine.h"
 #include "opening/storing/saving.h"
 #include "session/last_failure.h"
+#include "sheets/plan_texts.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/output_file.h"
@@ -84,7 +84,7 @@ std::string textOf(const EntryPlan& plan, const AuxiliaryMember& member) {
         text += fmt::format(tool_texts::ignoredHeading, printableLine(heading));
     for (const PlannedEntry& row : plan.rows) {
         text += fmt::format(tool_texts::plannedRow, row.row,
-                            row.isRefused() ? import_texts::fateRefused : import_texts::fateAdded,
+                            row.isRefused() ? plan_texts::fateRefused : plan_texts::fateAdded,
                             printableLine(namesText(row, member)), printableLine(row.input.money));
         if (row.isRefused())
             text += fmt::format(tool_texts::plannedRefusal, printableLine(refusalText(row)));

@@ -164,35 +164,8 @@ class ImportPlanner {
 
 }  // namespace
 
-std::size_t ImportPlan::count(RowFate fate) const {
-    return static_cast<std::size_t>(std::ranges::count(rows, fate, &PlannedRow::fate));
-}
-
 ImportPlan planImport(const ChartSheet& sheet, const ChartState& state) {
     return ImportPlanner(sheet, state).plan();
-}
-
-std::string refusalText(const PlannedRow& row) {
-    return SheetFailure{row.reason, row.row, row.column}.text();
-}
-
-std::string refusedPlace(const PlannedRow& row) {
-    if (row.column == 0) return {};
-    return cellAddress(row.row, row.column) + " " + row.heading;
-}
-
-const char* fateTitle(RowFate fate) {
-    switch (fate) {
-        case RowFate::added:
-            return texts::fateAdded;
-        case RowFate::changed:
-            return texts::fateChanged;
-        case RowFate::unchanged:
-            return texts::fateUnchanged;
-        case RowFate::refused:
-            break;
-    }
-    return texts::fateRefused;
 }
 
 }  // namespace chengheng

@@ -1,17 +1,11 @@
 #pragma once
 
-#include <cstddef>
-#include <functional>
-
 #include "accounts/transfer/import_plan.h"
 #include "base/values/status.h"
 
 class CNbCwDB;
 
 namespace chengheng {
-
-/// Told how much of an import is written; false gives it up, and nothing is changed.
-using ImportProgress = std::function<bool(std::size_t done, std::size_t total)>;
 
 /// Writes what a plan says into the selected database. To be called in a unit of work. Cancelled
 /// when the progress gives it up; missing, with its code, when an account to be changed is gone.

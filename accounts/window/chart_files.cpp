@@ -4,20 +4,30 @@
 
 #include <QDialog>
 
+#include "accounts/chart/account_texts.h"
 #include "accounts/transfer/chart_import.h"
 #include "accounts/transfer/import_texts.h"
-#include "accounts/window/import_window.h"
 #include "screen/chosen_file.h"
+#include "screen/grid/row_plan_window.h"
 
 namespace chengheng {
 
 Outcome importFromChosenFile(IMessages& messages, QWidget* window) {
-    const std::string file = chooseSheetToRead(window, import_texts::openTitle);
+    namespace texts = import_texts;
+    const std::string file = chooseSheetToRead(window, texts::openTitle);
     if (file.empty()) return Outcome::refused;
     ChartImport import(messages);
     const auto plan = import.plan(file);
     if (!plan) return Outcome::failed;
-    ImportWindow preview(import, *plan, file, window);
+    RowPlanWindow preview(
+        {.title = texts::title,
+         .code = account_texts::codeColumn,
+         .name = account_texts::nameColumn,
+         .working = texts::working,
+         .done =
+             fmt::format(texts::done, plan->count(RowFate::added), plan->count(RowFate::changed))},
+        *plan, file, [&](const ImportProgress& progress) { return import.apply(*plan, progress); },
+        window);
     return preview.DoModal() == QDialog::Accepted ? Outcome::done : Outcome::refused;
 }
 

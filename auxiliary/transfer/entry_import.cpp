@@ -17,10 +17,6 @@
 namespace chengheng {
 namespace {
 
-Notice warning(std::string text) {
-    return {.text = std::move(text), .icon = MessageIcon::warning, .beep = true};
-}
-
 /// What a plan is held against, as the books are now.
 struct BooksNow {
     EntryDirectory directory;
@@ -49,7 +45,7 @@ std::optional<EntryPlan> EntryImport::planFile(const std::string& path) {
         if (failure) failure = whileReading(std::move(*failure), path);
     }
     if (failure) {
-        m_messages.tell(warning(failure->text()));
+        m_messages.tell(sheetWarning(failure->text()));
         return std::nullopt;
     }
     return plan(sheet);
@@ -59,7 +55,7 @@ std::optional<EntryPlan> EntryImport::planBlock(Sheet block,
                                                 std::span<const char* const> captions) {
     EntrySheet sheet;
     if (const auto failure = sheet.read(std::move(block), m_member, captions)) {
-        m_messages.tell(warning(failure->text()));
+        m_messages.tell(sheetWarning(failure->text()));
         return std::nullopt;
     }
     return plan(sheet);
@@ -98,7 +94,7 @@ Outcome findEntryAccount(IMessages& messages, std::string_view code, EntryAccoun
         if (!lease.isRead()) return UntoldOutcome::failed();
         const auto refused = [code](fmt::format_string<std::string_view&> text) {
             std::string_view shown = code;
-            return UntoldOutcome::refused(warning(fmt::format(text, shown)));
+            return UntoldOutcome::refused(sheetWarning(fmt::format(text, shown)));
         };
         if (!lease.isFound()) return refused(transfer_texts::accountUnknown);
         const _CodeInfo& stored = *lease.rows().front();

@@ -7,7 +7,6 @@
 #include <map>
 #include <utility>
 
-#include "accounts/transfer/import_texts.h"
 #include "auxiliary/entries/chosen_dimensions.h"
 #include "auxiliary/members/auxiliary_texts.h"
 #include "auxiliary/transfer/transfer_texts.h"
@@ -15,6 +14,7 @@
 #include "forms/input_limit.h"
 #include "opening/editing/amount_text.h"
 #include "opening/sheet/opening_texts.h"
+#include "sheets/plan_texts.h"
 
 namespace chengheng {
 namespace {
@@ -225,7 +225,7 @@ class RowPlanner {
         std::vector<std::string> codes;
         for (const DimensionChoice* choice : found)
             if (codes.size() < shownCodes) codes.push_back(choice->code);
-        std::string listed = fmt::format("{}", fmt::join(codes, import_texts::listSeparator));
+        std::string listed = fmt::format("{}", fmt::join(codes, plan_texts::listSeparator));
         if (found.size() > codes.size()) listed += texts::moreCodes;
         return fmt::format(texts::equalNames, found.size(), name, listed);
     }

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "accounts/transfer/import_texts.h"
 #include "auxiliary/members/auxiliary_texts.h"
 #include "auxiliary/transfer/transfer_texts.h"
 #include "base/values/text.h"
 #include "opening/sheet/opening_account.h"
+#include "sheets/plan_texts.h"
 
 namespace chengheng {
 namespace {
@@ -48,7 +48,7 @@ std::string missingHeadings(const std::vector<WantedColumn>& wanted) {
         if (column.isRequired)
             headings.push_back(fmt::format(transfer_texts::wantedHeading, column.heading));
     return fmt::format(transfer_texts::headingsMissing,
-                       fmt::join(headings, import_texts::listSeparator));
+                       fmt::join(headings, plan_texts::listSeparator));
 }
 
 const double& figureOf(const EntryContent& content, EntryField field) {

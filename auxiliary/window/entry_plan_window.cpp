@@ -4,10 +4,10 @@
 
 #include <QPushButton>
 
-#include "accounts/transfer/import_texts.h"
 #include "auxiliary/members/auxiliary_texts.h"
 #include "auxiliary/transfer/transfer_texts.h"
 #include "screen/shown.h"
+#include "sheets/plan_texts.h"
 
 namespace chengheng {
 namespace {
@@ -21,15 +21,15 @@ class PlannedEntries final : public PlanModel {
   public:
     PlannedEntries(const EntryPlan& plan, const AuxiliaryMember& member)
         : PlanModel(std::span<const GridColumn>()), m_plan(plan), m_member(member) {
-        m_columns = {{import_texts::rowColumn, 6, CellAlignment::number},
-                     {import_texts::fateColumn, 6, CellAlignment::centre},
+        m_columns = {{plan_texts::rowColumn, 6, CellAlignment::number},
+                     {plan_texts::fateColumn, 6, CellAlignment::centre},
                      {auxiliary_texts::summary, 20}};
         for (const DimensionWords& words : member.dimensions)
             m_columns.push_back({words.heading, 16});
         m_columns.push_back({auxiliary_texts::direction, 6, CellAlignment::centre});
         m_columns.push_back({auxiliary_texts::money, 18, CellAlignment::number});
-        m_columns.push_back({import_texts::placeColumn, 14});
-        m_columns.push_back({import_texts::remarkColumn, 36});
+        m_columns.push_back({plan_texts::placeColumn, 14});
+        m_columns.push_back({plan_texts::remarkColumn, 36});
         setGridColumns(m_columns);
     }
 
@@ -50,7 +50,7 @@ class PlannedEntries final : public PlanModel {
             case 0:
                 return QString::number(entry.row);
             case 1:
-                return shown(isRefused(row) ? import_texts::fateRefused : import_texts::fateAdded);
+                return shown(isRefused(row) ? plan_texts::fateRefused : plan_texts::fateAdded);
             case 2:
                 return shown(entry.input.summary);
             case 3:
@@ -77,8 +77,8 @@ class PlannedEntries final : public PlanModel {
 
 PlanContent contentOf(const char* title, const std::string& heading, const EntryPlan& plan) {
     PlanContent content{.title = title,
-                        .rowsName = import_texts::rows,
-                        .apply = import_texts::apply,
+                        .rowsName = plan_texts::rows,
+                        .apply = plan_texts::apply,
                         .mayBeApplied = plan.mayBeApplied()};
     if (!heading.empty()) content.above.push_back(heading);
     content.above.push_back(fmt::format(
@@ -86,10 +86,9 @@ PlanContent contentOf(const char* title, const std::string& heading, const Entry
     if (plan.repeatedCount() > 0)
         content.above.push_back(fmt::format(transfer_texts::repeated, plan.repeatedCount()));
     if (!plan.ignored.empty())
-        content.below.push_back(fmt::format(import_texts::ignored,
-                                            fmt::join(plan.ignored, import_texts::listSeparator)));
-    content.below.emplace_back(plan.mayBeApplied() ? import_texts::isReady
-                                                   : import_texts::isRefused);
+        content.below.push_back(
+            fmt::format(plan_texts::ignored, fmt::join(plan.ignored, plan_texts::listSeparator)));
+    content.below.emplace_back(plan.mayBeApplied() ? plan_texts::isReady : plan_texts::isRefused);
     return content;
 }
 

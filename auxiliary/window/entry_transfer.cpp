@@ -6,7 +6,6 @@
 #include <QClipboard>
 #include <vector>
 
-#include "accounts/transfer/import_texts.h"
 #include "auxiliary/transfer/entry_import.h"
 #include "auxiliary/transfer/transfer_texts.h"
 #include "auxiliary/window/entry_plan_window.h"
@@ -14,6 +13,7 @@
 #include "screen/shown.h"
 #include "screen/wait_window.h"
 #include "sheets/delimited/delimited_text.h"
+#include "sheets/plan_texts.h"
 
 namespace chengheng {
 
@@ -37,7 +37,7 @@ std::optional<std::int32_t> EntryTransfer::importFile() {
     const auto plan = EntryImport(m_messages, m_work.member(), m_work.account()).planFile(file);
     if (!plan) return std::nullopt;
     const auto first =
-        applyShown(*plan, transfer_texts::importTitle, fmt::format(import_texts::file, file));
+        applyShown(*plan, transfer_texts::importTitle, fmt::format(plan_texts::file, file));
     if (first) m_messages.tell({.text = fmt::format(transfer_texts::imported, plan->rows.size())});
     return first;
 }

@@ -6,22 +6,19 @@
 #include "sheets/sheet_texts.h"
 
 namespace chengheng {
-namespace {
 
-Notice warning(std::string text) {
+Notice sheetWarning(std::string text) {
     return {.text = std::move(text), .icon = MessageIcon::warning, .beep = true};
 }
-
-}  // namespace
 
 Outcome exportSheet(IMessages& messages, const Sheet& sheet, const std::string& path,
                     Overwrite overwrite) {
     if (!isSheetName(path))
         return told(messages, UntoldOutcome::refused(
-                                  warning(fmt::format(sheet_texts::fileKindUnknown, path))));
+                                  sheetWarning(fmt::format(sheet_texts::fileKindUnknown, path))));
     const auto failure = writeSheet(sheet, path, overwrite);
     if (!failure) return Outcome::done;
-    return told(messages, {Outcome::failed, warning(failure->text())});
+    return told(messages, {Outcome::failed, sheetWarning(failure->text())});
 }
 
 }  // namespace chengheng

@@ -9,6 +9,9 @@
 
 namespace chengheng {
 
+/// How an operator is told what is wrong with a sheet or its file.
+Notice sheetWarning(std::string text);
+
 /// Writes a sheet as the file that an operator named, CSV or XLSX by the end of its name. What
 /// keeps it from being written is told.
 Outcome exportSheet(IMessages& messages, const Sheet& sheet, const std::string& path,

@@ -1,30 +1,20 @@
-#include "accounts/window/import_window.h"
+#include "screen/grid/row_plan_window.h"
 
 #include <fmt/format.h>
 
 #include <QCoreApplication>
-#include <array>
 
-#include "accounts/chart/account_texts.h"
-#include "accounts/transfer/import_texts.h"
 #include "screen/shown.h"
 #include "screen/wait_window.h"
+#include "sheets/plan_texts.h"
 
 namespace chengheng {
 namespace {
 
-namespace texts = import_texts;
+namespace texts = plan_texts;
 
-constexpr QSize importWindowSize(860, 520);
+constexpr QSize windowSize(860, 520);
 constexpr std::size_t paintedRows = 64;
-constexpr std::array planColumns{
-    GridColumn{texts::rowColumn, 6, CellAlignment::number},
-    GridColumn{texts::fateColumn, 8, CellAlignment::centre},
-    GridColumn{account_texts::codeColumn, 18},
-    GridColumn{account_texts::nameColumn, 30},
-    GridColumn{texts::placeColumn, 16},
-    GridColumn{texts::remarkColumn, 40},
-};
 
 /// Why a row is refused, or what the import will ask about it.
 std::string remarkOf(const PlannedRow& row) {
@@ -34,7 +24,17 @@ std::string remarkOf(const PlannedRow& row) {
 
 class PlannedRows final : public PlanModel {
   public:
-    explicit PlannedRows(const ImportPlan& plan) : PlanModel(planColumns), m_plan(plan) {}
+    PlannedRows(const RowPlan& plan, const RowPlanWords& words)
+        : PlanModel(std::span<const GridColumn>()),
+          m_plan(plan),
+          m_columns{GridColumn{texts::rowColumn, 6, CellAlignment::number},
+                    GridColumn{texts::fateColumn, 8, CellAlignment::centre},
+                    GridColumn{words.code, 18},
+                    GridColumn{words.name, 30},
+                    GridColumn{texts::placeColumn, 16},
+                    GridColumn{texts::remarkColumn, 40}} {
+        setGridColumns(m_columns);
+    }
 
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : static_cast<int>(m_plan.rows.size());
@@ -62,26 +62,25 @@ class PlannedRows final : public PlanModel {
   private:
     const PlannedRow& planned(int row) const { return m_plan.rows[static_cast<std::size_t>(row)]; }
 
-    const ImportPlan& m_plan;
+    const RowPlan& m_plan;
+    const std::vector<GridColumn> m_columns;
 };
 
-bool hasWork(const ImportPlan& plan) { return !plan.added.empty() || !plan.changed.empty(); }
-
-const char* adviceOn(const ImportPlan& plan) {
+const char* adviceOn(const RowPlan& plan) {
     if (!plan.isAcceptable()) return texts::isRefused;
-    return hasWork(plan) ? texts::isReady : texts::hasNothingNew;
+    return plan.changesSomething() ? texts::isReady : texts::hasNothingNew;
 }
 
-PlanContent contentOf(const ImportPlan& plan, const std::string& file) {
+PlanContent contentOf(const char* title, const RowPlan& plan, const std::string& file) {
     PlanContent content{
-        .title = texts::title,
+        .title = title,
         .above = {fmt::format(texts::file, file),
                   fmt::format(texts::summary, plan.count(RowFate::added),
                               plan.count(RowFate::changed), plan.count(RowFate::unchanged),
                               plan.count(RowFate::refused))},
         .rowsName = texts::rows,
         .apply = texts::apply,
-        .mayBeApplied = plan.isAcceptable() && hasWork(plan)};
+        .mayBeApplied = plan.isAcceptable() && plan.changesSomething()};
     if (!plan.ignored.empty())
         content.below.push_back(
             fmt::format(texts::ignored, fmt::join(plan.ignored, texts::listSeparator)));
@@ -91,30 +90,29 @@ PlanContent contentOf(const ImportPlan& plan, const std::string& file) {
 
 }  // namespace
 
-ImportWindow::ImportWindow(ChartImport& import, const ImportPlan& plan, const std::string& file,
-                           QWidget* parent)
-    : PlanWindow(contentOf(plan, file), std::make_unique<PlannedRows>(plan), parent),
-      m_import(import),
-      m_plan(plan) {
-    resize(importWindowSize);
+RowPlanWindow::RowPlanWindow(RowPlanWords words, const RowPlan& plan, const std::string& file,
+                             Apply apply, QWidget* parent)
+    : PlanWindow(contentOf(words.title, plan, file), std::make_unique<PlannedRows>(plan, words),
+                 parent),
+      m_words(std::move(words)),
+      m_apply(std::move(apply)) {
+    resize(windowSize);
 }
 
-void ImportWindow::apply() {
+void RowPlanWindow::apply() {
     Outcome outcome = Outcome::failed;
     {
         // Up from the first row on, so that it does not lie over what is asked before.
         std::unique_ptr<WaitWindow> wait;
-        outcome = m_import.apply(m_plan, [this, &wait](std::size_t done, std::size_t) {
-            if (!wait) wait = std::make_unique<WaitWindow>(shown(texts::working), this);
+        outcome = m_apply([this, &wait](std::size_t done, std::size_t) {
+            if (!wait) wait = std::make_unique<WaitWindow>(shown(m_words.working), this);
             if (done % paintedRows == 0)
                 QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             return true;
         });
     }
     if (outcome == Outcome::refused) return;
-    if (outcome == Outcome::done)
-        messages().tell({.text = fmt::format(texts::done, m_plan.count(RowFate::added),
-                                             m_plan.count(RowFate::changed))});
+    if (outcome == Outcome::done) messages().tell({.text = m_words.done});
     EndDialog(outcome == Outcome::done ? Accepted : Rejected);
 }
 

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "screen/grid/plan_window.h"
+#include "session/record_change.h"
+#include "sheets/row_plan.h"
+
+namespace chengheng {
+
+/// What an import has of its own in its window.
+struct RowPlanWords {
+    const char* title;
+    const char* code;  ///< heads the column of the codes
+    const char* name;
+    const char* working;  ///< while it is written
+    std::string done;     ///< told afterwards
+};
+
+/// Shows what an import would make of each row of a file, and does it when the operator says
+/// so: exactly what is shown, or nothing.
+class RowPlanWindow final : public PlanWindow {
+    Q_OBJECT
+
+  public:
+    /// Carries the plan out; whatever does not give `done` has told the operator why.
+    using Apply = std::function<Outcome(const ImportProgress& progress)>;
+
+    /// The plan outlives the window.
+    RowPlanWindow(RowPlanWords words, const RowPlan& plan, const std::string& file, Apply apply,
+                  QWidget* parent);
+
+  protected:
+    void apply() override;
+
+  private:
+    const RowPlanWords m_words;
+    const Apply m_apply;
+};
+
+}  // namespace chengheng
