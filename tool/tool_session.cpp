@@ -4,6 +4,7 @@
 
 #include "data/engine/engine.h"
 #include "data/engines/open_engine.h"
+#include "data/layout/layout.h"
 
 namespace chengheng {
 namespace {
@@ -29,7 +30,9 @@ ToolSession::ToolSession(std::unique_ptr<Engine> engine, const std::string& loca
                          const std::string& setName)
     : m_session(
           SessionFacts{.database = &m_database, .databaseName = databaseName, .setName = setName}) {
-    m_database.adopt(std::move(engine), shownLocation(location).c_str(), databaseName);
+    int layout = 0;
+    if (!readLayoutNumber(*engine, layout)) layout = 0;
+    m_database.adopt(std::move(engine), shownLocation(location).c_str(), databaseName, layout);
 }
 
 }  // namespace chengheng

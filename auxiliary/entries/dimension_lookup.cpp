@@ -20,6 +20,9 @@ DimensionChoice choiceOf(const _PersonInfo& row) {
     return {
         .id = row.lId, .code = row.sPersonCode, .name = row.sPersonName, .department = row.lDeptId};
 }
+DimensionChoice choiceOf(const _EnterInfo& row) {
+    return {.id = row.lId, .code = row.sEnterCode, .name = row.sEnterName};
+}
 
 template <class Record>
 Status readRecords(CNbCwDB& database, const char* condition, Choices& choices) {
@@ -30,10 +33,8 @@ Status readRecords(CNbCwDB& database, const char* condition, Choices& choices) {
     return Status::done();
 }
 
-/// Rows of an id, a code and a name.
-Status readSelected(CNbCwDB& database, const std::string& select, std::string_view itemClass,
-                    Choices& choices) {
-    const SelectedCells cells(database, select);
+Status readItems(CNbCwDB& database, std::string_view itemClass, Choices& choices) {
+    const SelectedCells cells(database, auxiliary_sql::itemsInOrder(itemClass));
     if (!cells.isRead()) return database.lastStatus();
     for (int row = 0; row < cells.rows(); ++row)
         choices.push_back({.id = cells.number<std::int32_t>(row, 0),
@@ -41,14 +42,6 @@ Status readSelected(CNbCwDB& database, const std::string& select, std::string_vi
                            .name = std::string(cells.text(row, 2)),
                            .itemClass = std::string(itemClass)});
     return Status::done();
-}
-
-Status readItems(CNbCwDB& database, std::string_view itemClass, Choices& choices) {
-    return readSelected(database, auxiliary_sql::itemsInOrder(itemClass), itemClass, choices);
-}
-
-Status readUnits(CNbCwDB& database, const char* condition, Choices& choices) {
-    return readSelected(database, auxiliary_sql::selectUnits(condition), {}, choices);
 }
 
 /// Conditions on the records of a dimension other than the item.
@@ -65,7 +58,7 @@ Conditions conditionsOf(Dimension dimension) {
         return {departmentNamed, departmentCoded, departmentsInOrder, readRecords<_DeptInfo>};
     if (dimension == Dimension::person)
         return {personNamed, personCoded, personsInOrder, readRecords<_PersonInfo>};
-    return {unitNamed, unitCoded, unitsInOrder, readUnits};
+    return {unitNamed, unitCoded, unitsInOrder, readRecords<_EnterInfo>};
 }
 
 void keepPersonsOf(std::int32_t department, Choices& choices) {

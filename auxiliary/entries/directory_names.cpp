@@ -20,15 +20,6 @@ Status readNames(CNbCwDB& database, std::string Record::*name, Names& names) {
     return Status::done();
 }
 
-/// From rows of an id, a code and a name.
-Status readNames(CNbCwDB& database, const std::string& select, Names& names) {
-    const SelectedCells cells(database, select);
-    if (!cells.isRead()) return database.lastStatus();
-    for (int row = 0; row < cells.rows(); ++row)
-        names.emplace(cells.number<std::int32_t>(row, 0), cells.text(row, 2));
-    return Status::done();
-}
-
 std::string nameIn(const Names& names, std::int32_t id) {
     const auto found = names.find(id);
     return found == names.end() ? std::string() : found->second;
@@ -43,8 +34,7 @@ Status DirectoryNames::read(CNbCwDB& database, const AuxiliaryMember& member) {
     if (status && member.has(Dimension::person))
         status = readNames(database, &_PersonInfo::sPersonName, m_persons);
     if (status && member.has(Dimension::unit))
-        status =
-            readNames(database, auxiliary_sql::selectUnits(auxiliary_sql::unitsInOrder), m_units);
+        status = readNames(database, &_EnterInfo::sEnterName, m_units);
     return status && member.has(Dimension::item) ? readItems(database) : status;
 }
 
@@ -57,9 +47,11 @@ Status DirectoryNames::readItems(CNbCwDB& database) {
     }
     for (const _ProjClassInfo& each : classes) {
         if (projectItemTable(each.sClsCode).name.empty()) continue;
-        const Status status =
-            readNames(database, auxiliary_sql::itemsInOrder(each.sClsCode), m_items[each.sClsCode]);
-        if (!status) return status;
+        const SelectedCells items(database, auxiliary_sql::itemsInOrder(each.sClsCode));
+        if (!items.isRead()) return database.lastStatus();
+        Names& names = m_items[each.sClsCode];
+        for (int row = 0; row < items.rows(); ++row)
+            names.emplace(items.number<std::int32_t>(row, 0), items.text(row, 2));
     }
     return Status::done();
 }

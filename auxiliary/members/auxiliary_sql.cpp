@@ -104,12 +104,6 @@ std::string personCoded(std::string_view code) { return formatSql("sPersonCode =
 std::string unitNamed(std::string_view name) { return formatSql("sEnterName = '%s'", name); }
 std::string unitCoded(std::string_view code) { return formatSql("sEnterCode = '%s'", code); }
 
-std::string selectUnits(std::string_view condition) {
-    const bool isOrder = condition.starts_with("ORDER");
-    return formatSql("Select lId, sEnterCode, sEnterName From Enter%s%s",
-                     SqlFragment{isOrder ? " " : " WHERE "}, SqlFragment{condition});
-}
-
 std::string itemNamed(std::string_view classCode, std::string_view name) {
     return formatSql("Select lId From ProjItems%s WHERE FIELD1='%s'", SqlFragment{classCode}, name);
 }

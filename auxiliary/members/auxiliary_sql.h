@@ -76,9 +76,6 @@ std::string classOfCode(std::string_view code);
 /// The project classes that the lines of an account name an item of.
 std::string classesOfAccount(std::int32_t accountId);
 
-/// Units by a condition or an order, their id, code and name: what every layout has of them.
-std::string selectUnits(std::string_view condition);
-
 inline constexpr const char* departmentsInOrder = "ORDER BY sDeptCode, lId";
 inline constexpr const char* personsInOrder = "ORDER BY sPersonCode, lId";
 inline constexpr const char* unitsInOrder = "ORDER BY sEnterCode, lId";

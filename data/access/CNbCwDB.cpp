@@ -88,12 +88,14 @@ int CNbCwDB::DBOpen(NbCwDBInfo& info, const char* location, const char* name, in
     info.location = chengheng::shownLocation(place);
     info.name = textOrEmpty(name);
     info.isServer = chengheng::isServerAddress(place);
-    adopt(std::move(engine), info.location.c_str(), name);
+    adopt(std::move(engine), info.location.c_str(), name, info.layout);
     return 1;
 }
 
-void CNbCwDB::adopt(std::unique_ptr<Engine> engine, const char* location, const char* name) {
+void CNbCwDB::adopt(std::unique_ptr<Engine> engine, const char* location, const char* name,
+                    int layout) {
     m_impl->databases.add(std::move(engine), textOrEmpty(location), textOrEmpty(name));
+    if (layout != 0) m_impl->databases.find(textOrEmpty(name))->setLayout(layout);
 }
 
 int CNbCwDB::DBClose(const char* name) {

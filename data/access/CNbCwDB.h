@@ -47,8 +47,9 @@ class CNbCwDB final : public chengheng::RecordOperations {
     /// there; flag 0 first makes a new, empty set of books.
     int DBOpen(NbCwDBInfo& info, const char* location, const char* name, int flag);
     int DBClose(const char* name);
-    /// Takes over a connection made elsewhere to a database that already has its tables.
-    void adopt(std::unique_ptr<chengheng::Engine> engine, const char* location, const char* name);
+    /// Takes over a connection to a database that has its tables. Layout 0 is that of today.
+    void adopt(std::unique_ptr<chengheng::Engine> engine, const char* location, const char* name,
+               int layout = 0);
     /// Makes an open database the one all further operations work on, and sees to it that it
     /// answers: after a lost connection this is where it is made again.
     int DBSelect(const char* name);
@@ -138,9 +139,7 @@ class CNbCwDB final : public chengheng::RecordOperations {
     const chengheng::Status& lastStatus() const;
     /// Name of the selected database; empty when none is.
     const std::string& selectedName() const;
-
-    /// Runs work of the program's own on the selected database; what came of it is lastStatus(), as
-    /// after any other operation.
+    /// Runs work of the program's own on the selected database; lastStatus() is what came of it.
     chengheng::Status onSelected(
         const std::function<chengheng::Status(chengheng::Database&)>& work);
 
@@ -150,9 +149,8 @@ class CNbCwDB final : public chengheng::RecordOperations {
     chengheng::Status commitUnit(const std::string& name);
     void rollbackUnit(const std::string& name);
 
-    /// Lock service of the selected database; null when none is selected.
+    /// Lock service of the selected database, or of an open one; null when there is none.
     chengheng::LockService* lockService();
-    /// Of an open one; null when none of that name is open.
     chengheng::LockService* lockService(const std::string& name);
     /// Who is asked while locks are waited for, in this and every other open database; not
     /// owned. Null restores the default.

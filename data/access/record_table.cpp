@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <deque>
+#include <set>
 #include <string_view>
 #include <vector>
 
 #include "base/values/text.h"
 #include "data/connection/id_counters.h"
 #include "data/connection/row_io.h"
+#include "data/layout/layout_steps.h"
 
 namespace chengheng {
 namespace {
@@ -19,11 +21,13 @@ bool startsWithOrderBy(std::string_view condition) {
            isSameInAnyCase(condition.substr(start, order.size()), order);
 }
 
-/// "SELECT lId, sCode, ... FROM Code"
-std::string selectSql(const TableInfo& table) {
+/// "SELECT lId, sCode, ... FROM Code"; what a table of an older layout lacks is 0.
+std::string selectSql(const TableInfo& table, int layout = booksFormatVersion) {
+    const std::set<std::string> missing = columnsMissingFrom(layout, table.name);
     std::string columns;
     for (const ColumnInfo& column : table.columns)
-        columns += (columns.empty() ? "" : ", ") + column.name;
+        columns += std::string(columns.empty() ? "" : ", ") +
+                   (missing.contains(column.name) ? "0 AS " : "") + column.name;
     return "SELECT " + columns + " FROM " + table.name;
 }
 
@@ -86,9 +90,11 @@ RecordTable::RecordTable(const RecordType& type)
       m_delete("DELETE FROM " + type.table.name + " WHERE lId = $1"),
       m_records(type) {}
 
-std::string RecordTable::selectText(const char* condition) const {
-    if (condition == nullptr || condition[0] == '\0') return m_select;
-    return m_select + (startsWithOrderBy(condition) ? " " : " WHERE ") + condition;
+std::string RecordTable::selectText(const Database& database, const char* condition) const {
+    const bool isOfToday = database.layout() == booksFormatVersion;
+    std::string text = isOfToday ? m_select : selectSql(m_type.table, database.layout());
+    if (condition == nullptr || condition[0] == '\0') return text;
+    return text + (startsWithOrderBy(condition) ? " " : " WHERE ") + condition;
 }
 
 Status RecordTable::read(Database& database, const char* condition) {
@@ -102,7 +108,7 @@ Status RecordTable::read(Database& database, const char* condition) {
         }
     };
     m_records.clear();
-    Status status = database.select(selectText(condition), readAll);
+    Status status = database.select(selectText(database, condition), readAll);
     if (status && m_records.count() == 0) status = Status::of(Failure::missing, "no rows");
     if (!status) m_records.clear();
     return status;
@@ -111,7 +117,7 @@ Status RecordTable::read(Database& database, const char* condition) {
 Status RecordTable::readTexts(Database& database, const char* condition) {
     m_texts = std::make_unique<TextResult>();
     const auto readAll = [this](Cursor& cursor) { return m_texts->read(cursor); };
-    Status status = database.select(selectText(condition), readAll);
+    Status status = database.select(selectText(database, condition), readAll);
     if (status && m_texts->rows() == 0) status = Status::of(Failure::missing, "no rows");
     if (!status) m_texts.reset();
     return status;

@@ -33,7 +33,7 @@ class RecordTable {
     Status remove(Database& database, int id) const;
 
   private:
-    std::string selectText(const char* condition) const;
+    std::string selectText(const Database& database, const char* condition) const;
 
     const RecordType& m_type;
     std::string m_select, m_insert, m_update, m_delete;

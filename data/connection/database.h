@@ -9,6 +9,7 @@
 #include "data/connection/id_counters.h"
 #include "data/connection/statement_cache.h"
 #include "data/engine/engine.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 
@@ -20,6 +21,9 @@ class Database {
 
     Engine& engine() { return *m_engine; }
     bool isReadOnly() const { return m_engine->isReadOnly(); }
+    /// The number of its layout, of today until told otherwise.
+    int layout() const { return m_layout; }
+    void setLayout(int number) { m_layout = number; }
     /// Path or address, without a password.
     const std::string& location() const { return m_location; }
 
@@ -65,6 +69,7 @@ class Database {
 
     std::unique_ptr<Engine> m_engine;
     std::string m_location;
+    int m_layout = booksFormatVersion;
     StatementCache m_statements;
     IdCounters m_counters;
     std::vector<IdCounters> m_countersBefore;  ///< as they were at the begin of each unit

@@ -38,6 +38,14 @@ void takeOff(const LayoutStep& step, std::vector<TableInfo>& tables) {
 
 std::span<const LayoutStep> layoutSteps() { return steps(); }
 
+std::set<std::string> columnsMissingFrom(int number, std::string_view table) {
+    std::set<std::string> missing;
+    for (const LayoutStep& step : steps())
+        for (const auto& [name, column] : step.newColumns)
+            if (step.from >= number && name == table) missing.insert(column.name);
+    return missing;
+}
+
 std::vector<TableInfo> tablesOfLayout(int number) {
     std::vector<TableInfo> tables = allTables();
     for (const LayoutStep& step : steps())

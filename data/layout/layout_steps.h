@@ -1,6 +1,9 @@
 #pragma once
 
+#include <set>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/tables/schema.h"
@@ -26,6 +29,9 @@ std::span<const LayoutStep> layoutSteps();
 
 /// The first layout whose columns keep out what may not stand in them.
 inline constexpr int firstCheckedLayout = 3;
+
+/// The columns that a table did not have yet in the layout of a number; numbers, all of them.
+std::set<std::string> columnsMissingFrom(int number, std::string_view table);
 
 /// The tables of the layout of a number, in the order in which they are created.
 std::vector<TableInfo> tablesOfLayout(int number);

@@ -4,8 +4,10 @@
 #include <fstream>
 
 #include "books/upgrading/upgrade_texts.h"
+#include "data/access/row_lease.h"
 #include "data/layout/layout.h"
 #include "data/layout/layout_steps.h"
+#include "data/tables/directories.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/older_books.h"
@@ -79,6 +81,21 @@ TEST_P(OlderLayouts, AreToldByTheirNumberAndCanBeRead) {
         }
         EXPECT_EQ(checked.failure, Failure::olderVersion);
         EXPECT_EQ(checked.detail, std::to_string(number));
+    }
+}
+
+TEST_P(OlderLayouts, GiveTheirRecordsWithoutWhatCameLater) {
+    for (int number = 1; number < booksFormatVersion; ++number) {
+        const std::string location = freshLocation(GetParam());
+        auto engine = openForTest(location);
+        fillOlderBooks(*engine, number);
+        CNbCwDB database;
+        database.adopt(std::move(engine), location.c_str(), "books", number);
+        ASSERT_NE(database.DBSelect("books"), 0);
+        const RowLease<_EnterInfo> lease(database, "lId > 0 ORDER BY sEnterName");
+        ASSERT_TRUE(lease.isFound()) << number << database.lastStatus().detail;
+        EXPECT_EQ(lease.rows().front()->sEnterName, "大华商场");
+        EXPECT_EQ(lease.rows().front()->byKind, 0);
     }
 }
 

@@ -39,7 +39,7 @@ TEST(UpgradeCommand, SaysWhatItWouldDoAndDoesItOnDemand) {
     EXPECT_EQ(layoutAt(backup), 1);
     run = chbooks({"upgrade", path});
     EXPECT_EQ(run.exitCode, done);
-    EXPECT_EQ(run.out, "帐套“" + path + "”的数据格式为 3,不需要升级。\n");
+    EXPECT_EQ(run.out, "帐套“" + path + "”的数据格式为 4,不需要升级。\n");
 }
 
 TEST(UpgradeCommand, NamesWhoIsAtWorkAndGivesUpAfterAWhile) {
