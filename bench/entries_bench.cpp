@@ -1,11 +1,16 @@
 // Auxiliary opening entries: what the window shows of an account with many of them, and writing
 // those of many units at once.
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "auxiliary/entries/entry_reading.h"
 #include "auxiliary/entries/entry_service.h"
+#include "auxiliary/transfer/entry_import.h"
 #include "bench/sample_books.h"
 #include "bench/silent_messages.h"
 #include "bench/timing.h"
@@ -67,6 +72,7 @@ class EntriesBench {
     void run() {
         reading();
         writing();
+        importing();
     }
 
   private:
@@ -170,9 +176,7 @@ class EntriesBench {
                              .of = {.unit = unit},
                              .isDebit = true,
                              .money = unit * 1.25};
-            std::string digits = std::to_string(unit);
-            digits.insert(0, 5 - digits.size(), '0');
-            entry.names.unit = "客户" + digits + "有限公司";
+            entry.names.unit = nameOfUnit(unit);
             changes.push_back({.before = {}, .after = entry});
         }
         bench::Pair pair;
@@ -184,6 +188,60 @@ class EntriesBench {
         bench::reportTimes("opening entries of as many units written, 3000", pair, 1.5);
     }
 
+    static std::string nameOfUnit(int unit) {
+        std::string digits = std::to_string(unit);
+        digits.insert(0, 5 - digits.size(), '0');
+        return "客户" + digits + "有限公司";
+    }
+
+    /// What a program does that knows the file and the engine: amounts by the names of units.
+    void importRaw() {
+        std::unordered_map<std::string, int> ids;
+        sqlite3_stmt* units = prepare(m_books.raw(), "SELECT lId, sEnterName FROM Enter");
+        while (sqlite3_step(units) == SQLITE_ROW)
+            ids.emplace(reinterpret_cast<const char*>(sqlite3_column_text(units, 1)),
+                        sqlite3_column_int(units, 0));
+        sqlite3_finalize(units);
+        std::ifstream file(m_file);
+        std::string line;
+        std::getline(file, line);
+        double total = 0;
+        int rows = 0;
+        for (; std::getline(file, line); ++rows) {
+            const std::size_t name = line.find(',') + 1;
+            const std::size_t amount = line.find(',', name) + 1;
+            require(ids.contains(line.substr(name, amount - 1 - name)), "a unit");
+            total += std::strtod(line.c_str() + amount, nullptr);
+        }
+        require(rows == writtenEntries && total > 0, "the floor's file");
+        writeRaw();
+    }
+
+    void importing() {
+        std::ofstream file(m_file);
+        file << "摘要,单位,金额,凭证类别,凭证号\n";
+        for (int unit = 1; unit <= writtenEntries; ++unit)
+            file << "应收货款," << nameOfUnit(unit) << ',' << unit * 1.25 << ",记," << unit << '\n';
+        file.close();
+        m_books.run(
+            "INSERT INTO zAccountM (lId, dtStart, sCodeLen, lYear) VALUES (1, '2026-01-01', '52', "
+            "2026)");
+        m_books.run("INSERT INTO Sign (lId, sSign, sSignName) VALUES (1, '记', '记帐凭证')");
+        bench::Pair pair;
+        pair.reset = [this] { reset(); };
+        pair.floor = [this] { importRaw(); };
+        pair.ours = [this] {
+            const auto plan =
+                chengheng::EntryImport(m_messages, member(), m_written).planFile(m_file);
+            require(plan && plan->mayBeApplied(), "planning");
+            auto changes = plan->changes();
+            require(m_service.write(m_written, changes) == chengheng::Outcome::done, "importing");
+        };
+        bench::reportTimes("opening entries of as many units imported, 3000", pair, 1.5);
+        std::filesystem::remove(m_file);
+    }
+
+    const std::string m_file = std::filesystem::temp_directory_path() / "chengheng-entries.csv";
     bench::SampleBooks m_books{accounts};
     chengheng::HostSession m_session{{.database = &m_books.database(), .databaseName = "books"}};
     bench::SilentMessages m_messages;

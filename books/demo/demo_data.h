@@ -98,7 +98,6 @@ struct Entry {
     const char* person = "";
     const char* unit = "";
     const char* item = "";
-    const char* settlement = "";
 };
 std::span<const Entry> entries();
 

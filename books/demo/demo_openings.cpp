@@ -1,106 +1,88 @@
 #include <algorithm>
-#include <tuple>
+#include <span>
+#include <string>
 #include <vector>
 
-#include "auxiliary/members/auxiliary_sql.h"
+#include "auxiliary/entries/entry_reading.h"
+#include "auxiliary/entries/entry_service.h"
+#include "base/messages/messages.h"
 #include "base/values/numbers.h"
 #include "books/demo/demo_parts.h"
 #include "data/tables/accounts.h"
-#include "data/tables/balances.h"
 #include "data/tables/directories.h"
 #include "data/tables/operators.h"
-#include "data/tables/vouchers.h"
 #include "opening/storing/opening_reading.h"
 #include "opening/storing/posting.h"
+#include "session/host_globals.h"
 
 namespace chengheng {
 namespace {
 
-constexpr int periods = 12;
-constexpr int moneyDecimals = 2;
-
 /// The day before the books begin.
 constexpr Date entryDate{demo::year - 1, 12, 31};
 
-/// An opening entry is a voucher of one line in no period.
-_RegMainInfo headerOf(const DemoBooks& books, std::int32_t number) {
-    _RegMainInfo header;
-    header.dtDate = entryDate;
-    header.sSign = demo::transferVoucherType;
-    header.lNumber = number;
-    header.lUBill = books.idOf<_UsersInfo>(demo::bookkeeper);
-    return header;
-}
+/// Keeps what a service says; nobody is there to be asked.
+class KeptNotice final : public IMessages {
+  public:
+    void tell(const Notice& notice) override { text = notice.text; }
+    Answer ask(const Question&) override { return Answer::no; }
 
-_RegSubInfo lineOf(const DemoBooks& books, const demo::Entry& entry, std::int32_t header) {
-    const _CodeInfo& account = books.accounts.at(entry.code);
-    const std::string_view person = entry.person;
-    _RegSubInfo line;
-    line.lTieId = header;
-    line.lLine = 1;
-    line.sDigest = entry.digest;
-    line.lCodeId = account.lId;
-    line.bDirect = account.bDirect;
-    line.mMoney = entry.money;
-    line.lDeptId = books.idOf<_DeptInfo>(entry.department);
-    if (!person.empty()) line.lPersonId = books.idOf<_PersonInfo>(person);
-    line.lEnterId = books.idOf<_EnterInfo>(entry.unit);
-    if (const auto item = books.items.find(entry.item); item != books.items.end()) {
-        line.lItemId = item->second.id;
-        line.sItemId = item->second.classCode;
+    std::string text;
+};
+
+AuxiliaryEntry entryOf(const DemoBooks& books, const demo::Entry& given, std::int32_t number) {
+    const std::string_view person = given.person;
+    AuxiliaryEntry entry;
+    entry.names = {given.department, given.person, given.unit, given.item};
+    EntryContent& content = entry.content;
+    content.date = entryDate;
+    content.sign = demo::transferVoucherType;
+    content.number = number;
+    content.summary = given.digest;
+    content.isDebit = books.accounts.at(given.code).bDirect != 0;
+    content.money = given.money;
+    content.of.department = books.idOf<_DeptInfo>(given.department);
+    if (!person.empty()) content.of.person = books.idOf<_PersonInfo>(person);
+    content.of.unit = books.idOf<_EnterInfo>(given.unit);
+    if (const auto item = books.items.find(given.item); item != books.items.end()) {
+        content.of.item = item->second.id;
+        content.of.itemClass = item->second.classCode;
     }
-    line.sStlId = entry.settlement;
-    line.bBegin = 1;
-    return line;
+    return entry;
 }
 
-_AssAccInfo auxiliaryOf(const _RegSubInfo& line) {
-    _AssAccInfo sums;
-    sums.lCodeId = line.lCodeId;
-    sums.lItemId = line.lItemId;
-    sums.lDeptId = line.lDeptId;
-    sums.lPersonId = line.lPersonId;
-    sums.lEnterId = line.lEnterId;
-    sums.sItemId = line.sItemId;
-    return sums;
-}
-
-auto dimensionsOf(const _AssAccInfo& sums) {
-    return std::tie(sums.lCodeId, sums.lItemId, sums.lDeptId, sums.lPersonId, sums.lEnterId,
-                    sums.sItemId);
-}
-
-/// The auxiliary sums of the entries, one for each combination of dimensions.
-void addToAuxiliary(std::vector<_AssAccInfo>& auxiliary, const _RegSubInfo& line) {
-    const _AssAccInfo wanted = auxiliaryOf(line);
-    auto found = std::ranges::find_if(auxiliary, [&wanted](const _AssAccInfo& sums) {
-        return dimensionsOf(sums) == dimensionsOf(wanted);
-    });
-    if (found == auxiliary.end()) found = auxiliary.insert(found, wanted);
-    found->mBegin += line.mMoney;
-    Round(found->mBegin, moneyDecimals);
-}
-
-Status writeEntries(DemoBooks& books, std::vector<_AssAccInfo>& auxiliary) {
-    std::int32_t header = 0;
-    std::int32_t lastLine = 0;
-    std::int32_t number = 0;
-    for (const demo::Entry& entry : demo::entries()) {
-        if (Status status = books.add(headerOf(books, ++number), header); !status) return status;
-        const _RegSubInfo line = lineOf(books, entry, header);
-        if (Status status = books.add(line, lastLine); !status) return status;
-        addToAuxiliary(auxiliary, line);
+Status writeEntriesOf(DemoBooks& books, const _CodeInfo& account,
+                      std::vector<EntryChange>& changes) {
+    KeptNotice messages;
+    EntryService service(messages, memberOf(auxiliaryKindOf(account.sAssBook)));
+    switch (service.write(auxiliaryAccount(account), changes)) {
+        case Outcome::done:
+            return Status::done();
+        case Outcome::failed:
+            if (!books.database().lastStatus()) return books.database().lastStatus();
+            break;
+        case Outcome::refused:
+        case Outcome::stale:
+            break;
     }
-    return books.run(auxiliary_sql::setVoucherCounters(header, lastLine));
+    return Status::of(Failure::refused, account.sCode + ": " + messages.text);
 }
 
-Status writeAuxiliary(DemoBooks& books, const std::vector<_AssAccInfo>& auxiliary) {
+/// As the bookkeeper would enter them, those of one account together.
+Status writeEntries(DemoBooks& books) {
+    const HostSession session({.database = &books.database(),
+                               .databaseName = books.database().selectedName(),
+                               .logonUser = {.lUserId = books.idOf<_UsersInfo>(demo::bookkeeper)}});
     Status status = Status::done();
-    for (_AssAccInfo sums : auxiliary) {
-        for (int period = 1; status && period <= periods; ++period) {
-            sums.byPeroid = static_cast<std::uint8_t>(period);
-            status = books.add(sums);
-        }
+    std::vector<EntryChange> changes;
+    std::int32_t number = 0;
+    const auto entries = demo::entries();
+    for (auto entry = entries.begin(); status && entry != entries.end();) {
+        const std::string_view code = entry->code;
+        changes.clear();
+        for (; entry != entries.end() && entry->code == code; ++entry)
+            changes.push_back({.before = {}, .after = entryOf(books, *entry, ++number)});
+        status = writeEntriesOf(books, books.accounts.find(code)->second, changes);
     }
     return status;
 }
@@ -124,7 +106,6 @@ Status writeSums(DemoBooks& books) {
     OpeningSheet& sheet = opening.sheet;
     for (const demo::Opening& given : demo::openings())
         addTo(sheet, given.code, given.money, given.foreign, given.quantity);
-    for (const demo::Entry& entry : demo::entries()) addTo(sheet, entry.code, entry.money, 0, 0);
     sheet.rollUp();
     for (const OpeningAccount& account : sheet.accounts())
         if (status) status = postAccount(books.database(), account, sheet.layout());
@@ -134,9 +115,7 @@ Status writeSums(DemoBooks& books) {
 }  // namespace
 
 Status writeDemoOpenings(DemoBooks& books) {
-    std::vector<_AssAccInfo> auxiliary;
-    Status status = writeEntries(books, auxiliary);
-    if (status) status = writeAuxiliary(books, auxiliary);
+    const Status status = writeEntries(books);
     return status ? writeSums(books) : status;
 }
 
