@@ -30,6 +30,54 @@ std::string named(DirectoryKind kind, std::string_view name) {
     }
 }
 
+void addRecord(std::string& batch, DirectoryKind kind, const DirectoryRecord& record) {
+    const auto& [id, group, code, name, unitKind] = record;
+    switch (kind) {
+        case DirectoryKind::department:
+            return appendSql(batch, "INSERT Dept Values( %d, '%s', '%s' )\r\n", id, code, name);
+        case DirectoryKind::person:
+            return appendSql(batch, "INSERT Person Values( %d, %d, '%s', '%s' )\r\n", id, group,
+                             code, name);
+        case DirectoryKind::unitClass:
+            return appendSql(batch, "INSERT EnterClass Values( %d, '%s', '%s' )\r\n", id, code,
+                             name);
+        case DirectoryKind::unit:
+            return appendSql(batch, "INSERT Enter Values( %d, %d, '%s', '%s', %d )\r\n", id, group,
+                             code, name, static_cast<int>(unitKind));
+        default:
+            return appendSql(batch, "INSERT ProjClass Values( %d, '%s', '%s' )\r\n", id, code,
+                             name);
+    }
+}
+
+void editRecord(std::string& batch, DirectoryKind kind, const DirectoryRecord& record) {
+    const auto& [id, group, code, name, unitKind] = record;
+    switch (kind) {
+        case DirectoryKind::department:
+            return appendSql(
+                batch, "UPDATE Dept SET sDeptCode = '%s', sDeptName = '%s' WHERE lId = %d\r\n",
+                code, name, id);
+        case DirectoryKind::person:
+            return appendSql(batch,
+                             "UPDATE Person SET lDeptId = %d, sPersonCode = '%s', "
+                             "sPersonName = '%s' WHERE lId = %d\r\n",
+                             group, code, name, id);
+        case DirectoryKind::unitClass:
+            return appendSql(
+                batch, "UPDATE EnterClass SET sClsCode = '%s', sClsName = '%s' WHERE lId = %d\r\n",
+                code, name, id);
+        case DirectoryKind::unit:
+            return appendSql(batch,
+                             "UPDATE Enter SET lClassId = %d, sEnterCode = '%s', "
+                             "sEnterName = '%s', byKind = %d WHERE lId = %d\r\n",
+                             group, code, name, static_cast<int>(unitKind), id);
+        default:
+            return appendSql(
+                batch, "UPDATE ProjClass SET sClsCode = '%s', sClsName = '%s' WHERE lId = %d\r\n",
+                code, name, id);
+    }
+}
+
 const char* inOrder(DirectoryKind kind) {
     switch (kind) {
         case DirectoryKind::department:
@@ -73,9 +121,9 @@ void addItem(std::string& batch, std::string_view classCode, const DirectoryReco
     appendSql(batch, "INSERT ProjItems%s Values( %d, '%s', '%s' )\r\n", SqlFragment{classCode},
               item.id, item.code, item.name);
 }
-std::string editItem(std::string_view classCode, const DirectoryRecord& item) {
-    return formatSql("UPDATE ProjItems%s SET FIELD0 = '%s', FIELD1 = '%s' WHERE lId = %d",
-                     SqlFragment{classCode}, item.code, item.name, item.id);
+void editItem(std::string& batch, std::string_view classCode, const DirectoryRecord& item) {
+    appendSql(batch, "UPDATE ProjItems%s SET FIELD0 = '%s', FIELD1 = '%s' WHERE lId = %d\r\n",
+              SqlFragment{classCode}, item.code, item.name, item.id);
 }
 std::string deleteItem(std::string_view classCode, std::int32_t id) {
     return formatSql("DELETE FROM ProjItems%s WHERE lId = %d", SqlFragment{classCode}, id);

@@ -3,14 +3,17 @@
 #include "data/access/row_lease.h"
 #include "data/connection/database.h"
 #include "data/layout/layout.h"
+#include "data/tables/record_type.h"
 #include "directories/directory_rows.h"
 #include "directories/directory_sql.h"
 #include "directories/project_items.h"
+#include "directories/run_batch.h"
 
 namespace chengheng {
 namespace {
 
 using Records = std::vector<DirectoryRecord>;
+using Span = std::span<DirectoryRecord>;
 
 constexpr bool isItem(DirectoryKind kind) { return kind == DirectoryKind::projectItem; }
 
@@ -32,6 +35,18 @@ Status readRows(CNbCwDB& database, DirectoryKind kind, const std::string& condit
 
 Status statusOf(CNbCwDB& database, int result) {
     return result == 0 ? Status::done() : database.lastStatus();
+}
+
+/// Reserves the ids of many new records at once.
+template <class Row>
+Status giveIds(CNbCwDB& database, Span records) {
+    std::int32_t last = 0;
+    const Status status = database.readLastIdBefore<Row>(static_cast<int>(records.size()), last);
+    if (!status) return status;
+    for (DirectoryRecord& record : records) record.id = ++last;
+    return database.onSelected([last](Database& selected) {
+        return selected.setLastId(recordTypeOf<Row>().table.idRow, last);
+    });
 }
 
 /// The table of a class's items.
@@ -93,19 +108,33 @@ Status readNamed(CNbCwDB& database, DirectoryKind kind, std::int32_t group, std:
 }
 
 Status addRecord(CNbCwDB& database, DirectoryKind kind, DirectoryRecord& record) {
-    if (isItem(kind)) return addItem(database, record);
-    Status status = withRowOf(kind, [&](auto row) {
-        write(row, record);
-        return statusOf(database, database.add(row, record.id));
-    });
-    if (status && kind == DirectoryKind::projectClass)
-        status = makeItemTable(database, record.code);
+    return addRecords(database, kind, std::span(&record, 1));
+}
+
+Status addRecords(CNbCwDB& database, DirectoryKind kind, Span records) {
+    if (isItem(kind)) return addItems(database, records);
+    Status status =
+        withRowOf(kind, [&]<class Row>(Row) { return giveIds<Row>(database, records); });
+    std::string batch;
+    for (const DirectoryRecord& record : records) directory_sql::addRecord(batch, kind, record);
+    if (status) status = runBatch(database, batch);
+    for (const DirectoryRecord& record : records)
+        if (status && kind == DirectoryKind::projectClass)
+            status = makeItemTable(database, record.code);
     return status;
+}
+
+Status editRecords(CNbCwDB& database, DirectoryKind kind,
+                   std::span<const DirectoryRecord> records) {
+    if (isItem(kind)) return editItems(database, records);
+    std::string batch;
+    for (const DirectoryRecord& record : records) directory_sql::editRecord(batch, kind, record);
+    return runBatch(database, batch);
 }
 
 Status editRecord(CNbCwDB& database, DirectoryKind kind, const DirectoryRecord& before,
                   const DirectoryRecord& record) {
-    if (isItem(kind)) return editItem(database, record);
+    if (isItem(kind)) return editItems(database, std::span(&record, 1));
     Status status = withRowOf(kind, [&](auto row) {
         write(row, record);
         return statusOf(database, database.edit(row));

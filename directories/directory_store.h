@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -31,10 +32,14 @@ Status readClassCode(CNbCwDB& database, std::int32_t projectClass, std::string& 
 
 /// Adds a record, which gets its id; a project class gets a table for its items.
 Status addRecord(CNbCwDB& database, DirectoryKind kind, DirectoryRecord& record);
+/// The same of many, with few statements.
+Status addRecords(CNbCwDB& database, DirectoryKind kind, std::span<DirectoryRecord> records);
 /// Writes a record over the one that is stored. A project class of another code than before gets
 /// another table; to be called only where nothing stands in its items.
 Status editRecord(CNbCwDB& database, DirectoryKind kind, const DirectoryRecord& before,
                   const DirectoryRecord& record);
+/// Writes many records of unchanged codes over those of their ids.
+Status editRecords(CNbCwDB& database, DirectoryKind kind, std::span<const DirectoryRecord> records);
 /// Deletes a record, the table of a project class with it.
 Status deleteRecord(CNbCwDB& database, DirectoryKind kind, const DirectoryRecord& record);
 

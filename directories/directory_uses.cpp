@@ -11,6 +11,7 @@
 #include "directories/directory_store.h"
 #include "directories/directory_texts.h"
 #include "directories/project_items.h"
+#include "directories/run_batch.h"
 
 namespace chengheng {
 namespace {
@@ -130,9 +131,7 @@ Status deleteEmptyBalances(CNbCwDB& database, DirectoryKind kind, const Director
     Sought sought{.kind = kind, .record = record};
     const Status status = readSought(database, sought);
     if (!status) return status;
-    return database.QRYExecuteSQL(directory_sql::deleteBalances(sought.naming())) != 0
-               ? status
-               : database.lastStatus();
+    return runBatch(database, directory_sql::deleteBalances(sought.naming()));
 }
 
 }  // namespace chengheng

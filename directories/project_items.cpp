@@ -1,6 +1,7 @@
 #include "directories/project_items.h"
 
 #include <limits>
+#include <unordered_map>
 
 #include "data/access/row_lease.h"
 #include "data/access/selected_cells.h"
@@ -9,6 +10,7 @@
 #include "data/tables/schema.h"
 #include "directories/directory_sql.h"
 #include "directories/directory_store.h"
+#include "directories/run_batch.h"
 
 namespace chengheng {
 namespace {
@@ -53,8 +55,46 @@ Status write(CNbCwDB& database, const DirectoryRecord& item, Statement statement
     const Status status = readClassCode(database, item.group, code);
     if (!status) return status;
     if (code.empty()) return whereTableIsMissing(database);
-    return database.QRYExecuteSQL(statement(code)) != 0 ? Status::done() : database.lastStatus();
+    return runBatch(database, statement(code));
 }
+
+/// The tables of the classes that items are written into, each asked for once.
+class ItemTables {
+  public:
+    struct Table {
+        std::string classCode;
+        std::optional<std::int32_t> lastId;  ///< once it is asked for
+    };
+
+    explicit ItemTables(CNbCwDB& database) : m_database(database) {}
+
+    Status find(std::int32_t projectClass, Table*& table) {
+        const auto [found, isNew] = m_tables.try_emplace(projectClass);
+        table = &found->second;
+        if (isNew) {
+            const Status status = readClassCode(m_database, projectClass, table->classCode);
+            if (!status) return status;
+        }
+        return table->classCode.empty() ? whereTableIsMissing(m_database) : Status::done();
+    }
+
+    Status takeId(Table& table, std::int32_t& id) {
+        if (!table.lastId) {
+            const SelectedCells cells(m_database, directory_sql::lastItemId(table.classCode));
+            if (!cells.isRead()) return m_database.lastStatus();
+            table.lastId = cells.rows() > 0 ? cells.number<std::int32_t>(0, 0) : 0;
+        }
+        if (*table.lastId == std::numeric_limits<std::int32_t>::max())
+            return refused(m_database,
+                           Status::of(Failure::noIdLeft, projectItemTable(table.classCode).name));
+        id = ++*table.lastId;
+        return Status::done();
+    }
+
+  private:
+    CNbCwDB& m_database;
+    std::unordered_map<std::int32_t, Table> m_tables;
+};
 
 }  // namespace
 
@@ -122,28 +162,27 @@ Status readHasItems(CNbCwDB& database, std::string_view classCode, bool& hasItem
     return cells.isRead() ? status : database.lastStatus();
 }
 
-Status addItem(CNbCwDB& database, DirectoryRecord& item) {
-    std::string code;
-    Status status = readClassCode(database, item.group, code);
-    if (!status) return status;
-    if (code.empty()) return whereTableIsMissing(database);
-    std::int32_t last = 0;
-    {
-        const SelectedCells cells(database, directory_sql::lastItemId(code));
-        if (!cells.isRead()) return database.lastStatus();
-        if (cells.rows() > 0) last = cells.number<std::int32_t>(0, 0);
-    }
-    if (last == std::numeric_limits<std::int32_t>::max())
-        return refused(database, Status::of(Failure::noIdLeft, projectItemTable(code).name));
-    item.id = last + 1;
+Status addItems(CNbCwDB& database, std::span<DirectoryRecord> items) {
+    ItemTables tables(database);
     std::string batch;
-    directory_sql::addItem(batch, code, item);
-    return database.QRYExecuteSQL(batch) != 0 ? Status::done() : database.lastStatus();
+    for (DirectoryRecord& item : items) {
+        ItemTables::Table* table = nullptr;
+        if (const Status status = tables.find(item.group, table); !status) return status;
+        if (const Status status = tables.takeId(*table, item.id); !status) return status;
+        directory_sql::addItem(batch, table->classCode, item);
+    }
+    return runBatch(database, batch);
 }
 
-Status editItem(CNbCwDB& database, const DirectoryRecord& item) {
-    return write(database, item,
-                 [&](const std::string& code) { return directory_sql::editItem(code, item); });
+Status editItems(CNbCwDB& database, std::span<const DirectoryRecord> items) {
+    ItemTables tables(database);
+    std::string batch;
+    for (const DirectoryRecord& item : items) {
+        ItemTables::Table* table = nullptr;
+        if (const Status status = tables.find(item.group, table); !status) return status;
+        directory_sql::editItem(batch, table->classCode, item);
+    }
+    return runBatch(database, batch);
 }
 
 Status deleteItem(CNbCwDB& database, const DirectoryRecord& item) {

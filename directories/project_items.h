@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -24,9 +25,9 @@ Status readHasItemTable(CNbCwDB& database, std::string_view classCode, bool& has
 /// Whether a class has any.
 Status readHasItems(CNbCwDB& database, std::string_view classCode, bool& hasItems);
 
-/// The item gets the id after the highest of its class.
-Status addItem(CNbCwDB& database, DirectoryRecord& item);
-Status editItem(CNbCwDB& database, const DirectoryRecord& item);
+/// Each item gets the id after the highest of its class.
+Status addItems(CNbCwDB& database, std::span<DirectoryRecord> items);
+Status editItems(CNbCwDB& database, std::span<const DirectoryRecord> items);
 Status deleteItem(CNbCwDB& database, const DirectoryRecord& item);
 
 }  // namespace chengheng
