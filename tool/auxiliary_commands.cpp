@@ -13,7 +13,6 @@
 #include "data/engine/engine.h"
 #include "opening/storing/saving.h"
 #include "session/last_failure.h"
-#include "sheets/plan_texts.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/output_file.h"
@@ -83,8 +82,7 @@ std::string textOf(const EntryPlan& plan, const AuxiliaryMember& member) {
     for (const std::string& heading : plan.ignored)
         text += fmt::format(tool_texts::ignoredHeading, printableLine(heading));
     for (const PlannedEntry& row : plan.rows) {
-        text += fmt::format(tool_texts::plannedRow, row.row,
-                            row.isRefused() ? plan_texts::fateRefused : plan_texts::fateAdded,
+        text += fmt::format(tool_texts::plannedRow, row.row, fateTitle(row.fate),
                             printableLine(namesText(row, member)), printableLine(row.input.money));
         if (row.isRefused())
             text += fmt::format(tool_texts::plannedRefusal, printableLine(refusalText(row)));

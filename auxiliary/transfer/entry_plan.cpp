@@ -121,6 +121,7 @@ class RowPlanner {
             refuse(*refusal);
         } else {
             fillEntry(m_facts.member, m_planned.input, chosen(), m_planned.entry.emplace());
+            m_planned.fate = RowFate::added;
         }
         return std::move(m_planned);
     }
@@ -277,14 +278,6 @@ EntryPlan planEntries(const EntrySheet& sheet, const EntryPlanFacts& facts) {
         planned.isThere = planned.entry && stored.have(planned.entry->content);
     }
     return plan;
-}
-
-std::string refusalText(const PlannedEntry& row) {
-    return SheetFailure{row.reason, row.row, row.column}.text();
-}
-
-std::string refusedPlace(const PlannedEntry& row) {
-    return row.column == 0 ? std::string() : cellAddress(row.row, row.column) + " " + row.heading;
 }
 
 std::string namesText(const PlannedEntry& row, const AuxiliaryMember& member) {

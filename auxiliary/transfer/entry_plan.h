@@ -13,20 +13,17 @@
 #include "auxiliary/transfer/entry_sheet.h"
 #include "base/messages/checks.h"
 #include "data/tables/settlement.h"
+#include "sheets/row_plan.h"
 
 namespace chengheng {
 
 /// What becomes of a row of pasted or imported entries.
-struct PlannedEntry {
-    std::size_t row = 0;  ///< in the sheet, from 1
+struct PlannedEntry : PlannedRow {
     EntryInput input = {};
     std::optional<AuxiliaryEntry> entry = {};  ///< nothing: the row is refused
     bool isThere = false;                      ///< the account has just such an entry already
-    std::string reason = {};                   ///< why it is refused
-    std::size_t column = 0;                    ///< where, from 1; 0: no single cell
-    std::string heading = {};                  ///< of that column
 
-    bool isRefused() const { return !entry; }
+    bool isRefused() const { return fate == RowFate::refused; }
 };
 
 /// An import of entries as it is shown before it is done: all of them or none.
@@ -64,10 +61,6 @@ struct EntryRowFacts {
 };
 std::span<const Check<EntryRowFacts>> entryRowChecks();
 
-/// "第 7 行 B 列:摘要不能为空"
-std::string refusalText(const PlannedEntry& row);
-/// The cell that a row is refused for: "B7 摘要"; empty when it is no single one.
-std::string refusedPlace(const PlannedEntry& row);
 /// The names of the dimensions of a row in the order of the member: "销售部 张三".
 std::string namesText(const PlannedEntry& row, const AuxiliaryMember& member);
 

@@ -50,7 +50,7 @@ class PlannedEntries final : public PlanModel {
             case 0:
                 return QString::number(entry.row);
             case 1:
-                return shown(isRefused(row) ? plan_texts::fateRefused : plan_texts::fateAdded);
+                return shown(fateTitle(entry.fate));
             case 2:
                 return shown(entry.input.summary);
             case 3:
