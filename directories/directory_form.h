@@ -22,6 +22,8 @@ class DirectoryForm final : public ListForm {
     const std::vector<DirectoryRecord>& groups() const { return m_groups; }
     /// Reads them anew; where that fails they stay, and the operator has been told.
     void readGroups();
+    /// What a record belongs to; null where that is gone.
+    const DirectoryRecord* groupOf(const DirectoryRecord& record) const;
     /// An item stays in its class.
     bool mayChangeGroup() const {
         return isAdding() || m_directory.kind != DirectoryKind::projectItem;
@@ -53,7 +55,6 @@ class DirectoryForm final : public ListForm {
     /// Items of different classes may have one id: they get others for the list.
     int leafIdOf(const DirectoryRecord& record);
     Leaf leafOf(const DirectoryRecord& record);
-    const DirectoryRecord* groupOf(const DirectoryRecord& record) const;
     void keep(const DirectoryRecord& record);
 
     const Directory& m_directory;

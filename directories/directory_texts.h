@@ -28,6 +28,8 @@ inline constexpr const char* unitKind = "性质";
 /// By the number of the kind.
 inline constexpr std::array unitKinds{"客户兼供应商", "客户", "供应商"};
 inline constexpr const char* openGroups = "目录...";
+inline constexpr const char* add = "增加(&N)...";
+inline constexpr const char* openDirectory = "目录(&D)...";
 
 inline constexpr const char* codeEmpty = "{}编码不能为空";
 inline constexpr const char* codeBlank = "{}编码不能包含空格";

@@ -68,10 +68,6 @@ inline constexpr const char* classOfUsedAbove =
     "科目 {} 已经使用。改为“{}”不改变下级科目的类型,试算平衡仍按下级科目的类型计算。";
 
 inline constexpr const char* browseCurrency = "选择币种";
-inline constexpr const char* persons = "个人目录";
-inline constexpr const char* departments = "部门目录";
-inline constexpr const char* projects = "项目大类";
-inline constexpr const char* units = "单位目录";
 
 inline constexpr const char* usedTitle = "科目使用情况";
 inline constexpr const char* usedHeading = "科目 {} 及其下级科目的使用情况:";

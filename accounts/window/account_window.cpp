@@ -11,6 +11,8 @@
 #include "data/lookups/CGetData.h"
 #include "data/lookups/cached_records.h"
 #include "data/tables/currency.h"
+#include "directories/directory_service.h"
+#include "directories/window/open_directory.h"
 #include "forms/discard_input.h"
 #include "screen/enter_moves_on.h"
 #include "screen/grid/picker_window.h"
@@ -27,18 +29,18 @@ struct BookBox {
     QCheckBox* Ui::AccountWindow::*box;
     bool AuxiliaryBooks::*book;
     QToolButton* Ui::AccountWindow::*browse;
-    AccountDirectory directory;
+    DirectoryKind directory;
 };
 
 constexpr std::array bookBoxes{
     BookBox{&Ui::AccountWindow::byPerson, &AuxiliaryBooks::byPerson,
-            &Ui::AccountWindow::byPersonBrowse, AccountDirectory::persons},
+            &Ui::AccountWindow::byPersonBrowse, DirectoryKind::person},
     BookBox{&Ui::AccountWindow::byDepartment, &AuxiliaryBooks::byDepartment,
-            &Ui::AccountWindow::byDepartmentBrowse, AccountDirectory::departments},
+            &Ui::AccountWindow::byDepartmentBrowse, DirectoryKind::department},
     BookBox{&Ui::AccountWindow::byProject, &AuxiliaryBooks::byProject,
-            &Ui::AccountWindow::byProjectBrowse, AccountDirectory::projects},
+            &Ui::AccountWindow::byProjectBrowse, DirectoryKind::projectClass},
     BookBox{&Ui::AccountWindow::byUnit, &AuxiliaryBooks::byUnit, &Ui::AccountWindow::byUnitBrowse,
-            AccountDirectory::units},
+            DirectoryKind::unit},
     BookBox{&Ui::AccountWindow::isJournal, &AuxiliaryBooks::isJournal, nullptr, {}},
     BookBox{&Ui::AccountWindow::isBank, &AuxiliaryBooks::isBank, nullptr, {}},
 };
@@ -128,7 +130,7 @@ void AccountWindow::connectButtons() {
     for (const BookBox& book : bookBoxes) {
         if (book.browse == nullptr) continue;
         QToolButton* button = m_ui.get()->*book.browse;
-        button->setAccessibleName(shown(titleOf(book.directory)));
+        button->setAccessibleName(shown(directoryOf(book.directory).title));
         connect(button, &QToolButton::clicked, this,
                 guarded([this, &book] { browse(book.directory); }));
     }
@@ -148,15 +150,26 @@ void AccountWindow::browseCurrency() {
     if (chosen >= 0) m_ui->byExchId->setCurrentIndex(chosen);
 }
 
-void AccountWindow::browse(AccountDirectory directory) {
-    std::vector<DirectoryEntry> entries;
-    if (!readDirectory(directory, entries)) {
-        TellFailure();
-        return;
-    }
-    std::vector<PickerRow> rows;
-    for (const DirectoryEntry& entry : entries) rows.push_back({entry.code, entry.name});
-    PickerWindow(shown(titleOf(directory)), std::move(rows), this).choose();
+/// There is nothing to choose in it for an account.
+void AccountWindow::browse(DirectoryKind kind) {
+    DirectoryService service(messages(), directoryOf(kind));
+    const auto read =
+        [&](const std::optional<ChosenRecord>& chosen) -> std::optional<PickerChange> {
+        const auto records = service.readAll();
+        if (!records) return std::nullopt;
+        PickerChange change;
+        for (const DirectoryRecord& record : *records) {
+            if (chosen && chosen->record.id == record.id)
+                change.chosen = static_cast<int>(change.rows.size());
+            change.rows.push_back({record.code, record.name});
+        }
+        return change;
+    };
+    const auto all = read(std::nullopt);
+    if (!all) return;
+    PickerWindow picker(shown(directoryOf(kind).title), all->rows, this);
+    offerDirectory(picker, kind, messages(), read);
+    picker.choose();
 }
 
 void AccountWindow::showEntry(const AccountEntry& entry) {

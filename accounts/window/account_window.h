@@ -3,9 +3,9 @@
 #include <functional>
 #include <memory>
 
-#include "accounts/screen/account_directories.h"
 #include "accounts/screen/account_form.h"
 #include "data/tables/accounts.h"
+#include "directories/directory.h"
 #include "screen/CNxMiddleDialog.h"
 
 class QCheckBox;
@@ -49,7 +49,7 @@ class AccountWindow final : public CNxMiddleDialog {
     void connectButtons();
     void connectArrow(QToolButton* button, AccountForm::Step step);
     void browseCurrency();
-    void browse(AccountDirectory directory);
+    void browse(DirectoryKind kind);
     void save(ParentSums parentSums = ParentSums::keepOut);
     void move(AccountForm::Step step);
     void showAccounting(const AccountEntry& entry);

@@ -7,8 +7,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "auxiliary/members/auxiliary_texts.h"
+#include "directories/window/open_directory.h"
 #include "screen/enter_moves_on.h"
 #include "screen/forms/limited_edit.h"
 #include "screen/grid/picker_window.h"
@@ -22,6 +24,38 @@ const char* headingOf(const AuxiliaryMember& member, Dimension dimension) {
     for (const DimensionWords& words : member.dimensions)
         if (words.dimension == dimension) return words.heading;
     return "";
+}
+
+std::vector<PickerRow> rowsOf(const std::vector<DimensionChoice>& choices) {
+    const std::vector<std::string> codes = codesToPickFrom(choices);
+    std::vector<PickerRow> rows;
+    rows.reserve(choices.size());
+    for (std::size_t place = 0; place < choices.size(); ++place)
+        rows.push_back({codes[place], choices[place].name});
+    return rows;
+}
+
+DirectoryKind directoryKindOf(Dimension dimension) {
+    switch (dimension) {
+        case Dimension::department:
+            return DirectoryKind::department;
+        case Dimension::person:
+            return DirectoryKind::person;
+        case Dimension::unit:
+            return DirectoryKind::unit;
+        case Dimension::item:
+            break;
+    }
+    return DirectoryKind::projectItem;
+}
+
+/// -1 where the record may not be named here.
+int placeOf(const ChosenRecord& chosen, const std::vector<DimensionChoice>& choices) {
+    const auto found = std::ranges::find_if(choices, [&chosen](const DimensionChoice& choice) {
+        return choice.id == chosen.record.id &&
+               (choice.itemClass.empty() || choice.itemClass == chosen.groupCode);
+    });
+    return found == choices.end() ? -1 : static_cast<int>(found - choices.begin());
 }
 
 }  // namespace
@@ -95,8 +129,8 @@ void EntryWindow::settle(Dimension dimension) {
 
 void EntryWindow::browse(const DimensionField& field) {
     UpdateData();
-    if (const auto choices = m_form.choices(field.dimension)) {
-        const auto chosen = pick(field.dimension, *choices);
+    if (auto choices = m_form.choices(field.dimension)) {
+        const auto chosen = pick(field.dimension, *choices, MayAdd::yes);
         if (chosen) m_form.choose(field.dimension, *chosen);
     }
     UpdateData(false);
@@ -105,13 +139,18 @@ void EntryWindow::browse(const DimensionField& field) {
 }
 
 std::optional<DimensionChoice> EntryWindow::pick(Dimension dimension,
-                                                 const std::vector<DimensionChoice>& choices) {
-    const std::vector<std::string> codes = codesToPickFrom(choices);
-    std::vector<PickerRow> rows;
-    rows.reserve(choices.size());
-    for (std::size_t place = 0; place < choices.size(); ++place)
-        rows.push_back({codes[place], choices[place].name});
-    PickerWindow picker(shown(headingOf(m_form.member(), dimension)), std::move(rows), this);
+                                                 std::vector<DimensionChoice> choices,
+                                                 MayAdd mayAdd) {
+    PickerWindow picker(shown(headingOf(m_form.member(), dimension)), rowsOf(choices), this);
+    const auto readAnew =
+        [&](const std::optional<ChosenRecord>& chosen) -> std::optional<PickerChange> {
+        auto anew = m_form.choices(dimension);
+        if (!anew) return std::nullopt;
+        choices = std::move(*anew);
+        return PickerChange{rowsOf(choices), chosen ? placeOf(*chosen, choices) : -1};
+    };
+    if (mayAdd == MayAdd::yes)
+        offerDirectory(picker, directoryKindOf(dimension), messages(), readAnew);
     const int chosen = picker.choose();
     if (chosen < 0) return std::nullopt;
     return choices[static_cast<std::size_t>(chosen)];
@@ -132,7 +171,7 @@ void EntryWindow::OnOK() {
     UpdateData();
     const auto entry =
         m_form.accept([this](Dimension dimension, const std::vector<DimensionChoice>& choices) {
-            return pick(dimension, choices);
+            return pick(dimension, choices, MayAdd::no);
         });
     UpdateData(false);
     if (entry && m_write(*entry)) return EndDialog(Accepted);

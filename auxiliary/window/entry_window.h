@@ -35,8 +35,10 @@ class EntryWindow final : public CNxMiddleDialog {
     void connectDimension(const DimensionField& field);
     void settle(Dimension dimension);
     void browse(const DimensionField& field);
-    std::optional<DimensionChoice> pick(Dimension dimension,
-                                        const std::vector<DimensionChoice>& choices);
+    enum class MayAdd { no, yes };
+
+    std::optional<DimensionChoice> pick(Dimension dimension, std::vector<DimensionChoice> choices,
+                                        MayAdd mayAdd);
     void goTo(const std::string& field);
     void giveUp(bool isByButton);
 

@@ -7,7 +7,6 @@
 #include "directories/directory_list.h"
 #include "directories/directory_rules.h"
 #include "directories/directory_texts.h"
-#include "directories/window/open_directory.h"
 #include "screen/forms/limited_edit.h"
 #include "screen/help/help_pages.h"
 #include "screen/shown.h"
@@ -31,6 +30,13 @@ bool DirectoryWindow::OnInitDialog() {
     const bool isFocusSet = ListFormDialog::OnInitDialog();
     if (m_startsWithAddition) OnMenuInsert();
     return isFocusSet;
+}
+
+std::optional<ChosenRecord> DirectoryWindow::chosen() const {
+    const DirectoryRecord* record = m_form.selected();
+    if (record == nullptr) return std::nullopt;
+    const DirectoryRecord* group = m_form.groupOf(*record);
+    return ChosenRecord{*record, group == nullptr ? std::string() : group->code};
 }
 
 void DirectoryWindow::addFields() {
@@ -84,7 +90,7 @@ void DirectoryWindow::showGroups() {
 void DirectoryWindow::openGroups() {
     const auto chosen = openDirectory(*m_form.directory().groups, *this, messages());
     m_form.readGroups();
-    if (chosen && m_form.mayChangeGroup()) m_form.input.group = chosen->id;
+    if (chosen && m_form.mayChangeGroup()) m_form.input.group = chosen->record.id;
     showAnew();
     m_group->setFocus(Qt::OtherFocusReason);
 }

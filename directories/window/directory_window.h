@@ -1,6 +1,7 @@
 #pragma once
 
 #include "directories/directory_form.h"
+#include "directories/window/open_directory.h"
 #include "screen/forms/list_form_dialog.h"
 
 class QComboBox;
@@ -19,7 +20,7 @@ class DirectoryWindow final : public ListFormDialog {
     /// A record is being added as the window comes up.
     void startWithAddition() { m_startsWithAddition = true; }
     /// The record selected when the window closed; nothing while one was being added.
-    const DirectoryRecord* chosen() const { return m_form.selected(); }
+    std::optional<ChosenRecord> chosen() const;
 
   protected:
     bool OnInitDialog() override;

@@ -45,6 +45,14 @@ class PickerRows final : public GridModel {
             if (holds(position, wanted)) m_shown.push_back(position);
         endResetModel();
     }
+    void replace(std::vector<PickerRow> rows) {
+        m_rows = std::move(rows);
+        m_initials.clear();
+    }
+    int rowOf(std::size_t position) const {
+        const auto found = std::ranges::find(m_shown, position);
+        return found == m_shown.end() ? -1 : static_cast<int>(found - m_shown.begin());
+    }
     /// Position among all rows; -1 where none is shown.
     int positionOf(int row) const {
         return row < 0 || row >= rowCount() ? -1
@@ -92,21 +100,21 @@ void PickerWindow::buildControls() {
     label->setBuddy(m_wanted);
     m_grid->setGridModel(m_rows.get());
     m_grid->horizontalHeader()->setStretchLastSection(true);
-    auto* buttons = new QDialogButtonBox(this);
-    auto* confirm =
-        buttons->addButton(QString::fromUtf8(screen_texts::confirm), QDialogButtonBox::AcceptRole);
+    m_buttons = new QDialogButtonBox(this);
+    auto* confirm = m_buttons->addButton(QString::fromUtf8(screen_texts::confirm),
+                                         QDialogButtonBox::AcceptRole);
     confirm->setDefault(true);
-    buttons->addButton(QString::fromUtf8(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    m_buttons->addButton(QString::fromUtf8(screen_texts::cancel), QDialogButtonBox::RejectRole);
     auto* search = new QHBoxLayout;
     search->addWidget(label);
     search->addWidget(m_wanted);
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(search);
     rows->addWidget(m_grid, 1);
-    rows->addWidget(buttons);
+    rows->addWidget(m_buttons);
     connect(m_wanted, &QLineEdit::textChanged, this, &PickerWindow::narrow);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    connect(m_buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
+    connect(m_buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
     connect(m_grid, &CVCF1::doubleClicked, this, [this] { EndDialog(Accepted); });
     connect(m_grid, &CVCF1::keyDown, this, [this](int key) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter) EndDialog(Accepted);
@@ -121,6 +129,30 @@ void PickerWindow::buildControls() {
 void PickerWindow::narrow(const QString& wanted) {
     m_rows->narrow(wanted.trimmed().toStdString());
     m_grid->setCurrentRow(0);
+}
+
+void PickerWindow::addCommand(const QString& text,
+                              std::function<std::optional<PickerChange>()> work,
+                              Afterwards afterwards) {
+    auto* button = m_buttons->addButton(text, QDialogButtonBox::ActionRole);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this,
+            guarded([this, work = std::move(work), afterwards] {
+                if (auto change = work()) take(std::move(*change), afterwards);
+            }));
+}
+
+/// What is looked for stays, unless it would hide the record that was chosen.
+void PickerWindow::take(PickerChange change, Afterwards afterwards) {
+    const int row = m_grid->currentRow();
+    m_rows->replace(std::move(change.rows));
+    m_rows->narrow(m_wanted->text().trimmed().toStdString());
+    if (change.chosen < 0) return m_grid->setCurrentRow(std::min(row, m_rows->rowCount() - 1));
+    const auto chosen = static_cast<std::size_t>(change.chosen);
+    if (m_rows->rowOf(chosen) < 0) m_wanted->clear();
+    m_grid->setCurrentRow(m_rows->rowOf(chosen));
+    m_grid->setFocus();
+    if (afterwards == Afterwards::takeTheChosen) EndDialog(Accepted);
 }
 
 int PickerWindow::choose(int current) {

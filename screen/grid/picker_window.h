@@ -1,11 +1,14 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "screen/dialog_frame.h"
 
 class CVCF1;
+class QDialogButtonBox;
 class QLineEdit;
 namespace chengheng {
 class PickerRows;
@@ -14,6 +17,12 @@ class PickerRows;
 struct PickerRow {
     std::string code;
     std::string name;
+};
+
+/// The records as a command of a picker leaves them.
+struct PickerChange {
+    std::vector<PickerRow> rows;
+    int chosen = -1;  ///< position of the one chosen there; -1 for none
 };
 
 /// A list of records with a field that narrows it, by code, name and the initials of the name:
@@ -25,6 +34,12 @@ class PickerWindow final : public DialogFrame {
     PickerWindow(const QString& title, std::vector<PickerRow> rows, QWidget* parent);
     ~PickerWindow() override;
 
+    enum class Afterwards { stay, takeTheChosen };
+
+    /// Adds a button whose work gives the records as they are then; nothing when they cannot be
+    /// read, which the operator has been told.
+    void addCommand(const QString& text, std::function<std::optional<PickerChange>()> work,
+                    Afterwards afterwards);
     /// Shows the list with a row selected; the position of the row chosen, -1 for none.
     int choose(int current = -1);
 
@@ -32,9 +47,12 @@ class PickerWindow final : public DialogFrame {
     void buildControls();
     void narrow(const QString& wanted);
 
+    void take(PickerChange change, Afterwards afterwards);
+
     std::unique_ptr<PickerRows> m_rows;
     CVCF1* m_grid;
     QLineEdit* m_wanted;
+    QDialogButtonBox* m_buttons = nullptr;
 };
 
 }  // namespace chengheng

@@ -69,6 +69,15 @@ TEST_P(DirectoryServices, AreReadInTheOrderOfTheirCodes) {
     EXPECT_EQ(stored(projectItem, 1).group, stored(projectClass).front().id);
 }
 
+TEST_P(DirectoryServices, AreUnknownAndNotEmptyWhenTheyCannotBeRead) {
+    for (const Directory& each : directories()) {
+        m_books.books().engine().failCall(2, Failure::full);
+        EXPECT_EQ(service(each.kind).readAll(), std::nullopt) << each.key;
+        m_books.books().engine().failCall(0);
+        EXPECT_NE(said(), "") << each.key;
+    }
+}
+
 TEST_P(DirectoryServices, TakeANewRecordWithTheNextId) {
     for (const Directory& each : directories()) {
         ASSERT_EQ(add(each.kind, " 09 ", "新的　"), Outcome::done) << each.key << said();

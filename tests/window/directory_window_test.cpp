@@ -113,7 +113,8 @@ TEST_F(DirectoryWindowTest, AddsByKeysAloneAndStandsAtItsPlaceInTheList) {
     EXPECT_EQ(leaves(), (Lines{"U1 甲公司 (客户)", "U15 丙公司 (客户)", "U2 乙公司 (客户)"}));
     DirectoryService service(books.messages(), directoryOf(DirectoryKind::unit));
     EXPECT_EQ(service.readAll()->at(1).unitKind, UnitKind::customer);
-    EXPECT_EQ(window->chosen()->code, "U15");
+    EXPECT_EQ(window->chosen()->record.code, "U15");
+    EXPECT_EQ(window->chosen()->groupCode, "1");
 }
 
 TEST_F(DirectoryWindowTest, GoesBackToTheFieldOfARefusal) {
@@ -165,7 +166,8 @@ TEST_F(DirectoryWindowTest, TellsItemsOfTwoClassesApart) {
     EXPECT_EQ(leaves().back(), "I1 甲品 (研发)");
     select(2);
     EXPECT_EQ(name().text(), QString::fromUtf8("甲品"));
-    EXPECT_EQ(*window->chosen(), item);
+    EXPECT_EQ(window->chosen()->record, item);
+    EXPECT_EQ(window->chosen()->groupCode, "02");
     press(Qt::Key_N, Qt::ControlModifier);
     type(code(), "I2");
     type(name(), "乙品");
@@ -244,7 +246,7 @@ TEST_F(DirectoryWindowTest, BeginsWithAnAdditionWhereThatIsWanted) {
     showActive(*window);
     EXPECT_EQ(window->focusWidget(), &code());
     EXPECT_EQ(code().text(), "");
-    EXPECT_EQ(window->chosen(), nullptr);
+    EXPECT_FALSE(window->chosen());
 }
 
 }  // namespace
