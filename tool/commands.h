@@ -27,6 +27,8 @@ void addCopyCommand(CLI::App& app, Tool& tool);
 void addUpgradeCommand(CLI::App& app, Tool& tool);
 void addImportChartCommand(CLI::App& app, Tool& tool);
 void addExportChartCommand(CLI::App& app, Tool& tool);
+void addImportDirectoryCommand(CLI::App& app, Tool& tool);
+void addExportDirectoryCommand(CLI::App& app, Tool& tool);
 void addTrialBalanceCommand(CLI::App& app, Tool& tool);
 void addImportOpeningCommand(CLI::App& app, Tool& tool);
 void addExportOpeningCommand(CLI::App& app, Tool& tool);

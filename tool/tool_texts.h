@@ -128,6 +128,20 @@ inline constexpr const char* exportChartCommand = "把科目导出为表格文�
 inline constexpr const char* exportFileArgument = "要写入的文件,以 .csv 或 .xlsx 结尾;- 为标准输出";
 inline constexpr const char* exported = "科目已导出到“{}”。";
 
+inline constexpr const char* importDirectoryCommand =
+    "从表格文件导入部门、个人、单位或项目目录,与逐个增加、修改的规则相同";
+inline constexpr const char* directoryArgument =
+    "目录:departments(部门)、persons(个人)、unit-classes(单位分类)、\n"
+    "units(单位)、project-classes(项目大类)、projects(项目)";
+inline constexpr const char* directoryFileArgument =
+    "CSV 或 XLSX 文件,标题行中有“编码”、“名称”和所属部门、单位分类、项目大类、性质中登记的各项";
+inline constexpr const char* unknownDirectory =
+    "不认识目录“{}”。\n请用 departments、persons、unit-classes、units、project-classes 或 "
+    "projects。";
+inline constexpr const char* exportDirectoryCommand =
+    "把部门、个人、单位或项目目录导出为表格文件,可以原样导入";
+inline constexpr const char* directoryExported = "{}已导出到“{}”。";
+
 inline constexpr const char* trialBalanceCommand = "试算平衡:各类科目的期初余额、合计与结果";
 inline constexpr const char* importOpeningCommand = "从表格文件导入期初余额,按科目编码对应";
 inline constexpr const char* openingFileArgument =

@@ -74,6 +74,9 @@ TEST(OlderBooks, AreReadAsTheyAre) {
     EXPECT_EQ(chbooks({"export-auxiliary", path, "1122", folder + "/a.csv"}).exitCode, done);
     EXPECT_THAT(chbooks({"import-auxiliary", path, "1122", folder + "/a.csv", "--dry-run"}).out,
                 HasSubstr("拒绝 大华商场 100.10\n    第 2 行 D 列:摘要不能为空\n"));
+    EXPECT_EQ(chbooks({"export-directory", path, "units", folder + "/u.csv"}).exitCode, done);
+    EXPECT_THAT(chbooks({"import-directory", path, "units", folder + "/u.csv", "--dry-run"}).out,
+                HasSubstr("新增 0 行,修改 0 行"));
     EXPECT_EQ(chbooks({"print", "currency", path, "--csv", folder + "/p.csv"}).exitCode, done);
     EXPECT_EQ(layoutAt(path), 1);
 }
@@ -86,6 +89,7 @@ TEST(OlderBooks, AreChangedByNothingButTheUpgrade) {
     for (const auto& command :
          {std::vector<std::string>{"import-chart", path, folder + "/c.csv"},
           std::vector<std::string>{"import-opening", path, folder + "/o.csv"},
+          std::vector<std::string>{"import-directory", path, "units", folder + "/o.csv"},
           std::vector<std::string>{"import-auxiliary", path, "1122", folder + "/o.csv"}}) {
         const ProgramRun run = chbooks(command);
         EXPECT_EQ(run.exitCode, failed) << command.front();
