@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 // The demo books as tables: a small trading firm in Nanjing on 1 January 2026. Nothing here
 // names a real company or person.
@@ -52,6 +53,7 @@ struct Member {
 };
 std::span<const Named> departments();
 std::span<const Member> persons();
+inline constexpr std::string_view customerClass = "01";
 std::span<const Named> unitClasses();
 std::span<const Member> units();
 std::span<const Named> projectClasses();

@@ -6,6 +6,7 @@
 #include "data/tables/directories.h"
 #include "data/tables/operators.h"
 #include "data/tables/settlement.h"
+#include "directories/directory.h"
 
 namespace chengheng {
 namespace {
@@ -78,6 +79,9 @@ Status writeDemoDirectories(DemoBooks& books) {
         record.lClassId = books.idOf<_EnterClassInfo>(unit.group);
         record.sEnterCode = unit.code;
         record.sEnterName = unit.name;
+        const bool isCustomer = std::string_view(unit.group) == demo::customerClass;
+        record.byKind =
+            static_cast<std::uint8_t>(isCustomer ? UnitKind::customer : UnitKind::supplier);
         if (status) status = books.addNamed(record, unit.name);
     }
     return status;

@@ -135,6 +135,14 @@ TEST_P(DemoBooks, EveryAuxiliaryKindHasAnAccountWithOpeningEntries) {
     EXPECT_EQ(kinds, (std::set<std::string>{"A", "B", "BC", "BD", "C", "CD", "D"}));
 }
 
+TEST_P(DemoBooks, TellCustomersFromSuppliers) {
+    const auto engine = openForTest(m_location, OpenMode::existing);
+    EXPECT_EQ(readSql(*engine,
+                      "SELECT sClsName, byKind, count(*) FROM Enter e JOIN EnterClass c ON "
+                      "c.lId = e.lClassId GROUP BY sClsName, byKind ORDER BY byKind"),
+              (std::vector<std::vector<std::string>>{{"客户", "1", "3"}, {"供应商", "2", "3"}}));
+}
+
 TEST_P(DemoBooks, EntriesNameTheDimensionsOfTheirAccountAndNoOthers) {
     for (const _RegSubInfo& line : rows<_RegSubInfo>()) {
         const auto accounts = rows<_CodeInfo>(("lId = " + std::to_string(line.lCodeId)).c_str());
