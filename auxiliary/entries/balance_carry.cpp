@@ -15,6 +15,8 @@
 namespace chengheng {
 namespace {
 
+/// Statements beyond that are run before more are made, or they would take room for nothing.
+constexpr std::size_t longBatch = 100'000;
 /// From here on reading all rows of the account costs less than asking for each combination.
 constexpr std::size_t manyCombinations = 64;
 
@@ -133,9 +135,13 @@ Status BalanceCarry::writeAuxiliary(CNbCwDB& database, bool& isTooLarge) {
         std::int32_t lastId = 0;
         if (Status status = database.readLastIdBefore<_AssAccInfo>(wanted, lastId); !status)
             return status;
-        for (const auto& [of, figures] : fresh)
+        for (const auto& [of, figures] : fresh) {
             for (int period = 1; period <= periodRows; ++period)
                 auxiliary_sql::insertAuxiliary(batch, ++lastId, period, m_account.id, of, figures);
+            if (batch.size() < longBatch) continue;
+            if (const Status status = run(database, batch); !status) return status;
+            batch.clear();
+        }
         auxiliary_sql::setLastAuxiliaryId(batch, lastId);
     }
     return run(database, batch);

@@ -3,7 +3,9 @@
 #include <fstream>
 
 #include "auxiliary/transfer/entry_import.h"
-#include "session/last_failure.h"
+#include "data/access/row_lease.h"
+#include "data/sql/sql_format.h"
+#include "data/tables/balances.h"
 #include "sheets/delimited/delimited_text.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/entry_books.h"
@@ -220,6 +222,30 @@ TEST_P(EntryTransfers, FromSixtyThousandRowsAreDecidedInMoments) {
     EXPECT_EQ(plan->rows.size(), 60'000u);
     EXPECT_EQ(plan->refusedCount(), 1u);
     EXPECT_EQ(refusalText(plan->rows.back()), "第 60001 行 C 列:金额输入无效");
+}
+
+TEST_P(EntryTransfers, OfHundredsOfUnitsGiveEachItsSums) {
+    constexpr int units = 300;
+    const AuxiliaryMember& member = memberOf(AuxiliaryKind::unit);
+    std::string batch;
+    std::string csv = "摘要,单位,金额\n";
+    for (int unit = 3; unit < 3 + units; ++unit) {
+        appendSql(batch,
+                  "INSERT INTO Enter (lId, lClassId, sEnterCode, sEnterName) VALUES (%d, 1, '%s', "
+                  "'%s')\r\n",
+                  unit, "C" + std::to_string(unit), "客户" + std::to_string(unit));
+        csv += "货款,客户" + std::to_string(unit) + "," + std::to_string(unit) + ".25\n";
+    }
+    m_books.books().run(batch + "UPDATE ABIdTable SET lLastId = 302 WHERE sTable = 'Enter'");
+    const auto plan = planOf(member, csv);
+    ASSERT_TRUE(plan && plan->mayBeApplied());
+    ASSERT_EQ(write(member, plan->changes()), Outcome::done);
+    EXPECT_TRUE(m_books.agree(member));
+    const auto sums = readRows<_AssAccInfo>(m_books.database(), "lId > 0 ORDER BY lId");
+    ASSERT_EQ(sums.size(), units * 12u);
+    for (const _AssAccInfo& row : sums) EXPECT_EQ(row.mBegin, row.lEnterId + 0.25);
+    EXPECT_EQ(m_books.database().AssAcc_GetLastId(), sums.back().lId);
+    EXPECT_EQ(m_books.books().faults(), Texts{});
 }
 
 TEST_P(EntryTransfers, WithWhatFollowsThemAreWrittenTogetherOrNotAtAll) {
