@@ -94,10 +94,26 @@ void ListForm::readAgainBelowTyped() {
     takeTypedBack();
 }
 
+void ListForm::refresh() {
+    auto leaves = readLeaves();
+    if (!leaves) return;
+    const bool goesOnAdding = m_isAdding && !m_leaves.all().empty();
+    m_leaves.assign(std::move(*leaves));
+    if (goesOnAdding)
+        beginAddition();
+    else
+        showSelected();
+}
+
 void ListForm::readAgain() {
     auto leaves = readLeaves();
     if (!leaves) return;
     m_leaves.assign(std::move(*leaves));
+    showSelected();
+}
+
+/// Of a list that was read anew: the same leaf, or the first where that is gone.
+void ListForm::showSelected() {
     showOrAdd(m_leaves.find(m_selectedId) != nullptr ? m_selectedId : m_leaves.firstShown());
 }
 

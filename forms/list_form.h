@@ -40,6 +40,9 @@ class ListForm {
     void remove(int id);
     /// Whether there is nothing to lose, or the operator gives it up.
     bool mayLeaveInput();
+    /// The list as it is now, with the same record selected and as it is now in the form; one being
+    /// added stays that, begun anew. What is not saved is given up.
+    void refresh();
     void filter(std::string text) { m_leaves.setFilter(std::move(text)); }
 
     const LeafList& leaves() const { return m_leaves; }
@@ -89,6 +92,7 @@ class ListForm {
     Outcome show(int id);
     /// Adds where there is no such record to show.
     void showOrAdd(int id);
+    void showSelected();
     /// Another workstation changed the records: the list as it is now.
     void readAgain();
     void readAgainBelowTyped();

@@ -18,6 +18,8 @@ inline constexpr const char* nameShared = "已有同名的{}“{}”";
 inline constexpr const char* cancelled = "导入已取消,{}没有改动。";
 
 // The windows.
+inline constexpr const char* importCommand = "导入...";
+inline constexpr const char* exportCommand = "导出...";
 inline constexpr const char* importTitle = "导入{}";
 inline constexpr const char* exportTitle = "导出{}";
 inline constexpr const char* exportFile = "{}.xlsx";

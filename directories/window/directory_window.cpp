@@ -7,6 +7,8 @@
 #include "directories/directory_list.h"
 #include "directories/directory_rules.h"
 #include "directories/directory_texts.h"
+#include "directories/transfer/directory_transfer_texts.h"
+#include "directories/window/directory_files.h"
 #include "screen/forms/limited_edit.h"
 #include "screen/help/help_pages.h"
 #include "screen/shown.h"
@@ -114,6 +116,25 @@ void DirectoryWindow::DoDataExchange(bool isSaving) {
 
 void DirectoryWindow::printRecords(ReportOutput output) {
     printList(directoryList(m_form.directory()), output, messages());
+}
+
+std::span<const MenuItemResource> DirectoryWindow::ownFileItems() const {
+    static constexpr MenuItemResource items[] = {
+        {importCommand, directory_transfer_texts::importCommand},
+        {exportCommand, directory_transfer_texts::exportCommand},
+    };
+    return items;
+}
+
+bool DirectoryWindow::OnCommand(int command) {
+    const Directory& directory = m_form.directory();
+    if (command == importCommand)
+        workOnRecords([&] { return importFromChosenFile(directory, messages(), this); });
+    else if (command == exportCommand)
+        exportToChosenFile(directory, messages(), this);
+    else
+        return ListFormDialog::OnCommand(command);
+    return true;
 }
 
 }  // namespace chengheng

@@ -28,8 +28,13 @@ class DirectoryWindow final : public ListFormDialog {
     void addFields() override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(ReportOutput output) override;
+    std::span<const MenuItemResource> ownFileItems() const override;
+    bool OnCommand(int command) override;
 
   private:
+    static constexpr int importCommand = firstOwnCommand;
+    static constexpr int exportCommand = firstOwnCommand + 1;
+
     void addGroups();
     void addKinds();
     void showGroups();

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
@@ -35,12 +36,12 @@ constexpr int deleteCommand = 5;
 constexpr int searchCommand = 6;
 constexpr int aboutCommand = 7;
 
-constexpr MenuItemResource fileItems[] = {
+constexpr MenuItemResource printItems[] = {
     {previewCommand, form_texts::preview},
     {printCommand, form_texts::print},
-    {0, ""},
-    {exitCommand, form_texts::exit},
 };
+constexpr MenuItemResource separator{0, ""};
+constexpr MenuItemResource exitItem{exitCommand, form_texts::exit};
 constexpr MenuItemResource editItems[] = {
     {insertCommand, form_texts::insert},
     {deleteCommand, form_texts::remove},
@@ -50,11 +51,6 @@ constexpr MenuItemResource helpItems[] = {
     {searchCommand, form_texts::search},
     {0, ""},
     {aboutCommand, form_texts::about},
-};
-constexpr WindowMenu menus[] = {
-    {form_texts::fileMenu, fileItems},
-    {form_texts::editMenu, editItems},
-    {form_texts::helpMenu, helpItems},
 };
 constexpr ToolButton tools[] = {
     {printCommand, "print"},
@@ -70,6 +66,15 @@ constexpr ToolButton tools[] = {
 constexpr int treeCharacters = 16;  ///< width of the tree at first
 constexpr int formCharacters = 32;
 constexpr int openingLines = 22;
+
+std::vector<MenuItemResource> fileItems(std::span<const MenuItemResource> own) {
+    std::vector<MenuItemResource> items(std::begin(printItems), std::end(printItems));
+    items.push_back(separator);
+    items.insert(items.end(), own.begin(), own.end());
+    if (!own.empty()) items.push_back(separator);
+    items.push_back(exitItem);
+    return items;
+}
 
 }  // namespace
 
@@ -88,6 +93,10 @@ bool ListFormDialog::OnInitDialog() {
 
 void ListFormDialog::buildControls() {
     auto* column = new QVBoxLayout(this);
+    const std::vector<MenuItemResource> file = fileItems(ownFileItems());
+    const WindowMenu menus[] = {{form_texts::fileMenu, file},
+                                {form_texts::editMenu, editItems},
+                                {form_texts::helpMenu, helpItems}};
     m_commands = std::make_unique<WindowCommands>(*this, menus);
     column->addWidget(m_commands->makeToolBar(QString::fromUtf8(form_texts::toolBar), tools));
     auto* splitter = new QSplitter;
@@ -213,6 +222,26 @@ void ListFormDialog::carryOut(Command command) {
     }
     showForm();
     if (form().isAdding() && !wasAdding) m_fields.first()->setFocus(Qt::OtherFocusReason);
+}
+
+void ListFormDialog::workOnRecords(const std::function<bool()>& work) {
+    bool mayWork = false;
+    bool hasChanged = false;
+    carryOut([&] {
+        mayWork = form().mayLeaveInput();
+        hasChanged = mayWork && work();
+    });
+    if (hasChanged) readAnew();
+    if (!mayWork) returnToInput();
+}
+
+/// The selected leaf stays as high in the list as it was.
+void ListFormDialog::readAnew() {
+    QScrollBar& bar = *m_tree->verticalScrollBar();
+    const int height = m_tree->currentIndex().row() - bar.value();
+    carryOut([this] { form().refresh(); });
+    m_tree->doItemsLayout();
+    if (m_tree->currentIndex().isValid()) bar.setValue(m_tree->currentIndex().row() - height);
 }
 
 void ListFormDialog::showForm() {

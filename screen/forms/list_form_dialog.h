@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <span>
 
 #include "forms/list_form.h"
 #include "report/output/report_printer.h"
@@ -44,6 +46,9 @@ class ListFormDialog : public CNxMiddleDialog {
     /// Adds the fields, by addEdit and addField, in the order of the Tab key.
     virtual void addFields() = 0;
     virtual void printRecords(ReportOutput output) = 0;
+    /// Commands of its own in the file menu, from firstOwnCommand on; they come to its OnCommand.
+    virtual std::span<const MenuItemResource> ownFileItems() const { return {}; }
+    static constexpr int firstOwnCommand = 100;
 
     /// A field with its label, reached by Alt and the key; its name is that of what it holds.
     LimitedEdit* addEdit(const char* label, char key, const char* name, int limit);
@@ -53,6 +58,9 @@ class ListFormDialog : public CNxMiddleDialog {
     /// Shows what has become of the form by other means than a command.
     void showAnew() { showForm(); }
     void inputEdited(QWidget& field);
+    /// Does work that may change records, unless the operator goes on with the input there is.
+    /// Where it gives true the list is read anew and stays at its place.
+    void workOnRecords(const std::function<bool()>& work);
 
     bool OnInitDialog() override;
     void OnOK() override;
@@ -73,6 +81,7 @@ class ListFormDialog : public CNxMiddleDialog {
     QWidget* buildForm();
     template <class Command>
     void carryOut(Command command);
+    void readAnew();
     void showForm();
     void showState();
     void followTree();

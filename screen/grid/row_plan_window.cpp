@@ -71,7 +71,7 @@ const char* adviceOn(const RowPlan& plan) {
     return plan.changesSomething() ? texts::isReady : texts::hasNothingNew;
 }
 
-PlanContent contentOf(const char* title, const RowPlan& plan, const std::string& file) {
+PlanContent contentOf(const std::string& title, const RowPlan& plan, const std::string& file) {
     PlanContent content{
         .title = title,
         .above = {fmt::format(texts::file, file),

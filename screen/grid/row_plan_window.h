@@ -11,7 +11,7 @@ namespace chengheng {
 
 /// What an import has of its own in its window.
 struct RowPlanWords {
-    const char* title;
+    std::string title;
     const char* code;  ///< heads the column of the codes
     const char* name;
     const char* working;  ///< while it is written

@@ -106,6 +106,46 @@ TEST_F(ListFormTest, OpensForAnAdditionWhenTheFirstRecordCannotBeRead) {
     EXPECT_EQ(form.leaves().rowCount(), 1);
 }
 
+TEST_F(ListFormTest, ReadAnewShowsTheSameRecordAsItIsNow) {
+    open({{4, "a"}, {5, "b"}});
+    form.select(5);
+    form.stored = {{3, "x"}, {4, "a"}, {5, "c"}};
+    form.used = {5};
+    form.input = "typed";
+    form.refresh();
+    EXPECT_EQ(form.leaves().rowCount(), 3);
+    EXPECT_EQ(form.selectedId(), 5);
+    EXPECT_EQ(form.input, "c");
+    EXPECT_TRUE(form.isUsed());
+    form.stored = {{3, "x"}};
+    form.refresh();
+    EXPECT_EQ(form.selectedId(), 3);
+}
+
+TEST_F(ListFormTest, ReadAnewGoesOnAddingUnlessTheListWasEmpty) {
+    open({{4, "a"}});
+    form.startAdding();
+    form.input = "typed";
+    form.stored[5] = "b";
+    form.refresh();
+    EXPECT_TRUE(form.isAdding());
+    EXPECT_EQ(form.input, "");
+    EXPECT_EQ(form.leaves().rowCount(), 2);
+    open({});
+    form.stored[6] = "c";
+    form.refresh();
+    EXPECT_EQ(form.selectedId(), 6);
+}
+
+TEST_F(ListFormTest, ReadAnewStaysAsItIsWhereTheListCannotBeRead) {
+    open({{4, "a"}});
+    form.input = "typed";
+    form.canReadList = false;
+    form.refresh();
+    EXPECT_EQ(form.selectedId(), 4);
+    EXPECT_EQ(form.input, "typed");
+}
+
 TEST_F(ListFormTest, DeletesOnlyWhatIsNotUsed) {
     form.used = {4};
     open({{4, "a"}, {5, "b"}});
