@@ -21,7 +21,7 @@ UntoldOutcome outcomeOf(const Status& status) {
 }
 
 /// Answers the questions of the checks from the books. What cannot be read refuses, too, and is
-/// then told as the failure that it is.
+/// then told as the failure that it is: nothing is read after it, which would take its place.
 class StoredFacts {
   public:
     StoredFacts(const Directory& directory, const DirectoryRecord& wanted)
@@ -40,20 +40,25 @@ class StoredFacts {
   private:
     using Records = std::vector<DirectoryRecord>;
 
-    void note(const Status& status) { m_hasFailed = m_hasFailed || !status; }
+    template <class Read>
+    void unlessFailed(Read read) {
+        if (!m_hasFailed) m_hasFailed = !read();
+    }
     Records coded(const std::string& code) {
         Records found;
-        note(readCoded(*g_pDB, m_directory.kind, m_wanted.group, code, found));
+        unlessFailed(
+            [&] { return readCoded(*g_pDB, m_directory.kind, m_wanted.group, code, found); });
         return found;
     }
     Records named(const std::string& name) {
         Records found;
-        note(readNamed(*g_pDB, m_directory.kind, m_wanted.group, name, found));
+        unlessFailed(
+            [&] { return readNamed(*g_pDB, m_directory.kind, m_wanted.group, name, found); });
         return found;
     }
     Records classes(const std::string& code) {
         Records found;
-        note(readDirectory(*g_pDB, m_directory.kind, found));
+        unlessFailed([&] { return readDirectory(*g_pDB, m_directory.kind, found); });
         std::erase_if(found, [&code](const DirectoryRecord& each) {
             return !isSameInAnyCase(each.code, code);
         });
@@ -61,7 +66,8 @@ class StoredFacts {
     }
     bool isGroupThere() {
         std::optional<DirectoryRecord> group;
-        note(readRecord(*g_pDB, *m_directory.groups, m_wanted.group, 0, group));
+        unlessFailed(
+            [&] { return readRecord(*g_pDB, *m_directory.groups, m_wanted.group, 0, group); });
         return group.has_value();
     }
 

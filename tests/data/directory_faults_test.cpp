@@ -1,6 +1,7 @@
 // Changes of every directory whose n-th database call fails, or at whose n-th call the process
 // dies, n = 1, 2, ... until the change succeeds: the books hold the old state or the new.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -53,6 +54,7 @@ class DirectoryFaults : public testing::TestWithParam<EngineCase> {
         EntryBooks books(freshLocation(GetParam()));
         const DirectoryRecord record = prepare(change, books, directory);
         const std::vector<std::string> before = rows(books, directory);
+        const char* words = failure == Failure::full ? "磁盘空间不足" : "中断";
         int failures = 0;
         for (int call = 1;; ++call) {
             ASSERT_LT(call, 200) << directory.key;
@@ -66,7 +68,9 @@ class DirectoryFaults : public testing::TestWithParam<EngineCase> {
             if (outcome == Outcome::done) break;
             ++failures;
             EXPECT_EQ(outcome, Outcome::failed) << directory.key << call;
-            EXPECT_EQ(books.messages().notices().size(), 1u) << directory.key << call;
+            ASSERT_EQ(books.messages().notices().size(), 1u) << directory.key << call;
+            EXPECT_THAT(books.messages().notices().front().text, testing::HasSubstr(words))
+                << directory.key << call;
             ASSERT_EQ(rows(books, directory), before) << directory.key << call;
         }
         EXPECT_GT(failures, 5) << directory.key;
