@@ -129,7 +129,9 @@ std::span<const Check<DirectoryFacts>> directoryChecks() { return checks; }
 
 const DirectoryRecord* sharedNameToAsk(const DirectoryFacts& facts,
                                        std::span<const DirectoryRecord> bearers) {
-    return facts.directory.sharedNames == SharedNames::never ? nullptr : other(facts, bearers);
+    if (facts.directory.sharedNames == SharedNames::never) return nullptr;
+    const bool keepsName = std::ranges::count(bearers, facts.wanted.id, &DirectoryRecord::id) != 0;
+    return keepsName ? nullptr : other(facts, bearers);
 }
 
 }  // namespace chengheng

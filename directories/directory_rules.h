@@ -35,7 +35,8 @@ struct DirectoryFacts {
 /// In their order; a refusal names the field that gets the focus.
 std::span<const Check<DirectoryFacts>> directoryChecks();
 
-/// The record that a new one shares its name with, where that is to be asked about.
+/// The record that another comes to share its name with, where that is to be asked about. One that
+/// is stored under its name already is not asked about again; `bearers` then holds it, too.
 const DirectoryRecord* sharedNameToAsk(const DirectoryFacts& facts,
                                        std::span<const DirectoryRecord> bearers);
 

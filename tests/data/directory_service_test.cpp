@@ -128,6 +128,23 @@ TEST_P(DirectoryServices, AskBeforeTwoUnitsBearOneName) {
     EXPECT_EQ(lines(unit).size(), 3u);
 }
 
+TEST_P(DirectoryServices, AskOnceAboutASharedName) {
+    m_books.messages().willAnswer(Answer::yes);
+    ASSERT_EQ(add(unit, "U3", "甲公司"), Outcome::done);
+    const std::size_t asked = m_books.messages().questions().size();
+    DirectoryRecord wanted = m_added;
+    wanted.code = "U4";
+    wanted.unitKind = UnitKind::supplier;
+    EXPECT_EQ(service(unit).modify(m_added, wanted), Outcome::done);
+    EXPECT_EQ(m_books.messages().questions().size(), asked);
+    EXPECT_EQ(stored(unit, wanted.id), wanted);
+    const DirectoryRecord second = stored(unit, 2);
+    wanted = second;
+    wanted.name = "甲公司";
+    m_books.messages().willAnswer(Answer::no);
+    EXPECT_EQ(service(unit).modify(second, wanted), Outcome::refused);
+}
+
 TEST_P(DirectoryServices, AskBeforePersonsOfTwoDepartmentsBearOneName) {
     EXPECT_EQ(add(person, "P3", "张三", 1), Outcome::refused);
     EXPECT_EQ(said(), "个人名称重复:已有“P1 张三”");
