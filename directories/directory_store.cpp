@@ -2,7 +2,6 @@
 
 #include "data/access/row_lease.h"
 #include "data/connection/database.h"
-#include "data/layout/layout.h"
 #include "data/tables/record_type.h"
 #include "directories/directory_rows.h"
 #include "directories/directory_sql.h"
@@ -46,27 +45,6 @@ Status giveIds(CNbCwDB& database, Span records) {
     for (DirectoryRecord& record : records) record.id = ++last;
     return database.onSelected([last](Database& selected) {
         return selected.setLastId(recordTypeOf<Row>().table.idRow, last);
-    });
-}
-
-/// The table of a class's items.
-Status makeItemTable(CNbCwDB& database, std::string_view classCode) {
-    return database.onSelected([classCode](Database& selected) {
-        const TableInfo table = projectItemTable(classCode);
-        const EngineDialect& dialect = selected.engine().dialect();
-        std::string script = createTableSql(table, dialect);
-        // On a server whoever may work with the classes may work with the new table, too.
-        if (dialect.shareTable != nullptr) script += dialect.shareTable(table.name, "ProjClass");
-        return selected.engine().script(script);
-    });
-}
-
-Status dropItemTable(CNbCwDB& database, std::string_view classCode) {
-    bool isThere = false;
-    const Status status = readHasItemTable(database, classCode, isThere);
-    if (!status || !isThere) return status;
-    return database.onSelected([classCode](Database& selected) {
-        return selected.engine().script(directory_sql::dropItemTable(classCode));
     });
 }
 

@@ -6,6 +6,7 @@
 #include "data/access/row_lease.h"
 #include "data/access/selected_cells.h"
 #include "data/connection/database.h"
+#include "data/layout/layout.h"
 #include "data/tables/directories.h"
 #include "data/tables/schema.h"
 #include "directories/directory_sql.h"
@@ -35,8 +36,9 @@ Status refused(CNbCwDB& database, const Status& status) {
     return database.onSelected([&status](Database&) { return status; });
 }
 
-Status whereTableIsMissing(CNbCwDB& database) {
-    return refused(database, Status::of(Failure::missing, "ProjItems"));
+/// A class is gone, or its code cannot be part of a table's name.
+Status whereNoTableCanBe(CNbCwDB& database) {
+    return refused(database, Status::of(Failure::wrongValue, "ProjClass"));
 }
 
 /// Reads nothing where the class or its table is gone.
@@ -54,7 +56,7 @@ Status write(CNbCwDB& database, const DirectoryRecord& item, Statement statement
     std::string code;
     const Status status = readClassCode(database, item.group, code);
     if (!status) return status;
-    if (code.empty()) return whereTableIsMissing(database);
+    if (code.empty()) return whereNoTableCanBe(database);
     return runBatch(database, statement(code));
 }
 
@@ -72,10 +74,11 @@ class ItemTables {
         const auto [found, isNew] = m_tables.try_emplace(projectClass);
         table = &found->second;
         if (isNew) {
-            const Status status = readClassCode(m_database, projectClass, table->classCode);
+            Status status = readClassCode(m_database, projectClass, table->classCode);
+            if (status && table->classCode.empty()) status = make(projectClass, *table);
             if (!status) return status;
         }
-        return table->classCode.empty() ? whereTableIsMissing(m_database) : Status::done();
+        return table->classCode.empty() ? whereNoTableCanBe(m_database) : Status::done();
     }
 
     Status takeId(Table& table, std::int32_t& id) {
@@ -92,6 +95,16 @@ class ItemTables {
     }
 
   private:
+    /// Books from elsewhere may have a class without a table.
+    Status make(std::int32_t projectClass, Table& table) {
+        std::optional<DirectoryRecord> found;
+        Status status = readRecord(m_database, DirectoryKind::projectClass, projectClass, 0, found);
+        if (!status || !found || projectItemTable(found->code).name.empty()) return status;
+        status = makeItemTable(m_database, found->code);
+        if (status) table.classCode = found->code;
+        return status;
+    }
+
     CNbCwDB& m_database;
     std::unordered_map<std::int32_t, Table> m_tables;
 };
@@ -104,6 +117,26 @@ Status readHasItemTable(CNbCwDB& database, std::string_view classCode, bool& has
     if (table.name.empty()) return Status::done();
     return database.onSelected(
         [&](Database& selected) { return selected.engine().hasTable(table.name, hasTable); });
+}
+
+Status makeItemTable(CNbCwDB& database, std::string_view classCode) {
+    return database.onSelected([classCode](Database& selected) {
+        const TableInfo table = projectItemTable(classCode);
+        const EngineDialect& dialect = selected.engine().dialect();
+        std::string script = createTableSql(table, dialect);
+        // On a server whoever may work with the classes may work with the new table, too.
+        if (dialect.shareTable != nullptr) script += dialect.shareTable(table.name, "ProjClass");
+        return selected.engine().script(script);
+    });
+}
+
+Status dropItemTable(CNbCwDB& database, std::string_view classCode) {
+    bool isThere = false;
+    const Status status = readHasItemTable(database, classCode, isThere);
+    if (!status || !isThere) return status;
+    return database.onSelected([classCode](Database& selected) {
+        return selected.engine().script(directory_sql::dropItemTable(classCode));
+    });
 }
 
 Status readClassCode(CNbCwDB& database, std::int32_t projectClass, std::string& code) {

@@ -22,10 +22,13 @@ Status readItemsNamed(CNbCwDB& database, std::int32_t projectClass, std::string_
                       std::vector<DirectoryRecord>& items);
 /// Whether the items of a class have a table; none where its code cannot be part of a name.
 Status readHasItemTable(CNbCwDB& database, std::string_view classCode, bool& hasTable);
+Status makeItemTable(CNbCwDB& database, std::string_view classCode);
+/// Where it is there.
+Status dropItemTable(CNbCwDB& database, std::string_view classCode);
 /// Whether a class has any.
 Status readHasItems(CNbCwDB& database, std::string_view classCode, bool& hasItems);
 
-/// Each item gets the id after the highest of its class.
+/// Each item gets the id after the highest of its class. A class without a table gets one.
 Status addItems(CNbCwDB& database, std::span<DirectoryRecord> items);
 Status editItems(CNbCwDB& database, std::span<const DirectoryRecord> items);
 Status deleteItem(CNbCwDB& database, const DirectoryRecord& item);

@@ -6,7 +6,7 @@
 #include "data/access/row_lease.h"
 #include "data/access/selected_cells.h"
 #include "data/tables/directories.h"
-#include "data/tables/schema.h"
+#include "directories/project_items.h"
 
 namespace chengheng {
 namespace {
@@ -68,10 +68,10 @@ void keepPersonsOf(std::int32_t department, Choices& choices) {
     });
 }
 
-/// A class whose code cannot name a table has no items.
+/// A class without a table has no items; a table whose class is gone counts for nothing.
 Status readClassExists(CNbCwDB& database, std::string_view classCode, bool& exists) {
-    exists = false;
-    if (projectItemTable(classCode).name.empty()) return Status::done();
+    const Status status = readHasItemTable(database, classCode, exists);
+    if (!status || !exists) return status;
     const auto found = hasRows<_ProjClassInfo>(database, auxiliary_sql::classOfCode(classCode));
     exists = found.value_or(false);
     return found ? Status::done() : database.lastStatus();

@@ -4,7 +4,7 @@
 #include "data/access/row_lease.h"
 #include "data/access/selected_cells.h"
 #include "data/tables/directories.h"
-#include "data/tables/schema.h"
+#include "directories/project_items.h"
 
 namespace chengheng {
 namespace {
@@ -46,7 +46,10 @@ Status DirectoryNames::readItems(CNbCwDB& database) {
         classes = lease.copy();
     }
     for (const _ProjClassInfo& each : classes) {
-        if (projectItemTable(each.sClsCode).name.empty()) continue;
+        bool hasTable = false;
+        const Status status = readHasItemTable(database, each.sClsCode, hasTable);
+        if (!status) return status;
+        if (!hasTable) continue;
         const SelectedCells items(database, auxiliary_sql::itemsInOrder(each.sClsCode));
         if (!items.isRead()) return database.lastStatus();
         Names& names = m_items[each.sClsCode];

@@ -215,6 +215,19 @@ TEST_P(DirectoryServices, KeepAnItemInItsClass) {
     EXPECT_EQ(said(), "项目不能改到另一个项目大类");
 }
 
+TEST_P(DirectoryServices, MakeTheTableThatAClassLacksWithItsFirstItem) {
+    m_books.books().run(
+        "INSERT INTO ProjClass (lId, sClsCode, sClsName) VALUES (7, '07', '研发')\r\n"
+        "INSERT INTO ProjClass (lId, sClsCode, sClsName) VALUES (8, '0 8', '科研')");
+    EXPECT_EQ(lines(projectItem), (Texts{"1 I1 一期", "2 I2 二期"}));
+    EXPECT_EQ(add(projectItem, "X1", "甲品", 8), Outcome::failed);
+    EXPECT_THAT(said(), testing::HasSubstr("不合规定的数据"));
+    EXPECT_EQ(add(projectItem, "X1", "甲品", 7), Outcome::done) << said();
+    EXPECT_TRUE(hasTable("ProjItems07"));
+    EXPECT_EQ(lines(projectItem), (Texts{"1 I1 一期", "2 I2 二期", "1 X1 甲品"}));
+    EXPECT_EQ(m_books.books().faults().size(), 1u);
+}
+
 /// A place that uses the first record of a directory, and how it is told.
 struct Use {
     DirectoryKind kind;

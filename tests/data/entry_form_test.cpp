@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "auxiliary/entries/directory_names.h"
 #include "data/lookups/cached_records.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/entry_books.h"
@@ -270,6 +271,19 @@ TEST_P(EntryForms, OfferNoListThatCouldNotBeRead) {
     m_books.books().run("DELETE FROM ProjItems01 WHERE lId > 0");
     EXPECT_TRUE(form.choices(Dimension::item).value().empty());
     EXPECT_EQ(said(), "");
+}
+
+TEST_P(EntryForms, TakeAClassWithoutATableForOneWithoutItems) {
+    m_books.books().run("DELETE ProjCodes WHERE lId > 0");
+    m_books.books().run("INSERT INTO ProjClass (lId, sClsCode, sClsName) VALUES (7, '07', '研发')");
+    EntryForm form = adding(AuxiliaryKind::project);
+    const auto choices = form.choices(Dimension::item);
+    ASSERT_TRUE(choices.has_value()) << said();
+    EXPECT_EQ(choices->size(), 2u);
+    DirectoryNames names;
+    EXPECT_TRUE(names.read(m_books.database(), form.member()));
+    EXPECT_EQ(names.namesOf({.item = 2, .itemClass = "01"}).item, "二期");
+    EXPECT_EQ(names.namesOf({.item = 2, .itemClass = "07"}).item, "");
 }
 
 TEST_P(EntryForms, ShowTheClassOfItemsOfSeveral) {
