@@ -52,7 +52,8 @@ class EntryWriting {
     bool eraseRows() const;
     UntoldOutcome erase() const;
     UntoldOutcome edit(AuxiliaryEntry& after);
-    UntoldOutcome append(AuxiliaryEntry& after);
+    void append(AuxiliaryEntry& after);
+    UntoldOutcome writeAdditions();
     void fill(const EntryContent& content);
 
     const AuxiliaryMember& m_member;
@@ -63,8 +64,10 @@ class EntryWriting {
     _RegSubInfo m_line;
     _RegMainInfo m_header;
     bool m_hasHeader = false;
-    std::int32_t m_lastHeader = 0;
-    std::int32_t m_lastLine = 0;
+    // What comes, until all of it is written at once.
+    std::vector<AuxiliaryEntry*> m_additions;
+    std::vector<_RegMainInfo> m_newHeaders;
+    std::vector<_RegSubInfo> m_newLines;
 };
 
 UntoldOutcome EntryWriting::run() {
@@ -77,15 +80,16 @@ UntoldOutcome EntryWriting::run() {
         if (result.outcome == Outcome::done) result = write(change);
         if (result.outcome != Outcome::done) return result;
     }
+    result = writeAdditions();
+    if (result.outcome != Outcome::done) return result;
     bool isTooLarge = false;
     if (!m_carry.write(*g_pDB, isTooLarge)) return UntoldOutcome::failed();
     if (isTooLarge)
         return UntoldOutcome::refused({.text = auxiliary_texts::tooLarge, .beep = true});
-    const bool hasAdditions = m_lastLine != 0;
-    if (hasAdditions &&
-        g_pDB->QRYExecuteSQL(auxiliary_sql::setVoucherCounters(m_lastHeader, m_lastLine)) == 0)
-        return UntoldOutcome::failed();
-    return result;
+    if (m_additions.empty()) return result;
+    const std::string counters =
+        auxiliary_sql::setVoucherCounters(m_newHeaders.back().lId, m_newLines.back().lId);
+    return g_pDB->QRYExecuteSQL(counters) != 0 ? result : UntoldOutcome::failed();
 }
 
 UntoldOutcome EntryWriting::refuseVouchers() {
@@ -153,7 +157,9 @@ UntoldOutcome EntryWriting::write(EntryChange& change) {
     }
     if (!change.after) return UntoldOutcome::done();
     m_carry.put(change.after->content);
-    return change.before ? edit(*change.after) : append(*change.after);
+    if (change.before) return edit(*change.after);
+    append(*change.after);
+    return UntoldOutcome::done();
 }
 
 /// The line and its header as they are now; stale when they are not what was read.
@@ -222,19 +228,29 @@ UntoldOutcome EntryWriting::edit(AuxiliaryEntry& after) {
     return isWritten ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
-/// A header of no period, or the books would seem to have vouchers. The ids lie above those of
-/// posted and unposted vouchers alike.
-UntoldOutcome EntryWriting::append(AuxiliaryEntry& after) {
+/// A header of no period, or the books would seem to have vouchers.
+void EntryWriting::append(AuxiliaryEntry& after) {
     m_header = {};
     m_line = {};
     fill(after.content);
     if (g_lpLogonUserInfo != nullptr) m_header.lUBill = g_lpLogonUserInfo->lUserId;
     m_line.lLine = 1;
-    if (g_pDB->RegMain_AddNew(m_header, m_lastHeader) != 0) return UntoldOutcome::failed();
-    m_line.lTieId = m_lastHeader;
-    if (g_pDB->RegSub_AddNew(m_line, m_lastLine) != 0) return UntoldOutcome::failed();
-    after.lineId = m_lastLine;
-    after.headerId = m_lastHeader;
+    m_newHeaders.push_back(m_header);
+    m_newLines.push_back(m_line);
+    m_additions.push_back(&after);
+}
+
+/// The ids lie above those of posted and unposted vouchers alike.
+UntoldOutcome EntryWriting::writeAdditions() {
+    if (m_additions.empty()) return UntoldOutcome::done();
+    if (g_pDB->addAll<_RegMainInfo>(m_newHeaders) != 0) return UntoldOutcome::failed();
+    for (std::size_t at = 0; at < m_additions.size(); ++at)
+        m_newLines[at].lTieId = m_newHeaders[at].lId;
+    if (g_pDB->addAll<_RegSubInfo>(m_newLines) != 0) return UntoldOutcome::failed();
+    for (std::size_t at = 0; at < m_additions.size(); ++at) {
+        m_additions[at]->headerId = m_newHeaders[at].lId;
+        m_additions[at]->lineId = m_newLines[at].lId;
+    }
     return UntoldOutcome::done();
 }
 

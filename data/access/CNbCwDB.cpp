@@ -137,14 +137,15 @@ int CNbCwDB::readTexts(const RecordType& type, TextRow*& rows, int& count, const
 
 void CNbCwDB::releaseRecords(const RecordType& type) { m_impl->table(type).release(); }
 
-int CNbCwDB::addRecord(const RecordType& type, const void* record, int& newId) {
+int CNbCwDB::addRecords(const RecordType& type, std::span<const void* const> records,
+                        int& firstId) {
     const auto add = [&](Database& database) {
         chengheng::UnitOfWork unit(*this);
         int id = 0;
         Status status = unit.status();
-        if (status) status = m_impl->table(type).add(database, record, id);
+        if (status) status = m_impl->table(type).add(database, records, id);
         if (status) status = unit.commit();
-        if (status) newId = id;
+        if (status) firstId = id;
         return status;
     };
     return m_impl->run(add) ? 0 : failed;

@@ -173,7 +173,8 @@ class CNbCwDB final : public chengheng::RecordOperations {
     int readTexts(const chengheng::RecordType& type, TextRow*& rows, int& count,
                   const char* condition) override;
     void releaseRecords(const chengheng::RecordType& type) override;
-    int addRecord(const chengheng::RecordType& type, const void* record, int& newId) override;
+    int addRecords(const chengheng::RecordType& type, std::span<const void* const> records,
+                   int& firstId) override;
     int editRecord(const chengheng::RecordType& type, const void* record) override;
     int removeRecord(const chengheng::RecordType& type, int id) override;
     int readLastId(const chengheng::RecordType& type) override;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <span>
+#include <vector>
 #include "base/values/status.h"
+
 #include "data/tables/records.h"
 #include "data/tables/text_row.h"
 
@@ -34,7 +37,20 @@ class RecordOperations {
     }
     template <class Record>
     int add(const Record& record, int& newId) {
-        return addRecord(recordTypeOf<Record>(), &record, newId);
+        const void* const row = &record;
+        return addRecords(recordTypeOf<Record>(), {&row, 1}, newId);
+    }
+    /// Adds rows under the next ids, which the records get; all of them or none.
+    template <class Record>
+    int addAll(std::span<Record> records) {
+        std::vector<const void*> rows;
+        rows.reserve(records.size());
+        for (const Record& record : records) rows.push_back(&record);
+        int first = 0;
+        const int result = addRecords(recordTypeOf<Record>(), rows, first);
+        for (std::int64_t id = first; Record & record : records)
+            if (result == 0) record.lId = static_cast<std::int32_t>(id++);
+        return result;
     }
     template <class Record>
     int edit(const Record& record) {
@@ -67,7 +83,8 @@ class RecordOperations {
     virtual int readTexts(const RecordType& type, TextRow*& rows, int& count,
                           const char* condition) = 0;
     virtual void releaseRecords(const RecordType& type) = 0;
-    virtual int addRecord(const RecordType& type, const void* record, int& newId) = 0;
+    virtual int addRecords(const RecordType& type, std::span<const void* const> records,
+                           int& firstId) = 0;
     virtual int editRecord(const RecordType& type, const void* record) = 0;
     virtual int removeRecord(const RecordType& type, int id) = 0;
     virtual int readLastId(const RecordType& type) = 0;

@@ -59,7 +59,9 @@ const char* partnerRow(std::string_view idRow) {
     return nullptr;
 }
 
-Status takeNextId(Database& database, std::string_view idRow, int& id) {
+/// So many ids, of which the first is told.
+Status takeNextIds(Database& database, std::string_view idRow, int count, int& first) {
+    int id = 0;
     if (Status status = database.lastId(idRow, id); !status) return status;
     const char* partner = partnerRow(idRow);
     if (partner != nullptr) {
@@ -67,8 +69,9 @@ Status takeNextId(Database& database, std::string_view idRow, int& id) {
         if (Status status = database.lastId(partner, partnerId); !status) return status;
         id = std::max(id, partnerId);
     }
-    if (Status status = checkIdsLeft(id, 1); !status) return status;
-    ++id;
+    if (Status status = checkIdsLeft(id, count); !status) return status;
+    first = id + 1;
+    id += count;
     Status status = database.setLastId(idRow, id);
     return status && partner != nullptr ? database.setLastId(partner, id) : status;
 }
@@ -128,14 +131,22 @@ void RecordTable::release() {
     m_texts.reset();
 }
 
-Status RecordTable::add(Database& database, const void* record, int& newId) const {
-    int id = 0;
-    if (Status status = takeNextId(database, m_type.table.idRow, id); !status) return status;
+Status RecordTable::add(Database& database, std::span<const void* const> records,
+                        int& firstId) const {
+    int first = 0;
+    const int count = static_cast<int>(records.size());
+    if (Status status = takeNextIds(database, m_type.table.idRow, count, first); !status)
+        return status;
     std::deque<std::string> texts;
-    std::vector<Value> values = recordValues(m_type, record, texts);
-    values[0] = Value::of(std::int64_t{id});
-    Status status = database.executePlain(m_insert, values);
-    if (status) newId = id;
+    std::vector<Value> values;
+    values.reserve(records.size() * m_type.table.columns.size());
+    for (std::int64_t id = first; const void* record : records) {
+        const std::vector<Value> row = recordValues(m_type, record, texts);
+        values.push_back(Value::of(id++));
+        values.insert(values.end(), row.begin() + 1, row.end());
+    }
+    Status status = database.executeForEach(m_insert, m_type.table.columns.size(), values);
+    if (status) firstId = first;
     return status;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 
 #include "base/values/status.h"
@@ -25,8 +26,8 @@ class RecordTable {
     TextResult& texts() { return *m_texts; }
     void release();
 
-    /// Adds a row under the next id of the table's counter. To be called in a unit of work.
-    Status add(Database& database, const void* record, int& newId) const;
+    /// Adds rows under the next ids of the table's counter. To be called in a unit of work.
+    Status add(Database& database, std::span<const void* const> records, int& firstId) const;
     /// Changes the row of the record's id; none is missing.
     Status edit(Database& database, const void* record) const;
     /// Deletes the row of the id; none is missing.

@@ -180,6 +180,21 @@ Status Database::executePlain(std::string_view sql, std::span<const Value> value
     return m_engine->execute(run.commands(), changed);
 }
 
+Status Database::executeForEach(std::string_view sql, std::size_t valuesOfARow,
+                                std::span<const Value> values) {
+    constexpr std::size_t rowsAtOnce = 500;
+    PreparedStatement* statement = nullptr;
+    Status status = m_statements.findPlain(sql, static_cast<int>(valuesOfARow), statement);
+    while (status && !values.empty()) {
+        std::vector<Command> commands;
+        for (; !values.empty() && commands.size() < rowsAtOnce;
+             values = values.subspan(valuesOfARow))
+            commands.push_back({statement, values.first(valuesOfARow)});
+        status = m_engine->execute(commands, nullptr);
+    }
+    return status;
+}
+
 Status Database::selectPlain(std::string_view sql, std::span<const Value> values,
                              const std::function<Status(Cursor&)>& reader) {
     PreparedStatement* statement = nullptr;

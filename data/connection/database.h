@@ -36,6 +36,9 @@ class Database {
     /// Runs one statement of the program's own, in plain SQL with $1, $2, ...
     Status executePlain(std::string_view sql, std::span<const Value> values,
                         std::int64_t* changed = nullptr);
+    /// The same statement with the values of many rows, one after the other.
+    Status executeForEach(std::string_view sql, std::size_t valuesOfARow,
+                          std::span<const Value> values);
     Status selectPlain(std::string_view sql, std::span<const Value> values,
                        const std::function<Status(Cursor&)>& reader);
 

@@ -217,6 +217,38 @@ TEST_P(RecordOperations, PostedAndUnpostedVouchersShareOneSequence) {
     EXPECT_EQ(m_db.UnregMain_GetLastId(), 41);
 }
 
+TEST_P(RecordOperations, ManyAreAddedAtOnceUnderIdsOneBehindTheOther) {
+    addAccount("1001");
+    std::vector<_CodeInfo> accounts(1203);
+    for (std::size_t at = 0; at < accounts.size(); ++at) accounts[at].sCode = std::to_string(at);
+    ASSERT_EQ(m_db.addAll<_CodeInfo>(accounts), 0) << m_db.lastStatus().detail;
+    EXPECT_EQ(accounts.front().lId, 2);
+    EXPECT_EQ(accounts.back().lId, 1204);
+    EXPECT_EQ(m_db.Code_GetLastId(), 1204);
+    EXPECT_EQ(chengheng::readRows<_CodeInfo>(m_db, "lId > 1 ORDER BY lId"), accounts);
+    std::vector<_RegMainInfo> headers(3);
+    ASSERT_EQ(m_db.addAll<_RegMainInfo>(headers), 0);
+    EXPECT_EQ(m_db.UnregMain_GetLastId(), 3);
+    std::vector<_CodeInfo> none;
+    EXPECT_EQ(m_db.addAll<_CodeInfo>(none), 0);
+    EXPECT_EQ(addAccount("1002"), 1205);
+}
+
+TEST_P(RecordOperations, OfManyAllAreAddedOrNone) {
+    std::vector<_CodeInfo> accounts(600);
+    m_db.QRYExecuteSQL("UPDATE ABIdTable SET lLastId = 2147483048 WHERE sTable = 'Code'");
+    EXPECT_NE(m_db.addAll<_CodeInfo>(accounts), 0);
+    EXPECT_EQ(m_db.lastStatus().failure, Failure::noIdLeft);
+    EXPECT_EQ(accounts.front().lId, 0);
+    EXPECT_EQ(countOf(nullptr), 0);
+    m_db.QRYExecuteSQL("UPDATE ABIdTable SET lLastId = 0 WHERE sTable = 'Code'");
+    ASSERT_NE(m_db.QRYExecuteSQL("INSERT INTO Code (lId, sCode) VALUES (550, 'x')"), 0);
+    EXPECT_NE(m_db.addAll<_CodeInfo>(accounts), 0);
+    EXPECT_EQ(accounts.front().lId, 0);
+    EXPECT_EQ(countOf(nullptr), 1);
+    EXPECT_EQ(m_db.Code_GetLastId(), 0);
+}
+
 TEST_P(RecordOperations, EditChangesTheRowOfItsIdAndTellsWhenThereIsNone) {
     const int id = addAccount("1001");
     auto account = chengheng::readRows<_CodeInfo>(m_db, "sCode = '1001'").front();
