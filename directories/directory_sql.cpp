@@ -30,26 +30,6 @@ std::string named(DirectoryKind kind, std::string_view name) {
     }
 }
 
-void addRecord(std::string& batch, DirectoryKind kind, const DirectoryRecord& record) {
-    const auto& [id, group, code, name, unitKind] = record;
-    switch (kind) {
-        case DirectoryKind::department:
-            return appendSql(batch, "INSERT Dept Values( %d, '%s', '%s' )\r\n", id, code, name);
-        case DirectoryKind::person:
-            return appendSql(batch, "INSERT Person Values( %d, %d, '%s', '%s' )\r\n", id, group,
-                             code, name);
-        case DirectoryKind::unitClass:
-            return appendSql(batch, "INSERT EnterClass Values( %d, '%s', '%s' )\r\n", id, code,
-                             name);
-        case DirectoryKind::unit:
-            return appendSql(batch, "INSERT Enter Values( %d, %d, '%s', '%s', %d )\r\n", id, group,
-                             code, name, static_cast<int>(unitKind));
-        default:
-            return appendSql(batch, "INSERT ProjClass Values( %d, '%s', '%s' )\r\n", id, code,
-                             name);
-    }
-}
-
 void editRecord(std::string& batch, DirectoryKind kind, const DirectoryRecord& record) {
     const auto& [id, group, code, name, unitKind] = record;
     switch (kind) {
@@ -117,9 +97,10 @@ std::string anyItem(std::string_view classCode) {
 std::string dropItemTable(std::string_view classCode) {
     return formatSql("DROP TABLE ProjItems%s", SqlFragment{classCode});
 }
-void addItem(std::string& batch, std::string_view classCode, const DirectoryRecord& item) {
-    appendSql(batch, "INSERT ProjItems%s Values( %d, '%s', '%s' )\r\n", SqlFragment{classCode},
-              item.id, item.code, item.name);
+void addItem(std::string& batch, std::string_view classCode, std::int32_t id,
+             const DirectoryRecord& item) {
+    appendSql(batch, "INSERT ProjItems%s Values( %d, '%s', '%s' )\r\n", SqlFragment{classCode}, id,
+              item.code, item.name);
 }
 void editItem(std::string& batch, std::string_view classCode, const DirectoryRecord& item) {
     appendSql(batch, "UPDATE ProjItems%s SET FIELD0 = '%s', FIELD1 = '%s' WHERE lId = %d\r\n",

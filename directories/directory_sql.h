@@ -12,7 +12,6 @@ namespace chengheng::directory_sql {
 /// Who has a code; of every directory but the items.
 std::string coded(DirectoryKind kind, std::string_view code);
 std::string named(DirectoryKind kind, std::string_view name);
-void addRecord(std::string& batch, DirectoryKind kind, const DirectoryRecord& record);
 void editRecord(std::string& batch, DirectoryKind kind, const DirectoryRecord& record);
 /// Every record in the order of the codes.
 const char* inOrder(DirectoryKind kind);
@@ -27,7 +26,8 @@ std::string lastItemId(std::string_view classCode);
 std::string anyItem(std::string_view classCode);
 /// For the engine itself.
 std::string dropItemTable(std::string_view classCode);
-void addItem(std::string& batch, std::string_view classCode, const DirectoryRecord& item);
+void addItem(std::string& batch, std::string_view classCode, std::int32_t id,
+             const DirectoryRecord& item);
 void editItem(std::string& batch, std::string_view classCode, const DirectoryRecord& item);
 std::string deleteItem(std::string_view classCode, std::int32_t id);
 

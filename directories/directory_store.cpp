@@ -2,7 +2,6 @@
 
 #include "data/access/row_lease.h"
 #include "data/connection/database.h"
-#include "data/tables/record_type.h"
 #include "directories/directory_rows.h"
 #include "directories/directory_sql.h"
 #include "directories/project_items.h"
@@ -12,7 +11,7 @@ namespace chengheng {
 namespace {
 
 using Records = std::vector<DirectoryRecord>;
-using Span = std::span<DirectoryRecord>;
+using Span = std::span<const DirectoryRecord>;
 
 constexpr bool isItem(DirectoryKind kind) { return kind == DirectoryKind::projectItem; }
 
@@ -36,16 +35,13 @@ Status statusOf(CNbCwDB& database, int result) {
     return result == 0 ? Status::done() : database.lastStatus();
 }
 
-/// Reserves the ids of many new records at once.
 template <class Row>
-Status giveIds(CNbCwDB& database, Span records) {
-    std::int32_t last = 0;
-    const Status status = database.readLastIdBefore<Row>(static_cast<int>(records.size()), last);
-    if (!status) return status;
-    for (DirectoryRecord& record : records) record.id = ++last;
-    return database.onSelected([last](Database& selected) {
-        return selected.setLastId(recordTypeOf<Row>().table.idRow, last);
-    });
+Status addRows(CNbCwDB& database, Span records, std::int32_t& lastId) {
+    std::vector<Row> rows(records.size());
+    for (std::size_t at = 0; at < records.size(); ++at) write(rows[at], records[at]);
+    const Status status = statusOf(database, database.addAll<Row>(rows));
+    if (status && !rows.empty()) lastId = rows.back().lId;
+    return status;
 }
 
 }  // namespace
@@ -86,24 +82,20 @@ Status readNamed(CNbCwDB& database, DirectoryKind kind, std::int32_t group, std:
 }
 
 Status addRecord(CNbCwDB& database, DirectoryKind kind, DirectoryRecord& record) {
-    return addRecords(database, kind, std::span(&record, 1));
+    return addRecords(database, kind, std::span(&record, 1), record.id);
 }
 
-Status addRecords(CNbCwDB& database, DirectoryKind kind, Span records) {
-    if (isItem(kind)) return addItems(database, records);
+Status addRecords(CNbCwDB& database, DirectoryKind kind, Span records, std::int32_t& lastId) {
+    if (isItem(kind)) return addItems(database, records, lastId);
     Status status =
-        withRowOf(kind, [&]<class Row>(Row) { return giveIds<Row>(database, records); });
-    std::string batch;
-    for (const DirectoryRecord& record : records) directory_sql::addRecord(batch, kind, record);
-    if (status) status = runBatch(database, batch);
+        withRowOf(kind, [&]<class Row>(Row) { return addRows<Row>(database, records, lastId); });
     for (const DirectoryRecord& record : records)
         if (status && kind == DirectoryKind::projectClass)
             status = makeItemTable(database, record.code);
     return status;
 }
 
-Status editRecords(CNbCwDB& database, DirectoryKind kind,
-                   std::span<const DirectoryRecord> records) {
+Status editRecords(CNbCwDB& database, DirectoryKind kind, Span records) {
     if (isItem(kind)) return editItems(database, records);
     std::string batch;
     for (const DirectoryRecord& record : records) directory_sql::editRecord(batch, kind, record);

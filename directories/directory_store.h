@@ -32,8 +32,10 @@ Status readClassCode(CNbCwDB& database, std::int32_t projectClass, std::string& 
 
 /// Adds a record, which gets its id; a project class gets a table for its items.
 Status addRecord(CNbCwDB& database, DirectoryKind kind, DirectoryRecord& record);
-/// The same of many, with few statements.
-Status addRecords(CNbCwDB& database, DirectoryKind kind, std::span<DirectoryRecord> records);
+/// The same of many at once; the id of the last is given, the others come before it, of items
+/// within their class.
+Status addRecords(CNbCwDB& database, DirectoryKind kind, std::span<const DirectoryRecord> records,
+                  std::int32_t& lastId);
 /// Writes a record over the one that is stored. A project class of another code than before gets
 /// another table; to be called only where nothing stands in its items.
 Status editRecord(CNbCwDB& database, DirectoryKind kind, const DirectoryRecord& before,

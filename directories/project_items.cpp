@@ -195,14 +195,14 @@ Status readHasItems(CNbCwDB& database, std::string_view classCode, bool& hasItem
     return cells.isRead() ? status : database.lastStatus();
 }
 
-Status addItems(CNbCwDB& database, std::span<DirectoryRecord> items) {
+Status addItems(CNbCwDB& database, std::span<const DirectoryRecord> items, std::int32_t& lastId) {
     ItemTables tables(database);
     std::string batch;
-    for (DirectoryRecord& item : items) {
+    for (const DirectoryRecord& item : items) {
         ItemTables::Table* table = nullptr;
         if (const Status status = tables.find(item.group, table); !status) return status;
-        if (const Status status = tables.takeId(*table, item.id); !status) return status;
-        directory_sql::addItem(batch, table->classCode, item);
+        if (const Status status = tables.takeId(*table, lastId); !status) return status;
+        directory_sql::addItem(batch, table->classCode, lastId, item);
     }
     return runBatch(database, batch);
 }

@@ -28,8 +28,9 @@ Status dropItemTable(CNbCwDB& database, std::string_view classCode);
 /// Whether a class has any.
 Status readHasItems(CNbCwDB& database, std::string_view classCode, bool& hasItems);
 
-/// Each item gets the id after the highest of its class. A class without a table gets one.
-Status addItems(CNbCwDB& database, std::span<DirectoryRecord> items);
+/// Each item gets the id after the highest of its class; that of the last is given. A class without
+/// a table gets one.
+Status addItems(CNbCwDB& database, std::span<const DirectoryRecord> items, std::int32_t& lastId);
 Status editItems(CNbCwDB& database, std::span<const DirectoryRecord> items);
 Status deleteItem(CNbCwDB& database, const DirectoryRecord& item);
 

@@ -54,10 +54,6 @@ std::string addAccounts(std::span<const _CodeInfo> accounts, int lastId) {
     return batch;
 }
 
-std::string setLastAccountId(int id) {
-    return formatSql("Update ABIdTable Set lLastId = %d Where sTable = 'Code'", id);
-}
-
 std::string makeEndAccount(std::string_view code) {
     return formatSql("Update Code Set bEnd = 1 Where sCode = '%s'", code);
 }

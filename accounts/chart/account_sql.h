@@ -41,8 +41,6 @@ std::string openingOfAccounts(std::span<const int> accountIds);
 
 /// Adds accounts with the ids after a last one.
 std::string addAccounts(std::span<const _CodeInfo> accounts, int lastId);
-/// Notes the last id given to an account.
-std::string setLastAccountId(int id);
 /// Makes an account an end account.
 std::string makeEndAccount(std::string_view code);
 /// Makes the accounts of one code cash accounts and those of another bank accounts, with those

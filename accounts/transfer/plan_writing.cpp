@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <span>
 
-#include "accounts/chart/account_sql.h"
 #include "data/access/CNbCwDB.h"
 #include "data/tables/accounts.h"
 
@@ -33,26 +32,16 @@ class PlanWriter {
         return Status::of(Failure::cancelled);
     }
 
-    Status run(const std::string& batch) {
-        return m_database.QRYExecuteSQL(batch) != 0 ? Status::done() : m_database.lastStatus();
-    }
-
     Status writeAdded() {
-        if (m_plan.added.empty()) return Status::done();
-        std::span<const _CodeInfo> left = m_plan.added;
-        const int count = static_cast<int>(left.size());
-        std::int32_t lastId = 0;
-        if (Status status = m_database.readLastIdBefore<_CodeInfo>(count, lastId); !status)
-            return status;
+        std::vector<_CodeInfo> added = m_plan.added;
+        std::span<_CodeInfo> left = added;
         while (!left.empty()) {
             const auto part = left.first(std::min(rowsAtOnce, left.size()));
-            Status status = run(account_sql::addAccounts(part, lastId));
-            if (status) status = tellProgress(part.size());
-            if (!status) return status;
-            lastId += static_cast<int>(part.size());
+            if (m_database.addAll<_CodeInfo>(part) != 0) return m_database.lastStatus();
+            if (Status status = tellProgress(part.size()); !status) return status;
             left = left.subspan(part.size());
         }
-        return run(account_sql::setLastAccountId(lastId));
+        return Status::done();
     }
 
     Status writeChanged() {

@@ -35,23 +35,23 @@ class PlanWriter {
           m_progress(progress) {}
 
     Status write(const DirectoryPlan& plan) {
-        std::vector<DirectoryRecord> added = plan.added;
         Status status = tellProgress(0);
         if (status)
-            status = inParts(std::span(added), [this](std::span<DirectoryRecord> part) {
-                return addRecords(*g_pDB, m_kind, part);
+            status = inParts(plan.added, [this](Records part) {
+                std::int32_t lastId = 0;
+                return addRecords(*g_pDB, m_kind, part, lastId);
             });
         if (status)
-            status =
-                inParts(std::span(plan.changed), [this](std::span<const DirectoryRecord> part) {
-                    return editRecords(*g_pDB, m_kind, part);
-                });
+            status = inParts(plan.changed,
+                             [this](Records part) { return editRecords(*g_pDB, m_kind, part); });
         return status;
     }
 
   private:
-    template <class Record, class Write>
-    Status inParts(std::span<Record> left, Write writePart) {
+    using Records = std::span<const DirectoryRecord>;
+
+    template <class Write>
+    Status inParts(Records left, Write writePart) {
         while (!left.empty()) {
             const auto part = left.first(std::min(rowsAtOnce, left.size()));
             Status status = writePart(part);

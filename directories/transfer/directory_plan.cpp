@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <map>
+#include <unordered_map>
 
 #include "base/values/text.h"
 #include "directories/directory_rules.h"
@@ -31,7 +31,7 @@ class DirectoryPlanner {
                      const DirectoryState& state)
         : m_directory(directory),
           m_sheet(sheet),
-          m_records(directory, state.records, state.groups) {}
+          m_records(directory, state.records, state.groups, sheet.rows().size()) {}
 
     DirectoryPlan plan() {
         m_plan.ignored = m_sheet.ignoredHeadings();
@@ -126,8 +126,8 @@ class DirectoryPlanner {
         if (given.code.empty() || (isItem && group == 0)) return 0;
         const bool namesTable = m_directory.kind == DirectoryKind::projectClass;
         std::string code = namesTable ? inSmallLetters(given.code) : given.code;
-        const auto [first, isNew] =
-            m_rowsOfCodes.try_emplace({isItem ? group : 0, std::move(code)}, row);
+        if (isItem) code.insert(0, std::to_string(group) + ' ');
+        const auto [first, isNew] = m_rowsOfCodes.try_emplace(std::move(code), row);
         return isNew ? 0 : first->second;
     }
 
@@ -166,7 +166,7 @@ class DirectoryPlanner {
     const Directory& m_directory;
     const DirectorySheet& m_sheet;
     PlannedDirectory m_records;
-    std::map<std::pair<std::int32_t, std::string>, std::size_t> m_rowsOfCodes;
+    std::unordered_map<std::string, std::size_t> m_rowsOfCodes;  ///< of items with their class
     DirectoryPlan m_plan;
 };
 

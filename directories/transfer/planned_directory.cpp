@@ -14,8 +14,10 @@ constexpr std::size_t enoughBearers = 2;
 
 PlannedDirectory::PlannedDirectory(const Directory& directory,
                                    std::span<const DirectoryRecord> stored,
-                                   std::span<const DirectoryRecord> groups)
+                                   std::span<const DirectoryRecord> groups,
+                                   std::size_t expectedRows)
     : m_directory(directory), m_groups(groups), m_records(stored.begin(), stored.end()) {
+    for (Index* index : {&m_byCode, &m_byName}) index->reserve(stored.size() + expectedRows);
     for (std::size_t place = 0; place < m_records.size(); ++place) {
         const DirectoryRecord& record = m_records[place];
         m_byCode[codeKey(record.group, record.code)].push_back(place);
@@ -49,6 +51,10 @@ std::vector<DirectoryRecord> PlannedDirectory::named(const DirectoryRecord& want
     std::vector<DirectoryRecord> found;
     collect(m_byNameInGroup, {wanted.group, wanted.name}, found);
     collect(m_byName, {scopeOf(wanted.group), wanted.name}, found);
+    // Among many it may be none of the first.
+    if (wanted.id == 0) return found;
+    const DirectoryRecord& before = m_records[placeOf(wanted)];
+    if (before.name == wanted.name) found.push_back(before);
     return found;
 }
 
@@ -74,13 +80,17 @@ void PlannedDirectory::add(DirectoryRecord record) {
     noteName(place);
 }
 
-void PlannedDirectory::change(const DirectoryRecord& record) {
+std::size_t PlannedDirectory::placeOf(const DirectoryRecord& record) const {
     const auto& places = m_byCode.at(codeKey(record.group, record.code));
-    const auto found = std::ranges::find(places, record.id,
-                                         [this](std::size_t place) { return m_records[place].id; });
-    forgetName(*found);
-    m_records[*found] = record;
-    noteName(*found);
+    return *std::ranges::find(places, record.id,
+                              [this](std::size_t place) { return m_records[place].id; });
+}
+
+void PlannedDirectory::change(const DirectoryRecord& record) {
+    const std::size_t place = placeOf(record);
+    forgetName(place);
+    m_records[place] = record;
+    noteName(place);
 }
 
 void PlannedDirectory::noteName(std::size_t place) {

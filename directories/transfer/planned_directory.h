@@ -20,7 +20,7 @@ class PlannedDirectory {
   public:
     /// The groups outlive it.
     PlannedDirectory(const Directory& directory, std::span<const DirectoryRecord> stored,
-                     std::span<const DirectoryRecord> groups);
+                     std::span<const DirectoryRecord> groups, std::size_t expectedRows);
 
     const GroupFinder& groups() const { return m_groups; }
     /// Who has just that code, of items in that class; null when nobody has.
@@ -28,8 +28,8 @@ class PlannedDirectory {
     /// What the checks of a record look at; the record and this outlive them. Of many bearers of a
     /// name or code they are told so many that another than the record itself is among them.
     DirectoryFacts factsOf(const DirectoryRecord& wanted) const;
-    /// Those who bear the name of a record, of items in its class; as many as are told to the
-    /// checks.
+    /// Those who bear the name of a record, of items in its class: as many as are told to the
+    /// checks, and itself where it has the name already.
     std::vector<DirectoryRecord> named(const DirectoryRecord& wanted) const;
 
     void add(DirectoryRecord record);
@@ -52,6 +52,7 @@ class PlannedDirectory {
     bool isOfItems() const { return m_directory.kind == DirectoryKind::projectItem; }
     std::int32_t scopeOf(std::int32_t group) const { return isOfItems() ? group : 0; }
     Key codeKey(std::int32_t group, std::string_view code) const;
+    std::size_t placeOf(const DirectoryRecord& record) const;
     void noteName(std::size_t place);
     void forgetName(std::size_t place);
     void collect(const Index& index, const Key& key, std::vector<DirectoryRecord>& found) const;

@@ -179,6 +179,16 @@ TEST_F(DirectoryPlans, TellWhichNamesWouldBeSharedAsTheWindowAsks) {
               2u);
 }
 
+TEST_F(DirectoryPlans, AskAboutNoNameThatARecordSharedBefore) {
+    m_records.clear();
+    for (int id = 1; id <= 5; ++id)
+        m_records.push_back({.id = id, .group = 1, .code = std::to_string(id), .name = "同名"});
+    EXPECT_EQ(fates(unit, "编码,名称,性质\n5,同名,客户\n4,别名,客户\n"),
+              (Lines{"2 修改", "3 修改"}));
+    EXPECT_EQ(fates(unit, "编码,名称,性质\n4,别名,\n5,别名,\n"),
+              (Lines{"2 修改", "3 修改 ? 已有同名的单位“4 别名”"}));
+}
+
 TEST_F(DirectoryPlans, FindAmongManyBearersOfANameTheOneOfTheDepartment) {
     m_records.clear();
     m_groups.clear();

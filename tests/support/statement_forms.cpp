@@ -43,7 +43,6 @@ void addCounterBatches(Forms& forms) {
     std::string counter;
     opening_sql::setLastId(counter, 24);
     addBatch(forms, counter);
-    addBatch(forms, account_sql::setLastAccountId(12));
     addBatch(forms, formatSql("UPDATE ABIdTable SET lLastId = %d WHERE sTable = 'UserAuth' or "
                               "sTable = 'Users'",
                               9));
