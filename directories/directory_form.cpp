@@ -11,7 +11,13 @@
 namespace chengheng {
 
 void DirectoryForm::readGroups() {
-    if (auto groups = m_service.readGroups()) m_groups = std::move(*groups);
+    const auto groups = m_service.readGroups();
+    if (groups && *groups != m_groups) readAgainBelowTyped();
+}
+
+bool DirectoryForm::selectRecord(const DirectoryRecord& record) {
+    const int id = leafIdOf(record);
+    return leaves().find(id) != nullptr && select(id);
 }
 
 std::string DirectoryForm::usedWords() const {
@@ -72,7 +78,11 @@ void DirectoryForm::holdTyped() {
 }
 
 void DirectoryForm::takeTypedBack() {
-    if (isAdding()) m_typedOver = {.id = m_typedOver.id};
+    if (isAdding()) {
+        input = m_typed;
+        input.id = m_loaded.id;
+        return;
+    }
     if (m_typed.code != m_typedOver.code) input.code = m_typed.code;
     if (m_typed.name != m_typedOver.name) input.name = m_typed.name;
     if (m_typed.group != m_typedOver.group) input.group = m_typed.group;

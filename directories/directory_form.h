@@ -20,7 +20,8 @@ class DirectoryForm final : public ListForm {
     const Directory& directory() const { return m_directory; }
     /// What records are grouped by, in the order of the codes.
     const std::vector<DirectoryRecord>& groups() const { return m_groups; }
-    /// Reads them anew; where that fails they stay, and the operator has been told.
+    /// Reads them anew, and with others the list that names them; what was typed stays. Where that
+    /// fails the operator has been told.
     void readGroups();
     /// What a record belongs to; null where that is gone.
     const DirectoryRecord* groupOf(const DirectoryRecord& record) const;
@@ -30,8 +31,8 @@ class DirectoryForm final : public ListForm {
     }
     /// The record in the form as it is stored; nothing while one is being added.
     const DirectoryRecord* selected() const { return isAdding() ? nullptr : &m_loaded; }
-    /// Selects a record; of an item both numbers count.
-    bool selectRecord(const DirectoryRecord& record) { return select(leafIdOf(record)); }
+    /// Selects a record that is in the list; of an item both numbers count.
+    bool selectRecord(const DirectoryRecord& record);
     std::string usedWords() const override;
 
   protected:

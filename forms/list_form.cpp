@@ -83,7 +83,6 @@ void ListForm::showOrAdd(int id) {
     if (id == 0 || show(id) != Outcome::done) beginAddition();
 }
 
-/// What was typed stays, on top of the record as it is now; where that is gone, for a new one.
 void ListForm::readAgainBelowTyped() {
     auto leaves = readLeaves();
     if (!leaves) return;

@@ -82,6 +82,9 @@ class ListForm {
     virtual Outcome erase(const Leaf* leaf) = 0;
 
     IMessages& messages() const { return m_messages; }
+    /// The list as it is now. What was typed stays, on top of the record as it is now; where that
+    /// is gone, for a new one.
+    void readAgainBelowTyped();
     /// What leaves are found by besides their text.
     void findBy(std::function<std::string(const Leaf&)> initials) {
         m_leaves.findBy(std::move(initials));
@@ -95,7 +98,6 @@ class ListForm {
     void showSelected();
     /// Another workstation changed the records: the list as it is now.
     void readAgain();
-    void readAgainBelowTyped();
 
     IMessages& m_messages;
     LeafList m_leaves;

@@ -153,12 +153,14 @@ void AccountWindow::browseCurrency() {
 /// There is nothing to choose in it for an account.
 void AccountWindow::browse(DirectoryKind kind) {
     DirectoryService service(messages(), directoryOf(kind));
+    std::vector<DirectoryRecord> records;
     const auto read =
         [&](const std::optional<ChosenRecord>& chosen) -> std::optional<PickerChange> {
-        const auto records = service.readAll();
-        if (!records) return std::nullopt;
+        auto anew = service.readAll();
+        if (!anew) return std::nullopt;
+        records = std::move(*anew);
         PickerChange change;
-        for (const DirectoryRecord& record : *records) {
+        for (const DirectoryRecord& record : records) {
             if (chosen && chosen->record.id == record.id)
                 change.chosen = static_cast<int>(change.rows.size());
             change.rows.push_back({record.code, record.name});
@@ -168,7 +170,10 @@ void AccountWindow::browse(DirectoryKind kind) {
     const auto all = read(std::nullopt);
     if (!all) return;
     PickerWindow picker(shown(directoryOf(kind).title), all->rows, this);
-    offerDirectory(picker, kind, messages(), read);
+    const auto at = [&records](std::size_t position) {
+        return ChosenRecord{.record = records[position], .groupCode = {}};
+    };
+    offerDirectory(picker, kind, messages(), {read, at});
     picker.choose();
 }
 

@@ -149,8 +149,12 @@ std::optional<DimensionChoice> EntryWindow::pick(Dimension dimension,
         choices = std::move(*anew);
         return PickerChange{rowsOf(choices), chosen ? placeOf(*chosen, choices) : -1};
     };
+    const auto at = [&choices](std::size_t position) {
+        const DimensionChoice& choice = choices[position];
+        return ChosenRecord{.record = {.id = choice.id}, .groupCode = choice.itemClass};
+    };
     if (mayAdd == MayAdd::yes)
-        offerDirectory(picker, directoryKindOf(dimension), messages(), readAnew);
+        offerDirectory(picker, directoryKindOf(dimension), messages(), {readAnew, at});
     const int chosen = picker.choose();
     if (chosen < 0) return std::nullopt;
     return choices[static_cast<std::size_t>(chosen)];

@@ -30,8 +30,17 @@ DirectoryWindow::DirectoryWindow(const Directory& directory, QWidget* parent)
 
 bool DirectoryWindow::OnInitDialog() {
     const bool isFocusSet = ListFormDialog::OnInitDialog();
+    if (m_startsAt) select(*m_startsAt);
     if (m_startsWithAddition) OnMenuInsert();
     return isFocusSet;
+}
+
+void DirectoryWindow::select(const ChosenRecord& wanted) {
+    DirectoryRecord record = wanted.record;
+    for (const DirectoryRecord& group : m_form.groups())
+        if (record.group == 0 && group.code == wanted.groupCode) record.group = group.id;
+    m_form.selectRecord(record);
+    showAnew();
 }
 
 std::optional<ChosenRecord> DirectoryWindow::chosen() const {
@@ -88,9 +97,12 @@ void DirectoryWindow::showGroups() {
     m_group->setEnabled(m_form.mayChangeGroup());
 }
 
-/// What is chosen there becomes the group of the record in the form.
+/// It comes up with the group of the record in the form; what is chosen there takes its place.
 void DirectoryWindow::openGroups() {
-    const auto chosen = openDirectory(*m_form.directory().groups, *this, messages());
+    DirectoryStart start;
+    if (const DirectoryRecord* group = m_form.groupOf(m_form.input))
+        start.selected = ChosenRecord{.record = *group, .groupCode = {}};
+    const auto chosen = openDirectory(*m_form.directory().groups, *this, messages(), start);
     m_form.readGroups();
     if (chosen && m_form.mayChangeGroup()) m_form.input.group = chosen->record.id;
     showAnew();

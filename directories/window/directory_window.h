@@ -19,6 +19,8 @@ class DirectoryWindow final : public ListFormDialog {
 
     /// A record is being added as the window comes up.
     void startWithAddition() { m_startsWithAddition = true; }
+    /// A record is selected as the window comes up, where it is still there.
+    void startAt(const ChosenRecord& record) { m_startsAt = record; }
     /// The record selected when the window closed; nothing while one was being added.
     std::optional<ChosenRecord> chosen() const;
 
@@ -39,6 +41,7 @@ class DirectoryWindow final : public ListFormDialog {
     void addKinds();
     void showGroups();
     void openGroups();
+    void select(const ChosenRecord& wanted);
 
     DirectoryForm m_form;
     LimitedEdit* m_code = nullptr;
@@ -47,6 +50,7 @@ class DirectoryWindow final : public ListFormDialog {
     QPushButton* m_openGroups = nullptr;
     QComboBox* m_kind = nullptr;  ///< by the number of the kind
     bool m_startsWithAddition = false;
+    std::optional<ChosenRecord> m_startsAt;
 };
 
 }  // namespace chengheng

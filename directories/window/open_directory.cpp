@@ -8,28 +8,32 @@
 namespace chengheng {
 
 std::optional<ChosenRecord> openDirectory(DirectoryKind kind, QWidget& parent, IMessages& messages,
-                                          DirectoryStart start) {
+                                          const DirectoryStart& start) {
     const Directory& directory = directoryOf(kind);
     if (const auto refusal = rightRefusal(directory.right)) {
         messages.tell(refusal->notice);
         return std::nullopt;
     }
     DirectoryWindow window(directory, &parent);
-    if (start == DirectoryStart::adding) window.startWithAddition();
+    if (start.isAdding) window.startWithAddition();
+    if (start.selected) window.startAt(*start.selected);
     window.DoModal();
     return window.chosen();
 }
 
 void offerDirectory(PickerWindow& picker, DirectoryKind kind, IMessages& messages,
-                    const PickerReading& readAnew) {
-    const auto open = [&picker, &messages, kind, readAnew](DirectoryStart start) {
-        return [=, &picker, &messages] {
-            return readAnew(openDirectory(kind, picker, messages, start));
-        };
+                    const PickerRecords& records) {
+    const auto add = [&picker, &messages, kind, readAnew = records.readAnew] {
+        return readAnew(openDirectory(kind, picker, messages, {.isAdding = true}));
     };
-    picker.addCommand(shown(directory_texts::add), open(DirectoryStart::adding),
-                      PickerWindow::Afterwards::takeTheChosen);
-    picker.addCommand(shown(directory_texts::openDirectory), open(DirectoryStart::browsing),
+    const auto browse = [&picker, &messages, kind, records] {
+        DirectoryStart start;
+        if (const int position = picker.selected(); position >= 0)
+            start.selected = records.at(static_cast<std::size_t>(position));
+        return records.readAnew(openDirectory(kind, picker, messages, start));
+    };
+    picker.addCommand(shown(directory_texts::add), add, PickerWindow::Afterwards::takeTheChosen);
+    picker.addCommand(shown(directory_texts::openDirectory), browse,
                       PickerWindow::Afterwards::stay);
 }
 

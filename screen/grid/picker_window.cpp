@@ -157,7 +157,9 @@ void PickerWindow::take(PickerChange change, Afterwards afterwards) {
 
 int PickerWindow::choose(int current) {
     m_grid->setCurrentRow(std::max(0, current));
-    return DoModal() == Accepted ? m_rows->positionOf(m_grid->currentRow()) : -1;
+    return DoModal() == Accepted ? selected() : -1;
 }
+
+int PickerWindow::selected() const { return m_rows->positionOf(m_grid->currentRow()); }
 
 }  // namespace chengheng

@@ -40,6 +40,8 @@ class PickerWindow final : public DialogFrame {
     /// read, which the operator has been told.
     void addCommand(const QString& text, std::function<std::optional<PickerChange>()> work,
                     Afterwards afterwards);
+    /// Position of the row that is selected; -1 for none.
+    int selected() const;
     /// Shows the list with a row selected; the position of the row chosen, -1 for none.
     int choose(int current = -1);
 

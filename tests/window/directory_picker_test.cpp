@@ -96,6 +96,30 @@ TEST_F(DirectoryPickerTest, SelectsWhatWasLookedUpInTheDirectoryAndLetsOneChoose
     EXPECT_EQ(field("lEnterId"), "乙方");
 }
 
+TEST_F(DirectoryPickerTest, LooksARecordUpAndKeepsItsPlace) {
+    const std::pair<AuxiliaryKind, const char*> fields[] = {{AuxiliaryKind::unit, "单位"},
+                                                            {AuxiliaryKind::project, "项目"}};
+    for (const auto& [kind, name] : fields) {
+        open(kind);
+        const NextModal picker([](QWidget& list) {
+            auto& grid = *list.findChild<CVCF1*>();
+            grid.setCurrentRow(1);
+            const QString code = grid.model()->index(1, 0).data().toString();
+            {
+                const NextModal directory([&code](QWidget& records) {
+                    showActive(records);
+                    EXPECT_EQ(records.findChild<QLineEdit*>("sCode")->text(), code);
+                    QTest::keyClick(&records, Qt::Key_Escape);
+                });
+                press(list, "目录");
+            }
+            EXPECT_EQ(grid.currentRow(), 1);
+            QTest::keyClick(&list, Qt::Key_Escape);
+        });
+        view(name);
+    }
+}
+
 TEST_F(DirectoryPickerTest, FindsAnItemOfItsClassAmongThoseOfOthers) {
     DirectoryService classes(books.messages(), directoryOf(DirectoryKind::projectClass));
     DirectoryRecord other{.code = "02", .name = "研发"};

@@ -60,6 +60,18 @@ class DirectoryWindowTest : public testing::Test {
             texts.push_back(tree().model()->index(row, 0).data().toString().toStdString());
         return texts;
     }
+    void openGroups() {
+        for (QPushButton* button : window->findChildren<QPushButton*>())
+            if (button->accessibleName() == QString::fromUtf8("部门目录")) button->click();
+    }
+    void trigger(const char* text) {
+        for (QAction* action : window->findChildren<QAction*>())
+            if (action->text() == QString::fromUtf8(text)) {
+                action->trigger();
+                return QCoreApplication::processEvents();
+            }
+        FAIL() << text;
+    }
     std::string usedMark() {
         const auto& mark = control<QLabel>("usedMark");
         return mark.isVisible() ? mark.text().toStdString() : "";
@@ -188,12 +200,49 @@ TEST_F(DirectoryWindowTest, OpensWhatItsRecordsBelongToAndTakesWhatIsChosenThere
         QTest::keyClick(directory.focusWidget(), Qt::Key_Return);
         QTest::keyClick(&directory, Qt::Key_Escape);
     });
-    for (QPushButton* button : window->findChildren<QPushButton*>())
-        if (button->accessibleName() == QString::fromUtf8("部门目录")) button->click();
+    openGroups();
     EXPECT_EQ(group().currentText(), QString::fromUtf8("D3 仓库"));
     EXPECT_EQ(code().text(), "P1");
     save();
     EXPECT_EQ(leaves().front(), "P1 张三 (仓库)");
+}
+
+TEST_F(DirectoryWindowTest, OpensWhatARecordBelongsToAtItAndChangesNothingByLooking) {
+    open(DirectoryKind::person);
+    select(1);
+    const NextModal departments([](QWidget& directory) {
+        showActive(directory);
+        EXPECT_EQ(directory.findChild<QLineEdit*>("sCode")->text(), "D2");
+        QTest::keyClick(&directory, Qt::Key_Escape);
+    });
+    openGroups();
+    EXPECT_EQ(group().currentText(), QString::fromUtf8("D2 生产部"));
+    EXPECT_FALSE(control<QPushButton>("ok").isEnabled());
+}
+
+TEST_F(DirectoryWindowTest, ShowsTheNewNameOfAGroupInTheListAndKeepsWhatWasTyped) {
+    open(DirectoryKind::person);
+    type(name(), "张山");
+    const auto rename = [](QWidget& directory) {
+        showActive(directory);
+        typeText(directory.findChild<QLineEdit*>("sName"), QString::fromUtf8("一"));
+        QTest::keyClick(directory.findChild<QLineEdit*>("sName"), Qt::Key_Return);
+        QTest::keyClick(&directory, Qt::Key_Escape);
+    };
+    {
+        const NextModal departments(rename);
+        openGroups();
+    }
+    EXPECT_EQ(leaves().front(), "P1 张三 (销售部一)");
+    EXPECT_EQ(name().text(), QString::fromUtf8("张山"));
+    books.messages().willAnswer("当前输入尚未保存,是否放弃?", Answer::yes);
+    trigger("增加");
+    type(code(), "P3");
+    const NextModal departments(rename);
+    openGroups();
+    EXPECT_EQ(leaves().front(), "P1 张三 (销售部一一)");
+    EXPECT_EQ(code().text(), "P3");
+    EXPECT_EQ(group().currentText(), QString::fromUtf8("D1 销售部一一"));
 }
 
 TEST_F(DirectoryWindowTest, FindsByCodeNameAndInitials) {
