@@ -11,6 +11,7 @@
 #include "books/checking/integrity_texts.h"
 #include "data/tables/schema.h"
 #include "data/transfer/stored_tables.h"
+#include "directories/directory.h"
 
 namespace chengheng {
 namespace {
@@ -23,7 +24,9 @@ struct WholeNumbers {
     std::int64_t most;
 };
 
-WholeNumbers rangeOf(ColumnType type) {
+WholeNumbers rangeOf(const ColumnInfo& column) {
+    if (column.name == "byKind") return {0, static_cast<std::int64_t>(UnitKind::supplier)};
+    const ColumnType type = column.type;
     if (type == ColumnType::byte) return {0, std::numeric_limits<std::uint8_t>::max()};
     if (type == ColumnType::flag)
         return {std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()};
@@ -45,10 +48,10 @@ std::string shownCell(std::string_view text) {
     return shown.size() == text.size() ? shown : shown + "…";
 }
 
-std::string wholeNumberFault(ColumnType type, const Cursor& row, int column) {
+std::string wholeNumberFault(const ColumnInfo& info, const Cursor& row, int column) {
     if (row.kind(column) != ValueKind::integer)
         return integrity_texts::notWhole(shownCell(row.text(column)));
-    const WholeNumbers range = rangeOf(type);
+    const WholeNumbers range = rangeOf(info);
     const std::int64_t number = row.integer(column);
     return number < range.least || number > range.most
                ? integrity_texts::outOfRange(number, range.least, range.most)
@@ -74,17 +77,17 @@ std::string textFault(std::string_view text) {
 }
 
 /// What is wrong with a value of a column; empty when nothing is.
-std::string cellFault(ColumnType type, const Cursor& row, int column) {
+std::string cellFault(const ColumnInfo& info, const Cursor& row, int column) {
     if (row.kind(column) == ValueKind::null) return {};
-    switch (type) {
+    switch (info.type) {
         case ColumnType::integer:
         case ColumnType::nullableInteger:
         case ColumnType::byte:
         case ColumnType::flag:
-            return wholeNumberFault(type, row, column);
+            return wholeNumberFault(info, row, column);
         case ColumnType::real:
         case ColumnType::single:
-            return numberFault(type, row, column);
+            return numberFault(info.type, row, column);
         case ColumnType::text:
             return textFault(row.text(column));
         case ColumnType::date:
@@ -100,7 +103,7 @@ Status checkTable(Engine& engine, const TableInfo& table, FaultList& faults) {
     return forEachRow(engine, sql, {}, [&](const Cursor& row) {
         int column = 0;
         for (const ColumnInfo& info : table.columns) {
-            std::string fault = cellFault(info.type, row, column++);
+            std::string fault = cellFault(info, row, column++);
             if (fault.empty()) continue;
             if (info.name == passwordColumn) fault = integrity_texts::passwordWrong;
             faults.add(

@@ -124,6 +124,8 @@ constexpr Damage damages[] = {
      "Sign 编号 1 的 byLimit:300 不在 0 到 255 之间"},
     {"ByteBelowNothing", "UPDATE Sign SET byLimit = -1", "cells",
      "Sign 编号 1 的 byLimit:-1 不在 0 到 255 之间"},
+    {"UnitKindNobodyKnows", "UPDATE Enter SET byKind = 9", "cells",
+     "Enter 编号 1 的 byKind:9 不在 0 到 2 之间"},
     {"MoneyThatIsNoNumber", "UPDATE FreqSub SET mMoney = 'NaN'", "cells",
      "FreqSub 编号 1 的 mMoney:"},
     {"ControlCharacter", "UPDATE _Digest SET sDigest = 'a\x07z'", "cells",
