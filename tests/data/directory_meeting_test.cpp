@@ -89,6 +89,44 @@ TEST_P(DirectoryMeetings, OfADeletionWithAnEntryLetOneOfThemHaveItsWay) {
     }
 }
 
+/// The class of a code and one item in it; the class is added where it is not there.
+DirectoryRecord addItem(EntryBooks& books, const char* classCode, const char* itemCode) {
+    DirectoryService classes(books.messages(), directoryOf(DirectoryKind::projectClass));
+    DirectoryRecord group{.code = classCode, .name = "研发"};
+    const auto all = classes.readAll();
+    for (const DirectoryRecord& each : *all)
+        if (each.code == classCode) group = each;
+    if (group.id == 0) EXPECT_EQ(classes.add(group), Outcome::done);
+    DirectoryRecord item{.group = group.id, .code = itemCode, .name = itemCode};
+    EXPECT_EQ(DirectoryService(books.messages(), directoryOf(DirectoryKind::projectItem)).add(item),
+              Outcome::done);
+    return item;
+}
+
+TEST_P(DirectoryMeetings, OverAClassThatIsDroppedAndMadeAnewFindItsNewTable) {
+    const std::string location = freshLocation(GetParam());
+    { const EntryBooks made(location); }
+    WaitingProcess otherStation([&] {
+        EntryBooks theirs(location, OpeningLayout::simple, false);
+        DirectoryService classes(theirs.messages(), directoryOf(DirectoryKind::projectClass));
+        theirs.messages().willAnswer(Answer::yes);
+        const DirectoryRecord last = classes.readAll().value().back();
+        if (classes.remove(&last) != Outcome::done) return false;
+        return addItem(theirs, "07", "N1").id == 1;
+    });
+    EntryBooks books(location, OpeningLayout::simple, false);
+    DirectoryService items(books.messages(), directoryOf(DirectoryKind::projectItem));
+    const DirectoryRecord gone = addItem(books, "07", "X1");
+    books.messages().willAnswer(Answer::yes);
+    EXPECT_EQ(items.remove(&gone), Outcome::done);
+    otherStation.start(std::chrono::seconds(20));
+    ASSERT_TRUE(otherStation.hasSucceeded());
+    EXPECT_EQ(items.readAll().value().back().code, "N1");
+    EXPECT_EQ(addItem(books, "07", "N2").id, 2);
+    EXPECT_EQ(items.readAll().value().back().code, "N2");
+    EXPECT_EQ(books.books().faults(), Texts{});
+}
+
 CHENGHENG_ON_SHARED_ENGINES(DirectoryMeetings);
 
 }  // namespace
