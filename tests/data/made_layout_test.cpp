@@ -30,6 +30,7 @@ constexpr Leftover leftovers[] = {
     {"Defaults", "ALTER TABLE Code ALTER COLUMN sName SET DEFAULT 'x'"},
     {"FewerChecks", "ALTER TABLE AccSum DROP CONSTRAINT AccSum_byPeroid"},
     {"FewerTables", "DROP TABLE Settle"},
+    {"Indexes", "CREATE INDEX more ON Code (sName)"},
     {"FewerIndexes", "DROP INDEX AccSum_lCodeId_byPeroid"},
     {"Triggers",
      "CREATE FUNCTION nothing() RETURNS trigger LANGUAGE plpgsql AS "

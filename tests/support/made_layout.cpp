@@ -63,6 +63,7 @@ DECLARE each record; mine text := current_schema(); old regnamespace := to_regna
 BEGIN
     IF old IS NULL OR ({2}) IS DISTINCT FROM '{3}' OR
         EXISTS (SELECT 1 FROM pg_proc WHERE pronamespace = old) OR
+        EXISTS (SELECT 1 FROM pg_index WHERE indrelid IN ({1}) AND indexrelid NOT IN ({1})) OR
         EXISTS (SELECT 1 FROM pg_class
             WHERE relnamespace = old AND relkind NOT IN ('r', 'i', 'v')) OR
         EXISTS (SELECT 1 FROM pg_namespace WHERE oid = old AND nspacl IS NOT NULL) OR
