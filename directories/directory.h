@@ -20,8 +20,8 @@ enum class UnitKind : std::uint8_t { both = 0, customer = 1, supplier = 2 };
 struct DirectoryRecord {
     std::int32_t id = 0;     ///< of an item: within its class
     std::int32_t group = 0;  ///< id of a person's department, a unit's or an item's class
-    std::string code;
-    std::string name;
+    std::string code = {};
+    std::string name = {};
     UnitKind unitKind = UnitKind::both;
 
     bool operator==(const DirectoryRecord&) const = default;

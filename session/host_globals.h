@@ -12,7 +12,7 @@ struct CDivideWInfo {
     std::int32_t lUserId = 0;
     std::int32_t lAuthId = 0;   ///< id of the operator's row in UserAuth
     std::int32_t lManager = 0;  ///< 1 = supervisor (主管)
-    std::string sUserName;
+    std::string sUserName = {};
 };
 
 /// A moment of the calendar and the clock.

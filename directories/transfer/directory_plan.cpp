@@ -43,12 +43,12 @@ class DirectoryPlanner {
   private:
     /// What a row says of a record.
     struct Given {
-        std::string code;
-        std::optional<std::string> name;
-        std::optional<std::int32_t> group;  ///< 0: none that is known
-        std::string groupReason;            ///< why none is
-        std::optional<UnitKind> unitKind;
-        std::string kindReason;
+        std::string code = {};
+        std::optional<std::string> name = {};
+        std::optional<std::int32_t> group = {};  ///< 0: none that is known
+        std::string groupReason = {};            ///< why none is
+        std::optional<UnitKind> unitKind = {};
+        std::string kindReason = {};
     };
 
     PlannedRow planRow(std::size_t row) {

@@ -166,7 +166,7 @@ TEST_P(ToolOnBooks, InfoShowsTheBooksToAProgram) {
     EXPECT_EQ(info["tables"]["Code"], 6);
     EXPECT_EQ(info["tables"]["ProjItems01"], 1);
     EXPECT_GT(info["bytes"], 0);
-    EXPECT_EQ(info["formatVersion"], 3);
+    EXPECT_EQ(info["formatVersion"], 4);
 }
 
 TEST_P(ToolOnBooks, NamesCannotSteerTheTerminal) {
