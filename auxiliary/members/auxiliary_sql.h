@@ -27,7 +27,10 @@ inline constexpr EntriesFormat unitAndProjectEntries{
 inline constexpr EntriesFormat unitEntries{"bBegin<>0 AND lCodeId=%d AND lEnterId<>0"};
 
 /// Behind any of them: in the order in which they were added.
-inline constexpr const char* asAdded = " ORDER BY lId";
+inline constexpr const char* asAdded = " ORDER BY RegSub.lId";
+/// What they are read from: a line whose header is gone stays an entry.
+inline constexpr const char* linesAndHeaders =
+    "RegSub LEFT JOIN RegMain ON RegMain.lId = RegSub.lTieId";
 
 /// The auxiliary sums of a combination, its dimensions in an order; without any, those of every
 /// combination of the account.
@@ -59,8 +62,6 @@ std::string headerOf(std::int32_t tieId);
 std::string linesOfHeader(std::int32_t headerId);
 std::string line(std::int32_t lineId);
 inline constexpr const char* endAccounts = "bEnd <> 0 ORDER BY sCode";
-/// Headers of opening entries, as opposed to those of vouchers.
-inline constexpr const char* openingHeaders = "byPeroid = 0";
 
 // Whose name or code is whose.
 

@@ -232,7 +232,6 @@ void addAuxiliaryConditions(Forms& forms) {
     addCondition(forms, auxiliary_sql::classesOfAccount(5), {"ProjCodes"});
     addCondition(forms, auxiliary_sql::classOfCode(awkward), {"ProjClass"});
     addCondition(forms, auxiliary_sql::classesInOrder, {"ProjClass"});
-    addCondition(forms, auxiliary_sql::openingHeaders, {"RegMain"});
     addCondition(forms, auxiliary_sql::headerOf(5), {"RegMain"});
     addCondition(forms, auxiliary_sql::linesOfHeader(5), {"RegSub", "UnregSub"});
     addCondition(forms, auxiliary_sql::line(5), {"RegSub"});
