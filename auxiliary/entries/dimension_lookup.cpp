@@ -6,128 +6,131 @@
 #include "data/access/row_lease.h"
 #include "data/access/selected_cells.h"
 #include "data/tables/directories.h"
+#include "directories/directory_store.h"
 #include "directories/project_items.h"
 
 namespace chengheng {
 namespace {
 
 using Choices = std::vector<DimensionChoice>;
+using Records = std::vector<DirectoryRecord>;
 
-DimensionChoice choiceOf(const _DeptInfo& row) {
-    return {.id = row.lId, .code = row.sDeptCode, .name = row.sDeptName};
-}
-DimensionChoice choiceOf(const _PersonInfo& row) {
-    return {
-        .id = row.lId, .code = row.sPersonCode, .name = row.sPersonName, .department = row.lDeptId};
-}
-DimensionChoice choiceOf(const _EnterInfo& row) {
-    return {.id = row.lId, .code = row.sEnterCode, .name = row.sEnterName};
+DimensionChoice choiceOf(Dimension dimension, DirectoryRecord& record) {
+    return {.id = record.id,
+            .code = std::move(record.code),
+            .name = std::move(record.name),
+            .department = dimension == Dimension::person ? record.group : 0};
 }
 
-template <class Record>
-Status readRecords(CNbCwDB& database, const char* condition, Choices& choices) {
-    const RowLease<Record> lease(database, condition);
-    if (!lease.isRead()) return database.lastStatus();
-    choices.reserve(lease.rows().size());
-    for (const Record* row : lease.rows()) choices.push_back(choiceOf(*row));
-    return Status::done();
+/// Adds those whom the scope leaves to choose from.
+void take(Dimension dimension, Records& records, const LookupScope& scope, Choices& choices) {
+    choices.reserve(choices.size() + records.size());
+    for (DirectoryRecord& record : records) {
+        DimensionChoice choice = choiceOf(dimension, record);
+        const bool isElsewhere = dimension == Dimension::person && scope.department != 0 &&
+                                 choice.department != scope.department;
+        if (!isElsewhere) choices.push_back(std::move(choice));
+    }
 }
 
-Status readItems(CNbCwDB& database, std::string_view itemClass, Choices& choices) {
-    const SelectedCells cells(database, auxiliary_sql::itemsInOrder(itemClass));
+Status readClasses(CNbCwDB& database, Records& classes) {
+    return readDirectory(database, DirectoryKind::projectClass, classes);
+}
+
+using ItemReading = Status (*)(CNbCwDB& database, DirectoryKind kind, std::int32_t group,
+                               std::string_view text, Records& records);
+
+/// Items of the classes of a scope; a class that is gone or has no table has none.
+Status findItems(CNbCwDB& database, std::string_view text, const LookupScope& scope,
+                 ItemReading read, Choices& found) {
+    Records classes;
+    Status status = readClasses(database, classes);
+    for (const std::string& code : scope.itemClasses) {
+        const auto itemClass = std::ranges::find(classes, code, &DirectoryRecord::code);
+        if (itemClass == classes.end()) continue;
+        Records items;
+        if (status) status = read(database, DirectoryKind::projectItem, itemClass->id, text, items);
+        if (!status) return status;
+        for (DirectoryRecord& item : items) {
+            found.push_back(choiceOf(Dimension::item, item));
+            found.back().itemClass = code;
+        }
+    }
+    return status;
+}
+
+Status find(CNbCwDB& database, Dimension dimension, std::string_view text, const LookupScope& scope,
+            ItemReading read, Choices& found) {
+    if (dimension == Dimension::item) return findItems(database, text, scope, read, found);
+    Records records;
+    const Status status = read(database, directoryKindOf(dimension), 0, text, records);
+    take(dimension, records, scope, found);
+    return status;
+}
+
+Status readItemsOf(CNbCwDB& database, const LookupScope& scope, Choices& choices) {
+    Records classes;
+    Status status = readClasses(database, classes);
+    Records items;
+    if (status) status = readDirectory(database, DirectoryKind::projectItem, items);
+    for (DirectoryRecord& item : items) {
+        const auto itemClass = std::ranges::find(classes, item.group, &DirectoryRecord::id);
+        if (itemClass == classes.end()) continue;
+        if (std::ranges::find(scope.itemClasses, itemClass->code) == scope.itemClasses.end())
+            continue;
+        choices.push_back(choiceOf(Dimension::item, item));
+        choices.back().itemClass = itemClass->code;
+    }
+    return status;
+}
+
+Status readIsItemNamed(CNbCwDB& database, const EntryDimensions& of, std::string_view name,
+                       bool& isNamed) {
+    Records classes;
+    Status status = readClasses(database, classes);
+    if (std::ranges::count(classes, of.itemClass, &DirectoryRecord::code) == 0) return status;
+    bool hasTable = false;
+    status = readHasItemTable(database, of.itemClass, hasTable);
+    if (!status || !hasTable) return status;
+    const SelectedCells cells(database, auxiliary_sql::itemNamed(of.itemClass, name));
     if (!cells.isRead()) return database.lastStatus();
     for (int row = 0; row < cells.rows(); ++row)
-        choices.push_back({.id = cells.number<std::int32_t>(row, 0),
-                           .code = std::string(cells.text(row, 1)),
-                           .name = std::string(cells.text(row, 2)),
-                           .itemClass = std::string(itemClass)});
-    return Status::done();
+        isNamed = isNamed || cells.number<std::int32_t>(row, 0) == of.item;
+    return status;
 }
-
-/// Conditions on the records of a dimension other than the item.
-struct Conditions {
-    std::string (*named)(std::string_view name);
-    std::string (*coded)(std::string_view code);
-    const char* inOrder;
-    Status (*read)(CNbCwDB& database, const char* condition, Choices& choices);
-};
-
-Conditions conditionsOf(Dimension dimension) {
-    using namespace auxiliary_sql;
-    if (dimension == Dimension::department)
-        return {departmentNamed, departmentCoded, departmentsInOrder, readRecords<_DeptInfo>};
-    if (dimension == Dimension::person)
-        return {personNamed, personCoded, personsInOrder, readRecords<_PersonInfo>};
-    return {unitNamed, unitCoded, unitsInOrder, readRecords<_EnterInfo>};
-}
-
-void keepPersonsOf(std::int32_t department, Choices& choices) {
-    if (department == 0) return;
-    std::erase_if(choices, [department](const DimensionChoice& each) {
-        return each.department != department;
-    });
-}
-
-/// A class without a table has no items; a table whose class is gone counts for nothing.
-Status readClassExists(CNbCwDB& database, std::string_view classCode, bool& exists) {
-    const Status status = readHasItemTable(database, classCode, exists);
-    if (!status || !exists) return status;
-    const auto found = hasRows<_ProjClassInfo>(database, auxiliary_sql::classOfCode(classCode));
-    exists = found.value_or(false);
-    return found ? Status::done() : database.lastStatus();
-}
-
-Status findItems(CNbCwDB& database, std::string_view text, const LookupScope& scope,
-                 bool (*bears)(const DimensionChoice&, std::string_view), Choices& found) {
-    for (const std::string& each : scope.itemClasses) {
-        bool exists = false;
-        Choices items;
-        Status status = readClassExists(database, each, exists);
-        if (status && exists) status = readItems(database, each, items);
-        if (!status) return status;
-        for (DimensionChoice& item : items)
-            if (bears(item, text)) found.push_back(std::move(item));
-    }
-    return Status::done();
-}
-
-Status unlessMissing(const Status& status) {
-    return status.failure == Failure::missing ? Status::done() : status;
-}
-
-bool hasName(const DimensionChoice& item, std::string_view text) { return item.name == text; }
-bool hasCode(const DimensionChoice& item, std::string_view text) { return item.code == text; }
 
 }  // namespace
+
+DirectoryKind directoryKindOf(Dimension dimension) {
+    switch (dimension) {
+        case Dimension::department:
+            return DirectoryKind::department;
+        case Dimension::person:
+            return DirectoryKind::person;
+        case Dimension::unit:
+            return DirectoryKind::unit;
+        case Dimension::item:
+            break;
+    }
+    return DirectoryKind::projectItem;
+}
 
 Status findByText(CNbCwDB& database, Dimension dimension, std::string_view text,
                   const LookupScope& scope, Choices& found) {
     found.clear();
     if (text.empty()) return Status::done();
-    if (dimension == Dimension::item) {
-        const Status status = findItems(database, text, scope, hasName, found);
-        return status && found.empty() ? findItems(database, text, scope, hasCode, found) : status;
-    }
-    const Conditions conditions = conditionsOf(dimension);
-    Status status = conditions.read(database, conditions.named(text).c_str(), found);
-    keepPersonsOf(scope.department, found);
+    const Status status = find(database, dimension, text, scope, readNamed, found);
     if (!status || !found.empty()) return status;
-    status = conditions.read(database, conditions.coded(text).c_str(), found);
-    keepPersonsOf(scope.department, found);
-    return status;
+    return find(database, dimension, text, scope, readCoded, found);
 }
 
 Status readChoices(CNbCwDB& database, Dimension dimension, const LookupScope& scope,
                    Choices& choices) {
     choices.clear();
-    if (dimension == Dimension::item) {
-        return findItems(
-            database, {}, scope, [](const DimensionChoice&, std::string_view) { return true; },
-            choices);
-    }
-    const Conditions conditions = conditionsOf(dimension);
-    const Status status = conditions.read(database, conditions.inOrder, choices);
-    keepPersonsOf(scope.department, choices);
+    if (dimension == Dimension::item) return readItemsOf(database, scope, choices);
+    Records records;
+    const Status status = readDirectory(database, directoryKindOf(dimension), records);
+    take(dimension, records, scope, choices);
     return status;
 }
 
@@ -142,58 +145,43 @@ Status readItemClasses(CNbCwDB& database, std::int32_t accountId,
             if (std::ranges::find(classes, row->sItemId) == classes.end())
                 classes.push_back(row->sItemId);
     }
-    std::vector<std::string> all;
-    const RowLease<_ProjClassInfo> lease(database, auxiliary_sql::classesInOrder);
-    if (!lease.isRead()) return database.lastStatus();
-    for (const _ProjClassInfo* row : lease.rows()) all.push_back(row->sClsCode);
+    Records all;
+    const Status status = readClasses(database, all);
     std::erase_if(classes, [&all](const std::string& each) {
-        return std::ranges::find(all, each) == all.end();
+        return std::ranges::find(all, each, &DirectoryRecord::code) == all.end();
     });
-    if (classes.empty()) classes = std::move(all);
-    return Status::done();
+    if (classes.empty())
+        for (const DirectoryRecord& each : all) classes.push_back(each.code);
+    return status;
 }
 
 Status readIsNamed(CNbCwDB& database, Dimension dimension, const EntryDimensions& of,
                    std::string_view name, bool& isNamed) {
     isNamed = false;
-    Choices found;
-    std::int32_t wanted = of.item;
-    if (dimension == Dimension::item) {
-        bool exists = false;
-        Status status = readClassExists(database, of.itemClass, exists);
-        if (!status || !exists) return status;
-        const SelectedCells cells(database, auxiliary_sql::itemNamed(of.itemClass, name));
-        if (!cells.isRead()) return database.lastStatus();
-        for (int row = 0; row < cells.rows(); ++row)
-            found.push_back({.id = cells.number<std::int32_t>(row, 0), .code = {}, .name = {}});
-    } else {
-        const Conditions conditions = conditionsOf(dimension);
-        const Status status = conditions.read(database, conditions.named(name).c_str(), found);
-        if (!status) return status;
-        wanted = dimension == Dimension::department ? of.department
-                 : dimension == Dimension::person   ? of.person.value_or(0)
-                                                    : of.unit;
-    }
-    isNamed = std::ranges::count(found, wanted, &DimensionChoice::id) != 0;
-    return Status::done();
+    if (dimension == Dimension::item) return readIsItemNamed(database, of, name, isNamed);
+    Records found;
+    const Status status = readNamed(database, directoryKindOf(dimension), 0, name, found);
+    const std::int32_t wanted = dimension == Dimension::department ? of.department
+                                : dimension == Dimension::person   ? of.person.value_or(0)
+                                                                   : of.unit;
+    isNamed = std::ranges::count(found, wanted, &DirectoryRecord::id) != 0;
+    return status;
 }
 
 Status readDepartment(CNbCwDB& database, std::int32_t id,
                       std::optional<DimensionChoice>& department) {
     department.reset();
-    _DeptInfo* row = nullptr;
-    const bool isFound = database.Dept_GetInfo(row, id) == 0;
-    if (isFound) department = choiceOf(*row);
-    database.Dept_ReleaseAllBuffer();
-    return isFound ? Status::done() : unlessMissing(database.lastStatus());
+    std::optional<DirectoryRecord> record;
+    const Status status = readRecord(database, DirectoryKind::department, id, 0, record);
+    if (record) department = choiceOf(Dimension::department, *record);
+    return status;
 }
 
 Status readDepartmentOf(CNbCwDB& database, std::int32_t person, std::int32_t& department) {
-    _PersonInfo* row = nullptr;
-    const bool isFound = database.Person_GetInfo(row, person) == 0;
-    department = isFound ? row->lDeptId : 0;
-    database.Person_ReleaseAllBuffer();
-    return isFound ? Status::done() : unlessMissing(database.lastStatus());
+    std::optional<DirectoryRecord> record;
+    const Status status = readRecord(database, DirectoryKind::person, person, 0, record);
+    department = record ? record->group : 0;
+    return status;
 }
 
 }  // namespace chengheng

@@ -8,6 +8,7 @@
 
 #include "auxiliary/members/entry_dimensions.h"
 #include "data/access/CNbCwDB.h"
+#include "directories/directory.h"
 
 namespace chengheng {
 
@@ -24,9 +25,12 @@ struct DimensionChoice {
 
 /// Where names are looked for.
 struct LookupScope {
-    std::int32_t department = 0;           ///< persons of this one only; 0: of all
-    std::vector<std::string> itemClasses;  ///< the classes whose items may be named
+    std::int32_t department = 0;                ///< persons of this one only; 0: of all
+    std::vector<std::string> itemClasses = {};  ///< the classes whose items may be named
 };
+
+/// Where those are kept that a dimension names.
+DirectoryKind directoryKindOf(Dimension dimension);
 
 /// Who bears the text as a name, else as a code; nobody is an empty list.
 Status findByText(CNbCwDB& database, Dimension dimension, std::string_view text,

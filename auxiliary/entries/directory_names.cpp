@@ -1,23 +1,18 @@
 #include "auxiliary/entries/directory_names.h"
 
-#include "auxiliary/members/auxiliary_sql.h"
-#include "data/access/row_lease.h"
-#include "data/access/selected_cells.h"
-#include "data/tables/directories.h"
-#include "directories/project_items.h"
+#include "directories/directory_store.h"
 
 namespace chengheng {
 namespace {
 
 using Names = std::unordered_map<std::int32_t, std::string>;
 
-template <class Record>
-Status readNames(CNbCwDB& database, std::string Record::*name, Names& names) {
-    const RowLease<Record> lease(database, nullptr);
-    if (!lease.isRead()) return database.lastStatus();
-    names.reserve(lease.rows().size());
-    for (const Record* row : lease.rows()) names.emplace(row->lId, row->*name);
-    return Status::done();
+Status readNames(CNbCwDB& database, DirectoryKind kind, Names& names) {
+    std::vector<DirectoryRecord> records;
+    const Status status = readDirectory(database, kind, records);
+    names.reserve(records.size());
+    for (DirectoryRecord& record : records) names.emplace(record.id, std::move(record.name));
+    return status;
 }
 
 std::string nameIn(const Names& names, std::int32_t id) {
@@ -30,33 +25,24 @@ std::string nameIn(const Names& names, std::int32_t id) {
 Status DirectoryNames::read(CNbCwDB& database, const AuxiliaryMember& member) {
     Status status = Status::done();
     if (member.has(Dimension::department))
-        status = readNames(database, &_DeptInfo::sDeptName, m_departments);
+        status = readNames(database, DirectoryKind::department, m_departments);
     if (status && member.has(Dimension::person))
-        status = readNames(database, &_PersonInfo::sPersonName, m_persons);
+        status = readNames(database, DirectoryKind::person, m_persons);
     if (status && member.has(Dimension::unit))
-        status = readNames(database, &_EnterInfo::sEnterName, m_units);
+        status = readNames(database, DirectoryKind::unit, m_units);
     return status && member.has(Dimension::item) ? readItems(database) : status;
 }
 
 Status DirectoryNames::readItems(CNbCwDB& database) {
-    std::vector<_ProjClassInfo> classes;
-    {
-        const RowLease<_ProjClassInfo> lease(database, nullptr);
-        if (!lease.isRead()) return database.lastStatus();
-        classes = lease.copy();
-    }
-    for (const _ProjClassInfo& each : classes) {
-        bool hasTable = false;
-        const Status status = readHasItemTable(database, each.sClsCode, hasTable);
-        if (!status) return status;
-        if (!hasTable) continue;
-        const SelectedCells items(database, auxiliary_sql::itemsInOrder(each.sClsCode));
-        if (!items.isRead()) return database.lastStatus();
-        Names& names = m_items[each.sClsCode];
-        for (int row = 0; row < items.rows(); ++row)
-            names.emplace(items.number<std::int32_t>(row, 0), items.text(row, 2));
-    }
-    return Status::done();
+    Names classCodes;
+    std::vector<DirectoryRecord> records;
+    Status status = readDirectory(database, DirectoryKind::projectClass, records);
+    for (DirectoryRecord& each : records) classCodes.emplace(each.id, std::move(each.code));
+    if (status) status = readDirectory(database, DirectoryKind::projectItem, records);
+    if (!status) return status;
+    for (DirectoryRecord& item : records)
+        m_items[nameIn(classCodes, item.group)].emplace(item.id, std::move(item.name));
+    return status;
 }
 
 EntryNames DirectoryNames::namesOf(const EntryDimensions& of) const {

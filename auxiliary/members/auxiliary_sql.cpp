@@ -97,21 +97,9 @@ std::string linesOfHeader(std::int32_t headerId) { return formatSql("lTieId = %d
 
 std::string line(std::int32_t lineId) { return formatSql("lId=%d", lineId); }
 
-std::string departmentNamed(std::string_view name) { return formatSql("sDeptName = '%s'", name); }
-std::string departmentCoded(std::string_view code) { return formatSql("sDeptCode = '%s'", code); }
-std::string personNamed(std::string_view name) { return formatSql("sPersonName = '%s'", name); }
-std::string personCoded(std::string_view code) { return formatSql("sPersonCode = '%s'", code); }
-std::string unitNamed(std::string_view name) { return formatSql("sEnterName = '%s'", name); }
-std::string unitCoded(std::string_view code) { return formatSql("sEnterCode = '%s'", code); }
-
 std::string itemNamed(std::string_view classCode, std::string_view name) {
     return formatSql("Select lId From ProjItems%s WHERE FIELD1='%s'", SqlFragment{classCode}, name);
 }
-std::string itemsInOrder(std::string_view classCode) {
-    return formatSql("Select lId, FIELD0, FIELD1 From ProjItems%s ORDER BY FIELD0, lId",
-                     SqlFragment{classCode});
-}
-std::string classOfCode(std::string_view code) { return formatSql("sClsCode = '%s'", code); }
 
 std::string classesOfAccount(std::int32_t accountId) {
     return formatSql("lCodeId = %d ORDER BY sItemId, lId", accountId);

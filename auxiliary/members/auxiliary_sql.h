@@ -63,23 +63,9 @@ std::string linesOfHeader(std::int32_t headerId);
 std::string line(std::int32_t lineId);
 inline constexpr const char* endAccounts = "bEnd <> 0 ORDER BY sCode";
 
-// Whose name or code is whose.
-
-std::string departmentNamed(std::string_view name);
-std::string departmentCoded(std::string_view code);
-std::string personNamed(std::string_view name);
-std::string personCoded(std::string_view code);
-std::string unitNamed(std::string_view name);
-std::string unitCoded(std::string_view code);
+/// The item of a class by its name, as its id.
 std::string itemNamed(std::string_view classCode, std::string_view name);
-std::string itemsInOrder(std::string_view classCode);
-std::string classOfCode(std::string_view code);
 /// The project classes that the lines of an account name an item of.
 std::string classesOfAccount(std::int32_t accountId);
-
-inline constexpr const char* departmentsInOrder = "ORDER BY sDeptCode, lId";
-inline constexpr const char* personsInOrder = "ORDER BY sPersonCode, lId";
-inline constexpr const char* unitsInOrder = "ORDER BY sEnterCode, lId";
-inline constexpr const char* classesInOrder = "ORDER BY sClsCode, lId";
 
 }  // namespace chengheng::auxiliary_sql

@@ -35,20 +35,6 @@ std::vector<PickerRow> rowsOf(const std::vector<DimensionChoice>& choices) {
     return rows;
 }
 
-DirectoryKind directoryKindOf(Dimension dimension) {
-    switch (dimension) {
-        case Dimension::department:
-            return DirectoryKind::department;
-        case Dimension::person:
-            return DirectoryKind::person;
-        case Dimension::unit:
-            return DirectoryKind::unit;
-        case Dimension::item:
-            break;
-    }
-    return DirectoryKind::projectItem;
-}
-
 /// -1 where the record may not be named here.
 int placeOf(const ChosenRecord& chosen, const std::vector<DimensionChoice>& choices) {
     const auto found = std::ranges::find_if(choices, [&chosen](const DimensionChoice& choice) {

@@ -11,6 +11,7 @@
 #include "books/making/books_sql.h"
 #include "data/sql/sql_format.h"
 #include "data/tables/accounts.h"
+#include "directories/directory_sql.h"
 #include "opening/storing/opening_sql.h"
 #include "report/output/print_sql.h"
 #include "session/rights/services_sql.h"
@@ -214,31 +215,72 @@ void addUseConditions(Forms& forms) {
                  {"Code", "Cyrency", "RegMain", "RegSub", "Settle", "Sign", "zAccountM"});
 }
 
+const char* tableOf(DirectoryKind kind) {
+    switch (kind) {
+        case DirectoryKind::department:
+            return "Dept";
+        case DirectoryKind::person:
+            return "Person";
+        case DirectoryKind::unitClass:
+            return "EnterClass";
+        case DirectoryKind::unit:
+            return "Enter";
+        default:
+            return "ProjClass";
+    }
+}
+
 void addAuxiliaryConditions(Forms& forms) {
     for (const AuxiliaryMember& member : auxiliaryMembers()) {
         addCondition(forms, member.entriesOf(5) + auxiliary_sql::asAdded, {"RegSub"});
         addCondition(forms, member.sumsOf(5, sampleDimensions), {"AssAcc"});
     }
     addCondition(forms, auxiliary_sql::sums({}, 5, {}), {"AssAcc"});
-    addCondition(forms, auxiliary_sql::departmentNamed(awkward), {"Dept"});
-    addCondition(forms, auxiliary_sql::departmentCoded(awkward), {"Dept"});
-    addCondition(forms, auxiliary_sql::departmentsInOrder, {"Dept"});
-    addCondition(forms, auxiliary_sql::personNamed(awkward), {"Person"});
-    addCondition(forms, auxiliary_sql::personCoded(awkward), {"Person"});
-    addCondition(forms, auxiliary_sql::personsInOrder, {"Person"});
-    addCondition(forms, auxiliary_sql::unitNamed(awkward), {"Enter"});
-    addCondition(forms, auxiliary_sql::unitCoded(awkward), {"Enter"});
-    addCondition(forms, auxiliary_sql::unitsInOrder, {"Enter"});
     addCondition(forms, auxiliary_sql::classesOfAccount(5), {"ProjCodes"});
-    addCondition(forms, auxiliary_sql::classOfCode(awkward), {"ProjClass"});
-    addCondition(forms, auxiliary_sql::classesInOrder, {"ProjClass"});
     addCondition(forms, auxiliary_sql::headerOf(5), {"RegMain"});
     addCondition(forms, auxiliary_sql::linesOfHeader(5), {"RegSub", "UnregSub"});
     addCondition(forms, auxiliary_sql::line(5), {"RegSub"});
     addCondition(forms, auxiliary_sql::endAccounts, {"Code"});
     addCondition(forms, auxiliary_sql::accountSums(5), {"AccSum"});
-    addSelect(forms, auxiliary_sql::itemNamed("01", awkward));
-    addSelect(forms, auxiliary_sql::itemsInOrder("01"));
+}
+
+void addDirectoryForms(Forms& forms) {
+    const DirectoryRecord record{.id = 2, .group = 1, .code = awkward, .name = awkward};
+    for (const Directory& each : directories()) {
+        if (each.kind == DirectoryKind::projectItem) continue;
+        const char* const table = tableOf(each.kind);
+        addCondition(forms, directory_sql::coded(each.kind, awkward), {table});
+        addCondition(forms, directory_sql::named(each.kind, awkward), {table});
+        addCondition(forms, directory_sql::inOrder(each.kind), {table});
+        std::string batch;
+        directory_sql::editRecord(batch, each.kind, record);
+        addBatch(forms, batch);
+    }
+    for (const DirectoryKind kind :
+         {DirectoryKind::department, DirectoryKind::person, DirectoryKind::unit,
+          DirectoryKind::projectClass, DirectoryKind::projectItem}) {
+        const std::string naming = directory_sql::naming(kind, 2, "01");
+        addCondition(forms, naming, {"UnregSub"});
+        addCondition(forms, directory_sql::openingLines(naming), {"RegSub"});
+        addCondition(forms, directory_sql::voucherLines(naming), {"RegSub"});
+        addCondition(forms, directory_sql::movedBalances(naming), {"AssAcc"});
+        addBatch(forms, directory_sql::deleteBalances(naming));
+    }
+    addCondition(forms, directory_sql::personsOf(2), {"Person"});
+    addCondition(forms, directory_sql::unitsOf(2), {"Enter"});
+    addCondition(forms, directory_sql::accountsOf(awkward), {"ProjCodes"});
+    addCondition(forms, directory_sql::reconciliationsOf(2), {"RecpEnter"});
+    for (const std::string& select :
+         {directory_sql::itemsInOrder("01"), directory_sql::itemOfId("01", 2),
+          directory_sql::itemsCoded("01", awkward), directory_sql::itemsNamed("01", awkward),
+          directory_sql::lastItemId("01"), directory_sql::anyItem("01"),
+          auxiliary_sql::itemNamed("01", awkward)})
+        addSelect(forms, select);
+    std::string items;
+    directory_sql::addItem(items, "01", 900, record);
+    directory_sql::editItem(items, "01", record);
+    addBatch(forms, items);
+    addBatch(forms, directory_sql::deleteItem("01", 900));
 }
 
 void addListConditions(Forms& forms) {
@@ -279,6 +321,7 @@ std::vector<StatementForm> statementForms() {
     addSelects(forms);
     addCodeConditions(forms);
     addUseConditions(forms);
+    addDirectoryForms(forms);
     addAuxiliaryConditions(forms);
     addListConditions(forms);
     return forms;
