@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "auxiliary/members/auxiliary_texts.h"
+#include "auxiliary/transfer/transfer_texts.h"
 #include "auxiliary/window/auxiliary_menus.h"
 #include "auxiliary/window/entry_model.h"
 #include "auxiliary/window/entry_transfer.h"
@@ -310,15 +311,17 @@ void AuxiliaryWindow::goToAdded(std::int32_t lineId) {
 }
 
 void AuxiliaryWindow::OnMenuPaste() {
-    std::optional<std::int32_t> first;
-    change([&] { first = EntryTransfer(m_work, messages(), *this).paste(); });
-    if (first) goToAdded(*first);
+    std::optional<AddedEntries> added;
+    change([&] { added = EntryTransfer(m_work, messages(), *this).paste(); });
+    if (added) goToAdded(added->firstLine);
 }
 
 void AuxiliaryWindow::OnMenuImport() {
-    std::optional<std::int32_t> first;
-    change([&] { first = EntryTransfer(m_work, messages(), *this).importFile(); });
-    if (first) goToAdded(*first);
+    std::optional<AddedEntries> added;
+    change([&] { added = EntryTransfer(m_work, messages(), *this).importFile(); });
+    if (!added) return;
+    goToAdded(added->firstLine);
+    messages().tell({.text = fmt::format(transfer_texts::imported, added->count)});
 }
 
 void AuxiliaryWindow::OnMenuExport() { EntryTransfer(m_work, messages(), *this).exportFile(); }

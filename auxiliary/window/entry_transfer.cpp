@@ -17,7 +17,7 @@
 
 namespace chengheng {
 
-std::optional<std::int32_t> EntryTransfer::paste() {
+std::optional<AddedEntries> EntryTransfer::paste() {
     Sheet block;
     const std::string text = QApplication::clipboard()->text().toStdString();
     if (const auto failure = readClipboardBlock(text, block)) {
@@ -31,18 +31,15 @@ std::optional<std::int32_t> EntryTransfer::paste() {
     return plan ? applyShown(*plan, transfer_texts::pasteTitle, {}) : std::nullopt;
 }
 
-std::optional<std::int32_t> EntryTransfer::importFile() {
+std::optional<AddedEntries> EntryTransfer::importFile() {
     const std::string file = chooseSheetToRead(&m_window, transfer_texts::importTitle);
     if (file.empty()) return std::nullopt;
     const auto plan = EntryImport(m_messages, m_work.member(), m_work.account()).planFile(file);
     if (!plan) return std::nullopt;
-    const auto first =
-        applyShown(*plan, transfer_texts::importTitle, fmt::format(plan_texts::file, file));
-    if (first) m_messages.tell({.text = fmt::format(transfer_texts::imported, plan->rows.size())});
-    return first;
+    return applyShown(*plan, transfer_texts::importTitle, fmt::format(plan_texts::file, file));
 }
 
-std::optional<std::int32_t> EntryTransfer::applyShown(const EntryPlan& plan, const char* title,
+std::optional<AddedEntries> EntryTransfer::applyShown(const EntryPlan& plan, const char* title,
                                                       const std::string& heading) {
     if (plan.rows.empty()) {
         m_messages.tell({.text = transfer_texts::nothingToImport});
@@ -51,7 +48,8 @@ std::optional<std::int32_t> EntryTransfer::applyShown(const EntryPlan& plan, con
     EntryPlanWindow preview(title, heading, plan, m_work.member(), &m_window);
     if (preview.DoModal() != QDialog::Accepted) return std::nullopt;
     const WaitWindow waiting(shown(transfer_texts::working), &m_window);
-    return m_work.addAll(plan.changes());
+    const auto first = m_work.addAll(plan.changes());
+    return first ? std::optional(AddedEntries{*first, plan.rows.size()}) : std::nullopt;
 }
 
 void EntryTransfer::exportFile() {

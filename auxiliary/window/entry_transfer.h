@@ -11,6 +11,12 @@ class QWidget;
 
 namespace chengheng {
 
+/// What came in at once.
+struct AddedEntries {
+    std::int32_t firstLine = 0;
+    std::size_t count = 0;
+};
+
 /// Entries from the clipboard and from files, and into them. What comes in is shown as a plan
 /// first, and written when the operator wants it.
 class EntryTransfer {
@@ -18,14 +24,14 @@ class EntryTransfer {
     EntryTransfer(AuxiliaryWork& work, IMessages& messages, QWidget& window)
         : m_work(work), m_messages(messages), m_window(window) {}
 
-    /// The line of the first entry that came in; nothing when none did.
-    std::optional<std::int32_t> paste();
-    std::optional<std::int32_t> importFile();
+    /// Nothing when no entry came in.
+    std::optional<AddedEntries> paste();
+    std::optional<AddedEntries> importFile();
     /// The shown entries as they are sorted.
     void exportFile();
 
   private:
-    std::optional<std::int32_t> applyShown(const EntryPlan& plan, const char* title,
+    std::optional<AddedEntries> applyShown(const EntryPlan& plan, const char* title,
                                            const std::string& heading);
 
     AuxiliaryWork& m_work;

@@ -185,6 +185,8 @@ TEST_F(EntryTransferTest, ExportsAFileThatImportsAgain) {
     }
     EXPECT_EQ(books.messages().onlyNotice().text, "期初明细已导出到“" + path + "”。");
     books.messages().forget();
+    std::size_t listed = 0;
+    books.messages().whileShown([&](const std::string&) { listed = rows().size(); });
     std::optional<NextModal> preview;
     {
         const NextModal chooser([&](QWidget& dialog) {
@@ -199,6 +201,7 @@ TEST_F(EntryTransferTest, ExportsAFileThatImportsAgain) {
     }
     preview.reset();
     EXPECT_EQ(books.messages().onlyNotice().text, "导入完成:新增 2 笔期初明细。");
+    EXPECT_EQ(listed, rows().size()) << "the list shows them before that is said";
     EXPECT_EQ(books.stored(member).size(), 5u) << "those that the filter showed";
     EXPECT_TRUE(books.agree(member));
 }
