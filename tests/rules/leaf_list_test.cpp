@@ -78,3 +78,36 @@ TEST(LeafList, TellsEachChangeByItsRevision) {
     list.put({1, "1 c"});
     EXPECT_NE(list.revision(), before);
 }
+
+TEST(LeafList, PutsALeafWhereItsOrderSaysAndMovesItWhenThatChanges) {
+    LeafList list;
+    list.assign({{1, "b", "b"}, {2, "d", "d"}});
+    list.put({3, "c", "c"});
+    list.put({4, "a", "a"});
+    list.put({5, "e", "e"});
+    EXPECT_EQ(shownIds(list), (std::vector{4, 1, 3, 2, 5}));
+    list.put({1, "f", "f"});
+    EXPECT_EQ(shownIds(list), (std::vector{4, 3, 2, 5, 1}));
+    list.put({3, "renamed", "c"});
+    EXPECT_EQ(shownIds(list), (std::vector{4, 3, 2, 5, 1}));
+    EXPECT_EQ(list.atRow(1).text, "renamed");
+}
+
+TEST(LeafList, FindsByInitialsWherePlainLettersAreLookedFor) {
+    LeafList list = listOf(20);
+    int asked = 0;
+    list.findBy([&asked](const Leaf& leaf) {
+        ++asked;
+        return leaf.id == 7 ? std::string("KCXJ") : std::string();
+    });
+    list.setFilter("7 a");
+    EXPECT_EQ(asked, 0);
+    list.setFilter("cx");
+    EXPECT_EQ(shownIds(list), std::vector{7});
+    EXPECT_EQ(asked, 20);
+    list.setFilter("kc");
+    EXPECT_EQ(asked, 20);
+    list.put({21, "VS"});
+    list.setFilter("xj");
+    EXPECT_EQ(shownIds(list), std::vector{7});
+}

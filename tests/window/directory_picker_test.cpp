@@ -72,6 +72,19 @@ TEST_F(DirectoryPickerTest, PutsARecordThatWasAddedThereIntoTheField) {
     EXPECT_EQ(window->focusWidget()->objectName(), "lEnterId");
 }
 
+TEST_F(DirectoryPickerTest, TakesARecordThatWasAddedThoughItIsNotWhatWasLookedFor) {
+    open(AuxiliaryKind::unit);
+    {
+        const NextModal picker([](QWidget& list) {
+            list.findChild<QLineEdit*>()->setText("乙");
+            const NextModal directory([](QWidget& units) { addRecord(units, "U3", "丙公司"); });
+            press(list, "增加");
+        });
+        view("单位");
+    }
+    EXPECT_EQ(field("lEnterId"), "丙公司");
+}
+
 TEST_F(DirectoryPickerTest, SelectsWhatWasLookedUpInTheDirectoryAndLetsOneChoose) {
     open(AuxiliaryKind::unit);
     {
