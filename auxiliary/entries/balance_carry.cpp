@@ -1,6 +1,7 @@
 #include "auxiliary/entries/balance_carry.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -15,10 +16,11 @@
 namespace chengheng {
 namespace {
 
-/// Statements beyond that are run before more are made, or they would take room for nothing.
-constexpr std::size_t longBatch = 100'000;
-/// From here on reading all rows of the account costs less than asking for each combination.
+/// From here on reading all rows of the account costs less than asking for each combination, and
+/// adding records less than a statement for each row.
 constexpr std::size_t manyCombinations = 64;
+/// So many are added at once; more would take room for nothing.
+constexpr std::size_t combinationsAtOnce = 1000;
 
 EntryFigures openingOf(const _AssAccInfo& row) { return {row.mBegin, row.mFBegin, row.dBegin}; }
 
@@ -43,6 +45,18 @@ std::vector<_AssAccInfo> firstOfPeriods(std::vector<_AssAccInfo> rows) {
 bool haveSameOpening(const std::vector<_AssAccInfo>& rows) {
     return std::ranges::all_of(
         rows, [&](const _AssAccInfo& row) { return openingOf(row) == openingOf(rows.front()); });
+}
+
+/// The figure as a statement writes it, with six decimals.
+double asWritten(double figure) {
+    const std::string text = formatSql("%lf", figure);
+    double written = 0;
+    std::from_chars(text.data(), text.data() + text.size(), written);
+    return written;
+}
+
+EntryFigures asWritten(const EntryFigures& figures) {
+    return {asWritten(figures.money), asWritten(figures.foreign), asWritten(figures.quantity)};
 }
 
 Status run(CNbCwDB& database, const std::string& batch) {
@@ -110,7 +124,7 @@ Status BalanceCarry::writeAuxiliary(CNbCwDB& database, bool& isTooLarge) {
     std::string batch;
     std::map<EntryDimensions, Rows> stored;
     if (const Status status = readRows(database, stored); !status) return status;
-    std::vector<std::pair<EntryDimensions, EntryFigures>> fresh;
+    std::vector<FreshSums> fresh;
     for (const auto& [of, sums] : m_combinations) {
         const EntryFigures moved = sums.total();
         const auto found = stored.find(of);
@@ -130,21 +144,49 @@ Status BalanceCarry::writeAuxiliary(CNbCwDB& database, bool& isTooLarge) {
         if (isOneStatement)
             m_member.updateSums(batch, openingOf(rows.front()) + moved, m_account.id, of);
     }
-    if (!fresh.empty()) {
-        const int wanted = static_cast<int>(fresh.size()) * periodRows;
-        std::int32_t lastId = 0;
-        if (Status status = database.readLastIdBefore<_AssAccInfo>(wanted, lastId); !status)
-            return status;
-        for (const auto& [of, figures] : fresh) {
-            for (int period = 1; period <= periodRows; ++period)
-                auxiliary_sql::insertAuxiliary(batch, ++lastId, period, m_account.id, of, figures);
-            if (batch.size() < longBatch) continue;
-            if (const Status status = run(database, batch); !status) return status;
-            batch.clear();
-        }
-        auxiliary_sql::setLastAuxiliaryId(batch, lastId);
+    if (const Status status = run(database, batch); !status) return status;
+    return fresh.size() < manyCombinations ? insertSums(database, fresh) : addSums(database, fresh);
+}
+
+Status BalanceCarry::insertSums(CNbCwDB& database, std::span<const FreshSums> fresh) const {
+    if (fresh.empty()) return Status::done();
+    std::string batch;
+    std::int32_t lastId = 0;
+    const int wanted = static_cast<int>(fresh.size()) * periodRows;
+    if (Status status = database.readLastIdBefore<_AssAccInfo>(wanted, lastId); !status)
+        return status;
+    for (const auto& [of, figures] : fresh) {
+        for (int period = 1; period <= periodRows; ++period)
+            auxiliary_sql::insertAuxiliary(batch, ++lastId, period, m_account.id, of, figures);
     }
+    auxiliary_sql::setLastAuxiliaryId(batch, lastId);
     return run(database, batch);
+}
+
+/// The same rows as records.
+Status BalanceCarry::addSums(CNbCwDB& database, std::span<const FreshSums> fresh) const {
+    Rows rows;
+    while (!fresh.empty()) {
+        const auto part = fresh.first(std::min(fresh.size(), combinationsAtOnce));
+        fresh = fresh.subspan(part.size());
+        rows.clear();
+        for (const auto& [of, figures] : part) {
+            const EntryFigures opening = asWritten(figures);
+            for (std::uint8_t period = 1; period <= periodRows; ++period)
+                rows.push_back({.byPeroid = period,
+                                .lCodeId = m_account.id,
+                                .lItemId = of.item,
+                                .lDeptId = of.department,
+                                .lPersonId = of.person,
+                                .lEnterId = of.unit,
+                                .sItemId = of.itemClass,
+                                .mBegin = opening.money,
+                                .dBegin = opening.quantity,
+                                .mFBegin = opening.foreign});
+        }
+        if (database.addAll<_AssAccInfo>(rows) != 0) return database.lastStatus();
+    }
+    return Status::done();
 }
 
 Status BalanceCarry::writeAccount(CNbCwDB& database, bool& isTooLarge) {

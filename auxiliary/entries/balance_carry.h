@@ -1,6 +1,8 @@
 #pragma once
 
 #include <map>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "auxiliary/entries/auxiliary_entry.h"
@@ -33,11 +35,15 @@ class BalanceCarry {
 
   private:
     using Rows = std::vector<_AssAccInfo>;
+    using FreshSums = std::pair<EntryDimensions, EntryFigures>;
 
     EntryDimensions combinationOf(const EntryDimensions& of) const;
     /// The rows of each combination that moves; those without rows are left out.
     Status readRows(CNbCwDB& database, std::map<EntryDimensions, Rows>& rows) const;
     Status writeAuxiliary(CNbCwDB& database, bool& isTooLarge);
+    /// The rows of combinations that have none yet, by statements or, for many, as records.
+    Status insertSums(CNbCwDB& database, std::span<const FreshSums> fresh) const;
+    Status addSums(CNbCwDB& database, std::span<const FreshSums> fresh) const;
     Status writeAccount(CNbCwDB& database, bool& isTooLarge);
 
     const AuxiliaryMember& m_member;

@@ -225,8 +225,9 @@ TEST_P(EntryWritings, OfManyAreAllOrNothing) {
     EXPECT_EQ(refusal(before), "该部门不存在,添加不成功");
 }
 
-TEST_P(EntryWritings, OfManyUnitsRaiseTheRowsOfEach) {
-    const AuxiliaryMember& member = memberOf(Kind::unit);
+/// Entries of the units 1 to 80, whose names are put into the books.
+std::vector<EntryChange> entriesOfManyUnits(EntryBooks& books) {
+    const AuxiliaryMember& member = memberOf(AuxiliaryKind::unit);
     std::string units;
     std::vector<EntryChange> changes;
     for (int unit = 1; unit <= 80; ++unit) {
@@ -240,7 +241,13 @@ TEST_P(EntryWritings, OfManyUnitsRaiseTheRowsOfEach) {
         if (unit > 2) entry.names.unit = name;
         changes.push_back({.before = {}, .after = entry});
     }
-    m_books.books().run(units);
+    books.books().run(units);
+    return changes;
+}
+
+TEST_P(EntryWritings, OfManyUnitsRaiseTheRowsOfEach) {
+    const AuxiliaryMember& member = memberOf(Kind::unit);
+    std::vector<EntryChange> changes = entriesOfManyUnits(m_books);
     const AuxiliaryAccount account = m_books.account(member);
     for (int time = 1; time <= 2; ++time) {
         ASSERT_EQ(m_books.service(member).write(account, changes), Outcome::done);
@@ -249,6 +256,37 @@ TEST_P(EntryWritings, OfManyUnitsRaiseTheRowsOfEach) {
         EXPECT_EQ(readRows<_AssAccInfo>(m_books.database(), nullptr).size(), 80u * 12);
         EXPECT_EQ(openings(member), allPeriods(std::to_string(3240 * time)));
     }
+}
+
+TEST_P(EntryWritings, OfManyUnitsMakeTheRowsThatWritingThemInPartsMakes) {
+    const AuxiliaryMember& member = memberOf(Kind::unit);
+    std::vector<EntryChange> changes;
+    // Two for each unit, with more decimals than a statement writes.
+    for (EntryChange change : entriesOfManyUnits(m_books)) {
+        for (const double figure : {0.1, 0.12345678}) {
+            change.after->content.money = figure;
+            change.after->content.foreign = -figure;
+            change.after->content.quantity = figure;
+            changes.push_back(change);
+        }
+    }
+    const AuxiliaryAccount account = m_books.account(member);
+    const auto written = [&](std::size_t atOnce) {
+        m_books.books().run(
+            "DELETE AssAcc WHERE lId > 0\r\nUPDATE ABIdTable SET lLastId = 7 WHERE sTable = "
+            "'AssAcc'");
+        for (std::size_t at = 0; at < changes.size(); at += atOnce)
+            EXPECT_EQ(
+                m_books.service(member).write(account, std::span(changes).subspan(at, atOnce)),
+                Outcome::done);
+        return readRows<_AssAccInfo>(m_books.database(), "lId > 0 ORDER BY lId");
+    };
+    const std::vector<_AssAccInfo> inParts = written(40);
+    const std::vector<_AssAccInfo> atOnce = written(changes.size());
+    EXPECT_EQ(atOnce, inParts);
+    ASSERT_EQ(atOnce.size(), 80u * 12);
+    EXPECT_EQ(atOnce.front().lId, 8);
+    EXPECT_EQ(m_books.database().lastIdOf<_AssAccInfo>(), 7 + 80 * 12);
 }
 
 TEST_P(EntryWritings, UnlikeTheAuxiliarySumsAreFoundByTheCheck) {
