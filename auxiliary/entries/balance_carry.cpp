@@ -1,7 +1,6 @@
 #include "auxiliary/entries/balance_carry.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -45,18 +44,6 @@ std::vector<_AssAccInfo> firstOfPeriods(std::vector<_AssAccInfo> rows) {
 bool haveSameOpening(const std::vector<_AssAccInfo>& rows) {
     return std::ranges::all_of(
         rows, [&](const _AssAccInfo& row) { return openingOf(row) == openingOf(rows.front()); });
-}
-
-/// The figure as a statement writes it, with six decimals.
-double asWritten(double figure) {
-    const std::string text = formatSql("%lf", figure);
-    double written = 0;
-    std::from_chars(text.data(), text.data() + text.size(), written);
-    return written;
-}
-
-EntryFigures asWritten(const EntryFigures& figures) {
-    return {asWritten(figures.money), asWritten(figures.foreign), asWritten(figures.quantity)};
 }
 
 Status run(CNbCwDB& database, const std::string& batch) {
@@ -171,7 +158,6 @@ Status BalanceCarry::addSums(CNbCwDB& database, std::span<const FreshSums> fresh
         fresh = fresh.subspan(part.size());
         rows.clear();
         for (const auto& [of, figures] : part) {
-            const EntryFigures opening = asWritten(figures);
             for (std::uint8_t period = 1; period <= periodRows; ++period)
                 rows.push_back({.byPeroid = period,
                                 .lCodeId = m_account.id,
@@ -180,9 +166,9 @@ Status BalanceCarry::addSums(CNbCwDB& database, std::span<const FreshSums> fresh
                                 .lPersonId = of.person,
                                 .lEnterId = of.unit,
                                 .sItemId = of.itemClass,
-                                .mBegin = opening.money,
-                                .dBegin = opening.quantity,
-                                .mFBegin = opening.foreign});
+                                .mBegin = figures.money,
+                                .dBegin = figures.quantity,
+                                .mFBegin = figures.foreign});
         }
         if (database.addAll<_AssAccInfo>(rows) != 0) return database.lastStatus();
     }
