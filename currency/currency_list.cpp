@@ -6,11 +6,11 @@
 #include <charconv>
 
 #include "base/values/numbers.h"
+#include "currency/currency_sql.h"
 #include "currency/currency_texts.h"
 #include "report/layout/page_facts.h"
 #include "report/output/list_fields.h"
 #include "report/output/list_reading.h"
-#include "report/output/print_sql.h"
 #include "report/output/print_templates.h"
 
 namespace chengheng {
@@ -98,11 +98,11 @@ PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month) {
     if (kind == RateKind::fixed)
         return {fixedRateTemplate, ColumnSource::field, [currency](Report& report) {
                     return fillRates<_ExchgFixInfo>(
-                        report, fixedFields, print_sql::fixedRatesOf(currency.lId), currency);
+                        report, fixedFields, currency_sql::fixedRatesOf(currency.lId), currency);
                 }};
     return {floatingRateTemplate, ColumnSource::field, [currency, month](Report& report) {
                 return fillRates<_ExchgFltInfo>(report, floatingFields,
-                                                print_sql::floatingRatesOf(currency.lId, month),
+                                                currency_sql::floatingRatesOf(currency.lId, month),
                                                 currency);
             }};
 }

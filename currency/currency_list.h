@@ -1,5 +1,6 @@
 #pragma once
 
+#include "currency/rate_calendar.h"
 #include "data/tables/currency.h"
 #include "report/output/list_printing.h"
 
@@ -8,9 +9,6 @@ namespace chengheng {
 /// The foreign currencies, in the order of their ids: symbol, name, conversion mode, decimals
 /// of the rate and the largest accepted difference.
 PrintedList currencyList();
-
-/// What a currency's rates are filled from, in months or on days.
-enum class RateKind { fixed, floating };
 
 /// The rates of one currency: a row for each month, or for each day of a month (0: of the year).
 PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month = 0);

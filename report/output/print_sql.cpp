@@ -15,14 +15,4 @@ std::string fieldColumnsOf(std::int32_t templateNumber) {
         templateNumber);
 }
 
-std::string fixedRatesOf(std::int32_t currency) {
-    return formatSql("byExchId = %d ORDER BY byPeroid", currency);
-}
-
-std::string floatingRatesOf(std::int32_t currency, int month) {
-    return month == 0
-               ? formatSql("byExchId = %d ORDER BY dtDate", currency)
-               : formatSql("byExchId = %d AND byPeroid = %d ORDER BY dtDate", currency, month);
-}
-
 }  // namespace chengheng::print_sql

@@ -9,6 +9,7 @@
 #include "books/demo/demo_sql.h"
 #include "books/logon/logon_sql.h"
 #include "books/making/books_sql.h"
+#include "currency/currency_sql.h"
 #include "data/sql/sql_format.h"
 #include "data/tables/accounts.h"
 #include "directories/directory_sql.h"
@@ -194,9 +195,9 @@ void addCodeConditions(Forms& forms) {
     for (const char* flag : {"bBank != 0", "bCash != 0", "byGrade = 1"})
         addCondition(forms, formatSql("sCode = '%s' AND %s", awkward, SqlFragment{flag}), {"Code"});
     addCondition(forms, formatSql("byExchId = %d", 2), {"Code", "ExchgFix", "ExchgFlt"});
-    addCondition(forms, print_sql::fixedRatesOf(2), {"ExchgFix"});
+    addCondition(forms, currency_sql::fixedRatesOf(2), {"ExchgFix"});
     for (const int month : {0, 2})
-        addCondition(forms, print_sql::floatingRatesOf(2, month), {"ExchgFlt"});
+        addCondition(forms, currency_sql::floatingRatesOf(2, month), {"ExchgFlt"});
 }
 
 void addUseConditions(Forms& forms) {
