@@ -24,7 +24,6 @@ SearchBar::SearchBar(const QString& label, const QString& hint, QWidget* parent)
     m_field->setClearButtonEnabled(true);
     m_field->setMinimumWidth(fieldCharacters * character);
     m_field->installEventFilter(this);
-    setFocusProxy(m_field);
     m_result->setObjectName(QStringLiteral("searchResult"));
     m_result->setTextFormat(Qt::PlainText);
     m_result->setMinimumWidth(resultCharacters * character);
@@ -45,8 +44,12 @@ void SearchBar::clear() { m_field->clear(); }
 
 void SearchBar::setResult(const QString& result) { m_result->setText(result); }
 
+QWidget& SearchBar::field() const { return *m_field; }
+
+void SearchBar::takeKeyboard() { m_field->setFocus(Qt::OtherFocusReason); }
+
 void SearchBar::takeOver(const QString& typed) {
-    m_field->setFocus(Qt::OtherFocusReason);
+    takeKeyboard();
     m_field->setText(typed);
 }
 

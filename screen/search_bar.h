@@ -17,6 +17,10 @@ class SearchBar final : public QWidget {
 
     QString text() const;
     void clear();
+    /// The stop of the Tab key. A proxy for it would be a second one.
+    QWidget& field() const;
+    /// Takes the keyboard.
+    void takeKeyboard();
     void setResult(const QString& result);
     /// Takes the keyboard and goes on with a text that was typed elsewhere.
     void takeOver(const QString& typed);

@@ -92,8 +92,8 @@ void CNbCwBursarDlg::buildControls() {
     rows->addWidget(m_tabs);
     rows->addWidget(m_grid, 1);
     rows->setSpacing(0);
-    setTabOrder(m_grid, &m_heading->searchBar());
-    setTabOrder(&m_heading->searchBar(), m_tabs);
+    setTabOrder(m_grid, &m_heading->searchBar().field());
+    setTabOrder(&m_heading->searchBar().field(), m_tabs);
 }
 
 void CNbCwBursarDlg::connectGrid() {

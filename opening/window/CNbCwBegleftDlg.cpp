@@ -276,8 +276,8 @@ void CNbCwBegleftDlg::OnMenuAuxiliary() {
     const auto kind = m_work.auxiliaryToOpen(m_grid->currentLine(), m_grid->openingColumn());
     if (kind == chengheng::AuxiliaryKind::none) return;
     const auto& account = m_work.sheet().accountOfLine(m_grid->currentLine());
-    chengheng::AuxiliaryWindow window(chengheng::memberOf(kind), account.code,
-                                      m_work.isBrowsing(), this);
+    chengheng::AuxiliaryWindow window(chengheng::memberOf(kind), account.code, m_work.isBrowsing(),
+                                      this);
     window.DoModal();
     change([&] { return m_work.afterAuxiliary(); });
 }
@@ -295,7 +295,7 @@ void CNbCwBegleftDlg::OnMenuBalance() {
     if (result.DoModal() == CBalanceTableDlg::causesWanted) OnMenuCauses();
 }
 
-void CNbCwBegleftDlg::OnMenuFind() { m_heading->searchBar().setFocus(); }
+void CNbCwBegleftDlg::OnMenuFind() { m_heading->searchBar().takeKeyboard(); }
 
 void CNbCwBegleftDlg::print(chengheng::ReportOutput output) {
     const std::vector<bool> without = chengheng::linesWithoutFigures(m_work.sheet());

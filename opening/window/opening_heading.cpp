@@ -76,8 +76,8 @@ void OpeningHeading::showLayout(OpeningLayout layout) {
 }
 
 void OpeningHeading::setTabOrderAfter(QWidget& grid) {
-    setTabOrder(&grid, m_searchBar->focusProxy());
-    setTabOrder(m_searchBar->focusProxy(), m_mode);
+    setTabOrder(&grid, &m_searchBar->field());
+    setTabOrder(&m_searchBar->field(), m_mode);
 }
 
 }  // namespace chengheng

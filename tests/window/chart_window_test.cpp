@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -309,6 +310,18 @@ TEST_F(ChartTest, SearchesForWhatIsTypedIntoTheGrid) {
     EXPECT_TRUE(window->searchField().hasFocus());
     EXPECT_EQ(window->searchField().text(), "2");
     EXPECT_EQ(window->currentCode(), "2202");
+}
+
+TEST_F(ChartTest, PassesTheTabKeyFromTheGridToTheSearchAndTheClassesAndBack) {
+    addSomeAccounts();
+    open();
+    ASSERT_TRUE(window->grid().hasFocus());
+    QTest::keyClick(&window->grid(), Qt::Key_Tab);
+    EXPECT_TRUE(window->searchField().hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(window->findChild<QTabBar*>()->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(window->grid().hasFocus());
 }
 
 TEST_F(ChartTest, NamesTheAccountsAboveTheOneUnderThePointer) {

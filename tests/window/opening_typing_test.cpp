@@ -79,6 +79,17 @@ TEST_F(OpeningTypingTest, GoesFromFigureToFigureWithTabAndLeavesTheGridBehindThe
     EXPECT_EQ(window->grid().currentRow(), 4);
 }
 
+TEST_F(OpeningTypingTest, ComesBackIntoTheGridByTabFromTheSearchAndTheState) {
+    open();
+    window->stand(4, opening);
+    window->press(Qt::Key_Tab);
+    ASSERT_TRUE(window->searchField().hasFocus());
+    window->press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "状态");
+    window->press(Qt::Key_Tab);
+    EXPECT_TRUE(window->grid().hasFocus());
+}
+
 TEST_F(OpeningTypingTest, RestoresWithEscapeWhatWasThere) {
     books->addRows("1001", 12, 50);
     open();
