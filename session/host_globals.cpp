@@ -13,6 +13,7 @@ namespace {
 
 const LogonHistory noHistory;
 const LogonHistory* ownHistory = &noHistory;
+SessionFacts* publishedFacts = nullptr;
 
 }  // namespace
 
@@ -27,6 +28,7 @@ HostSession::HostSession(SessionFacts facts) : m_facts(std::move(facts)) {
     g_lpLogonUserInfo = &m_facts.logonUser;
     g_tmLogonTime = m_facts.logonTime;
     ownHistory = &m_facts.history;
+    publishedFacts = &m_facts;
 }
 
 HostSession::~HostSession() {
@@ -38,6 +40,13 @@ HostSession::~HostSession() {
     g_lpLogonUserInfo = nullptr;
     g_tmLogonTime = {};
     ownHistory = &noHistory;
+    publishedFacts = nullptr;
+}
+
+void HostSession::renameBooks(std::string name) {
+    if (publishedFacts == nullptr) return;
+    publishedFacts->setName = std::move(name);
+    g_lpszNbZwSetName = publishedFacts->setName.c_str();
 }
 
 }  // namespace chengheng

@@ -67,6 +67,9 @@ class HostSession {
 
     const SessionFacts& facts() const { return m_facts; }
 
+    /// Publishes another name of the open books; nothing where no session lives.
+    static void renameBooks(std::string name);
+
   private:
     SessionFacts m_facts;
 };

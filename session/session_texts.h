@@ -26,7 +26,7 @@ inline constexpr std::array lockTitles{
     LockTitle{"UnRegMain", "未记帐凭证"}, LockTitle{"UnRegSub", "未记帐凭证"},
     LockTitle{"AssSum", "辅助核算余额"},  LockTitle{"RegSug", "凭证"},
     LockTitle{"UnRegSug", "未记帐凭证"},  LockTitle{"RecpBank", "银行对帐单"},
-    LockTitle{"RecpEnter", "往来对帐单"},
+    LockTitle{"RecpEnter", "往来对帐单"}, LockTitle{"zAccountM", "帐套参数"},
 };
 
 inline constexpr const char* lockHolder =

@@ -55,6 +55,7 @@ void NewBooksWindow::setUpFields() {
     m_ui->year->setValue(today().year);
     for (const ChartTitle& chart : charts) m_ui->chart->addItem(chart.title);
     m_ui->levelPattern->setText(QString::fromStdString(NewBooks().levelPattern));
+    m_ui->foreignCurrency->setChecked(NewBooks().hasForeignCurrency);
     m_ui->location->setPlaceholderText(
         QString(shell_texts::defaultPlace).arg(QString::fromStdString(m_registry.folder())));
     new EnterMovesOn(this, {m_ui->name, m_ui->company, m_ui->year, m_ui->startMonth, m_ui->chart,

@@ -76,6 +76,16 @@ CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberR
     return command.add_option_function<std::string>(name, read, text)->type_name(numberType);
 }
 
+CLI::Option* addOnOff(CLI::App& command, const char* name, std::function<void(bool)> set,
+                      const char* text) {
+    const auto read = [name, set = std::move(set)](const std::string& word) {
+        if (word != "on" && word != "off")
+            throw CLI::ValidationError(fmt::format(tool_texts::notOnOff, name, word));
+        set(word == "on");
+    };
+    return command.add_option_function<std::string>(name, read, text);
+}
+
 std::string wrongUsage(const CLI::App& app, const CLI::ParseError& error) {
     const std::string extra = joined(app.remaining(true));
     const bool hasCommand = !app.get_subcommands().empty();

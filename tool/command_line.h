@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace CLI {
@@ -22,6 +23,10 @@ void alignHelp(CLI::App& app);
 /// Adds an option that takes a whole number, always read as a decimal one: 010 is ten.
 CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberRange range,
                        const char* text);
+
+/// Adds an option that takes "on" or "off".
+CLI::Option* addOnOff(CLI::App& command, const char* name, std::function<void(bool)> set,
+                      const char* text);
 
 /// What is wrong with a command line.
 std::string wrongUsage(const CLI::App& app, const CLI::ParseError& error);

@@ -24,6 +24,7 @@ void addCheckCommand(CLI::App& app, Tool& tool);
 void addBackupCommand(CLI::App& app, Tool& tool);
 void addRestoreCommand(CLI::App& app, Tool& tool);
 void addCopyCommand(CLI::App& app, Tool& tool);
+void addSetCommand(CLI::App& app, Tool& tool);
 void addUpgradeCommand(CLI::App& app, Tool& tool);
 void addImportChartCommand(CLI::App& app, Tool& tool);
 void addExportChartCommand(CLI::App& app, Tool& tool);

@@ -15,6 +15,7 @@
 #include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
+#include "tool/parameters_texts.h"
 #include "tool/password_input.h"
 #include "tool/tool_texts.h"
 
@@ -113,8 +114,9 @@ void addNewCommand(CLI::App& app, Tool& tool) {
     addNumber(*command, "--year", books.year, {0, 9999}, tool_texts::yearOption)->required();
     addNumber(*command, "--start-month", books.startMonth, {0, 99}, tool_texts::startMonthOption);
     command->add_option("--level-pattern", books.levelPattern, tool_texts::levelPatternOption);
-    command->add_flag("--foreign-currency", books.hasForeignCurrency,
-                      tool_texts::foreignCurrencyOption);
+    addOnOff(
+        *command, "--foreign", [&books](bool isOn) { books.hasForeignCurrency = isOn; },
+        tool_texts::foreignOption);
     command->add_option("--chart", options->chart, tool_texts::chartOption);
     command->add_option("--supervisor", books.supervisor, tool_texts::supervisorOption)->required();
     command->add_option("--password-file", options->passwordFile, tool_texts::passwordFileOption);

@@ -3,6 +3,7 @@
 #include "books/logon/password_file.h"
 #include "books/making/new_books.h"
 #include "session/failure_texts.h"
+#include "tool/parameters_texts.h"
 #include "tool/terminal.h"
 #include "tool/tool_texts.h"
 

@@ -36,6 +36,8 @@ inline constexpr const char* unexpected = "命令行里多出了“{}”";
 inline constexpr const char* unknownCommand = "没有“{}”这个命令";
 inline constexpr const char* notNumber = "{} 应为整数,不能是“{}”";
 inline constexpr const char* outOfRange = "{} 应在 {} 到 {} 之间,不能是“{}”";
+inline constexpr const char* notOnOff = "{} 应为 on 或 off,不能是“{}”";
+inline constexpr const char* notMonth = "{} 应为年-月,例如 2026-04,不能是“{}”";
 inline constexpr const char* seeHelp = "。\n用 --help 查看用法。";
 inline constexpr const char* jsonOption = "输出 JSON,供程序读取";
 inline constexpr const char* booksArgument = "帐套文件的路径或服务器地址";
@@ -43,30 +45,6 @@ inline constexpr const char* newBooksArgument = "要写入的帐套文件的路�
 inline constexpr const char* backupFileArgument = "备份文件";
 inline constexpr const char* forceFile = "替换已经存在的文件";
 inline constexpr const char* forceBooks = "替换已经存在的帐套的全部内容";
-
-inline constexpr const char* newCommand = "建立新帐套";
-inline constexpr const char* newPlaceArgument =
-    "帐套文件的路径、文件夹或服务器地址;省略时放在本机的帐套文件夹中";
-inline constexpr const char* nameOption = "帐套名称";
-inline constexpr const char* companyOption = "单位名称";
-inline constexpr const char* yearOption = "会计年度";
-inline constexpr const char* startMonthOption = "启用月份,1到12,默认1";
-inline constexpr const char* levelPatternOption = "科目级长,每级一位数字,默认4222";
-inline constexpr const char* foreignCurrencyOption = "核算外币";
-inline constexpr const char* chartOption =
-    "科目体系:small-enterprise(小企业会计准则,默认)、enterprise(企业会计准则)、empty(不预置科目)";
-inline constexpr const char* supervisorOption = "主管姓名";
-inline constexpr const char* passwordFileOption = "口令文件,口令写在第一行;省略时在终端上输入";
-inline constexpr const char* unlistedOption = "不列入本机的帐套列表";
-inline constexpr const char* unknownChart =
-    "不认识科目体系“{}”。\n请用 small-enterprise、enterprise 或 empty。";
-inline constexpr const char* created = "帐套“{}”已建立:{}";
-inline constexpr const char* passwordPrompt = "主管口令:";
-inline constexpr const char* passwordAgainPrompt = "确认口令:";
-inline constexpr const char* passwordNowhere =
-    "没有终端可以输入口令。\n请用 --password-file 指定口令文件。";
-inline constexpr const char* passwordNotTyped = "没有输入口令,帐套没有建立。";
-inline constexpr const char* passwordsDiffer = "两次输入的口令不一致,帐套没有建立。";
 
 inline constexpr const char* demoCommand = "建立演示帐套:一家小型商贸公司";
 inline constexpr const char* demoCreated =

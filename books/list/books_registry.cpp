@@ -74,7 +74,57 @@ std::string textOf(const std::vector<BooksSet>& sets) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+bool isSamePlace(const BooksYear& one, const BooksYear& other) {
+    return one.year == other.year && shownLocation(one.location) == shownLocation(other.location);
+}
+
+bool hasYear(const BooksSet& set, const BooksYear& year) {
+    return std::ranges::any_of(
+        set.years, [&year](const BooksYear& known) { return isSamePlace(known, year); });
+}
+
+/// Moves a year into the set of another name, or gives that name to its set when it is the only
+/// one there.
+void moveYear(std::vector<BooksSet>& sets, BooksSet& from, const BooksSet& facts,
+              const BooksYear& year) {
+    auto into = std::ranges::find(sets, facts.name, &BooksSet::name);
+    if (into == sets.end() && from.years.size() == 1) {
+        from.name = facts.name;
+        return;
+    }
+    const auto moved = std::ranges::find(from.years, year.year, &BooksYear::year);
+    const BooksYear own = *moved;
+    from.years.erase(moved);
+    if (into == sets.end()) {
+        sets.push_back({facts.id, facts.name, facts.company, {own}});
+    } else {
+        into->years.push_back(own);
+        std::ranges::sort(into->years, {}, &BooksYear::year);
+    }
+    std::erase_if(sets, [](const BooksSet& set) { return set.years.empty(); });
+}
+
 }  // namespace
+
+std::string otherPlaceOf(const std::vector<BooksSet>& sets, std::string_view name,
+                         const BooksYear& year) {
+    const auto set = std::ranges::find(sets, name, &BooksSet::name);
+    if (set == sets.end()) return {};
+    const auto known = std::ranges::find(set->years, year.year, &BooksYear::year);
+    if (known == set->years.end() || isSamePlace(*known, year)) return {};
+    return known->location;
+}
+
+bool listUnderOwnName(std::vector<BooksSet>& sets, const BooksSet& facts, const BooksYear& year) {
+    const auto holds = [&year](const BooksSet& set) { return hasYear(set, year); };
+    auto set = std::ranges::find_if(sets, holds);
+    if (set == sets.end() || !otherPlaceOf(sets, facts.name, year).empty()) return false;
+    const std::vector<BooksSet> before = sets;
+    if (set->name != facts.name) moveYear(sets, *set, facts, year);
+    set = std::ranges::find_if(sets, holds);
+    if (set->years.back().year == year.year) set->company = facts.company;
+    return sets != before;
+}
 
 BooksRegistry::BooksRegistry(std::string folder) : m_folder(std::move(folder)) {}
 
@@ -94,6 +144,19 @@ Status BooksRegistry::forget(std::string_view location) {
     for (BooksSet& set : change.sets())
         std::erase_if(set.years, [&](const BooksYear& year) { return year.location == location; });
     std::erase_if(change.sets(), [](const BooksSet& set) { return set.years.empty(); });
+    return change.save();
+}
+
+Status BooksRegistry::correct(const BooksSet& facts, const BooksYear& year) const {
+    std::vector<BooksSet> sets;
+    if (const Status status = read(sets); !status) return status;
+    const std::string elsewhere = otherPlaceOf(sets, facts.name, year);
+    const bool isListed =
+        std::ranges::any_of(sets, [&year](const BooksSet& set) { return hasYear(set, year); });
+    if (isListed && !elsewhere.empty()) return Status::of(Failure::refused, elsewhere);
+    if (!listUnderOwnName(sets, facts, year)) return Status::done();
+    RegistryChange change(*this);
+    if (!change.status() || !listUnderOwnName(change.sets(), facts, year)) return change.status();
     return change.save();
 }
 

@@ -29,6 +29,16 @@ struct BooksSet {
     bool operator==(const BooksSet&) const = default;
 };
 
+/// Puts a year that a list has into the set of the name that its books have now; its company is
+/// that of its latest year. True when the list has changed by it, which it does not where that name
+/// has the same year elsewhere.
+bool listUnderOwnName(std::vector<BooksSet>& sets, const BooksSet& facts, const BooksYear& year);
+
+/// The place where the list has that year under that name, other than the given one; empty where
+/// it has none.
+std::string otherPlaceOf(const std::vector<BooksSet>& sets, std::string_view name,
+                         const BooksYear& year);
+
 /// The list of the sets of books known at this workstation, in one file that the program and
 /// the command-line tool share.
 ///
@@ -47,6 +57,11 @@ class BooksRegistry {
 
     /// Takes a year off the list, and its set when it was the last; the database stays.
     Status forget(std::string_view location);
+
+    /// Lists a year under the name and company that its books have now, where the list has its
+    /// place; the facts' own years mean nothing. Refused where the list has the same year of that
+    /// name elsewhere.
+    Status correct(const BooksSet& facts, const BooksYear& year) const;
 
   private:
     std::string m_folder;

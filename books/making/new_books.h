@@ -21,7 +21,7 @@ struct NewBooks {
     int year = 0;
     int startMonth = 1;  ///< the month bookkeeping begins in
     std::string levelPattern = "4222";
-    bool hasForeignCurrency = false;
+    bool hasForeignCurrency = true;
     ChartTemplate chart = ChartTemplate::smallEnterprise;
     std::string supervisor = {};
     std::string password = {};
@@ -39,6 +39,7 @@ inline constexpr const char* company = "company";
 inline constexpr const char* year = "year";
 inline constexpr const char* startMonth = "startMonth";
 inline constexpr const char* levelPattern = "levelPattern";
+inline constexpr const char* foreignCurrency = "foreignCurrency";
 inline constexpr const char* chart = "chart";
 inline constexpr const char* supervisor = "supervisor";
 inline constexpr const char* password = "password";

@@ -21,9 +21,17 @@ Status listPeopleAtWork(Engine& books, std::vector<PersonAtWork>& people) {
     return forEachRow(books, upgrade_sql::loggedOn, {}, [&people](const Cursor& row) {
         const std::string station(row.text(1));
         if (!isKnownToHaveEnded(station, row.integer(2)))
-            people.push_back({std::string(row.text(0)), station});
+            people.push_back({std::string(row.text(0)), station, row.integer(2)});
         return Status::done();
     });
+}
+
+Status listOthersAtWork(Engine& books, std::vector<PersonAtWork>& people) {
+    const Status status = listPeopleAtWork(books, people);
+    std::erase_if(people, [](const PersonAtWork& person) {
+        return person.station == stationName() && person.process == ownProcess();
+    });
+    return status;
 }
 
 std::string namesOf(const std::vector<PersonAtWork>& people) {

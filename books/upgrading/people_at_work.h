@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,10 +12,14 @@ namespace chengheng {
 struct PersonAtWork {
     std::string name;
     std::string station;
+    std::int64_t process = 0;  ///< of the program there
 };
 
 /// Those who are listed as logged on, without those of this workstation whose program has ended.
 Status listPeopleAtWork(Engine& books, std::vector<PersonAtWork>& people);
+
+/// The same without whoever works with this program.
+Status listOthersAtWork(Engine& books, std::vector<PersonAtWork>& people);
 
 /// "王芳(PC1)、李明(PC2)"; some program, when nobody is known.
 std::string namesOf(const std::vector<PersonAtWork>& people);

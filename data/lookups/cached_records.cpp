@@ -80,6 +80,12 @@ void clearCaches() {
 std::span<const _CyrencyInfo> cachedCurrencies() { return caches.currencies; }
 std::span<const _SettleInfo> cachedSettles() { return caches.settles; }
 
+void publishParameters(const _zAccountMInfo& parameters) {
+    if (CGetData::m_pzAccountMInfo == nullptr) return;
+    caches.parameters = parameters;
+    CGetData::m_pzAccountMInfo = &caches.parameters;
+}
+
 Status readBookRecords(CNbCwDB& database, BookRecords& records) {
     std::vector<_zAccountMInfo> parameters;
     Status status = read(database, nullptr, parameters);

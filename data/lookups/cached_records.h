@@ -19,6 +19,9 @@ namespace chengheng {
 std::span<const _CyrencyInfo> cachedCurrencies();  ///< in the order of their ids
 std::span<const _SettleInfo> cachedSettles();      ///< in the order of their ids
 
+/// Takes over the changed parameters of the open books; nothing where none are open.
+void publishParameters(const _zAccountMInfo& parameters);
+
 /// What the lookups of a set of books know.
 struct BookRecords {
     _zAccountMInfo parameters;

@@ -180,5 +180,91 @@ TEST(PasswordFile, MissingOrOverlongFileGivesNoPassword) {
     EXPECT_EQ(password, "");
 }
 
+/// A list with two years of 甲 and one of 乙, at /a5, /a6 and /b6.
+std::vector<BooksSet> twoSets() {
+    return {{1, "甲", "甲公司", {{2025, "/a5"}, {2026, "/a6"}}},
+            {2, "乙", "乙公司", {{2026, "/b6"}}}};
+}
+
+TEST(ListedBooks, OnlyYearOfASetGivesItsNameToTheSet) {
+    auto sets = twoSets();
+    EXPECT_TRUE(listUnderOwnName(sets, {2, "丙", "丙公司", {}}, {2026, "/b6"}));
+    EXPECT_EQ(sets[1], (BooksSet{2, "丙", "丙公司", {{2026, "/b6"}}}));
+    EXPECT_EQ(sets[0], twoSets()[0]);
+    EXPECT_FALSE(listUnderOwnName(sets, {2, "丙", "丙公司", {}}, {2026, "/b6"}));
+}
+
+TEST(ListedBooks, OneOfSeveralYearsBecomesASetOfItsOwn) {
+    auto sets = twoSets();
+    EXPECT_TRUE(listUnderOwnName(sets, {1, "丙", "丙公司", {}}, {2026, "/a6"}));
+    ASSERT_EQ(sets.size(), 3U);
+    EXPECT_EQ(sets[0], (BooksSet{1, "甲", "甲公司", {{2025, "/a5"}}}));
+    EXPECT_EQ(sets[2], (BooksSet{1, "丙", "丙公司", {{2026, "/a6"}}}));
+}
+
+TEST(ListedBooks, YearJoinsTheSetThatHasItsNameByNow) {
+    auto sets = twoSets();
+    EXPECT_TRUE(listUnderOwnName(sets, {1, "乙", "新公司", {}}, {2025, "/a5"}));
+    EXPECT_EQ(sets[0].years, (std::vector<BooksYear>{{2026, "/a6"}}));
+    EXPECT_EQ(sets[1], (BooksSet{2, "乙", "乙公司", {{2025, "/a5"}, {2026, "/b6"}}}))
+        << "the latest year says the company";
+}
+
+TEST(ListedBooks, LastYearThatLeavesASetTakesItAlong) {
+    auto sets = twoSets();
+    sets[0].years.pop_back();
+    EXPECT_TRUE(listUnderOwnName(sets, {1, "乙", "乙公司", {}}, {2025, "/a5"}));
+    ASSERT_EQ(sets.size(), 1U);
+    EXPECT_EQ(sets[0].name, "乙");
+}
+
+TEST(ListedBooks, CompanyIsThatOfTheLatestYear) {
+    auto sets = twoSets();
+    EXPECT_FALSE(listUnderOwnName(sets, {1, "甲", "新公司", {}}, {2025, "/a5"}));
+    EXPECT_EQ(sets[0].company, "甲公司");
+    EXPECT_TRUE(listUnderOwnName(sets, {1, "甲", "新公司", {}}, {2026, "/a6"}));
+    EXPECT_EQ(sets[0].company, "新公司");
+}
+
+TEST(ListedBooks, PasswordOfAnAddressMakesNoOtherPlace) {
+    std::vector<BooksSet> sets{
+        {1, "甲", "甲公司", {{2026, "postgresql://li:geheim@db/books?schema=a"}}}};
+    EXPECT_TRUE(listUnderOwnName(sets, {1, "乙", "甲公司", {}},
+                                 {2026, "postgresql://li@db/books?schema=a"}));
+    EXPECT_EQ(sets[0].name, "乙");
+}
+
+TEST(ListedBooks, NameWithTheSameYearElsewhereIsNotTakenAndItsPlaceIsTold) {
+    auto sets = twoSets();
+    EXPECT_EQ(otherPlaceOf(sets, "乙", {2026, "/a6"}), "/b6");
+    EXPECT_EQ(otherPlaceOf(sets, "乙", {2025, "/a5"}), "");
+    EXPECT_EQ(otherPlaceOf(sets, "乙", {2026, "/b6"}), "");
+    EXPECT_EQ(otherPlaceOf(sets, "丙", {2026, "/a6"}), "");
+    EXPECT_FALSE(listUnderOwnName(sets, {1, "乙", "乙公司", {}}, {2026, "/a6"}));
+    EXPECT_EQ(sets, twoSets());
+}
+
+TEST(BooksRegistry, IsCorrectedWhereItHasTheBooksAndLeftAloneWhereItHasNot) {
+    const BooksRegistry registry(freshFolder());
+    EXPECT_TRUE(registry.correct({1, "丙", "公司", {}}, {2026, "/books/甲2026"}));
+    EXPECT_FALSE(files::exists(registry.path())) << "a list that is not needed is not made";
+    ASSERT_TRUE(enter(registry, "甲", 2026));
+    ASSERT_TRUE(enter(registry, "乙", 2026, 2));
+    EXPECT_TRUE(registry.correct({1, "丙", "新公司", {}}, {2026, "/books/甲2026"}));
+    EXPECT_EQ(setsOf(registry)[0], (BooksSet{1, "丙", "新公司", {{2026, "/books/甲2026"}}}));
+    const Status taken = registry.correct({1, "乙", "新公司", {}}, {2026, "/books/甲2026"});
+    EXPECT_EQ(taken.failure, Failure::refused);
+    EXPECT_EQ(taken.detail, "/books/乙2026");
+    EXPECT_EQ(setsOf(registry)[0].name, "丙");
+    EXPECT_TRUE(registry.correct({1, "乙", "公司", {}}, {2026, "/elsewhere"}));
+}
+
+TEST(BooksRegistry, ThatCannotBeReadIsNotCorrected) {
+    const BooksRegistry registry(freshFolder());
+    writeText(registry.path(), "{");
+    EXPECT_EQ(registry.correct({1, "丙", "公司", {}}, {2026, "/a"}).failure, Failure::damaged);
+    EXPECT_EQ(readText(registry.path()), "{");
+}
+
 }  // namespace
 }  // namespace chengheng

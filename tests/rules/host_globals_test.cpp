@@ -27,6 +27,18 @@ TEST(HostGlobals, AreSetWhileASessionLives) {
     EXPECT_EQ(g_tmLogonTime.day, (Date{2026, 5, 31}));
 }
 
+TEST(HostGlobals, TakeAnotherNameOfTheOpenBooksWhereASessionLives) {
+    HostSession::renameBooks("无人");
+    EXPECT_STREQ(g_lpszNbZwSetName, "");
+    {
+        HostSession session({.databaseName = "books", .setName = "示例帐套"});
+        HostSession::renameBooks("新名帐套");
+        EXPECT_STREQ(g_lpszNbZwSetName, "新名帐套");
+        EXPECT_EQ(session.facts().setName, "新名帐套");
+    }
+    EXPECT_STREQ(g_lpszNbZwSetName, "");
+}
+
 TEST(HostGlobals, AreEmptyAgainAfterASession) {
     { HostSession session({.databaseName = "books", .logonUser = {1, 1, 1, 1, "主管"}}); }
     EXPECT_EQ(g_pDB, nullptr);

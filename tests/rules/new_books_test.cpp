@@ -26,6 +26,10 @@ std::string refusalOf(const NewBooks& books) {
     return refusal->notice.focusField + "|" + refusal->notice.text;
 }
 
+TEST(NewBooks, KeepForeignCurrencyUnlessSomebodySaysOtherwise) {
+    EXPECT_TRUE(NewBooks().hasForeignCurrency);
+}
+
 TEST(NewBooks, FitFactsAreNotRefused) { EXPECT_EQ(refusalOf(fitBooks()), ""); }
 
 TEST(NewBooks, ChecksRunInTheOrderOfTheForm) {

@@ -59,7 +59,6 @@ TEST(NewBooksWindow, MakesWhatWasFilledIn) {
     form.fill();
     form.window.findChild<QSpinBox*>("startMonth")->setValue(4);
     form.window.findChild<QComboBox*>("chart")->setCurrentIndex(1);
-    form.window.findChild<QCheckBox*>("foreignCurrency")->setChecked(true);
     form.window.accept();
     EXPECT_EQ(form.window.result(), QDialog::Accepted);
     const std::string place = form.window.created().year.location;
@@ -71,6 +70,18 @@ TEST(NewBooksWindow, MakesWhatWasFilledIn) {
     EXPECT_EQ(parameters.dtStart, (Date{2026, 4, 1}));
     EXPECT_EQ(parameters.bFgn, 1);
     EXPECT_EQ(form.window.supervisor(), "王芳");
+}
+
+TEST(NewBooksWindow, KeepsForeignCurrencyUnlessItIsSwitchedOff) {
+    Form form;
+    form.fill();
+    auto* foreign = form.window.findChild<QCheckBox*>("foreignCurrency");
+    EXPECT_TRUE(foreign->isChecked());
+    QTest::keyClick(foreign, Qt::Key_Space);
+    form.window.accept();
+    _zAccountMInfo parameters;
+    ASSERT_FALSE(readBooks(form.window.created().year.location, parameters).has_value());
+    EXPECT_EQ(parameters.bFgn, 0);
 }
 
 TEST(NewBooksWindow, ShowsTheCodesOfAPatternWhileItIsTyped) {
