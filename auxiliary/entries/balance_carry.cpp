@@ -9,7 +9,7 @@
 #include "auxiliary/members/auxiliary_sql.h"
 #include "data/access/row_lease.h"
 #include "data/tables/balances.h"
-#include "opening/editing/amount_text.h"
+#include "opening/editing/typed_amount.h"
 #include "opening/storing/posting.h"
 
 namespace chengheng {

@@ -7,9 +7,10 @@
 #include <optional>
 
 #include "auxiliary/members/auxiliary_texts.h"
+#include "base/values/amount_text.h"
 #include "base/values/numbers.h"
 #include "base/values/text.h"
-#include "opening/editing/amount_text.h"
+#include "opening/editing/typed_amount.h"
 
 namespace chengheng {
 namespace {

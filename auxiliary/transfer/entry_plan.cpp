@@ -12,7 +12,7 @@
 #include "auxiliary/transfer/transfer_texts.h"
 #include "base/values/text.h"
 #include "forms/input_limit.h"
-#include "opening/editing/amount_text.h"
+#include "opening/editing/typed_amount.h"
 #include "opening/sheet/opening_texts.h"
 #include "sheets/plan_texts.h"
 

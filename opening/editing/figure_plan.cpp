@@ -7,9 +7,10 @@
 #include <map>
 #include <utility>
 
+#include "base/values/amount_text.h"
 #include "base/values/numbers.h"
 #include "base/values/text.h"
-#include "opening/editing/amount_text.h"
+#include "opening/editing/typed_amount.h"
 #include "opening/editing/typed_figures.h"
 #include "opening/sheet/opening_texts.h"
 #include "sheets/sheet_failure.h"

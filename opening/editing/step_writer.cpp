@@ -9,7 +9,7 @@
 
 #include "data/access/host_database.h"
 #include "data/tables/accounts.h"
-#include "opening/editing/amount_text.h"
+#include "opening/editing/typed_amount.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/sheet/roll_up.h"
 

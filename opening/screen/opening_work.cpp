@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/values/amount_text.h"
 #include "base/values/numbers.h"
 #include "base/values/text.h"
 #include "data/access/host_database.h"
@@ -12,8 +13,8 @@
 #include "data/tables/accounts.h"
 #include "opening/auxiliary/auxiliary_directories.h"
 #include "opening/direction/direction_adjust.h"
-#include "opening/editing/amount_text.h"
 #include "opening/editing/opening_transfer.h"
+#include "opening/editing/typed_amount.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/storing/posting.h"
 #include "opening/storing/saving.h"

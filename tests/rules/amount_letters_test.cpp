@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "opening/editing/amount_text.h"
+#include "base/values/amount_text.h"
 
 using namespace chengheng;
 

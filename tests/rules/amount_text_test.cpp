@@ -1,4 +1,5 @@
-#include "opening/editing/amount_text.h"
+#include "base/values/amount_text.h"
+#include "opening/editing/typed_amount.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "opening/editing/amount_text.h"
+#include "base/values/amount_text.h"
 
 #include <algorithm>
 #include <array>
@@ -7,9 +7,7 @@
 #include <string>
 
 #include "base/values/digit_groups.h"
-#include "base/values/numbers.h"
 #include "base/values/text.h"
-#include "opening/sheet/opening_texts.h"
 
 namespace chengheng {
 namespace {
@@ -21,10 +19,13 @@ struct Rewriting {
     char to;
 };
 
+/// What stands for a letter of a number or for a blank: the wide point and blank, minus, times,
+/// divided by, two currency signs, and blanks that spreadsheets give.
 constexpr std::array rewritings{
-    Rewriting{"。", '.'}, Rewriting{"　", ' '}, Rewriting{"−", '-'},  Rewriting{"×", '*'},
-    Rewriting{"÷", '/'},  Rewriting{"￥", ' '}, Rewriting{"¥", ' '},  Rewriting{"\u00A0", ' '},
-    Rewriting{"\t", ' '}, Rewriting{"\n", ' '}, Rewriting{"\r", ' '}, Rewriting{"\u2028", ' '}};
+    Rewriting{"\u3002", '.'}, Rewriting{"\u3000", ' '}, Rewriting{"\u2212", '-'},
+    Rewriting{"\u00D7", '*'}, Rewriting{"\u00F7", '/'}, Rewriting{"\uFFE5", ' '},
+    Rewriting{"\u00A5", ' '}, Rewriting{"\u00A0", ' '}, Rewriting{"\t", ' '},
+    Rewriting{"\n", ' '},     Rewriting{"\r", ' '},     Rewriting{"\u2028", ' '}};
 
 /// The wide forms of the letters "!" to "~" are U+FF01 to U+FF5E.
 std::optional<char> narrowForm(std::string_view text) {
@@ -182,14 +183,6 @@ Reading readingOf(std::string_view text) {
 
 std::optional<double> readAmount(std::string_view text) { return readingOf(text).value; }
 
-const char* whyNoAmount(std::string_view text) {
-    return readingOf(text).hasDecimalComma ? opening_texts::decimalComma : opening_texts::noNumber;
-}
-
-double typedAmount(std::string_view text, Measure measure) {
-    double value = readAmount(text).value_or(0);
-    Round(value, decimalsOf(measure));
-    return value;
-}
+bool isNumberWithDecimalComma(std::string_view text) { return readingOf(text).hasDecimalComma; }
 
 }  // namespace chengheng

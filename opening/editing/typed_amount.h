@@ -1,19 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "opening/sheet/opening_account.h"
 
 namespace chengheng {
-
-/// The number that a typed or pasted text stands for; nothing when it stands for none.
-///
-/// The separators of groups of three digits, the wide letters of Chinese typing and a currency
-/// sign in front are read over; a comma elsewhere makes it no number. (1,200.00) is negative as
-/// spreadsheets show it, a lone - is their zero. A text that begins with = is a sum of numbers with
-/// + - * / and brackets: "=1200+350*2".
-std::optional<double> readAmount(std::string_view text);
 
 /// Why a text that stands for no number does not: a decimal comma is told.
 const char* whyNoAmount(std::string_view text);
