@@ -3,11 +3,11 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <charconv>
 
-#include "base/values/numbers.h"
 #include "currency/currency_sql.h"
 #include "currency/currency_texts.h"
+#include "currency/max_error.h"
+#include "currency/rate_sheet.h"
 #include "report/layout/page_facts.h"
 #include "report/output/list_fields.h"
 #include "report/output/list_reading.h"
@@ -15,14 +15,6 @@
 
 namespace chengheng {
 namespace {
-
-/// In plain notation, as short as the single precision allows: "0.00001".
-ReportCell differenceCell(const _CyrencyInfo& currency) {
-    std::array<char, 64> room{};
-    const auto written = std::to_chars(room.data(), room.data() + room.size(), currency.fMaxError,
-                                       std::chars_format::fixed);
-    return std::string(room.data(), written.ptr);
-}
 
 constexpr std::array currencyFields{
     ListField<_CyrencyInfo>{
@@ -41,7 +33,9 @@ constexpr std::array currencyFields{
                             [](const _CyrencyInfo& currency) {
                                 return ReportCell(std::to_string(currency.byDecimal));
                             }},
-    ListField<_CyrencyInfo>{"fMaxError", Alignment::right, differenceCell},
+    ListField<_CyrencyInfo>{
+        "fMaxError", Alignment::right,
+        [](const _CyrencyInfo& currency) { return ReportCell(plainMaxError(currency.fMaxError)); }},
 };
 
 /// A month's or a day's rates of a currency.
@@ -54,7 +48,8 @@ struct Rate {
 
 /// Absent where no rate was entered.
 ReportCell rateCell(double rate, int decimals) {
-    return rate == 0 ? ReportCell() : ReportCell(ftoaWithSap(rate, decimals));
+    const std::string text = rateText(rate, decimals);
+    return text.empty() ? ReportCell() : ReportCell(text);
 }
 
 constexpr std::array<ListField<Rate>, 3> rateFields(const char* time) {

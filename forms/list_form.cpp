@@ -51,7 +51,7 @@ void ListForm::remove(int id) {
     const Outcome outcome = erase(m_leaves.find(id));
     if (outcome == Outcome::stale) readAgain();
     if (outcome != Outcome::done) return;
-    int next = m_leaves.neighbourOf(id);
+    int next = leafAfter(id);
     m_leaves.remove(id);
     if (next == 0) {
         m_leaves.setFilter({});

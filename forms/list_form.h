@@ -54,8 +54,8 @@ class ListForm {
     /// How that reads.
     virtual std::string usedWords() const;
     SaveMode saveMode() const;
-    bool canSave() const { return saveMode() != SaveMode::nothing && isComplete(); }
-    bool canDelete() const { return m_selectedId != 0 && !m_isUsed; }
+    virtual bool canSave() const { return saveMode() != SaveMode::nothing && isComplete(); }
+    virtual bool canDelete() const { return m_selectedId != 0 && !m_isUsed; }
     bool hasUnsavedInput() const { return isChanged(); }
 
   protected:
@@ -80,6 +80,8 @@ class ListForm {
     virtual void takeTypedBack() = 0;
     /// Asks and deletes; null: no leaf is selected.
     virtual Outcome erase(const Leaf* leaf) = 0;
+    /// The leaf to select in the place of one that is being removed; 0: none is shown beside it.
+    virtual int leafAfter(int removed) const { return m_leaves.neighbourOf(removed); }
 
     IMessages& messages() const { return m_messages; }
     /// The list as it is now. What was typed stays, on top of the record as it is now; where that

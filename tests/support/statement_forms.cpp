@@ -139,9 +139,8 @@ void addOperatorBatches(Forms& forms) {
 
 void addRateBatches(Forms& forms) {
     std::string batch;
-    for (int day = 1; day <= 3; ++day)
-        appendSql(batch, "Insert ExchgFlt Values(%d, %d, '%d/%d/%d', %d, 0.0, 0.0)\n", 400 + day, 2,
-                  2028, 2, 26 + day, 2);
+    for (const std::uint8_t day : {27, 28, 29})
+        currency_sql::addFloatingRate(batch, 400 + day, 2, {2028, 2, day});
     addBatch(forms, batch);
     addBatch(forms, formatSql("DELETE ExchgFlt WHERE byExchId = %d", 2));
     addBatch(forms, formatSql("DELETE ExchgFix WHERE byExchId = %d", 2));
@@ -194,7 +193,7 @@ void addCodeConditions(Forms& forms) {
     addCondition(forms, account_sql::ofCodeAndBelow(awkward), {"Code"});
     for (const char* flag : {"bBank != 0", "bCash != 0", "byGrade = 1"})
         addCondition(forms, formatSql("sCode = '%s' AND %s", awkward, SqlFragment{flag}), {"Code"});
-    addCondition(forms, formatSql("byExchId = %d", 2), {"Code", "ExchgFix", "ExchgFlt"});
+    addCondition(forms, currency_sql::ofCurrency(2), {"Code", "ExchgFix", "ExchgFlt"});
     addCondition(forms, currency_sql::fixedRatesOf(2), {"ExchgFix"});
     for (const int month : {0, 2})
         addCondition(forms, currency_sql::floatingRatesOf(2, month), {"ExchgFlt"});
@@ -287,10 +286,12 @@ void addDirectoryForms(Forms& forms) {
 void addListConditions(Forms& forms) {
     addCondition(forms, account_sql::allCurrencies, {"Cyrency"});
     addCondition(forms, print_sql::inOrderOfIds, {"Sign", "Settle"});
-    addCondition(forms, formatSql("sExchCode = '%s'", awkward), {"Cyrency"});
-    addCondition(forms, formatSql("sExchName = '%s'", awkward), {"Cyrency"});
-    addCondition(forms, formatSql("lId <> %d AND sExchCode = '%s'", 2, awkward), {"Cyrency"});
-    addCondition(forms, formatSql("lId <> %d AND sExchName = '%s'", 2, awkward), {"Cyrency"});
+    addCondition(forms, currency_sql::inOrder, {"Cyrency"});
+    addCondition(forms, currency_sql::ofId(2), {"Cyrency"});
+    for (const int other : {0, 2}) {
+        addCondition(forms, currency_sql::ofSymbol(awkward, other), {"Cyrency"});
+        addCondition(forms, currency_sql::ofName(awkward, other), {"Cyrency"});
+    }
     addCondition(forms, formatSql("sSign = '%s'", awkward),
                  {"Sign", "UnregMain", "RegMain", "AutoMain"});
     addCondition(forms, formatSql("sSign = '%s' AND sSign <> '%s'", awkward, "2"), {"Sign"});
