@@ -41,6 +41,8 @@ constexpr MenuItemResource hubMenu[] = {
     {33005, screen_texts::projectClassesItem},
     {33006, screen_texts::projectItemsItem},
     {0, ""},
+    {33007, screen_texts::parametersItem},
+    {0, ""},
     {helpCommandNumber, screen_texts::helpCommand},
     {0, ""},
     {32774, screen_texts::exitItem},

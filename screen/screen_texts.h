@@ -27,6 +27,7 @@ inline constexpr const char* openingPage = "期初余额录入";
 inline constexpr const char* directoryPage = "部门、个人、单位和项目目录";
 inline constexpr const char* auxiliaryPage = "辅助期初";
 inline constexpr const char* settlePage = "结算方式";
+inline constexpr const char* parametersPage = "帐套参数";
 
 // Captions of pictures, and the same in a menu with the keys that choose them.
 inline constexpr const char* accountsPicture = "会计科目";
@@ -48,6 +49,7 @@ inline constexpr const char* unitClassesItem = "单位往来分类(&C)";
 inline constexpr const char* unitsItem = "单位往来目录(&U)";
 inline constexpr const char* projectClassesItem = "项目大类定义(&K)";
 inline constexpr const char* projectItemsItem = "项目定义及目录(&I)";
+inline constexpr const char* parametersItem = "帐套参数调整(&B)";
 inline constexpr const char* exitItem = "退出(&7)";
 
 inline constexpr const char* showDetail = "详细(&D)";
@@ -59,6 +61,9 @@ inline constexpr const char* debitTotal = "借方合计";
 inline constexpr const char* creditTotal = "贷方合计";
 inline constexpr const char* balanceResult = "试算结果";
 inline constexpr const char* balanceCauses = "可能原因(&C)...";
+
+/// As wide as any.
+inline constexpr const char* wideCharacter = "帐";
 
 inline constexpr const char* yes = "是";
 inline constexpr const char* no = "否";

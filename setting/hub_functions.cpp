@@ -30,7 +30,7 @@ constexpr HubNeeds hubNeeds[] = {
     {HubFunction::exit, false, 0, false},          {HubFunction::departments, false, 8, false},
     {HubFunction::persons, false, 1, false},       {HubFunction::unitClasses, false, 75, false},
     {HubFunction::units, false, 75, false},        {HubFunction::projectClasses, false, 14, false},
-    {HubFunction::projectItems, false, 13, false},
+    {HubFunction::projectItems, false, 13, false}, {HubFunction::parameters, false, 40, false},
 };
 
 Refusal closedFunction(const char* text, MessageIcon icon) {

@@ -20,7 +20,8 @@ enum class HubFunction {
     unitClasses,
     units,
     projectClasses,
-    projectItems
+    projectItems,
+    parameters
 };
 
 /// A function's place on the hub, in pixels of the background, and its picture.
@@ -51,13 +52,14 @@ struct HubMenuCommand {
     int command;
 };
 
-inline constexpr std::array hubDirectories{
+inline constexpr std::array hubMenuCommands{
     HubMenuCommand{HubFunction::departments, 33001},
     HubMenuCommand{HubFunction::persons, 33002},
     HubMenuCommand{HubFunction::unitClasses, 33003},
     HubMenuCommand{HubFunction::units, 33004},
     HubMenuCommand{HubFunction::projectClasses, 33005},
     HubMenuCommand{HubFunction::projectItems, 33006},
+    HubMenuCommand{HubFunction::parameters, 33007},
 };
 
 /// Whether the host wants only the opening balances: -ERPCONSOLE or -ERPSINGLE, in any case.

@@ -12,10 +12,13 @@
 #include "data/lookups/CGetData.h"
 #include "data/tables/books.h"
 #include "screen/background_work.h"
+#include "screen/books/books_parameters_window.h"
 #include "screen/enter_moves_on.h"
+#include "screen/form_style.h"
 #include "screen/guarded.h"
 #include "session/failure_texts.h"
-#include "shell/form_style.h"
+#include "session/rights/CCheckAuth.h"
+#include "setting/hub_status.h"
 #include "shell/lock_wait_box.h"
 #include "shell/new_books_window.h"
 #include "shell/open_books_window.h"
@@ -27,6 +30,7 @@ namespace {
 
 constexpr const char* lastBooks = "lastBooks";
 constexpr const char* lastOperator = "lastOperator";
+constexpr int parametersRight = 40;
 
 QSettings memoryOf(const BooksRegistry& registry) {
     return {QString::fromStdString(registry.folder() + "/shell.ini"), QSettings::IniFormat};
@@ -78,6 +82,8 @@ void LogonWindow::setUpFields() {
             [this] { runGuarded(m_messages, windowTitle(), [this] { openOther(); }); });
     connect(m_ui->makeNew, &QPushButton::clicked, this,
             [this] { runGuarded(m_messages, windowTitle(), [this] { makeNew(); }); });
+    connect(m_ui->parameters, &QPushButton::clicked, this,
+            [this] { runGuarded(m_messages, windowTitle(), [this] { changeParameters(); }); });
     connect(m_ui->location, &QComboBox::currentIndexChanged, this, &LogonWindow::suggestDate);
 }
 
@@ -167,7 +173,7 @@ void LogonWindow::accept() {
     runGuarded(m_messages, windowTitle(), [this] { logOn(); });
 }
 
-void LogonWindow::logOn() {
+bool LogonWindow::openSession() {
     const int index = m_ui->location->currentIndex();
     LogonRequest request;
     if (index >= 0) request.location = m_choices[static_cast<std::size_t>(index)].location;
@@ -183,18 +189,58 @@ void LogonWindow::logOn() {
     };
     auto refusal = m_passwords.withPassword(request.location, this, tryToLogOn);
     if (refusal && refusal->kind == RefusalKind::outdated) {
-        if (!upgrade(locationOfBooks(request.location))) return;
+        if (!upgrade(locationOfBooks(request.location))) return false;
         refusal = tryToLogOn(request.location);
     }
     if (refusal) {
         if (refusal->kind != RefusalKind::serverPassword) m_messages.tell(refusal->notice);
-        return;
+        return false;
     }
-    m_ui->password->clear();
-    rememberLogon();
     if (!m_session.warning().empty())
         m_messages.tell({.text = m_session.warning(), .icon = MessageIcon::warning});
+    keepListTrue();
+    return true;
+}
+
+void LogonWindow::logOn() {
+    if (!openSession()) return;
+    m_ui->password->clear();
+    rememberLogon();
     QDialog::accept();
+}
+
+void LogonWindow::changeParameters() {
+    if (m_ui->password->text().isEmpty()) {
+        // An empty password would count as a wrong one.
+        const QLineEdit* wanted =
+            m_ui->operatorName->text().isEmpty() ? m_ui->operatorName : m_ui->password;
+        const Refusal refusal =
+            inputRefusal(shell_texts::logonWanted, wanted->objectName().toUtf8().constData());
+        return m_messages.tell(refusal.notice);
+    }
+    if (!openSession()) return;
+    // The next log-on begins a new history, so nobody would be told of this one.
+    if (const HubLogonLine line = hubLogonLine(); line.isWarning)
+        m_messages.tell({.text = line.text, .icon = MessageIcon::warning});
+    if (const auto refusal = rightRefusal(parametersRight))
+        m_messages.tell(refusal->notice);
+    else
+        BooksParametersWindow(m_registry, this).DoModal();
+    m_session.logOff();
+    const std::string location =
+        m_choices[static_cast<std::size_t>(m_ui->location->currentIndex())].location;
+    loadChoices();
+    showChoices(choiceOf(m_choices, location));
+}
+
+/// Another workstation may have given the books another name.
+void LogonWindow::keepListTrue() {
+    const _zAccountMInfo& books = *CGetData::m_pzAccountMInfo;
+    // The list only names the books; one that cannot be written hinders nobody.
+    static_cast<void>(m_registry
+                          .correct({books.lId, books.sName, books.sCompany, {}},
+                                   {books.lYear, m_session.shownLocation()})
+                          .isDone());
 }
 
 bool LogonWindow::upgrade(const std::string& location) {

@@ -40,8 +40,14 @@ class LogonWindow : public QDialog {
     void openOther();
     void makeNew();
     void tellFailureToOpenList();
+    void keepListTrue();
     std::size_t rememberedChoice() const;
     void logOn();
+    /// Opens the chosen books with the operator who is filled in; false when they were refused,
+    /// which has been told.
+    bool openSession();
+    /// Changes the parameters of the chosen books, for which the operator logs on and off again.
+    void changeParameters();
     /// Asks whether books of an older layout are to be upgraded, and does so.
     bool upgrade(const std::string& location);
     void rememberLogon();

@@ -8,9 +8,9 @@
 #include "forms/discard_input.h"
 #include "screen/background_work.h"
 #include "screen/enter_moves_on.h"
+#include "screen/form_style.h"
 #include "screen/guarded.h"
 #include "screen/screen_texts.h"
-#include "shell/form_style.h"
 #include "shell/shell_texts.h"
 #include "ui_new_books_window.h"
 

@@ -9,9 +9,9 @@
 #include "books/making/new_books.h"
 #include "data/engines/open_engine.h"
 #include "screen/background_work.h"
+#include "screen/form_style.h"
 #include "screen/guarded.h"
 #include "screen/screen_texts.h"
-#include "shell/form_style.h"
 #include "shell/shell_texts.h"
 #include "ui_open_books_window.h"
 

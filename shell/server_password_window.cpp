@@ -7,8 +7,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include "screen/form_style.h"
 #include "screen/screen_texts.h"
-#include "shell/form_style.h"
 #include "shell/shell_texts.h"
 
 namespace chengheng {

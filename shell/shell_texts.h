@@ -3,12 +3,10 @@
 /// The texts of the log-on windows that do not stand in their forms. %1 is a value.
 namespace chengheng::shell_texts {
 
-/// As wide as any.
-inline constexpr const char* wideCharacter = "帐";
-
 inline constexpr const char* lockWaitTitle = "等待其他工作站";
 inline constexpr const char* lockWaited = "已等待 %1";
 inline constexpr const char* logon = "登录";
+inline constexpr const char* logonWanted = "请先填好操作员和口令,再修改帐套参数";
 
 inline constexpr const char* serverPasswordTitle = "服务器口令";
 inline constexpr const char* serverPasswordWanted = "数据库服务器“%1”需要口令。";

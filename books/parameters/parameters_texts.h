@@ -58,7 +58,13 @@ inline constexpr const char* listNotCorrected =
     "帐套参数已修改,但本机的帐套列表没有更新,仍显示原来的名称。\n{}";
 inline constexpr const char* listHasOther = "列表中已有同名同年度的帐套:\n{}";
 
-// Below the fields of the window.
+// The fields of the window, and what stands below them.
+inline constexpr const char* atWork = "帐套参数调整";
+inline constexpr const char* nameField = "帐套名称(&N):";
+inline constexpr const char* companyField = "单位名称(&C):";
+inline constexpr const char* foreignField = "核算外币(&F)";
+inline constexpr const char* patternField = "科目级长(&L):";
+inline constexpr const char* startField = "启用月份(&M):";
 inline constexpr const char* currencyKept = "核算外币的科目:{};有这样的科目时不能取消";
 inline constexpr const char* currencyNotKept = "没有科目核算外币,可以取消";
 inline constexpr const char* currencyOff = "选中后可以使用汇率管理,并让科目核算外币";

@@ -18,6 +18,7 @@ inline constexpr int settleHelpContext = 197782;
 inline constexpr int openingHelpContext = 197784;
 inline constexpr int auxiliaryHelpContext = 197785;
 inline constexpr int directoryHelpContext = 197786;
+inline constexpr int parametersHelpContext = 197787;
 
 /// In the order of the table of contents.
 std::span<const HelpPage> helpPages();

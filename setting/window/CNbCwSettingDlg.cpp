@@ -160,10 +160,11 @@ bool CNbCwSettingDlg::OnCommand(int command) {
         {32777, &CNbCwSettingDlg::OnNxSettingSpecies}, {32778, &CNbCwSettingDlg::OnNxSettingMethod},
         {32774, &CNbCwSettingDlg::OnNxSettingExit},
     };
-    const auto directory =
-        std::ranges::find(chengheng::hubDirectories, command, &chengheng::HubMenuCommand::command);
-    if (directory != chengheng::hubDirectories.end()) {
-        openFunction(messages(), directory->function);
+    const auto listed =
+        std::ranges::find(chengheng::hubMenuCommands, command, &chengheng::HubMenuCommand::command);
+    if (listed != chengheng::hubMenuCommands.end()) {
+        openFunction(messages(), listed->function);
+        UpdateData(false);  // the books may have another name
         return true;
     }
     const auto found = std::ranges::find(handlers, command, &Handler::command);

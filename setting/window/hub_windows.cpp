@@ -1,8 +1,10 @@
 #include "setting/window/hub_windows.h"
 
 #include "accounts/window/CNbCwBursarDlg.h"
+#include "base/system/workstation.h"
 #include "directories/window/directory_window.h"
 #include "opening/window/CNbCwBegleftDlg.h"
+#include "screen/books/books_parameters_window.h"
 #include "setting/window/unbuilt_functions.h"
 #include "settle/window/CNbCwSettleDlg.h"
 
@@ -17,6 +19,11 @@ void runModally(IMessages&) {
 template <DirectoryKind kind>
 void runDirectory(IMessages&) {
     DirectoryWindow(directoryOf(kind), nullptr).DoModal();
+}
+
+void runParameters(IMessages&) {
+    const BooksRegistry registry(booksHome());
+    BooksParametersWindow(registry, nullptr).DoModal();
 }
 
 struct Launcher {
@@ -37,6 +44,7 @@ constexpr Launcher launchers[] = {
     {HubFunction::units, runDirectory<DirectoryKind::unit>},
     {HubFunction::projectClasses, runDirectory<DirectoryKind::projectClass>},
     {HubFunction::projectItems, runDirectory<DirectoryKind::projectItem>},
+    {HubFunction::parameters, runParameters},
 };
 
 }  // namespace

@@ -1,16 +1,15 @@
-#include "shell/form_style.h"
+#include "screen/form_style.h"
 
 #include <QIcon>
 #include <QPushButton>
 
 #include "screen/resources.h"
 #include "screen/screen_texts.h"
-#include "shell/shell_texts.h"
 
 namespace chengheng {
 namespace {
 
-constexpr int pictureSize = 48;
+constexpr int headingPictureSize = 48;
 constexpr double titleScale = 1.5;
 
 void quieten(QLabel* label) {
@@ -22,8 +21,8 @@ void quieten(QLabel* label) {
 }  // namespace
 
 void styleHeading(QLabel* picture, QLabel* title, QLabel* hint) {
-    picture->setPixmap(
-        applicationIcon().pixmap(QSize(pictureSize, pictureSize), picture->devicePixelRatio()));
+    picture->setPixmap(applicationIcon().pixmap(QSize(headingPictureSize, headingPictureSize),
+                                                picture->devicePixelRatio()));
     QFont font = title->font();
     font.setPointSizeF(font.pointSizeF() * titleScale);
     font.setBold(true);
@@ -38,7 +37,7 @@ void styleHint(QLabel* hint) {
 }
 
 void widen(QWidget* form, int characters) {
-    form->setMinimumWidth(form->fontMetrics().horizontalAdvance(shell_texts::wideCharacter) *
+    form->setMinimumWidth(form->fontMetrics().horizontalAdvance(screen_texts::wideCharacter) *
                           characters);
 }
 
