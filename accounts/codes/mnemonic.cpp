@@ -86,7 +86,7 @@ std::size_t appendInitials(std::string_view name, std::size_t at, std::string& i
 
 }  // namespace
 
-std::string inCapitals(std::string_view text) {
+std::string inPlainCapitals(std::string_view text) {
     std::string capitals(text);
     std::ranges::transform(capitals, capitals.begin(), capital);
     return capitals;

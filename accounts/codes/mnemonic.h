@@ -8,7 +8,7 @@
 namespace chengheng {
 
 /// The text with the letters a to z in capitals, as mnemonics are kept.
-std::string inCapitals(std::string_view text);
+std::string inPlainCapitals(std::string_view text);
 
 /// Initials of a name's Chinese reading, in capitals: 库存现金 is KCXJ. Letters and digits stay,
 /// everything else is left out.

@@ -38,7 +38,7 @@ class ImportPlanner {
         : m_sheet(sheet), m_state(state), m_levels(state.levelPattern), m_chart(state) {
         for (const ChartRow& row : sheet.rows)
             if (const auto& cell = row.at(ChartField::mnemonic))
-                m_givenMnemonics.insert(inCapitals(withoutBlanksAround(*cell)));
+                m_givenMnemonics.insert(inPlainCapitals(withoutBlanksAround(*cell)));
     }
 
     ImportPlan plan() {

@@ -41,7 +41,7 @@ void readMnemonic(const ChartRow& row, const std::string& nameBefore, AccountEnt
     const auto cell = cellOf(row, ChartField::mnemonic);
     if (!cell || *cell == entry.mnemonic) return;
     if (cell->empty() && isMnemonicOf(nameBefore, entry.mnemonic)) return;
-    entry.mnemonic = inCapitals(*cell);
+    entry.mnemonic = inPlainCapitals(*cell);
 }
 
 std::optional<CellRefusal> readClass(const ChartRow& row, const ChartState& state,

@@ -75,7 +75,7 @@ TEST(Mnemonics, AreKnownAsThoseOfTheirName) {
     EXPECT_TRUE(isMnemonicOf("运费", "YF09"));
     for (const char* other : {"YFX", "YF/", "YF:", "yf", ""})
         EXPECT_FALSE(isMnemonicOf("运费", other)) << other;
-    EXPECT_EQ(inCapitals("az{`AZ中"), "AZ{`AZ中");
+    EXPECT_EQ(inPlainCapitals("az{`AZ中"), "AZ{`AZ中");
     EXPECT_FALSE(isMnemonicOf("运费", "Y"));
     EXPECT_FALSE(isMnemonicOf("——", ""));
 }
