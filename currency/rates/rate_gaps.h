@@ -1,0 +1,33 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "currency/rate_rows.h"
+
+namespace chengheng {
+
+/// Days or months in a row that have no bookkeeping rate.
+struct RateGap {
+    Date first;
+    Date last;
+    int count = 0;  ///< of days or of months
+
+    bool operator==(const RateGap&) const = default;
+};
+
+/// The gaps of a year's rates, or of those of one month of it, in the order of time. What lies
+/// behind the last rate of the year and behind `today` is no gap, it is still to come; nor is
+/// anything in a year that has no rate at all. Days that have no row are missing, too.
+std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> rows,
+                              const Date& today, int month = 0);
+
+/// "缺 3 天:2026.03.04 至 2026.03.05、2026.03.09"; empty without gaps. No more than so many are
+/// named.
+std::string gapLine(RateKind kind, std::span<const RateGap> gaps, std::size_t named = 3);
+
+/// The first day without a rate behind a day, else the first of all; nothing without gaps.
+std::optional<Date> nextGap(RateKind kind, std::span<const RateGap> gaps, const Date& behind);
+
+}  // namespace chengheng
