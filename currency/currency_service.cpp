@@ -4,34 +4,23 @@
 
 #include <string>
 
-#include "base/messages/held_messages.h"
+#include "currency/currency_change.h"
 #include "currency/currency_sql.h"
 #include "currency/currency_texts.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
 #include "data/tables/accounts.h"
-#include "session/CyrencyIsExist.h"
-#include "session/host_messages.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
 
 namespace chengheng {
 namespace {
 
-constexpr LockLists lockLists{"Code", "Cyrency ExchgFix ExchgFlt"};  // sic
-
-/// What has been told by CyrencyIsExist where the currency is gone or cannot be looked for.
-UntoldOutcome stillThere(int id) {
-    const int existence = CyrencyIsExist(id);
-    if (existence == 0) return UntoldOutcome::done();
-    return {existence > 0 ? Outcome::stale : Outcome::failed};
-}
-
 UntoldOutcome readCurrency(int id, _CyrencyInfo& currency) {
     const RowLease<_CyrencyInfo> lease(*g_pDB, currency_sql::ofId(id).c_str());
     if (!lease.isRead()) return UntoldOutcome::failed();
-    if (!lease.isFound()) return stillThere(id);
+    if (!lease.isFound()) return currencyStillThere(id);
     currency = *lease.rows().front();
     return UntoldOutcome::done();
 }
@@ -99,7 +88,7 @@ UntoldOutcome addCurrency(const CurrencyInput& input, int year, _CyrencyInfo& ad
 
 UntoldOutcome modifyCurrency(const _CyrencyInfo& loaded, const CurrencyInput& input,
                              _CyrencyInfo& modified) {
-    UntoldOutcome result = stillThere(loaded.lId);
+    UntoldOutcome result = currencyStillThere(loaded.lId);
     if (result.outcome == Outcome::done) result = refuseClash(input, loaded.lId);
     _CyrencyInfo stored;
     if (result.outcome == Outcome::done) result = readCurrency(loaded.lId, stored);
@@ -121,7 +110,7 @@ bool deleteRates(const char* table, int currency) {
 }
 
 UntoldOutcome deleteCurrency(const _CyrencyInfo& confirmed) {
-    UntoldOutcome result = stillThere(confirmed.lId);
+    UntoldOutcome result = currencyStillThere(confirmed.lId);
     _CyrencyInfo stored;
     if (result.outcome == Outcome::done) result = readCurrency(confirmed.lId, stored);
     if (result.outcome != Outcome::done) return result;
@@ -148,14 +137,6 @@ UntoldOutcome writeRow(int rowId, RateColumn column, double value) {
 }
 
 }  // namespace
-
-/// What CyrencyIsExist tells waits for the end of the locks.
-Outcome CurrencyService::change(const std::function<UntoldOutcome()>& work) {
-    HeldMessages held(m_messages);
-    const HeldMessages::Hold untilUnlocked(held);
-    const HostMessages installed(held);
-    return changeRecords(held, lockLists, work);
-}
 
 std::optional<std::vector<_CyrencyInfo>> CurrencyService::readAll() {
     if (selectOpenBooks()) {
@@ -186,14 +167,14 @@ std::optional<std::vector<RateRow>> CurrencyService::rates(RateKind kind, int cu
 Outcome CurrencyService::add(const CurrencyInput& input, int year, _CyrencyInfo& added) {
     if (const auto refusal = firstRefusal(currencyInputChecks(), input))
         return told(m_messages, UntoldOutcome::refused(refusal->notice));
-    return change([&] { return addCurrency(input, year, added); });
+    return changeCurrencies(m_messages, [&] { return addCurrency(input, year, added); });
 }
 
 Outcome CurrencyService::modify(const _CyrencyInfo& loaded, const CurrencyInput& input,
                                 _CyrencyInfo& modified) {
     if (const auto refusal = firstRefusal(currencyInputChecks(), input))
         return told(m_messages, UntoldOutcome::refused(refusal->notice));
-    return change([&] { return modifyCurrency(loaded, input, modified); });
+    return changeCurrencies(m_messages, [&] { return modifyCurrency(loaded, input, modified); });
 }
 
 Outcome CurrencyService::remove(int id, bool isUsed) {
@@ -209,13 +190,13 @@ Outcome CurrencyService::remove(int id, bool isUsed) {
         {.text = fmt::format(currency_texts::deletion, currency.sExchCode, currency.sExchName),
          .caption = currency_texts::deletionCaption});
     if (answer != Answer::yes) return Outcome::refused;
-    return change([&] { return deleteCurrency(currency); });
+    return changeCurrencies(m_messages, [&] { return deleteCurrency(currency); });
 }
 
 Outcome CurrencyService::writeRate(RateKind kind, int currencyId, int rowId, RateColumn column,
                                    double value) {
-    return change([&] {
-        const UntoldOutcome there = stillThere(currencyId);
+    return changeCurrencies(m_messages, [&] {
+        const UntoldOutcome there = currencyStillThere(currencyId);
         if (there.outcome != Outcome::done) return there;
         return kind == RateKind::fixed ? writeRow<_ExchgFixInfo>(rowId, column, value)
                                        : writeRow<_ExchgFltInfo>(rowId, column, value);

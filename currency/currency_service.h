@@ -38,8 +38,6 @@ class CurrencyService {
     Outcome writeRate(RateKind kind, int currencyId, int rowId, RateColumn column, double value);
 
   private:
-    Outcome change(const std::function<UntoldOutcome()>& work);
-
     IMessages& m_messages;
 };
 
