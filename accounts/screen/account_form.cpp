@@ -87,7 +87,7 @@ Status AccountForm::beginModification(std::string_view code) {
     m_place = code;
     m_opened = entryOf(account);
     m_shown = std::move(account);
-    return status;
+    return Status::done();
 }
 
 Status AccountForm::proposeBelow(std::string_view parent, std::string& code) const {

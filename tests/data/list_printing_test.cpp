@@ -215,6 +215,7 @@ TEST_P(ListPrinting, PrintsTheAccountsOfARange) {
     print(chartList({.firstCode = "1002", .lastCode = "1002", .lastLevel = 2}));
     EXPECT_THAT(rowTexts(onlyReport()),
                 ElementsAre("1|1002|存款|-|-", "2|100201|  工行|-|部门往来"));
+    EXPECT_EQ(onlyReport().keyColumn, 1u) << "the code, not the level";
 }
 
 TEST_P(ListPrinting, PrintsVoucherTypesWithTheirRestrictions) {

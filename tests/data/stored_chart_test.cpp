@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "accounts/chart/account_sql.h"
+#include "accounts/chart/chart_state.h"
 #include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 
@@ -51,6 +52,17 @@ TEST_P(StoredCharts, AnswerNoToEverythingFromTheFirstReadingThatFails) {
     m_books.engine().failCall(0);
     EXPECT_EQ(answers(), m_no);
     EXPECT_EQ(m_chart.status().failure, Failure::full);
+}
+
+TEST_P(StoredCharts, AreReadWholeIntoAStateThatHadOthers) {
+    ChartState state;
+    ASSERT_TRUE(readChartState(m_books.database(), state));
+    EXPECT_FALSE(state.levelPattern.empty());
+    EXPECT_EQ(state.usedIn[static_cast<std::size_t>(UsePlace::posted)].size(), 1u);
+    m_books.run("DELETE zAccountM\r\nDELETE RegSub");
+    ASSERT_TRUE(readChartState(m_books.database(), state));
+    EXPECT_EQ(state.levelPattern, "");
+    EXPECT_TRUE(state.usedIn[static_cast<std::size_t>(UsePlace::posted)].empty());
 }
 
 CHENGHENG_ON_ALL_ENGINES(StoredCharts);
