@@ -173,6 +173,26 @@ TEST_P(Sweep, RemovesAccountsWithNothingInAnyRow) {
     EXPECT_EQ(m_books.rowsOf("1122").size(), 12u);
 }
 
+TEST_P(Sweep, TellsWhatFailsAndFailsAtNoCallWithoutASign) {
+    addAuxiliary("7", "01", 0);
+    for (int call = 1;; ++call) {
+        m_books.addRows("1001", 12);
+        m_books.books().engine().failCall(call, Failure::full);
+        const Status status = sweepZeroRows(m_books.database());
+        const bool hasFailed = m_books.books().engine().hasFailed();
+        m_books.books().engine().failCall(0);
+        if (!hasFailed) {
+            EXPECT_TRUE(status);
+            EXPECT_GT(call, 3);
+            break;
+        }
+        EXPECT_EQ(status.failure, Failure::full) << call;
+        m_books.books().run("DELETE FROM AccSum");
+    }
+    EXPECT_EQ(m_books.rowsOf("1001"), Texts{});
+    EXPECT_TRUE(auxiliaryIds().empty());
+}
+
 TEST_P(Sweep, KeepsAnAccountForAnyOneOfItsFigures) {
     for (const char* figure : {"mBegin", "mDebet", "mCredit", "dAmtBegin", "dAmtDebet",
                                "dAmtCredit", "mFgnBegin", "mFgnDebet", "mFgnCredit"}) {
