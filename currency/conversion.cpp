@@ -1,4 +1,4 @@
-#include "currency/rates/conversion.h"
+#include "currency/conversion.h"
 
 #include <cmath>
 
@@ -24,19 +24,16 @@ std::optional<double> converted(double amount, double rate, bool multiplies) {
 
 }  // namespace
 
-Quoting quotingOf(std::int16_t mode) {
-    return mode == 1 ? Quoting::homePerForeign : Quoting::foreignPerHome;
+std::optional<double> homeAmount(double foreign, double rate, RateMode mode) {
+    return converted(foreign, rate, mode == RateMode::multiplied);
 }
 
-std::optional<double> homeAmount(double foreign, double rate, Quoting quoting) {
-    return converted(foreign, rate, quoting == Quoting::homePerForeign);
+std::optional<double> foreignAmount(double home, double rate, RateMode mode) {
+    return converted(home, rate, mode == RateMode::divided);
 }
 
-std::optional<double> foreignAmount(double home, double rate, Quoting quoting) {
-    return converted(home, rate, quoting == Quoting::foreignPerHome);
-}
-
-std::optional<double> requoted(double rate, Quoting from, double units, Quoting to, int decimals) {
+std::optional<double> requoted(double rate, RateMode from, double units, RateMode to,
+                               int decimals) {
     if (!(rate > 0) || !(units > 0)) return std::nullopt;
     double single = rate / units;
     if (from != to) single = 1 / single;

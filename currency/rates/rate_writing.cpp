@@ -65,7 +65,9 @@ class GroupWriter {
     std::size_t m_done = 0;
 };
 
-UntoldOutcome writeGroups(std::span<const RateChange> changes, const ImportProgress& progress) {
+}  // namespace
+
+UntoldOutcome writeChanges(std::span<const RateChange> changes, const ImportProgress& progress) {
     GroupWriter writer(changes, progress);
     if (!writer.goesOn()) return UntoldOutcome::refused({.text = rate_texts::cancelled});
     while (!changes.empty()) {
@@ -81,12 +83,10 @@ UntoldOutcome writeGroups(std::span<const RateChange> changes, const ImportProgr
     return UntoldOutcome::done();
 }
 
-}  // namespace
-
 Outcome writeRates(IMessages& messages, std::span<const RateChange> changes,
                    const ImportProgress& progress) {
     if (changes.empty()) return Outcome::done;
-    return changeCurrencies(messages, [&] { return writeGroups(changes, progress); });
+    return changeCurrencies(messages, [&] { return writeChanges(changes, progress); });
 }
 
 std::vector<RateChange> takenBack(std::span<const RateChange> changes) {

@@ -25,6 +25,9 @@ struct RateChange {
 Outcome writeRates(IMessages& messages, std::span<const RateChange> changes,
                    const ImportProgress& progress = {});
 
+/// The same within a change of currencies that is under its locks.
+UntoldOutcome writeChanges(std::span<const RateChange> changes, const ImportProgress& progress);
+
 /// What takes changes back, in their reverse order.
 std::vector<RateChange> takenBack(std::span<const RateChange> changes);
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "currency/rates/conversion.h"
+#include "currency/conversion.h"
 
 using namespace chengheng;
 
@@ -81,36 +81,34 @@ TEST(RateMarks, FindTheLastRateBeforeADay) {
 }
 
 TEST(Conversion, MultipliesOrDividesByTheRateAsTheCurrencyIsQuoted) {
-    EXPECT_EQ(quotingOf(1), Quoting::homePerForeign);
-    EXPECT_EQ(quotingOf(0), Quoting::foreignPerHome);
-    EXPECT_EQ(homeAmount(100, 7.1055, Quoting::homePerForeign), 710.55);
-    EXPECT_EQ(homeAmount(100, 0.14, Quoting::foreignPerHome), 714.29);
-    EXPECT_EQ(foreignAmount(710.55, 7.1055, Quoting::homePerForeign), 100);
-    EXPECT_EQ(foreignAmount(100, 0.14, Quoting::foreignPerHome), 14);
-    EXPECT_EQ(homeAmount(-0.5, 0.01, Quoting::homePerForeign), -0.01);
+    EXPECT_EQ(homeAmount(100, 7.1055, RateMode::multiplied), 710.55);
+    EXPECT_EQ(homeAmount(100, 0.14, RateMode::divided), 714.29);
+    EXPECT_EQ(foreignAmount(710.55, 7.1055, RateMode::multiplied), 100);
+    EXPECT_EQ(foreignAmount(100, 0.14, RateMode::divided), 14);
+    EXPECT_EQ(homeAmount(-0.5, 0.01, RateMode::multiplied), -0.01);
 }
 
 TEST(Conversion, GivesNothingWithoutARateOrBeyondWhatTheBooksHold) {
-    EXPECT_EQ(homeAmount(100, 0, Quoting::homePerForeign), std::nullopt);
-    EXPECT_EQ(foreignAmount(100, -7, Quoting::homePerForeign), std::nullopt);
-    EXPECT_EQ(homeAmount(1e12, 10, Quoting::homePerForeign), std::nullopt);
-    EXPECT_EQ(homeAmount(9e11, 10, Quoting::homePerForeign), 9e12);
-    EXPECT_EQ(homeAmount(1e300, 1e-300, Quoting::foreignPerHome), std::nullopt);
+    EXPECT_EQ(homeAmount(100, 0, RateMode::multiplied), std::nullopt);
+    EXPECT_EQ(foreignAmount(100, -7, RateMode::multiplied), std::nullopt);
+    EXPECT_EQ(homeAmount(1e12, 10, RateMode::multiplied), std::nullopt);
+    EXPECT_EQ(homeAmount(9e11, 10, RateMode::multiplied), 9e12);
+    EXPECT_EQ(homeAmount(1e300, 1e-300, RateMode::divided), std::nullopt);
 }
 
 TEST(Conversion, TurnsAQuotedRateIntoThatOfOneUnitTheOtherWayRound) {
-    using enum Quoting;
-    EXPECT_EQ(requoted(7.105555, homePerForeign, 1, homePerForeign, 4), 7.1056);
-    EXPECT_EQ(requoted(4.85, homePerForeign, 100, homePerForeign, 5), 0.0485);
-    EXPECT_EQ(requoted(4.85, homePerForeign, 100, foreignPerHome, 5), 20.61856);
-    EXPECT_EQ(requoted(0.14, foreignPerHome, 1, homePerForeign, 5), 7.14286);
-    EXPECT_EQ(requoted(2061.856, foreignPerHome, 100, homePerForeign, 4), 0.0485);
+    using enum RateMode;
+    EXPECT_EQ(requoted(7.105555, multiplied, 1, multiplied, 4), 7.1056);
+    EXPECT_EQ(requoted(4.85, multiplied, 100, multiplied, 5), 0.0485);
+    EXPECT_EQ(requoted(4.85, multiplied, 100, divided, 5), 20.61856);
+    EXPECT_EQ(requoted(0.14, divided, 1, multiplied, 5), 7.14286);
+    EXPECT_EQ(requoted(2061.856, divided, 100, multiplied, 4), 0.0485);
 }
 
 TEST(Conversion, HasNoRateThatRoundsToNothing) {
-    using enum Quoting;
-    EXPECT_EQ(requoted(0.004, homePerForeign, 1, homePerForeign, 2), std::nullopt);
-    EXPECT_EQ(requoted(0, homePerForeign, 1, foreignPerHome, 2), std::nullopt);
-    EXPECT_EQ(requoted(-1, homePerForeign, 1, foreignPerHome, 2), std::nullopt);
-    EXPECT_EQ(requoted(1, homePerForeign, 0, foreignPerHome, 2), std::nullopt);
+    using enum RateMode;
+    EXPECT_EQ(requoted(0.004, multiplied, 1, multiplied, 2), std::nullopt);
+    EXPECT_EQ(requoted(0, multiplied, 1, divided, 2), std::nullopt);
+    EXPECT_EQ(requoted(-1, multiplied, 1, divided, 2), std::nullopt);
+    EXPECT_EQ(requoted(1, multiplied, 0, divided, 2), std::nullopt);
 }
