@@ -1,10 +1,8 @@
 #include "opening/window/figure_editor.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
 
 #include "opening/editing/typing_separators.h"
-#include "screen/colours.h"
 
 namespace chengheng {
 namespace {
@@ -36,89 +34,13 @@ class FigureField final : public QLineEdit {
     QString m_before;
 };
 
-NextCell nextCellFor(const QKeyEvent& key) {
-    const bool isBack = (key.modifiers() & Qt::ShiftModifier) != 0;
-    switch (key.key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            return isBack ? NextCell::previousEditable : NextCell::nextEditable;
-        case Qt::Key_Tab:
-            return NextCell::right;
-        case Qt::Key_Backtab:
-            return NextCell::left;
-        case Qt::Key_Down:
-            return NextCell::below;
-        case Qt::Key_Up:
-            return NextCell::above;
-        default:
-            return NextCell::none;
-    }
-}
-
-/// Ctrl+K finds, also where a field would cut its line with it.
-bool isOfTheWindow(const QKeyEvent& key) {
-    return key.key() == Qt::Key_K && key.modifiers() == Qt::ControlModifier;
-}
-
 }  // namespace
 
-QWidget* FigureEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                    const QModelIndex& index) const {
+QLineEdit* FigureEditor::makeField(QWidget* parent) const {
     auto* field = new FigureField(parent);
     field->setObjectName(QStringLiteral("figure"));
-    field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
-    field->setAlignment(Qt::AlignRight);
     field->setMaxLength(longestText);
-    field->setFrame(false);
-    QPalette palette = field->palette();
-    palette.setColor(QPalette::Base, colours::found);
-    field->setPalette(palette);
-    emit begun();
     return field;
-}
-
-void FigureEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    auto* field = qobject_cast<QLineEdit*>(editor);
-    // A change elsewhere in the sheet must not take away what is being typed.
-    if (!field->isModified()) field->setText(index.data(Qt::EditRole).toString());
-}
-
-void FigureEditor::setModelData(QWidget* editor, QAbstractItemModel*,
-                                const QModelIndex& index) const {
-    auto* field = qobject_cast<QLineEdit*>(editor);
-    if (!field->isModified()) return;
-    field->setModified(false);
-    emit typed(index, field->text());
-}
-
-void FigureEditor::takeUp(QWidget* editor, const QString& text) const {
-    auto* field = qobject_cast<QLineEdit*>(editor);
-    if (field == nullptr) return;
-    field->setText(text);
-    field->setModified(true);
-}
-
-void FigureEditor::end(QWidget* editor, NextCell to) {
-    emit commitData(editor);
-    emit closeEditor(editor, NoHint);
-    emit movedOn(to);
-}
-
-bool FigureEditor::eventFilter(QObject* watched, QEvent* event) {
-    auto* editor = qobject_cast<QWidget*>(watched);
-    if (editor && event->type() == QEvent::ShortcutOverride &&
-        isOfTheWindow(*static_cast<QKeyEvent*>(event))) {
-        event->ignore();
-        return true;
-    }
-    if (editor && event->type() == QEvent::KeyPress) {
-        const NextCell to = nextCellFor(*static_cast<QKeyEvent*>(event));
-        if (to != NextCell::none) {
-            end(editor, to);
-            return true;
-        }
-    }
-    return QStyledItemDelegate::eventFilter(watched, event);
 }
 
 }  // namespace chengheng
