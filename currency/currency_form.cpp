@@ -111,7 +111,12 @@ Outcome CurrencyForm::endEdit(const RateCell& cell, const std::string& text) {
     const Outcome outcome =
         m_service.writeRate(kind(), m_loaded.lId, m_sheet.idIn(cell.row), column, *rate);
     if (outcome == Outcome::done) m_sheet.put(cell, *rate);
-    if (outcome == Outcome::stale) readAgainBelowTyped();
+    if (outcome == Outcome::stale) {
+        if (isChanged())
+            readAgainBelowTyped();
+        else
+            refresh();
+    }
     return outcome;
 }
 

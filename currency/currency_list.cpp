@@ -71,12 +71,14 @@ std::string timeOf(const _ExchgFltInfo& row) { return paperDate(row.dtDate); }
 
 template <class Row>
 bool fillRates(Report& report, std::span<const ListField<Rate>> fields,
-               const std::string& condition, const _CyrencyInfo& currency) {
+               const std::string& condition, const _CyrencyInfo& currency, int year) {
     std::vector<Row> rows;
     if (!readForList(condition.c_str(), rows)) return false;
     std::vector<Rate> rates;
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
+        if (year != 0 && row.dtDate.year != year) continue;
         rates.push_back({timeOf(row), row.dRate, row.dAdjustRate, currency.byDecimal});
+    }
     report.lines.push_back(
         {.left = fmt::format(currency_texts::ratesOf, currency.sExchName, currency.sExchCode)});
     addRows<Rate>(report, fields, rates);
@@ -89,16 +91,17 @@ PrintedList currencyList() {
     return {currencyListTemplate, ColumnSource::field, everyRecord(currencyFields)};
 }
 
-PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month) {
+PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month, int year) {
     if (kind == RateKind::fixed)
-        return {fixedRateTemplate, ColumnSource::field, [currency](Report& report) {
-                    return fillRates<_ExchgFixInfo>(
-                        report, fixedFields, currency_sql::fixedRatesOf(currency.lId), currency);
+        return {fixedRateTemplate, ColumnSource::field, [currency, year](Report& report) {
+                    return fillRates<_ExchgFixInfo>(report, fixedFields,
+                                                    currency_sql::fixedRatesOf(currency.lId),
+                                                    currency, year);
                 }};
-    return {floatingRateTemplate, ColumnSource::field, [currency, month](Report& report) {
+    return {floatingRateTemplate, ColumnSource::field, [currency, month, year](Report& report) {
                 return fillRates<_ExchgFltInfo>(report, floatingFields,
                                                 currency_sql::floatingRatesOf(currency.lId, month),
-                                                currency);
+                                                currency, year);
             }};
 }
 

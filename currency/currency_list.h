@@ -10,7 +10,8 @@ namespace chengheng {
 /// of the rate and the largest accepted difference.
 PrintedList currencyList();
 
-/// The rates of one currency: a row for each month, or for each day of a month (0: of the year).
-PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month = 0);
+/// The rates of one currency: a row for each month, or for each day of a month (0: of every month);
+/// of a year (0: of every year).
+PrintedList rateList(RateKind kind, const _CyrencyInfo& currency, int month = 0, int year = 0);
 
 }  // namespace chengheng

@@ -26,6 +26,7 @@ inline constexpr const char* chartPage = "会计科目";
 inline constexpr const char* openingPage = "期初余额录入";
 inline constexpr const char* directoryPage = "部门、个人、单位和项目目录";
 inline constexpr const char* auxiliaryPage = "辅助期初";
+inline constexpr const char* currencyPage = "汇率管理";
 inline constexpr const char* settlePage = "结算方式";
 inline constexpr const char* parametersPage = "帐套参数";
 

@@ -64,7 +64,6 @@ constexpr ToolButton tools[] = {
 };
 
 constexpr int treeCharacters = 16;  ///< width of the tree at first
-constexpr int formCharacters = 32;
 constexpr int openingLines = 22;
 
 std::vector<MenuItemResource> fileItems(std::span<const MenuItemResource> own) {
@@ -101,16 +100,18 @@ void ListFormDialog::buildControls() {
     column->addWidget(m_commands->makeToolBar(QString::fromUtf8(form_texts::toolBar), tools));
     auto* splitter = new QSplitter;
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(buildList());
-    splitter->addWidget(buildForm());
+    m_list = buildList();
+    m_panel = buildForm();
+    splitter->addWidget(m_list);
+    splitter->addWidget(arrangeForm(m_panel));
     splitter->setStretchFactor(1, 1);
     column->addWidget(splitter, 1);
     addFields();
     setTabOrder(m_lastInOrder, m_ok);
 
     const int character = fontMetrics().horizontalAdvance(QChar(0x5E10));
-    splitter->setSizes({treeCharacters * character, formCharacters * character});
-    resize((treeCharacters + formCharacters) * character,
+    splitter->setSizes({treeCharacters * character, m_window.formCharacters * character});
+    resize((treeCharacters + m_window.formCharacters) * character,
            openingLines * fontMetrics().lineSpacing());
 }
 
@@ -128,7 +129,7 @@ QWidget* ListFormDialog::buildList() {
 
     m_leaves = new LeafModel(this);
     m_tree = new QTreeView;
-    m_tree->setObjectName(QStringLiteral("Tree1"));
+    m_tree->setObjectName(QString::fromUtf8(m_window.tree));
     m_tree->setAccessibleName(QString::fromUtf8(m_window.title));
     m_tree->setHeaderHidden(true);
     m_tree->setRootIsDecorated(false);
@@ -210,10 +211,12 @@ void ListFormDialog::inputEdited(QWidget& field) {
     showState();
 }
 
-/// Runs one command and shows what has become of the form. While it runs, a box may be up and
-/// the toolkit go on: what then comes is left out.
-template <class Command>
-void ListFormDialog::carryOut(Command command) {
+void ListFormDialog::setFormOpen(bool isOpen) {
+    m_list->setEnabled(isOpen);
+    m_panel->setEnabled(isOpen);
+}
+
+void ListFormDialog::carryOut(const std::function<void()>& command) {
     if (m_isCarryingOut) return;
     const bool wasAdding = form().isAdding();
     {
@@ -308,6 +311,7 @@ void ListFormDialog::OnOK() {
 }
 
 void ListFormDialog::OnCancel() {
+    if (!finishTyping()) return;
     bool mayClose = false;
     carryOut([&] { mayClose = form().mayLeaveInput(); });
     if (mayClose) {
@@ -319,7 +323,16 @@ void ListFormDialog::OnCancel() {
 
 void ListFormDialog::reject() { OnCancel(); }
 
+void ListFormDialog::OnMenuPreview() {
+    if (finishTyping()) printRecords(ReportOutput::preview);
+}
+
+void ListFormDialog::OnMenuPrint() {
+    if (finishTyping()) printRecords(ReportOutput::print);
+}
+
 void ListFormDialog::OnMenuInsert() {
+    giveUpTyping();
     bool isAdding = false;
     carryOut([&] { isAdding = form().startAdding(); });
     if (isAdding) {
@@ -330,6 +343,7 @@ void ListFormDialog::OnMenuInsert() {
 }
 
 void ListFormDialog::OnMenuDelete() {
+    if (!finishTyping()) return;
     carryOut([this] { form().remove(selectedLeaf()); });
 }
 

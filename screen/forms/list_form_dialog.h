@@ -25,6 +25,8 @@ struct ListFormWindow {
     int templateNumber = 0;  ///< 0: the host does not know it
     const char* title = "";
     int helpContext = 0;
+    const char* tree = "Tree1";  ///< the control's own name
+    int formCharacters = 32;     ///< width of what stands beside the tree at first
 };
 
 /// A window with a tree of records at the left and a form at the right: menu, tool bar, filter,
@@ -45,10 +47,18 @@ class ListFormDialog : public CNxMiddleDialog {
     virtual ListForm& form() = 0;
     /// Adds the fields, by addEdit and addField, in the order of the Tab key.
     virtual void addFields() = 0;
+    /// What stands at the right of the tree: the panel with the fields, or that among others.
+    virtual QWidget* arrangeForm(QWidget* fields) { return fields; }
     virtual void printRecords(ReportOutput output) = 0;
     /// Commands of its own in the file menu, from firstOwnCommand on; they come to its OnCommand.
     virtual std::span<const MenuItemResource> ownFileItems() const { return {}; }
     static constexpr int firstOwnCommand = 100;
+
+    /// Ends what is being typed elsewhere than in the fields, before a command that is not to lose
+    /// it; false when it could not be kept and the command is left out.
+    virtual bool finishTyping() { return true; }
+    /// The same before an addition, which gives it up.
+    virtual void giveUpTyping() {}
 
     /// A field with its label, reached by Alt and the key; its name is that of what it holds.
     LimitedEdit* addEdit(const char* label, char key, const char* name, int limit);
@@ -58,6 +68,11 @@ class ListFormDialog : public CNxMiddleDialog {
     /// Shows what has become of the form by other means than a command.
     void showAnew() { showForm(); }
     void inputEdited(QWidget& field);
+    /// Whether tree and fields can be used.
+    void setFormOpen(bool isOpen);
+    /// Runs one command and shows what has become of the form. While it runs, a box may be up and
+    /// the toolkit go on: what then comes is left out.
+    void carryOut(const std::function<void()>& command);
     /// Does work that may change records, unless the operator goes on with the input there is.
     /// Where it gives true the list is read anew and stays at its place.
     void workOnRecords(const std::function<bool()>& work);
@@ -67,8 +82,8 @@ class ListFormDialog : public CNxMiddleDialog {
     void OnCancel() override;
     bool OnCommand(int command) override;
 
-    void OnMenuPreview() { printRecords(ReportOutput::preview); }
-    void OnMenuPrint() { printRecords(ReportOutput::print); }
+    void OnMenuPreview();
+    void OnMenuPrint();
     void OnMenuInsert();
     void OnMenuDelete();
     void OnMenuHelp() { OnHelpInfo(); }
@@ -79,8 +94,6 @@ class ListFormDialog : public CNxMiddleDialog {
     void buildControls();
     QWidget* buildList();
     QWidget* buildForm();
-    template <class Command>
-    void carryOut(Command command);
     void readAnew();
     void showForm();
     void showState();
@@ -94,6 +107,8 @@ class ListFormDialog : public CNxMiddleDialog {
     const FunctionAtWork m_atWork;
     std::unique_ptr<WindowCommands> m_commands;
     LeafModel* m_leaves = nullptr;
+    QWidget* m_list = nullptr;
+    QWidget* m_panel = nullptr;
     QTreeView* m_tree = nullptr;
     QWidget* m_filterBar = nullptr;
     QLineEdit* m_filter = nullptr;

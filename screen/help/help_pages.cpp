@@ -20,6 +20,7 @@ constexpr HelpPage pages[] = {
     {openingHelpContext, screen_texts::openingPage, ":/help/opening.html"},
     {directoryHelpContext, screen_texts::directoryPage, ":/help/directories.html"},
     {auxiliaryHelpContext, screen_texts::auxiliaryPage, ":/help/auxiliary.html"},
+    {currencyHelpContext, screen_texts::currencyPage, ":/help/currency.html"},
     {settleHelpContext, screen_texts::settlePage, ":/help/settle.html"},
     {parametersHelpContext, screen_texts::parametersPage, ":/help/parameters.html"},
 };

@@ -2,6 +2,7 @@
 
 #include "accounts/window/CNbCwBursarDlg.h"
 #include "base/system/workstation.h"
+#include "currency/window/currency_window.h"
 #include "directories/window/directory_window.h"
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "screen/books/books_parameters_window.h"
@@ -34,7 +35,7 @@ struct Launcher {
 constexpr Launcher launchers[] = {
     {HubFunction::divide, tellUnbuilt<HubFunction::divide>},
     {HubFunction::bursar, runModally<CNbCwBursarDlg>},
-    {HubFunction::exchange, tellUnbuilt<HubFunction::exchange>},
+    {HubFunction::exchange, runModally<CurrencyWindow>},
     {HubFunction::begleft, runModally<CNbCwBegleftDlg>},
     {HubFunction::species, tellUnbuilt<HubFunction::species>},
     {HubFunction::method, runModally<CNbCwSettleDlg>},

@@ -12,8 +12,6 @@ const char* titleOf(HubFunction function) {
             return hub_texts::divide;
         case HubFunction::bursar:
             return hub_texts::bursar;
-        case HubFunction::exchange:
-            return hub_texts::exchange;
         case HubFunction::begleft:
             return hub_texts::begleft;
         case HubFunction::species:

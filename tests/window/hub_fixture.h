@@ -44,6 +44,11 @@ inline void closeOpeningBalances(QWidget& window) {
     window.close();
 }
 
+inline void closeCurrencies(QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), "汇率管理");
+    window.close();
+}
+
 /// An empty set of books in memory with foreign currency, no voucher type, and 王芳 logged on,
 /// who is supervisor; a recorded operator answers for the host.
 class HubTest : public testing::Test {

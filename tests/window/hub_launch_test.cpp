@@ -11,7 +11,7 @@
 using namespace chengheng;
 
 TEST_F(HubTest, SaysOfEachFunctionWithoutAWindowThatItIsNotReady) {
-    const std::pair<int, const char*> functions[] = {{32776, "财务分工"}, {200, "汇率管理"}};
+    const std::pair<int, const char*> functions[] = {{32776, "财务分工"}};
     OpenHub hub;
     hub.show();
     const auto windows = QApplication::topLevelWidgets().size();
@@ -32,6 +32,14 @@ TEST_F(HubTest, OpensTheSettlementMethods) {
         window.close();
     });
     hub.clickRegion(32778);
+    EXPECT_TRUE(m_messages.texts().empty());
+}
+
+TEST_F(HubTest, OpensTheCurrencies) {
+    OpenHub hub;
+    hub.show();
+    NextModal operatorHands(closeCurrencies);
+    hub.clickRegion(200);
     EXPECT_TRUE(m_messages.texts().empty());
 }
 

@@ -239,9 +239,9 @@ TEST_F(HubTest, LetsForeignCurrencyBeSwitchedOnWhereTheRefusalSendsTheOperator) 
         QCoreApplication::processEvents();
     }
     m_messages.forget();
+    NextModal operatorHands(closeCurrencies);
     hub.clickRegion(200);
-    EXPECT_NE(m_messages.onlyNotice().text.find("汇率管理"), std::string::npos);
-    EXPECT_EQ(m_messages.onlyNotice().text.find("没有设置外币核算"), std::string::npos);
+    EXPECT_TRUE(m_messages.texts().empty());
 }
 
 TEST_F(HubTest, OpensNoParametersWithoutTheirRight) {

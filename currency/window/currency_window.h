@@ -1,0 +1,47 @@
+#pragma once
+
+#include "currency/currency_form.h"
+#include "screen/forms/list_form_dialog.h"
+
+class QRadioButton;
+
+namespace chengheng {
+class RatePanel;
+
+/// The foreign currencies and their rates (汇率管理).
+class CurrencyWindow final : public ListFormDialog {
+    Q_OBJECT
+
+  public:
+    explicit CurrencyWindow(QWidget* parent = nullptr);
+    /// Reads the host's cache of currencies again.
+    ~CurrencyWindow() override;
+
+  protected:
+    ListForm& form() override { return m_form; }
+    void addFields() override;
+    QWidget* arrangeForm(QWidget* fields) override;
+    void DoDataExchange(bool isSaving) override;
+    void printRecords(ReportOutput output) override;
+    bool finishTyping() override;
+    void giveUpTyping() override;
+
+  private:
+    QRadioButton* addMode(const char* caption, const char* name, const QString& label);
+    void connectRates();
+    void showOpenness();
+    void write(const RateCell& cell, const QString& text);
+    void takeUpAgain(std::int32_t rateId, const RateCell& cell, const QString& text);
+
+    CurrencyForm m_form;
+    LimitedEdit* m_symbol = nullptr;
+    LimitedEdit* m_name = nullptr;
+    LimitedEdit* m_decimals = nullptr;
+    LimitedEdit* m_maxError = nullptr;
+    QRadioButton* m_multiplied = nullptr;
+    QRadioButton* m_divided = nullptr;
+    RatePanel* m_rates = nullptr;
+    bool m_isUnwritten = false;  ///< what was typed last failed to be written
+};
+
+}  // namespace chengheng
