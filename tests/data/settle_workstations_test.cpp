@@ -4,6 +4,7 @@
 #include "session/function_at_work.h"
 #include "settle/settle_form.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/other_goes_on.h"
 #include "tests/support/other_workstation.h"
 #include "tests/support/settle_books.h"
 
@@ -17,19 +18,6 @@ using Texts = std::vector<std::string>;
 
 constexpr const char* gone = "该结算方式已被其他工作站删除,列表已重新读入。";
 constexpr const char* changed = "该结算方式已被其他工作站修改,本次操作没有进行,列表已重新读入。";
-
-/// While a lock is waited for, the other workstation ends its own change.
-class OtherGoesOn final : public LockWaiter {
-  public:
-    explicit OtherGoesOn(std::function<void()> goOn) : m_goOn(std::move(goOn)) {}
-    bool keepWaiting(const LockHolder&, std::chrono::milliseconds) override {
-        if (m_goOn) std::exchange(m_goOn, nullptr)();
-        return true;
-    }
-
-  private:
-    std::function<void()> m_goOn;
-};
 
 /// This workstation with the window open on the first method, and another one on the same books.
 class SettleWorkstations : public testing::TestWithParam<EngineCase> {
