@@ -76,14 +76,20 @@ CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberR
     return command.add_option_function<std::string>(name, read, text)->type_name(numberType);
 }
 
-CLI::Option* addOnOff(CLI::App& command, const char* name, std::function<void(bool)> set,
-                      const char* text) {
-    const auto read = [name, set = std::move(set)](const std::string& word) {
-        if (word != "on" && word != "off")
-            throw CLI::ValidationError(fmt::format(tool_texts::notOnOff, name, word));
-        set(word == "on");
+CLI::Option* addChoice(CLI::App& command, const char* name, TwoWords words,
+                       std::function<void(bool)> set, const char* text) {
+    const auto read = [name, words, set = std::move(set)](const std::string& word) {
+        if (word != words.first && word != words.second)
+            throw CLI::ValidationError(
+                fmt::format(tool_texts::notOneOfTwo, name, words.first, words.second, word));
+        set(word == words.first);
     };
     return command.add_option_function<std::string>(name, read, text);
+}
+
+CLI::Option* addOnOff(CLI::App& command, const char* name, std::function<void(bool)> set,
+                      const char* text) {
+    return addChoice(command, name, {"on", "off"}, std::move(set), text);
 }
 
 std::string wrongUsage(const CLI::App& app, const CLI::ParseError& error) {

@@ -24,6 +24,14 @@ void alignHelp(CLI::App& app);
 CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberRange range,
                        const char* text);
 
+struct TwoWords {
+    const char* first;
+    const char* second;
+};
+/// Adds an option, or what stands at its place, that takes one of two words: whether it is the
+/// first.
+CLI::Option* addChoice(CLI::App& command, const char* name, TwoWords words,
+                       std::function<void(bool isFirst)> set, const char* text);
 /// Adds an option that takes "on" or "off".
 CLI::Option* addOnOff(CLI::App& command, const char* name, std::function<void(bool)> set,
                       const char* text);

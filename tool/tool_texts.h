@@ -36,7 +36,7 @@ inline constexpr const char* unexpected = "命令行里多出了“{}”";
 inline constexpr const char* unknownCommand = "没有“{}”这个命令";
 inline constexpr const char* notNumber = "{} 应为整数,不能是“{}”";
 inline constexpr const char* outOfRange = "{} 应在 {} 到 {} 之间,不能是“{}”";
-inline constexpr const char* notOnOff = "{} 应为 on 或 off,不能是“{}”";
+inline constexpr const char* notOneOfTwo = "{} 应为 {} 或 {},不能是“{}”";
 inline constexpr const char* notMonth = "{} 应为年-月,例如 2026-04,不能是“{}”";
 inline constexpr const char* seeHelp = "。\n用 --help 查看用法。";
 inline constexpr const char* jsonOption = "输出 JSON,供程序读取";
@@ -119,6 +119,19 @@ inline constexpr const char* unknownDirectory =
 inline constexpr const char* exportDirectoryCommand =
     "把部门、个人、单位或项目目录导出为表格文件,可以原样导入";
 inline constexpr const char* directoryExported = "{}已导出到“{}”。";
+
+inline constexpr const char* importRatesCommand =
+    "从表格文件导入汇率:每行一天或一个月,每种外币一列,或者每行一种外币";
+inline constexpr const char* rateFileArgument =
+    "CSV 或 XLSX 文件,标题行中有“日期”或“月份”,以及各外币的币符、币名(如“100日元”),\n"
+    "或“币符”、“记帐汇率”、“调整汇率”、“单位”";
+inline constexpr const char* ratesOfCurrency = "币符或币名";
+inline constexpr const char* unitsOption = "汇率是多少单位的,如 100;文件中写明的除外";
+inline constexpr const char* quotedOption =
+    "home:一单位外币合多少本位币;foreign:一单位本位币合多少外币;省略时按各外币的折算方式";
+inline constexpr const char* exportRatesCommand = "把一种外币的汇率导出为表格文件,可以原样导入";
+inline constexpr const char* rateKindArgument = "months(固定汇率)或 days(浮动汇率)";
+inline constexpr const char* ratesExported = "汇率已导出到“{}”。";
 
 inline constexpr const char* trialBalanceCommand = "试算平衡:各类科目的期初余额、合计与结果";
 inline constexpr const char* importOpeningCommand = "从表格文件导入期初余额,按科目编码对应";

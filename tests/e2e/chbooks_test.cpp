@@ -67,8 +67,8 @@ TEST(ToolUsage, HelpNamesEveryCommandAndExitCode) {
     EXPECT_EQ(run.exitCode, done);
     for (const char* word :
          {"info", "check", "backup", "restore", "copy", "import-chart", "export-chart",
-          "import-directory", "export-directory", "trial-balance", "import-opening",
-          "export-opening", "import-auxiliary", "export-auxiliary", "  0  完成",
+          "import-directory", "export-directory", "import-rates", "export-rates", "trial-balance",
+          "import-opening", "export-opening", "import-auxiliary", "export-auxiliary", "  0  完成",
           "  5  给出的内容不合规定"})
         EXPECT_THAT(run.out, HasSubstr(word));
     EXPECT_EQ(run.err, "");
@@ -77,8 +77,9 @@ TEST(ToolUsage, HelpNamesEveryCommandAndExitCode) {
 TEST(ToolUsage, EveryCommandHasItsHelp) {
     for (const char* command :
          {"new", "demo", "info", "check", "backup", "restore", "copy", "import-chart",
-          "export-chart", "import-directory", "export-directory", "trial-balance", "import-opening",
-          "export-opening", "import-auxiliary", "export-auxiliary"}) {
+          "export-chart", "import-directory", "export-directory", "import-rates", "export-rates",
+          "trial-balance", "import-opening", "export-opening", "import-auxiliary",
+          "export-auxiliary"}) {
         const ProgramRun run = chbooks({command, "--help"});
         EXPECT_EQ(run.exitCode, done) << command;
         EXPECT_THAT(run.out, HasSubstr("用法")) << command;
@@ -97,7 +98,7 @@ std::size_t columnOf(const std::string& help, const std::string& words) {
 TEST(ToolUsage, ColumnsOfTheHelpAreAlignedWhateverIsWide) {
     const std::string help = chbooks({"new", "--help"}).out;
     for (const char* words :
-         {"显示本说明", "帐套名称", "单位名称", "会计年度", "启用月份", "核算外币", "主管姓名",
+         {"显示本说明", "帐套名称", "单位名称", "会计年度", "启用月份", "是否核算外币", "主管姓名",
           "口令文件,", "输出 JSON", "帐套文件的路径、文件夹"})
         EXPECT_EQ(columnOf(help, words), 30U) << words << '\n' << help;
     EXPECT_THAT(help, HasSubstr("--name 值 (必需)"));
