@@ -46,6 +46,12 @@ Status readAnew(OpeningBooks& books) {
     return status;
 }
 
+/// Whether a rate makes an opening balance in home currency of it.
+bool goesByRate(const TypedFigure& figure) {
+    return figure.measure == Measure::foreign && figure.figure == &Balance::opening &&
+           figure.value != 0;
+}
+
 /// What is told of a typed text; nothing when it is a number or only empties the cell.
 std::string remarkOn(std::string_view typed, bool hasChanged) {
     constexpr std::size_t longestShown = 30;
@@ -108,25 +114,58 @@ Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
 Outcome OpeningWork::endEdit(std::size_t line, std::size_t column, std::string_view typed) {
     if (!sheet().isEditable(line, column)) return Outcome::refused;
     const Measure measure = sheet().line(line).measure;
+    const TypedFigure figure{sheet().accountOfLine(line).id, measure,
+                             figureOf(sheet().columns()[column].field),
+                             typedAmount(typed, measure)};
+    std::optional<HomeRate> rate;
+    if (!readRate(figure, rate)) return Outcome::failed;
     bool hasChanged = false;
-    const Outcome outcome =
-        writeTyped({{sheet().accountOfLine(line).id, measure,
-                     figureOf(sheet().columns()[column].field), typedAmount(typed, measure)}},
-                   hasChanged);
+    const Outcome outcome = writeTyped({figure}, hasChanged, [&rate](int) { return rate; });
     if (outcome != Outcome::done) return outcome;
+    if (hasChanged && m_remark.empty()) m_remark = remarkOnHome(figure, rate);
     if (const std::string remark = remarkOn(typed, hasChanged); !remark.empty()) m_remark = remark;
     return outcome;
 }
 
-Outcome OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
-    bool hasChanged = false;
-    return writeTyped(figures, hasChanged);
+std::string OpeningWork::remarkOnHome(const TypedFigure& figure,
+                                      const std::optional<HomeRate>& rate) const {
+    const auto place = sheet().placeOfId(figure.accountId);
+    if (!place || !goesByRate(figure)) return {};
+    const OpeningAccount& account = sheet().accounts()[*place];
+    const EditStep& step = *stepToUndo();
+    const auto proposal = std::ranges::find_if(step, [](const CellChange& change) {
+        return change.isWorkedOut && change.measure == Measure::money &&
+               change.figure == &Balance::opening;
+    });
+    if (proposal != step.end() && rate)
+        return fmt::format(opening_texts::homeProposed, rate->title, ftoa(rate->rate),
+                           ftoaWithSap(proposal->after, decimalsOf(Measure::money)));
+    if (rate || account.opening() != 0) return {};
+    const auto line = sheet().lineOf(*place, Measure::foreign).value_or(account.firstLine);
+    return fmt::format(opening_texts::rateMissing,
+                       sheet().text(line, placeOf(OpeningField::unit, sheet().layout())),
+                       monthTitle(m_books.start.year, m_books.start.month));
 }
 
-Outcome OpeningWork::writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged) {
+Outcome OpeningWork::writeFigures(const std::vector<TypedFigure>& figures) {
+    bool hasChanged = false;
+    return writeTyped(figures, hasChanged, [](int) { return std::nullopt; });
+}
+
+bool OpeningWork::readRate(const TypedFigure& figure, std::optional<HomeRate>& rate) {
+    const auto place = sheet().placeOfId(figure.accountId);
+    if (!place || !goesByRate(figure)) return true;
+    const int currency = sheet().accounts()[*place].currency;
+    if (selectOpenBooks() && readOpeningRate(currency, m_books.start, rate)) return true;
+    tellLastFailure(m_messages);
+    return false;
+}
+
+Outcome OpeningWork::writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged,
+                                const HomeRateOf& rateOf) {
     EditStep written;
     const auto make = [&](const OpeningSheet& current) {
-        return typedStep(current, figures, m_journal);
+        return typedStep(current, figures, m_journal, rateOf);
     };
     const Outcome outcome = write(make, written);
     hasChanged = !written.empty();
@@ -143,7 +182,9 @@ FigurePlan OpeningWork::planPaste(std::size_t line, std::size_t column, const Sh
 }
 
 Outcome OpeningWork::apply(const FigurePlan& plan) {
-    return plan.count(CellFate::refused) == 0 ? writeFigures(plan.figures()) : Outcome::refused;
+    if (plan.count(CellFate::refused) > 0) return Outcome::refused;
+    bool hasChanged = false;
+    return writeTyped(plan.figures(), hasChanged, {});
 }
 
 std::optional<FigurePlan> OpeningWork::planImport(const std::string& path) {

@@ -60,9 +60,11 @@ class OpeningWork {
         m_isChanged = true;
         m_remark.clear();
     }
-    /// Writes what was typed into an editable cell. A text that is no number is written as 0.
+    /// Writes what was typed into an editable cell. A text that is no number is written as 0. An
+    /// opening balance in foreign currency proposes the one in home currency.
     Outcome endEdit(std::size_t line, std::size_t column, std::string_view typed);
-    /// Writes many figures as one step; nothing is written unless everything is.
+    /// Writes many figures as one step; nothing is written unless everything is. Foreign currency
+    /// that is emptied empties what it had proposed.
     Outcome writeFigures(const std::vector<TypedFigure>& figures);
     /// What pasting a block with its first cell on a cell would do.
     FigurePlan planPaste(std::size_t line, std::size_t column, const Sheet& block) const;
@@ -98,7 +100,13 @@ class OpeningWork {
 
   private:
     Outcome write(const StepMaker& make, EditStep& written);
-    Outcome writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged);
+    Outcome writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged,
+                       const HomeRateOf& rateOf);
+    /// The rate of a figure in foreign currency; false when it could not be read, which is told.
+    bool readRate(const TypedFigure& figure, std::optional<HomeRate>& rate);
+    /// What is told of the home currency of a figure written in foreign currency: that it was
+    /// worked out, or that there is no rate for it. Nothing where nothing came of it.
+    std::string remarkOnHome(const TypedFigure& figure, const std::optional<HomeRate>& rate) const;
     Outcome goTo(const EditStep& step, void (EditJournal::*arrived)(),
                  void (EditJournal::*forget)());
 

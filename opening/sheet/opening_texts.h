@@ -51,6 +51,9 @@ inline constexpr const char* figuresDisagreeHere = "期初余额与年初余额�
 inline constexpr const char* nothingReplaced =
     "期初余额与年初余额和累计发生额不符,录入的金额都没有改动,请核对。";
 inline constexpr const char* figureFollowed = "{}由 {} 随之改为 {},按 Ctrl+Z 恢复。";
+inline constexpr const char* homeProposed = "本位币期初余额按 {} 的汇率 {} 算为 {},可以改录。";
+inline constexpr const char* rateMissing =
+    "“{}”在 {} 没有汇率,以前也没有,本位币期初余额没有算出,请自行录入。";
 /// Behind a planned cell.
 inline constexpr const char* cellDisagrees = "({})";
 

@@ -136,6 +136,7 @@ Status readOpeningBooks(CNbCwDB& database, OpeningBooks& books) {
     if (!status) return status;
     read.levelPattern = parameters.sCodeLen;
     read.year = parameters.lYear;
+    read.start = parameters.dtStart;
     read.sheet.setBrowsing(isBrowsing);
     if (!isBrowsing) read.sheet.rollUp();
     books = std::move(read);

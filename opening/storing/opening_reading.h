@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/values/date.h"
 #include "data/access/CNbCwDB.h"
 #include "data/tables/accounts.h"
 #include "opening/sheet/opening_sheet.h"
@@ -17,6 +18,7 @@ struct OpeningBooks {
     std::vector<_zCodeClassInfo> classes;  ///< in the order of their numbers
     std::string levelPattern;
     int year = 0;
+    Date start;  ///< first day of bookkeeping
     /// Whether there are rows of period sums, of whatever account.
     bool hasSums = false;
 };

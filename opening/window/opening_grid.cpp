@@ -137,7 +137,8 @@ void OpeningGrid::goToAccount(std::size_t place) {
 }
 
 void OpeningGrid::goToStep(const EditStep& step) {
-    const CellChange& first = step.front();
+    const auto given = std::ranges::find(step, false, &CellChange::isWorkedOut);
+    const CellChange& first = given == step.end() ? step.front() : *given;
     const std::size_t column = placeOf(first.figure, sheet().layout());
     goTo({first.accountId, first.measure, static_cast<int>(column)});
 }

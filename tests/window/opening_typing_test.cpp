@@ -242,6 +242,36 @@ TEST_F(OpeningTypingTest, TakesForeignCurrencyAndQuantityInLinesOfTheirOwn) {
               "1211 1 begin 1.23 quantity 1.23457 foreign 1.23");
 }
 
+TEST_F(OpeningTypingTest, ProposesTheHomeAmountOfATypedForeignOneToBeTypedOver) {
+    books->addAccounts({"1211"});
+    books->change("1211", "byExchId = 1");
+    books->books().run(
+        "UPDATE Cyrency SET bMode = 1 WHERE lId = 1\r\n"
+        "UPDATE ExchgFix SET dRate = 7.1 WHERE byPeroid = 1");
+    open();
+    window->stand(4, opening);
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->grid().currentRow(), 5) << "passed over, and so not typed";
+    window->type("1000");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(4, opening), "7,100.00");
+    EXPECT_EQ(window->cell(5, opening), "1,000.00");
+    EXPECT_EQ(window->label("remark"),
+              "本位币期初余额按 2026.01 的汇率 7.1 算为 7,100.00,可以改录。");
+    window->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->cell(4, opening), "0.00");
+    EXPECT_EQ(window->cell(5, opening), "0.00");
+    EXPECT_EQ(window->grid().currentRow(), 5) << "undoing leads to what was typed";
+    window->press(Qt::Key_Y, Qt::ControlModifier);
+    window->stand(4, opening);
+    window->type("7099");
+    window->press(Qt::Key_Return);
+    window->type("2000");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(window->cell(4, opening), "7,099.00");
+    EXPECT_TRUE(messages().texts().empty());
+}
+
 TEST_F(OpeningTypingTest, KeepsItsPlaceWhenARefreshBringsNewAccounts) {
     open();
     window->stand(3, opening);
