@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/values/amount_text.h"
 #include "base/values/numbers.h"
 #include "base/values/text.h"
 
@@ -21,6 +22,10 @@ bool isOfTime(RateKind kind, const RateRow& row, const Date& day) {
 std::string rateText(double rate, int decimals) {
     Round(rate, decimals);
     return rate == 0 ? std::string() : ftoaWithSap(rate, decimals);
+}
+
+std::string rateTyping(std::string_view text) {
+    return std::string(withoutBlanksAround(narrowLetters(text)));
 }
 
 bool isRateBeingTyped(std::string_view text) {
@@ -58,8 +63,10 @@ void RateSheet::show(RateKind kind, int year, int month, const std::vector<RateR
     m_kind = kind;
     m_isEmpty = false;
     m_lines.clear();
+    const std::vector<Date> days = rateDays(kind, year, kind == RateKind::fixed ? 0 : month);
+    m_lines.reserve(days.size());
     auto next = stored.begin();
-    for (const Date& day : rateDays(kind, year, kind == RateKind::fixed ? 0 : month)) {
+    for (const Date& day : days) {
         // Both are in the order of time, so that the next one is looked for where the last one was.
         const auto found = std::find_if(
             next, stored.end(), [&](const RateRow& row) { return isOfTime(kind, row, day); });

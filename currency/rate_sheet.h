@@ -16,6 +16,8 @@ enum class RateSheetColumn { time, rate, adjustRate, id };
 /// A rate as it is read: with separators and so many decimals, nothing where it is then zero.
 std::string rateText(double rate, int decimals);
 
+/// A text as a field of a rate takes it in: wide letters narrow, without the blanks around it.
+std::string rateTyping(std::string_view text);
 /// Whether a text can be on its way to a rate: digits and a point.
 bool isRateBeingTyped(std::string_view text);
 /// What a typed text says, rounded to so many decimals; an empty one is zero. Nothing where it is

@@ -38,25 +38,6 @@ std::optional<char> narrowForm(std::string_view text) {
     return static_cast<char>(letter);
 }
 
-std::string narrow(std::string_view text) {
-    std::string made;
-    while (!text.empty()) {
-        const auto rewriting = std::ranges::find_if(
-            rewritings, [text](const Rewriting& each) { return text.starts_with(each.from); });
-        if (rewriting != rewritings.end()) {
-            made += rewriting->to;
-            text.remove_prefix(rewriting->from.size());
-        } else if (const auto letter = narrowForm(text)) {
-            made += *letter;
-            text.remove_prefix(3);
-        } else {
-            made += text.front();
-            text.remove_prefix(1);
-        }
-    }
-    return made;
-}
-
 /// Reads numbers and sums from the front of a text. After a fault nothing more is right.
 class AmountReader {
   public:
@@ -168,7 +149,7 @@ struct Reading {
 };
 
 Reading readingOf(std::string_view text) {
-    const std::string plain = narrow(text);
+    const std::string plain = narrowLetters(text);
     const std::string_view amount = withoutBlanksAround(plain);
     if (amount == "-") return {.value = 0};
     AmountReader reader(amount);
@@ -180,6 +161,25 @@ Reading readingOf(std::string_view text) {
 }
 
 }  // namespace
+
+std::string narrowLetters(std::string_view text) {
+    std::string made;
+    while (!text.empty()) {
+        const auto rewriting = std::ranges::find_if(
+            rewritings, [text](const Rewriting& each) { return text.starts_with(each.from); });
+        if (rewriting != rewritings.end()) {
+            made += rewriting->to;
+            text.remove_prefix(rewriting->from.size());
+        } else if (const auto letter = narrowForm(text)) {
+            made += *letter;
+            text.remove_prefix(3);
+        } else {
+            made += text.front();
+            text.remove_prefix(1);
+        }
+    }
+    return made;
+}
 
 std::optional<double> readAmount(std::string_view text) { return readingOf(text).value; }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace chengheng {
@@ -12,6 +13,10 @@ namespace chengheng {
 /// spreadsheets show it, a lone - is their zero. A text that begins with = is a sum of numbers with
 /// + - * / and brackets: "=1200+350*2".
 std::optional<double> readAmount(std::string_view text);
+
+/// The text with the narrow form of each wide letter of Chinese typing; what spreadsheets give for
+/// a blank becomes one.
+std::string narrowLetters(std::string_view text);
 
 /// Whether a text stands for no number only because it has a comma where the point belongs.
 bool isNumberWithDecimalComma(std::string_view text);

@@ -21,7 +21,8 @@ namespace {
 constexpr ListFormWindow currencyWindow{.title = currency_texts::title,
                                         .helpContext = currencyHelpContext,
                                         .tree = currency_texts::tree,
-                                        .formCharacters = 60};
+                                        .formCharacters = 60,
+                                        .lines = 28};
 
 // What these fields hold is short; the checks tell what is too long for a number.
 constexpr int decimalsWidth = 8;

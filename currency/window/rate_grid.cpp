@@ -1,6 +1,7 @@
 #include "currency/window/rate_grid.h"
 
 #include <QCoreApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QValidator>
@@ -13,17 +14,18 @@ namespace {
 
 constexpr int longestRate = 20;
 
-/// Lets digits and a point in and nothing else; of a text put in, as by pasting, without the
-/// blanks around it.
+/// Lets digits and a point in and nothing else.
 class RateTyping final : public QValidator {
   public:
     using QValidator::QValidator;
 
     State validate(QString& text, int& cursor) const override {
-        const QString bare = text.trimmed();
-        if (bare.size() != text.size()) cursor = static_cast<int>(bare.size());
-        text = bare;
-        return isRateBeingTyped(text.toStdString()) ? Acceptable : Invalid;
+        const std::string typed = rateTyping(text.toStdString());
+        if (!isRateBeingTyped(typed)) return Invalid;
+        const QString taken = shown(typed);
+        if (taken.size() != text.size()) cursor = static_cast<int>(taken.size());
+        text = taken;
+        return Acceptable;
     }
 };
 
@@ -121,12 +123,23 @@ void RateGrid::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_F2) {
         beginEdit();
     } else if (beginsRate(*event)) {
-        if (!beginEdit()) return;
-        qobject_cast<QLineEdit*>(openEditor())->clear();
-        QCoreApplication::sendEvent(openEditor(), event);
+        beginAnew(*event);
     } else {
         CVCF1::keyPressEvent(event);
     }
+}
+
+/// What an input method gives as a whole, such as a wide digit.
+void RateGrid::inputMethodEvent(QInputMethodEvent* event) {
+    const std::string typed = rateTyping(event->commitString().toStdString());
+    if (event->preeditString().isEmpty() && !typed.empty() && isRateBeingTyped(typed))
+        beginAnew(*event);
+}
+
+void RateGrid::beginAnew(QEvent& typing) {
+    if (!beginEdit()) return;
+    qobject_cast<QLineEdit*>(openEditor())->clear();
+    QCoreApplication::sendEvent(openEditor(), &typing);
 }
 
 void RateGrid::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -32,11 +32,13 @@ class RateGrid final : public CVCF1 {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
   private:
     bool beginEdit();
+    void beginAnew(QEvent& typing);
     QWidget* openEditor() const;
     void moveOn(NextCell to);
 

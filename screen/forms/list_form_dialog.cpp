@@ -64,7 +64,6 @@ constexpr ToolButton tools[] = {
 };
 
 constexpr int treeCharacters = 16;  ///< width of the tree at first
-constexpr int openingLines = 22;
 
 std::vector<MenuItemResource> fileItems(std::span<const MenuItemResource> own) {
     std::vector<MenuItemResource> items(std::begin(printItems), std::end(printItems));
@@ -112,7 +111,7 @@ void ListFormDialog::buildControls() {
     const int character = fontMetrics().horizontalAdvance(QChar(0x5E10));
     splitter->setSizes({treeCharacters * character, m_window.formCharacters * character});
     resize((treeCharacters + m_window.formCharacters) * character,
-           openingLines * fontMetrics().lineSpacing());
+           m_window.lines * fontMetrics().lineSpacing());
 }
 
 QWidget* ListFormDialog::buildList() {

@@ -27,6 +27,7 @@ struct ListFormWindow {
     int helpContext = 0;
     const char* tree = "Tree1";  ///< the control's own name
     int formCharacters = 32;     ///< width of what stands beside the tree at first
+    int lines = 22;              ///< height of the window at first
 };
 
 /// A window with a tree of records at the left and a form at the right: menu, tool bar, filter,

@@ -125,6 +125,14 @@ TEST(RateTyping, TakesDigitsAndOnePoint) {
         EXPECT_FALSE(isRateBeingTyped(text)) << text;
 }
 
+TEST(RateTyping, TakesWideLettersForNarrowOnesAndLeavesBlanksOut) {
+    EXPECT_EQ(rateTyping("７。2５"), "7.25");
+    EXPECT_EQ(rateTyping(" 7.25\n"), "7.25");
+    EXPECT_EQ(rateTyping("７．５"), "7.5");
+    EXPECT_EQ(rateTyping("七"), "七");
+    EXPECT_EQ(rateTyping(""), "");
+}
+
 TEST(RateTyping, IsRoundedToTheDecimalsOfTheCurrency) {
     EXPECT_EQ(typedRate("7.123456", 5), 7.12346);
     EXPECT_EQ(typedRate("2.675", 2), 2.68);

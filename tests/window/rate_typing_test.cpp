@@ -139,6 +139,19 @@ TEST_F(RateTypingTest, LetsNothingIntoTheCellButDigitsAndOnePoint) {
     EXPECT_EQ(cell(0, 1), "5.00000");
 }
 
+TEST_F(RateTypingTest, TakesWhatAnInputMethodGives) {
+    typeText(&grid(), "七");
+    EXPECT_EQ(editor(), nullptr);
+    typeText(&grid(), "７");
+    EXPECT_EQ(typed(), "7");
+    typeText(editor(), "。");
+    typeText(editor(), "2５");
+    EXPECT_EQ(typed(), "7.25");
+    press(Qt::Key_Return);
+    EXPECT_EQ(cell(0, 1), "7.25000");
+    EXPECT_TRUE(isRestOpen());
+}
+
 TEST_F(RateTypingTest, TakesARateAwayByNothingAndLeavesItByAPointAlone) {
     stand(1, 1);
     keys(".");
