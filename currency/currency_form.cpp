@@ -7,6 +7,9 @@ namespace {
 
 Leaf leafOf(const _CyrencyInfo& currency) { return {currency.lId, currency.sExchName}; }
 
+/// Fixed rates are read for the whole year.
+int monthRead(RateKind kind, int month) { return kind == RateKind::fixed ? 0 : month; }
+
 }  // namespace
 
 CurrencyForm::CurrencyForm(IMessages& messages, const Date& day)
@@ -28,7 +31,11 @@ Outcome CurrencyForm::load(int id, bool& isUsed) {
     const Outcome outcome = m_service.read(id, currency, isUsed);
     if (outcome != Outcome::done) return outcome;
     const bool isShown = id == m_loaded.lId && !m_isNew;
-    if (!readSheet(currency, isShown ? kind() : RateKind::fixed, m_month)) return Outcome::failed;
+    const RateKind shownKind = isShown ? kind() : RateKind::fixed;
+    const auto rows =
+        m_service.ratesAfterRead(shownKind, id, m_year, monthRead(shownKind, m_month));
+    if (!rows) return Outcome::failed;
+    takeRates(shownKind, m_month, *rows);
     const bool isSame = isShown && currency == m_loaded;
     keep(currency, isSame ? m_shownInput : currencyInput(currency));
     m_isEditing = false;
@@ -89,7 +96,7 @@ void CurrencyForm::showKind(RateKind kind) {
         m_sheet.empty(kind);
         ++m_readings;
     } else {
-        readSheet(m_loaded, kind, m_month);
+        showAnew(kind, m_month);
     }
 }
 
@@ -98,7 +105,7 @@ void CurrencyForm::showMonth(int month) {
     if (isAdding()) {
         m_month = month;
     } else {
-        readSheet(m_loaded, kind(), month);
+        showAnew(kind(), month);
     }
 }
 
@@ -127,14 +134,15 @@ void CurrencyForm::keep(const _CyrencyInfo& currency, CurrencyInput shown) {
     m_sheet.setDecimals(currency.byDecimal);
 }
 
-bool CurrencyForm::readSheet(const _CyrencyInfo& currency, RateKind kind, int month) {
-    const auto rows =
-        m_service.rates(kind, currency.lId, m_year, kind == RateKind::fixed ? 0 : month);
-    if (!rows) return false;
+void CurrencyForm::showAnew(RateKind kind, int month) {
+    const auto rows = m_service.rates(kind, m_loaded.lId, m_year, monthRead(kind, month));
+    if (rows) takeRates(kind, month, *rows);
+}
+
+void CurrencyForm::takeRates(RateKind kind, int month, const std::vector<RateRow>& rows) {
     m_month = month;
-    m_sheet.show(kind, m_year, month, *rows);
+    m_sheet.show(kind, m_year, month, rows);
     ++m_readings;
-    return true;
 }
 
 }  // namespace chengheng

@@ -58,7 +58,8 @@ class CurrencyForm final : public ListForm {
 
   private:
     void keep(const _CyrencyInfo& currency, CurrencyInput shown);
-    bool readSheet(const _CyrencyInfo& currency, RateKind kind, int month);
+    void showAnew(RateKind kind, int month);
+    void takeRates(RateKind kind, int month, const std::vector<RateRow>& rows);
 
     CurrencyService m_service;
     const int m_year;

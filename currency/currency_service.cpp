@@ -157,11 +157,16 @@ Outcome CurrencyService::read(int id, _CyrencyInfo& currency, bool& isUsed) {
 
 std::optional<std::vector<RateRow>> CurrencyService::rates(RateKind kind, int currencyId, int year,
                                                            int month) {
-    if (selectOpenBooks()) {
-        if (auto rows = readRates(kind, currencyId, year, month)) return rows;
-    }
+    if (selectOpenBooks()) return ratesAfterRead(kind, currencyId, year, month);
     tellLastFailure(m_messages);
     return std::nullopt;
+}
+
+std::optional<std::vector<RateRow>> CurrencyService::ratesAfterRead(RateKind kind, int currencyId,
+                                                                    int year, int month) {
+    auto rows = readRates(kind, currencyId, year, month);
+    if (!rows) tellLastFailure(m_messages);
+    return rows;
 }
 
 Outcome CurrencyService::add(const CurrencyInput& input, int year, _CyrencyInfo& added) {

@@ -25,6 +25,9 @@ class CurrencyService {
     /// The rates of a currency, as readRates gives them.
     std::optional<std::vector<RateRow>> rates(RateKind kind, int currencyId, int year,
                                               int month = 0);
+    /// The same right after `read`, which has seen to the connection.
+    std::optional<std::vector<RateRow>> ratesAfterRead(RateKind kind, int currencyId, int year,
+                                                       int month = 0);
 
     /// Adds a currency whose symbol and name nobody has yet, and a rate of 0 for each month and
     /// each day of the year, all of it or nothing.

@@ -22,8 +22,8 @@ std::optional<std::vector<RateRow>> readRows(const std::string& condition, int y
         rows.push_back({row->lId, row->dtDate, row->byPeroid, row->dRate, row->dAdjustRate});
     }
     // Of two rows for one day the older comes first, whichever the engine gives first.
-    std::ranges::sort(rows, {},
-                      [](const RateRow& row) { return std::tuple(row.period, row.day, row.id); });
+    const auto order = [](const RateRow& row) { return std::tuple(row.period, row.day, row.id); };
+    if (!std::ranges::is_sorted(rows, {}, order)) std::ranges::sort(rows, {}, order);
     return rows;
 }
 
