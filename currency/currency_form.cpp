@@ -109,6 +109,10 @@ void CurrencyForm::showMonth(int month) {
     }
 }
 
+void CurrencyForm::readRatesAnew() {
+    if (!isAdding()) showAnew(kind(), m_month);
+}
+
 Outcome CurrencyForm::endEdit(const RateCell& cell, const std::string& text) {
     m_isEditing = false;
     const auto rate = typedRate(text, m_sheet.decimals());

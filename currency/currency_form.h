@@ -27,6 +27,8 @@ class CurrencyForm final : public ListForm {
     unsigned readings() const { return m_readings; }
 
     // Each stays at what is shown when the rates cannot be read.
+    /// Other rates than one that was typed have been written.
+    void readRatesAnew();
     void showKind(RateKind kind);
     void showMonth(int month);
 

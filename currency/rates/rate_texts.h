@@ -10,8 +10,6 @@ inline constexpr const char* missingRange = "{} 至 {}";
 inline constexpr const char* listSeparator = "、";
 /// Behind so many gaps as there is room for.
 inline constexpr const char* moreGaps = "等 {} 处";
-/// Where, its rate, and the one before.
-inline constexpr const char* departs = "{} 的汇率 {} 与之前的 {} 相差过半,按 Ctrl+Z 撤销";
 
 inline constexpr const char* cancelled = "写入已取消,汇率没有改动。";
 inline constexpr const char* changedMeanwhile = "汇率在此期间已有改动,没有写入。\n请核对后重试。";

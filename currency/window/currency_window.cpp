@@ -6,6 +6,8 @@
 
 #include "currency/currency_list.h"
 #include "currency/currency_texts.h"
+#include "currency/screen/rate_screen_texts.h"
+#include "currency/transfer/rate_transfer_texts.h"
 #include "currency/window/list_choice_window.h"
 #include "currency/window/rate_grid.h"
 #include "currency/window/rate_panel.h"
@@ -24,6 +26,28 @@ constexpr ListFormWindow currencyWindow{.title = currency_texts::title,
                                         .formCharacters = 60,
                                         .lines = 28};
 
+// The commands beside those of every such window, by the numbers under which menus send them.
+constexpr int importCommand = 100;
+constexpr int exportCommand = 101;
+constexpr int undoCommand = 102;
+constexpr int redoCommand = 103;
+constexpr int pasteCommand = 104;
+constexpr int nextGapCommand = 105;
+constexpr int fillCommand = 106;
+
+constexpr MenuItemResource ownFileCommands[] = {
+    {importCommand, rate_transfer_texts::importCommand},
+    {exportCommand, rate_transfer_texts::exportCommand},
+};
+constexpr MenuItemResource ownEditCommands[] = {
+    {undoCommand, rate_screen_texts::undo},
+    {redoCommand, rate_screen_texts::redo},
+    {0, ""},
+    {pasteCommand, rate_screen_texts::paste},
+    {nextGapCommand, rate_screen_texts::nextGap},
+    {fillCommand, rate_screen_texts::fillGaps},
+};
+
 // What these fields hold is short; the checks tell what is too long for a number.
 constexpr int decimalsWidth = 8;
 constexpr int maxErrorWidth = 24;
@@ -31,7 +55,10 @@ constexpr int maxErrorWidth = 24;
 }  // namespace
 
 CurrencyWindow::CurrencyWindow(QWidget* parent)
-    : ListFormDialog(currencyWindow, parent), m_form(messages(), g_tmLogonTime.day) {}
+    : ListFormDialog(currencyWindow, parent),
+      m_form(messages(), g_tmLogonTime.day),
+      m_overview(m_form, messages(), g_tmLogonTime.day),
+      m_transfer(m_form, m_overview, messages(), *this) {}
 
 CurrencyWindow::~CurrencyWindow() {
     runGuarded(messages(), windowTitle(), [this] {
@@ -63,7 +90,7 @@ QWidget* CurrencyWindow::arrangeForm(QWidget* fields) {
     auto* rows = new QVBoxLayout(group);
     rows->setContentsMargins({});
     rows->addWidget(fields);
-    m_rates = new RatePanel(m_form);
+    m_rates = new RatePanel(m_form, m_overview);
     connectRates();
     auto* both = new QWidget;
     auto* line = new QHBoxLayout(both);
@@ -78,6 +105,14 @@ void CurrencyWindow::connectRates() {
     });
     connect(m_rates, &RatePanel::monthChosen, this, [this](int month) {
         runGuarded(messages(), windowTitle(), [&] { carryOut([&] { m_form.showMonth(month); }); });
+    });
+    connect(m_rates, &RatePanel::dayChosen, this, [this](Date day) {
+        runGuarded(messages(), windowTitle(), [&] {
+            if (!m_form.isFormOpen()) return;
+            std::optional<int> row;
+            carryOut([&] { row = m_overview.goToDay(day); });
+            goTo(row);
+        });
     });
     RateGrid& grid = m_rates->grid();
     connect(&grid, &RateGrid::editBegun, this, [this] {
@@ -96,12 +131,17 @@ void CurrencyWindow::connectRates() {
 void CurrencyWindow::showOpenness() {
     setFormOpen(m_form.isFormOpen());
     m_rates->showOpenness();
+    showCommands();
 }
 
 void CurrencyWindow::write(const RateCell& cell, const QString& text) {
     const std::int32_t rateId = m_form.sheet().idIn(cell.row);
+    const RateRow before = m_form.sheet().line(cell.row);
     Outcome outcome = Outcome::failed;
-    carryOut([&] { outcome = m_form.endEdit(cell, text.toStdString()); });
+    carryOut([&] {
+        outcome = m_form.endEdit(cell, text.toStdString());
+        if (outcome == Outcome::done) m_overview.noteTyped(before, m_form.sheet().line(cell.row));
+    });
     m_isUnwritten = outcome == Outcome::failed;
     if (!m_isUnwritten) return;
     // Once the editor that ends now has closed.
@@ -133,6 +173,7 @@ void CurrencyWindow::DoDataExchange(bool isSaving) {
                  .mode = m_divided->isChecked() ? RateMode::divided : RateMode::multiplied,
                  .decimals = m_decimals->text().toStdString(),
                  .maxError = m_maxError->text().toStdString()};
+        m_rates->showConversion();
         return;
     }
     m_symbol->showText(shown(input.symbol));
@@ -140,8 +181,75 @@ void CurrencyWindow::DoDataExchange(bool isSaving) {
     m_decimals->showText(shown(input.decimals));
     m_maxError->showText(shown(input.maxError));
     (input.mode == RateMode::multiplied ? m_multiplied : m_divided)->setChecked(true);
+    m_overview.follow();
+    if (const _CyrencyInfo* now = m_form.currency(); now != nullptr) {
+        m_overview.noteModified(m_shownCurrency, *now);
+        m_shownCurrency = *now;
+    }
     m_rates->showRates();
     showOpenness();
+}
+
+std::span<const MenuItemResource> CurrencyWindow::ownFileItems() const { return ownFileCommands; }
+
+std::span<const MenuItemResource> CurrencyWindow::ownEditItems() const { return ownEditCommands; }
+
+void CurrencyWindow::showCommands() {
+    const bool isOpen = m_form.isFormOpen();
+    const bool hasRates = isOpen && m_form.currency() != nullptr;
+    setCommandEnabled(importCommand, isOpen);
+    setCommandEnabled(exportCommand, hasRates);
+    setCommandEnabled(undoCommand, isOpen && m_overview.canUndo());
+    setCommandEnabled(redoCommand, isOpen && m_overview.canRedo());
+    setCommandEnabled(pasteCommand, hasRates);
+    setCommandEnabled(nextGapCommand, hasRates && m_overview.hasGaps());
+    setCommandEnabled(fillCommand, hasRates && m_overview.hasGaps());
+}
+
+bool CurrencyWindow::OnCommand(int command) {
+    if (command < firstOwnCommand) return ListFormDialog::OnCommand(command);
+    if (!finishTyping()) return true;
+    carryOutOnRates(command);
+    return true;
+}
+
+void CurrencyWindow::carryOutOnRates(int command) {
+    const RateCell cell = m_rates->grid().current();
+    std::optional<int> row;
+    carryOut([&] {
+        switch (command) {
+            case importCommand:
+                m_transfer.importFile();
+                break;
+            case exportCommand:
+                m_transfer.exportFile();
+                break;
+            case undoCommand:
+                row = m_overview.undo();
+                break;
+            case redoCommand:
+                row = m_overview.redo();
+                break;
+            case pasteCommand:
+                m_transfer.paste(cell);
+                break;
+            case nextGapCommand:
+                row = m_overview.goToNextGap(cell.row);
+                break;
+            case fillCommand:
+                m_transfer.fillGaps();
+                break;
+            default:
+                break;
+        }
+    });
+    goTo(row);
+}
+
+void CurrencyWindow::goTo(std::optional<int> row) {
+    if (!row) return;
+    m_rates->grid().goTo({*row, RateSheetColumn::rate});
+    m_rates->grid().setFocus(Qt::OtherFocusReason);
 }
 
 void CurrencyWindow::printRecords(ReportOutput output) {

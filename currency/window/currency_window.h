@@ -1,6 +1,7 @@
 #pragma once
 
-#include "currency/currency_form.h"
+#include "currency/screen/rate_overview.h"
+#include "currency/window/rate_transfer.h"
 #include "screen/forms/list_form_dialog.h"
 
 class QRadioButton;
@@ -23,6 +24,9 @@ class CurrencyWindow final : public ListFormDialog {
     QWidget* arrangeForm(QWidget* fields) override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(ReportOutput output) override;
+    std::span<const MenuItemResource> ownFileItems() const override;
+    std::span<const MenuItemResource> ownEditItems() const override;
+    bool OnCommand(int command) override;
     bool finishTyping() override;
     void giveUpTyping() override;
 
@@ -30,10 +34,17 @@ class CurrencyWindow final : public ListFormDialog {
     QRadioButton* addMode(const char* caption, const char* name, const QString& label);
     void connectRates();
     void showOpenness();
+    void showCommands();
+    void carryOutOnRates(int command);
+    /// Goes to a row of what the form shows now.
+    void goTo(std::optional<int> row);
     void write(const RateCell& cell, const QString& text);
     void takeUpAgain(std::int32_t rateId, const RateCell& cell, const QString& text);
 
     CurrencyForm m_form;
+    RateOverview m_overview;
+    RateTransfer m_transfer;
+    _CyrencyInfo m_shownCurrency;  ///< to be told by what was modified
     LimitedEdit* m_symbol = nullptr;
     LimitedEdit* m_name = nullptr;
     LimitedEdit* m_decimals = nullptr;

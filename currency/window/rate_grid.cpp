@@ -75,7 +75,7 @@ RateGrid::RateGrid(QWidget* parent)
 }
 
 void RateGrid::show(const RateSheet& sheet, bool isOpen, bool isSamePlace) {
-    const RateCell cell = currentIndex().isValid() ? RateModel::cellAt(currentIndex()) : RateCell{};
+    const RateCell cell = current();
     m_model->show(sheet, isOpen);
     if (!isSamePlace)
         goTo({0, RateSheetColumn::rate});
@@ -88,6 +88,14 @@ void RateGrid::goTo(const RateCell& cell) {
     if (!index.isValid()) return;
     setCurrentIndex(index);
     scrollTo(index);
+}
+
+void RateGrid::mark(std::set<Date> rates, std::set<Date> adjustments) {
+    m_model->mark(std::move(rates), std::move(adjustments));
+}
+
+RateCell RateGrid::current() const {
+    return currentIndex().isValid() ? RateModel::cellAt(currentIndex()) : RateCell{};
 }
 
 void RateGrid::takeUp(const RateCell& cell, const QString& text) {

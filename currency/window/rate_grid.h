@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "currency/rate_sheet.h"
 #include "currency/window/rate_model.h"
 #include "screen/grid/CVCF1.h"
@@ -18,6 +20,10 @@ class RateGrid final : public CVCF1 {
     /// Shows a sheet as it is now. The operator stays in his cell unless it is of another place.
     void show(const RateSheet& sheet, bool isOpen, bool isSamePlace);
     void goTo(const RateCell& cell);
+    /// Which days have strange rates.
+    void mark(std::set<Date> rates, std::set<Date> adjustments);
+    /// The current cell.
+    RateCell current() const;
     /// Begins an edit with a text that was typed before.
     void takeUp(const RateCell& cell, const QString& text);
     /// Ends an edit that is under way, as leaving its cell would; and as Escape would.

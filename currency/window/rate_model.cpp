@@ -3,6 +3,7 @@
 #include <array>
 
 #include "currency/currency_texts.h"
+#include "screen/colours.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -33,6 +34,22 @@ void RateModel::show(const RateSheet& sheet, bool isOpen) {
     setGridColumns(columnsOf(sheet.kind()));
     if (!hasSameRows) return endResetModel();
     emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void RateModel::mark(std::set<Date> rates, std::set<Date> adjustments) {
+    if (rates == m_markedRates && adjustments == m_markedAdjustments) return;
+    m_markedRates = std::move(rates);
+    m_markedAdjustments = std::move(adjustments);
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+QColor RateModel::foreground(int row, int column) const {
+    const auto& marked = column == static_cast<int>(RateSheetColumn::adjustRate)
+                             ? m_markedAdjustments
+                             : m_markedRates;
+    const bool isRate = column == static_cast<int>(RateSheetColumn::rate) ||
+                        column == static_cast<int>(RateSheetColumn::adjustRate);
+    return isRate && marked.contains(m_sheet.line(row).day) ? colours::seal : QColor();
 }
 
 RateCell RateModel::cellAt(const QModelIndex& index) {

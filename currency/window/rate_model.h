@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "currency/rate_sheet.h"
 #include "screen/grid/grid_model.h"
 
@@ -16,6 +18,9 @@ class RateModel final : public GridModel {
     /// Shows a sheet as it is now, and which of its cells may be typed into.
     void show(const RateSheet& sheet, bool isOpen);
 
+    /// Which days have strange rates.
+    void mark(std::set<Date> rates, std::set<Date> adjustments);
+
     static RateCell cellAt(const QModelIndex& index);
     QModelIndex indexOf(const RateCell& cell) const;
 
@@ -25,10 +30,13 @@ class RateModel final : public GridModel {
 
   protected:
     QString text(int row, int column) const override;
+    QColor foreground(int row, int column) const override;
 
   private:
     RateSheet m_sheet;
     bool m_isOpen = false;
+    std::set<Date> m_markedRates;
+    std::set<Date> m_markedAdjustments;
 };
 
 }  // namespace chengheng

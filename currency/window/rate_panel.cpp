@@ -2,17 +2,27 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include "currency/currency_texts.h"
+#include "currency/screen/rate_screen_texts.h"
 #include "currency/window/rate_grid.h"
+#include "currency/window/rate_picture.h"
+#include "screen/elided_label.h"
 #include "screen/shown.h"
 
 namespace chengheng {
+namespace {
 
-RatePanel::RatePanel(const CurrencyForm& form, QWidget* parent) : QWidget(parent), m_form(form) {
+constexpr int amountCharacters = 16;
+
+}  // namespace
+
+RatePanel::RatePanel(const CurrencyForm& form, const RateOverview& overview, QWidget* parent)
+    : QWidget(parent), m_form(form), m_overview(overview) {
     m_fixed = addKind(RateKind::fixed, currency_texts::fixedRate, "fixedRate");
     m_floating = addKind(RateKind::floating, currency_texts::floatingRate, "floatingRate");
     m_month = new QComboBox(this);
@@ -23,7 +33,13 @@ RatePanel::RatePanel(const CurrencyForm& form, QWidget* parent) : QWidget(parent
     connect(m_month, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (!m_isShowing) emit monthChosen(index + 1);
     });
+    m_picture = new RatePicture(this);
+    connect(m_picture, &RatePicture::dayChosen, this, &RatePanel::dayChosen);
     m_grid = new RateGrid(this);
+    connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { showConversion(); });
+    m_line = new ElidedLabel(this);
+    m_line->setObjectName(QStringLiteral("rateLine"));
 
     auto* choices = new QHBoxLayout;
     choices->addWidget(m_fixed);
@@ -33,7 +49,28 @@ RatePanel::RatePanel(const CurrencyForm& form, QWidget* parent) : QWidget(parent
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->addLayout(choices);
+    column->addWidget(m_picture);
     column->addWidget(m_grid, 1);
+    column->addWidget(m_line);
+    column->addLayout(makeConverter());
+}
+
+QLayout* RatePanel::makeConverter() {
+    m_amount = new QLineEdit(shown(rate_screen_texts::firstAmount), this);
+    m_amount->setObjectName(QStringLiteral("amount"));
+    m_amount->setAccessibleName(shown(rate_screen_texts::convertedAmount));
+    m_amount->setAlignment(Qt::AlignRight);
+    m_amount->setMaximumWidth(amountCharacters * fontMetrics().averageCharWidth());
+    connect(m_amount, &QLineEdit::textChanged, this, [this] { showConversion(); });
+    auto* label = new QLabel(shown(rate_screen_texts::converted), this);
+    label->setBuddy(m_amount);
+    m_converted = new ElidedLabel(this);
+    m_converted->setObjectName(QStringLiteral("converted"));
+    auto* line = new QHBoxLayout;
+    line->addWidget(label);
+    line->addWidget(m_amount);
+    line->addWidget(m_converted, 1);
+    return line;
 }
 
 QRadioButton* RatePanel::addKind(RateKind kind, const char* caption, const char* name) {
@@ -56,7 +93,16 @@ void RatePanel::showRates() {
     m_month->setCurrentIndex(m_form.month() - 1);
     const Place place = placeNow();
     m_grid->show(m_form.sheet(), m_form.currency() != nullptr, place == m_shown);
+    m_grid->mark(m_overview.markedRates(), m_overview.markedAdjustments());
     m_shown = place;
+    m_picture->show(m_form.kind(), m_form.year(), m_overview.rates(), m_overview.adjustments());
+    m_line->setText(shown(m_overview.line()));
+    showConversion();
+}
+
+void RatePanel::showConversion() {
+    m_converted->setText(
+        shown(m_overview.conversion(m_amount->text().toStdString(), m_grid->currentIndex().row())));
 }
 
 void RatePanel::showOpenness() {

@@ -2,30 +2,37 @@
 
 #include <QWidget>
 
-#include "currency/currency_form.h"
+#include "currency/screen/rate_overview.h"
 
 class QComboBox;
+class QLabel;
+class QLineEdit;
 class QRadioButton;
 
 namespace chengheng {
 class RateGrid;
+class RatePicture;
 
-/// The rates of the chosen currency: which kind, which month, and their grid.
+/// The rates of the chosen currency: which kind, which month, their year as a picture, their grid,
+/// what there is to say about them, and an amount converted by the one in the current row.
 class RatePanel final : public QWidget {
     Q_OBJECT
 
   public:
-    /// The form outlives the panel.
-    RatePanel(const CurrencyForm& form, QWidget* parent = nullptr);
+    /// Form and overview outlive the panel.
+    RatePanel(const CurrencyForm& form, const RateOverview& overview, QWidget* parent = nullptr);
 
     /// Shows what the form has now; only what can be chosen.
     void showRates();
     void showOpenness();
+    /// The amount of the converter in the current row, as the fields of the currency are now.
+    void showConversion();
     RateGrid& grid() { return *m_grid; }
 
   signals:
     void kindChosen(RateKind kind);
     void monthChosen(int month);
+    void dayChosen(Date day);
 
   private:
     struct Place {
@@ -38,11 +45,18 @@ class RatePanel final : public QWidget {
     Place placeNow() const;
     QRadioButton* addKind(RateKind kind, const char* caption, const char* name);
 
+    QLayout* makeConverter();
+
     const CurrencyForm& m_form;
+    const RateOverview& m_overview;
     QRadioButton* m_fixed = nullptr;
     QRadioButton* m_floating = nullptr;
     QComboBox* m_month = nullptr;
+    RatePicture* m_picture = nullptr;
     RateGrid* m_grid = nullptr;
+    QLabel* m_line = nullptr;
+    QLineEdit* m_amount = nullptr;
+    QLabel* m_converted = nullptr;
     Place m_shown;
     bool m_isShowing = false;
 };

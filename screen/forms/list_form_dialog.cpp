@@ -41,7 +41,7 @@ constexpr MenuItemResource printItems[] = {
     {printCommand, form_texts::print},
 };
 constexpr MenuItemResource separator{0, ""};
-constexpr MenuItemResource exitItem{exitCommand, form_texts::exit};
+constexpr MenuItemResource exitItems[] = {{exitCommand, form_texts::exit}};
 constexpr MenuItemResource editItems[] = {
     {insertCommand, form_texts::insert},
     {deleteCommand, form_texts::remove},
@@ -65,12 +65,15 @@ constexpr ToolButton tools[] = {
 
 constexpr int treeCharacters = 16;  ///< width of the tree at first
 
-std::vector<MenuItemResource> fileItems(std::span<const MenuItemResource> own) {
-    std::vector<MenuItemResource> items(std::begin(printItems), std::end(printItems));
-    items.push_back(separator);
-    items.insert(items.end(), own.begin(), own.end());
-    if (!own.empty()) items.push_back(separator);
-    items.push_back(exitItem);
+using MenuItems = std::span<const MenuItemResource>;
+
+/// Groups of commands with a line between each and the next.
+std::vector<MenuItemResource> groupsOf(std::initializer_list<MenuItems> groups) {
+    std::vector<MenuItemResource> items;
+    for (const MenuItems group : groups) {
+        if (!items.empty() && !group.empty()) items.push_back(separator);
+        items.insert(items.end(), group.begin(), group.end());
+    }
     return items;
 }
 
@@ -91,9 +94,10 @@ bool ListFormDialog::OnInitDialog() {
 
 void ListFormDialog::buildControls() {
     auto* column = new QVBoxLayout(this);
-    const std::vector<MenuItemResource> file = fileItems(ownFileItems());
+    const auto file = groupsOf({printItems, ownFileItems(), exitItems});
+    const auto edit = groupsOf({editItems, ownEditItems()});
     const WindowMenu menus[] = {{form_texts::fileMenu, file},
-                                {form_texts::editMenu, editItems},
+                                {form_texts::editMenu, edit},
                                 {form_texts::helpMenu, helpItems}};
     m_commands = std::make_unique<WindowCommands>(*this, menus);
     column->addWidget(m_commands->makeToolBar(QString::fromUtf8(form_texts::toolBar), tools));
@@ -268,6 +272,10 @@ void ListFormDialog::showState() {
     m_usedMark->setVisible(form().isUsed());
     m_ok->setEnabled(form().canSave());
     m_commands->setEnabled(deleteCommand, form().canDelete());
+}
+
+void ListFormDialog::setCommandEnabled(int command, bool isEnabled) {
+    m_commands->setEnabled(command, isEnabled);
 }
 
 void ListFormDialog::followTree() {

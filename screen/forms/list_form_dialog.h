@@ -53,7 +53,9 @@ class ListFormDialog : public CNxMiddleDialog {
     virtual void printRecords(ReportOutput output) = 0;
     /// Commands of its own in the file menu, from firstOwnCommand on; they come to its OnCommand.
     virtual std::span<const MenuItemResource> ownFileItems() const { return {}; }
+    virtual std::span<const MenuItemResource> ownEditItems() const { return {}; }
     static constexpr int firstOwnCommand = 100;
+    void setCommandEnabled(int command, bool isEnabled);
 
     /// Ends what is being typed elsewhere than in the fields, before a command that is not to lose
     /// it; false when it could not be kept and the command is left out.

@@ -66,25 +66,25 @@ class PlannedRows final : public PlanModel {
     const std::vector<GridColumn> m_columns;
 };
 
-const char* adviceOn(const RowPlan& plan) {
+const char* adviceOn(const RowPlan& plan, const char* ready) {
     if (!plan.isAcceptable()) return texts::isRefused;
-    return plan.changesSomething() ? texts::isReady : texts::hasNothingNew;
+    return plan.changesSomething() ? ready : texts::hasNothingNew;
 }
 
-PlanContent contentOf(const std::string& title, const RowPlan& plan, const std::string& file) {
+PlanContent contentOf(const RowPlanWords& words, const RowPlan& plan, const std::string& file) {
     PlanContent content{
-        .title = title,
-        .above = {fmt::format(texts::file, file),
+        .title = words.title,
+        .above = {words.source.empty() ? fmt::format(texts::file, file) : words.source,
                   fmt::format(texts::summary, plan.count(RowFate::added),
                               plan.count(RowFate::changed), plan.count(RowFate::unchanged),
                               plan.count(RowFate::refused))},
         .rowsName = texts::rows,
-        .apply = texts::apply,
+        .apply = words.button,
         .mayBeApplied = plan.isAcceptable() && plan.changesSomething()};
     if (!plan.ignored.empty())
         content.below.push_back(
             fmt::format(texts::ignored, fmt::join(plan.ignored, texts::listSeparator)));
-    content.below.emplace_back(adviceOn(plan));
+    content.below.emplace_back(adviceOn(plan, words.ready));
     return content;
 }
 
@@ -92,8 +92,7 @@ PlanContent contentOf(const std::string& title, const RowPlan& plan, const std::
 
 RowPlanWindow::RowPlanWindow(RowPlanWords words, const RowPlan& plan, const std::string& file,
                              Apply apply, QWidget* parent)
-    : PlanWindow(contentOf(words.title, plan, file), std::make_unique<PlannedRows>(plan, words),
-                 parent),
+    : PlanWindow(contentOf(words, plan, file), std::make_unique<PlannedRows>(plan, words), parent),
       m_words(std::move(words)),
       m_apply(std::move(apply)) {
     resize(windowSize);
@@ -112,7 +111,7 @@ void RowPlanWindow::apply() {
         });
     }
     if (outcome == Outcome::refused) return;
-    if (outcome == Outcome::done) messages().tell({.text = m_words.done});
+    if (outcome == Outcome::done && !m_words.done.empty()) messages().tell({.text = m_words.done});
     EndDialog(outcome == Outcome::done ? Accepted : Rejected);
 }
 

@@ -5,6 +5,7 @@
 
 #include "screen/grid/plan_window.h"
 #include "session/record_change.h"
+#include "sheets/plan_texts.h"
 #include "sheets/row_plan.h"
 
 namespace chengheng {
@@ -14,8 +15,11 @@ struct RowPlanWords {
     std::string title;
     const char* code;  ///< heads the column of the codes
     const char* name;
-    const char* working;  ///< while it is written
-    std::string done;     ///< told afterwards
+    const char* working;      ///< while it is written
+    std::string done;         ///< told afterwards; nothing is where it is empty
+    std::string source = {};  ///< the line above the rows; empty: the file
+    const char* button = plan_texts::apply;
+    const char* ready = plan_texts::isReady;  ///< advises to look and to press the button
 };
 
 /// Shows what an import would make of each row of a file, and does it when the operator says

@@ -41,8 +41,11 @@ TEST_F(CurrencyWindowTest, HasTheCaptionsOfItsFieldsMenusAndTools) {
         for (const QAction* item : menu->menu()->actions())
             menus.push_back(item->isSeparator() ? "-" : item->text().toStdString());
     }
-    EXPECT_EQ(menus, (Texts{"文件(&F)", "打印预览", "打印", "-", "退出", "编辑(&E)", "增加", "删除",
-                            "帮助(&H)", "帮助主题", "搜索", "-", "关于..."}));
+    EXPECT_EQ(menus,
+              (Texts{"文件(&F)", "打印预览", "打印",     "-",           "导入...",    "导出...",
+                     "-",        "退出",     "编辑(&E)", "增加",        "删除",       "-",
+                     "撤销",     "重做",     "-",        "粘贴汇率...", "下一个缺口", "补齐缺口...",
+                     "帮助(&H)", "帮助主题", "搜索",     "-",           "关于..."}));
     Texts tools;
     for (const QAction* tool : window->findChild<QToolBar*>()->actions())
         if (!tool->isSeparator()) tools.push_back(tool->iconText().toStdString());

@@ -1,0 +1,104 @@
+#include "currency/window/rate_transfer.h"
+
+#include <fmt/format.h>
+
+#include <QApplication>
+#include <QClipboard>
+
+#include "currency/screen/rate_screen_texts.h"
+#include "currency/transfer/rate_import.h"
+#include "currency/transfer/rate_transfer_texts.h"
+#include "currency/window/quoting_window.h"
+#include "screen/chosen_file.h"
+#include "screen/grid/row_plan_window.h"
+#include "sheets/delimited/delimited_text.h"
+#include "sheets/files/sheet_export.h"
+
+namespace chengheng {
+
+namespace words = rate_transfer_texts;
+
+int RateTransfer::currencyId() const {
+    return m_form.currency() == nullptr ? 0 : m_form.currency()->lId;
+}
+
+bool RateTransfer::paste(const RateCell& cell) {
+    Sheet block;
+    const std::string text = QApplication::clipboard()->text().toStdString();
+    if (const auto failure = readClipboardBlock(text, block)) {
+        m_messages.tell(sheetWarning(failure->text()));
+        return false;
+    }
+    if (block.rows.empty() || m_form.currency() == nullptr) {
+        m_messages.tell({.text = rate_screen_texts::nothingPasted});
+        return false;
+    }
+    const bool isAdjustment = cell.column == RateSheetColumn::adjustRate;
+    RateImport import(m_messages, m_form.year(), {.currency = currencyId()});
+    const auto plan =
+        import.plan(pastedRates(std::move(block), m_form.kind(), m_form.sheet().line(cell.row).day,
+                                isAdjustment && m_form.kind() == RateKind::fixed),
+                    words::clipboard);
+    return plan && applyShown(import, *plan, words::pasteTitle, rate_screen_texts::pasteSource, {});
+}
+
+bool RateTransfer::importFile() {
+    const std::string file = chooseSheetToRead(&m_window, words::importTitle);
+    if (file.empty()) return false;
+    QuotingWindow quoting(&m_window);
+    if (quoting.DoModal() != QDialog::Accepted) return false;
+    RateImport import(m_messages, m_form.year(), quoting.quotedAs(currencyId()));
+    const auto plan = import.plan(file);
+    return plan && applyShown(import, *plan, words::importTitle, {}, file);
+}
+
+bool RateTransfer::applyShown(RateImport& import, const RatePlan& plan, const char* title,
+                              const std::string& source, const std::string& file) {
+    RowPlanWindow preview(
+        {.title = title,
+         .code = rate_screen_texts::time,
+         .name = rate_screen_texts::rate,
+         .working = words::working,
+         .done = fmt::format(words::done, plan.count(RowFate::changed)),
+         .source = source},
+        plan, file, [&](const ImportProgress& progress) { return import.apply(plan, progress); },
+        &m_window);
+    if (preview.DoModal() != QDialog::Accepted) return false;
+    m_overview.noteWritten(plan.changes);
+    return true;
+}
+
+bool RateTransfer::fillGaps() {
+    const std::vector<RateChange> filling = m_overview.filling();
+    if (filling.empty()) {
+        m_messages.tell({.text = rate_screen_texts::nothingToFill});
+        return false;
+    }
+    const RowPlan plan = RateOverview::shownFilling(filling);
+    RowPlanWindow preview(
+        {.title = rate_screen_texts::fillTitle,
+         .code = rate_screen_texts::time,
+         .name = rate_screen_texts::rate,
+         .working = words::working,
+         .done = {},
+         .source = rate_screen_texts::fillSource,
+         .button = rate_screen_texts::fill,
+         .ready = rate_screen_texts::fillReady},
+        plan, {},
+        [&](const ImportProgress& progress) { return m_overview.fill(filling, progress); },
+        &m_window);
+    return preview.DoModal() == QDialog::Accepted;
+}
+
+void RateTransfer::exportFile() {
+    const _CyrencyInfo* currency = m_form.currency();
+    if (currency == nullptr) return;
+    const std::string file = chooseSheetToWrite(
+        &m_window, words::exportTitle, fmt::format(words::exportFile, currency->sExchName));
+    if (file.empty() || exportRates(m_messages, m_form.kind(), currency->lId, m_form.year(), file,
+                                    Overwrite::replace) != Outcome::done)
+        return;
+    m_messages.tell({.text = fmt::format(words::exported, file)});
+}
+
+}  // namespace chengheng
