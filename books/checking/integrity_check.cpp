@@ -38,8 +38,9 @@ constexpr std::array<IntegrityCheck, 22> checks{{
     {"floatingRates", integrity_texts::floatingRatesTitle, checkFloatingRates},
 }};
 
-constexpr std::array<IntegrityCheck, 1> noteChecks{{
+constexpr std::array<IntegrityCheck, 2> noteChecks{{
     {"parentSums", integrity_texts::parentSumsTitle, checkParentSums},
+    {"rateGaps", integrity_texts::rateGapsTitle, noteRateGaps},
 }};
 
 Status run(const IntegrityCheck& check, CheckedBooks& books, std::vector<IntegrityFault>& faults) {

@@ -15,15 +15,15 @@ namespace {
 constexpr int monthsInAYear = 12;
 
 /// One of the two tables of rates.
-struct RateKind {
+struct RateTable {
     const char* title;
     const char* sql;
     bool isMonthly;  ///< a row on the first of each month, else one each day
 };
 
-constexpr RateKind fixedRates{integrity_texts::fixedRatesTitle, integrity_sql::fixedRates, true};
-constexpr RateKind floatingRates{integrity_texts::floatingRatesTitle, integrity_sql::floatingRates,
-                                 false};
+constexpr RateTable fixedRates{integrity_texts::fixedRatesTitle, integrity_sql::fixedRates, true};
+constexpr RateTable floatingRates{integrity_texts::floatingRatesTitle, integrity_sql::floatingRates,
+                                  false};
 
 /// The days of a year that have a rate, by month and day.
 using RateDays = std::bitset<13 * 32>;
@@ -31,7 +31,7 @@ using RateDays = std::bitset<13 * 32>;
 std::size_t slotOf(int month, int day) { return month * 32 + day; }
 
 /// Every year that has a rate at all has them all.
-void checkYear(const RateKind& kind, const std::string& currency, int year, const RateDays& found,
+void checkYear(const RateTable& kind, const std::string& currency, int year, const RateDays& found,
                FaultList& faults) {
     int missing = 0;
     Date firstMissing;
@@ -47,7 +47,7 @@ void checkYear(const RateKind& kind, const std::string& currency, int year, cons
                                                  isoText(firstMissing)));
 }
 
-Status checkRatesOf(CheckedBooks& books, FaultList& faults, const RateKind& kind,
+Status checkRatesOf(CheckedBooks& books, FaultList& faults, const RateTable& kind,
                     std::int64_t currencyId, const std::string& currency) {
     std::map<int, RateDays> found;
     const Value id = Value::of(currencyId);
@@ -67,7 +67,7 @@ Status checkRatesOf(CheckedBooks& books, FaultList& faults, const RateKind& kind
     return status;
 }
 
-Status checkRates(CheckedBooks& books, FaultList& faults, const RateKind& kind) {
+Status checkRates(CheckedBooks& books, FaultList& faults, const RateTable& kind) {
     std::vector<std::pair<std::int64_t, std::string>> currencies;
     Status status =
         forEachRow(books.engine(), integrity_sql::currencies, {}, [&currencies](const Cursor& row) {

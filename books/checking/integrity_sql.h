@@ -100,5 +100,9 @@ inline constexpr const char* fixedRates =
     "SELECT dtDate, byPeroid FROM ExchgFix WHERE byExchId = $1 ORDER BY dtDate, lId";
 inline constexpr const char* floatingRates =
     "SELECT dtDate, byPeroid FROM ExchgFlt WHERE byExchId = $1 ORDER BY dtDate, lId";
+inline constexpr const char* fixedRateValues =
+    "SELECT dtDate, dRate FROM ExchgFix WHERE byExchId = $1 ORDER BY dtDate, lId";
+inline constexpr const char* floatingRateValues =
+    "SELECT dtDate, dRate FROM ExchgFlt WHERE byExchId = $1 ORDER BY dtDate, lId";
 
 }  // namespace chengheng::integrity_sql

@@ -35,6 +35,9 @@ inline constexpr const char* periodSumsTitle = "科目总帐期间";
 inline constexpr const char* auxiliarySumsTitle = "辅助总帐与科目总帐";
 inline constexpr const char* openingEntriesTitle = "辅助期初明细与辅助总帐";
 inline constexpr const char* parentSumsTitle = "上级科目与下级合计";
+inline constexpr const char* rateGapsTitle = "缺少的汇率";
+/// Currency, kind, year, the gaps.
+inline constexpr const char* rateGaps = "外币 {} {} {} 年{}";
 inline constexpr const char* fixedRatesTitle = "固定汇率";
 inline constexpr const char* floatingRatesTitle = "浮动汇率";
 

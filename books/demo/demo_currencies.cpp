@@ -13,14 +13,24 @@ Date dayOf(int month, int day) {
     return {demo::year, static_cast<std::uint8_t>(month), static_cast<std::uint8_t>(day)};
 }
 
-/// A rate on a day: a little beside the month's, and always the same.
+/// What is to be found by looking at the first currency: two gaps in its days, and a slip of the
+/// keys.
+bool isForgotten(int month, int day) {
+    return (month == 3 && day >= 14 && day <= 16) || (month == 8 && day == 30);
+}
+constexpr Date slippedDay{demo::year, 6, 17};
+constexpr double slip = 1.8;
+
+/// A rate on a day: a little beside the month's, and always the same; 0 where it was forgotten.
 double floatingRate(const demo::Currency& currency, double monthlyRate, int month, int day) {
     constexpr int swing = 21;
     constexpr double step = 0.0005;
     const int swung = (day * 8 + month * 5) % swing - swing / 2;
     double rate = monthlyRate + swung * step;
+    const bool isFirst = &currency == demo::currencies().data();
+    if (isFirst && dayOf(month, day) == slippedDay) rate += slip;
     Round(rate, currency.rateDecimals);
-    return rate;
+    return isFirst && isForgotten(month, day) ? 0 : rate;
 }
 
 template <class Rate>

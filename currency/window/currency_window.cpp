@@ -24,7 +24,7 @@ constexpr ListFormWindow currencyWindow{.title = currency_texts::title,
                                         .helpContext = currencyHelpContext,
                                         .tree = currency_texts::tree,
                                         .formCharacters = 60,
-                                        .lines = 28};
+                                        .lines = 36};
 
 // The commands beside those of every such window, by the numbers under which menus send them.
 constexpr int importCommand = 100;

@@ -104,6 +104,10 @@ void RatePicture::paintLine(QPainter& painter, const std::vector<RatePoint>& poi
         const QPointF place = placeOf(points[at]);
         if (at > 0 && areNeighbours(points[at - 1], points[at]))
             painter.drawLine(placeOf(points[at - 1]), place);
+        // Days lie so near that their dots would hide the line; one alone has nothing else.
+        const bool hasBefore = at > 0 && areNeighbours(points[at - 1], points[at]);
+        const bool hasNext = at + 1 < points.size() && areNeighbours(points[at], points[at + 1]);
+        if (m_kind == RateKind::floating && (hasBefore || hasNext)) continue;
         painter.setBrush(colour);
         painter.drawEllipse(place, dot, dot);
     }

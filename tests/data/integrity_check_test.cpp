@@ -375,6 +375,19 @@ TEST_P(Integrity, ParentsUnlikeWhatIsBelowThemAreNotedAndNoFault) {
     EXPECT_THAT(notes(), IsEmpty());
 }
 
+TEST_P(Integrity, GapsInTheRatesOfACurrencyAreNotedAndNoFault) {
+    runScript(*m_engine,
+              "UPDATE ExchgFix SET dRate = 7; UPDATE ExchgFix SET dRate = 0 WHERE byPeroid = 3;"
+              "UPDATE ExchgFlt SET dRate = 0;"
+              "UPDATE ExchgFlt SET dRate = 7 WHERE dtDate = '2026-01-02'");
+    std::vector<IntegrityFault> faults;
+    std::vector<IntegrityFault> notes;
+    EXPECT_TRUE(checkIntegrity(*m_engine, faults, &notes).isDone());
+    EXPECT_THAT(faults, IsEmpty());
+    EXPECT_THAT(notes, ElementsAre(faultOf("rateGaps", "固定汇率 2026 年缺 1 个月:2026.03"),
+                                   faultOf("rateGaps", "浮动汇率 2026 年缺 1 天:2026.01.01")));
+}
+
 TEST_P(Integrity, RestrictionAccountMustBeOfTheTopLevel) {
     runScript(*m_engine, "UPDATE Sign SET sCode2 = '100201'");
     EXPECT_THAT(faultsIn(*m_engine), ElementsAre(faultOf("references", "“100201”")));
