@@ -255,9 +255,10 @@ class ToolMaking : public testing::TestWithParam<EngineCase> {
 };
 
 TEST_P(ToolMaking, NewBooksAreSoundAndAsAskedFor) {
-    const ProgramRun run = chbooks(
-        newBooks(m_place, {"--password-file", passwordFile("geheim"), "--chart", "enterprise",
-                           "--start-month", "4", "--level-pattern", "432", "--unlisted"}));
+    const ProgramRun run =
+        chbooks(newBooks(m_place, {"--password-file", passwordFile("geheim"), "--chart",
+                                   "enterprise", "--start-month", "4", "--level-pattern", "432",
+                                   "--foreign", "off", "--unlisted"}));
     ASSERT_EQ(run.exitCode, done) << run.err;
     EXPECT_EQ(chbooks({"check", m_place}).exitCode, done);
     const Json info = Json::parse(chbooks({"info", m_place, "--json"}).out);
@@ -272,7 +273,9 @@ TEST_P(ToolMaking, NumbersAreDecimalWhateverZerosStandInFront) {
         newBooks(m_place, {"--password-file", passwordFile("geheim"), "--start-month", "010"});
     line.push_back("--unlisted");
     ASSERT_EQ(chbooks(line).exitCode, done);
-    EXPECT_EQ(Json::parse(chbooks({"info", m_place, "--json"}).out)["start"], "2026-10-01");
+    const Json info = Json::parse(chbooks({"info", m_place, "--json"}).out);
+    EXPECT_EQ(info["start"], "2026-10-01");
+    EXPECT_EQ(info["foreignCurrency"], true) << "unless they are not wanted";
 }
 
 TEST_P(ToolMaking, APasswordFileThatOthersMayReadIsTold) {
