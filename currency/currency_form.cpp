@@ -119,9 +119,9 @@ Outcome CurrencyForm::endEdit(const RateCell& cell, const std::string& text) {
     if (!rate || !mayEdit(cell)) return Outcome::refused;
     const RateColumn column =
         cell.column == RateSheetColumn::rate ? RateColumn::rate : RateColumn::adjustRate;
-    const Outcome outcome =
-        m_service.writeRate(kind(), m_loaded.lId, m_sheet.idIn(cell.row), column, *rate);
-    if (outcome == Outcome::done) m_sheet.put(cell, *rate);
+    const Outcome outcome = m_service.writeRate(kind(), m_loaded.lId, m_sheet.idIn(cell.row),
+                                                column, *rate, m_lastEdit);
+    if (outcome == Outcome::done) m_sheet.put(cell.row, m_lastEdit.after);
     if (outcome == Outcome::stale) {
         if (isChanged())
             readAgainBelowTyped();

@@ -37,6 +37,8 @@ class CurrencyForm final : public ListForm {
     bool isEditing() const { return m_isEditing; }
     /// Writes what was typed into a cell. A text that is no rate changes nothing.
     Outcome endEdit(const RateCell& cell, const std::string& text);
+    /// What the last one that was done wrote over, as it was stored.
+    const RateEdit& lastEdit() const { return m_lastEdit; }
     void cancelEdit() { m_isEditing = false; }
     /// Whether currency, kind and month can be chosen and the fields be typed into.
     bool isFormOpen() const { return !m_isEditing; }
@@ -69,6 +71,7 @@ class CurrencyForm final : public ListForm {
     RateSheet m_sheet;
     unsigned m_readings = 0;
     bool m_isEditing = false;
+    RateEdit m_lastEdit;
     _CyrencyInfo m_loaded;
     bool m_isNew = false;  ///< the loaded one has been added and was not selected yet
     CurrencyInput m_shownInput;

@@ -125,14 +125,21 @@ UntoldOutcome deleteCurrency(const _CyrencyInfo& confirmed) {
 }
 
 template <class Record>
-UntoldOutcome writeRow(int rowId, RateColumn column, double value) {
+RateRow rateRow(const Record& record) {
+    return {record.lId, record.dtDate, record.byPeroid, record.dRate, record.dAdjustRate};
+}
+
+template <class Record>
+UntoldOutcome writeRow(int rowId, RateColumn column, double value, RateEdit& written) {
     const Notice gone{.text = currency_texts::rateGone};
     Record* row = nullptr;
     const UntoldOutcome result = outcomeOfRow(g_pDB->readOne<Record>(row, rowId), gone);
     if (result.outcome != Outcome::done) return result;
     Record changed = *row;
     g_pDB->release<Record>();
+    written.before = rateRow(changed);
     (column == RateColumn::rate ? changed.dRate : changed.dAdjustRate) = value;
+    written.after = rateRow(changed);
     return outcomeOfRow(g_pDB->edit(changed), gone);
 }
 
@@ -199,12 +206,12 @@ Outcome CurrencyService::remove(int id, bool isUsed) {
 }
 
 Outcome CurrencyService::writeRate(RateKind kind, int currencyId, int rowId, RateColumn column,
-                                   double value) {
+                                   double value, RateEdit& written) {
     return changeCurrencies(m_messages, [&] {
         const UntoldOutcome there = currencyStillThere(currencyId);
         if (there.outcome != Outcome::done) return there;
-        return kind == RateKind::fixed ? writeRow<_ExchgFixInfo>(rowId, column, value)
-                                       : writeRow<_ExchgFltInfo>(rowId, column, value);
+        return kind == RateKind::fixed ? writeRow<_ExchgFixInfo>(rowId, column, value, written)
+                                       : writeRow<_ExchgFltInfo>(rowId, column, value, written);
     });
 }
 

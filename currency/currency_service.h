@@ -37,8 +37,10 @@ class CurrencyService {
     Outcome modify(const _CyrencyInfo& loaded, const CurrencyInput& input, _CyrencyInfo& modified);
     /// Asks and deletes a currency with all its rates; the id 0: none is selected.
     Outcome remove(int id, bool isUsed);
-    /// Writes one of the rates in a row of a currency; the other one stays as it is stored.
-    Outcome writeRate(RateKind kind, int currencyId, int rowId, RateColumn column, double value);
+    /// Writes one of the rates in a row of a currency; the other one stays as it is stored. Gives
+    /// the row as it was stored before and as it is now.
+    Outcome writeRate(RateKind kind, int currencyId, int rowId, RateColumn column, double value,
+                      RateEdit& written);
 
   private:
     IMessages& m_messages;

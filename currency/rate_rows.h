@@ -19,6 +19,14 @@ struct RateRow {
     bool operator==(const RateRow&) const = default;
 };
 
+/// A stored rate as it was and as it is.
+struct RateEdit {
+    RateRow before;
+    RateRow after;
+
+    bool operator==(const RateEdit&) const = default;
+};
+
 /// A currency's rates of a year, or of one month of it, in the order of their days; those of other
 /// years are left out. Nothing when they cannot be read. Works on the selected database.
 std::optional<std::vector<RateRow>> readRates(RateKind kind, int currencyId, int year,

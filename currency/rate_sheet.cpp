@@ -108,9 +108,10 @@ std::optional<int> RateSheet::rowOf(std::int32_t id) const {
     return static_cast<int>(found - m_lines.begin());
 }
 
-void RateSheet::put(const RateCell& cell, double value) {
-    RateRow& row = m_lines[static_cast<std::size_t>(cell.row)];
-    (cell.column == RateSheetColumn::rate ? row.rate : row.adjustRate) = value;
+void RateSheet::put(int row, const RateRow& stored) {
+    RateRow& shown = m_lines[static_cast<std::size_t>(row)];
+    shown.rate = stored.rate;
+    shown.adjustRate = stored.adjustRate;
 }
 
 double RateSheet::valueIn(const RateCell& cell) const {

@@ -61,8 +61,8 @@ class RateSheet {
     const RateRow& line(int row) const { return m_lines[static_cast<std::size_t>(row)]; }
     /// Where the stored rate of an id stands now.
     std::optional<int> rowOf(std::int32_t id) const;
-    /// Takes over what was written.
-    void put(const RateCell& cell, double value);
+    /// Takes over the rates of a row as they are stored now.
+    void put(int row, const RateRow& stored);
 
   private:
     double valueIn(const RateCell& cell) const;

@@ -15,7 +15,11 @@ std::string chooseSheetToRead(QWidget* window, const char* title) {
 
 std::string chooseSheetToWrite(QWidget* window, const char* title,
                                const std::string& proposedName) {
-    return QFileDialog::getSaveFileName(window, shown(title), shown(proposedName),
+    // A name of the books may hold what stands between folders.
+    QString name = shown(proposedName);
+    for (const QChar separator : {QLatin1Char('/'), QLatin1Char('\\')})
+        name.replace(separator, QLatin1Char('-'));
+    return QFileDialog::getSaveFileName(window, shown(title), name,
                                         shown(screen_texts::sheetFilter), nullptr,
                                         QFileDialog::DontUseNativeDialog)
         .toStdString();

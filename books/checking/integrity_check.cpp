@@ -88,6 +88,7 @@ Status CheckedBooks::readParameters() {
         if (m_parameterRows++ == 0) {
             m_pattern = row.text(0);
             m_levels = CodeLevels(m_pattern);
+            m_start = parseDate(row.text(1)).value_or(Date());
         }
         return Status::done();
     });

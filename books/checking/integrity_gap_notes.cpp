@@ -26,9 +26,9 @@ Status noteGapsOf(CheckedBooks& books, FaultList& notes, RateKind kind, std::int
                 {.day = *day, .period = day->month, .rate = numberIn(row, 1)});
         return Status::done();
     });
-    // Nobody knows here how far the year has come: what lies behind the last rate is to come.
+    // How far the year has come nobody knows here: what lies behind the last rate is to come.
     for (const auto& [year, rows] : years)
-        if (const auto gaps = rateGaps(kind, year, rows, Date{}); !gaps.empty())
+        if (const auto gaps = rateGaps(kind, year, rows, {.begin = books.start()}); !gaps.empty())
             notes.add(fmt::format(
                 integrity_texts::rateGaps, currency,
                 isFixed ? integrity_texts::fixedRatesTitle : integrity_texts::floatingRatesTitle,

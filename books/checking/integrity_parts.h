@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "accounts/codes/code_levels.h"
+#include "base/values/date.h"
 #include "books/checking/integrity_check.h"
 #include "data/tables/schema.h"
 
@@ -46,6 +47,8 @@ class CheckedBooks {
     const std::vector<TableInfo>& tables() const { return m_tables; }
     /// How many rows of parameters there are; one is right.
     int parameterRows() const { return m_parameterRows; }
+    /// The day that the books begin with; that of no date where none is stored.
+    const Date& start() const { return m_start; }
     const std::string& pattern() const { return m_pattern; }
     const CodeLevels& levels() const { return m_levels; }
     /// In the order of their codes.
@@ -62,6 +65,7 @@ class CheckedBooks {
     std::vector<TableInfo> m_tables;
     int m_parameterRows = 0;
     std::string m_pattern;
+    Date m_start;
     CodeLevels m_levels{""};
     std::vector<CheckedAccount> m_accounts;
     std::map<int, std::size_t> m_accountById;

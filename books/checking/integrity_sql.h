@@ -6,7 +6,7 @@
 
 namespace chengheng::integrity_sql {
 
-inline constexpr const char* parameters = "SELECT sCodeLen FROM zAccountM ORDER BY lId";
+inline constexpr const char* parameters = "SELECT sCodeLen, dtStart FROM zAccountM ORDER BY lId";
 
 inline constexpr const char* accounts =
     "SELECT lId, sCode, sName, sType, byGrade, bEnd, sAssBook, sHelp, bCash, bBank FROM Code WHERE "

@@ -10,14 +10,6 @@
 namespace chengheng {
 namespace {
 
-/// The days of a gap in their order.
-std::vector<Date> daysOf(RateKind kind, const RateGap& gap) {
-    std::vector<Date> days;
-    for (const Date& day : rateDays(kind, gap.first.year))
-        if (gap.first <= day && day <= gap.last) days.push_back(day);
-    return days;
-}
-
 std::string rangeText(RateKind kind, const RateGap& gap) {
     const std::string first = rateTitle(kind, gap.first);
     return gap.count == 1 ? first
@@ -27,15 +19,16 @@ std::string rangeText(RateKind kind, const RateGap& gap) {
 }  // namespace
 
 std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> rows,
-                              const Date& today, int month) {
+                              const RateSpan& wanted, int month) {
     std::set<Date> rated;
     for (const RateRow& row : rows)
         if (row.rate != 0) rated.insert(row.day);
     if (rated.empty()) return {};
-    const Date end = std::max(*rated.rbegin(), today);
+    const Date end = std::max(*rated.rbegin(), wanted.today);
     std::vector<RateGap> gaps;
     bool isInGap = false;
     for (const Date& day : rateDays(kind, year, month)) {
+        if (day < wanted.begin) continue;
         if (day > end) break;
         const bool isMissing = !rated.contains(day);
         if (isMissing && !isInGap) gaps.push_back({.first = day, .last = day, .count = 0});
@@ -49,8 +42,7 @@ std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> 
 
 std::string gapLine(RateKind kind, std::span<const RateGap> gaps, std::size_t named) {
     if (gaps.empty()) return {};
-    int count = 0;
-    for (const RateGap& gap : gaps) count += gap.count;
+    const int count = missingIn(gaps);
     std::vector<std::string> ranges;
     for (const RateGap& gap : gaps.first(std::min(named, gaps.size())))
         ranges.push_back(rangeText(kind, gap));
@@ -60,12 +52,17 @@ std::string gapLine(RateKind kind, std::span<const RateGap> gaps, std::size_t na
                                    : fmt::format(rate_texts::missingDays, count, listed);
 }
 
-std::optional<Date> nextGap(RateKind kind, std::span<const RateGap> gaps, const Date& behind) {
-    for (const RateGap& gap : gaps)
-        for (const Date& day : daysOf(kind, gap))
-            if (day > behind) return day;
+int missingIn(std::span<const RateGap> gaps) {
+    int count = 0;
+    for (const RateGap& gap : gaps) count += gap.count;
+    return count;
+}
+
+std::optional<Date> nextGap(std::span<const RateGap> gaps, const Date& behind) {
     if (gaps.empty()) return std::nullopt;
-    return gaps.front().first;
+    const auto next =
+        std::ranges::find_if(gaps, [&behind](const RateGap& gap) { return gap.first > behind; });
+    return next == gaps.end() ? gaps.front().first : next->first;
 }
 
 }  // namespace chengheng

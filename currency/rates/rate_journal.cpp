@@ -10,28 +10,26 @@ void RateJournal::note(std::vector<RateChange> step) {
     ++m_done;
 }
 
-std::vector<RateChange> RateJournal::undo(IMessages& messages) {
-    if (!canUndo()) return {};
-    std::vector<RateChange> back = takenBack(m_steps[m_done - 1]);
-    const Outcome outcome = writeRates(messages, back);
-    if (outcome == Outcome::done) {
-        --m_done;
-        return back;
-    }
-    if (outcome == Outcome::stale) drop(--m_done);
-    return {};
+std::vector<RateChange> RateJournal::undoing() const {
+    return canUndo() ? takenBack(m_steps[m_done - 1]) : std::vector<RateChange>();
 }
 
-std::vector<RateChange> RateJournal::redo(IMessages& messages) {
-    if (!canRedo()) return {};
-    const std::vector<RateChange>& step = m_steps[m_done];
-    const Outcome outcome = writeRates(messages, step);
-    if (outcome == Outcome::done) {
-        ++m_done;
-        return step;
-    }
+std::vector<RateChange> RateJournal::redoing() const {
+    return canRedo() ? m_steps[m_done] : std::vector<RateChange>();
+}
+
+Outcome RateJournal::undo(IMessages& messages) {
+    const Outcome outcome = writeRates(messages, undoing());
+    if (outcome == Outcome::done && canUndo()) --m_done;
+    if (outcome == Outcome::stale) drop(--m_done);
+    return outcome;
+}
+
+Outcome RateJournal::redo(IMessages& messages) {
+    const Outcome outcome = writeRates(messages, redoing());
+    if (outcome == Outcome::done && canRedo()) ++m_done;
     if (outcome == Outcome::stale) drop(m_done);
-    return {};
+    return outcome;
 }
 
 void RateJournal::drop(std::size_t step) {

@@ -15,10 +15,13 @@ class RateJournal {
     bool canUndo() const { return m_done > 0; }
     bool canRedo() const { return m_done < m_steps.size(); }
 
-    /// The step concerned; empty when it was not written, which has been told. A step that no
-    /// longer fits the books is dropped.
-    std::vector<RateChange> undo(IMessages& messages);
-    std::vector<RateChange> redo(IMessages& messages);
+    /// What would be written next.
+    std::vector<RateChange> undoing() const;
+    std::vector<RateChange> redoing() const;
+    /// Writes it; whatever does not give `done` has been told. A step that no longer fits the books
+    /// is dropped.
+    Outcome undo(IMessages& messages);
+    Outcome redo(IMessages& messages);
 
   private:
     void drop(std::size_t step);

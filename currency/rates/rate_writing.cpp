@@ -44,20 +44,24 @@ class GroupWriter {
         }
         for (const RateChange& change : group) {
             const auto found = stored.find(change.before.id);
-            if (found == stored.end() || !isAsSeen(found->second, change.before))
-                return UntoldOutcome::stale({.text = rate_texts::changedMeanwhile});
-            found->second.dRate = change.after.rate;
-            found->second.dAdjustRate = change.after.adjustRate;
+            const bool isWritten =
+                found != stored.end() && found->second.dtDate == change.before.day &&
+                replace(found->second.dRate, change.before.rate, change.after.rate) &&
+                replace(found->second.dAdjustRate, change.before.adjustRate,
+                        change.after.adjustRate);
+            if (!isWritten) return UntoldOutcome::stale({.text = rate_texts::changedMeanwhile});
             if (g_pDB->edit(found->second) != 0) return UntoldOutcome::failed();
             if (++m_done % changesAtOnce == 0 && !goesOn())
                 return UntoldOutcome::refused({.text = rate_texts::cancelled});
         }
         return UntoldOutcome::done();
     }
-    template <class Record>
-    static bool isAsSeen(const Record& stored, const RateRow& seen) {
-        return stored.dtDate == seen.day && stored.dRate == seen.rate &&
-               stored.dAdjustRate == seen.adjustRate;
+    /// False where the rate to be replaced is not the one that was seen.
+    static bool replace(double& stored, double seen, double wanted) {
+        if (seen == wanted) return true;
+        if (stored != seen) return false;
+        stored = wanted;
+        return true;
     }
 
     const std::size_t m_total;

@@ -9,7 +9,8 @@
 
 namespace chengheng {
 
-/// The rates of a stored row as they were seen and as they shall be.
+/// The rates of a stored row as they were seen and as they shall be. Only the one of the two that
+/// differs is looked at and written.
 struct RateChange {
     int currency = 0;
     RateKind kind = RateKind::fixed;
@@ -20,7 +21,7 @@ struct RateChange {
 };
 
 /// Writes many rates, of one currency or several, under the locks of a change: all or none. Stale
-/// where one of the rows is no longer as it was seen, which has been told, as has whatever does
+/// where one of these rates is no longer as it was seen, which has been told, as has whatever does
 /// not give `done`.
 Outcome writeRates(IMessages& messages, std::span<const RateChange> changes,
                    const ImportProgress& progress = {});

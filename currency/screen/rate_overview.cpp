@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/values/amount_text.h"
 #include "base/values/numbers.h"
@@ -32,32 +33,65 @@ std::size_t countOfRates(const std::vector<RateRow>& rows) {
 
 }  // namespace
 
-void RateOverview::follow() {
-    if (m_reading == m_form.readings()) return;
-    m_remark.clear();
-    readYear();
+RateOverview::Place RateOverview::placeNow() const {
+    const _CyrencyInfo* currency = m_form.currency();
+    return {currency == nullptr ? 0 : currency->lId, m_form.kind()};
 }
 
-void RateOverview::readYear() {
+void RateOverview::follow() {
+    if (m_reading == m_form.readings()) return;
     m_reading = m_form.readings();
-    m_year.clear();
-    const _CyrencyInfo* currency = m_form.currency();
-    if (currency != nullptr)
-        m_year = m_service.rates(m_form.kind(), currency->lId, m_form.year())
-                     .value_or(std::vector<RateRow>());
+    m_remark.clear();
+    const Place place = placeNow();
+    const bool isKnown = m_isYearRead && !m_isOutdated && place == m_place;
+    m_place = place;
+    m_isOutdated = false;
+    if (place.currency == 0 || place.kind == RateKind::fixed) {
+        // The months that are shown are the year.
+        m_year.clear();
+        m_isYearRead = true;
+    } else if (!isKnown) {
+        auto rows = m_service.rates(place.kind, place.currency, m_form.year());
+        m_isYearRead = rows.has_value();
+        m_year = std::move(rows).value_or(std::vector<RateRow>());
+    }
+    if (place.currency != 0) takeShownRows();
+    workOut();
+}
+
+/// What the form shows was read later than the year.
+void RateOverview::takeShownRows() {
+    std::set<Date> shown;
+    for (int row = 0; row < m_form.sheet().rowCount(); ++row)
+        shown.insert(m_form.sheet().line(row).day);
+    std::erase_if(m_year, [&shown](const RateRow& row) { return shown.contains(row.day); });
+    for (int row = 0; row < m_form.sheet().rowCount(); ++row)
+        if (m_form.sheet().idIn(row) != 0) m_year.push_back(m_form.sheet().line(row));
+    std::ranges::sort(m_year, {}, &RateRow::day);
+}
+
+void RateOverview::workOut() {
     m_rates = ratePoints(m_year);
     m_adjustments = adjustmentPoints(m_year);
     m_markedRates = markedDays(m_rates);
     m_markedAdjustments = markedDays(m_adjustments);
     const auto gapsOf = [this](int month) {
-        return rateGaps(m_form.kind(), m_form.year(), m_year, m_today, month);
+        if (!m_isYearRead) return std::vector<RateGap>();
+        return rateGaps(m_form.kind(), m_form.year(), m_year, m_wanted, month);
     };
     m_gaps = gapsOf(0);
     m_shownGaps = gapsOf(m_form.kind() == RateKind::fixed ? 0 : m_form.month());
 }
 
+void RateOverview::readAnew() {
+    m_isOutdated = true;
+    m_form.readRatesAnew();
+    follow();
+}
+
 std::string RateOverview::line() const {
-    return m_remark.empty() ? gapLine(m_form.kind(), m_shownGaps) : m_remark;
+    if (!m_remark.empty()) return m_remark;
+    return m_isYearRead ? gapLine(m_form.kind(), m_shownGaps) : texts::unreadable;
 }
 
 const RateRow* RateOverview::rowAt(int row) const {
@@ -87,7 +121,7 @@ std::string RateOverview::conversion(const std::string& amount, int row) const {
 std::optional<int> RateOverview::goToNextGap(int row) {
     const RateRow* line = rowAt(row);
     const Date behind = line != nullptr ? line->day : Date{};
-    const auto day = nextGap(m_form.kind(), m_gaps, behind);
+    const auto day = nextGap(m_gaps, behind);
     return day ? goToDay(*day) : std::nullopt;
 }
 
@@ -99,76 +133,92 @@ std::optional<int> RateOverview::goToDay(const Date& day) {
     return std::nullopt;
 }
 
-std::vector<RateChange> RateOverview::filling() const {
+GapFilling RateOverview::filling() {
+    readAnew();
     const _CyrencyInfo* currency = m_form.currency();
     if (currency == nullptr) return {};
-    return gapFilling(currency->lId, m_form.kind(), m_year, m_gaps);
+    GapFilling filling{.changes = gapFilling(currency->lId, m_form.kind(), m_year, m_gaps),
+                       .plan = {},
+                       .source = texts::fillSource};
+    for (const RateChange& change : filling.changes)
+        filling.plan.rows.push_back({.row = filling.plan.rows.size() + 1,
+                                     .code = rateTitle(change.kind, change.after.day),
+                                     .name = ftoa(change.after.rate),
+                                     .fate = RowFate::changed});
+    const int staying = missingIn(m_gaps) - static_cast<int>(filling.changes.size());
+    if (staying > 0) filling.source = fmt::format(texts::fillSourceInPart, staying);
+    return filling;
 }
 
-RowPlan RateOverview::shownFilling(const std::vector<RateChange>& filling) {
-    RowPlan plan;
-    for (const RateChange& change : filling)
-        plan.rows.push_back({.row = plan.rows.size() + 1,
-                             .code = rateTitle(change.kind, change.after.day),
-                             .name = ftoa(change.after.rate),
-                             .fate = RowFate::changed});
-    return plan;
+Outcome RateOverview::fill(const GapFilling& filling, const ImportProgress& progress) {
+    return writeRates(m_messages, filling.changes, progress);
 }
 
-Outcome RateOverview::fill(const std::vector<RateChange>& filling, const ImportProgress& progress) {
-    const Outcome outcome = writeRates(m_messages, filling, progress);
-    if (outcome == Outcome::done) noteWritten(filling);
-    return outcome;
-}
-
-void RateOverview::noteTyped(const RateRow& before, const RateRow& after) {
-    const _CyrencyInfo* currency = m_form.currency();
-    if (currency == nullptr || before == after) return;
-    m_journal.note({{currency->lId, m_form.kind(), before, after}});
-    readYear();
+void RateOverview::noteTyped(const RateEdit& edit) {
+    if (m_place.currency == 0 || edit.before == edit.after) return;
+    m_journal.note({{m_place.currency, m_place.kind, edit.before, edit.after}});
+    takeShownRows();
+    workOut();
     m_remark.clear();
-    const bool isAdjustment = before.rate == after.rate;
-    const double rate = isAdjustment ? after.adjustRate : after.rate;
-    const auto last = pointBefore(isAdjustment ? m_adjustments : m_rates, after.day);
+    const bool isAdjustment = edit.before.rate == edit.after.rate;
+    const double rate = isAdjustment ? edit.after.adjustRate : edit.after.rate;
+    const auto last = pointBefore(isAdjustment ? m_adjustments : m_rates, edit.after.day);
     if (last && markBeside(last->rate, rate) == RateMark::departure)
-        m_remark = fmt::format(texts::departs, rateTitle(m_form.kind(), after.day), ftoa(rate),
+        m_remark = fmt::format(texts::departs, rateTitle(m_place.kind, edit.after.day), ftoa(rate),
                                ftoa(last->rate));
 }
 
-void RateOverview::noteWritten(std::vector<RateChange> changes) {
-    if (changes.empty()) return;
-    const auto written = changes;
-    m_journal.note(std::move(changes));
-    show(written);
+std::optional<int> RateOverview::noteWritten(const std::vector<RateChange>& changes) {
+    if (changes.empty()) return std::nullopt;
+    m_journal.note(changes);
+    return show(changes);
 }
 
 void RateOverview::noteModified(const _CyrencyInfo& before, const _CyrencyInfo& after) {
     if (before.lId != after.lId) return;
-    const bool hasOtherMode = before.bMode != after.bMode;
-    const bool hasFewerDecimals = after.byDecimal < before.byDecimal;
-    if (!hasOtherMode && !hasFewerDecimals) return;
+    std::string meaning;
+    if (before.bMode != after.bMode) meaning += texts::otherMode;
+    if (after.byDecimal < before.byDecimal) meaning += texts::fewerDecimals;
+    if (before.fMaxError != after.fMaxError) meaning += texts::otherMaxError;
+    if (meaning.empty()) return;
     std::size_t count = 0;
-    for (const RateKind kind : {RateKind::fixed, RateKind::floating})
-        count += countOfRates(
-            m_service.rates(kind, after.lId, m_form.year()).value_or(std::vector<RateRow>()));
-    if (count == 0) return;
-    if (hasOtherMode)
-        m_remark = fmt::format(texts::otherMode, count);
-    else
-        m_remark = fmt::format(texts::fewerDecimals, count);
+    for (const RateKind kind : {RateKind::fixed, RateKind::floating}) {
+        const auto rows = m_service.rates(kind, after.lId, m_form.year());
+        if (!rows) return;
+        count += countOfRates(*rows);
+    }
+    if (count > 0) m_remark = fmt::format(texts::hasRates, count) + meaning;
+}
+
+std::optional<int> RateOverview::undo() { return step(m_journal.undoing(), &RateJournal::undo); }
+
+std::optional<int> RateOverview::redo() { return step(m_journal.redoing(), &RateJournal::redo); }
+
+std::optional<int> RateOverview::step(const std::vector<RateChange>& changes,
+                                      Outcome (RateJournal::*write)(IMessages&)) {
+    if (changes.empty() || m_form.currency() == nullptr) return std::nullopt;
+    const bool concernsShown =
+        std::ranges::count(changes, m_form.selectedId(), &RateChange::currency) > 0;
+    if (!concernsShown && !m_form.select(changes.front().currency)) return std::nullopt;
+    const Outcome outcome = (m_journal.*write)(m_messages);
+    if (outcome == Outcome::done) return show(changes);
+    if (outcome == Outcome::stale) readAnew();
+    return std::nullopt;
 }
 
 std::optional<int> RateOverview::show(const std::vector<RateChange>& changes) {
-    if (changes.empty()) return std::nullopt;
-    const RateChange& first = *std::ranges::min_element(
-        changes, {}, [](const RateChange& change) { return change.after.day; });
-    if (m_form.selectedId() != first.currency && !m_form.select(first.currency)) {
-        m_form.readRatesAnew();
-        return std::nullopt;
-    }
-    m_form.showKind(first.kind);
-    m_form.readRatesAnew();
-    return goToDay(first.after.day);
+    const auto ofShown = [this](const RateChange& change) {
+        return change.currency == m_form.selectedId();
+    };
+    // Of several currencies the one that is shown, or none.
+    std::vector<RateChange> shown;
+    std::ranges::copy_if(changes, std::back_inserter(shown), ofShown);
+    if (!shown.empty()) m_form.showKind(shown.front().kind);
+    readAnew();
+    if (shown.empty()) return std::nullopt;
+    return goToDay(std::ranges::min(shown, {}, [](const RateChange& change) {
+                       return change.after.day;
+                   }).after.day);
 }
 
 }  // namespace chengheng

@@ -13,19 +13,26 @@
 
 namespace chengheng {
 
+/// Gaps to be filled, as they are shown before.
+struct GapFilling {
+    std::vector<RateChange> changes;
+    RowPlan plan;
+    std::string source;  ///< what they are filled with, and how many stay
+};
+
 /// What stands around the grid of the rates that a form shows: the year as a picture, its gaps and
 /// strange rates, what was written and can be taken back. The form outlives it.
 class RateOverview {
   public:
-    /// Days behind `today` are still to come.
-    RateOverview(CurrencyForm& form, IMessages& messages, const Date& today)
-        : m_form(form), m_messages(messages), m_service(messages), m_today(today) {}
+    RateOverview(CurrencyForm& form, IMessages& messages, const RateSpan& wanted)
+        : m_form(form), m_messages(messages), m_service(messages), m_wanted(wanted) {}
 
-    /// Reads the year that belongs to what the form shows, where it shows another reading than
-    /// before. What was said of the last change goes with it. A year that cannot be read, which is
-    /// told, leaves no picture.
+    /// Brings the year to what the form shows, reading it where that is of another currency or
+    /// kind or was read anew. What was said of the last change goes with it. A year that cannot be
+    /// read, which is told, is said to be so in line and picture.
     void follow();
 
+    bool isYearRead() const { return m_isYearRead; }
     const std::vector<RatePoint>& rates() const { return m_rates; }
     const std::vector<RatePoint>& adjustments() const { return m_adjustments; }
     /// The days whose rates are strange, bookkeeping and adjustment rates apart.
@@ -41,39 +48,54 @@ class RateOverview {
     std::string conversion(const std::string& amount, int row) const;
 
     bool hasGaps() const { return !m_gaps.empty(); }
-    /// Shows the month of the next gap behind a row, all around the year; the row to go to.
+    /// Shows the month where the next gap behind a row begins, all around the year; the row.
     std::optional<int> goToNextGap(int row);
     /// Shows the month of a day; its row.
     std::optional<int> goToDay(const Date& day);
-    /// What filling the gaps of the year would write.
-    std::vector<RateChange> filling() const;
-    /// As a plan to be shown.
-    static RowPlan shownFilling(const std::vector<RateChange>& filling);
-    Outcome fill(const std::vector<RateChange>& filling, const ImportProgress& progress);
+    /// What filling the gaps of the year, as it is stored now, would write.
+    GapFilling filling();
+    Outcome fill(const GapFilling& filling, const ImportProgress& progress);
 
-    /// A rate was typed: its row before and after.
-    void noteTyped(const RateRow& before, const RateRow& after);
-    /// Rates were written together.
-    void noteWritten(std::vector<RateChange> changes);
+    /// The rate of a cell was typed: its row as it was stored before and is now.
+    void noteTyped(const RateEdit& edit);
+    /// Rates were written together; the row of the first of them.
+    std::optional<int> noteWritten(const std::vector<RateChange>& changes);
+    /// Others have changed the rates that are shown.
+    void readAnew();
     /// A currency was written over; what its rates are told by.
     void noteModified(const _CyrencyInfo& before, const _CyrencyInfo& after);
 
-    bool canUndo() const { return m_journal.canUndo(); }
-    bool canRedo() const { return m_journal.canRedo(); }
+    // Not while a currency is added. What concerns another currency asks first whether what was
+    // typed may be given up.
+    bool canUndo() const { return m_form.currency() != nullptr && m_journal.canUndo(); }
+    bool canRedo() const { return m_form.currency() != nullptr && m_journal.canRedo(); }
     /// Shows what it concerns; the row of the first of it. Nothing when nothing was written.
-    std::optional<int> undo() { return show(m_journal.undo(m_messages)); }
-    std::optional<int> redo() { return show(m_journal.redo(m_messages)); }
+    std::optional<int> undo();
+    std::optional<int> redo();
 
   private:
-    void readYear();
+    struct Place {
+        int currency = 0;
+        RateKind kind = RateKind::fixed;
+
+        bool operator==(const Place&) const = default;
+    };
+    Place placeNow() const;
+    void takeShownRows();
+    void workOut();
+    std::optional<int> step(const std::vector<RateChange>& changes,
+                            Outcome (RateJournal::*write)(IMessages&));
     std::optional<int> show(const std::vector<RateChange>& changes);
     const RateRow* rowAt(int row) const;
 
     CurrencyForm& m_form;
     IMessages& m_messages;
     CurrencyService m_service;
-    const Date m_today;
-    std::optional<unsigned> m_reading;  ///< of the form, that the year was read for
+    const RateSpan m_wanted;
+    std::optional<unsigned> m_reading;  ///< of the form, that the year belongs to
+    Place m_place;
+    bool m_isYearRead = false;
+    bool m_isOutdated = false;  ///< rates beside those that the form shows may be others now
     std::vector<RateRow> m_year;
     std::vector<RateGap> m_gaps;       ///< of the year
     std::vector<RateGap> m_shownGaps;  ///< of the months that are shown

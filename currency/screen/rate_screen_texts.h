@@ -5,9 +5,11 @@ namespace chengheng::rate_screen_texts {
 
 /// Where, its rate, and the one before.
 inline constexpr const char* departs = "{} 的汇率 {} 与之前的 {} 相差过半,按 Ctrl+Z 撤销";
-/// How many rates are there.
-inline constexpr const char* otherMode = "折算方式已改变,已录入的 {} 个汇率没有换算,请核对";
-inline constexpr const char* fewerDecimals = "汇率小数位已减少,已录入的 {} 个汇率没有舍入";
+// What a change of a currency means for its rates, each a sentence.
+inline constexpr const char* hasRates = "本年已录入 {} 个汇率:";
+inline constexpr const char* otherMode = "折算方式已改变,它们没有换算,请核对。";
+inline constexpr const char* fewerDecimals = "小数位已减少,它们没有舍入。";
+inline constexpr const char* otherMaxError = "最大误差已改变,以后按新的误差检查。";
 
 /// Amount, currency, times or divided by, rate, home amount, day.
 inline constexpr const char* conversion = "{} {} {} {} = {} 本位币({})";
@@ -24,6 +26,7 @@ inline constexpr const char* pictureTipMarked = "{}  {}(与之前的汇率相差
 /// First and last day with a rate, least and greatest rate.
 inline constexpr const char* pictureWords = "{} 至 {},最低 {},最高 {}";
 inline constexpr const char* pictureEmpty = "还没有汇率";
+inline constexpr const char* unreadable = "全年的汇率没有读出,缺口和图不完整";
 inline constexpr const char* pictureMarked = ",与之前相差较大的有 {} 处";
 
 // Menus.
@@ -36,6 +39,8 @@ inline constexpr const char* fillGaps = "补齐缺口...";
 inline constexpr const char* nothingToFill = "缺少的汇率之前没有可以沿用的汇率。";
 inline constexpr const char* fillTitle = "补齐缺口";
 inline constexpr const char* fillSource = "沿用之前最后一个汇率:";
+inline constexpr const char* fillSourceInPart =
+    "沿用之前最后一个汇率;另有 {} 个之前没有汇率,不能补齐:";
 inline constexpr const char* fill = "补齐";
 inline constexpr const char* fillReady = "请核对后按“补齐”,所有行将一次写入。";
 inline constexpr const char* pasteSource = "剪贴板的内容:";

@@ -1,7 +1,10 @@
 #include "currency/transfer/rate_import.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
+#include "base/values/amount_text.h"
 #include "currency/currency_change.h"
 #include "currency/currency_sql.h"
 #include "currency/transfer/rate_transfer_texts.h"
@@ -85,21 +88,33 @@ Outcome RateImport::apply(const RatePlan& plan, const ImportProgress& progress) 
     });
 }
 
+namespace {
+
+/// Whether every row begins with a day or month; a bare number may as well be a rate.
+bool beginWithTimes(const Sheet& block, RateKind kind, int year) {
+    return block.columnCount() > 1 && std::ranges::all_of(block.rows, [&](const SheetRow& row) {
+               const std::string text = row.empty() ? std::string() : cellText(row.front());
+               return !readAmount(text) && readRateTime(kind, text, year).has_value();
+           });
+}
+
+}  // namespace
+
 Sheet pastedRates(Sheet block, RateKind kind, const Date& from, bool isAdjustment) {
     if (block.rows.empty()) return block;
-    const char* const time = kind == RateKind::fixed ? texts::month : texts::day;
-    const auto firstText = [&block](std::size_t column) { return cellText(block.at(0, column)); };
-    const bool hasTimes =
-        readRateTime(kind, firstText(0), from.year).has_value() && block.columnCount() > 1;
-    const auto isHeading = [](const Cell& cell) {
+    const auto isTimeHeading = [](const Cell& cell) {
         return cellText(cell) == texts::day || cellText(cell) == texts::month;
     };
-    if (std::ranges::any_of(block.rows.front(), isHeading)) return block;
-    SheetRow headings{Cell::of(time)};
+    if (std::ranges::any_of(block.rows.front(), isTimeHeading)) return block;
+    const bool hasTimes = beginWithTimes(block, kind, from.year);
     const std::size_t figures = block.columnCount() - (hasTimes ? 1 : 0);
-    if (!isAdjustment) headings.push_back(Cell::of(texts::rate));
+    SheetRow headings{Cell::of(kind == RateKind::fixed ? texts::month : texts::day),
+                      Cell::of(texts::rate)};
     if (isAdjustment || figures > 1) headings.push_back(Cell::of(texts::adjustRate));
-    if (isAdjustment) headings.insert(headings.begin() + 1, Cell::of(texts::rate));
+    // A heading for what is one column too many, so that it is told to be left out.
+    const std::size_t named = isAdjustment ? 1 : 2;
+    for (std::size_t column = named + 1; column <= figures; ++column)
+        headings.push_back(Cell::of(fmt::format(texts::unknownColumn, column)));
     std::vector<Date> days = rateDays(kind, from.year);
     std::erase_if(days, [&from](const Date& day) { return day < from; });
     std::size_t next = 0;

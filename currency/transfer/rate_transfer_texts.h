@@ -59,6 +59,8 @@ inline constexpr const char* exportCommand = "导出...";
 inline constexpr const char* working = "正在写入,请稍候.....";
 inline constexpr const char* done = "导入完成:修改 {} 行汇率。";
 inline constexpr const char* exported = "汇率已导出到“{}”。";
+/// A column that was pasted without a heading, by its place.
+inline constexpr const char* unknownColumn = "第 {} 列";
 inline constexpr const char* clipboard = "剪贴板";
 
 }  // namespace chengheng::rate_transfer_texts

@@ -52,12 +52,16 @@ constexpr MenuItemResource ownEditCommands[] = {
 constexpr int decimalsWidth = 8;
 constexpr int maxErrorWidth = 24;
 
+Date beginOfBooks() {
+    return CGetData::m_pzAccountMInfo == nullptr ? Date{} : CGetData::m_pzAccountMInfo->dtStart;
+}
+
 }  // namespace
 
 CurrencyWindow::CurrencyWindow(QWidget* parent)
     : ListFormDialog(currencyWindow, parent),
       m_form(messages(), g_tmLogonTime.day),
-      m_overview(m_form, messages(), g_tmLogonTime.day),
+      m_overview(m_form, messages(), {.begin = beginOfBooks(), .today = g_tmLogonTime.day}),
       m_transfer(m_form, m_overview, messages(), *this) {}
 
 CurrencyWindow::~CurrencyWindow() {
@@ -136,11 +140,10 @@ void CurrencyWindow::showOpenness() {
 
 void CurrencyWindow::write(const RateCell& cell, const QString& text) {
     const std::int32_t rateId = m_form.sheet().idIn(cell.row);
-    const RateRow before = m_form.sheet().line(cell.row);
     Outcome outcome = Outcome::failed;
     carryOut([&] {
         outcome = m_form.endEdit(cell, text.toStdString());
-        if (outcome == Outcome::done) m_overview.noteTyped(before, m_form.sheet().line(cell.row));
+        if (outcome == Outcome::done) m_overview.noteTyped(m_form.lastEdit());
     });
     m_isUnwritten = outcome == Outcome::failed;
     if (!m_isUnwritten) return;
@@ -197,7 +200,7 @@ std::span<const MenuItemResource> CurrencyWindow::ownEditItems() const { return 
 void CurrencyWindow::showCommands() {
     const bool isOpen = m_form.isFormOpen();
     const bool hasRates = isOpen && m_form.currency() != nullptr;
-    setCommandEnabled(importCommand, isOpen);
+    setCommandEnabled(importCommand, hasRates);
     setCommandEnabled(exportCommand, hasRates);
     setCommandEnabled(undoCommand, isOpen && m_overview.canUndo());
     setCommandEnabled(redoCommand, isOpen && m_overview.canRedo());
@@ -213,13 +216,18 @@ bool CurrencyWindow::OnCommand(int command) {
     return true;
 }
 
+/// Enter in the converter saves nothing.
+void CurrencyWindow::OnOK() {
+    if (!m_rates->isConverting()) ListFormDialog::OnOK();
+}
+
 void CurrencyWindow::carryOutOnRates(int command) {
     const RateCell cell = m_rates->grid().current();
     std::optional<int> row;
     carryOut([&] {
         switch (command) {
             case importCommand:
-                m_transfer.importFile();
+                row = m_transfer.importFile();
                 break;
             case exportCommand:
                 m_transfer.exportFile();
@@ -231,13 +239,13 @@ void CurrencyWindow::carryOutOnRates(int command) {
                 row = m_overview.redo();
                 break;
             case pasteCommand:
-                m_transfer.paste(cell);
+                row = m_transfer.paste(cell);
                 break;
             case nextGapCommand:
                 row = m_overview.goToNextGap(cell.row);
                 break;
             case fillCommand:
-                m_transfer.fillGaps();
+                row = m_transfer.fillGaps();
                 break;
             default:
                 break;

@@ -27,6 +27,7 @@ class CurrencyWindow final : public ListFormDialog {
     std::span<const MenuItemResource> ownFileItems() const override;
     std::span<const MenuItemResource> ownEditItems() const override;
     bool OnCommand(int command) override;
+    void OnOK() override;
     bool finishTyping() override;
     void giveUpTyping() override;
 

@@ -95,7 +95,7 @@ void RatePanel::showRates() {
     m_grid->show(m_form.sheet(), m_form.currency() != nullptr, place == m_shown);
     m_grid->mark(m_overview.markedRates(), m_overview.markedAdjustments());
     m_shown = place;
-    m_picture->show(m_form.kind(), m_form.year(), m_overview.rates(), m_overview.adjustments());
+    m_picture->show(m_form.kind(), m_form.year(), m_overview);
     m_line->setText(shown(m_overview.line()));
     showConversion();
 }
@@ -105,10 +105,13 @@ void RatePanel::showConversion() {
         shown(m_overview.conversion(m_amount->text().toStdString(), m_grid->currentIndex().row())));
 }
 
+bool RatePanel::isConverting() const { return m_amount->hasFocus(); }
+
 void RatePanel::showOpenness() {
     m_fixed->setEnabled(m_form.isFormOpen());
     m_floating->setEnabled(m_form.isFormOpen());
     m_month->setEnabled(m_form.isMonthOpen());
+    m_amount->setEnabled(m_form.isFormOpen());
 }
 
 }  // namespace chengheng

@@ -27,6 +27,8 @@ class RatePanel final : public QWidget {
     void showOpenness();
     /// The amount of the converter in the current row, as the fields of the currency are now.
     void showConversion();
+    /// Whether the keyboard is in its amount.
+    bool isConverting() const;
     RateGrid& grid() { return *m_grid; }
 
   signals:

@@ -50,12 +50,12 @@ QSize RatePicture::minimumSizeHint() const {
     return {fontMetrics().averageCharWidth() * 20, fontMetrics().lineSpacing() * linesHigh};
 }
 
-void RatePicture::show(RateKind kind, int year, std::vector<RatePoint> rates,
-                       std::vector<RatePoint> adjustments) {
+void RatePicture::show(RateKind kind, int year, const RateOverview& overview) {
     m_kind = kind;
     m_year = year;
-    m_rates = std::move(rates);
-    m_adjustments = std::move(adjustments);
+    m_isRead = overview.isYearRead();
+    m_rates = overview.rates();
+    m_adjustments = overview.adjustments();
     bool isFirst = true;
     for (const auto* points : {&m_rates, &m_adjustments})
         for (const RatePoint& point : *points) {
@@ -67,14 +67,20 @@ void RatePicture::show(RateKind kind, int year, std::vector<RatePoint> rates,
     update();
 }
 
+const char* RatePicture::emptyWords() const {
+    return m_isRead ? texts::pictureEmpty : texts::unreadable;
+}
+
 /// What a reader of the screen is told of it.
 QString RatePicture::words() const {
-    if (m_rates.empty()) return shown(texts::pictureEmpty);
-    std::string text =
-        fmt::format(texts::pictureWords, rateTitle(m_kind, m_rates.front().day),
-                    rateTitle(m_kind, m_rates.back().day), ftoa(m_least), ftoa(m_greatest));
+    if (isEmpty() || !m_isRead) return shown(emptyWords());
+    std::vector<RatePoint> all = m_rates;
+    all.insert(all.end(), m_adjustments.begin(), m_adjustments.end());
+    const auto [first, last] = std::ranges::minmax_element(all, {}, &RatePoint::day);
+    std::string text = fmt::format(texts::pictureWords, rateTitle(m_kind, first->day),
+                                   rateTitle(m_kind, last->day), ftoa(m_least), ftoa(m_greatest));
     const auto marked = std::ranges::count_if(
-        m_rates, [](const RatePoint& point) { return point.mark != RateMark::none; });
+        all, [](const RatePoint& point) { return point.mark != RateMark::none; });
     if (marked > 0) text += fmt::format(texts::pictureMarked, marked);
     return shown(text);
 }
@@ -123,8 +129,8 @@ void RatePicture::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), Qt::white);
     painter.setPen(colours::quietInk);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    if (m_rates.empty() && m_adjustments.empty()) {
-        painter.drawText(rect(), Qt::AlignCenter, shown(texts::pictureEmpty));
+    if (isEmpty() || !m_isRead) {
+        painter.drawText(rect(), Qt::AlignCenter, shown(emptyWords()));
         return;
     }
     QColor month = colours::quietInk;

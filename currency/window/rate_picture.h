@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "currency/rates/rate_marks.h"
+#include "currency/screen/rate_overview.h"
 
 namespace chengheng {
 
@@ -18,8 +18,7 @@ class RatePicture final : public QWidget {
   public:
     explicit RatePicture(QWidget* parent = nullptr);
 
-    void show(RateKind kind, int year, std::vector<RatePoint> rates,
-              std::vector<RatePoint> adjustments);
+    void show(RateKind kind, int year, const RateOverview& overview);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     /// Where a rate is drawn.
@@ -39,9 +38,12 @@ class RatePicture final : public QWidget {
     bool areNeighbours(const RatePoint& one, const RatePoint& next) const;
     const RatePoint* nearest(QPointF place) const;
     QString words() const;
+    bool isEmpty() const { return m_rates.empty() && m_adjustments.empty(); }
+    const char* emptyWords() const;
 
     RateKind m_kind = RateKind::fixed;
     int m_year = 0;
+    bool m_isRead = true;
     std::vector<RatePoint> m_rates;
     std::vector<RatePoint> m_adjustments;
     double m_least = 0;

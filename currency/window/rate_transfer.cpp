@@ -22,39 +22,41 @@ int RateTransfer::currencyId() const {
     return m_form.currency() == nullptr ? 0 : m_form.currency()->lId;
 }
 
-bool RateTransfer::paste(const RateCell& cell) {
+std::optional<int> RateTransfer::paste(const RateCell& cell) {
     Sheet block;
     const std::string text = QApplication::clipboard()->text().toStdString();
     if (const auto failure = readClipboardBlock(text, block)) {
         m_messages.tell(sheetWarning(failure->text()));
-        return false;
+        return std::nullopt;
     }
     if (block.rows.empty() || m_form.currency() == nullptr) {
         m_messages.tell({.text = rate_screen_texts::nothingPasted});
-        return false;
+        return std::nullopt;
     }
-    const bool isAdjustment = cell.column == RateSheetColumn::adjustRate;
     RateImport import(m_messages, m_form.year(), {.currency = currencyId()});
     const auto plan =
         import.plan(pastedRates(std::move(block), m_form.kind(), m_form.sheet().line(cell.row).day,
-                                isAdjustment && m_form.kind() == RateKind::fixed),
+                                cell.column == RateSheetColumn::adjustRate),
                     words::clipboard);
-    return plan && applyShown(import, *plan, words::pasteTitle, rate_screen_texts::pasteSource, {});
+    if (!plan) return std::nullopt;
+    return importShown(import, *plan, words::pasteTitle, rate_screen_texts::pasteSource, {});
 }
 
-bool RateTransfer::importFile() {
+std::optional<int> RateTransfer::importFile() {
     const std::string file = chooseSheetToRead(&m_window, words::importTitle);
-    if (file.empty()) return false;
+    if (file.empty()) return std::nullopt;
     QuotingWindow quoting(&m_window);
-    if (quoting.DoModal() != QDialog::Accepted) return false;
+    if (quoting.DoModal() != QDialog::Accepted) return std::nullopt;
     RateImport import(m_messages, m_form.year(), quoting.quotedAs(currencyId()));
     const auto plan = import.plan(file);
-    return plan && applyShown(import, *plan, words::importTitle, {}, file);
+    if (!plan) return std::nullopt;
+    return importShown(import, *plan, words::importTitle, {}, file);
 }
 
-bool RateTransfer::applyShown(RateImport& import, const RatePlan& plan, const char* title,
-                              const std::string& source, const std::string& file) {
-    RowPlanWindow preview(
+std::optional<int> RateTransfer::importShown(RateImport& import, const RatePlan& plan,
+                                             const char* title, const std::string& source,
+                                             const std::string& file) {
+    return applyShown(
         {.title = title,
          .code = rate_screen_texts::time,
          .name = rate_screen_texts::rate,
@@ -62,32 +64,41 @@ bool RateTransfer::applyShown(RateImport& import, const RatePlan& plan, const ch
          .done = fmt::format(words::done, plan.count(RowFate::changed)),
          .source = source},
         plan, file, [&](const ImportProgress& progress) { return import.apply(plan, progress); },
-        &m_window);
-    if (preview.DoModal() != QDialog::Accepted) return false;
-    m_overview.noteWritten(plan.changes);
-    return true;
+        plan.changes);
 }
 
-bool RateTransfer::fillGaps() {
-    const std::vector<RateChange> filling = m_overview.filling();
-    if (filling.empty()) {
+std::optional<int> RateTransfer::fillGaps() {
+    const GapFilling filling = m_overview.filling();
+    if (filling.changes.empty()) {
         m_messages.tell({.text = rate_screen_texts::nothingToFill});
-        return false;
+        return std::nullopt;
     }
-    const RowPlan plan = RateOverview::shownFilling(filling);
-    RowPlanWindow preview(
+    return applyShown(
         {.title = rate_screen_texts::fillTitle,
          .code = rate_screen_texts::time,
          .name = rate_screen_texts::rate,
          .working = words::working,
          .done = {},
-         .source = rate_screen_texts::fillSource,
+         .source = filling.source,
          .button = rate_screen_texts::fill,
          .ready = rate_screen_texts::fillReady},
-        plan, {},
+        filling.plan, {},
         [&](const ImportProgress& progress) { return m_overview.fill(filling, progress); },
-        &m_window);
-    return preview.DoModal() == QDialog::Accepted;
+        filling.changes);
+}
+
+std::optional<int> RateTransfer::applyShown(const RowPlanWords& shown, const RowPlan& plan,
+                                            const std::string& file,
+                                            const RowPlanWindow::Apply& apply,
+                                            const std::vector<RateChange>& changes) {
+    Outcome outcome = Outcome::refused;
+    RowPlanWindow preview(
+        shown, plan, file,
+        [&](const ImportProgress& progress) { return outcome = apply(progress); }, &m_window);
+    preview.DoModal();
+    if (outcome == Outcome::done) return m_overview.noteWritten(changes);
+    if (outcome == Outcome::stale) m_overview.readAnew();
+    return std::nullopt;
 }
 
 void RateTransfer::exportFile() {

@@ -46,7 +46,9 @@ class CurrencyMeetings : public testing::TestWithParam<EngineCase> {
         return books.everything();
     }
     static Outcome writeRate(CurrencyBooks& books, RateColumn column, double value) {
-        return CurrencyService(books.messages).writeRate(RateKind::fixed, 1, 2, column, value);
+        RateEdit written;
+        return CurrencyService(books.messages)
+            .writeRate(RateKind::fixed, 1, 2, column, value, written);
     }
 };
 

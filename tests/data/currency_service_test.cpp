@@ -59,6 +59,7 @@ class Currencies : public testing::TestWithParam<EngineCase> {
 
     CurrencyBooks m_books{freshLocation(GetParam())};
     CurrencyService m_service{m_books.messages};
+    RateEdit m_written;
     std::vector<_CyrencyInfo> m_currencies;
 };
 
@@ -235,7 +236,8 @@ TEST_P(Currencies, ThatAreGoneAreToldOnceWhateverIsDone) {
     };
     tellsOnce([&] { return modify(1, {"JPY", "日元"}); });
     tellsOnce([&] { return m_service.remove(1, false); });
-    tellsOnce([&] { return m_service.writeRate(RateKind::fixed, 1, 1, RateColumn::rate, 7); });
+    tellsOnce(
+        [&] { return m_service.writeRate(RateKind::fixed, 1, 1, RateColumn::rate, 7, m_written); });
     tellsOnce([&] {
         _CyrencyInfo read;
         bool isUsed = false;
@@ -328,10 +330,14 @@ TEST_P(Currencies, WantOneToBeSelectedForDeletion) {
 
 TEST_P(Currencies, HaveOneRateWrittenOverWhatIsStoredNow) {
     using enum RateColumn;
-    ASSERT_EQ(m_service.writeRate(RateKind::fixed, 1, 3, rate, 7.25), Outcome::done);
+    ASSERT_EQ(m_service.writeRate(RateKind::fixed, 1, 3, rate, 7.25, m_written), Outcome::done);
     m_books.run("UPDATE ExchgFix SET dRate = 7.5 WHERE lId = 3");
-    ASSERT_EQ(m_service.writeRate(RateKind::fixed, 1, 3, adjustRate, 7.125), Outcome::done);
-    ASSERT_EQ(m_service.writeRate(RateKind::floating, 2, 370, rate, 0.05), Outcome::done);
+    ASSERT_EQ(m_service.writeRate(RateKind::fixed, 1, 3, adjustRate, 7.125, m_written),
+              Outcome::done);
+    EXPECT_EQ(m_written, (RateEdit{{3, {2026, 3, 1}, 3, 7.5, 0}, {3, {2026, 3, 1}, 3, 7.5, 7.125}}))
+        << "as it was stored, not as it was shown";
+    ASSERT_EQ(m_service.writeRate(RateKind::floating, 2, 370, rate, 0.05, m_written),
+              Outcome::done);
     EXPECT_EQ(m_books.filledRates("ExchgFix"), (Texts{"3 1 2026-03-01 3 7.5 7.125"}));
     EXPECT_EQ(m_books.filledRates("ExchgFlt"), (Texts{"370 2 2026-01-05 1 0.05 0"}));
     EXPECT_FALSE(m_books.holdsLocks());
@@ -340,7 +346,8 @@ TEST_P(Currencies, HaveOneRateWrittenOverWhatIsStoredNow) {
 
 TEST_P(Currencies, TellOfARateThatIsGone) {
     m_books.run("DELETE ExchgFix WHERE lId = 3");
-    EXPECT_EQ(m_service.writeRate(RateKind::fixed, 1, 3, RateColumn::rate, 7.25), Outcome::stale);
+    EXPECT_EQ(m_service.writeRate(RateKind::fixed, 1, 3, RateColumn::rate, 7.25, m_written),
+              Outcome::stale);
     EXPECT_EQ(said(), "|该汇率记录已被删除,汇率表已重新读入。");
 }
 
@@ -367,8 +374,8 @@ TEST_P(Currencies, ShowNoBoxWhileLocksAreHeld) {
     removeAfterYes(2);
     m_books.run("DELETE Cyrency WHERE lId = 1\nDELETE ExchgFlt WHERE lId = 400");
     modify(1, {"X", "新"});
-    m_service.writeRate(RateKind::fixed, 1, 1, RateColumn::rate, 7);
-    m_service.writeRate(RateKind::floating, 2, 400, RateColumn::rate, 7);
+    m_service.writeRate(RateKind::fixed, 1, 1, RateColumn::rate, 7, m_written);
+    m_service.writeRate(RateKind::floating, 2, 400, RateColumn::rate, 7, m_written);
     EXPECT_THAT(
         m_books.messages.texts(),
         ElementsAre("币符不唯一!", "币符不唯一", HasSubstr("是否删除"), "该外币已经使用,不能删除!",
@@ -385,7 +392,8 @@ TEST_P(Currencies, TellWhyNothingIsDoneWithoutTheDatabase) {
     EXPECT_EQ(add(pound), Outcome::failed);
     EXPECT_EQ(modify(1, pound), Outcome::failed);
     EXPECT_EQ(m_service.remove(1, false), Outcome::failed);
-    EXPECT_EQ(m_service.writeRate(RateKind::fixed, 1, 1, RateColumn::rate, 7), Outcome::failed);
+    EXPECT_EQ(m_service.writeRate(RateKind::fixed, 1, 1, RateColumn::rate, 7, m_written),
+              Outcome::failed);
     ASSERT_EQ(m_books.messages.notices().size(), 7u) << "one for each";
     for (const Notice& notice : m_books.messages.notices())
         EXPECT_EQ(notice.text, "帐套文件“books”没有打开。\n请先打开帐套。");

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "currency/currency_form.h"
+#include "currency/screen/rate_overview.h"
+#include "currency/transfer/rate_import.h"
 #include "data/layout/layout.h"
+#include "sheets/delimited/delimited_text.h"
 #include "tests/support/currency_books.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/killed_process.h"
@@ -23,6 +26,27 @@ struct CurrencyAtWork {
     CurrencyBooks books;
     CurrencyForm form{books.messages, {2026, 5, 31}};
 };
+
+/// Brings rates of both currencies from a sheet.
+Outcome importRates(CurrencyBooks& books, const std::string& rate) {
+    Sheet sheet;
+    EXPECT_FALSE(readCsv(
+        "日期,USD,JPY\n2026-01-02," + rate + "," + rate + "\n2026-01-03," + rate + ",\n", sheet));
+    RateImport import(books.messages, 2026, {});
+    const auto plan = import.plan(std::move(sheet), "汇率.csv");
+    return plan ? import.apply(*plan) : Outcome::failed;
+}
+
+/// A day of each month, filled with the rate before it.
+std::vector<RateChange> fillingOf(const std::vector<RateRow>& rows, double rate) {
+    std::vector<RateChange> changes;
+    for (const RateRow& row : rows) {
+        RateRow filled = row;
+        filled.rate = rate;
+        if (filled != row) changes.push_back({1, RateKind::fixed, row, filled});
+    }
+    return changes;
+}
 
 std::unique_ptr<FaultyEngine> failableBooks(const EngineCase& engineCase) {
     auto engine = openForTest(freshLocation(engineCase));
@@ -140,6 +164,54 @@ TEST_P(CurrencyTrouble, AFailedCallLeavesARateAsItWas) {
         6);
 }
 
+TEST_P(CurrencyTrouble, AFailedCallLeavesAnImportOfRatesWholeOrUndone) {
+    failEachCall([](CurrencyAtWork&, int) {},
+                 [](CurrencyAtWork& work) {
+                     static int times = 0;
+                     const std::string rate = "7." + std::to_string(++times);
+                     return importRates(work.books, rate) == Outcome::done;
+                 },
+                 12);
+}
+
+TEST_P(CurrencyTrouble, AFailedCallLeavesAllOfManyRatesAsTheyWere) {
+    failEachCall([](CurrencyAtWork& work, int) { work.form.readRatesAnew(); },
+                 [](CurrencyAtWork& work) {
+                     static int times = 0;
+                     std::vector<RateRow> rows;
+                     for (int row = 0; row < work.form.sheet().rowCount(); ++row)
+                         rows.push_back(work.form.sheet().line(row));
+                     return writeRates(work.books.messages, fillingOf(rows, ++times)) ==
+                            Outcome::done;
+                 },
+                 16);
+}
+
+TEST_P(CurrencyTrouble, AFailedReadOfAYearIsNoYearWithoutRates) {
+    CurrencyAtWork work(failableBooks(GetParam()));
+    work.books.insert("USD", "美元");
+    work.books.run("UPDATE ExchgFlt SET dRate = 7 WHERE lId < 5");
+    RateOverview overview(work.form, work.books.messages, {});
+    work.form.open();
+    overview.follow();
+    work.form.showKind(RateKind::floating);
+    work.books.messages.forget();
+    work.engine.failCall(1, Failure::lost);
+    overview.follow();
+    work.engine.failCall(0);
+    EXPECT_FALSE(overview.isYearRead());
+    EXPECT_EQ(overview.line(), "全年的汇率没有读出,缺口和图不完整");
+    EXPECT_FALSE(overview.hasGaps());
+    EXPECT_EQ(work.books.messages.notices().size(), 1u);
+    overview.follow();
+    EXPECT_EQ(work.books.messages.notices().size(), 1u) << "told once";
+    work.form.showMonth(1);
+    overview.follow();
+    EXPECT_TRUE(overview.isYearRead());
+    EXPECT_EQ(overview.rates().size(), 4u);
+    EXPECT_EQ(overview.line(), "");
+}
+
 TEST_P(CurrencyTrouble, AFailedCallKeepsSelectionKindAndMonthWhereTheyWere) {
     const std::function<bool(CurrencyAtWork&)> commands[] = {
         [](CurrencyAtWork& work) { return work.form.select(2); },
@@ -196,6 +268,14 @@ TEST_P(CurrencyTrouble, TakesAndFreesTheAccountsFirst) {
     locks.forget();
     EXPECT_EQ(work.form.endEdit({0, RateSheetColumn::rate}, "7"), Outcome::done);
     EXPECT_EQ(locks.log(), change) << "a rate";
+    locks.forget();
+    EXPECT_EQ(importRates(work.books, "7.5"), Outcome::done);
+    EXPECT_EQ(locks.log(), change) << "an import";
+    locks.forget();
+    EXPECT_EQ(writeRates(work.books.messages, fillingOf({work.form.sheet().line(1)}, 7)),
+              Outcome::done);
+    EXPECT_EQ(locks.log(), change) << "many rates";
+    work.books.messages.forget();
     locks.forget();
     work.form.input.decimals = "1";
     EXPECT_FALSE(work.form.save());
@@ -273,6 +353,16 @@ TEST_P(CurrencyCrashes, LeaveADeletionWholeOrUndone) {
             EXPECT_EQ(changed.size(), 1 + 12 + 365 + 3u);
             EXPECT_EQ(changed[0], "2 2 JPY 日元 1 5 1e-05");
         });
+}
+
+TEST_P(CurrencyCrashes, LeaveAnImportOfRatesWholeOrUndone) {
+    killAtEachCall([](CurrencyAtWork& work) { importRates(work.books, "7.5"); },
+                   [](const Texts& changed) {
+                       std::size_t written = 0;
+                       for (const std::string& row : changed)
+                           written += row.find(" 7.5 0") != std::string::npos;
+                       EXPECT_EQ(written, 3u);
+                   });
 }
 
 CHENGHENG_ON_SHARED_ENGINES(CurrencyCrashes);

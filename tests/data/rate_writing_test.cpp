@@ -55,12 +55,22 @@ TEST_P(RateWritings, OfSeveralCurrenciesAndKindsAreOneChange) {
 TEST_P(RateWritings, AreNoneWhereOneRateIsNoLongerAsItWasSeen) {
     const std::vector<RateChange> changes{change(1, RateKind::fixed, 0, 7.1),
                                           change(2, RateKind::fixed, 1, 8.1)};
-    m_books.run("UPDATE ExchgFix SET dAdjustRate = 9 WHERE lId = 14");
+    m_books.run("UPDATE ExchgFix SET dRate = 9 WHERE lId = 14");
     const Texts before = rates();
     EXPECT_EQ(write(changes), Outcome::stale);
     EXPECT_EQ(m_books.messages.onlyNotice().text, changedMeanwhile);
     EXPECT_EQ(rates(), before);
     EXPECT_FALSE(m_books.holdsLocks());
+}
+
+TEST_P(RateWritings, LeaveTheOtherRateOfARowAsItIsNow) {
+    const std::vector<RateChange> changes{change(1, RateKind::fixed, 0, 7.1)};
+    m_books.run("UPDATE ExchgFix SET dAdjustRate = 9 WHERE lId = 1");
+    EXPECT_EQ(write(changes), Outcome::done);
+    EXPECT_EQ(rates(), Texts{"1 1 2026-01-01 1 7.1 9"});
+    m_books.run("UPDATE ExchgFix SET dAdjustRate = 8 WHERE lId = 1");
+    EXPECT_EQ(write(takenBack(changes)), Outcome::done);
+    EXPECT_EQ(rates(), Texts{"1 1 2026-01-01 1 0 8"});
 }
 
 TEST_P(RateWritings, AreNoneWhereARowIsGoneOrOfAnotherDay) {
@@ -111,16 +121,21 @@ TEST_P(RateWritings, AreTakenBackAndDoneAgainStepByStep) {
         journal.note(std::move(step));
     }
     EXPECT_FALSE(journal.canRedo());
-    EXPECT_EQ(journal.undo(m_books.messages).size(), 1u);
+    EXPECT_EQ(journal.undo(m_books.messages), Outcome::done);
     EXPECT_EQ(rates(), Texts{"1 1 2026-01-01 1 7.1 0"});
-    EXPECT_EQ(journal.undo(m_books.messages).front().after.rate, 0);
+    EXPECT_EQ(journal.undoing().front().after.rate, 0);
+    EXPECT_EQ(journal.undo(m_books.messages), Outcome::done);
     EXPECT_EQ(rates(), Texts{});
     EXPECT_FALSE(journal.canUndo());
-    EXPECT_TRUE(journal.undo(m_books.messages).empty());
-    EXPECT_EQ(journal.redo(m_books.messages).size(), 1u);
-    EXPECT_EQ(journal.redo(m_books.messages).front().after.rate, 7.2);
+    EXPECT_TRUE(journal.undoing().empty());
+    EXPECT_EQ(journal.undo(m_books.messages), Outcome::done) << "nothing to do";
+    EXPECT_EQ(journal.redo(m_books.messages), Outcome::done);
+    EXPECT_EQ(journal.redoing().front().after.rate, 7.2);
+    EXPECT_EQ(journal.redo(m_books.messages), Outcome::done);
     EXPECT_EQ(rates(), Texts{"1 1 2026-01-01 1 7.2 0"});
-    EXPECT_TRUE(journal.redo(m_books.messages).empty());
+    EXPECT_TRUE(journal.redoing().empty());
+    EXPECT_EQ(journal.redo(m_books.messages), Outcome::done);
+    EXPECT_EQ(rates(), Texts{"1 1 2026-01-01 1 7.2 0"});
 }
 
 TEST_P(RateWritings, ThatWereTakenBackAreForgottenWhenAnotherFollows) {
@@ -130,12 +145,13 @@ TEST_P(RateWritings, ThatWereTakenBackAreForgottenWhenAnotherFollows) {
         ASSERT_EQ(write(step), Outcome::done);
         journal.note(std::move(step));
         if (rate == 7.1) {
-            journal.undo(m_books.messages);
+            EXPECT_EQ(journal.undo(m_books.messages), Outcome::done);
             EXPECT_TRUE(journal.canRedo());
         }
     }
     EXPECT_FALSE(journal.canRedo());
-    EXPECT_EQ(journal.undo(m_books.messages).front().before.rate, 7.2);
+    EXPECT_EQ(journal.undoing().front().before.rate, 7.2);
+    EXPECT_EQ(journal.undo(m_books.messages), Outcome::done);
     EXPECT_FALSE(journal.canUndo());
 }
 
@@ -146,15 +162,15 @@ TEST_P(RateWritings, ThatNoLongerFitTheBooksAreDroppedFromTheSteps) {
         ASSERT_EQ(write(step), Outcome::done);
         journal.note(std::move(step));
     }
-    journal.undo(m_books.messages);
+    ASSERT_EQ(journal.undo(m_books.messages), Outcome::done);
     m_books.run("UPDATE ExchgFix SET dRate = 9 WHERE lId = 2 OR lId = 3");
-    EXPECT_TRUE(journal.undo(m_books.messages).empty());
+    EXPECT_EQ(journal.undo(m_books.messages), Outcome::stale);
     EXPECT_EQ(m_books.messages.onlyNotice().text, changedMeanwhile);
     m_books.messages.forget();
-    EXPECT_TRUE(journal.redo(m_books.messages).empty());
+    EXPECT_EQ(journal.redo(m_books.messages), Outcome::stale);
     EXPECT_EQ(m_books.messages.onlyNotice().text, changedMeanwhile);
     EXPECT_FALSE(journal.canRedo());
-    EXPECT_EQ(journal.undo(m_books.messages).size(), 1u);
+    EXPECT_EQ(journal.undo(m_books.messages), Outcome::done);
     EXPECT_EQ(rates(), (Texts{"2 1 2026-02-01 2 9 0", "3 1 2026-03-01 3 9 0"}));
 }
 

@@ -8,7 +8,7 @@ using namespace chengheng;
 
 namespace {
 
-constexpr Date noDay{2026, 1, 1};
+constexpr RateSpan noDay{};
 
 /// A year's rows of a kind, those of the days given with a rate.
 std::vector<RateRow> rowsOf(RateKind kind, int year,
@@ -22,8 +22,9 @@ std::vector<RateRow> rowsOf(RateKind kind, int year,
     return rows;
 }
 
-std::vector<RateGap> months(const std::vector<std::pair<Date, double>>& rates, const Date& today) {
-    return rateGaps(RateKind::fixed, 2026, rowsOf(RateKind::fixed, 2026, rates), today);
+std::vector<RateGap> months(const std::vector<std::pair<Date, double>>& rates,
+                            const RateSpan& wanted) {
+    return rateGaps(RateKind::fixed, 2026, rowsOf(RateKind::fixed, 2026, rates), wanted);
 }
 
 }  // namespace
@@ -35,12 +36,14 @@ TEST(RateGaps, AreTheMonthsBeforeTheLastRateThatHaveNone) {
 }
 
 TEST(RateGaps, ReachToTodayButNotBeyond) {
-    EXPECT_EQ(months({{{2026, 1, 1}, 7.1}}, {2026, 3, 15}),
+    EXPECT_EQ(months({{{2026, 1, 1}, 7.1}}, {.today = {2026, 3, 15}}),
               (std::vector<RateGap>{{{2026, 2, 1}, {2026, 3, 1}, 2}}));
-    EXPECT_EQ(months({{{2026, 1, 1}, 7.1}}, {2025, 3, 15}), std::vector<RateGap>{});
+    EXPECT_EQ(months({{{2026, 1, 1}, 7.1}}, {.today = {2025, 3, 15}}), std::vector<RateGap>{});
 }
 
-TEST(RateGaps, AreNoneInAYearWithoutAnyRate) { EXPECT_TRUE(months({}, {2026, 12, 31}).empty()); }
+TEST(RateGaps, AreNoneInAYearWithoutAnyRate) {
+    EXPECT_TRUE(months({}, {.today = {2026, 12, 31}}).empty());
+}
 
 TEST(RateGaps, OfAMonthAreItsDaysThoughTheLastRateIsLater) {
     const auto rows = rowsOf(RateKind::floating, 2026,
@@ -71,18 +74,24 @@ TEST(RateGaps, ReadAsALineThatNamesTheFirstOfThem) {
 TEST(RateGaps, AreVisitedOneAfterTheOtherAndFromTheFirstAgain) {
     const std::vector<RateGap> gaps{{{2026, 3, 4}, {2026, 3, 5}, 2},
                                     {{2026, 3, 9}, {2026, 3, 9}, 1}};
-    const auto next = [&gaps](const Date& day) { return nextGap(RateKind::floating, gaps, day); };
+    const auto next = [&gaps](const Date& day) { return nextGap(gaps, day); };
     EXPECT_EQ(next({2026, 1, 1}), (Date{2026, 3, 4}));
-    EXPECT_EQ(next({2026, 3, 4}), (Date{2026, 3, 5}));
+    EXPECT_EQ(next({2026, 3, 4}), (Date{2026, 3, 9})) << "the next one, not its next day";
     EXPECT_EQ(next({2026, 3, 5}), (Date{2026, 3, 9}));
     EXPECT_EQ(next({2026, 3, 9}), (Date{2026, 3, 4}));
-    EXPECT_EQ(nextGap(RateKind::floating, {}, {2026, 3, 9}), std::nullopt);
+    EXPECT_EQ(nextGap({}, {2026, 3, 9}), std::nullopt);
+}
+
+TEST(RateGaps, BeginWithTheBooks) {
+    EXPECT_EQ(months({{{2026, 6, 1}, 7.1}}, {.begin = {2026, 4, 1}}),
+              (std::vector<RateGap>{{{2026, 4, 1}, {2026, 5, 1}, 2}}));
+    EXPECT_EQ(months({{{2026, 6, 1}, 7.1}}, {.begin = {2026, 6, 1}}), std::vector<RateGap>{});
 }
 
 TEST(RateGaps, AreFilledWithTheLastRateBeforeEach) {
     const auto rows = rowsOf(RateKind::fixed, 2026,
                              {{{2026, 2, 1}, 7.1}, {{2026, 4, 1}, 7.2}, {{2026, 6, 1}, 7.3}});
-    const auto gaps = rateGaps(RateKind::fixed, 2026, rows, {2026, 7, 31});
+    const auto gaps = rateGaps(RateKind::fixed, 2026, rows, {.today = {2026, 7, 31}});
     const auto filling = gapFilling(9, RateKind::fixed, rows, gaps);
     ASSERT_EQ(filling.size(), 3u);  // nothing is there before January
     const std::vector<std::pair<int, double>> expected{{3, 7.1}, {5, 7.2}, {7, 7.3}};

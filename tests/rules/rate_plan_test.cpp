@@ -267,5 +267,31 @@ TEST_F(RatePlans, TakePastedDaysAndHeadingsAsTheyAre) {
     EXPECT_EQ(changes(), (Texts{"1 2026-03-04 7.1 0", "1 2026-03-05 7.2 0"}));
     pasted({"日期,EUR", "2026-03-04,0.128"});
     EXPECT_EQ(changes(), Texts{"3 2026-03-04 0.128 0"});
+    const Sheet months =
+        pastedRates(cellsOf({"7,7.05", "8,8.05"}), RateKind::fixed, {2026, 1, 1}, false);
+    ASSERT_FALSE(m_sheet.read(months, m_records));
+    m_plan = planRates(m_sheet, m_quotedAs, stateOf(RateKind::fixed));
+    EXPECT_EQ(changes(), (Texts{"1 2026-01-01 7 7.05", "1 2026-02-01 8 8.05"}))
+        << "whole rates are no months";
     EXPECT_TRUE(pastedRates({}, RateKind::fixed, {2026, 1, 1}, false).rows.empty());
+}
+
+TEST_F(RatePlans, TellColumnsThatWerePastedBeyondTheirPlace) {
+    ASSERT_FALSE(m_sheet.read(
+        pastedRates(cellsOf({"7.1,7.2,7.3"}), RateKind::fixed, {2026, 1, 1}, false), m_records));
+    m_plan = planRates(m_sheet, m_quotedAs, stateOf(RateKind::fixed));
+    EXPECT_EQ(changes(), Texts{"1 2026-01-01 7.1 7.2"});
+    EXPECT_EQ(m_plan.ignored, Texts{"第 3 列"});
+    ASSERT_FALSE(m_sheet.read(
+        pastedRates(cellsOf({"7.1,7.2"}), RateKind::fixed, {2026, 1, 1}, true), m_records));
+    m_plan = planRates(m_sheet, m_quotedAs, stateOf(RateKind::fixed));
+    EXPECT_EQ(changes(), Texts{"1 2026-01-01 0 7.1"});
+    EXPECT_EQ(m_plan.ignored, Texts{"第 2 列"});
+}
+
+TEST_F(RatePlans, RefuseToPasteAtTheAdjustmentRatesOfDays) {
+    ASSERT_FALSE(m_sheet.read(
+        pastedRates(cellsOf({"#7.1"}), RateKind::floating, {2026, 1, 1}, true), m_records));
+    m_plan = planRates(m_sheet, m_quotedAs, stateOf(RateKind::floating));
+    EXPECT_EQ(refusals(), Texts{"第 2 行 C 列:浮动汇率的调整汇率不能录入"});
 }

@@ -104,11 +104,13 @@ TEST(RateSheet, GivesAnEditorTheRateAsOneTypesItAndNothingForZero) {
 
 TEST(RateSheet, ShowsWhatWasWritten) {
     RateSheet sheet = monthsOf2026();
-    sheet.put({2, adjustRate}, 8.5);
+    sheet.put(2, {.rate = 1234.5, .adjustRate = 8.5});
     EXPECT_EQ(sheet.text({2, adjustRate}), "8.50000");
     EXPECT_EQ(sheet.text({2, rate}), "1,234.50000");
-    sheet.put({2, rate}, 0);
+    sheet.put(2, {.rate = 0, .adjustRate = 8.5});
     EXPECT_EQ(sheet.text({2, rate}), "");
+    EXPECT_EQ(sheet.text({2, RateSheetColumn::time}), "2026.03");
+    EXPECT_EQ(sheet.rowOf(13), 2);
 }
 
 TEST(RateSheet, FindsTheRowOfAStoredRate) {

@@ -51,10 +51,18 @@ TEST_F(RateOverviewTest, TellsTheGapsOfWhatIsShown) {
 }
 
 TEST_F(RateOverviewTest, GoesFromGapToGap) {
+    stand(3, 1);
+    keys("0");
+    press(Qt::Key_Return);
+    books.run("UPDATE ExchgFix SET dRate = 7 WHERE lId = 3");
+    floatingRate().click();
+    fixedRate().click();
+    settle();
+    EXPECT_EQ(line(), "缺 2 个月:2026.02、2026.04");
     press(Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(place(), "1 1");
     press(Qt::Key_G, Qt::ControlModifier);
-    EXPECT_EQ(place(), "2 1");
+    EXPECT_EQ(place(), "3 1");
     press(Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(place(), "1 1") << "from the first again";
 }
@@ -116,11 +124,14 @@ TEST_F(RateOverviewTest, TellsThatRatesStayAsTheyAreWhenTheModeOrTheDecimalsChan
     divided().click();
     ok().click();
     settle();
-    EXPECT_EQ(line(), "折算方式已改变,已录入的 3 个汇率没有换算,请核对");
+    EXPECT_EQ(line(),
+              "本年已录入 3 个汇率:折算方式已改变,它们没有换算,请核对。"
+              "最大误差已改变,以后按新的误差检查。")
+        << "the maximum error is written as it is shown";
     decimals().setText("2");
     ok().click();
     settle();
-    EXPECT_EQ(line(), "汇率小数位已减少,已录入的 3 个汇率没有舍入");
+    EXPECT_EQ(line(), "本年已录入 3 个汇率:小数位已减少,它们没有舍入。");
     EXPECT_EQ(fixed().front(), "1 1 2026-01-01 1 7 0");
 }
 
@@ -167,10 +178,13 @@ TEST_F(RateOverviewTest, GoesToTheDayThatIsClickedInThePicture) {
 }
 
 TEST_F(RateOverviewTest, OffersNothingOnRatesWhileACurrencyIsAdded) {
+    keys("7.5");
+    press(Qt::Key_Return);
+    ASSERT_TRUE(command("撤销").isEnabled());
     choose("增加");
-    for (const char* text : {"粘贴汇率...", "下一个缺口", "补齐缺口...", "导出..."})
+    for (const char* text :
+         {"粘贴汇率...", "下一个缺口", "补齐缺口...", "导入...", "导出...", "撤销", "重做"})
         EXPECT_FALSE(command(text).isEnabled()) << text;
-    EXPECT_TRUE(command("导入...").isEnabled());
     EXPECT_EQ(line(), "");
     EXPECT_EQ(converted(), "");
 }
@@ -182,5 +196,95 @@ TEST_F(RateOverviewTest, LeavesNothingToTakeBackThatAnotherWorkstationChanged) {
     choose("撤销");
     EXPECT_EQ(books.messages.onlyNotice().text, "汇率在此期间已有改动,没有写入。\n请核对后重试。");
     EXPECT_EQ(fixed().front(), "1 1 2026-01-01 1 8 0");
+    EXPECT_EQ(cell(0, 1), "8.00000") << "as it is now";
     EXPECT_FALSE(command("撤销").isEnabled());
+}
+
+TEST_F(RateOverviewTest, TakesBackToWhatWasStoredNotToWhatWasShown) {
+    books.run("UPDATE ExchgFix SET dRate = 7.2, dAdjustRate = 9 WHERE lId = 1");
+    ASSERT_EQ(cell(0, 1), "7.00000");
+    keys("7.3");
+    press(Qt::Key_Return);
+    EXPECT_EQ(cell(0, 2), "9.00000") << "the other rate as it is stored";
+    choose("撤销");
+    EXPECT_EQ(fixed().front(), "1 1 2026-01-01 1 7.2 9");
+    EXPECT_EQ(cell(0, 1), "7.20000");
+}
+
+TEST_F(RateOverviewTest, FillsWhatIsMissingNowNotWhatWasShown) {
+    books.run("UPDATE ExchgFix SET dRate = 7.05 WHERE lId = 2");
+    CurrencyBooks* other = &books;
+    {
+        NextModal plan([other](QWidget& shown) {
+            const auto* rows = shown.findChild<CVCF1*>()->model();
+            ASSERT_EQ(rows->rowCount(), 1);
+            EXPECT_EQ(rows->index(0, 3).data().toString(), "7.05");
+            other->run("UPDATE ExchgFix SET dRate = 7.08 WHERE lId = 3");
+            clickOn(shown, "补齐");
+        });
+        choose("补齐缺口...");
+    }
+    EXPECT_EQ(books.messages.onlyNotice().text, "汇率在此期间已有改动,没有写入。\n请核对后重试。");
+    EXPECT_EQ(cell(2, 1), "7.08000") << "read anew";
+    EXPECT_EQ(line(), "");
+}
+
+TEST_F(RateOverviewTest, SaysThatGapsBeforeTheFirstRateStay) {
+    books.run(
+        "UPDATE ExchgFix SET dRate = 0 WHERE lId = 1\n"
+        "UPDATE ExchgFix SET dRate = 7 WHERE lId = 2");
+    {
+        NextModal plan([](QWidget& shown) {
+            bool isSaid = false;
+            for (const QLabel* label : shown.findChildren<QLabel*>())
+                isSaid = isSaid || label->text() ==
+                                       QString::fromUtf8(
+                                           "沿用之前最后一个汇率;另有 1 个之前没有汇率,不能补齐:");
+            EXPECT_TRUE(isSaid);
+            QTest::keyClick(&shown, Qt::Key_Escape);
+        });
+        choose("补齐缺口...");
+    }
+    EXPECT_EQ(fixed().size(), 3u);
+}
+
+TEST_F(RateOverviewTest, AsksBeforeItTakesBackWhatConcernsAnotherCurrency) {
+    keys("7.5");
+    press(Qt::Key_Return);
+    tree().setCurrentIndex(tree().model()->index(1, 0));
+    settle();
+    ASSERT_EQ(selectedLeaf(), "日元");
+    name().setText("日圆");
+    books.messages.willAnswer(Answer::no);
+    choose("撤销");
+    EXPECT_EQ(fixed().front(), "1 1 2026-01-01 1 7.5 0") << "nothing is written unseen";
+    EXPECT_EQ(name().text(), "日圆");
+    books.messages.willAnswer(Answer::yes);
+    choose("撤销");
+    EXPECT_EQ(fixed().front(), "1 1 2026-01-01 1 7 0");
+    EXPECT_EQ(selectedLeaf(), "美元");
+}
+
+TEST_F(RateOverviewTest, SavesNothingByEnterInTheConverterAndClosesItWhileARateIsTyped) {
+    name().setText("美金");
+    ASSERT_TRUE(ok().isEnabled());
+    auto& amount = control<QLineEdit>("amount");
+    amount.setFocus();
+    press(Qt::Key_Return);
+    EXPECT_TRUE(ok().isEnabled());
+    EXPECT_TRUE(amount.hasFocus());
+    stand(0, 1);
+    keys("7");
+    EXPECT_FALSE(amount.isEnabled());
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(amount.isEnabled());
+}
+
+TEST_F(RateOverviewTest, GoesToTheFirstRateThatWasPasted) {
+    copy("月份\t汇率\n2026.08\t7.3\n2026.09\t7.4\n");
+    {
+        const NextModal plan = accepting("粘贴汇率", "导入");
+        choose("粘贴汇率...");
+    }
+    EXPECT_EQ(place(), "7 1");
 }
