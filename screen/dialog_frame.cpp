@@ -1,6 +1,7 @@
 #include "screen/dialog_frame.h"
 
 #include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -10,6 +11,8 @@
 
 #include "screen/fonts.h"
 #include "screen/host_events.h"
+#include "screen/screen_texts.h"
+#include "screen/shown.h"
 #include "session/host_messages.h"
 
 namespace chengheng {
@@ -78,6 +81,16 @@ void DialogFrame::done(int result) {
 
 void DialogFrame::EndDialog(int result) {
     if (!m_isEnded) done(result);
+}
+
+QDialogButtonBox* DialogFrame::makeConfirmation() {
+    auto* buttons = new QDialogButtonBox(this);
+    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
+    confirm->setDefault(true);
+    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { OnOK(); }));
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    return buttons;
 }
 
 void DialogFrame::PostCommand(int command) {

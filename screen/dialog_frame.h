@@ -5,6 +5,8 @@
 
 #include "screen/guarded.h"
 
+class QDialogButtonBox;
+
 namespace chengheng {
 
 /// What OnCtlColor is asked to colour.
@@ -77,6 +79,9 @@ class DialogFrame : public QDialog {
     void UpdateData(bool isSaving = true) { DoDataExchange(isSaving); }
 
     void EndDialog(int result);
+    /// The buttons of most dialogs: 确定, which is the default one and OnOK, and 取消, which ends
+    /// it.
+    QDialogButtonBox* makeConfirmation();
 
     IMessages& messages() const { return m_messages; }
     /// Wraps a slot: `connect(button, &QPushButton::clicked, this, guarded([this] {...}))`.

@@ -13,6 +13,7 @@
 #include "data/engine/engine.h"
 #include "opening/storing/saving.h"
 #include "session/last_failure.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/output_file.h"
@@ -141,13 +142,10 @@ ExitCode exportAuxiliary(Tool& tool, const AuxiliaryOptions& options) {
 CLI::App* add(CLI::App& app, Tool& tool, const char* name, const char* summary,
               const std::shared_ptr<AuxiliaryOptions>& options, const char* fileText,
               ExitCode (*run)(Tool&, const AuxiliaryOptions&)) {
-    CLI::App* command = app.add_subcommand(name, summary);
-    command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
+    CLI::App* command = addBooksCommand(app, tool, name, summary, options->books,
+                                        [&tool, options, run] { return run(tool, *options); });
     command->add_option("ACCOUNT", options->account, tool_texts::entryAccountArgument)->required();
     command->add_option("FILE", options->file, fileText)->required();
-    command->callback([&tool, options, run] {
-        tool.action = [&tool, options, run] { return run(tool, *options); };
-    });
     return command;
 }
 

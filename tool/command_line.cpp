@@ -62,6 +62,14 @@ void alignHelp(CLI::App& app) {
     app.formatter(help);
 }
 
+CLI::App* addBooksCommand(CLI::App& app, Tool& tool, const char* name, const char* summary,
+                          std::string& location, std::function<ExitCode()> run) {
+    CLI::App* command = app.add_subcommand(name, summary);
+    command->add_option("BOOKS", location, tool_texts::booksArgument)->required();
+    command->callback([&tool, run = std::move(run)] { tool.action = run; });
+    return command;
+}
+
 CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberRange range,
                        const char* text) {
     const auto read = [name, &number, range](const std::string& digits) {

@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include "tool/tool.h"
+
 namespace CLI {
 class App;
 class Option;
@@ -19,6 +21,11 @@ struct NumberRange {
 
 /// Lays the help out for a terminal, where a Chinese character is as wide as two Latin ones.
 void alignHelp(CLI::App& app);
+
+/// Adds a command on the books at a location, which is its first argument; `run` does its work once
+/// the command line has been read.
+CLI::App* addBooksCommand(CLI::App& app, Tool& tool, const char* name, const char* summary,
+                          std::string& location, std::function<ExitCode()> run);
 
 /// Adds an option that takes a whole number, always read as a decimal one: 010 is ten.
 CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberRange range,

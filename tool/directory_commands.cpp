@@ -6,6 +6,7 @@
 
 #include "data/engine/engine.h"
 #include "directories/transfer/directory_import.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/output_file.h"
 #include "tool/row_import.h"
@@ -65,12 +66,9 @@ ExitCode exportNamed(Tool& tool, const DirectoryOptions& options) {
 CLI::App* add(CLI::App& app, Tool& tool, const char* name, const char* summary,
               const std::shared_ptr<DirectoryOptions>& options,
               ExitCode (*run)(Tool&, const DirectoryOptions&)) {
-    CLI::App* command = app.add_subcommand(name, summary);
-    command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
+    CLI::App* command = addBooksCommand(app, tool, name, summary, options->books,
+                                        [&tool, options, run] { return run(tool, *options); });
     command->add_option("KIND", options->kind, tool_texts::directoryArgument)->required();
-    command->callback([&tool, options, run] {
-        tool.action = [&tool, options, run] { return run(tool, *options); };
-    });
     return command;
 }
 

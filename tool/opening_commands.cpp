@@ -14,6 +14,7 @@
 #include "session/last_failure.h"
 #include "session/open_books.h"
 #include "sheets/files/sheet_export.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/output_file.h"
@@ -171,12 +172,8 @@ ExitCode exportOpening(Tool& tool, const OpeningOptions& options) {
 CLI::App* add(CLI::App& app, Tool& tool, const char* name, const char* summary,
               const std::shared_ptr<OpeningOptions>& options,
               ExitCode (*run)(Tool&, const OpeningOptions&)) {
-    CLI::App* command = app.add_subcommand(name, summary);
-    command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
-    command->callback([&tool, options, run] {
-        tool.action = [&tool, options, run] { return run(tool, *options); };
-    });
-    return command;
+    return addBooksCommand(app, tool, name, summary, options->books,
+                           [&tool, options, run] { return run(tool, *options); });
 }
 
 }  // namespace

@@ -85,12 +85,8 @@ ExitCode exportRatesOf(Tool& tool, const RateOptions& options) {
 CLI::App* add(CLI::App& app, Tool& tool, const char* name, const char* summary,
               const std::shared_ptr<RateOptions>& options,
               ExitCode (*run)(Tool&, const RateOptions&)) {
-    CLI::App* command = app.add_subcommand(name, summary);
-    command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
-    command->callback([&tool, options, run] {
-        tool.action = [&tool, options, run] { return run(tool, *options); };
-    });
-    return command;
+    return addBooksCommand(app, tool, name, summary, options->books,
+                           [&tool, options, run] { return run(tool, *options); });
 }
 
 }  // namespace

@@ -10,7 +10,6 @@
 
 #include "accounts/screen/chart_texts.h"
 #include "screen/resources.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -51,14 +50,9 @@ void DesignationWindow::buildControls() {
         list->setMinimumWidth(listCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     form->addRow(shown(chart_texts::designateCash), m_cash);
     form->addRow(shown(chart_texts::designateBank), m_bank);
-    auto* buttons = new QDialogButtonBox(this);
+    auto* buttons = makeConfirmation();
     auto* note = new QPushButton(shown(chart_texts::designateNote), this);
     note->hide();
-    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { OnOK(); }));
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
 
     auto* fields = new QHBoxLayout;
     fields->addWidget(picture);

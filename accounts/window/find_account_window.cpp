@@ -3,11 +3,9 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "accounts/screen/chart_texts.h"
-#include "screen/screen_texts.h"
 
 namespace chengheng {
 namespace {
@@ -22,13 +20,7 @@ FindAccountWindow::FindAccountWindow(QWidget* parent)
     m_field->setMinimumWidth(wantedCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     auto* form = new QFormLayout;
     form->addRow(QString::fromUtf8(chart_texts::findLabel), m_field);
-    auto* buttons = new QDialogButtonBox(this);
-    auto* confirm =
-        buttons->addButton(QString::fromUtf8(screen_texts::confirm), QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    buttons->addButton(QString::fromUtf8(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    auto* buttons = makeConfirmation();
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(form);
     rows->addWidget(buttons);

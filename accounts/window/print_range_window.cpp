@@ -3,13 +3,11 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "accounts/screen/chart_texts.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -43,12 +41,7 @@ void PrintRangeWindow::buildControls() {
     form->addRow(shown(chart_texts::rangeLastCode), m_lastCode);
     form->addRow(shown(chart_texts::rangeFirstLevel), m_firstLevel);
     form->addRow(shown(chart_texts::rangeLastLevel), m_lastLevel);
-    auto* buttons = new QDialogButtonBox(this);
-    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { OnOK(); }));
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    auto* buttons = makeConfirmation();
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(form);
     rows->addWidget(buttons);

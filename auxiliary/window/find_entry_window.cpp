@@ -10,7 +10,6 @@
 
 #include "auxiliary/members/auxiliary_texts.h"
 #include "screen/forms/limited_edit.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -42,13 +41,8 @@ void FindEntryWindow::buildControls() {
     rows->addLayout(fields);
     m_fields.build(*fields, m_member, *directions, messages());
     for (const DimensionField& field : m_fields.dimensions) field.view->hide();
-    auto* buttons = new QDialogButtonBox(this);
-    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    auto* buttons = makeConfirmation();
     rows->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { OnOK(); }));
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
     connect(m_fields.pickDate, &QPushButton::clicked, this,
             guarded([this] { pickDateFor(*m_fields.date, *this); }));
 }

@@ -1,7 +1,6 @@
 #include <fmt/format.h>
 
 #include <map>
-#include <utility>
 #include <vector>
 
 #include "books/checking/integrity_parts.h"
@@ -39,16 +38,10 @@ Status noteGapsOf(CheckedBooks& books, FaultList& notes, RateKind kind, std::int
 }  // namespace
 
 Status noteRateGaps(CheckedBooks& books, FaultList& notes) {
-    std::vector<std::pair<std::int64_t, std::string>> currencies;
-    Status status =
-        forEachRow(books.engine(), integrity_sql::currencies, {}, [&currencies](const Cursor& row) {
-            currencies.emplace_back(row.integer(0), row.text(1));
-            return Status::done();
-        });
-    for (const auto& [id, symbol] : currencies)
-        for (const RateKind kind : {RateKind::fixed, RateKind::floating})
-            if (status) status = noteGapsOf(books, notes, kind, id, symbol);
-    return status;
+    return forEachCurrency(books, [&](std::int64_t id, const std::string& symbol) {
+        const Status status = noteGapsOf(books, notes, RateKind::fixed, id, symbol);
+        return status ? noteGapsOf(books, notes, RateKind::floating, id, symbol) : status;
+    });
 }
 
 }  // namespace chengheng

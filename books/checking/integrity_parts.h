@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -82,6 +83,11 @@ class FaultList {
     std::vector<IntegrityFault>& m_faults;
     const char* m_check;
 };
+
+/// Runs work on each currency, by its id and symbol, until one fails.
+Status forEachCurrency(
+    CheckedBooks& books,
+    const std::function<Status(std::int64_t id, const std::string& symbol)>& work);
 
 // The checks themselves; the list in integrity_check.cpp says what each is about.
 

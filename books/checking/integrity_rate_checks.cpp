@@ -67,7 +67,17 @@ Status checkRatesOf(CheckedBooks& books, FaultList& faults, const RateTable& kin
     return status;
 }
 
-Status checkRates(CheckedBooks& books, FaultList& faults, const RateTable& kind) {
+Status checkRates(CheckedBooks& books, FaultList& faults, const RateTable& table) {
+    return forEachCurrency(books, [&](std::int64_t id, const std::string& symbol) {
+        return checkRatesOf(books, faults, table, id, symbol);
+    });
+}
+
+}  // namespace
+
+Status forEachCurrency(
+    CheckedBooks& books,
+    const std::function<Status(std::int64_t id, const std::string& symbol)>& work) {
     std::vector<std::pair<std::int64_t, std::string>> currencies;
     Status status =
         forEachRow(books.engine(), integrity_sql::currencies, {}, [&currencies](const Cursor& row) {
@@ -75,11 +85,9 @@ Status checkRates(CheckedBooks& books, FaultList& faults, const RateTable& kind)
             return Status::done();
         });
     for (const auto& [id, symbol] : currencies)
-        if (status) status = checkRatesOf(books, faults, kind, id, symbol);
+        if (status) status = work(id, symbol);
     return status;
 }
-
-}  // namespace
 
 Status checkFixedRates(CheckedBooks& books, FaultList& faults) {
     return checkRates(books, faults, fixedRates);

@@ -2,12 +2,10 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
 #include "currency/currency_texts.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -21,12 +19,7 @@ ListChoiceWindow::ListChoiceWindow(bool areOfDays, QWidget* parent) : CNxMiddleD
     m_wholeYear->setVisible(areOfDays);
     m_wholeYear->setEnabled(false);
     connect(m_rates, &QRadioButton::toggled, m_wholeYear, &QWidget::setEnabled);
-    auto* buttons = new QDialogButtonBox(this);
-    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    auto* buttons = makeConfirmation();
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_currencies);
     column->addWidget(m_rates);

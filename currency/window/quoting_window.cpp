@@ -2,13 +2,11 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
 #include "currency/screen/rate_screen_texts.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -28,12 +26,7 @@ QuotingWindow::QuotingWindow(QWidget* parent) : CNxMiddleDialog(parent) {
     auto* fields = new QFormLayout;
     fields->addRow(shown(texts::units), m_units);
     column->addLayout(fields);
-    auto* buttons = new QDialogButtonBox(this);
-    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    auto* buttons = makeConfirmation();
     column->addWidget(buttons);
     m_asConverted->setFocus();
 }

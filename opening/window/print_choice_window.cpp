@@ -5,11 +5,9 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "opening/sheet/opening_texts.h"
-#include "screen/screen_texts.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -22,12 +20,7 @@ PrintChoiceWindow::PrintChoiceWindow(std::size_t lines, std::size_t withoutFigur
     m_leavesOut->setChecked(leavesOut);
     auto* count = new QLabel(
         shown(fmt::format(opening_texts::linesWithoutFigures, lines, withoutFigures)), this);
-    auto* buttons = new QDialogButtonBox(this);
-    auto* confirm = buttons->addButton(shown(screen_texts::confirm), QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    auto* buttons = makeConfirmation();
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(count);
     rows->addWidget(m_leavesOut);

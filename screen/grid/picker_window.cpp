@@ -100,11 +100,7 @@ void PickerWindow::buildControls() {
     label->setBuddy(m_wanted);
     m_grid->setGridModel(m_rows.get());
     m_grid->horizontalHeader()->setStretchLastSection(true);
-    m_buttons = new QDialogButtonBox(this);
-    auto* confirm = m_buttons->addButton(QString::fromUtf8(screen_texts::confirm),
-                                         QDialogButtonBox::AcceptRole);
-    confirm->setDefault(true);
-    m_buttons->addButton(QString::fromUtf8(screen_texts::cancel), QDialogButtonBox::RejectRole);
+    m_buttons = makeConfirmation();
     auto* search = new QHBoxLayout;
     search->addWidget(label);
     search->addWidget(m_wanted);
@@ -113,8 +109,6 @@ void PickerWindow::buildControls() {
     rows->addWidget(m_grid, 1);
     rows->addWidget(m_buttons);
     connect(m_wanted, &QLineEdit::textChanged, this, &PickerWindow::narrow);
-    connect(m_buttons, &QDialogButtonBox::accepted, this, [this] { EndDialog(Accepted); });
-    connect(m_buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
     connect(m_grid, &CVCF1::doubleClicked, this, [this] { EndDialog(Accepted); });
     connect(m_grid, &CVCF1::keyDown, this, [this](int key) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter) EndDialog(Accepted);
