@@ -11,6 +11,7 @@
 #include "bench/silent_messages.h"
 #include "bench/timing.h"
 #include "currency/currency_form.h"
+#include "currency/screen/rate_overview.h"
 #include "session/host_globals.h"
 
 namespace {
@@ -18,6 +19,7 @@ namespace {
 using bench::require;
 using chengheng::CurrencyForm;
 using chengheng::RateKind;
+using chengheng::RateOverview;
 
 constexpr int accounts = 500;
 constexpr int currencies = 50;
@@ -128,7 +130,9 @@ class CurrenciesBench {
         pair.ours = [this] {
             for (int time = 0; time < times; ++time) {
                 CurrencyForm form(m_messages, {year, 5, 31});
+                RateOverview overview(form, m_messages, {});
                 form.open();
+                overview.follow();
                 require(form.leaves().rowCount() == currencies &&
                             form.sheet().rowCount() == months && !form.isUsed(),
                         "opening");
@@ -139,8 +143,10 @@ class CurrenciesBench {
 
     void showing() {
         CurrencyForm form(m_messages, {year, 5, 31});
+        RateOverview overview(form, m_messages, {});
         form.open();
         form.showKind(RateKind::floating);
+        overview.follow();
         bench::Pair pair;
         pair.floor = [this] {
             for (int time = 0; time < times; ++time) {
@@ -151,6 +157,7 @@ class CurrenciesBench {
         pair.ours = [&] {
             for (int time = 0; time < times; ++time) {
                 form.showMonth(time % 2 + 7);
+                overview.follow();
                 require(form.sheet().rowCount() == 31 && form.sheet().idIn(30) != 0, "a month");
             }
         };

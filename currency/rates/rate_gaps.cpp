@@ -3,12 +3,16 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
+#include <bitset>
 
 #include "currency/rates/rate_texts.h"
 
 namespace chengheng {
 namespace {
+
+/// A place for each day of a year.
+constexpr std::size_t daySlots = 13 * 32;
+std::size_t slotOf(const Date& day) { return day.month * 32u + day.day; }
 
 std::string rangeText(RateKind kind, const RateGap& gap) {
     const std::string first = rateTitle(kind, gap.first);
@@ -20,17 +24,20 @@ std::string rangeText(RateKind kind, const RateGap& gap) {
 
 std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> rows,
                               const RateSpan& wanted, int month) {
-    std::set<Date> rated;
-    for (const RateRow& row : rows)
-        if (row.rate != 0) rated.insert(row.day);
-    if (rated.empty()) return {};
-    const Date end = std::max(*rated.rbegin(), wanted.today);
+    std::bitset<daySlots> rated;
+    Date end = wanted.today;
+    for (const RateRow& row : rows) {
+        if (row.rate == 0 || row.day.year != year) continue;
+        rated.set(slotOf(row.day));
+        end = std::max(end, row.day);
+    }
+    if (rated.none()) return {};
     std::vector<RateGap> gaps;
     bool isInGap = false;
     for (const Date& day : rateDays(kind, year, month)) {
         if (day < wanted.begin) continue;
         if (day > end) break;
-        const bool isMissing = !rated.contains(day);
+        const bool isMissing = !rated[slotOf(day)];
         if (isMissing && !isInGap) gaps.push_back({.first = day, .last = day, .count = 0});
         isInGap = isMissing;
         if (!isMissing) continue;

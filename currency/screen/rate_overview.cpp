@@ -55,19 +55,23 @@ void RateOverview::follow() {
         m_isYearRead = rows.has_value();
         m_year = std::move(rows).value_or(std::vector<RateRow>());
     }
-    if (place.currency != 0) takeShownRows();
-    workOut();
+    const bool hasOthers = place.currency != 0 && takeShownRows();
+    if (hasOthers || !isKnown) workOut();
+    findShownGaps();
 }
 
-/// What the form shows was read later than the year.
-void RateOverview::takeShownRows() {
-    std::set<Date> shown;
+/// What the form shows was read later than the year. Whether that has others there.
+bool RateOverview::takeShownRows() {
+    std::vector<RateRow> shown;
     for (int row = 0; row < m_form.sheet().rowCount(); ++row)
-        shown.insert(m_form.sheet().line(row).day);
-    std::erase_if(m_year, [&shown](const RateRow& row) { return shown.contains(row.day); });
-    for (int row = 0; row < m_form.sheet().rowCount(); ++row)
-        if (m_form.sheet().idIn(row) != 0) m_year.push_back(m_form.sheet().line(row));
-    std::ranges::sort(m_year, {}, &RateRow::day);
+        if (m_form.sheet().idIn(row) != 0) shown.push_back(m_form.sheet().line(row));
+    const Date first = m_form.sheet().line(0).day;
+    const Date last = m_form.sheet().line(m_form.sheet().rowCount() - 1).day;
+    const auto begin = std::ranges::lower_bound(m_year, first, {}, &RateRow::day);
+    const auto end = std::ranges::upper_bound(m_year, last, {}, &RateRow::day);
+    if (std::ranges::equal(std::ranges::subrange(begin, end), shown)) return false;
+    m_year.insert(m_year.erase(begin, end), shown.begin(), shown.end());
+    return true;
 }
 
 void RateOverview::workOut() {
@@ -75,12 +79,16 @@ void RateOverview::workOut() {
     m_adjustments = adjustmentPoints(m_year);
     m_markedRates = markedDays(m_rates);
     m_markedAdjustments = markedDays(m_adjustments);
-    const auto gapsOf = [this](int month) {
-        if (!m_isYearRead) return std::vector<RateGap>();
-        return rateGaps(m_form.kind(), m_form.year(), m_year, m_wanted, month);
-    };
     m_gaps = gapsOf(0);
-    m_shownGaps = gapsOf(m_form.kind() == RateKind::fixed ? 0 : m_form.month());
+}
+
+void RateOverview::findShownGaps() {
+    m_shownGaps = m_place.kind == RateKind::fixed ? m_gaps : gapsOf(m_form.month());
+}
+
+std::vector<RateGap> RateOverview::gapsOf(int month) const {
+    if (!m_isYearRead) return {};
+    return rateGaps(m_place.kind, m_form.year(), m_year, m_wanted, month);
 }
 
 void RateOverview::readAnew() {
@@ -159,6 +167,7 @@ void RateOverview::noteTyped(const RateEdit& edit) {
     m_journal.note({{m_place.currency, m_place.kind, edit.before, edit.after}});
     takeShownRows();
     workOut();
+    findShownGaps();
     m_remark.clear();
     const bool isAdjustment = edit.before.rate == edit.after.rate;
     const double rate = isAdjustment ? edit.after.adjustRate : edit.after.rate;

@@ -81,8 +81,10 @@ class RateOverview {
         bool operator==(const Place&) const = default;
     };
     Place placeNow() const;
-    void takeShownRows();
+    bool takeShownRows();
     void workOut();
+    void findShownGaps();
+    std::vector<RateGap> gapsOf(int month) const;
     std::optional<int> step(const std::vector<RateChange>& changes,
                             Outcome (RateJournal::*write)(IMessages&));
     std::optional<int> show(const std::vector<RateChange>& changes);
