@@ -17,7 +17,7 @@
 namespace chengheng {
 namespace {
 
-constexpr int amountCharacters = 16;
+constexpr int amountCharacters = 12;
 
 }  // namespace
 

@@ -23,10 +23,13 @@ void addLines(QVBoxLayout& rows, const std::vector<std::string>& lines) {
     }
 }
 
-int firstRefusedRow(const PlanModel& rows) {
+int firstRowToLookAt(const PlanModel& rows) {
+    int questionable = 0;
+    for (int row = rows.rowCount() - 1; row >= 0; --row)
+        if (rows.isQuestionable(row)) questionable = row;
     for (int row = 0; row < rows.rowCount(); ++row)
         if (rows.isRefused(row)) return row;
-    return 0;
+    return questionable;
 }
 
 }  // namespace
@@ -47,7 +50,7 @@ void PlanWindow::buildControls(const PlanContent& content) {
     auto* grid = new CVCF1(shown(content.rowsName), CVCF1::Unit::row, this);
     grid->setGridModel(m_rows.get());
     grid->horizontalHeader()->setStretchLastSection(true);
-    grid->setCurrentRow(firstRefusedRow(*m_rows));
+    grid->setCurrentRow(firstRowToLookAt(*m_rows));
     auto* rows = new QVBoxLayout(this);
     addLines(*rows, content.above);
     rows->addWidget(grid, 1);

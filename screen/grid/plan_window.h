@@ -17,6 +17,8 @@ class PlanModel : public GridModel {
     using GridModel::GridModel;
 
     virtual bool isRefused(int row) const = 0;
+    /// Whether something will be asked about it.
+    virtual bool isQuestionable(int) const { return false; }
 
   protected:
     QColor foreground(int row, int column) const override;
@@ -32,7 +34,8 @@ struct PlanContent {
     bool mayBeApplied;
 };
 
-/// Shows a plan before it is done, with the first refused row in sight; nothing is done but what
+/// Shows a plan before it is done, with the first refused row in sight, or else
+/// the first that is to be asked about; nothing is done but what
 /// is shown.
 class PlanWindow : public CNxMiddleDialog {
     Q_OBJECT

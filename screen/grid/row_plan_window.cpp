@@ -40,6 +40,7 @@ class PlannedRows final : public PlanModel {
         return parent.isValid() ? 0 : static_cast<int>(m_plan.rows.size());
     }
     bool isRefused(int row) const override { return planned(row).fate == RowFate::refused; }
+    bool isQuestionable(int row) const override { return !planned(row).questions.empty(); }
 
   protected:
     QString text(int row, int column) const override {

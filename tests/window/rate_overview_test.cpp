@@ -149,6 +149,18 @@ TEST_F(RateOverviewTest, PastesRatesFromTheCurrentCellOnAfterShowingThem) {
     EXPECT_EQ(fixed().size(), 3u) << "one step";
 }
 
+TEST_F(RateOverviewTest, ShowsTheFirstRateThatIsAskedAboutBeforeItIsPasted) {
+    copy("7\n7\n7\n70\n7\n");
+    {
+        const NextModal plan([](QWidget& shown) {
+            EXPECT_EQ(shown.findChild<CVCF1*>()->currentRow(), 3);
+            QTest::keyClick(&shown, Qt::Key_Escape);
+        });
+        choose("粘贴汇率...");
+    }
+    EXPECT_EQ(fixed().size(), 3u);
+}
+
 TEST_F(RateOverviewTest, PastesNothingFromAnEmptyClipboard) {
     copy("");
     choose("粘贴汇率...");
