@@ -144,7 +144,7 @@ if(CHENGHENG_WINDOWS)
     if(CHENGHENG_TOGETHER)
         set_target_properties(test_window PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
         target_precompile_headers(test_window
-            PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/common_window_test_headers.h)
+            PRIVATE ${CMAKE_SOURCE_DIR}/tests/window/common_window_test_headers.h)
     endif()
     add_test(NAME window COMMAND test_window)
     set_tests_properties(window PROPERTIES

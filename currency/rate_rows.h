@@ -11,7 +11,7 @@ namespace chengheng {
 /// A stored rate of a currency.
 struct RateRow {
     std::int32_t id = 0;
-    Date day;  ///< of a fixed rate the first of its month
+    Date day = {};  ///< of a fixed rate the first of its month
     int period = 0;
     double rate = 0;        ///< bookkeeping rate; 0: none
     double adjustRate = 0;  ///< adjustment rate; 0: none

@@ -51,9 +51,9 @@ using SheetRow = std::vector<Cell>;
 
 /// What a spreadsheet file holds: rows of cells. Rows may differ in length.
 struct Sheet {
-    std::string name;
-    std::vector<SheetColumn> columns;  ///< may be fewer than the cells of a row
-    bool hasHeader = false;            ///< the first row names the columns
+    std::string name = {};
+    std::vector<SheetColumn> columns = {};  ///< may be fewer than the cells of a row
+    bool hasHeader = false;                 ///< the first row names the columns
     std::vector<SheetRow> rows;
 
     /// The cell of a row and column, counted from 0; an absent one beyond their ends.

@@ -11,8 +11,8 @@ namespace chengheng {
 /// The account whose opening balance is entered, as its window knows it.
 struct AuxiliaryAccount {
     std::int32_t id = 0;
-    std::string code;
-    std::string name;
+    std::string code = {};
+    std::string name = {};
     bool isDebit = false;
     bool hasForeign = false;
     bool hasQuantity = false;
@@ -20,11 +20,11 @@ struct AuxiliaryAccount {
 
 /// What an opening entry says; the amounts are those of its own direction.
 struct EntryContent {
-    Date date;
-    std::string sign;         ///< voucher type; may be empty
+    Date date = {};
+    std::string sign = {};    ///< voucher type; may be empty
     std::int32_t number = 0;  ///< of the voucher; 0: none
-    std::string summary;
-    EntryDimensions of;
+    std::string summary = {};
+    EntryDimensions of = {};
     bool isDebit = false;
     double money = 0;
     double foreign = 0;

@@ -16,8 +16,8 @@ struct _SignInfo {
     std::string sSign;  ///< number, at most 2 characters
     std::string sSignName;
     std::uint8_t byLimit = 0;  ///< 0 none, 1 借方必有, 2 贷方必有, 3 借贷必无
-    std::string sCode1;        ///< restriction account one
-    std::string sCode2;        ///< restriction account two
+    std::string sCode1 = {};   ///< restriction account one
+    std::string sCode2 = {};   ///< restriction account two
 
     bool operator==(const _SignInfo&) const = default;
 };

@@ -1,5 +1,6 @@
 #include "screen/report/report_paper.h"
 
+#include <QSizeF>
 #include <cmath>
 
 namespace chengheng {

@@ -396,8 +396,9 @@ class OlderSource : public testing::TestWithParam<std::tuple<EngineCase, EngineC
         std::erase_if(old, number);
         EXPECT_EQ(kept, old);
         for (const chengheng::TableDigest& digest : contentOf(location))
-            if (std::ranges::count(m_content, digest.table, &chengheng::TableDigest::table) == 0)
+            if (std::ranges::count(m_content, digest.table, &chengheng::TableDigest::table) == 0) {
                 EXPECT_EQ(digest.rows, 0) << digest.table;
+            }
         EXPECT_EQ(readSql(*engine, "SELECT byKind FROM Enter"),
                   (std::vector<std::vector<std::string>>{{"0"}}));
     }

@@ -100,7 +100,9 @@ TEST_P(CurrencyTrouble, AFailedCallLeavesAnAdditionWholeOrUndone) {
         [](CurrencyAtWork& work) {
             const CurrencyInput typed = work.form.input;
             const bool isDone = work.form.save();
-            if (!isDone) EXPECT_EQ(work.form.input, typed) << "nothing typed is lost";
+            if (!isDone) {
+                EXPECT_EQ(work.form.input, typed) << "nothing typed is lost";
+            }
             EXPECT_EQ(work.form.isAdding(), !isDone);
             return isDone;
         },

@@ -46,8 +46,9 @@ class DirectoryFaults : public testing::TestWithParam<EngineCase> {
     }
     static DirectoryRecord prepare(Change change, EntryBooks& books, const Directory& directory) {
         DirectoryRecord record{.group = directory.groups ? 1 : 0, .code = "9", .name = "新的"};
-        if (change != Change::adding)
+        if (change != Change::adding) {
             EXPECT_EQ(DirectoryService(books.messages(), directory).add(record), Outcome::done);
+        }
         return record;
     }
     void failEachCall(Change change, const Directory& directory, Failure failure) {

@@ -210,7 +210,9 @@ TEST_P(DirectoryImports, ChangeNothingWhicheverCallFails) {
             EXPECT_EQ(outcome, Outcome::failed) << call;
             EXPECT_EQ(m_books.messages().notices().size(), 1u) << call;
             ASSERT_EQ(rows(), before) << call;
-            if (kind == projectClass) ASSERT_FALSE(hasTable("ProjItemsX1")) << call;
+            if (kind == projectClass) {
+                ASSERT_FALSE(hasTable("ProjItemsX1")) << call;
+            }
         }
         EXPECT_GT(failures, 5);
         EXPECT_NE(rows(), before);

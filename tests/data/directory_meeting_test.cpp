@@ -96,7 +96,9 @@ DirectoryRecord addItem(EntryBooks& books, const char* classCode, const char* it
     const auto all = classes.readAll();
     for (const DirectoryRecord& each : *all)
         if (each.code == classCode) group = each;
-    if (group.id == 0) EXPECT_EQ(classes.add(group), Outcome::done);
+    if (group.id == 0) {
+        EXPECT_EQ(classes.add(group), Outcome::done);
+    }
     DirectoryRecord item{.group = group.id, .code = itemCode, .name = itemCode};
     EXPECT_EQ(DirectoryService(books.messages(), directoryOf(DirectoryKind::projectItem)).add(item),
               Outcome::done);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <set>
 
 #include "report/output/print_templates.h"
@@ -48,8 +50,9 @@ TEST(Directories, AreTheFunctionsOfTheRightsList) {
         titles.push_back(std::string(each.key) + " " + std::to_string(each.right) + " " +
                          each.title);
         // The classes of units have no function of their own.
-        if (each.kind != DirectoryKind::unitClass)
+        if (each.kind != DirectoryKind::unitClass) {
             EXPECT_STREQ(each.title, functionName(each.right));
+        }
     }
     EXPECT_EQ(titles, (Lines{"departments 8 部门目录", "persons 1 个人往来目录",
                              "unit-classes 75 单位往来分类", "units 75 单位往来目录",
@@ -68,7 +71,9 @@ TEST(Directories, AreFoundByTheirKindAndTheirKey) {
 TEST(Directories, StandBehindWhatTheyAreGroupedBy) {
     std::set<DirectoryKind> seen;
     for (const Directory& each : directories()) {
-        if (each.groups) EXPECT_TRUE(seen.contains(*each.groups)) << each.key;
+        if (each.groups) {
+            EXPECT_TRUE(seen.contains(*each.groups)) << each.key;
+        }
         seen.insert(each.kind);
     }
 }
@@ -164,8 +169,9 @@ TEST(DirectoryChecks, RefuseANameThatAnotherHasButThatOfAUnitAndOfAPersonElsewhe
     const DirectoryRecord wanted = record("02", "张伟", 1);
     for (const DirectoryKind kind : {department, unitClass, projectClass, projectItem}) {
         const std::string noun = directoryOf(kind).noun;
-        if (kind != projectClass)
+        if (kind != projectClass) {
             EXPECT_EQ(others.refusal(kind, wanted), "sName|" + noun + "名称重复:已有“01 张伟”");
+        }
     }
     EXPECT_EQ(others.refusal(unit, wanted), "");
     EXPECT_EQ(others.refusal(person, wanted), "");
