@@ -26,9 +26,7 @@ std::optional<Refusal> refuseAt(const char* field, const char* text) {
 }
 
 std::optional<Refusal> beepAt(const char* field, const char* text) {
-    auto refusal = refuseAt(field, text);
-    refusal->notice.beep = true;
-    return refusal;
+    return Refusal{RefusalKind::wrongInput, {.text = text, .beep = true, .focusField = field}};
 }
 
 /// Nothing for what is no whole number of the allowed ones.

@@ -84,7 +84,7 @@ std::optional<Refusal> unit(const AccountFacts& facts) {
 }
 
 bool isMerelyTotals(const AccountFacts& facts, UsePlace place) {
-    return place == UsePlace::sums && facts.parentSums == ParentSums::mayBeTotals &&
+    return place == UsePlace::sums && facts.parentSums == ParentSums::mayBeTotals && facts.parent &&
            facts.chart.hasOnlyTotals(*facts.parent);
 }
 

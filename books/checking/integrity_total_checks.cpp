@@ -72,7 +72,7 @@ Status checkParentSums(CheckedBooks& books, FaultList& notes) {
     if (Status status = readAmounts(books.engine(), read); !status) return status;
     std::vector<OpenTotal> open;
     const auto closeLast = [&] {
-        const OpenTotal closing = std::move(open.back());
+        const OpenTotal closing = open.back();
         open.pop_back();
         // One that has no amounts yet gets them with the first that is entered below it.
         const auto own = read.find(closing.account->id);

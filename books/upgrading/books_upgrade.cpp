@@ -73,7 +73,7 @@ std::string UpgradePlan::text() const {
 
 std::string UpgradePlan::question() const { return text() + upgrade_texts::question; }
 
-BooksUpgrade::BooksUpgrade(std::string location)
+BooksUpgrade::BooksUpgrade(const std::string& location)
     : BooksUpgrade(location, [location](std::unique_ptr<Engine>& engine) {
           return openEngine(location, OpenMode::existing, engine);
       }) {}

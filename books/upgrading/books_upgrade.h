@@ -38,7 +38,7 @@ class BooksUpgrade {
     using Opener = std::function<Status(std::unique_ptr<Engine>& engine)>;
     using Runner = std::function<void(const std::function<void()>& work)>;
 
-    explicit BooksUpgrade(std::string location);
+    explicit BooksUpgrade(const std::string& location);
     /// With another way to open the books.
     BooksUpgrade(std::string location, Opener opener);
     ~BooksUpgrade();

@@ -53,8 +53,8 @@ class RatePlanner {
         m_plan.ignored = m_sheet.ignoredHeadings();
         for (const std::size_t row : m_sheet.rows()) m_plan.rows.push_back(planRow(row));
         askAboutDepartures();
-        for (auto& [key, change] : m_changes)
-            if (change.after != change.before) m_plan.changes.push_back(std::move(change));
+        for (const auto& [key, change] : m_changes)
+            if (change.after != change.before) m_plan.changes.push_back(change);
         return std::move(m_plan);
     }
 

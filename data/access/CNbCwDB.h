@@ -39,7 +39,7 @@ struct NbCwDBInfo {
 class CNbCwDB final : public chengheng::RecordOperations {
   public:
     CNbCwDB();
-    ~CNbCwDB();
+    virtual ~CNbCwDB();
     CNbCwDB(const CNbCwDB&) = delete;
     CNbCwDB& operator=(const CNbCwDB&) = delete;
 

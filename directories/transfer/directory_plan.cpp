@@ -89,6 +89,7 @@ class DirectoryPlanner {
     }
 
     void readGroup(const std::string& text, Given& given) const {
+        if (!m_directory.groups) return;
         const auto& found = m_records.groups().find(text);
         given.group = found.size() == 1 ? found.front()->id : 0;
         const char* noun = directoryOf(*m_directory.groups).noun;

@@ -53,21 +53,22 @@ std::optional<ChosenRecord> DirectoryWindow::chosen() const {
 void DirectoryWindow::addFields() {
     m_code = addEdit(texts::code, 'U', directoryCodeField, directoryCodeWidth);
     m_name = addEdit(texts::name, 'M', directoryNameField, directoryNameWidth);
-    if (m_form.directory().groups) addGroups();
+    if (const auto groups = m_form.directory().groups) addGroups(*groups);
     if (m_form.directory().hasUnitKinds) addKinds();
 }
 
-void DirectoryWindow::addGroups() {
+void DirectoryWindow::addGroups(DirectoryKind groups) {
     m_group = new QComboBox;
     m_group->setObjectName(QString::fromLatin1(directoryGroupField));
     m_group->setMinimumContentsLength(12);
     m_openGroups = new QPushButton(shown(texts::openGroups));
     m_openGroups->setAutoDefault(false);
-    m_openGroups->setAccessibleName(shown(directoryOf(*m_form.directory().groups).title));
+    m_openGroups->setAccessibleName(shown(directoryOf(groups).title));
     addField(*m_group, fieldLabel(m_form.directory().groupLabel, 'G'), m_openGroups);
     connect(m_group, &QComboBox::currentIndexChanged, this,
             guarded([this] { inputEdited(*m_group); }));
-    connect(m_openGroups, &QPushButton::clicked, this, guarded([this] { openGroups(); }));
+    connect(m_openGroups, &QPushButton::clicked, this,
+            guarded([this, groups] { openGroups(groups); }));
 }
 
 void DirectoryWindow::addKinds() {
@@ -98,11 +99,11 @@ void DirectoryWindow::showGroups() {
 }
 
 /// It comes up with the group of the record in the form; what is chosen there takes its place.
-void DirectoryWindow::openGroups() {
+void DirectoryWindow::openGroups(DirectoryKind groups) {
     DirectoryStart start;
     if (const DirectoryRecord* group = m_form.groupOf(m_form.input))
         start.selected = ChosenRecord{.record = *group, .groupCode = {}};
-    const auto chosen = openDirectory(*m_form.directory().groups, *this, messages(), start);
+    const auto chosen = openDirectory(groups, *this, messages(), start);
     m_form.readGroups();
     if (chosen && m_form.mayChangeGroup()) m_form.input.group = chosen->record.id;
     showAnew();

@@ -37,10 +37,10 @@ class DirectoryWindow final : public ListFormDialog {
     static constexpr int importCommand = firstOwnCommand;
     static constexpr int exportCommand = firstOwnCommand + 1;
 
-    void addGroups();
+    void addGroups(DirectoryKind groups);
     void addKinds();
     void showGroups();
-    void openGroups();
+    void openGroups(DirectoryKind groups);
     void select(const ChosenRecord& wanted);
 
     DirectoryForm m_form;

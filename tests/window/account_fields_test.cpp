@@ -88,7 +88,8 @@ TEST_F(AccountWindowTest, SaysAtOnceWhatAnotherClassOfAUsedAccountMeans) {
         QTest::keyClick(&hands.list("sType"), Qt::Key_Down);
         ASSERT_EQ(hands.list("sType").currentText(), "负债");
         EXPECT_TRUE(note.isVisible());
-        EXPECT_TRUE(note.text().startsWith("科目 1001 已经使用。改为“负债”后,")) << note.text().toStdString();
+        EXPECT_TRUE(note.text().startsWith("科目 1001 已经使用。改为“负债”后,"))
+            << note.text().toStdString();
         EXPECT_GE(note.height(), note.heightForWidth(note.width())) << "all of it is in sight";
         hands.choose("sType", "资产");
         EXPECT_FALSE(note.isVisible());

@@ -161,7 +161,7 @@ void PostgresConnection::leave() {
     drop();
 }
 
-bool PostgresConnection::giveUpAll(Clock::time_point deadline) {
+bool PostgresConnection::giveUpAll(Clock::time_point deadline) const {
     const bool isIdle = PQtransactionStatus(handle()) == PQTRANS_IDLE;
     const std::string sql =
         std::string(isIdle ? "" : "ROLLBACK; ") + "SELECT pg_advisory_unlock_all()";

@@ -54,7 +54,7 @@ class PostgresConnection {
 
     Status logOn();
     Status setUpSession();
-    bool giveUpAll(std::chrono::steady_clock::time_point deadline);
+    bool giveUpAll(std::chrono::steady_clock::time_point deadline) const;
 
     PostgresAddress m_address;
     std::unique_ptr<PGconn, Finish> m_handle;
