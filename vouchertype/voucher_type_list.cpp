@@ -5,19 +5,15 @@
 #include "data/tables/settlement.h"
 #include "report/output/list_reading.h"
 #include "report/output/print_templates.h"
-#include "vouchertype/voucher_type_texts.h"
+#include "vouchertype/voucher_type_rules.h"
 
 namespace chengheng {
 namespace {
 
-constexpr std::array limitTexts{voucher_type_texts::debitRequired,
-                                voucher_type_texts::creditRequired,
-                                voucher_type_texts::bothForbidden};
-
 /// Absent for a type without restriction.
 ReportCell limitCell(const _SignInfo& type) {
-    const bool isLimited = type.byLimit >= 1 && type.byLimit <= limitTexts.size();
-    return isLimited ? ReportCell(limitTexts[type.byLimit - 1U]) : ReportCell();
+    const char* text = restrictionText(type.byLimit);
+    return text == nullptr ? ReportCell() : ReportCell(text);
 }
 
 ReportCell filledCell(const std::string& text) {
