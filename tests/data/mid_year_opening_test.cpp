@@ -131,6 +131,26 @@ TEST_P(MidYearOpening, TellsAnOpeningBalanceThatFollowed) {
     EXPECT_EQ(m_books.work().remark(), "期初余额由 100.00 随之改为 130.00,按 Ctrl+Z 恢复。");
 }
 
+TEST_P(MidYearOpening, TellsNothingThatFollowedWhereSeveralAccountsAreWritten) {
+    type("100201", "100", OpeningField::yearStart);
+    type("100202", "50", OpeningField::yearStart);
+    const auto debit = [this](const char* code, double value) {
+        return TypedFigure{m_books.idOf(code), Measure::money, &Balance::debit, value};
+    };
+    ASSERT_EQ(m_books.work().writeFigures({debit("100201", 30), debit("100202", 5)}),
+              Outcome::done);
+    EXPECT_EQ(m_books.shown("100201"), "130.00");
+    EXPECT_EQ(m_books.shown("100202"), "55.00");
+    EXPECT_EQ(m_books.work().remark(), "");
+}
+
+TEST_P(MidYearOpening, MissesNoRateForAFigureThatIsNoOpeningBalance) {
+    type("100202", "100", OpeningField::yearStart, foreign);
+    EXPECT_EQ(m_books.work().remark(), "");
+    type("100202", "150", OpeningField::opening, foreign);
+    EXPECT_NE(m_books.work().remark(), "");
+}
+
 TEST_P(MidYearOpening, LetsTheOpeningFollowAgainOnceItsTypingIsUndone) {
     type("100201", "150", OpeningField::opening);
     ASSERT_EQ(m_books.work().undo(), Outcome::done);

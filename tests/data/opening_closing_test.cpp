@@ -130,6 +130,15 @@ TEST_P(OpeningClosing, SavesUnbalancedBooksOnYes) {
     EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
 }
 
+TEST_P(OpeningClosing, SavesEveryAccountAboveOthers) {
+    m_books.type("10020101", "100");
+    for (const char* code : {"1002", "100201"})
+        m_books.books().run(formatSql("DELETE FROM AccSum WHERE lCodeId = %d", m_books.idOf(code)));
+    EXPECT_EQ(work().save(), Outcome::done);
+    EXPECT_EQ(m_books.openings("1002"), allPeriods("100"));
+    EXPECT_EQ(m_books.openings("100201"), allPeriods("100"));
+}
+
 TEST_P(OpeningClosing, SavesNothingWhenNothingWasChanged) {
     m_books.addRows("100202", 12, 100);
     work().refresh();

@@ -155,6 +155,13 @@ TEST_P(OpeningGuards, TellThatNoIdsAreLeftForTheRowsOfAnAccount) {
     EXPECT_EQ(m_books.openings("1001"), allPeriods("5"));
 }
 
+TEST_P(OpeningGuards, WriteOverTheRowsOfAnAccountWithoutIdsLeft) {
+    ASSERT_TRUE(m_books.type("1001", "5"));
+    m_books.books().run("UPDATE ABIdTable SET lLastId = 2147483647 WHERE sTable = 'AccSum'");
+    EXPECT_TRUE(m_books.type("1001", "6"));
+    EXPECT_EQ(m_books.openings("1001"), allPeriods("6"));
+}
+
 CHENGHENG_ON_ALL_ENGINES(OpeningGuards);
 
 }  // namespace

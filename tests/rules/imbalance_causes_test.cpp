@@ -28,6 +28,12 @@ TEST(ImbalanceCauses, AreNoneInBooksThatBalance) {
     EXPECT_EQ(textsOf({{"1001", 5}, creditOf("2001", 5), creditOf("1602", 0, "资产")}), Texts{});
 }
 
+TEST(ImbalanceCauses, AreNotLookedForWhereDetailsDifferInBooksThatBalance) {
+    const OpeningSheet sheet = sheetOf({AccountDraft{"1001", 5}.keptBy("C"), creditOf("2001", 5)});
+    const AuxiliaryOpenings details{{1, 0}};
+    EXPECT_TRUE(imbalanceCauses(sheet, TrialBalance(classes, sheet.accounts()), &details).empty());
+}
+
 TEST(ImbalanceCauses, NameABalanceOfHalfTheDifferenceFirst) {
     // 300 of 1012 belong to the credit side.
     EXPECT_EQ(textsOf({{"1001", 1000}, {"1012", 300}, creditOf("2001", 700)}).front(),

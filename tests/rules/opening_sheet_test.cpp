@@ -91,6 +91,12 @@ TEST(OpeningNames, AreNotIndentedFromTheSeventhLevelOn) {
     EXPECT_EQ(openingName("现金", 0), "现金");
 }
 
+TEST(OpeningSheets, HaveNoNumberWhereTextsStand) {
+    const OpeningSheet sheet = sheetOf({AccountDraft{"1001", 5}});
+    for (const auto field : {OpeningField::code, OpeningField::name, OpeningField::type})
+        EXPECT_EQ(valueOf(sheet, 0, field), 0);
+}
+
 TEST(OpeningSheets, GiveALineToEachCurrencyAndQuantity) {
     const OpeningSheet sheet = sheetOf({AccountDraft{"1001", 5}, AccountDraft{"1002"}.foreign(1),
                                         AccountDraft{"1403"}.countedIn("吨"),
