@@ -8,9 +8,10 @@ namespace chengheng::dialog_templates {
 
 inline constexpr int bursar = 124;
 inline constexpr int begleft = 125;
+inline constexpr int species = 983;
 inline constexpr int method = 1034;
 inline constexpr int setting = 1170;
 
-inline constexpr std::array all{bursar, begleft, method, setting};
+inline constexpr std::array all{bursar, begleft, species, method, setting};
 
 }  // namespace chengheng::dialog_templates

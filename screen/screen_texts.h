@@ -27,6 +27,7 @@ inline constexpr const char* openingPage = "期初余额录入";
 inline constexpr const char* directoryPage = "部门、个人、单位和项目目录";
 inline constexpr const char* auxiliaryPage = "辅助期初";
 inline constexpr const char* currencyPage = "汇率管理";
+inline constexpr const char* voucherTypePage = "凭证类别";
 inline constexpr const char* settlePage = "结算方式";
 inline constexpr const char* parametersPage = "帐套参数";
 

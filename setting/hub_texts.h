@@ -12,7 +12,6 @@ inline constexpr const char* divide = "财务分工";
 inline constexpr const char* bursar = "会计科目";
 inline constexpr const char* exchange = "汇率管理";
 inline constexpr const char* begleft = "期初余额录入";
-inline constexpr const char* species = "凭证类别";
 inline constexpr const char* presetWizard = "凭证类别预置向导";
 
 inline constexpr const char* startingGroup = "建帐";

@@ -17,4 +17,9 @@ constexpr bool isRestrictionKind(std::uint8_t stored) {
     return stored <= static_cast<std::uint8_t>(RestrictionKind::bothForbidden);
 }
 
+constexpr std::uint8_t stored(RestrictionKind kind) { return static_cast<std::uint8_t>(kind); }
+
+/// 借方必有 and so on, by a stored number; null for none and for one that is no kind.
+const char* restrictionKindText(std::uint8_t stored);
+
 }  // namespace chengheng

@@ -5,14 +5,14 @@
 #include "data/tables/settlement.h"
 #include "report/output/list_reading.h"
 #include "report/output/print_templates.h"
-#include "vouchertype/voucher_type_rules.h"
+#include "vouchertype/restriction_kind.h"
 
 namespace chengheng {
 namespace {
 
 /// Absent for a type without restriction.
 ReportCell limitCell(const _SignInfo& type) {
-    const char* text = restrictionText(type.byLimit);
+    const char* text = restrictionKindText(type.byLimit);
     return text == nullptr ? ReportCell() : ReportCell(text);
 }
 

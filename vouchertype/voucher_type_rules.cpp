@@ -53,9 +53,8 @@ std::optional<Refusal> equalAccounts(const VoucherTypeFacts& facts) {
 }
 
 std::optional<Refusal> noRestriction(const VoucherTypeFacts& facts) {
-    const _SignInfo& type = facts.wanted;
-    if (!isRestricted(type) || isKnownRestriction(type.byLimit)) return std::nullopt;
-    return refusalAt(texts::noRestriction, firstRestrictionField);
+    if (isRestrictionKind(facts.wanted.byLimit)) return std::nullopt;
+    return refusalAt(texts::noRestriction, debitRequiredField);
 }
 
 constexpr std::array checks{
@@ -68,16 +67,10 @@ constexpr std::array checks{
     Check<VoucherTypeFacts>{"the kind of restriction is chosen", noRestriction},
 };
 
-constexpr std::array kindTexts{texts::debitRequired, texts::creditRequired, texts::bothForbidden};
-
 }  // namespace
 
-const char* restrictionText(std::uint8_t kind) {
-    return isKnownRestriction(kind) ? kindTexts[kind - 1U] : nullptr;
-}
-
 void setRestricted(_SignInfo& type, bool isRestricted) {
-    type.byLimit = isRestricted ? debitRequired : unrestricted;
+    type.byLimit = stored(isRestricted ? RestrictionKind::debitRequired : RestrictionKind::none);
     if (isRestricted) return;
     type.sCode1.clear();
     type.sCode2.clear();
@@ -94,7 +87,7 @@ std::string voucherTypeLeafText(const _SignInfo& type) { return type.sSign + ' '
 std::string voucherTypeInWords(const _SignInfo& type) {
     if (!isRestricted(type)) return voucherTypeLeafText(type);
     const bool hasBoth = !type.sCode1.empty() && !type.sCode2.empty();
-    const char* kind = restrictionText(type.byLimit);
+    const char* kind = restrictionKindText(type.byLimit);
     return fmt::format(texts::restrictedType, voucherTypeLeafText(type),
                        kind == nullptr ? texts::unknownRestriction : kind,
                        type.sCode1 + (hasBoth ? texts::accountSeparator : "") + type.sCode2);

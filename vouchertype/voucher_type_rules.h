@@ -7,6 +7,7 @@
 
 #include "base/messages/checks.h"
 #include "data/tables/settlement.h"
+#include "vouchertype/restriction_kind.h"
 
 namespace chengheng {
 
@@ -18,23 +19,17 @@ inline constexpr int restrictionAccountWidth = 16;
 inline constexpr const char* voucherTypeNumberField = "sSign";
 inline constexpr const char* voucherTypeNameField = "sSignName";
 inline constexpr const char* voucherTypeRestrictedField = "byLimit";
-inline constexpr const char* firstRestrictionField = "debitRequired";
+inline constexpr const char* debitRequiredField = "debitRequired";
+inline constexpr const char* creditRequiredField = "creditRequired";
+inline constexpr const char* bothForbiddenField = "bothForbidden";
 inline constexpr const char* accountOneField = "sCode1";
 inline constexpr const char* accountTwoField = "sCode2";
 
-// The kinds of restriction as `byLimit` holds them. One above these is of no kind known here: the
-// type is restricted, and a kind must be chosen before it is saved again.
-inline constexpr std::uint8_t unrestricted = 0;
-inline constexpr std::uint8_t debitRequired = 1;   ///< the debit side has one of the accounts
-inline constexpr std::uint8_t creditRequired = 2;  ///< the credit side has one of them
-inline constexpr std::uint8_t bothForbidden = 3;   ///< neither side has one of them
-
-inline bool isRestricted(const _SignInfo& type) { return type.byLimit != unrestricted; }
-inline bool isKnownRestriction(std::uint8_t kind) {
-    return kind >= debitRequired && kind <= bothForbidden;
+/// A kind of restriction that is none of those known is one, too: it must be chosen anew before the
+/// type is saved.
+inline bool isRestricted(const _SignInfo& type) {
+    return type.byLimit != stored(RestrictionKind::none);
 }
-/// 借方必有 and so on; null for a kind that is none of them.
-const char* restrictionText(std::uint8_t kind);
 
 /// What checking and unchecking 限制 makes of a type: the first kind, or no kind and no accounts.
 void setRestricted(_SignInfo& type, bool isRestricted);

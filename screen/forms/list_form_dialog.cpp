@@ -186,10 +186,12 @@ QWidget* ListFormDialog::buildForm() {
     return panel;
 }
 
-LimitedEdit* ListFormDialog::addEdit(const char* label, char key, const char* name, int limit) {
+LimitedEdit* ListFormDialog::addEdit(const char* label, char key, const char* name, int limit,
+                                     QWidget* button) {
     auto* edit = new LimitedEdit(limit);
     edit->setObjectName(QLatin1String(name));
-    addField(*edit, QStringLiteral("%1(&%2):").arg(QString::fromUtf8(label)).arg(QLatin1Char(key)));
+    addField(*edit, QStringLiteral("%1(&%2):").arg(QString::fromUtf8(label)).arg(QLatin1Char(key)),
+             button);
     connect(edit, &QLineEdit::textChanged, this, guarded([this, edit] { inputEdited(*edit); }));
     tellCuts(*edit, label, messages());
     return edit;
@@ -205,6 +207,7 @@ void ListFormDialog::addField(QWidget& field, const QString& label, QWidget* but
     line->addWidget(&field, 1);
     line->addWidget(button);
     m_fieldRows->addRow(caption, line);
+    setTabOrder(&field, button);
 }
 
 void ListFormDialog::inputEdited(QWidget& field) {
@@ -301,10 +304,11 @@ void ListFormDialog::returnToInput() {
     field->setFocus(Qt::OtherFocusReason);
 }
 
-/// Enter with nothing to save goes on to the next field.
+/// Enter with nothing to save goes on to the next field that can be used.
 void ListFormDialog::moveOn() {
-    const auto next = m_fields.indexOf(focusWidget()) + 1;
-    if (next < m_fields.size()) m_fields[next]->setFocus(Qt::TabFocusReason);
+    const auto behind = m_fields.begin() + m_fields.indexOf(focusWidget()) + 1;
+    const auto next = std::find_if(behind, m_fields.end(), std::mem_fn(&QWidget::isEnabled));
+    if (next != m_fields.end()) (*next)->setFocus(Qt::TabFocusReason);
 }
 
 void ListFormDialog::OnOK() {

@@ -63,8 +63,10 @@ class ListFormDialog : public CNxMiddleDialog {
     /// The same before an addition, which gives it up.
     virtual void giveUpTyping() {}
 
-    /// A field with its label, reached by Alt and the key; its name is that of what it holds.
-    LimitedEdit* addEdit(const char* label, char key, const char* name, int limit);
+    /// A field with its label, reached by Alt and the key; its name is that of what it holds. A
+    /// button behind it is part of it.
+    LimitedEdit* addEdit(const char* label, char key, const char* name, int limit,
+                         QWidget* button = nullptr);
     /// Adds another control, with a label before it or without, and a button behind it that is part
     /// of it; its changes are to be told by inputEdited.
     void addField(QWidget& field, const QString& label = {}, QWidget* button = nullptr);

@@ -33,6 +33,10 @@ class PickerRows final : public GridModel {
         : GridModel(pickerColumns), m_rows(std::move(rows)) {
         narrow({});
     }
+    PickerRows(const char* heading, std::vector<PickerRow> rows) : PickerRows(std::move(rows)) {
+        m_onlyColumn.front().header = heading;
+        setGridColumns(m_onlyColumn);
+    }
 
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
@@ -62,6 +66,7 @@ class PickerRows final : public GridModel {
   protected:
     QString text(int row, int column) const override {
         const PickerRow& shown = m_rows[m_shown[static_cast<std::size_t>(row)]];
+        if (columnCount() == 1) return QString::fromStdString(shown.code + "  " + shown.name);
         return QString::fromStdString(column == 0 ? shown.code : shown.name);
     }
 
@@ -78,14 +83,22 @@ class PickerRows final : public GridModel {
                 containsInAnyCase(m_initials[position], wanted));
     }
 
+    std::array<GridColumn, 1> m_onlyColumn{{{"", 42}}};
     std::vector<PickerRow> m_rows;
     std::vector<std::string> m_initials;  ///< of their names; empty until they are needed
     std::vector<std::size_t> m_shown;
 };
 
 PickerWindow::PickerWindow(const QString& title, std::vector<PickerRow> rows, QWidget* parent)
+    : PickerWindow(title, std::make_unique<PickerRows>(std::move(rows)), parent) {}
+
+PickerWindow::PickerWindow(const QString& title, const char* heading, std::vector<PickerRow> rows,
+                           QWidget* parent)
+    : PickerWindow(title, std::make_unique<PickerRows>(heading, std::move(rows)), parent) {}
+
+PickerWindow::PickerWindow(const QString& title, std::unique_ptr<PickerRows> rows, QWidget* parent)
     : DialogFrame(parent),
-      m_rows(std::make_unique<PickerRows>(std::move(rows))),
+      m_rows(std::move(rows)),
       m_grid(new CVCF1(title, CVCF1::Unit::row, this)),
       m_wanted(new QLineEdit(this)) {
     setWindowTitle(title);

@@ -32,6 +32,9 @@ class PickerWindow final : public DialogFrame {
 
   public:
     PickerWindow(const QString& title, std::vector<PickerRow> rows, QWidget* parent);
+    /// Shows each record in one column, headed as given: code, two blanks, name.
+    PickerWindow(const QString& title, const char* heading, std::vector<PickerRow> rows,
+                 QWidget* parent);
     ~PickerWindow() override;
 
     enum class Afterwards { stay, takeTheChosen };
@@ -46,6 +49,7 @@ class PickerWindow final : public DialogFrame {
     int choose(int current = -1);
 
   private:
+    PickerWindow(const QString& title, std::unique_ptr<PickerRows> rows, QWidget* parent);
     void buildControls();
     void narrow(const QString& wanted);
 

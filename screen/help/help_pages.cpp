@@ -21,6 +21,7 @@ constexpr HelpPage pages[] = {
     {directoryHelpContext, screen_texts::directoryPage, ":/help/directories.html"},
     {auxiliaryHelpContext, screen_texts::auxiliaryPage, ":/help/auxiliary.html"},
     {currencyHelpContext, screen_texts::currencyPage, ":/help/currency.html"},
+    {voucherTypeHelpContext, screen_texts::voucherTypePage, ":/help/voucher_types.html"},
     {settleHelpContext, screen_texts::settlePage, ":/help/settle.html"},
     {parametersHelpContext, screen_texts::parametersPage, ":/help/parameters.html"},
 };

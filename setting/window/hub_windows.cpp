@@ -8,6 +8,7 @@
 #include "screen/books/books_parameters_window.h"
 #include "setting/window/unbuilt_functions.h"
 #include "settle/window/CNbCwSettleDlg.h"
+#include "vouchertype/window/voucher_type_window.h"
 
 namespace chengheng {
 namespace {
@@ -37,7 +38,7 @@ constexpr Launcher launchers[] = {
     {HubFunction::bursar, runModally<CNbCwBursarDlg>},
     {HubFunction::exchange, runModally<CurrencyWindow>},
     {HubFunction::begleft, runModally<CNbCwBegleftDlg>},
-    {HubFunction::species, tellUnbuilt<HubFunction::species>},
+    {HubFunction::species, runModally<VoucherTypeWindow>},
     {HubFunction::method, runModally<CNbCwSettleDlg>},
     {HubFunction::departments, runDirectory<DirectoryKind::department>},
     {HubFunction::persons, runDirectory<DirectoryKind::person>},

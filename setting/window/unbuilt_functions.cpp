@@ -14,8 +14,6 @@ const char* titleOf(HubFunction function) {
             return hub_texts::bursar;
         case HubFunction::begleft:
             return hub_texts::begleft;
-        case HubFunction::species:
-            return hub_texts::species;
         default:
             break;
     }

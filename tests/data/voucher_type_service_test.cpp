@@ -101,7 +101,7 @@ TEST_P(VoucherTypes, AreOfferedAccountsAsTheyAreNow) {
 }
 
 TEST_P(VoucherTypes, AreAddedWithTheNextId) {
-    _SignInfo added{0, "转", "转帐凭证", bothForbidden, "1002", "1012"};
+    _SignInfo added{0, "转", "转帐凭证", 3, "1002", "1012"};
     EXPECT_EQ(m_service.add(added), Outcome::done);
     EXPECT_EQ(added.lId, 4);
     EXPECT_EQ(m_books.stored().back(), "4 转 转帐凭证 3 1002 1012");
@@ -133,7 +133,7 @@ TEST_P(VoucherTypes, AreRestrictedByFirstLevelAccountsOnly) {
         {"1001", "1001", "科目不能重复", "sCode2"},
         {"1001' OR '1' = '1", "1002", "非法科目", "sCode1"}};
     for (const auto& [one, two, text, field] : refused) {
-        EXPECT_EQ(add({0, "转", "转帐凭证", bothForbidden, one, two}), Outcome::refused);
+        EXPECT_EQ(add({0, "转", "转帐凭证", 3, one, two}), Outcome::refused);
         EXPECT_EQ(refusal(), text);
         EXPECT_EQ(focus(), field);
         EXPECT_EQ(modify(3, [&](_SignInfo& wanted) { wanted = {3, "记", "记", 1, one, two}; }),

@@ -78,7 +78,7 @@ TEST_P(VoucherTypeTrouble, AFailedCallLeavesAnAdditionWholeOrUndone) {
     failEachCall(
         [](TypesAtWork& work, int number) {
             if (!work.form.isAdding()) work.form.startAdding();
-            work.form.input = {0, std::to_string(number), "类别", bothForbidden, "1001", "1012"};
+            work.form.input = {0, std::to_string(number), "类别", 3, "1001", "1012"};
         },
         [](TypesAtWork& work) {
             const _SignInfo typed = work.form.input;
@@ -95,7 +95,7 @@ TEST_P(VoucherTypeTrouble, AFailedCallLeavesAModificationWholeOrUndone) {
         [](TypesAtWork& work, int number) {
             // A number of its own each time, so that its use is asked for.
             work.form.input.sSign = std::to_string(number);
-            work.form.input.byLimit = creditRequired;
+            work.form.input.byLimit = 2;
             work.form.input.sCode1 = "1012";
         },
         [](TypesAtWork& work) {
@@ -198,7 +198,7 @@ TEST_P(VoucherTypeTrouble, TakesAndFreesTheAccountsFirst) {
     work.form.remove(work.form.selectedId());
     EXPECT_EQ(locks.log(), change) << "deletion";
     locks.forget();
-    work.form.input = {0, "收", "收款凭证", debitRequired};
+    work.form.input = {0, "收", "收款凭证", 1};
     EXPECT_FALSE(work.form.save());
     EXPECT_EQ(locks.log(), change) << "refusal";
 }
@@ -253,7 +253,7 @@ TEST_P(VoucherTypeCrashes, LeaveAnAdditionWholeOrUndone) {
     killAtEachCall(
         [](TypesAtWork& work) {
             work.form.startAdding();
-            work.form.input = {0, "转", "转帐凭证", bothForbidden, "1001", "1002"};
+            work.form.input = {0, "转", "转帐凭证", 3, "1001", "1002"};
             work.form.save();
         },
         {"1 收 收款凭证 1 1001 1002", "2 付 付款凭证 0", "3 转 转帐凭证 3 1001 1002"});

@@ -13,8 +13,8 @@ struct Books {
     std::vector<std::string> accounts = {"1001", "1002"};
 };
 
-const _SignInfo added{0, "收", "收款凭证", debitRequired, "1001", "1002"};
-const _SignInfo stored{7, "收", "收款凭证", debitRequired, "1001", "1002"};
+const _SignInfo added{0, "收", "收款凭证", stored(RestrictionKind::debitRequired), "1001", "1002"};
+const _SignInfo kept{7, "收", "收款凭证", stored(RestrictionKind::debitRequired), "1001", "1002"};
 
 std::optional<Refusal> refusalOf(const _SignInfo& wanted, const _SignInfo& loaded = {},
                                  const Books& books = {}) {
@@ -59,23 +59,23 @@ TEST(VoucherTypeRules, AreCheckedInTheirOrder) {
 
 TEST(VoucherTypeRules, LetAWholeTypePass) {
     EXPECT_EQ(refusalOf(added), std::nullopt);
-    EXPECT_EQ(refusalOf(stored, stored), std::nullopt);
-    for (const std::uint8_t kind : {creditRequired, bothForbidden}) {
+    EXPECT_EQ(refusalOf(kept, kept), std::nullopt);
+    for (const auto kind : {RestrictionKind::creditRequired, RestrictionKind::bothForbidden}) {
         _SignInfo other = added;
-        other.byLimit = kind;
+        other.byLimit = stored(kind);
         EXPECT_EQ(refusalOf(other), std::nullopt);
     }
 }
 
 TEST(VoucherTypeRules, LetAUsedTypeBeRenamedButNotRenumbered) {
     const Books used{.isUsed = true};
-    _SignInfo wanted = stored;
+    _SignInfo wanted = kept;
     wanted.sSignName = "收入凭证";
-    wanted.byLimit = creditRequired;
-    EXPECT_EQ(refusalOf(wanted, stored, used), std::nullopt);
+    wanted.byLimit = stored(RestrictionKind::creditRequired);
+    EXPECT_EQ(refusalOf(wanted, kept, used), std::nullopt);
     wanted.sSign = "入";
-    expectRefused(refusalOf(wanted, stored, used), "凭证类别已使用,不能再修改!", "sSign");
-    EXPECT_EQ(refusalOf(wanted, stored), std::nullopt);
+    expectRefused(refusalOf(wanted, kept, used), "凭证类别已使用,不能再修改!", "sSign");
+    EXPECT_EQ(refusalOf(wanted, kept), std::nullopt);
 }
 
 TEST(VoucherTypeRules, AskForUseOfAModifiedTypeAlone) {
@@ -83,11 +83,11 @@ TEST(VoucherTypeRules, AskForUseOfAModifiedTypeAlone) {
 }
 
 TEST(VoucherTypeRules, RefuseANumberThatIsTakenAfterUse) {
-    _SignInfo wanted = stored;
+    _SignInfo wanted = kept;
     wanted.sSign = "付";
-    expectRefused(refusalOf(wanted, stored, {.isUsed = true, .isTaken = true}),
+    expectRefused(refusalOf(wanted, kept, {.isUsed = true, .isTaken = true}),
                   "凭证类别已使用,不能再修改!", "sSign");
-    expectRefused(refusalOf(wanted, stored, {.isTaken = true}), "类别号重复，\n\n请重新输入。",
+    expectRefused(refusalOf(wanted, kept, {.isTaken = true}), "类别号重复，\n\n请重新输入。",
                   "sSign");
     expectRefused(refusalOf(withAccounts("", ""), {}, {.isTaken = true}),
                   "类别号重复，\n\n请重新输入。", "sSign");
@@ -122,26 +122,27 @@ TEST(VoucherTypeRules, WantAKnownKindLastOfAll) {
 
 TEST(VoucherTypeRules, LookAtNoAccountOfATypeWithoutRestriction) {
     _SignInfo free = withAccounts("9", "9");
-    free.byLimit = unrestricted;
+    free.byLimit = stored(RestrictionKind::none);
     EXPECT_EQ(refusalOf(free), std::nullopt);
 }
 
 TEST(VoucherTypeRules, TakeTheFirstKindWhenARestrictionBeginsAndDropTheAccountsWhenItEnds) {
-    _SignInfo type = stored;
-    type.byLimit = bothForbidden;
+    _SignInfo type = kept;
+    type.byLimit = stored(RestrictionKind::bothForbidden);
     setRestricted(type, false);
-    EXPECT_EQ(type, (_SignInfo{7, "收", "收款凭证", unrestricted, "", ""}));
+    EXPECT_EQ(type, (_SignInfo{7, "收", "收款凭证", stored(RestrictionKind::none), "", ""}));
     setRestricted(type, true);
-    EXPECT_EQ(type, (_SignInfo{7, "收", "收款凭证", debitRequired, "", ""}));
+    EXPECT_EQ(type,
+              (_SignInfo{7, "收", "收款凭证", stored(RestrictionKind::debitRequired), "", ""}));
 }
 
 TEST(VoucherTypeRules, TellTheKindsByTheirNames) {
-    EXPECT_STREQ(restrictionText(1), "借方必有");
-    EXPECT_STREQ(restrictionText(2), "贷方必有");
-    EXPECT_STREQ(restrictionText(3), "借贷必无");
-    EXPECT_EQ(restrictionText(0), nullptr);
-    EXPECT_EQ(restrictionText(4), nullptr);
-    EXPECT_EQ(restrictionText(255), nullptr);
+    EXPECT_STREQ(restrictionKindText(1), "借方必有");
+    EXPECT_STREQ(restrictionKindText(2), "贷方必有");
+    EXPECT_STREQ(restrictionKindText(3), "借贷必无");
+    EXPECT_EQ(restrictionKindText(0), nullptr);
+    EXPECT_EQ(restrictionKindText(4), nullptr);
+    EXPECT_EQ(restrictionKindText(255), nullptr);
 }
 
 TEST(VoucherTypeRules, DropBlanksAroundTexts) {
