@@ -58,6 +58,16 @@ TEST_P(Directions, AreTheNewOnesInTheLookupsOfTheHost) {
     EXPECT_EQ(CGetData::GetCODEINFOByCode("1002")->bDirect, 0);
 }
 
+TEST_P(Directions, CountAsAReadingSoThatTheSheetIsShownAnew) {
+    const auto readings = m_books.work().readings();
+    messages().willAnswer(Answer::no);
+    EXPECT_FALSE(adjust("1002"));
+    EXPECT_EQ(m_books.work().readings(), readings);
+    messages().willAnswer(Answer::yes);
+    EXPECT_TRUE(adjust("1002"));
+    EXPECT_EQ(m_books.work().readings(), readings + 1);
+}
+
 TEST_P(Directions, TurnBackFromCreditToDebit) {
     messages().willAnswer(Answer::yes);
     adjust("1002");

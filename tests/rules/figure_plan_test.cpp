@@ -133,6 +133,12 @@ TEST(TypedFigures, FillTheOpeningOnceForAllMovementsOfALine) {
     EXPECT_EQ(step, expected);
 }
 
+TEST(TypedFigures, StandForAnAccountThatIsGoneAsIfItHadHadNone) {
+    const std::vector<TypedFigure> typed{{99, Measure::money, &Balance::opening, 5}};
+    const EditStep expected{{99, Measure::money, &Balance::opening, 0, 5}};
+    EXPECT_EQ(typedStep(pasteSheet(), typed), expected);
+}
+
 TEST(Pastes, KeepAnOpeningThatIsGivenAsItIsThoughItsMovementsChange) {
     OpeningSheet sheet = pasteSheet(midYear);
     const std::size_t yearStart = placeOf(OpeningField::yearStart, midYear);
@@ -242,6 +248,12 @@ TEST(OpeningExports, HaveFourColumnsOfEachMeasureInBooksThatBeginMidYear) {
               (Texts{"年初余额", "累计借方", "累计贷方", "期初余额", "外币年初余额", "外币累计借方",
                      "外币累计贷方", "外币期初余额", "数量年初余额", "数量累计借方", "数量累计贷方",
                      "数量期初余额"}));
+}
+
+TEST(OpeningExports, AreATitledSheetWithHeadings) {
+    const Sheet file = exportedOpenings(pasteSheet());
+    EXPECT_EQ(file.name, "期初余额录入");
+    EXPECT_TRUE(file.hasHeader);
 }
 
 TEST(OpeningExports, ReadBackUnchanged) {

@@ -68,6 +68,12 @@ TEST(TrialBalances, ShowClassesOfTheOtherSideByTheirSize) {
     EXPECT_EQ(texts.creditClasses, "负债 = 借\t3.00\r\n\r\n");
 }
 
+TEST(TrialBalances, ShowTheSideOfASumOfLessThanOne) {
+    const TrialBalanceTexts texts = withTotals(0.01, -0.01).texts();
+    EXPECT_EQ(texts.debitClasses, "资产 = 借\t0.01\r\n\r\n");
+    EXPECT_EQ(texts.creditClasses, "负债 = 借\t0.01\r\n\r\n");
+}
+
 TEST(TrialBalances, TakeAClassOfAnyOtherDirectionThanOneAsACreditClass) {
     for (const std::int16_t direction : {0, 2, -1}) {
         Classes classes = firstClasses(2);
