@@ -49,4 +49,8 @@ void HostSession::renameBooks(std::string name) {
     g_lpszNbZwSetName = publishedFacts->setName.c_str();
 }
 
+void HostSession::renameOperator(std::string name) {
+    if (publishedFacts != nullptr) publishedFacts->logonUser.sUserName = std::move(name);
+}
+
 }  // namespace chengheng

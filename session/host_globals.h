@@ -69,6 +69,8 @@ class HostSession {
 
     /// Publishes another name of the open books; nothing where no session lives.
     static void renameBooks(std::string name);
+    /// The same of who is logged on.
+    static void renameOperator(std::string name);
 
   private:
     SessionFacts m_facts;

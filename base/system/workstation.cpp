@@ -60,12 +60,21 @@ std::string booksHome() {
     return user.empty() ? std::string() : user + "/.local/share/chengheng";
 }
 
+std::string systemUserName() {
+    const passwd* user = getpwuid(getuid());
+    return user == nullptr ? environment("USER") : user->pw_name;
+}
+
 std::int32_t ownProcess() { return static_cast<std::int32_t>(getpid()); }
 
 bool isOwnProgramAlive(std::int32_t process) { return isAliveAs(process, {programOf("self")}); }
 
 bool isBooksProgramAlive(std::int32_t process) {
     return isAliveAs(process, {programOf("self"), "chengheng"});
+}
+
+bool hasBooksProgramEnded(std::string_view station, std::int32_t process) {
+    return station == stationName() && !isBooksProgramAlive(process);
 }
 
 Date today() {

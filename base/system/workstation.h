@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/system/this_process.h"
 #include "base/values/date.h"
@@ -15,6 +16,9 @@ namespace chengheng {
 /// CHENGHENG_HOME, else "chengheng" in the user's data directory. Empty when there is none.
 std::string booksHome();
 
+/// The name by which the user is known to the operating system.
+std::string systemUserName();
+
 std::int32_t ownProcess();
 
 /// Whether a process of this workstation lives and runs the same program as this one.
@@ -22,6 +26,10 @@ bool isOwnProgramAlive(std::int32_t process);
 
 /// Whether it lives and runs a program of ours that people log on to books with.
 bool isBooksProgramAlive(std::int32_t process);
+
+/// Whether a program that somebody logged on to books with is known to have ended. Of those of
+/// other workstations nothing is known.
+bool hasBooksProgramEnded(std::string_view station, std::int32_t process);
 
 /// The day by the local calendar.
 Date today();

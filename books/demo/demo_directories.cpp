@@ -7,11 +7,10 @@
 #include "data/tables/operators.h"
 #include "data/tables/settlement.h"
 #include "directories/directory.h"
+#include "session/rights/rights_list.h"
 
 namespace chengheng {
 namespace {
-
-constexpr std::size_t rightsLength = 255;
 
 Status writeProjectClass(DemoBooks& books, const demo::Named& given) {
     _ProjClassInfo record;

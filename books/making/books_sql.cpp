@@ -12,8 +12,6 @@
 namespace chengheng::books_sql {
 namespace {
 
-constexpr std::size_t rightsLength = 255;
-
 /// Collects statements, a line each, and counts the rows a table got.
 struct Batch {
     std::string text;

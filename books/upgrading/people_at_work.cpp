@@ -9,18 +9,11 @@
 #include "data/transfer/stored_tables.h"
 
 namespace chengheng {
-namespace {
-
-bool isKnownToHaveEnded(const std::string& station, std::int64_t process) {
-    return station == stationName() && !isBooksProgramAlive(static_cast<std::int32_t>(process));
-}
-
-}  // namespace
 
 Status listPeopleAtWork(Engine& books, std::vector<PersonAtWork>& people) {
     return forEachRow(books, upgrade_sql::loggedOn, {}, [&people](const Cursor& row) {
         const std::string station(row.text(1));
-        if (!isKnownToHaveEnded(station, row.integer(2)))
+        if (!hasBooksProgramEnded(station, static_cast<std::int32_t>(row.integer(2))))
             people.push_back({std::string(row.text(0)), station, row.integer(2)});
         return Status::done();
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,8 @@ namespace chengheng {
 
 inline constexpr int functionCount = 82;
 inline constexpr int mostFunctionsOfGroup = 12;
+/// Characters of a rights string: there is room for functions to come.
+inline constexpr std::size_t rightsLength = 255;
 
 struct RightsGroup {
     const char* name;

@@ -14,6 +14,7 @@
 #include "data/tables/accounts.h"
 #include "directories/directory_sql.h"
 #include "opening/storing/opening_sql.h"
+#include "operators/operator_sql.h"
 #include "report/output/print_sql.h"
 #include "session/rights/services_sql.h"
 #include "settle/settle_sql.h"
@@ -122,19 +123,9 @@ void addAssAccBatches(Forms& forms) {
 }
 
 void addOperatorBatches(Forms& forms) {
-    addBatch(forms,
-             formatSql("BEGIN TRANSACTION xiugai\r\n"
-                       "INSERT INTO Users VALUES( %d, %d, '%s', 0, '%s' )\r\n"
-                       "INSERT INTO UserAuth VALUES( %d, %d, '%s' )\r\n"
-                       "UPDATE ABIdTable SET lLastId = %d WHERE sTable = 'UserAuth' or sTable = "
-                       "'Users'\r\n"
-                       "COMMIT TRANSACTION xiugai",
-                       301, 301, awkward, awkward, 301, 301, std::string(255, 'N'), 301));
-    addBatch(forms, formatSql("UPDATE UserAuth SET sAuthId = '%s' WHERE lUserId = %d",
-                              std::string(255, 'Y'), 301));
-    addBatch(forms, formatSql("BEGIN TRANSACTION xiugai\r\nDELETE Users WHERE lUserId = %d\r\n"
-                              "DELETE UserAuth WHERE lUserId = %d\r\nCOMMIT TRANSACTION xiugai",
-                              301, 301));
+    addBatch(forms, operator_sql::addOperator({301, 301, awkward, 0, awkward}));
+    addBatch(forms, operator_sql::saveRights(301, std::string(255, 'Y')));
+    addBatch(forms, operator_sql::deleteOperator(301));
 }
 
 void addRateBatches(Forms& forms) {
@@ -174,8 +165,6 @@ void addSelects(Forms& forms) {
         addSelect(forms, where_used_sql::rows(place, std::array{5, 6}, 3));
         addSelect(forms, where_used_sql::accountsIn(place));
     }
-    addSelect(forms, formatSql("Select * From LoginInfoTbl Where lAccId = %d AND sUser = '%s'", 1,
-                               awkward));
 }
 
 void addCodeConditions(Forms& forms) {
@@ -298,15 +287,17 @@ void addListConditions(Forms& forms) {
     addCondition(forms, settle_sql::ofNumber(awkward), {"Settle", "UnregSub", "RegSub"});
     addCondition(forms, settle_sql::ofName(awkward), {"Settle"});
     addCondition(forms, settle_sql::ofNoteMethod(awkward), {"RecpBank"});
-    addCondition(forms, "lId > 0 ORDER BY lUserId", {"Users", "UserAuth"});
+    addCondition(forms, operator_sql::inOrder, {"Users", "UserAuth"});
+    addCondition(forms, operator_sql::ofUser(301), {"Users", "UserAuth"});
+    addCondition(forms, operator_sql::ofName(awkward), {"Users"});
+    addCondition(forms, operator_sql::ofLogons(1, awkward), {"LoginInfoTbl"});
     addCondition(forms, settle_sql::inOrder, {"Settle"});
     addCondition(forms, logon_sql::ofOperator(awkward), {"Users"});
     addCondition(forms, logon_sql::ofRightsOwner(1), {"UserAuth"});
     addCondition(forms, logon_sql::ofStation(awkward), {"LoginInfoTbl"});
     addCondition(forms, logon_sql::ofLogons("1, 2, 3"), {"LoginInfoTbl"});
-    addCondition(forms, formatSql("sUserName = '%s' and lUserId <> %d ", awkward, 301), {"Users"});
-    addCondition(forms, formatSql("lUBill = %d OR lUCheck = %d OR lUBook = %d", 1, 1, 1),
-                 {"UnregMain", "RegMain"});
+    addCondition(forms, operator_sql::ofNameBeside(awkward, 301), {"Users"});
+    addCondition(forms, operator_sql::ofVouchers(1), {"UnregMain", "RegMain"});
 }
 
 }  // namespace

@@ -1,0 +1,82 @@
+#include "operators/operator_rules.h"
+
+#include <fmt/format.h>
+
+#include "base/values/text.h"
+#include "operators/operator_texts.h"
+
+namespace chengheng {
+namespace {
+
+namespace texts = operator_texts;
+
+using Refused = std::optional<Refusal>;
+
+Refusal fieldRefusal(std::string text, const char* field) {
+    return {RefusalKind::wrongInput, {.text = std::move(text), .beep = true, .focusField = field}};
+}
+
+Refusal deletionRefusal(std::string text) {
+    return {RefusalKind::wrongInput, {.text = std::move(text)}};
+}
+
+Refused passwordsMatch(const OperatorInputFacts& facts) {
+    if (facts.input.password == facts.input.confirmation) return std::nullopt;
+    return fieldRefusal(texts::passwordsDiffer, confirmationField);
+}
+
+Refused nameIsFree(const OperatorInputFacts& facts) {
+    const std::string_view name = operatorName(facts.input);
+    if (!facts.isNameTaken(name)) return std::nullopt;
+    return fieldRefusal(facts.isAddition ? fmt::format(texts::nameTakenByAddition, name)
+                                         : texts::nameTakenByModification,
+                        operatorNameField);
+}
+
+constexpr std::array inputChecks{
+    Check<OperatorInputFacts>{"password and confirmation are equal", passwordsMatch},
+    Check<OperatorInputFacts>{"nobody else has the name", nameIsFree},
+};
+
+Refused isNotLoggedOn(const OperatorDeletionFacts& facts) {
+    if (!facts.isLoggedOn) return std::nullopt;
+    return deletionRefusal(fmt::format(texts::loggedOn, facts.name));
+}
+
+/// Vouchers that are not posted yet do not keep an operator.
+Refused isNotUsed(const OperatorDeletionFacts& facts) {
+    if (!facts.hasPostedVouchers) return std::nullopt;
+    return deletionRefusal(texts::used);
+}
+
+constexpr std::array deletionChecks{
+    Check<OperatorDeletionFacts>{"is not logged on", isNotLoggedOn},
+    Check<OperatorDeletionFacts>{"is in no posted voucher", isNotUsed},
+};
+
+}  // namespace
+
+std::optional<std::vector<OperatorRecord>> pairedOperators(std::span<const _UsersInfo> users,
+                                                           std::span<const _UserAuthInfo> rights) {
+    if (users.empty() || users.size() != rights.size()) return std::nullopt;
+    std::vector<OperatorRecord> paired;
+    paired.reserve(users.size());
+    for (std::size_t place = 0; place < users.size(); ++place)
+        paired.push_back({users[place], OperatorRights(rights[place].sAuthId)});
+    return paired;
+}
+
+std::string_view operatorName(const OperatorInput& input) {
+    return withoutBlanksAround(input.name);
+}
+
+bool isOperatorInputChanged(const OperatorInput& input, const OperatorInput& opened) {
+    const std::string_view name = operatorName(input);
+    return !name.empty() && (name != operatorName(opened) || input.password != opened.password);
+}
+
+std::span<const Check<OperatorInputFacts>> operatorInputChecks() { return inputChecks; }
+
+std::span<const Check<OperatorDeletionFacts>> operatorDeletionChecks() { return deletionChecks; }
+
+}  // namespace chengheng

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/messages/checks.h"
+#include "data/tables/operators.h"
+#include "operators/operator_rights.h"
+
+namespace chengheng {
+
+inline constexpr int operatorNameWidth = 20;  ///< in characters
+inline constexpr int passwordWidth = 60;
+
+/// The fields that get the focus when an input is refused.
+inline constexpr const char* operatorNameField = "sUserName";
+inline constexpr const char* passwordField = "sPassword";
+inline constexpr const char* confirmationField = "confirmation";
+
+/// An operator with the rights that stand beside them.
+struct OperatorRecord {
+    _UsersInfo user;
+    OperatorRights rights;
+
+    bool isSupervisor() const { return user.bManager != 0; }
+};
+
+/// Operators and rights in the order in which they are read, made one by their places. Nothing
+/// when there is not one string of rights for each operator, or no operator at all.
+std::optional<std::vector<OperatorRecord>> pairedOperators(std::span<const _UsersInfo> users,
+                                                           std::span<const _UserAuthInfo> rights);
+
+/// What stands in the dialog for an operator.
+struct OperatorInput {
+    std::string name;
+    std::string password;
+    std::string confirmation;
+};
+
+/// The name without the blanks around it.
+std::string_view operatorName(const OperatorInput& input);
+
+/// Whether there is something to confirm: a name, and name or password other than the dialog
+/// opened with.
+bool isOperatorInputChanged(const OperatorInput& input, const OperatorInput& opened);
+
+/// What the checks of the dialog look at.
+struct OperatorInputFacts {
+    const OperatorInput& input;
+    bool isAddition = true;
+    /// Whether another operator has this name.
+    std::function<bool(std::string_view name)> isNameTaken;
+};
+
+std::span<const Check<OperatorInputFacts>> operatorInputChecks();
+
+/// What the checks of a deletion look at.
+struct OperatorDeletionFacts {
+    std::string_view name;
+    bool isLoggedOn = false;
+    bool hasPostedVouchers = false;  ///< made, checked or posted one
+};
+
+std::span<const Check<OperatorDeletionFacts>> operatorDeletionChecks();
+
+}  // namespace chengheng

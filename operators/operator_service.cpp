@@ -1,0 +1,229 @@
+#include "operators/operator_service.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "base/system/workstation.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/host_database.h"
+#include "data/access/row_lease.h"
+#include "data/tables/vouchers.h"
+#include "operators/operator_sql.h"
+#include "operators/operator_texts.h"
+#include "session/host_globals.h"
+#include "session/last_failure.h"
+#include "session/open_books.h"
+
+namespace chengheng {
+namespace {
+
+namespace texts = operator_texts;
+
+constexpr LockLists lockLists{"", "Users UserAuth"};
+
+bool isOwn(const _UsersInfo& user) {
+    return g_lpLogonUserInfo != nullptr && g_lpLogonUserInfo->lUserId == user.lUserId;
+}
+
+/// By the own id and by the name, which sessions keep when an operator is renamed. A session
+/// whose program has ended counts for nothing. Nothing when it cannot be read.
+std::optional<bool> isLoggedOn(const _UsersInfo& user) {
+    if (isOwn(user)) return true;
+    const RowLease<_LoginInfo> lease(*g_pDB,
+                                     operator_sql::ofLogons(g_lAccountId, user.sUserName).c_str());
+    if (!lease.isRead()) return std::nullopt;
+    return std::ranges::any_of(lease.rows(), [](const _LoginInfo* row) {
+        return !hasBooksProgramEnded(row->sStation, row->lProcess);
+    });
+}
+
+UntoldOutcome refuseDeletion(const _UsersInfo& user) {
+    const auto isAtWork = isLoggedOn(user);
+    if (!isAtWork) return UntoldOutcome::failed();
+    const auto hasVouchers = hasRows<_RegMainInfo>(*g_pDB, operator_sql::ofVouchers(user.lUserId));
+    if (!hasVouchers) return UntoldOutcome::failed();
+    const auto refusal = firstRefusal(
+        operatorDeletionChecks(),
+        {.name = user.sUserName, .isLoggedOn = *isAtWork, .hasPostedVouchers = *hasVouchers});
+    return refusal ? UntoldOutcome::refused(refusal->notice) : UntoldOutcome::done();
+}
+
+/// Whether another operator than the one of the id has a name; nothing when it cannot be read.
+std::optional<bool> isNameTaken(std::string_view name, std::int32_t userId) {
+    return hasRows<_UsersInfo>(*g_pDB, userId == 0 ? operator_sql::ofName(name)
+                                                   : operator_sql::ofNameBeside(name, userId));
+}
+
+UntoldOutcome refuseInput(const OperatorInput& input, std::int32_t userId) {
+    bool hasFailed = false;
+    const auto refusal = firstRefusal(
+        operatorInputChecks(),
+        {.input = input, .isAddition = userId == 0, .isNameTaken = [&](std::string_view name) {
+             const auto isTaken = isNameTaken(name, userId);
+             hasFailed = !isTaken;
+             return hasFailed || *isTaken;
+         }});
+    if (hasFailed) return UntoldOutcome::failed();
+    return refusal ? UntoldOutcome::refused(refusal->notice) : UntoldOutcome::done();
+}
+
+UntoldOutcome hashed(const std::string& password, PasswordCost cost, std::string& hash) {
+    hash = hashPassword(password, cost);
+    if (!hash.empty()) return UntoldOutcome::done();
+    return {Outcome::failed,
+            Notice{.text = texts::passwordNotKept, .icon = MessageIcon::stop, .beep = true}};
+}
+
+/// The one row of a condition; stale where there is none.
+template <class Record>
+UntoldOutcome readOne(const std::string& condition, Record& record) {
+    const RowLease<Record> lease(*g_pDB, condition.c_str());
+    if (!lease.isRead()) return UntoldOutcome::failed();
+    if (!lease.isFound()) return {Outcome::stale};
+    record = *lease.rows().front();
+    return UntoldOutcome::done();
+}
+
+UntoldOutcome addOperator(_UsersInfo& user) {
+    int lastUser = 0;
+    int lastRights = 0;
+    if (!g_pDB->readLastIdBefore<_UsersInfo>(1, lastUser) ||
+        !g_pDB->readLastIdBefore<_UserAuthInfo>(1, lastRights))
+        return UntoldOutcome::failed();
+    user.lId = user.lUserId = std::max(lastUser, lastRights) + 1;
+    return g_pDB->QRYExecuteSQL(operator_sql::addOperator(user)) != 0 ? UntoldOutcome::done()
+                                                                      : UntoldOutcome::failed();
+}
+
+/// Those who are at work by the name that was go on by the new one.
+UntoldOutcome renameSessions(const std::string& before, const std::string& now) {
+    const bool isDone =
+        g_pDB->QRYEdit("LoginInfoTbl", operator_sql::ofLogons(g_lAccountId, before).c_str(),
+                       operator_sql::newNameOfLogon, now) == 0 ||
+        g_pDB->lastStatus().failure == Failure::missing;
+    return isDone ? UntoldOutcome::done() : UntoldOutcome::failed();
+}
+
+UntoldOutcome modifyOperator(const OperatorInput& input, const std::string& hash,
+                             _UsersInfo& user) {
+    _UsersInfo stored;
+    UntoldOutcome result = readOne(operator_sql::ofUser(user.lUserId), stored);
+    if (result.outcome != Outcome::done) return result;
+    result = refuseInput(input, user.lUserId);
+    if (result.outcome != Outcome::done) return result;
+    const std::string before = stored.sUserName;
+    const std::string wanted(operatorName(input));
+    if (wanted != user.sUserName) stored.sUserName = wanted;
+    if (!hash.empty()) stored.sPassword = hash;
+    if (g_pDB->Users_Edit(stored) != 0) return UntoldOutcome::failed();
+    if (stored.sUserName != before) result = renameSessions(before, stored.sUserName);
+    user = stored;
+    return result;
+}
+
+UntoldOutcome changeRights(const RightsChange& change, std::int32_t userId,
+                           OperatorRights& rights) {
+    _UsersInfo user;
+    UntoldOutcome result = readOne(operator_sql::ofUser(userId), user);
+    if (result.outcome != Outcome::done) return result;
+    _UserAuthInfo stored;
+    result = readOne(operator_sql::ofUser(userId), stored);
+    if (result.outcome == Outcome::stale)
+        return UntoldOutcome::refused({.text = texts::safetyFault});
+    if (result.outcome != Outcome::done) return result;
+    const OperatorRights wanted = change.appliedTo(OperatorRights(stored.sAuthId));
+    if (g_pDB->QRYExecuteSQL(operator_sql::saveRights(userId, wanted.text())) == 0)
+        return UntoldOutcome::failed();
+    rights = wanted;
+    return result;
+}
+
+UntoldOutcome deleteOperator(std::int32_t userId) {
+    _UsersInfo stored;
+    UntoldOutcome result = readOne(operator_sql::ofUser(userId), stored);
+    // Deleted already, as it is wanted.
+    if (result.outcome == Outcome::stale) return UntoldOutcome::done();
+    if (result.outcome == Outcome::done) result = refuseDeletion(stored);
+    if (result.outcome != Outcome::done) return result;
+    return g_pDB->QRYExecuteSQL(operator_sql::deleteOperator(userId)) != 0
+               ? UntoldOutcome::done()
+               : UntoldOutcome::failed();
+}
+
+}  // namespace
+
+std::optional<std::vector<OperatorRecord>> OperatorService::readAll() {
+    const auto read = [](auto& rows, const char* condition) {
+        const RowLease<typename std::decay_t<decltype(rows)>::value_type> lease(*g_pDB, condition);
+        rows = lease.copy();
+        return lease.isRead();
+    };
+    std::vector<_UsersInfo> users;
+    std::vector<_UserAuthInfo> rights;
+    if (!selectOpenBooks() || !read(users, operator_sql::inOrder) ||
+        !read(rights, operator_sql::inOrder)) {
+        tellLastFailure(m_messages);
+        return std::nullopt;
+    }
+    auto paired = pairedOperators(users, rights);
+    if (!paired) m_messages.tell({.text = texts::safetyFault});
+    return paired;
+}
+
+Outcome OperatorService::add(const OperatorInput& input, OperatorRecord& added) {
+    if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
+    UntoldOutcome checked = refuseInput(input, 0);
+    _UsersInfo user{.sUserName = std::string(operatorName(input))};
+    if (checked.outcome == Outcome::done) checked = hashed(input.password, m_cost, user.sPassword);
+    if (checked.outcome != Outcome::done) return told(m_messages, checked);
+    const Outcome outcome = changeRecords(m_messages, lockLists, [&] {
+        UntoldOutcome result = refuseInput(input, 0);
+        return result.outcome == Outcome::done ? addOperator(user) : result;
+    });
+    if (outcome == Outcome::done) added = {user, {}};
+    return outcome;
+}
+
+Outcome OperatorService::modify(const OperatorInput& input, OperatorRecord& changed) {
+    if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
+    _UsersInfo user = changed.user;
+    std::string hash;
+    UntoldOutcome checked = refuseInput(input, user.lUserId);
+    if (checked.outcome == Outcome::done && !input.password.empty())
+        checked = hashed(input.password, m_cost, hash);
+    if (checked.outcome != Outcome::done) return told(m_messages, checked);
+    const Outcome outcome =
+        changeRecords(m_messages, lockLists, [&] { return modifyOperator(input, hash, user); });
+    if (outcome != Outcome::done) return outcome;
+    if (isOwn(user)) HostSession::renameOperator(user.sUserName);
+    changed.user = user;
+    return outcome;
+}
+
+Outcome OperatorService::saveRights(const RightsChange& change, OperatorRecord& changed) {
+    OperatorRights rights;
+    const Outcome outcome = changeRecords(
+        m_messages, lockLists, [&] { return changeRights(change, changed.user.lUserId, rights); });
+    if (outcome == Outcome::done) changed.rights = rights;
+    return outcome;
+}
+
+Outcome OperatorService::remove(const OperatorRecord* record) {
+    if (record == nullptr)
+        return told(m_messages, UntoldOutcome::refused({.text = texts::nothingToDelete}));
+    if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
+    const UntoldOutcome checked = refuseDeletion(record->user);
+    if (checked.outcome != Outcome::done) return told(m_messages, checked);
+    const Answer answer =
+        m_messages.ask({.text = fmt::format(texts::deletion, record->user.sUserName)});
+    if (answer != Answer::yes) return Outcome::refused;
+    return changeRecords(m_messages, lockLists,
+                         [&] { return deleteOperator(record->user.lUserId); });
+}
+
+bool OperatorService::mayReadAgain() {
+    return m_messages.ask({.text = texts::goneReload}) == Answer::yes;
+}
+
+}  // namespace chengheng

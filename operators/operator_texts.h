@@ -1,0 +1,21 @@
+#pragma once
+
+/// What is shown, told and asked about operators. {} is a value.
+namespace chengheng::operator_texts {
+
+inline constexpr const char* safetyFault = "系统安全出现故障!";
+
+inline constexpr const char* passwordsDiffer = "操作员口令和确认口令不匹配!";
+inline constexpr const char* nameTakenByAddition = "操作员: {} 已经存在！";
+inline constexpr const char* nameTakenByModification = "该操作员已经存在。";
+
+inline constexpr const char* nothingToModify = "请选择要修改的操作员！";
+inline constexpr const char* nothingToDelete = "请选择要删除的操作员！";
+inline constexpr const char* loggedOn = "用户《 {} 》已经登录，不能删除！";
+inline constexpr const char* used = "该用户已经使用,不能删除";
+inline constexpr const char* deletion = "是否删除操作员:{}?";
+inline constexpr const char* goneReload =
+    "该操作员已经被删除了,不能修改。\n要重新读入操作员信息吗？";
+inline constexpr const char* passwordNotKept = "机器的内存不足,无法保存口令,操作没有进行。";
+
+}  // namespace chengheng::operator_texts

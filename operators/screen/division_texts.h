@@ -1,0 +1,20 @@
+#pragma once
+
+/// What the window of the division of work and its dialogs show. {} is a value.
+namespace chengheng::division_texts {
+
+inline constexpr const char* title = "财务分工";
+inline constexpr const char* supervisor = "主管";
+inline constexpr const char* userAtWork = "该用户{}已使用";
+
+inline constexpr const char* additionTitle = "增加操作员";
+inline constexpr const char* modificationTitle = "修改操作员姓名、口令";
+inline constexpr const char* nameLabel = "操作员姓名:";
+inline constexpr const char* passwordLabel = "操作员口令:";
+inline constexpr const char* confirmationLabel = "确认口令:";
+inline constexpr const char* confirm = "确 认";
+inline constexpr const char* giveUp = "放 弃";
+inline constexpr const char* withoutPassword = "没有口令:任何人都能用这个姓名登录。";
+inline constexpr const char* passwordStays = "口令空着不填,原来的口令不变。";
+
+}  // namespace chengheng::division_texts
