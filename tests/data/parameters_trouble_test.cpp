@@ -98,6 +98,42 @@ TEST_P(ParametersTrouble, TakesAndFreesWhatItReadsFirst) {
 
 CHENGHENG_ON_ALL_ENGINES(ParametersTrouble);
 
+class ParametersCrashes : public testing::TestWithParam<EngineCase> {};
+
+TEST_P(ParametersCrashes, LeaveAChangeWholeOrUndoneAndNoLock) {
+    const std::string location = freshLocation(GetParam());
+    { const Trouble made(newEngine(location), location); }
+    int undone = 0;
+    bool isKilled = true;
+    for (int number = 1; isKilled && number < 100; ++number) {
+        isKilled = isKilledAtWork(location, [&](std::unique_ptr<FaultyEngine> engine) {
+            Trouble trouble(std::move(engine), location);
+            if (!trouble.form.open()) throw std::runtime_error("not opened");
+            trouble.form.input.company = "乙公司";
+            trouble.form.input.startMonth = 4;
+            trouble.books.messages.willAnswer(Answer::yes);
+            trouble.engine.dieAtCall(number);
+            if (!trouble.form.save()) throw std::runtime_error("not saved");
+        });
+        auto engine = std::make_unique<FaultyEngine>(openForTest(location, OpenMode::existing));
+        ParametersBooks books(std::move(engine), location);
+        EXPECT_NE(books.database.SQLLock("Code AccSum zAccountM", 2, 1), 0) << "call " << number;
+        _zAccountMInfo changed = madeParameters();
+        changed.sCompany = "乙公司";
+        changed.dtStart.month = 4;
+        if (books.stored() == madeParameters())
+            ++undone;
+        else
+            EXPECT_EQ(books.stored(), changed) << "call " << number;
+        ASSERT_TRUE(isKilled || books.stored() == changed);
+        books.run("UPDATE zAccountM SET sCompany = '甲公司', dtStart = '2026/1/1'");
+    }
+    EXPECT_FALSE(isKilled);
+    EXPECT_GT(undone, 4) << "calls before the change counts";
+}
+
+CHENGHENG_ON_SHARED_ENGINES(ParametersCrashes);
+
 class ParametersWorkstations : public testing::TestWithParam<EngineCase> {
   protected:
     void SetUp() override { ASSERT_TRUE(m_form.open()); }

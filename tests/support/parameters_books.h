@@ -36,7 +36,7 @@ struct ParametersBooks {
         addParameters();
         list(location);
     }
-    /// On an engine made elsewhere, whose database has its tables.
+    /// On an engine made elsewhere, whose database has its tables, and perhaps its parameters.
     ParametersBooks(std::unique_ptr<Engine> engine, const std::string& location) {
         database.adopt(std::move(engine), location.c_str(), "books");
         mustBe(database.DBSelect("books") != 0);
@@ -77,6 +77,7 @@ struct ParametersBooks {
         if (!isDone) throw std::runtime_error("the books for the test cannot be made");
     }
     void addParameters() {
+        if (stored().lId != 0) return;
         run("INSERT INTO zAccountM VALUES( 1, '甲帐套', '甲公司', '2026/1/1', '4222', 1, 2026 )");
     }
     void list(const std::string& location) {
