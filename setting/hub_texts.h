@@ -8,10 +8,7 @@ inline constexpr const char* noSupervisor = "你没有[主管]权限!";
 inline constexpr const char* noForeignCurrency =
     "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!";
 
-inline constexpr const char* divide = "财务分工";
-inline constexpr const char* bursar = "会计科目";
 inline constexpr const char* exchange = "汇率管理";
-inline constexpr const char* begleft = "期初余额录入";
 inline constexpr const char* presetWizard = "凭证类别预置向导";
 
 inline constexpr const char* startingGroup = "建帐";

@@ -80,6 +80,15 @@ DivisionBoxes DivisionScreen::boxes() const {
     return boxes;
 }
 
+std::string DivisionScreen::boxesTitle() const {
+    const OperatorRecord* record = selectedRecord();
+    if (record == nullptr) return division_texts::noOperator;
+    const std::string& name = record->user.sUserName;
+    return m_selected.leaf < 0
+               ? fmt::format(division_texts::groupsOf, name)
+               : fmt::format(division_texts::functionsOf, name, groupAt(m_selected.leaf).name);
+}
+
 void DivisionScreen::select(const DivisionPlace& place) { m_selected = nearest(place); }
 
 std::string DivisionScreen::userText() {

@@ -65,6 +65,8 @@ class DivisionScreen {
 
     std::vector<DivisionItem> items() const;
     DivisionBoxes boxes() const;
+    /// Whose boxes these are.
+    std::string boxesTitle() const;
     const DivisionPlace& selected() const { return m_selected; }
     void select(const DivisionPlace& place);
     /// "该用户...已使用", with who uses this workstation.

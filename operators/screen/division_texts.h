@@ -7,6 +7,15 @@ inline constexpr const char* title = "财务分工";
 inline constexpr const char* supervisor = "主管";
 inline constexpr const char* userAtWork = "该用户{}已使用";
 
+inline constexpr const char* tree = "操作员";
+/// What stands above the boxes: the operator, or the operator and the opened group.
+inline constexpr const char* groupsOf = "{} 的权限";
+inline constexpr const char* functionsOf = "{} 的权限:{}";
+inline constexpr const char* noOperator = "权限";
+
+inline constexpr const char* modify = "修改\tCtrl+M";
+inline constexpr const char* refresh = "刷新\tF5";
+
 inline constexpr const char* additionTitle = "增加操作员";
 inline constexpr const char* modificationTitle = "修改操作员姓名、口令";
 inline constexpr const char* nameLabel = "操作员姓名:";

@@ -15,7 +15,7 @@ constexpr HelpPage pages[] = {
     {hubHelpContext, screen_texts::hubPage, ":/help/hub.html"},
     {197779, screen_texts::firstStepsPage, ":/help/first_steps.html"},
     {197780, screen_texts::keyboardPage, ":/help/keyboard.html"},
-    {197781, screen_texts::rightsPage, ":/help/rights.html"},
+    {operatorHelpContext, screen_texts::rightsPage, ":/help/rights.html"},
     {chartHelpContext, screen_texts::chartPage, ":/help/chart.html"},
     {openingHelpContext, screen_texts::openingPage, ":/help/opening.html"},
     {directoryHelpContext, screen_texts::directoryPage, ":/help/directories.html"},

@@ -14,6 +14,7 @@ struct HelpPage {
 
 inline constexpr int hubHelpContext = 197778;
 inline constexpr int chartHelpContext = 197783;
+inline constexpr int operatorHelpContext = 197781;
 inline constexpr int settleHelpContext = 197782;
 inline constexpr int openingHelpContext = 197784;
 inline constexpr int auxiliaryHelpContext = 197785;

@@ -5,6 +5,7 @@
 #include "currency/window/currency_window.h"
 #include "directories/window/directory_window.h"
 #include "opening/window/CNbCwBegleftDlg.h"
+#include "operators/window/division_window.h"
 #include "screen/books/books_parameters_window.h"
 #include "setting/window/unbuilt_functions.h"
 #include "settle/window/CNbCwSettleDlg.h"
@@ -34,7 +35,7 @@ struct Launcher {
 };
 
 constexpr Launcher launchers[] = {
-    {HubFunction::divide, tellUnbuilt<HubFunction::divide>},
+    {HubFunction::divide, runModally<DivisionWindow>},
     {HubFunction::bursar, runModally<CNbCwBursarDlg>},
     {HubFunction::exchange, runModally<CurrencyWindow>},
     {HubFunction::begleft, runModally<CNbCwBegleftDlg>},

@@ -83,14 +83,24 @@ TEST_F(HubTest, OpensTheRegionInFocusWithEnterAndSpace) {
 TEST_F(HubTest, OpensItsRegionsWithTheDigits) {
     OpenHub hub;
     hub.showAndFocus();
-    const std::pair<char, std::string> told[] = {
-        {'1', unbuilt("财务分工")}, {'2', "分类数据为空!"}, {'5', unbuilt("凭证类别预置向导")}};
+    const std::pair<char, std::string> told[] = {{'2', "分类数据为空!"},
+                                                 {'5', unbuilt("凭证类别预置向导")}};
     for (const auto& [digit, text] : told) {
         QTest::keyClick(hub.focusWidget(), digit);
         QCoreApplication::processEvents();
         EXPECT_EQ(m_messages.onlyNotice().text, text);
         m_messages.forget();
     }
+    run("INSERT Users VALUES(5, 5, '王芳', 1, '')\r\nINSERT UserAuth VALUES(5, 5, 'N')");
+    {
+        NextModal operatorHands([](QWidget& window) {
+            EXPECT_EQ(window.windowTitle(), "财务分工");
+            window.close();
+        });
+        QTest::keyClick(hub.focusWidget(), '1');
+        QCoreApplication::processEvents();
+    }
+    hub.showAndFocus();
     {
         NextModal operatorHands(closeOpeningBalances);
         QTest::keyClick(hub.focusWidget(), '4');

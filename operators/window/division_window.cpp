@@ -1,0 +1,269 @@
+#include "operators/window/division_window.h"
+
+#include <fmt/format.h>
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QToolBar>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "base/system/program_version.h"
+#include "forms/form_texts.h"
+#include "operators/screen/division_texts.h"
+#include "operators/window/division_tree.h"
+#include "operators/window/operator_window.h"
+#include "operators/window/state_box.h"
+#include "screen/dialog_templates.h"
+#include "screen/help/help_pages.h"
+#include "screen/help/help_window.h"
+#include "screen/host_events.h"
+#include "screen/shown.h"
+
+namespace chengheng {
+namespace {
+
+namespace texts = division_texts;
+
+// The commands, by the numbers under which menus and tool bar send them.
+constexpr int exitCommand = 3;
+constexpr int insertCommand = 4;
+constexpr int deleteCommand = 5;
+constexpr int searchCommand = 6;
+constexpr int aboutCommand = 7;
+constexpr int modifyCommand = 8;
+constexpr int refreshCommand = 9;
+
+constexpr MenuItemResource fileItems[] = {{exitCommand, form_texts::exit}};
+constexpr MenuItemResource editItems[] = {
+    {insertCommand, form_texts::insert}, {modifyCommand, texts::modify},
+    {deleteCommand, form_texts::remove}, {0, ""},
+    {refreshCommand, texts::refresh},
+};
+constexpr MenuItemResource helpItems[] = {
+    {helpCommandNumber, form_texts::helpTopics},
+    {searchCommand, form_texts::search},
+    {0, ""},
+    {aboutCommand, form_texts::about},
+};
+constexpr WindowMenu menus[] = {{form_texts::fileMenu, fileItems},
+                                {form_texts::editMenu, editItems},
+                                {form_texts::helpMenu, helpItems}};
+constexpr ToolButton tools[] = {
+    {insertCommand, "add"},
+    {modifyCommand, "modify"},
+    {deleteCommand, "delete"},
+    {refreshCommand, "refresh"},
+    {0, ""},
+    {helpCommandNumber, "help", form_texts::helpButton},
+    {exitCommand, "exit"},
+};
+constexpr int contextCommands[] = {insertCommand, modifyCommand, deleteCommand};
+
+// The controls' own numbers.
+constexpr int treeControl = 2302;
+constexpr int userTextControl = 8050;
+constexpr int firstBoxControl = 8038;
+constexpr int tenthBoxControl = 8056;
+constexpr int boxesInColumn = 9;
+
+constexpr int treeCharacters = 16;
+constexpr int boxesCharacters = 30;
+constexpr int lines = 26;
+
+QString nameOf(int control) { return QString::number(control); }
+
+Qt::CheckState stateOf(GroupState state) {
+    return state == GroupState::all    ? Qt::Checked
+           : state == GroupState::some ? Qt::PartiallyChecked
+                                       : Qt::Unchecked;
+}
+
+}  // namespace
+
+DivisionWindow::DivisionWindow(QWidget* parent)
+    : CNxMiddleDialog(dialog_templates::divide, parent),
+      m_atWork(texts::title),
+      m_screen(messages()) {}
+
+DivisionWindow::~DivisionWindow() = default;
+
+bool DivisionWindow::OnInitDialog() {
+    setWindowTitle(shown(texts::title));
+    buildControls();
+    carryOut([this] { m_screen.open(); });
+    m_tree->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+void DivisionWindow::buildControls() {
+    auto* column = new QVBoxLayout(this);
+    m_commands = std::make_unique<WindowCommands>(*this, menus);
+    column->addWidget(m_commands->makeToolBar(shown(form_texts::toolBar), tools));
+    auto* splitter = new QSplitter;
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(buildTree());
+    splitter->addWidget(buildBoxes());
+    splitter->setStretchFactor(1, 1);
+    column->addWidget(splitter, 1);
+    const int character = fontMetrics().horizontalAdvance(QChar(0x5E10));
+    splitter->setSizes({treeCharacters * character, boxesCharacters * character});
+    resize((treeCharacters + boxesCharacters) * character, lines * fontMetrics().lineSpacing());
+}
+
+QWidget* DivisionWindow::buildTree() {
+    m_items = new DivisionTree(this);
+    m_tree = new QTreeView;
+    m_tree->setObjectName(nameOf(treeControl));
+    m_tree->setAccessibleName(shown(texts::tree));
+    m_tree->setHeaderHidden(true);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_tree->setModel(m_items);
+    connect(m_tree, &QTreeView::customContextMenuRequested, this,
+            guarded([this] { m_commands->popUp(contextCommands, QCursor::pos()); }));
+    // Not within the event of the mouse or key: a question may come up.
+    connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            guarded([this] { followTree(); }), Qt::QueuedConnection);
+    return m_tree;
+}
+
+QWidget* DivisionWindow::buildBoxes() {
+    m_panel = new QGroupBox;
+    auto* grid = new QGridLayout(m_panel);
+    for (int box = 0; box < rightsGroupCount; ++box) {
+        auto* made = new StateBox;
+        const bool isInFirstColumn = box < boxesInColumn;
+        made->setObjectName(nameOf(isInFirstColumn ? firstBoxControl + box
+                                                   : tenthBoxControl + box - boxesInColumn));
+        QSizePolicy keepingItsPlace = made->sizePolicy();
+        keepingItsPlace.setRetainSizeWhenHidden(true);
+        made->setSizePolicy(keepingItsPlace);
+        grid->addWidget(made, box % boxesInColumn, isInFirstColumn ? 0 : 1);
+        connect(made, &QCheckBox::stateChanged, this, guarded([this, box] { boxClicked(box); }));
+        m_boxes.at(static_cast<std::size_t>(box)) = made;
+    }
+    grid->setRowStretch(boxesInColumn, 1);
+    auto* user = new QLabel(shown(DivisionScreen::userText()));
+    user->setObjectName(nameOf(userTextControl));
+    user->setTextFormat(Qt::PlainText);
+    // A small screen has not the height for all boxes.
+    auto* scrolled = new QScrollArea;
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidgetResizable(true);
+    scrolled->setWidget(m_panel);
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins({});
+    column->addWidget(scrolled, 1);
+    column->addWidget(user);
+    return panel;
+}
+
+void DivisionWindow::carryOut(const std::function<void()>& command) {
+    if (m_isCarryingOut) return;
+    {
+        const QScopedValueRollback carryingOut(m_isCarryingOut, true);
+        command();
+    }
+    showState();
+}
+
+void DivisionWindow::showState() {
+    const QScopedValueRollback showing(m_isShowing, true);
+    showTree();
+    showBoxes();
+    m_commands->setEnabled(insertCommand, m_screen.canAdd());
+    m_commands->setEnabled(modifyCommand, m_screen.canModify());
+    m_commands->setEnabled(deleteCommand, m_screen.canDelete());
+}
+
+void DivisionWindow::showTree() {
+    m_items->show(m_screen.items());
+    const QModelIndex selected = m_items->indexOf(m_screen.selected());
+    if (selected.isValid()) {
+        m_tree->setCurrentIndex(selected);
+    } else {
+        m_tree->selectionModel()->clear();
+    }
+}
+
+void DivisionWindow::showBoxes() {
+    m_panel->setTitle(shown(m_screen.boxesTitle()));
+    const DivisionBoxes boxes = m_screen.boxes();
+    for (std::size_t at = 0; at < boxes.size(); ++at) {
+        StateBox& box = *m_boxes.at(at);
+        box.setText(shown(boxes.at(at).caption));
+        box.setCheckState(stateOf(boxes.at(at).state));
+        box.setEnabled(boxes.at(at).isEnabled);
+        box.setVisible(boxes.at(at).isShown);
+    }
+}
+
+void DivisionWindow::followTree() {
+    const DivisionPlace place = m_items->placeAt(m_tree->currentIndex());
+    if (m_isCarryingOut || place.userId == 0 || place == m_screen.selected()) return;
+    carryOut([this, place] { m_screen.select(place); });
+}
+
+void DivisionWindow::boxClicked(int box) {
+    if (m_isShowing) return;
+    const bool isChecked = m_boxes.at(static_cast<std::size_t>(box))->checkState() != Qt::Unchecked;
+    carryOut([this, box, isChecked] { m_screen.setBox(box, isChecked); });
+    // What was granted is to be seen.
+    if (m_screen.selected().leaf == noLeaf) m_tree->expand(m_tree->currentIndex());
+}
+
+void DivisionWindow::addOperator() {
+    if (m_screen.canAdd()) runForm(m_screen.formToAdd());
+}
+
+void DivisionWindow::modifyOperator() {
+    if (m_screen.mayModify()) runForm(m_screen.formToModify());
+}
+
+void DivisionWindow::runForm(OperatorForm form) {
+    OperatorWindow(form, this).DoModal();
+    m_screen.take(form);
+}
+
+bool DivisionWindow::OnCommand(int command) {
+    switch (command) {
+        case exitCommand:
+            OnCancel();
+            return true;
+        case insertCommand:
+            carryOut([this] { addOperator(); });
+            return true;
+        case modifyCommand:
+            carryOut([this] { modifyOperator(); });
+            return true;
+        case deleteCommand:
+            carryOut([this] { m_screen.remove(); });
+            return true;
+        case refreshCommand:
+            carryOut([this] { m_screen.refresh(); });
+            return true;
+        case helpCommandNumber:
+            return OnHelpInfo();
+        case searchCommand:
+            showHelp(operatorHelpContext, *this).startSearch();
+            return true;
+        case aboutCommand:
+            messages().tell({.text = fmt::format(form_texts::aboutProgram, programVersion())});
+            return true;
+        default:
+            return CNxMiddleDialog::OnCommand(command);
+    }
+}
+
+bool DivisionWindow::OnHelpInfo() {
+    showHelp(operatorHelpContext, *this);
+    return true;
+}
+
+}  // namespace chengheng
