@@ -9,6 +9,7 @@
 #include "data/lookups/CGetData.h"
 #include "data/tables/settlement.h"
 #include "session/host_globals.h"
+#include "session/last_failure.h"
 #include "session/rights/CCheckAuth.h"
 #include "setting/hub_texts.h"
 
@@ -88,6 +89,10 @@ void HubFunctions::openSpecies() {
     if (g_pDB->Sign_GetInfo(types, count, nullptr) == 0) {
         m_windows.show(HubFunction::species);
         g_pDB->Sign_ReleaseAllBuffer();
+        return;
+    }
+    if (g_pDB->lastStatus().failure != Failure::missing) {
+        tellLastFailure(m_messages);
         return;
     }
     g_pDB->Code_ReleaseAllBuffer();

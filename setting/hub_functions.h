@@ -88,7 +88,7 @@ class HubFunctions {
 
   private:
     /// Without a voucher type the preset wizard runs first, and the window opens only when it
-    /// was finished.
+    /// was finished. Types that cannot be read lead to neither.
     void openSpecies();
 
     IMessages& m_messages;

@@ -8,9 +8,6 @@ inline constexpr const char* noSupervisor = "你没有[主管]权限!";
 inline constexpr const char* noForeignCurrency =
     "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!";
 
-inline constexpr const char* exchange = "汇率管理";
-inline constexpr const char* presetWizard = "凭证类别预置向导";
-
 inline constexpr const char* startingGroup = "建帐";
 inline constexpr const char* voucherGroup = "凭证";
 inline constexpr const char* keysHint = "数字键 1–7 直接进入    F1 帮助";

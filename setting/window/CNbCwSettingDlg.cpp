@@ -42,7 +42,7 @@ qreal sharpestPixelRatio() {
 }
 
 void openFunction(chengheng::IMessages& messages, HubFunction function) {
-    chengheng::HubWindows windows(messages);
+    chengheng::HubWindows windows;
     chengheng::HubFunctions(messages, windows).open(function);
 }
 

@@ -7,31 +7,31 @@
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "operators/window/division_window.h"
 #include "screen/books/books_parameters_window.h"
-#include "setting/window/unbuilt_functions.h"
 #include "settle/window/CNbCwSettleDlg.h"
+#include "vouchertype/window/preset_wizard.h"
 #include "vouchertype/window/voucher_type_window.h"
 
 namespace chengheng {
 namespace {
 
 template <class Window>
-void runModally(IMessages&) {
+void runModally() {
     Window(nullptr).DoModal();
 }
 
 template <DirectoryKind kind>
-void runDirectory(IMessages&) {
+void runDirectory() {
     DirectoryWindow(directoryOf(kind), nullptr).DoModal();
 }
 
-void runParameters(IMessages&) {
+void runParameters() {
     const BooksRegistry registry(booksHome());
     BooksParametersWindow(registry, nullptr).DoModal();
 }
 
 struct Launcher {
     HubFunction function;
-    void (*launch)(IMessages& messages);
+    void (*launch)();
 };
 
 constexpr Launcher launchers[] = {
@@ -54,10 +54,12 @@ constexpr Launcher launchers[] = {
 
 void HubWindows::show(HubFunction function) {
     for (const Launcher& launcher : launchers) {
-        if (launcher.function == function) launcher.launch(m_messages);
+        if (launcher.function == function) launcher.launch();
     }
 }
 
-int HubWindows::runPresetWizard() { return runUnbuiltWizard(m_messages); }
+static_assert(PresetWizard::finished == wizardFinished);
+
+int HubWindows::runPresetWizard() { return PresetWizard(nullptr).DoModal(); }
 
 }  // namespace chengheng

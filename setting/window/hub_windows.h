@@ -8,13 +8,8 @@ namespace chengheng {
 /// destroyed when its loop ends.
 class HubWindows final : public IHubWindows {
   public:
-    explicit HubWindows(IMessages& messages) : m_messages(messages) {}
-
     void show(HubFunction function) override;
     int runPresetWizard() override;
-
-  private:
-    IMessages& m_messages;
 };
 
 }  // namespace chengheng

@@ -4,8 +4,6 @@
 
 #include <map>
 
-#include "vouchertype/restriction_kind.h"
-
 using namespace chengheng;
 
 namespace {
@@ -53,15 +51,6 @@ const std::vector<VoucherLine> transfer{debit(1, "6602"), credit(2, "1601")};
 
 }  // namespace
 
-TEST(VoucherRestriction, IsKeptUnderItsNumber) {
-    EXPECT_EQ(static_cast<int>(RestrictionKind::none), 0);
-    EXPECT_EQ(static_cast<int>(RestrictionKind::debitRequired), 1);
-    EXPECT_EQ(static_cast<int>(RestrictionKind::creditRequired), 2);
-    EXPECT_EQ(static_cast<int>(RestrictionKind::bothForbidden), 3);
-    EXPECT_TRUE(isRestrictionKind(3));
-    EXPECT_FALSE(isRestrictionKind(4));
-}
-
 TEST(VoucherRestriction, OfNoKindTakesEveryVoucher) {
     for (const auto& lines : {receipt, payment, transfer, {}}) EXPECT_EQ(why(typeOf(0), lines), "");
 }
@@ -75,7 +64,7 @@ TEST(VoucherRestriction, OnTheDebitSideTakesAVoucherThatDebitsOneOfTheAccounts) 
 
 TEST(VoucherRestriction, OnTheDebitSideRefusesAVoucherThatOnlyCreditsThem) {
     EXPECT_EQ(why(typeOf(1), payment),
-              "借方必有 1001 库存现金或 1002 银行存款:借方只有第 1 行 6602 管理费用");
+              "借方必有 1001 库存现金 或 1002 银行存款:借方只有第 1 行 6602 管理费用");
     EXPECT_EQ(linesOf(typeOf(1), payment), std::vector<int>());
 }
 
@@ -86,7 +75,7 @@ TEST(VoucherRestriction, OnTheCreditSideTakesAVoucherThatCreditsOneOfTheAccounts
 
 TEST(VoucherRestriction, OnTheCreditSideRefusesAVoucherThatOnlyDebitsThem) {
     EXPECT_EQ(why(typeOf(2), receipt),
-              "贷方必有 1001 库存现金或 1002 银行存款:贷方只有第 2 行 5001");
+              "贷方必有 1001 库存现金 或 1002 银行存款:贷方只有第 2 行 5001");
 }
 
 TEST(VoucherRestriction, OnBothSidesTakesAVoucherWithoutTheAccounts) {
@@ -95,7 +84,7 @@ TEST(VoucherRestriction, OnBothSidesTakesAVoucherWithoutTheAccounts) {
 
 TEST(VoucherRestriction, OnBothSidesNamesEveryLineThatMayNotBeThere) {
     EXPECT_EQ(why(typeOf(3), {debit(1, "6602"), debit(2, "1002"), credit(4, "1001")}),
-              "借贷必无 1001 库存现金或 1002 银行存款:"
+              "借贷必无 1001 库存现金 或 1002 银行存款:"
               "第 2 行借方 1002 银行存款、第 4 行贷方 1001 库存现金");
     EXPECT_EQ(linesOf(typeOf(3), {debit(1, "6602"), debit(2, "1002"), credit(4, "1001")}),
               (std::vector<int>{2, 4}));
@@ -106,7 +95,7 @@ TEST(VoucherRestriction, CountsAnAccountAsTheFirstLevelAccountAboveIt) {
     EXPECT_EQ(firstLevelOf(levels, "1002"), "1002");
     EXPECT_EQ(why(typeOf(1), {debit(1, "10020101"), credit(2, "5001")}), "");
     EXPECT_EQ(why(typeOf(3), {debit(1, "100201"), credit(2, "5001")}),
-              "借贷必无 1001 库存现金或 1002 银行存款:第 1 行借方 100201 工商银行");
+              "借贷必无 1001 库存现金 或 1002 银行存款:第 1 行借方 100201 工商银行");
 }
 
 TEST(VoucherRestriction, CutsCodesWhereTheBooksDo) {
@@ -155,21 +144,21 @@ TEST(VoucherRestriction, OfAKindThatNobodyKnowsAdmitsNoVoucher) {
 }
 
 TEST(VoucherRestriction, WithoutLinesFindsWhatItRequiresMissingAndNothingForbidden) {
-    EXPECT_EQ(why(typeOf(1), {}), "借方必有 1001 库存现金或 1002 银行存款:借方没有分录");
-    EXPECT_EQ(why(typeOf(2), {}), "贷方必有 1001 库存现金或 1002 银行存款:贷方没有分录");
+    EXPECT_EQ(why(typeOf(1), {}), "借方必有 1001 库存现金 或 1002 银行存款:借方没有分录");
+    EXPECT_EQ(why(typeOf(2), {}), "贷方必有 1001 库存现金 或 1002 银行存款:贷方没有分录");
     EXPECT_EQ(why(typeOf(3), {}), "");
 }
 
 TEST(VoucherRestriction, FindsASideEmptyThatHasNoLine) {
     EXPECT_EQ(why(typeOf(1), {credit(1, "1001")}),
-              "借方必有 1001 库存现金或 1002 银行存款:借方没有分录");
+              "借方必有 1001 库存现金 或 1002 银行存款:借方没有分录");
 }
 
 TEST(VoucherRestriction, CountsALineWithoutAmountOnNeitherSide) {
     EXPECT_EQ(why(typeOf(1), {debit(1, "1001", 0), debit(2, "6602"), credit(3, "5001")}),
-              "借方必有 1001 库存现金或 1002 银行存款:第 1 行 1001 库存现金没有金额,不算");
+              "借方必有 1001 库存现金 或 1002 银行存款:第 1 行 1001 库存现金没有金额,不算");
     EXPECT_EQ(why(typeOf(1), {debit(1, "6602", 0)}),
-              "借方必有 1001 库存现金或 1002 银行存款:借方没有分录");
+              "借方必有 1001 库存现金 或 1002 银行存款:借方没有分录");
     EXPECT_EQ(why(typeOf(1), {debit(1, "1001", 0), debit(2, "1001", 0.01)}), "");
     EXPECT_EQ(why(typeOf(3), {debit(1, "1001", 0), debit(2, "6602"), credit(3, "5001")}), "");
 }
@@ -182,26 +171,26 @@ TEST(VoucherRestriction, LeavesALineInRedInkOnItsSide) {
 
 TEST(VoucherRestriction, SaysSoOfALineWhoseAccountIsNotInTheChart) {
     EXPECT_EQ(why(typeOf(1), {debit(1, ""), credit(2, "5001")}),
-              "借方必有 1001 库存现金或 1002 银行存款:借方只有第 1 行 (没有这个科目)");
+              "借方必有 1001 库存现金 或 1002 银行存款:借方只有第 1 行 (没有这个科目)");
 }
 
 TEST(VoucherRestriction, TellsTheFirstThreeLinesAndHowManyThereAre) {
     std::vector<VoucherLine> lines;
     for (int number = 1; number <= 4; ++number) lines.push_back(debit(number, "6602"));
     EXPECT_EQ(why(typeOf(1), lines),
-              "借方必有 1001 库存现金或 1002 银行存款:借方只有"
+              "借方必有 1001 库存现金 或 1002 银行存款:借方只有"
               "第 1 行 6602 管理费用、第 2 行 6602 管理费用、第 3 行 6602 管理费用 等 4 行");
     lines.pop_back();
     EXPECT_EQ(why(typeOf(1), lines),
-              "借方必有 1001 库存现金或 1002 银行存款:借方只有"
+              "借方必有 1001 库存现金 或 1002 银行存款:借方只有"
               "第 1 行 6602 管理费用、第 2 行 6602 管理费用、第 3 行 6602 管理费用");
 }
 
 TEST(VoucherRestriction, ReadsAsTheWindowSaysIt) {
-    EXPECT_EQ(restrictionText(typeOf(1), nameOf), "借方必有 1001 库存现金或 1002 银行存款");
-    EXPECT_EQ(restrictionText(typeOf(2, "1001", "")), "贷方必有 1001");
-    EXPECT_EQ(restrictionText(typeOf(3, "", "1002"), nameOf), "借贷必无 1002 银行存款");
-    EXPECT_EQ(restrictionText(typeOf(1, "", ""), nameOf), "借方必有");
-    EXPECT_EQ(restrictionText(typeOf(0), nameOf), "");
-    EXPECT_EQ(restrictionText(typeOf(9), nameOf), "");
+    EXPECT_EQ(restrictionInWords(typeOf(1), nameOf), "借方必有 1001 库存现金 或 1002 银行存款");
+    EXPECT_EQ(restrictionInWords(typeOf(2, "1001", "")), "贷方必有 1001");
+    EXPECT_EQ(restrictionInWords(typeOf(3, "", "1002"), nameOf), "借贷必无 1002 银行存款");
+    EXPECT_EQ(restrictionInWords(typeOf(1, "", ""), nameOf), "借方必有");
+    EXPECT_EQ(restrictionInWords(typeOf(0), nameOf), "");
+    EXPECT_EQ(restrictionInWords(typeOf(9), nameOf), "");
 }

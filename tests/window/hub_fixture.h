@@ -49,6 +49,11 @@ inline void closeCurrencies(QWidget& window) {
     window.close();
 }
 
+inline void closePresets(QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), "凭证类别预置");
+    window.close();
+}
+
 /// An empty set of books in memory with foreign currency, no voucher type, and 王芳 logged on,
 /// who is supervisor; a recorded operator answers for the host.
 class HubTest : public testing::Test {
@@ -84,10 +89,5 @@ class HubTest : public testing::Test {
     _zAccountMInfo m_parameters;
     std::optional<HostSession> m_session;
 };
-
-/// What the program says in place of a window that it does not have yet.
-inline std::string unbuilt(const char* name) {
-    return "“" + std::string(name) + "”尚未完成,暂不能使用。";
-}
 
 }  // namespace chengheng

@@ -9,7 +9,7 @@ using namespace chengheng;
 
 namespace {
 
-constexpr const char* discard = "当前输入尚未保存,是否放弃?";
+constexpr const char* unsaved = "当前输入尚未保存,是否放弃?";
 
 }  // namespace
 
@@ -146,7 +146,7 @@ TEST_F(VoucherTypeWindowTest, UncheckingTheRestrictionClearsItAndCheckingItTakes
     EXPECT_TRUE(isRestrictionOpen());
     type(name(), "转帐");
     EXPECT_EQ(shownInput(), "转 转帐 限制 借方必有 - -") << "what was typed stays";
-    books.messages.willAnswer(discard, Answer::yes);
+    books.messages.willAnswer(unsaved, Answer::yes);
     window->close();
     EXPECT_EQ(books.stored(), Texts{"1 转 转帐凭证 3 1001 1002"});
 }
@@ -193,7 +193,7 @@ TEST_F(VoucherTypeWindowTest, EnterLeavesOutFieldsThatAreClosed) {
     EXPECT_TRUE(one().hasFocus());
     press(Qt::Key_Return);
     EXPECT_TRUE(two().hasFocus());
-    books.messages.willAnswer(discard, Answer::yes);
+    books.messages.willAnswer(unsaved, Answer::yes);
     window->close();
 }
 
@@ -284,7 +284,7 @@ TEST_F(VoucherTypeWindowTest, AsksAboutWhatIsStoredNotAboutWhatWasTyped) {
     books.messages.willAnswer("是否删除当前凭证类别？\n\n类别:收\n\n名称:收款凭证", Answer::no);
     press(Qt::Key_D, Qt::ControlModifier);
     EXPECT_EQ(shownInput(), "入 收入 限制 借方必有 1001 1002");
-    books.messages.willAnswer(discard, Answer::yes);
+    books.messages.willAnswer(unsaved, Answer::yes);
     window->close();
 }
 
@@ -313,7 +313,7 @@ TEST_F(VoucherTypeWindowTest, RefusesFurtherKeysInAFullFieldAndCutsWhatIsPasted)
     one().setFocus();
     QTest::keyClicks(&one(), "12345678901234567");
     EXPECT_EQ(one().text().size(), 16);
-    books.messages.willAnswer(discard, Answer::yes);
+    books.messages.willAnswer(unsaved, Answer::yes);
     window->close();
 }
 

@@ -8,7 +8,7 @@ inline constexpr const char* credit = "贷方";
 
 /// The restriction of a type: kind and accounts.
 inline constexpr const char* restriction = "{} {}";
-inline constexpr const char* either = "{}或 {}";
+inline constexpr const char* either = "{} 或 {}";
 /// Code and name of an account.
 inline constexpr const char* account = "{} {}";
 inline constexpr const char* unknownAccount = "(没有这个科目)";

@@ -7,7 +7,6 @@
 #include "base/values/text.h"
 #include "vouchertype/restriction/restriction_texts.h"
 #include "vouchertype/restriction_kind.h"
-#include "vouchertype/voucher_type_texts.h"
 
 namespace chengheng {
 
@@ -18,20 +17,6 @@ namespace {
 constexpr std::size_t toldLines = 3;
 
 const char* sideName(bool isDebit) { return isDebit ? texts::debit : texts::credit; }
-
-const char* kindName(RestrictionKind kind) {
-    switch (kind) {
-        case RestrictionKind::debitRequired:
-            return voucher_type_texts::debitRequired;
-        case RestrictionKind::creditRequired:
-            return voucher_type_texts::creditRequired;
-        case RestrictionKind::bothForbidden:
-            return voucher_type_texts::bothForbidden;
-        case RestrictionKind::none:
-            break;
-    }
-    return "";
-}
 
 /// One or two; a type that names the same account twice names one.
 std::vector<std::string_view> accountsOf(const _SignInfo& type) {
@@ -63,7 +48,7 @@ std::string toldAs(const Lines& lines, const Saying& saying) {
 class Restriction {
   public:
     Restriction(const _SignInfo& type, const CodeLevels& levels, const AccountNaming& nameOf)
-        : m_text(restrictionText(type, nameOf)),
+        : m_text(restrictionInWords(type, nameOf)),
           m_accounts(accountsOf(type)),
           m_levels(levels),
           m_nameOf(nameOf) {}
@@ -128,10 +113,10 @@ std::string firstLevelOf(const CodeLevels& levels, std::string_view code) {
     return std::string(firstCharacters(code, static_cast<std::size_t>(levels.lengthOf(1))));
 }
 
-std::string restrictionText(const _SignInfo& type, const AccountNaming& nameOf) {
-    if (!isRestrictionKind(type.byLimit) || type.byLimit == 0) return {};
+std::string restrictionInWords(const _SignInfo& type, const AccountNaming& nameOf) {
+    const char* const kind = restrictionKindText(type.byLimit);
+    if (kind == nullptr) return {};
     const auto accounts = accountsOf(type);
-    const char* const kind = kindName(RestrictionKind{type.byLimit});
     if (accounts.empty()) return kind;
     std::string named = accountText(accounts.front(), nameOf);
     if (accounts.size() > 1)
@@ -146,14 +131,13 @@ std::optional<RestrictionBreach> restrictionBreach(const _SignInfo& type,
     if (!isRestrictionKind(type.byLimit))
         return RestrictionBreach{fmt::format(texts::kindUnknown, type.byLimit), {}};
     const RestrictionKind kind{type.byLimit};
-    const bool isRequired =
-        kind == RestrictionKind::debitRequired || kind == RestrictionKind::creditRequired;
-    if (isRequired && accountsOf(type).empty())
-        return RestrictionBreach{fmt::format(texts::accountsMissing, kindName(kind)), {}};
+    if (kind == RestrictionKind::none) return std::nullopt;
     const Restriction restriction(type, levels, nameOf);
-    if (isRequired) return restriction.whereRequired(lines, kind == RestrictionKind::debitRequired);
     if (kind == RestrictionKind::bothForbidden) return restriction.whereForbidden(lines);
-    return std::nullopt;
+    if (accountsOf(type).empty())
+        return RestrictionBreach{
+            fmt::format(texts::accountsMissing, restrictionKindText(type.byLimit)), {}};
+    return restriction.whereRequired(lines, kind == RestrictionKind::debitRequired);
 }
 
 }  // namespace chengheng

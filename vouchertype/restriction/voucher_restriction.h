@@ -48,6 +48,6 @@ std::optional<RestrictionBreach> restrictionBreach(const _SignInfo& type,
 
 /// A type's restriction in words, "借方必有 1001 库存现金或 1002 银行存款"; empty for a type
 /// without one.
-std::string restrictionText(const _SignInfo& type, const AccountNaming& nameOf = {});
+std::string restrictionInWords(const _SignInfo& type, const AccountNaming& nameOf = {});
 
 }  // namespace chengheng
