@@ -18,4 +18,14 @@ inline constexpr const char* goneReload =
     "该操作员已经被删除了,不能修改。\n要重新读入操作员信息吗？";
 inline constexpr const char* passwordNotKept = "机器的内存不足,无法保存口令,操作没有进行。";
 
+// How rights read on paper.
+inline constexpr const char* supervisor = "主管";
+inline constexpr const char* plainOperator = "操作员";
+inline constexpr const char* everything = "全部功能";
+inline constexpr const char* nothing = "无";
+inline constexpr const char* wholeGroup = "{}(全部)";
+inline constexpr const char* partOfGroup = "{}({})";
+inline constexpr const char* betweenFunctions = "、";
+inline constexpr const char* betweenGroups = ";";
+
 }  // namespace chengheng::operator_texts

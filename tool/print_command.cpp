@@ -15,6 +15,7 @@
 #include "data/lookups/cached_records.h"
 #include "data/tables/currency.h"
 #include "directories/directory_list.h"
+#include "operators/division_list.h"
 #include "report/engine/report_run.h"
 #include "report/output/report_sheet.h"
 #include "session/last_failure.h"
@@ -73,6 +74,10 @@ constexpr std::array lists{
               }},
     NamedList{"accounts", false, false,
               [](const Options&, const Currency&) { return chartList(); }},
+    NamedList{"operators", false, false,
+              [](const Options&, const Currency&) { return divisionList(); }},
+    NamedList{"rights", false, false,
+              [](const Options&, const Currency&) { return rightsMatrix(); }},
 };
 
 /// One of these, or a directory by its key.

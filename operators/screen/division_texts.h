@@ -14,6 +14,7 @@ inline constexpr const char* functionsOf = "{} 的权限:{}";
 inline constexpr const char* noOperator = "权限";
 
 inline constexpr const char* modify = "修改\tCtrl+M";
+inline constexpr const char* matrix = "权限对照表...";
 inline constexpr const char* refresh = "刷新\tF5";
 
 inline constexpr const char* additionTitle = "增加操作员";

@@ -11,9 +11,12 @@
 #include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <iterator>
 
 #include "base/system/program_version.h"
 #include "forms/form_texts.h"
+#include "operators/division_list.h"
 #include "operators/screen/division_texts.h"
 #include "operators/window/division_tree.h"
 #include "operators/window/operator_window.h"
@@ -30,6 +33,8 @@ namespace {
 namespace texts = division_texts;
 
 // The commands, by the numbers under which menus and tool bar send them.
+constexpr int previewCommand = 1;
+constexpr int printCommand = 2;
 constexpr int exitCommand = 3;
 constexpr int insertCommand = 4;
 constexpr int deleteCommand = 5;
@@ -37,8 +42,13 @@ constexpr int searchCommand = 6;
 constexpr int aboutCommand = 7;
 constexpr int modifyCommand = 8;
 constexpr int refreshCommand = 9;
+constexpr int matrixCommand = 10;
 
-constexpr MenuItemResource fileItems[] = {{exitCommand, form_texts::exit}};
+constexpr MenuItemResource fileItems[] = {
+    {previewCommand, form_texts::preview}, {printCommand, form_texts::print},
+    {matrixCommand, texts::matrix},        {0, ""},
+    {exitCommand, form_texts::exit},
+};
 constexpr MenuItemResource editItems[] = {
     {insertCommand, form_texts::insert}, {modifyCommand, texts::modify},
     {deleteCommand, form_texts::remove}, {0, ""},
@@ -54,6 +64,9 @@ constexpr WindowMenu menus[] = {{form_texts::fileMenu, fileItems},
                                 {form_texts::editMenu, editItems},
                                 {form_texts::helpMenu, helpItems}};
 constexpr ToolButton tools[] = {
+    {printCommand, "print"},
+    {previewCommand, "preview"},
+    {0, ""},
     {insertCommand, "add"},
     {modifyCommand, "modify"},
     {deleteCommand, "delete"},
@@ -219,11 +232,15 @@ void DivisionWindow::boxClicked(int box) {
 }
 
 void DivisionWindow::addOperator() {
-    if (m_screen.canAdd()) runForm(m_screen.formToAdd());
+    carryOut([this] {
+        if (m_screen.canAdd()) runForm(m_screen.formToAdd());
+    });
 }
 
 void DivisionWindow::modifyOperator() {
-    if (m_screen.mayModify()) runForm(m_screen.formToModify());
+    carryOut([this] {
+        if (m_screen.mayModify()) runForm(m_screen.formToModify());
+    });
 }
 
 void DivisionWindow::runForm(OperatorForm form) {
@@ -232,33 +249,41 @@ void DivisionWindow::runForm(OperatorForm form) {
 }
 
 bool DivisionWindow::OnCommand(int command) {
-    switch (command) {
-        case exitCommand:
-            OnCancel();
-            return true;
-        case insertCommand:
-            carryOut([this] { addOperator(); });
-            return true;
-        case modifyCommand:
-            carryOut([this] { modifyOperator(); });
-            return true;
-        case deleteCommand:
-            carryOut([this] { m_screen.remove(); });
-            return true;
-        case refreshCommand:
-            carryOut([this] { m_screen.refresh(); });
-            return true;
-        case helpCommandNumber:
-            return OnHelpInfo();
-        case searchCommand:
-            showHelp(operatorHelpContext, *this).startSearch();
-            return true;
-        case aboutCommand:
-            messages().tell({.text = fmt::format(form_texts::aboutProgram, programVersion())});
-            return true;
-        default:
-            return CNxMiddleDialog::OnCommand(command);
-    }
+    struct Handler {
+        int command;
+        void (*handle)(DivisionWindow& window);
+    };
+    static constexpr Handler handlers[] = {
+        {previewCommand,
+         [](DivisionWindow& window) { window.print(divisionList(), ReportOutput::preview); }},
+        {printCommand,
+         [](DivisionWindow& window) { window.print(divisionList(), ReportOutput::print); }},
+        {matrixCommand,
+         [](DivisionWindow& window) { window.print(rightsMatrix(), ReportOutput::preview); }},
+        {exitCommand, [](DivisionWindow& window) { window.OnCancel(); }},
+        {insertCommand, [](DivisionWindow& window) { window.addOperator(); }},
+        {modifyCommand, [](DivisionWindow& window) { window.modifyOperator(); }},
+        {deleteCommand,
+         [](DivisionWindow& window) { window.carryOut([&] { window.m_screen.remove(); }); }},
+        {refreshCommand,
+         [](DivisionWindow& window) { window.carryOut([&] { window.m_screen.refresh(); }); }},
+        {helpCommandNumber, [](DivisionWindow& window) { window.OnHelpInfo(); }},
+        {searchCommand,
+         [](DivisionWindow& window) { showHelp(operatorHelpContext, window).startSearch(); }},
+        {aboutCommand,
+         [](DivisionWindow& window) {
+             window.messages().tell(
+                 {.text = fmt::format(form_texts::aboutProgram, programVersion())});
+         }},
+    };
+    const auto found = std::ranges::find(handlers, command, &Handler::command);
+    if (found == std::end(handlers)) return CNxMiddleDialog::OnCommand(command);
+    found->handle(*this);
+    return true;
+}
+
+void DivisionWindow::print(const PrintedList& list, ReportOutput output) {
+    carryOut([&] { printList(list, output, messages()); });
 }
 
 bool DivisionWindow::OnHelpInfo() {

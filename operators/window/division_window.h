@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "operators/screen/division_screen.h"
+#include "report/output/list_printing.h"
 #include "screen/CNxMiddleDialog.h"
 #include "screen/window_commands.h"
 #include "session/function_at_work.h"
@@ -48,6 +49,7 @@ class DivisionWindow final : public CNxMiddleDialog {
     void addOperator();
     void modifyOperator();
     void runForm(OperatorForm form);
+    void print(const PrintedList& list, ReportOutput output);
 
     const FunctionAtWork m_atWork;
     DivisionScreen m_screen;

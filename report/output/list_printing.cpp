@@ -28,8 +28,11 @@ std::optional<Refusal> makeListReport(const PrintedList& list, Report& report) {
         return refusal;
     }
     if (auto refusal = readPrintTemplate(list.templateNumber, list.source, report)) return refusal;
-    if (!list.fill(report))
-        return printRefusal(fmt::format(print_texts::listUnreadable, lastFailureText()));
+    if (!list.fill(report)) {
+        const std::string failure = lastFailureText();
+        return printRefusal(
+            fmt::format(print_texts::listUnreadable, failure.empty() ? list.otherReason : failure));
+    }
     report.facts = hostReportFacts();
     return std::nullopt;
 }

@@ -17,6 +17,8 @@ struct PrintedList {
     /// Reads the records from g_pDB, whose database is selected, and adds a row for each. False
     /// when they could not be read; no records are an empty list.
     std::function<bool(Report& report)> fill;
+    /// Why there are no rows where the database did not fail.
+    const char* otherReason = "";
 };
 
 /// Makes a list's report from the open set of books; why not, when it cannot be made.

@@ -56,6 +56,19 @@ constexpr std::array projectItemColumns{
     TemplateColumn{"名称", "sName", 42},
 };
 
+constexpr std::array divisionColumns{
+    TemplateColumn{"操作员", "sUserName", 14},
+    TemplateColumn{"身份", "bManager", 8},
+    TemplateColumn{"权限", "sAuthId", 96},
+    TemplateColumn{"签字", "", 16},
+};
+/// A column for each operator follows these.
+constexpr std::array rightsMatrixColumns{
+    TemplateColumn{"编号", "lId", 6},
+    TemplateColumn{"权限组", "sGroup", 14},
+    TemplateColumn{"功能", "sName", 24},
+};
+
 constexpr std::array templates{
     PrintTemplate{currencyListTemplate, "外币一览表", paperA4, true, currencyColumns},
     PrintTemplate{fixedRateTemplate, "固定汇率一览表", paperA4, true, fixedRateColumns},
@@ -69,6 +82,8 @@ constexpr std::array templates{
     PrintTemplate{unitListTemplate, "单位一览表", paperA4, true, unitColumns},
     PrintTemplate{projectClassListTemplate, "项目大类一览表", paperA4, true, codeAndNameColumns},
     PrintTemplate{projectItemListTemplate, "项目一览表", paperA4, true, projectItemColumns},
+    PrintTemplate{divisionTemplate, "财务分工一览表", paperA4, false, divisionColumns},
+    PrintTemplate{rightsMatrixTemplate, "操作员权限对照表", paperA4, true, rightsMatrixColumns},
 };
 
 }  // namespace

@@ -18,6 +18,8 @@ inline constexpr std::int32_t unitClassListTemplate = 39;
 inline constexpr std::int32_t unitListTemplate = 40;
 inline constexpr std::int32_t projectClassListTemplate = 41;
 inline constexpr std::int32_t projectItemListTemplate = 42;
+inline constexpr std::int32_t divisionTemplate = 43;
+inline constexpr std::int32_t rightsMatrixTemplate = 44;
 /// Books made by an earlier program lack those from here on.
 inline constexpr std::int32_t firstLaterTemplate = departmentListTemplate;
 

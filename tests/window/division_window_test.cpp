@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 
 #include "base/system/workstation.h"
+#include "tests/support/recording_printer.h"
 #include "tests/window/division_fixture.h"
 
 using namespace chengheng;
@@ -293,6 +294,22 @@ TEST_F(DivisionWindowTest, LeavesOutACommandThatComesWhileItAsks) {
     EXPECT_EQ(books.messages.texts().size(), 1u);
     EXPECT_EQ(books.stored()[1], "2 李明 1 41 42 57");
     EXPECT_EQ(box("外币").checkState(), Qt::Unchecked);
+}
+
+TEST_F(DivisionWindowTest, PrintsTheDivisionOfWorkAndShowsTheMatrix) {
+    open();
+    RecordingPrinter printer;
+    const HostReportPrinter installed(printer);
+    press(Qt::Key_P, Qt::ControlModifier);
+    choose("打印预览");
+    choose("权限对照表...");
+    ASSERT_EQ(printer.outputs.size(), 3u);
+    EXPECT_EQ(printer.outputs[0].kind, ReportOutput::print);
+    EXPECT_EQ(printer.outputs[0].report.title, "财务分工一览表");
+    EXPECT_EQ(printer.outputs[1].kind, ReportOutput::preview);
+    EXPECT_EQ(printer.outputs[1].report.title, "财务分工一览表");
+    EXPECT_EQ(printer.outputs[2].kind, ReportOutput::preview);
+    EXPECT_EQ(printer.outputs[2].report.title, "操作员权限对照表");
 }
 
 TEST_F(DivisionWindowTest, ClosesWithEscape) {

@@ -1,0 +1,144 @@
+#include "operators/division_list.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "base/values/text.h"
+#include "operators/operator_sql.h"
+#include "operators/operator_texts.h"
+#include "report/engine/print_texts.h"
+#include "report/output/list_reading.h"
+#include "report/output/print_templates.h"
+
+namespace chengheng {
+namespace {
+
+namespace texts = operator_texts;
+
+constexpr const char* divisionLayout = "DivideW.rpn";
+constexpr int narrowestOperator = 6;
+
+constexpr std::array divisionFields{
+    ListField<OperatorRecord>{
+        "sUserName", Alignment::left,
+        [](const OperatorRecord& record) { return ReportCell(record.user.sUserName); }},
+    ListField<OperatorRecord>{"bManager", Alignment::center,
+                              [](const OperatorRecord& record) {
+                                  return ReportCell(record.isSupervisor() ? texts::supervisor
+                                                                          : texts::plainOperator);
+                              }},
+    ListField<OperatorRecord>{
+        "sAuthId", Alignment::left,
+        [](const OperatorRecord& record) { return ReportCell(rightsInWords(record)); }},
+};
+
+struct NumberedFunction {
+    int number;
+    const char* group;
+    const char* name;
+};
+
+constexpr std::array functionFields{
+    ListField<NumberedFunction>{"lId", Alignment::center,
+                                [](const NumberedFunction& function) {
+                                    return ReportCell(std::to_string(function.number));
+                                }},
+    ListField<NumberedFunction>{
+        "sGroup", Alignment::left,
+        [](const NumberedFunction& function) { return ReportCell(function.group); }},
+    ListField<NumberedFunction>{
+        "sName", Alignment::left,
+        [](const NumberedFunction& function) { return ReportCell(function.name); }},
+};
+
+std::vector<NumberedFunction> allFunctions() {
+    std::vector<NumberedFunction> functions;
+    functions.reserve(functionCount);
+    for (const RightsGroup& group : rightsGroups())
+        for (const char* name : group.functions)
+            functions.push_back({static_cast<int>(functions.size()) + 1, group.name, name});
+    return functions;
+}
+
+/// False when they could not be read or are not one to one.
+bool readOperators(std::vector<OperatorRecord>& operators) {
+    std::vector<_UsersInfo> users;
+    std::vector<_UserAuthInfo> rights;
+    if (!readForList(operator_sql::inOrder, users) || !readForList(operator_sql::inOrder, rights))
+        return false;
+    auto paired = pairedOperators(users, rights);
+    if (paired) operators = *std::move(paired);
+    return paired.has_value();
+}
+
+bool fillDivision(Report& report) {
+    std::vector<OperatorRecord> operators;
+    if (!readOperators(operators)) return false;
+    report.layoutFile = divisionLayout;
+    addRows<OperatorRecord>(report, divisionFields, operators);
+    return true;
+}
+
+bool fillMatrix(Report& report) {
+    std::vector<OperatorRecord> operators;
+    if (!readOperators(operators)) return false;
+    const std::vector<NumberedFunction> functions = allFunctions();
+    Report left{.columns = report.columns};
+    addRows<NumberedFunction>(left, functionFields, functions);
+    report.columns = left.columns;
+    report.keyColumn = left.keyColumn;
+    for (const OperatorRecord& record : operators) {
+        const int width = 2 * static_cast<int>(characterCount(record.user.sUserName));
+        report.columns.push_back({.heading = record.user.sUserName,
+                                  .width = std::max(width, narrowestOperator),
+                                  .alignment = Alignment::center});
+    }
+    for (std::size_t row = 0; row < functions.size(); ++row) {
+        std::vector<ReportCell> cells;
+        for (std::size_t column = 0; column < left.columns.size(); ++column)
+            cells.push_back(left.cell(row, column));
+        for (const OperatorRecord& record : operators) {
+            const bool has = record.isSupervisor() || record.rights.grants(functions[row].number);
+            cells.push_back(has ? ReportCell(print_texts::checkMark) : ReportCell());
+        }
+        report.addRow(std::move(cells));
+    }
+    return true;
+}
+
+std::string groupInWords(const OperatorRights& rights, int group) {
+    const RightsGroup& found = rightsGroups()[static_cast<std::size_t>(group)];
+    if (rights.state(group) == GroupState::all) return fmt::format(texts::wholeGroup, found.name);
+    std::string names;
+    for (int slot = 0; slot < functionsOf(group); ++slot) {
+        if (!rights.grants(firstFunctionOf(group) + slot)) continue;
+        if (!names.empty()) names += texts::betweenFunctions;
+        names += found.functions[static_cast<std::size_t>(slot)];
+    }
+    return fmt::format(texts::partOfGroup, found.name, names);
+}
+
+}  // namespace
+
+std::string rightsInWords(const OperatorRecord& record) {
+    if (record.isSupervisor()) return texts::everything;
+    std::string words;
+    for (int group = 0; group < rightsGroupCount; ++group) {
+        if (record.rights.state(group) == GroupState::none) continue;
+        if (!words.empty()) words += texts::betweenGroups;
+        words += groupInWords(record.rights, group);
+    }
+    return words.empty() ? texts::nothing : words;
+}
+
+PrintedList divisionList() {
+    return {divisionTemplate, ColumnSource::field, fillDivision, texts::safetyFault};
+}
+
+PrintedList rightsMatrix() {
+    return {rightsMatrixTemplate, ColumnSource::field, fillMatrix, texts::safetyFault};
+}
+
+}  // namespace chengheng
