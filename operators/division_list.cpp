@@ -1,11 +1,10 @@
 #include "operators/division_list.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 
 #include "base/values/text.h"
+#include "operators/operator_rules.h"
 #include "operators/operator_sql.h"
 #include "operators/operator_texts.h"
 #include "report/engine/print_texts.h"
@@ -29,9 +28,12 @@ constexpr std::array divisionFields{
                                   return ReportCell(record.isSupervisor() ? texts::supervisor
                                                                           : texts::plainOperator);
                               }},
-    ListField<OperatorRecord>{
-        "sAuthId", Alignment::left,
-        [](const OperatorRecord& record) { return ReportCell(rightsInWords(record)); }},
+    ListField<OperatorRecord>{"sAuthId", Alignment::left,
+                              [](const OperatorRecord& record) {
+                                  return ReportCell(record.isSupervisor()
+                                                        ? std::string(texts::everything)
+                                                        : rightsInWords(record.rights));
+                              }},
 };
 
 struct NumberedFunction {
@@ -108,30 +110,7 @@ bool fillMatrix(Report& report) {
     return true;
 }
 
-std::string groupInWords(const OperatorRights& rights, int group) {
-    const RightsGroup& found = rightsGroups()[static_cast<std::size_t>(group)];
-    if (rights.state(group) == GroupState::all) return fmt::format(texts::wholeGroup, found.name);
-    std::string names;
-    for (int slot = 0; slot < functionsOf(group); ++slot) {
-        if (!rights.grants(firstFunctionOf(group) + slot)) continue;
-        if (!names.empty()) names += texts::betweenFunctions;
-        names += found.functions[static_cast<std::size_t>(slot)];
-    }
-    return fmt::format(texts::partOfGroup, found.name, names);
-}
-
 }  // namespace
-
-std::string rightsInWords(const OperatorRecord& record) {
-    if (record.isSupervisor()) return texts::everything;
-    std::string words;
-    for (int group = 0; group < rightsGroupCount; ++group) {
-        if (record.rights.state(group) == GroupState::none) continue;
-        if (!words.empty()) words += texts::betweenGroups;
-        words += groupInWords(record.rights, group);
-    }
-    return words.empty() ? texts::nothing : words;
-}
 
 PrintedList divisionList() {
     return {divisionTemplate, ColumnSource::field, fillDivision, texts::safetyFault};

@@ -1,14 +1,8 @@
 #pragma once
 
-#include <string>
-
-#include "operators/operator_rules.h"
 #include "report/output/list_printing.h"
 
 namespace chengheng {
-
-/// What an operator may do, in words: "会计科目(全部);出纳(现金日记帐、资金日报)".
-std::string rightsInWords(const OperatorRecord& record);
 
 /// The operators with their rights in words and room for a signature, on the page of the division
 /// of work.

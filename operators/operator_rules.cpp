@@ -49,10 +49,43 @@ Refused isNotUsed(const OperatorDeletionFacts& facts) {
     return deletionRefusal(texts::used);
 }
 
+Refused isNotLastSupervisor(const OperatorDeletionFacts& facts) {
+    if (!facts.isLastSupervisor) return std::nullopt;
+    return deletionRefusal(fmt::format(texts::lastSupervisorDeleted, facts.name));
+}
+
 constexpr std::array deletionChecks{
     Check<OperatorDeletionFacts>{"is not logged on", isNotLoggedOn},
     Check<OperatorDeletionFacts>{"is in no posted voucher", isNotUsed},
+    Check<OperatorDeletionFacts>{"is not the last supervisor", isNotLastSupervisor},
 };
+
+Refused isSomebodyElse(const SupervisorEndFacts& facts) {
+    if (!facts.isOwn) return std::nullopt;
+    return deletionRefusal(texts::ownSupervision);
+}
+
+Refused leavesASupervisor(const SupervisorEndFacts& facts) {
+    if (!facts.isLastSupervisor) return std::nullopt;
+    return deletionRefusal(fmt::format(texts::lastSupervisorEnded, facts.name));
+}
+
+constexpr std::array endChecks{
+    Check<SupervisorEndFacts>{"is not who is logged on here", isSomebodyElse},
+    Check<SupervisorEndFacts>{"is not the last supervisor", leavesASupervisor},
+};
+
+std::string groupInWords(const OperatorRights& rights, int group) {
+    const RightsGroup& found = rightsGroups()[static_cast<std::size_t>(group)];
+    if (rights.state(group) == GroupState::all) return fmt::format(texts::wholeGroup, found.name);
+    std::string names;
+    for (int slot = 0; slot < functionsOf(group); ++slot) {
+        if (!rights.grants(firstFunctionOf(group) + slot)) continue;
+        if (!names.empty()) names += texts::betweenFunctions;
+        names += found.functions[static_cast<std::size_t>(slot)];
+    }
+    return fmt::format(texts::partOfGroup, found.name, names);
+}
 
 }  // namespace
 
@@ -78,5 +111,17 @@ bool isOperatorInputChanged(const OperatorInput& input, const OperatorInput& ope
 std::span<const Check<OperatorInputFacts>> operatorInputChecks() { return inputChecks; }
 
 std::span<const Check<OperatorDeletionFacts>> operatorDeletionChecks() { return deletionChecks; }
+
+std::span<const Check<SupervisorEndFacts>> supervisorEndChecks() { return endChecks; }
+
+std::string rightsInWords(const OperatorRights& rights) {
+    std::string words;
+    for (int group = 0; group < rightsGroupCount; ++group) {
+        if (rights.state(group) == GroupState::none) continue;
+        if (!words.empty()) words += texts::betweenGroups;
+        words += groupInWords(rights, group);
+    }
+    return words.empty() ? texts::nothing : words;
+}
 
 }  // namespace chengheng

@@ -63,8 +63,21 @@ struct OperatorDeletionFacts {
     std::string_view name;
     bool isLoggedOn = false;
     bool hasPostedVouchers = false;  ///< made, checked or posted one
+    bool isLastSupervisor = false;
 };
 
 std::span<const Check<OperatorDeletionFacts>> operatorDeletionChecks();
+
+/// What the checks look at when a supervisor is to be one no longer.
+struct SupervisorEndFacts {
+    std::string_view name;
+    bool isOwn = false;  ///< who is logged on here
+    bool isLastSupervisor = false;
+};
+
+std::span<const Check<SupervisorEndFacts>> supervisorEndChecks();
+
+/// What an operator may do, in words: "会计科目(全部);出纳(现金日记帐、资金日报)".
+std::string rightsInWords(const OperatorRights& rights);
 
 }  // namespace chengheng

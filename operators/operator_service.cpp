@@ -38,14 +38,25 @@ std::optional<bool> isLoggedOn(const _UsersInfo& user) {
     });
 }
 
+/// Whether a supervisor is the only one; nothing when it cannot be read.
+std::optional<bool> isLastSupervisor(const _UsersInfo& user) {
+    if (user.bManager == 0) return false;
+    const auto hasOthers =
+        hasRows<_UsersInfo>(*g_pDB, operator_sql::ofSupervisorsBeside(user.lUserId));
+    return hasOthers ? std::optional(!*hasOthers) : std::nullopt;
+}
+
 UntoldOutcome refuseDeletion(const _UsersInfo& user) {
     const auto isAtWork = isLoggedOn(user);
     if (!isAtWork) return UntoldOutcome::failed();
     const auto hasVouchers = hasRows<_RegMainInfo>(*g_pDB, operator_sql::ofVouchers(user.lUserId));
     if (!hasVouchers) return UntoldOutcome::failed();
-    const auto refusal = firstRefusal(
-        operatorDeletionChecks(),
-        {.name = user.sUserName, .isLoggedOn = *isAtWork, .hasPostedVouchers = *hasVouchers});
+    const auto isLast = isLastSupervisor(user);
+    if (!isLast) return UntoldOutcome::failed();
+    const auto refusal = firstRefusal(operatorDeletionChecks(), {.name = user.sUserName,
+                                                                 .isLoggedOn = *isAtWork,
+                                                                 .hasPostedVouchers = *hasVouchers,
+                                                                 .isLastSupervisor = *isLast});
     return refusal ? UntoldOutcome::refused(refusal->notice) : UntoldOutcome::done();
 }
 
@@ -139,6 +150,25 @@ UntoldOutcome changeRights(const RightsChange& change, std::int32_t userId,
     return result;
 }
 
+UntoldOutcome refuseSupervisorEnd(const _UsersInfo& user) {
+    const auto isLast = isLastSupervisor(user);
+    if (!isLast) return UntoldOutcome::failed();
+    const auto refusal =
+        firstRefusal(supervisorEndChecks(),
+                     {.name = user.sUserName, .isOwn = isOwn(user), .isLastSupervisor = *isLast});
+    return refusal ? UntoldOutcome::refused(refusal->notice) : UntoldOutcome::done();
+}
+
+UntoldOutcome changeSupervisor(bool isSupervisor, _UsersInfo& user) {
+    _UsersInfo stored;
+    UntoldOutcome result = readOne(operator_sql::ofUser(user.lUserId), stored);
+    if (result.outcome == Outcome::done && !isSupervisor) result = refuseSupervisorEnd(stored);
+    if (result.outcome != Outcome::done) return result;
+    stored.bManager = isSupervisor ? 1 : 0;
+    user = stored;
+    return g_pDB->Users_Edit(stored) == 0 ? result : UntoldOutcome::failed();
+}
+
 UntoldOutcome deleteOperator(std::int32_t userId) {
     _UsersInfo stored;
     UntoldOutcome result = readOne(operator_sql::ofUser(userId), stored);
@@ -220,6 +250,25 @@ Outcome OperatorService::remove(const OperatorRecord* record) {
     if (answer != Answer::yes) return Outcome::refused;
     return changeRecords(m_messages, lockLists,
                          [&] { return deleteOperator(record->user.lUserId); });
+}
+
+Outcome OperatorService::setSupervisor(bool isSupervisor, OperatorRecord& changed) {
+    if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
+    if (!isSupervisor) {
+        const UntoldOutcome checked = refuseSupervisorEnd(changed.user);
+        if (checked.outcome != Outcome::done) return told(m_messages, checked);
+    }
+    const std::string question = isSupervisor
+                                     ? fmt::format(texts::makeSupervisor, changed.user.sUserName)
+                                     : fmt::format(texts::endSupervisor, changed.user.sUserName,
+                                                   rightsInWords(changed.rights));
+    if (m_messages.ask({.text = question, .preset = Answer::no}) != Answer::yes)
+        return Outcome::refused;
+    _UsersInfo user = changed.user;
+    const Outcome outcome =
+        changeRecords(m_messages, lockLists, [&] { return changeSupervisor(isSupervisor, user); });
+    if (outcome == Outcome::done) changed.user = user;
+    return outcome;
 }
 
 bool OperatorService::mayReadAgain() {

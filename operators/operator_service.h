@@ -31,6 +31,9 @@ class OperatorService {
     /// Asks and deletes; null: none is selected. One who has gone already is deleted.
     Outcome remove(const OperatorRecord* record);
 
+    /// Asks and makes an operator a supervisor, or a supervisor an operator with the rights stored.
+    Outcome setSupervisor(bool isSupervisor, OperatorRecord& changed);
+
     /// Whether the operators are to be read anew, as the one to be changed has gone.
     bool mayReadAgain();
 

@@ -21,6 +21,10 @@ std::string ofLogons(std::int32_t accountId, std::string_view name) {
     return formatSql("lAccId = %d AND sUser = '%s'", accountId, name);
 }
 
+std::string ofSupervisorsBeside(std::int32_t userId) {
+    return formatSql("lId > 0 AND bManager <> 0 AND lUserId <> %d", userId);
+}
+
 std::string addOperator(const _UsersInfo& user) {
     return formatSql(
         "BEGIN TRANSACTION xiugai\r\n"

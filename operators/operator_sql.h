@@ -23,6 +23,9 @@ std::string ofLogons(std::int32_t accountId, std::string_view name);
 /// What gives them another name.
 inline constexpr const char* newNameOfLogon = "sUser = '%s'";
 
+/// Of a supervisor beside this operator.
+std::string ofSupervisorsBeside(std::int32_t userId);
+
 /// Adds an operator who is no supervisor and has no rights. The id is that of both rows.
 std::string addOperator(const _UsersInfo& user);
 std::string saveRights(std::int32_t userId, std::string_view rights);

@@ -18,6 +18,16 @@ inline constexpr const char* goneReload =
     "该操作员已经被删除了,不能修改。\n要重新读入操作员信息吗？";
 inline constexpr const char* passwordNotKept = "机器的内存不足,无法保存口令,操作没有进行。";
 
+inline constexpr const char* lastSupervisorDeleted =
+    "操作员“{}”是最后一位主管,不能删除!\n请先把另一位操作员设为主管。";
+inline constexpr const char* lastSupervisorEnded =
+    "操作员“{}”是最后一位主管,不能取消!\n请先把另一位操作员设为主管。";
+inline constexpr const char* ownSupervision = "不能取消自己的主管资格,请由另一位主管取消。";
+inline constexpr const char* makeSupervisor =
+    "是否把操作员“{}”设为主管?\n\n"
+    "主管可以使用全部功能,并可以增加、修改、删除操作员和分配权限。";
+inline constexpr const char* endSupervisor = "是否取消操作员“{}”的主管资格?\n\n取消后的权限:{}";
+
 // How rights read on paper.
 inline constexpr const char* supervisor = "主管";
 inline constexpr const char* plainOperator = "操作员";

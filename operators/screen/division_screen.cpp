@@ -107,9 +107,28 @@ void DivisionScreen::setBox(int box, bool isChecked) {
     saveRights(wanted);
 }
 
+OperatorRecord& DivisionScreen::selectedForChange() {
+    return *std::ranges::find(m_operators, m_selected.userId, userIdOf);
+}
+
+bool DivisionScreen::canMakeSupervisor() const {
+    return selectedRecord() != nullptr && !selectedRecord()->isSupervisor();
+}
+
+bool DivisionScreen::canEndSupervisor() const {
+    return selectedRecord() != nullptr && selectedRecord()->isSupervisor();
+}
+
+void DivisionScreen::setSupervisor(bool isSupervisor) {
+    if (!(isSupervisor ? canMakeSupervisor() : canEndSupervisor())) return;
+    const Outcome outcome = m_service.setSupervisor(isSupervisor, selectedForChange());
+    if (outcome == Outcome::stale && m_service.mayReadAgain()) refresh();
+    if (outcome == Outcome::done) m_selected = {m_selected.userId};
+}
+
 /// False when the rights are still what they were, or all operators were read anew.
 bool DivisionScreen::saveRights(const OperatorRights& wanted) {
-    OperatorRecord& record = *std::ranges::find(m_operators, m_selected.userId, userIdOf);
+    OperatorRecord& record = selectedForChange();
     const Outcome outcome = m_service.saveRights(changeBetween(record.rights, wanted), record);
     if (outcome == Outcome::stale && m_service.mayReadAgain()) refresh();
     return outcome == Outcome::done;

@@ -79,6 +79,11 @@ class DivisionScreen {
 
     /// A box was clicked to be checked or not. What is partly checked is never checked by it.
     void setBox(int box, bool isChecked);
+    /// Of the selected operator, who is none yet or one already.
+    bool canMakeSupervisor() const;
+    bool canEndSupervisor() const;
+    void setSupervisor(bool isSupervisor);
+
     /// The selected operator after a question, or the selected group at once.
     void remove();
 
@@ -98,6 +103,7 @@ class DivisionScreen {
     /// Where the selection goes when a leaf is taken away.
     DivisionPlace placeAfter(int leaf) const;
     DivisionPlace nearest(const DivisionPlace& wanted) const;
+    OperatorRecord& selectedForChange();
     bool saveRights(const OperatorRights& wanted);
     void removeOperator();
     void removeGroup();

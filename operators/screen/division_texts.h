@@ -15,6 +15,8 @@ inline constexpr const char* noOperator = "权限";
 
 inline constexpr const char* modify = "修改\tCtrl+M";
 inline constexpr const char* matrix = "权限对照表...";
+inline constexpr const char* makeSupervisor = "设为主管...";
+inline constexpr const char* endSupervisor = "取消主管...";
 inline constexpr const char* refresh = "刷新\tF5";
 
 inline constexpr const char* additionTitle = "增加操作员";

@@ -43,6 +43,8 @@ constexpr int aboutCommand = 7;
 constexpr int modifyCommand = 8;
 constexpr int refreshCommand = 9;
 constexpr int matrixCommand = 10;
+constexpr int makeSupervisorCommand = 11;
+constexpr int endSupervisorCommand = 12;
 
 constexpr MenuItemResource fileItems[] = {
     {previewCommand, form_texts::preview}, {printCommand, form_texts::print},
@@ -50,8 +52,13 @@ constexpr MenuItemResource fileItems[] = {
     {exitCommand, form_texts::exit},
 };
 constexpr MenuItemResource editItems[] = {
-    {insertCommand, form_texts::insert}, {modifyCommand, texts::modify},
-    {deleteCommand, form_texts::remove}, {0, ""},
+    {insertCommand, form_texts::insert},
+    {modifyCommand, texts::modify},
+    {deleteCommand, form_texts::remove},
+    {0, ""},
+    {makeSupervisorCommand, texts::makeSupervisor},
+    {endSupervisorCommand, texts::endSupervisor},
+    {0, ""},
     {refreshCommand, texts::refresh},
 };
 constexpr MenuItemResource helpItems[] = {
@@ -75,7 +82,8 @@ constexpr ToolButton tools[] = {
     {helpCommandNumber, "help", form_texts::helpButton},
     {exitCommand, "exit"},
 };
-constexpr int contextCommands[] = {insertCommand, modifyCommand, deleteCommand};
+constexpr int contextCommands[] = {insertCommand,         modifyCommand,       deleteCommand, 0,
+                                   makeSupervisorCommand, endSupervisorCommand};
 
 // The controls' own numbers.
 constexpr int treeControl = 2302;
@@ -193,6 +201,8 @@ void DivisionWindow::showState() {
     m_commands->setEnabled(insertCommand, m_screen.canAdd());
     m_commands->setEnabled(modifyCommand, m_screen.canModify());
     m_commands->setEnabled(deleteCommand, m_screen.canDelete());
+    m_commands->setEnabled(makeSupervisorCommand, m_screen.canMakeSupervisor());
+    m_commands->setEnabled(endSupervisorCommand, m_screen.canEndSupervisor());
 }
 
 void DivisionWindow::showTree() {
@@ -265,6 +275,14 @@ bool DivisionWindow::OnCommand(int command) {
         {modifyCommand, [](DivisionWindow& window) { window.modifyOperator(); }},
         {deleteCommand,
          [](DivisionWindow& window) { window.carryOut([&] { window.m_screen.remove(); }); }},
+        {makeSupervisorCommand,
+         [](DivisionWindow& window) {
+             window.carryOut([&] { window.m_screen.setSupervisor(true); });
+         }},
+        {endSupervisorCommand,
+         [](DivisionWindow& window) {
+             window.carryOut([&] { window.m_screen.setSupervisor(false); });
+         }},
         {refreshCommand,
          [](DivisionWindow& window) { window.carryOut([&] { window.m_screen.refresh(); }); }},
         {helpCommandNumber, [](DivisionWindow& window) { window.OnHelpInfo(); }},

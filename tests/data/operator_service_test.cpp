@@ -304,6 +304,65 @@ TEST_P(Operators, AreToldToBeLoggedOnBeforeTheyAreToldToBeUsed) {
     EXPECT_EQ(refusal(), "用户《 李明 》已经登录，不能删除！");
 }
 
+TEST_P(Operators, BecomeSupervisorsAndOperatorsAgainAfterAQuestion) {
+    m_books.messages.willAnswer(
+        "是否把操作员“李明”设为主管?\n\n"
+        "主管可以使用全部功能,并可以增加、修改、删除操作员和分配权限。",
+        Answer::no);
+    EXPECT_EQ(m_service.setSupervisor(true, known(2)), Outcome::refused);
+    EXPECT_EQ(m_books.messages.questions().front().preset, Answer::no);
+    m_books.messages.willAnswer(Answer::yes);
+    EXPECT_EQ(m_service.setSupervisor(true, known(2)), Outcome::done);
+    EXPECT_TRUE(known(2).isSupervisor());
+    EXPECT_EQ(m_books.stored()[1], "2 李明 主管 41 43");
+    m_books.messages.willAnswer(
+        "是否取消操作员“李明”的主管资格?\n\n"
+        "取消后的权限:会计科目(会计科目设置);期初余额(期初余额录入)",
+        Answer::yes);
+    EXPECT_EQ(m_service.setSupervisor(false, known(2)), Outcome::done);
+    EXPECT_EQ(m_books.stored()[1], "2 李明 41 43");
+    EXPECT_FALSE(m_books.holdsLocks());
+}
+
+TEST_P(Operators, CannotEndTheirOwnSupervision) {
+    m_books.insert("王芳", {}, true);
+    EXPECT_EQ(m_service.setSupervisor(false, known(1)), Outcome::refused);
+    EXPECT_EQ(refusal(), "不能取消自己的主管资格,请由另一位主管取消。");
+}
+
+TEST_P(Operators, WhoAreTheLastSupervisorStay) {
+    m_books.run("UPDATE Users SET bManager = 0 WHERE lUserId = 1");
+    m_books.run("UPDATE Users SET bManager = 1 WHERE lUserId = 2");
+    m_known = m_service.readAll().value();
+    EXPECT_EQ(m_service.remove(&known(2)), Outcome::refused);
+    EXPECT_EQ(refusal(), "操作员“李明”是最后一位主管,不能删除!\n请先把另一位操作员设为主管。");
+    EXPECT_EQ(m_service.setSupervisor(false, known(2)), Outcome::refused);
+    EXPECT_EQ(refusal(), "操作员“李明”是最后一位主管,不能取消!\n请先把另一位操作员设为主管。");
+    EXPECT_EQ(m_books.stored()[1], "2 李明 主管 41 43");
+}
+
+TEST_P(Operators, WhoBecomeTheLastSupervisorWhileItIsAskedStay) {
+    m_books.run("UPDATE Users SET bManager = 1 WHERE lUserId = 2");
+    m_known = m_service.readAll().value();
+    m_books.messages.whileShown([this](const std::string& text) {
+        if (text.starts_with("是否"))
+            m_books.run("UPDATE Users SET bManager = 0 WHERE lUserId = 1");
+    });
+    m_books.messages.willAnswer(Answer::yes);
+    EXPECT_EQ(m_service.setSupervisor(false, known(2)), Outcome::refused);
+    m_books.run("UPDATE Users SET bManager = 1 WHERE lUserId = 1");
+    EXPECT_EQ(remove(2), Outcome::refused);
+    EXPECT_EQ(m_books.stored()[1], "2 李明 主管 41 43");
+    EXPECT_TRUE(known(2).isSupervisor());
+}
+
+TEST_P(Operators, WhoHaveGoneDoNotBecomeSupervisors) {
+    m_books.run("DELETE Users WHERE lUserId = 2\r\nDELETE UserAuth WHERE lUserId = 2");
+    m_books.messages.willAnswer(Answer::yes);
+    EXPECT_EQ(m_service.setSupervisor(true, known(2)), Outcome::stale);
+    EXPECT_FALSE(known(2).isSupervisor());
+}
+
 TEST_P(Operators, NamesWithQuotesAreNothingSpecial) {
     EXPECT_EQ(add({"O'Neil\"%_", "p'w", "p'w"}), Outcome::done);
     EXPECT_EQ(add({"O'Neil\"%_", "", ""}), Outcome::refused);

@@ -58,6 +58,11 @@ void removeSomebody(DividedBooks& trouble) {
     trouble.screen.remove();
 }
 
+void promoteSomebody(DividedBooks& trouble) {
+    trouble.screen.select({2});
+    trouble.screen.setSupervisor(true);
+}
+
 struct DivisionCommand {
     const char* name;
     DivisionWork command;
@@ -72,6 +77,7 @@ const std::vector<DivisionCommand>& divisionCommands() {
         {"add", addSomebody, {"1 张三 主管", "2 李明 41", "3 王芳"}},
         {"rename", renameSomebody, {"1 张三 主管", "2 李小明 41"}},
         {"delete", removeSomebody, {"1 张三 主管"}, true},
+        {"promote", promoteSomebody, {"1 张三 主管", "2 李明 主管 41"}, true},
     };
     return all;
 }

@@ -68,8 +68,9 @@ TEST(OperatorRules, ConfirmOnlyWhatHasANameAndDiffersFromWhatThereWas) {
 }
 
 TEST(OperatorRules, RefuseADeletionWhileLoggedOnThenWhileUsed) {
-    EXPECT_THAT(namesOf(operatorDeletionChecks()),
-                ElementsAre("is not logged on", "is in no posted voucher"));
+    EXPECT_THAT(
+        namesOf(operatorDeletionChecks()),
+        ElementsAre("is not logged on", "is in no posted voucher", "is not the last supervisor"));
     const auto refusal = [](const OperatorDeletionFacts& facts) {
         const auto found = firstRefusal(operatorDeletionChecks(), facts);
         return found ? found->notice.text : std::string();
@@ -77,6 +78,29 @@ TEST(OperatorRules, RefuseADeletionWhileLoggedOnThenWhileUsed) {
     EXPECT_EQ(refusal({"李明", true, true}), "用户《 李明 》已经登录，不能删除！");
     EXPECT_EQ(refusal({"李明", false, true}), "该用户已经使用,不能删除");
     EXPECT_EQ(refusal({"李明", false, false}), "");
+    EXPECT_EQ(refusal({"李明", false, true, true}), "该用户已经使用,不能删除");
+    EXPECT_EQ(refusal({"李明", false, false, true}),
+              "操作员“李明”是最后一位主管,不能删除!\n请先把另一位操作员设为主管。");
+}
+
+TEST(OperatorRules, KeepASupervisorFromEndingHimselfAndTheLastOneFromEnding) {
+    EXPECT_THAT(namesOf(supervisorEndChecks()),
+                ElementsAre("is not who is logged on here", "is not the last supervisor"));
+    const auto refusal = [](const SupervisorEndFacts& facts) {
+        const auto found = firstRefusal(supervisorEndChecks(), facts);
+        return found ? found->notice.text : std::string();
+    };
+    EXPECT_EQ(refusal({"李明", true, true}), "不能取消自己的主管资格,请由另一位主管取消。");
+    EXPECT_EQ(refusal({"李明", false, true}),
+              "操作员“李明”是最后一位主管,不能取消!\n请先把另一位操作员设为主管。");
+    EXPECT_EQ(refusal({"李明", false, false}), "");
+}
+
+TEST(OperatorRules, PutRightsIntoWords) {
+    OperatorRights rights;
+    EXPECT_EQ(rightsInWords(rights), "无");
+    for (const int function : {41, 42, 57, 60}) rights.set(function, true);
+    EXPECT_EQ(rightsInWords(rights), "会计科目(全部);出纳(结算方式设置、资金日报)");
 }
 
 TEST(OperatorRules, PairOperatorsAndRightsByTheirPlaces) {

@@ -296,6 +296,23 @@ TEST_F(DivisionWindowTest, LeavesOutACommandThatComesWhileItAsks) {
     EXPECT_EQ(box("外币").checkState(), Qt::Unchecked);
 }
 
+TEST_F(DivisionWindowTest, MakesAnOperatorASupervisorAndBack) {
+    open();
+    EXPECT_FALSE(command("设为主管...").isEnabled());
+    click("李明", "出纳");
+    EXPECT_FALSE(command("取消主管...").isEnabled());
+    books.messages.willAnswer(Answer::yes);
+    choose("设为主管...");
+    EXPECT_EQ(branch("李明"), "李明: 主管");
+    EXPECT_EQ(current(), "李明");
+    EXPECT_FALSE(box(1).isEnabled());
+    EXPECT_FALSE(command("设为主管...").isEnabled());
+    books.messages.willAnswer(Answer::yes);
+    choose("取消主管...");
+    EXPECT_EQ(branch("李明"), "李明: 个人往来 会计科目 出纳");
+    EXPECT_TRUE(box(1).isEnabled());
+}
+
 TEST_F(DivisionWindowTest, PrintsTheDivisionOfWorkAndShowsTheMatrix) {
     open();
     RecordingPrinter printer;
