@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/values/text.h"
+#include "sheets/plan_texts.h"
 #include "sheets/sheet_texts.h"
 
 namespace chengheng {
@@ -66,6 +67,33 @@ std::optional<SheetFailure> findHeadings(const Sheet& sheet, std::span<const Wan
     if (auto failure = readHeadings(row, wanted, columns)) return failure;
     if (!isHeadingRow(row, wanted)) return SheetFailure{whenMissing, columns.headingRow, 0};
     return std::nullopt;
+}
+
+std::string missingHeadings(std::span<const WantedColumn> wanted) {
+    std::vector<std::string> headings;
+    for (const WantedColumn& column : wanted)
+        if (column.isRequired)
+            headings.push_back(fmt::format(sheet_texts::wantedHeading, column.heading));
+    return fmt::format(sheet_texts::headingsMissing,
+                       fmt::join(headings, plan_texts::listSeparator));
+}
+
+std::optional<SheetFailure> HeadedSheet::read(Sheet sheet, std::span<const WantedColumn> wanted) {
+    m_sheet = std::move(sheet);
+    m_rows.clear();
+    if (auto failure = findHeadings(m_sheet, wanted, missingHeadings(wanted), m_columns))
+        return failure;
+    for (std::size_t row = m_columns.headingRow; row < m_sheet.rows.size(); ++row)
+        if (!isBlankRow(m_sheet.rows[row])) m_rows.push_back(row + 1);
+    return std::nullopt;
+}
+
+std::optional<std::string> HeadedSheet::text(std::size_t row, std::size_t wanted) const {
+    const std::size_t column = columnOf(wanted);
+    if (column == 0) return std::nullopt;
+    const Cell& cell = m_sheet.at(row - 1, column - 1);
+    if (cell.isNumber()) return cellText(cell);
+    return std::string(withoutBlanksAround(cell.text));
 }
 
 }  // namespace chengheng

@@ -30,7 +30,31 @@ struct HeadedColumns {
 std::optional<SheetFailure> findHeadings(const Sheet& sheet, std::span<const WantedColumn> wanted,
                                          const std::string& whenMissing, HeadedColumns& columns);
 
+/// What is said where no row names every required column.
+std::string missingHeadings(std::span<const WantedColumn> wanted);
+
 /// Whether a row names every required column.
 bool isHeadingRow(const SheetRow& row, std::span<const WantedColumn> wanted);
+
+/// A sheet whose columns were found by their headings. Columns are asked for by their place among
+/// the wanted ones.
+class HeadedSheet {
+  public:
+    /// Finds the headings below any titles; the failure says which are missing or stand twice.
+    std::optional<SheetFailure> read(Sheet sheet, std::span<const WantedColumn> wanted);
+
+    /// The rows below the headings, but for blank ones, counted from 1.
+    const std::vector<std::size_t>& rows() const { return m_rows; }
+    /// Where a column stands, from 1; 0: it is not there.
+    std::size_t columnOf(std::size_t wanted) const { return m_columns.places[wanted]; }
+    /// What stands there without blanks around it; nothing where the column is not there.
+    std::optional<std::string> text(std::size_t row, std::size_t wanted) const;
+    const std::vector<std::string>& ignoredHeadings() const { return m_columns.ignored; }
+
+  private:
+    Sheet m_sheet;
+    HeadedColumns m_columns;
+    std::vector<std::size_t> m_rows;
+};
 
 }  // namespace chengheng

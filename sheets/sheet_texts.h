@@ -41,6 +41,9 @@ inline constexpr const char* quoteNotClosed = "单元格以引号开头,但没�
 inline constexpr const char* textAfterQuote =
     "结束的引号之后还有文字。单元格中的引号应写成两个引号。";
 
+/// The headings that a sheet must have, each as the second says.
+inline constexpr const char* headingsMissing = "没有标题行。标题行中应有{}。";
+inline constexpr const char* wantedHeading = "“{}”";
 inline constexpr const char* headingTwice = "标题“{}”重复。";
 
 inline constexpr const char* notWorkbook =

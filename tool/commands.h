@@ -30,6 +30,8 @@ void addImportChartCommand(CLI::App& app, Tool& tool);
 void addExportChartCommand(CLI::App& app, Tool& tool);
 void addImportDirectoryCommand(CLI::App& app, Tool& tool);
 void addExportDirectoryCommand(CLI::App& app, Tool& tool);
+void addImportVoucherTypesCommand(CLI::App& app, Tool& tool);
+void addExportVoucherTypesCommand(CLI::App& app, Tool& tool);
 void addImportRatesCommand(CLI::App& app, Tool& tool);
 void addExportRatesCommand(CLI::App& app, Tool& tool);
 void addTrialBalanceCommand(CLI::App& app, Tool& tool);

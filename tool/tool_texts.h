@@ -120,6 +120,12 @@ inline constexpr const char* exportDirectoryCommand =
     "把部门、个人、单位或项目目录导出为表格文件,可以原样导入";
 inline constexpr const char* directoryExported = "{}已导出到“{}”。";
 
+inline constexpr const char* importVoucherTypesCommand =
+    "从表格文件导入凭证类别,与逐个增加、修改的规则相同";
+inline constexpr const char* voucherTypeFileArgument =
+    "CSV 或 XLSX 文件,标题行中有“类别”,以及“名称”、“限制”、“科目一”、“科目二”";
+inline constexpr const char* exportVoucherTypesCommand = "把凭证类别导出为表格文件,可以原样导入";
+
 inline constexpr const char* importRatesCommand =
     "从表格文件导入汇率:每行一天或一个月,每种外币一列,或者每行一种外币";
 inline constexpr const char* rateFileArgument =

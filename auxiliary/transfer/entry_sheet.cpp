@@ -8,7 +8,6 @@
 #include "auxiliary/transfer/transfer_texts.h"
 #include "base/values/text.h"
 #include "opening/sheet/opening_account.h"
-#include "sheets/plan_texts.h"
 
 namespace chengheng {
 namespace {
@@ -40,15 +39,6 @@ std::vector<WantedColumn> wantedColumns(const AuxiliaryMember& member,
     for (const EntryField field : fields)
         wanted.push_back({headingOf(field), nullptr, isRequired(member, field)});
     return wanted;
-}
-
-std::string missingHeadings(const std::vector<WantedColumn>& wanted) {
-    std::vector<std::string> headings;
-    for (const WantedColumn& column : wanted)
-        if (column.isRequired)
-            headings.push_back(fmt::format(transfer_texts::wantedHeading, column.heading));
-    return fmt::format(transfer_texts::headingsMissing,
-                       fmt::join(headings, plan_texts::listSeparator));
 }
 
 const double& figureOf(const EntryContent& content, EntryField field) {

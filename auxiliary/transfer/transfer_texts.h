@@ -4,8 +4,6 @@
 /// of every import. {} is a value.
 namespace chengheng::transfer_texts {
 
-inline constexpr const char* headingsMissing = "没有标题行。标题行中应有{}。";
-inline constexpr const char* wantedHeading = "“{}”";
 inline constexpr const char* voucherNumberTwice =
     "“凭证号数”已包括凭证类别和凭证号,不能再有“{}”一列。";
 

@@ -1,19 +1,12 @@
 #include "directories/transfer/directory_sheet.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
-#include "base/values/text.h"
 #include "directories/directory_texts.h"
-#include "directories/transfer/directory_transfer_texts.h"
 #include "directories/transfer/group_finder.h"
-#include "sheets/plan_texts.h"
 
 namespace chengheng {
 namespace {
-
-namespace texts = directory_transfer_texts;
 
 std::vector<DirectoryField> fieldsOf(const Directory& directory) {
     std::vector<DirectoryField> fields{DirectoryField::code, DirectoryField::name};
@@ -26,13 +19,6 @@ std::vector<DirectoryField> fieldsOf(const Directory& directory) {
 bool isRequired(const Directory& directory, DirectoryField field) {
     return field == DirectoryField::code ||
            (field == DirectoryField::group && directory.kind == DirectoryKind::projectItem);
-}
-
-std::string missingHeadings(const std::vector<WantedColumn>& wanted) {
-    std::vector<std::string> headings;
-    for (const WantedColumn& column : wanted)
-        if (column.isRequired) headings.push_back(fmt::format(texts::wanted, column.heading));
-    return fmt::format(texts::headingsMissing, fmt::join(headings, plan_texts::listSeparator));
 }
 
 }  // namespace
@@ -52,31 +38,27 @@ const char* headingOf(const Directory& directory, DirectoryField field) {
 }
 
 std::optional<SheetFailure> DirectorySheet::read(Sheet sheet, const Directory& directory) {
-    m_sheet = std::move(sheet);
-    m_rows.clear();
     m_fields = fieldsOf(directory);
     std::vector<WantedColumn> wanted;
     for (const DirectoryField field : m_fields)
         wanted.push_back({headingOf(directory, field), nullptr, isRequired(directory, field)});
-    if (auto failure = findHeadings(m_sheet, wanted, missingHeadings(wanted), m_columns))
-        return failure;
-    for (std::size_t row = m_columns.headingRow; row < m_sheet.rows.size(); ++row)
-        if (!isBlankRow(m_sheet.rows[row])) m_rows.push_back(row + 1);
-    return std::nullopt;
+    return m_sheet.read(std::move(sheet), wanted);
 }
 
 std::size_t DirectorySheet::columnOf(DirectoryField field) const {
-    const auto found = std::ranges::find(m_fields, field);
-    if (found == m_fields.end()) return 0;
-    return m_columns.places[static_cast<std::size_t>(found - m_fields.begin())];
+    const auto place = placeOf(field);
+    return place ? m_sheet.columnOf(*place) : 0;
 }
 
 std::optional<std::string> DirectorySheet::text(std::size_t row, DirectoryField field) const {
-    const std::size_t column = columnOf(field);
-    if (column == 0) return std::nullopt;
-    const Cell& cell = m_sheet.at(row - 1, column - 1);
-    if (cell.isNumber()) return cellText(cell);
-    return std::string(withoutBlanksAround(cell.text));
+    const auto place = placeOf(field);
+    return place ? m_sheet.text(row, *place) : std::nullopt;
+}
+
+std::optional<std::size_t> DirectorySheet::placeOf(DirectoryField field) const {
+    const auto found = std::ranges::find(m_fields, field);
+    if (found == m_fields.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - m_fields.begin());
 }
 
 Sheet exportedDirectory(const Directory& directory, std::span<const DirectoryRecord> records,

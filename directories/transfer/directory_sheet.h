@@ -27,18 +27,18 @@ class DirectorySheet {
     std::optional<SheetFailure> read(Sheet sheet, const Directory& directory);
 
     /// The rows below the headings, but for blank ones, counted from 1.
-    const std::vector<std::size_t>& rows() const { return m_rows; }
+    const std::vector<std::size_t>& rows() const { return m_sheet.rows(); }
     /// Where a column stands, from 1; 0: it is not there.
     std::size_t columnOf(DirectoryField field) const;
     /// What stands there without blanks around it; nothing where the column is not there.
     std::optional<std::string> text(std::size_t row, DirectoryField field) const;
-    const std::vector<std::string>& ignoredHeadings() const { return m_columns.ignored; }
+    const std::vector<std::string>& ignoredHeadings() const { return m_sheet.ignoredHeadings(); }
 
   private:
-    Sheet m_sheet;
+    std::optional<std::size_t> placeOf(DirectoryField field) const;
+
+    HeadedSheet m_sheet;
     std::vector<DirectoryField> m_fields;
-    HeadedColumns m_columns;
-    std::vector<std::size_t> m_rows;
 };
 
 /// Records as a sheet that reads back as they are. A group is named by its name, or by its code

@@ -4,8 +4,6 @@
 /// import. {} is a value.
 namespace chengheng::directory_transfer_texts {
 
-inline constexpr const char* headingsMissing = "没有标题行。标题行中应有{}。";
-inline constexpr const char* wanted = "“{}”";
 
 /// The noun and the row that has the code already.
 inline constexpr const char* codeTwice = "{}编码与第 {} 行的重复";

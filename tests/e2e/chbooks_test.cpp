@@ -65,21 +65,51 @@ std::string smallBooks(const EngineCase& kind) {
 TEST(ToolUsage, HelpNamesEveryCommandAndExitCode) {
     const ProgramRun run = chbooks({"--help"});
     EXPECT_EQ(run.exitCode, done);
-    for (const char* word :
-         {"info", "check", "backup", "restore", "copy", "import-chart", "export-chart",
-          "import-directory", "export-directory", "import-rates", "export-rates", "trial-balance",
-          "import-opening", "export-opening", "import-auxiliary", "export-auxiliary", "  0  完成",
-          "  5  给出的内容不合规定"})
+    for (const char* word : {"info",
+                             "check",
+                             "backup",
+                             "restore",
+                             "copy",
+                             "import-chart",
+                             "export-chart",
+                             "import-directory",
+                             "export-directory",
+                             "import-voucher-types",
+                             "export-voucher-types",
+                             "import-rates",
+                             "export-rates",
+                             "trial-balance",
+                             "import-opening",
+                             "export-opening",
+                             "import-auxiliary",
+                             "export-auxiliary",
+                             "  0  完成",
+                             "  5  给出的内容不合规定"})
         EXPECT_THAT(run.out, HasSubstr(word));
     EXPECT_EQ(run.err, "");
 }
 
 TEST(ToolUsage, EveryCommandHasItsHelp) {
-    for (const char* command :
-         {"new", "demo", "info", "check", "backup", "restore", "copy", "import-chart",
-          "export-chart", "import-directory", "export-directory", "import-rates", "export-rates",
-          "trial-balance", "import-opening", "export-opening", "import-auxiliary",
-          "export-auxiliary"}) {
+    for (const char* command : {"new",
+                                "demo",
+                                "info",
+                                "check",
+                                "backup",
+                                "restore",
+                                "copy",
+                                "import-chart",
+                                "export-chart",
+                                "import-directory",
+                                "export-directory",
+                                "import-voucher-types",
+                                "export-voucher-types",
+                                "import-rates",
+                                "export-rates",
+                                "trial-balance",
+                                "import-opening",
+                                "export-opening",
+                                "import-auxiliary",
+                                "export-auxiliary"}) {
         const ProgramRun run = chbooks({command, "--help"});
         EXPECT_EQ(run.exitCode, done) << command;
         EXPECT_THAT(run.out, HasSubstr("用法")) << command;

@@ -17,8 +17,10 @@
 #include "screen/help/help_pages.h"
 #include "screen/shown.h"
 #include "session/host_globals.h"
+#include "vouchertype/transfer/voucher_type_transfer_texts.h"
 #include "vouchertype/voucher_type_list.h"
 #include "vouchertype/voucher_type_texts.h"
+#include "vouchertype/window/voucher_type_files.h"
 
 namespace chengheng {
 namespace {
@@ -150,6 +152,24 @@ void VoucherTypeWindow::letTabReachChosenKind() {
 
 void VoucherTypeWindow::printRecords(ReportOutput output) {
     printList(voucherTypeList(), output, messages());
+}
+
+std::span<const MenuItemResource> VoucherTypeWindow::ownFileItems() const {
+    static constexpr MenuItemResource items[] = {
+        {importCommand, voucher_type_transfer_texts::importCommand},
+        {exportCommand, voucher_type_transfer_texts::exportCommand},
+    };
+    return items;
+}
+
+bool VoucherTypeWindow::OnCommand(int command) {
+    if (command == importCommand)
+        workOnRecords([this] { return importVoucherTypes(messages(), this); });
+    else if (command == exportCommand)
+        exportVoucherTypes(messages(), this);
+    else
+        return ListFormDialog::OnCommand(command);
+    return true;
 }
 
 }  // namespace chengheng

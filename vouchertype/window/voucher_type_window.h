@@ -25,8 +25,13 @@ class VoucherTypeWindow final : public ListFormDialog {
     void addFields() override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(ReportOutput output) override;
+    std::span<const MenuItemResource> ownFileItems() const override;
+    bool OnCommand(int command) override;
 
   private:
+    static constexpr int importCommand = firstOwnCommand;
+    static constexpr int exportCommand = firstOwnCommand + 1;
+
     /// An account of the restriction, and the button that offers those there are.
     struct AccountField {
         LimitedEdit* code = nullptr;
