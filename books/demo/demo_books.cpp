@@ -25,7 +25,7 @@ constexpr std::int32_t onlySet = 1;
 /// In the order in which later ones refer to earlier ones.
 constexpr std::array steps{writeDemoCurrencies,  writeDemoAccounts,     writeDemoDirectories,
                            writeDemoProjects,    writeDemoVoucherTypes, writeDemoOperators,
-                           writeDemoDefinitions, writeDemoOpenings};
+                           writeDemoDefinitions, writeDemoOpenings,     writeDemoVouchers};
 
 NewBooks demoFacts() {
     return {.name = demo::setName,

@@ -188,6 +188,35 @@ constexpr Entry entryTable[] = {
      .item = "年货专柜"},
 };
 
+constexpr VoucherLine electricReceipt[] = {{"1002010101", true, 58500.00},
+                                           {"1122", false, 58500.00, "大华商场"}};
+constexpr VoucherLine shopSale[] = {
+    {"100101", true, 2260.00}, {"500102", false, 2000.00}, {"22210102", false, 260.00}};
+constexpr VoucherLine textileReceipt[] = {{"1002010102", true, 32760.00},
+                                          {"1122", false, 32760.00, "新天地百货"}};
+constexpr VoucherLine supplierPayment[] = {{"2202", true, 46800.00, "宏达电器厂"},
+                                           {"1002010101", false, 46800.00}};
+constexpr VoucherLine entertainment[] = {{"560204", true, 860.00}, {"100101", false, 860.00}};
+constexpr VoucherLine cashDrawing[] = {{"100101", true, 5000.00}, {"1002010101", false, 5000.00}};
+constexpr VoucherLine bankCharge[] = {{"560302", true, 35.00}, {"1002010101", false, 35.00}};
+constexpr VoucherLine creditSale[] = {{"1122", true, 22600.00, "滨江超市"},
+                                      {"500101", false, 20000.00},
+                                      {"22210102", false, 2600.00}};
+constexpr VoucherLine taxPayment[] = {{"222102", true, 12615.30}, {"1002010101", false, 12615.30}};
+constexpr VoucherLine costOfSales[] = {{"540101", true, 9000.00},
+                                       {"14050101", false, 9000.00, "", 50}};
+
+constexpr Voucher voucherTable[] = {{"收", 1, 6, "收到电器货款", electricReceipt},
+                                    {"收", 2, 9, "门店零售毛巾", shopSale},
+                                    {"收", 4, 20, "收到家纺货款", textileReceipt},
+                                    {"付", 1, 7, "支付电器货款", supplierPayment},
+                                    {"付", 2, 12, "招待客户", entertainment},
+                                    {"付", 3, 15, "提取备用现金", cashDrawing},
+                                    {"付", 4, 21, "银行手续费", bankCharge},
+                                    {"转", 1, 10, "赊销电饭煲", creditSale},
+                                    {"转", 2, 15, "缴纳增值税", taxPayment},
+                                    {"转", 3, 31, "结转家用电器销售成本", costOfSales}};
+
 constexpr Digest digestTable[] = {{"1002010101", "收到货款"},
                                   {"1002010101", "支付货款"},
                                   {"100101", "提取现金"},
@@ -215,6 +244,7 @@ std::span<const Settlement> settlements() { return settlementTable; }
 std::span<const Operator> operators() { return operatorTable; }
 std::span<const Opening> openings() { return openingTable; }
 std::span<const Entry> entries() { return entryTable; }
+std::span<const Voucher> vouchers() { return voucherTable; }
 std::span<const Digest> digests() { return digestTable; }
 std::span<const DefinitionLine> transferLines() { return transferTable; }
 std::span<const DefinitionLine> frequentVoucherLines() { return frequentTable; }

@@ -74,5 +74,6 @@ Status writeDemoVoucherTypes(DemoBooks& books);
 Status writeDemoOperators(DemoBooks& books);
 Status writeDemoDefinitions(DemoBooks& books);
 Status writeDemoOpenings(DemoBooks& books);
+Status writeDemoVouchers(DemoBooks& books);
 
 }  // namespace chengheng

@@ -18,6 +18,7 @@
 #include "data/tables/balances.h"
 #include "data/tables/currency.h"
 #include "data/tables/operators.h"
+#include "data/tables/settlement.h"
 #include "data/tables/vouchers.h"
 #include "data/transfer/content_digest.h"
 #include "session/rights/rights_list.h"
@@ -25,6 +26,7 @@
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/faulty_engine.h"
+#include "vouchertype/restriction/voucher_restriction.h"
 
 namespace {
 
@@ -158,9 +160,42 @@ TEST_P(DemoBooks, EntriesNameTheDimensionsOfTheirAccountAndNoOthers) {
     }
 }
 
-TEST_P(DemoBooks, HoldNoVoucherSoThatOpeningBalancesCanBeEdited) {
+TEST_P(DemoBooks, HoldNoPostedVoucherSoThatOpeningBalancesCanBeEdited) {
     EXPECT_THAT(rows<_RegMainInfo>("byPeroid > 0"), IsEmpty());
-    EXPECT_THAT(rows<_UnregMainInfo>(), IsEmpty());
+}
+
+TEST_P(DemoBooks, VouchersAreOfEachTypeAndBalanceAndOneReceiptIsMissing) {
+    std::map<std::string, std::vector<int>> numbers;
+    for (const _UnregMainInfo& voucher : rows<_UnregMainInfo>()) {
+        numbers[voucher.sSign].push_back(voucher.lNumber);
+        EXPECT_EQ(voucher.dtDate.month, voucher.byPeroid);
+        double balance = 0;
+        const std::string ofVoucher = "lTieId = " + std::to_string(voucher.lId);
+        for (const _UnregSubInfo& line : rows<_UnregSubInfo>(ofVoucher.c_str()))
+            balance += line.bDirect != 0 ? line.mMoney : -line.mMoney;
+        EXPECT_NEAR(balance, 0, 1e-6) << voucher.sSign << voucher.lNumber;
+    }
+    EXPECT_EQ(numbers, (std::map<std::string, std::vector<int>>{
+                           {"收", {1, 2, 4}}, {"付", {1, 2, 3, 4}}, {"转", {1, 2, 3}}}));
+}
+
+TEST_P(DemoBooks, OneTransferBreaksTheRestrictionOfItsType) {
+    const auto accounts = rows<_CodeInfo>();
+    std::vector<std::string> breaches;
+    for (const _UnregMainInfo& voucher : rows<_UnregMainInfo>()) {
+        std::vector<chengheng::VoucherLine> lines;
+        const std::string ofVoucher = "lTieId = " + std::to_string(voucher.lId);
+        for (const _UnregSubInfo& line : rows<_UnregSubInfo>(ofVoucher.c_str())) {
+            const auto account = std::ranges::find(accounts, line.lCodeId, &_CodeInfo::lId);
+            ASSERT_NE(account, accounts.end());
+            EXPECT_NE(account->bEnd, 0) << account->sCode;
+            lines.push_back({line.lLine, account->sCode, line.bDirect != 0, line.mMoney});
+        }
+        const auto type = rows<_SignInfo>(("sSign = '" + voucher.sSign + "'").c_str());
+        const auto breach = restrictionBreach(type.at(0), lines, chengheng::CodeLevels("4222"));
+        if (breach) breaches.push_back(voucher.sSign + std::to_string(voucher.lNumber));
+    }
+    EXPECT_EQ(breaches, std::vector<std::string>{"转2"});
 }
 
 TEST_P(DemoBooks, CashAndBankAreDesignatedWithTheAccountsBelow) {
