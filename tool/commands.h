@@ -39,6 +39,7 @@ void addImportOpeningCommand(CLI::App& app, Tool& tool);
 void addExportOpeningCommand(CLI::App& app, Tool& tool);
 void addImportAuxiliaryCommand(CLI::App& app, Tool& tool);
 void addExportAuxiliaryCommand(CLI::App& app, Tool& tool);
+void addTestVoucherCommand(CLI::App& app, Tool& tool);
 void addPrintCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.

@@ -5,7 +5,8 @@ namespace chengheng {
 /// What chbooks returns. Scripts rely on the numbers: they must not change.
 enum class ExitCode {
     done = 0,
-    faultsFound = 1,   ///< the check found faults, or the books do not balance
+    faultsFound = 1,   ///< the check found faults, the books do not balance, no type
+                       ///< may be that of the voucher
     wrongUsage = 2,    ///< the command line cannot be read
     failed = 3,        ///< books, a file or a server failed; nothing was changed
     targetExists = 4,  ///< what was to be made is there already

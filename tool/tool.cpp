@@ -49,6 +49,7 @@ constexpr std::array addCommands{addNewCommand,
                                  addExportOpeningCommand,
                                  addImportAuxiliaryCommand,
                                  addExportAuxiliaryCommand,
+                                 addTestVoucherCommand,
                                  addPrintCommand};
 
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {

@@ -38,9 +38,10 @@ constexpr std::array<IntegrityCheck, 22> checks{{
     {"floatingRates", integrity_texts::floatingRatesTitle, checkFloatingRates},
 }};
 
-constexpr std::array<IntegrityCheck, 2> noteChecks{{
+constexpr std::array<IntegrityCheck, 3> noteChecks{{
     {"parentSums", integrity_texts::parentSumsTitle, checkParentSums},
     {"rateGaps", integrity_texts::rateGapsTitle, noteRateGaps},
+    {"voucherRestrictions", integrity_texts::voucherRestrictionsTitle, noteRestrictions},
 }};
 
 Status run(const IntegrityCheck& check, CheckedBooks& books, std::vector<IntegrityFault>& faults) {

@@ -118,6 +118,7 @@ Status checkAuxiliarySums(CheckedBooks& books, FaultList& faults);
 Status checkOpeningEntries(CheckedBooks& books, FaultList& faults);
 Status checkParentSums(CheckedBooks& books, FaultList& notes);
 Status noteRateGaps(CheckedBooks& books, FaultList& notes);
+Status noteRestrictions(CheckedBooks& books, FaultList& notes);
 Status checkFixedRates(CheckedBooks& books, FaultList& faults);
 Status checkFloatingRates(CheckedBooks& books, FaultList& faults);
 

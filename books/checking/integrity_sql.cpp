@@ -29,4 +29,16 @@ std::string hasItem(const std::string& itemTable) {
     return "SELECT 1 FROM " + itemTable + " WHERE lId = $1";
 }
 
+std::string linesOfRestrictedVouchers(const std::string& headers, const std::string& lines) {
+    return "SELECT m.lId, m.sSign, m.lNumber, m.dtDate, coalesce(s.lCodeId, 0), "
+           "coalesce(s.bDirect, 0), coalesce(s.mMoney, 0), coalesce(s.mFgn, 0), "
+           "coalesce(s.dAmt, 0) FROM " +
+           headers + " m LEFT JOIN " + lines +
+           " s ON s.lTieId = m.lId WHERE m.byPeroid > 0 AND m.sSign IN (SELECT sSign FROM Sign "
+           "WHERE byLimit <> 0) AND NOT EXISTS (SELECT 1 FROM " +
+           lines +
+           " b WHERE b.lTieId = m.lId AND b.bBegin <> 0) ORDER BY m.byPeroid, m.sSign, m.lNumber, "
+           "m.lId, s.lLine, s.lId";
+}
+
 }  // namespace chengheng::integrity_sql

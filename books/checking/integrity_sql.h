@@ -95,6 +95,14 @@ inline constexpr const char* combinationFigures =
     "sum(dBegin), sum(mFBegin) FROM AssAcc WHERE byPeroid = $1 "
     "GROUP BY lCodeId, lItemId, lDeptId, coalesce(lPersonId, 0), lEnterId, sItemId";
 
+/// Number, kind of restriction and its two accounts, of the types that restrict their vouchers.
+inline constexpr const char* restrictedTypes =
+    "SELECT sSign, byLimit, sCode1, sCode2 FROM Sign WHERE byLimit <> 0 ORDER BY lId";
+/// The lines of all vouchers of such types in the tables of headers and lines, opening entries left
+/// out: id, type, number, date; account, debit, three amounts. A voucher without lines has one row,
+/// without an account id.
+std::string linesOfRestrictedVouchers(const std::string& headers, const std::string& lines);
+
 inline constexpr const char* currencies = "SELECT lId, sExchCode FROM Cyrency ORDER BY lId";
 inline constexpr const char* fixedRates =
     "SELECT dtDate, byPeroid FROM ExchgFix WHERE byExchId = $1 ORDER BY dtDate, lId";

@@ -35,6 +35,13 @@ inline constexpr const char* periodSumsTitle = "科目总帐期间";
 inline constexpr const char* auxiliarySumsTitle = "辅助总帐与科目总帐";
 inline constexpr const char* openingEntriesTitle = "辅助期初明细与辅助总帐";
 inline constexpr const char* parentSumsTitle = "上级科目与下级合计";
+inline constexpr const char* voucherRestrictionsTitle = "凭证与类别的限制";
+inline constexpr const char* unposted = "未记帐";
+inline constexpr const char* posted = "已记帐";
+/// Type, number, date, posted or not; why it may not be of the type.
+inline constexpr const char* voucherBreaks = "凭证 {} 第 {} 号({},{}):{}";
+/// Type, what is wrong with its restriction.
+inline constexpr const char* typeWrong = "凭证类别 {}:{}";
 inline constexpr const char* rateGapsTitle = "缺少的汇率";
 /// Currency, kind, year, the gaps.
 inline constexpr const char* rateGaps = "外币 {} {} {} 年{}";

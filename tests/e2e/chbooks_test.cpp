@@ -83,6 +83,7 @@ TEST(ToolUsage, HelpNamesEveryCommandAndExitCode) {
                              "export-opening",
                              "import-auxiliary",
                              "export-auxiliary",
+                             "test-voucher",
                              "  0  完成",
                              "  5  给出的内容不合规定"})
         EXPECT_THAT(run.out, HasSubstr(word));
@@ -109,7 +110,8 @@ TEST(ToolUsage, EveryCommandHasItsHelp) {
                                 "import-opening",
                                 "export-opening",
                                 "import-auxiliary",
-                                "export-auxiliary"}) {
+                                "export-auxiliary",
+                                "test-voucher"}) {
         const ProgramRun run = chbooks({command, "--help"});
         EXPECT_EQ(run.exitCode, done) << command;
         EXPECT_THAT(run.out, HasSubstr("用法")) << command;

@@ -124,20 +124,33 @@ std::string restrictionInWords(const _SignInfo& type, const AccountNaming& nameO
     return fmt::format(texts::restriction, kind, named);
 }
 
+std::string restrictionFault(const _SignInfo& type) {
+    if (!isRestrictionKind(type.byLimit)) return fmt::format(texts::kindUnknown, type.byLimit);
+    const RestrictionKind kind{type.byLimit};
+    const bool isRequired =
+        kind == RestrictionKind::debitRequired || kind == RestrictionKind::creditRequired;
+    if (!isRequired || !accountsOf(type).empty()) return {};
+    return fmt::format(texts::accountsMissing, restrictionKindText(type.byLimit));
+}
+
 std::optional<RestrictionBreach> restrictionBreach(const _SignInfo& type,
                                                    std::span<const VoucherLine> lines,
                                                    const CodeLevels& levels,
                                                    const AccountNaming& nameOf) {
-    if (!isRestrictionKind(type.byLimit))
-        return RestrictionBreach{fmt::format(texts::kindUnknown, type.byLimit), {}};
-    const RestrictionKind kind{type.byLimit};
-    if (kind == RestrictionKind::none) return std::nullopt;
+    if (std::string fault = restrictionFault(type); !fault.empty())
+        return RestrictionBreach{std::move(fault), {}};
     const Restriction restriction(type, levels, nameOf);
-    if (kind == RestrictionKind::bothForbidden) return restriction.whereForbidden(lines);
-    if (accountsOf(type).empty())
-        return RestrictionBreach{
-            fmt::format(texts::accountsMissing, restrictionKindText(type.byLimit)), {}};
-    return restriction.whereRequired(lines, kind == RestrictionKind::debitRequired);
+    switch (RestrictionKind{type.byLimit}) {
+        case RestrictionKind::debitRequired:
+            return restriction.whereRequired(lines, true);
+        case RestrictionKind::creditRequired:
+            return restriction.whereRequired(lines, false);
+        case RestrictionKind::bothForbidden:
+            return restriction.whereForbidden(lines);
+        case RestrictionKind::none:
+            break;
+    }
+    return std::nullopt;
 }
 
 }  // namespace chengheng

@@ -35,12 +35,16 @@ using AccountNaming = std::function<std::string(std::string_view code)>;
 /// the levels is its own.
 std::string firstLevelOf(const CodeLevels& levels, std::string_view code);
 
+/// What is wrong with a type's restriction itself, so that no voucher may be of it: its kind is
+/// none that is known, or it requires an account and names none. Empty where nothing is.
+std::string restrictionFault(const _SignInfo& type);
+
 /// Whether a voucher of these lines may be of a type, by the type's restriction; nothing when it
 /// may.
 ///
 /// An account counts as the first-level account that it belongs to. A line without amount moves
 /// nothing, so it counts on neither side. A type that names one account is restricted by that
-/// one. A type that requires an account and names none admits no voucher, and says so.
+/// one.
 std::optional<RestrictionBreach> restrictionBreach(const _SignInfo& type,
                                                    std::span<const VoucherLine> lines,
                                                    const CodeLevels& levels,
