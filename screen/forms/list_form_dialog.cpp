@@ -210,6 +210,17 @@ void ListFormDialog::addField(QWidget& field, const QString& label, QWidget* but
     setTabOrder(&field, button);
 }
 
+void ListFormDialog::addFieldLine(std::span<QWidget* const> fields) {
+    auto* line = new QHBoxLayout;
+    for (QWidget* field : fields) {
+        m_fields.append(field);
+        m_lastInOrder = field;
+        line->addWidget(field);
+    }
+    line->addStretch();
+    m_fieldRows->addRow(QString(), line);
+}
+
 void ListFormDialog::inputEdited(QWidget& field) {
     if (m_isShowing) return;
     m_editedField = &field;

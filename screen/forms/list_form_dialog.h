@@ -70,6 +70,8 @@ class ListFormDialog : public CNxMiddleDialog {
     /// Adds another control, with a label before it or without, and a button behind it that is part
     /// of it; its changes are to be told by inputEdited.
     void addField(QWidget& field, const QString& label = {}, QWidget* button = nullptr);
+    /// Adds several controls in one line, without a label.
+    void addFieldLine(std::span<QWidget* const> fields);
     /// Shows what has become of the form by other means than a command.
     void showAnew() { showForm(); }
     void inputEdited(QWidget& field);

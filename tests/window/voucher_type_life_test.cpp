@@ -11,7 +11,7 @@ TEST_F(VoucherTypeWindowTest, SetsUpReceiptsPaymentsAndTransfersByKeysAlone) {
     open();
     const std::tuple<const char*, const char*, int> types[] = {
         {"收", "收款凭证", 0}, {"付", "付款凭证", 1}, {"转", "转帐凭证", 2}};
-    for (const auto& [number, name, downs] : types) {
+    for (const auto& [number, name, steps] : types) {
         press(Qt::Key_N, Qt::ControlModifier);
         typeText(window->focusWidget(), QString::fromUtf8(number));
         press(Qt::Key_Tab);
@@ -19,7 +19,7 @@ TEST_F(VoucherTypeWindowTest, SetsUpReceiptsPaymentsAndTransfersByKeysAlone) {
         press(Qt::Key_Tab);
         press(Qt::Key_Space);
         press(Qt::Key_Tab);
-        for (int down = 0; down < downs; ++down) press(Qt::Key_Down);
+        for (int step = 0; step < steps; ++step) press(Qt::Key_Right);
         press(Qt::Key_Tab);
         typeText(window->focusWidget(), "1001");
         press(Qt::Key_Tab);

@@ -62,14 +62,16 @@ void VoucherTypeWindow::addRestriction() {
     addField(*m_isRestricted);
     connect(m_isRestricted, &QCheckBox::toggled, this, guarded([this] { restrictionChecked(); }));
     m_kinds = new QButtonGroup(this);
+    std::vector<QWidget*> line;
     for (const auto& [kind, name] : kindFields) {
         auto* choice = new QRadioButton(shown(restrictionKindText(stored(kind))));
         choice->setObjectName(QLatin1String(name));
         m_kinds->addButton(choice, stored(kind));
-        addField(*choice);
+        line.push_back(choice);
         connect(choice, &QRadioButton::toggled, this,
                 guarded([this, choice] { inputEdited(*choice); }));
     }
+    addFieldLine(line);
 }
 
 VoucherTypeWindow::AccountField VoucherTypeWindow::addAccount(const char* label, char key,
