@@ -42,6 +42,7 @@ constexpr MenuItemResource hubMenu[] = {
     {33006, screen_texts::projectItemsItem},
     {0, ""},
     {33007, screen_texts::parametersItem},
+    {33008, screen_texts::ownPasswordItem},
     {0, ""},
     {helpCommandNumber, screen_texts::helpCommand},
     {0, ""},

@@ -52,6 +52,7 @@ inline constexpr const char* unitsItem = "单位往来目录(&U)";
 inline constexpr const char* projectClassesItem = "项目大类定义(&K)";
 inline constexpr const char* projectItemsItem = "项目定义及目录(&I)";
 inline constexpr const char* parametersItem = "帐套参数调整(&B)";
+inline constexpr const char* ownPasswordItem = "更改口令(&W)";
 inline constexpr const char* exitItem = "退出(&7)";
 
 inline constexpr const char* showDetail = "详细(&D)";

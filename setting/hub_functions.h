@@ -21,7 +21,8 @@ enum class HubFunction {
     units,
     projectClasses,
     projectItems,
-    parameters
+    parameters,
+    ownPassword
 };
 
 /// A function's place on the hub, in pixels of the background, and its picture.
@@ -60,6 +61,7 @@ inline constexpr std::array hubMenuCommands{
     HubMenuCommand{HubFunction::projectClasses, 33005},
     HubMenuCommand{HubFunction::projectItems, 33006},
     HubMenuCommand{HubFunction::parameters, 33007},
+    HubMenuCommand{HubFunction::ownPassword, 33008},
 };
 
 /// Whether the host wants only the opening balances: -ERPCONSOLE or -ERPSINGLE, in any case.

@@ -13,6 +13,7 @@
 #include "data/tables/books.h"
 #include "screen/background_work.h"
 #include "screen/books/books_parameters_window.h"
+#include "screen/books/own_password_window.h"
 #include "screen/enter_moves_on.h"
 #include "screen/form_style.h"
 #include "screen/guarded.h"
@@ -84,6 +85,8 @@ void LogonWindow::setUpFields() {
             [this] { runGuarded(m_messages, windowTitle(), [this] { makeNew(); }); });
     connect(m_ui->parameters, &QPushButton::clicked, this,
             [this] { runGuarded(m_messages, windowTitle(), [this] { changeParameters(); }); });
+    connect(m_ui->ownPassword, &QPushButton::clicked, this,
+            [this] { runGuarded(m_messages, windowTitle(), [this] { changePassword(); }); });
     connect(m_ui->location, &QComboBox::currentIndexChanged, this, &LogonWindow::suggestDate);
 }
 
@@ -219,9 +222,7 @@ void LogonWindow::changeParameters() {
         return m_messages.tell(refusal.notice);
     }
     if (!openSession()) return;
-    // The next log-on begins a new history, so nobody would be told of this one.
-    if (const HubLogonLine line = hubLogonLine(); line.isWarning)
-        m_messages.tell({.text = line.text, .icon = MessageIcon::warning});
+    tellSuspiciousHistory();
     if (const auto refusal = rightRefusal(parametersRight))
         m_messages.tell(refusal->notice);
     else
@@ -231,6 +232,21 @@ void LogonWindow::changeParameters() {
         m_choices[static_cast<std::size_t>(m_ui->location->currentIndex())].location;
     loadChoices();
     showChoices(choiceOf(m_choices, location));
+}
+
+/// The next log-on begins a new history, so nobody would be told of this one.
+void LogonWindow::tellSuspiciousHistory() {
+    if (const HubLogonLine line = hubLogonLine(); line.isWarning)
+        m_messages.tell({.text = line.text, .icon = MessageIcon::warning});
+}
+
+void LogonWindow::changePassword() {
+    if (!openSession()) return;
+    tellSuspiciousHistory();
+    const bool isChanged = OwnPasswordWindow(this).DoModal() == QDialog::Accepted;
+    m_session.logOff();
+    if (isChanged) m_ui->password->clear();
+    m_ui->password->setFocus();
 }
 
 /// Another workstation may have given the books another name.

@@ -48,6 +48,9 @@ class LogonWindow : public QDialog {
     bool openSession();
     /// Changes the parameters of the chosen books, for which the operator logs on and off again.
     void changeParameters();
+    /// Gives the operator who is filled in another password, likewise.
+    void changePassword();
+    void tellSuspiciousHistory();
     /// Asks whether books of an older layout are to be upgraded, and does so.
     bool upgrade(const std::string& location);
     void rememberLogon();

@@ -8,6 +8,15 @@ inline constexpr const char* choice = "{} {}年度";
 inline constexpr const char* locationMissing = "请选择帐套,或输入帐套的路径或服务器地址";
 inline constexpr const char* operatorMissing = "请输入操作员姓名";
 inline constexpr const char* logonRefused = "操作员姓名或口令不正确";
+inline constexpr const char* ownPassword = "更改口令";
+inline constexpr const char* oldPassword = "原口令(&O):";
+inline constexpr const char* newPassword = "新口令(&N):";
+inline constexpr const char* newPasswordAgain = "再输一次新口令(&A):";
+inline constexpr const char* oldPasswordWrong = "原口令不正确!";
+inline constexpr const char* newPasswordsDiffer = "两次输入的新口令不一致!";
+inline constexpr const char* passwordChanged = "口令已更改,下次登录请用新口令。";
+inline constexpr const char* passwordNotKept = "机器的内存不足,无法保存口令,口令没有更改。";
+inline constexpr const char* ownRowGone = "您已不是本帐套的操作员,口令没有更改。";
 inline constexpr const char* logonDelayed = "口令连续输错,请在{}秒后重试";
 inline constexpr const char* logonEnded =
     "口令已连续输错{}次,而这个帐套不能写入,无法记下次数。\n请退出程序,核对口令后再试。";

@@ -26,7 +26,6 @@ inline constexpr const char* passwordLabel = "操作员口令:";
 inline constexpr const char* confirmationLabel = "确认口令:";
 inline constexpr const char* confirm = "确 认";
 inline constexpr const char* giveUp = "放 弃";
-inline constexpr const char* withoutPassword = "没有口令:任何人都能用这个姓名登录。";
 inline constexpr const char* passwordStays = "口令空着不填,原来的口令不变。";
 
 }  // namespace chengheng::division_texts

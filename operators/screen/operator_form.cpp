@@ -1,6 +1,7 @@
 #include "operators/screen/operator_form.h"
 
 #include "operators/screen/division_texts.h"
+#include "session/rights/password_advice.h"
 
 namespace chengheng {
 
@@ -18,8 +19,9 @@ const char* OperatorForm::title() const {
 }
 
 std::string OperatorForm::note() const {
-    if (!input.password.empty() || !input.confirmation.empty()) return {};
-    return m_hasPassword ? division_texts::passwordStays : division_texts::withoutPassword;
+    if (input.password.empty() && !input.confirmation.empty()) return {};
+    if (input.password.empty() && m_hasPassword) return division_texts::passwordStays;
+    return passwordAdvice(input.password, operatorName(input));
 }
 
 bool OperatorForm::confirm() {

@@ -3,8 +3,13 @@
 #include <string>
 #include <string_view>
 
-/// What an operator without a right is told.
+/// What operators are told about rights and passwords.
 namespace chengheng::rights_texts {
+
+/// What should be known of a password.
+inline constexpr const char* withoutPassword = "没有口令:任何人都能用这个姓名登录。";
+inline constexpr const char* commonPassword = "这是最常见的口令之一,很容易被猜中。";
+inline constexpr const char* passwordIsName = "口令与姓名相同,很容易被猜中。";
 
 std::string rightMissing(std::string_view functionName);
 std::string rightUnknown(int function);

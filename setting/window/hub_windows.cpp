@@ -7,6 +7,7 @@
 #include "opening/window/CNbCwBegleftDlg.h"
 #include "operators/window/division_window.h"
 #include "screen/books/books_parameters_window.h"
+#include "screen/books/own_password_window.h"
 #include "settle/window/CNbCwSettleDlg.h"
 #include "vouchertype/window/preset_wizard.h"
 #include "vouchertype/window/voucher_type_window.h"
@@ -48,6 +49,7 @@ constexpr Launcher launchers[] = {
     {HubFunction::projectClasses, runDirectory<DirectoryKind::projectClass>},
     {HubFunction::projectItems, runDirectory<DirectoryKind::projectItem>},
     {HubFunction::parameters, runParameters},
+    {HubFunction::ownPassword, runModally<OwnPasswordWindow>},
 };
 
 }  // namespace

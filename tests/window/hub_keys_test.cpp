@@ -190,11 +190,11 @@ TEST_F(HubTest, HasAMenuOfItsFunctionsUnderTheRightButton) {
     for (const QAction* action : menu->actions()) {
         if (!action->isSeparator()) captions << action->text();
     }
-    EXPECT_EQ(captions,
-              (QStringList{"财务分工(&1)", "会计科目(&2)", "外币汇率(&3)", "期初余额(&4)",
-                           "凭证类别(&5)", "结算方式(&6)", "部门目录(&D)", "个人往来目录(&P)",
-                           "单位往来分类(&C)", "单位往来目录(&U)", "项目大类定义(&K)",
-                           "项目定义及目录(&I)", "帐套参数调整(&B)", "帮助(&H)", "退出(&7)"}));
+    EXPECT_EQ(captions, (QStringList{"财务分工(&1)", "会计科目(&2)", "外币汇率(&3)", "期初余额(&4)",
+                                     "凭证类别(&5)", "结算方式(&6)", "部门目录(&D)",
+                                     "个人往来目录(&P)", "单位往来分类(&C)", "单位往来目录(&U)",
+                                     "项目大类定义(&K)", "项目定义及目录(&I)", "帐套参数调整(&B)",
+                                     "更改口令(&W)", "帮助(&H)", "退出(&7)"}));
 }
 
 TEST_F(HubTest, HasItsMenuOverARegionToo) {

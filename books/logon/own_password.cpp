@@ -1,0 +1,89 @@
+#include "books/logon/own_password.h"
+
+#include "books/logon/logon_sql.h"
+#include "books/logon/logon_texts.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/row_lease.h"
+#include "data/connection/database.h"
+#include "data/tables/operators.h"
+#include "session/failure_texts.h"
+#include "session/host_globals.h"
+#include "session/last_failure.h"
+#include "session/open_books.h"
+#include "session/rights/password_advice.h"
+
+namespace chengheng {
+namespace {
+
+constexpr LockLists lockLists{"", "Users UserAuth"};
+
+UntoldOutcome refused(const char* text, const char* field) {
+    return UntoldOutcome::refused({.text = text, .beep = true, .focusField = field});
+}
+
+UntoldOutcome readOwn(_UsersInfo& user) {
+    const RowLease<_UsersInfo> lease(*g_pDB,
+                                     logon_sql::ofRightsOwner(g_lpLogonUserInfo->lUserId).c_str());
+    if (!lease.isRead()) return UntoldOutcome::failed();
+    if (!lease.isFound()) return UntoldOutcome::refused({.text = logon_texts::ownRowGone});
+    user = *lease.rows().front();
+    return UntoldOutcome::done();
+}
+
+/// Another password that was given meanwhile is not overwritten: the old one is wrong by now.
+UntoldOutcome writeOwn(const std::string& knownHash, const std::string& hash) {
+    _UsersInfo user;
+    UntoldOutcome result = readOwn(user);
+    if (result.outcome != Outcome::done) return result;
+    if (user.sPassword != knownHash)
+        return refused(logon_texts::oldPasswordWrong, own_password_field::old);
+    user.sPassword = hash;
+    return g_pDB->Users_Edit(user) == 0 ? result : UntoldOutcome::failed();
+}
+
+}  // namespace
+
+std::string OwnPassword::note() const {
+    if (wanted.empty() && !confirmation.empty()) return {};
+    return passwordAdvice(wanted, g_lpLogonUserInfo == nullptr ? "" : g_lpLogonUserInfo->sUserName);
+}
+
+UntoldOutcome OwnPassword::check(std::string& knownHash) {
+    if (wanted != confirmation)
+        return refused(logon_texts::newPasswordsDiffer, own_password_field::confirmation);
+    if (!selectOpenBooks()) return UntoldOutcome::failed();
+    _UsersInfo user;
+    UntoldOutcome result = readOwn(user);
+    if (result.outcome != Outcome::done) return result;
+    const std::string location = g_pDB->selectedDatabase()->location();
+    const TriedOperator tried{location, user.sUserName, user.lId};
+    if (auto refusal = m_tries.begin(*g_pDB, tried)) {
+        refusal->notice.focusField = own_password_field::old;
+        return UntoldOutcome::refused(refusal->notice);
+    }
+    if (!isPasswordOf(user.sPassword, old))
+        return refused(logon_texts::oldPasswordWrong, own_password_field::old);
+    if (const Status status = m_tries.takeBack(*g_pDB, tried); !status)
+        return {Outcome::failed, failureRefusalOf(status, location).notice};
+    knownHash = user.sPassword;
+    return result;
+}
+
+bool OwnPassword::confirm() {
+    if (!canConfirm()) return false;
+    std::string knownHash;
+    const UntoldOutcome checked = check(knownHash);
+    if (checked.outcome != Outcome::done) {
+        told(m_messages, checked);
+        return false;
+    }
+    const std::string hash = hashPassword(wanted, m_cost);
+    if (hash.empty()) {
+        m_messages.tell({.text = logon_texts::passwordNotKept, .icon = MessageIcon::stop});
+        return false;
+    }
+    return changeRecords(m_messages, lockLists, [&] { return writeOwn(knownHash, hash); }) ==
+           Outcome::done;
+}
+
+}  // namespace chengheng
