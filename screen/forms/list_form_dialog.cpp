@@ -241,7 +241,10 @@ void ListFormDialog::carryOut(const std::function<void()>& command) {
         command();
     }
     showForm();
-    if (form().isAdding() && !wasAdding) m_fields.first()->setFocus(Qt::OtherFocusReason);
+    if (form().isAdding() && !wasAdding) {
+        showFields();
+        m_fields.first()->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void ListFormDialog::workOnRecords(const std::function<bool()>& work) {
@@ -311,6 +314,7 @@ int ListFormDialog::selectedLeaf() const {
 }
 
 void ListFormDialog::returnToInput() {
+    showFields();
     QWidget* field = m_editedField ? m_editedField : m_fields.first();
     field->setFocus(Qt::OtherFocusReason);
 }
@@ -358,6 +362,7 @@ void ListFormDialog::OnMenuInsert() {
     bool isAdding = false;
     carryOut([&] { isAdding = form().startAdding(); });
     if (isAdding) {
+        showFields();
         m_fields.first()->setFocus(Qt::OtherFocusReason);
     } else {
         returnToInput();

@@ -63,6 +63,9 @@ class ListFormDialog : public CNxMiddleDialog {
     /// The same before an addition, which gives it up.
     virtual void giveUpTyping() {}
 
+    /// Brings the fields into sight, where they are not always: one of them is to get the keyboard.
+    virtual void showFields() {}
+
     /// A field with its label, reached by Alt and the key; its name is that of what it holds. A
     /// button behind it is part of it.
     LimitedEdit* addEdit(const char* label, char key, const char* name, int limit,

@@ -6,6 +6,8 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <algorithm>
 #include <utility>
 
@@ -17,9 +19,11 @@
 #include "screen/help/help_pages.h"
 #include "screen/shown.h"
 #include "session/host_globals.h"
+#include "vouchertype/screen/trial_screen_texts.h"
 #include "vouchertype/transfer/voucher_type_transfer_texts.h"
 #include "vouchertype/voucher_type_list.h"
 #include "vouchertype/voucher_type_texts.h"
+#include "vouchertype/window/trial_pane.h"
 #include "vouchertype/window/voucher_type_files.h"
 
 namespace chengheng {
@@ -29,7 +33,9 @@ namespace texts = voucher_type_texts;
 
 constexpr ListFormWindow voucherTypeWindow{.templateNumber = dialog_templates::species,
                                            .title = texts::title,
-                                           .helpContext = voucherTypeHelpContext};
+                                           .helpContext = voucherTypeHelpContext,
+                                           .formCharacters = 44,
+                                           .lines = 24};
 
 constexpr std::pair<RestrictionKind, const char*> kindFields[] = {
     {RestrictionKind::debitRequired, debitRequiredField},
@@ -46,6 +52,31 @@ VoucherTypeWindow::~VoucherTypeWindow() {
     runGuarded(messages(), windowTitle(), [this] {
         if (CGetData::LoadSignMemoryMapTable(g_lpszNbZwDBName) < 0) TellFailure();
     });
+}
+
+QWidget* VoucherTypeWindow::arrangeForm(QWidget* fields) {
+    m_trial = new TrialPane(messages());
+    m_pages = new QTabWidget;
+    m_pages->addTab(fields, shown(trial_screen_texts::typePage));
+    m_pages->addTab(m_trial, shown(trial_screen_texts::trialPage));
+    // The keys of the pages are those of the command, so that the Tab key walks the fields alone.
+    m_pages->tabBar()->setFocusPolicy(Qt::NoFocus);
+    return m_pages;
+}
+
+bool VoucherTypeWindow::isTrying() const { return m_pages->currentWidget() == m_trial; }
+
+void VoucherTypeWindow::showFields() { m_pages->setCurrentIndex(0); }
+
+/// There and back.
+void VoucherTypeWindow::turnToTrial() {
+    if (isTrying()) {
+        showFields();
+        m_number->setFocus(Qt::OtherFocusReason);
+    } else {
+        m_pages->setCurrentWidget(m_trial);
+        m_trial->enter();
+    }
 }
 
 void VoucherTypeWindow::addFields() {
@@ -124,6 +155,7 @@ void VoucherTypeWindow::DoDataExchange(bool isSaving) {
     m_number->showText(shown(input.sSign));
     m_name->showText(shown(input.sSignName));
     showRestriction(input);
+    m_trial->typesChanged();
 }
 
 void VoucherTypeWindow::showRestriction(const _SignInfo& type) {
@@ -164,8 +196,20 @@ std::span<const MenuItemResource> VoucherTypeWindow::ownFileItems() const {
     return items;
 }
 
+std::span<const MenuItemResource> VoucherTypeWindow::ownEditItems() const {
+    static constexpr MenuItemResource items[] = {{tryCommand, trial_screen_texts::tryCommand}};
+    return items;
+}
+
+/// Enter beside the lines of a tried voucher saves no type.
+void VoucherTypeWindow::OnOK() {
+    if (!isTrying()) ListFormDialog::OnOK();
+}
+
 bool VoucherTypeWindow::OnCommand(int command) {
-    if (command == importCommand)
+    if (command == tryCommand)
+        turnToTrial();
+    else if (command == importCommand)
         workOnRecords([this] { return importVoucherTypes(messages(), this); });
     else if (command == exportCommand)
         exportVoucherTypes(messages(), this);

@@ -8,10 +8,12 @@
 class QButtonGroup;
 class QCheckBox;
 class QPushButton;
+class QTabWidget;
 
 namespace chengheng {
+class TrialPane;
 
-/// The voucher types (凭证类别).
+/// The voucher types (凭证类别), and on a page beside their fields a tester of vouchers.
 class VoucherTypeWindow final : public ListFormDialog {
     Q_OBJECT
 
@@ -22,15 +24,20 @@ class VoucherTypeWindow final : public ListFormDialog {
 
   protected:
     ListForm& form() override { return m_form; }
+    QWidget* arrangeForm(QWidget* fields) override;
     void addFields() override;
+    void showFields() override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(ReportOutput output) override;
     std::span<const MenuItemResource> ownFileItems() const override;
+    std::span<const MenuItemResource> ownEditItems() const override;
+    void OnOK() override;
     bool OnCommand(int command) override;
 
   private:
     static constexpr int importCommand = firstOwnCommand;
     static constexpr int exportCommand = firstOwnCommand + 1;
+    static constexpr int tryCommand = firstOwnCommand + 2;
 
     /// An account of the restriction, and the button that offers those there are.
     struct AccountField {
@@ -38,6 +45,8 @@ class VoucherTypeWindow final : public ListFormDialog {
         QPushButton* choice = nullptr;
     };
 
+    bool isTrying() const;
+    void turnToTrial();
     void addRestriction();
     AccountField addAccount(const char* label, char key, const char* name);
     void restrictionChecked();
@@ -51,6 +60,8 @@ class VoucherTypeWindow final : public ListFormDialog {
     QCheckBox* m_isRestricted = nullptr;
     QButtonGroup* m_kinds = nullptr;  ///< by what is stored for each
     std::array<AccountField, 2> m_accounts;
+    QTabWidget* m_pages = nullptr;
+    TrialPane* m_trial = nullptr;
 };
 
 }  // namespace chengheng
