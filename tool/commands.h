@@ -26,6 +26,7 @@ void addRestoreCommand(CLI::App& app, Tool& tool);
 void addCopyCommand(CLI::App& app, Tool& tool);
 void addSetCommand(CLI::App& app, Tool& tool);
 void addUpgradeCommand(CLI::App& app, Tool& tool);
+void addNewYearCommand(CLI::App& app, Tool& tool);
 void addImportChartCommand(CLI::App& app, Tool& tool);
 void addExportChartCommand(CLI::App& app, Tool& tool);
 void addImportDirectoryCommand(CLI::App& app, Tool& tool);

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "base/system/staged_file.h"
+#include "books/copying/books_source.h"
 #include "books/copying/transfer_texts.h"
 #include "data/engines/open_engine.h"
 #include "data/engines/remove_database.h"
 #include "data/layout/layout.h"
 #include "data/transfer/content_copy.h"
-#include "data/transfer/content_digest.h"
 #include "data/transfer/stored_tables.h"
 #include "session/failure_texts.h"
 
@@ -30,71 +30,11 @@ Refusal difference(const std::string& location) {
     return failureRefusal(fmt::format(transfer_texts::copyDiffers, shownLocation(location)));
 }
 
-bool isSamePlace(const std::string& one, const std::string& other) {
-    if (one == other) return true;
-    if (isServerAddress(one) || isServerAddress(other)) return false;
-    std::error_code unseen;
-    return files::equivalent(one, other, unseen);
-}
-
-std::optional<Refusal> verified(Engine& engine, const std::string& location) {
-    std::vector<std::string> faults;
-    if (Status status = engine.verify(faults); !status) return failure(status, location);
-    if (faults.empty()) return std::nullopt;
-    return failureRefusal(
-        fmt::format(transfer_texts::sourceDamaged, shownLocation(location), faults.front()));
-}
-
-Status openToRead(const std::string& location, std::unique_ptr<Engine>& engine,
-                  int* layout = nullptr) {
-    const Status status = openEngine(location, OpenMode::readable, engine);
-    return status ? checkReadable(*engine, layout) : status;
-}
-
-/// A set of books that is read as it stands at one moment.
-class Source {
-  public:
-    explicit Source(std::string location) : m_location(std::move(location)) {}
-    ~Source() {
-        // Nothing was written; a connection that is gone has ended the transaction itself.
-        if (m_isReading) static_cast<void>(m_engine->rollback().isDone());
-    }
-    Source(const Source&) = delete;
-    Source& operator=(const Source&) = delete;
-
-    std::optional<Refusal> open() {
-        Status status = openToRead(m_location, m_engine, &m_layout);
-        if (!status) return failure(status, m_location);
-        if (std::optional<Refusal> refusal = verified(*m_engine, m_location)) return refusal;
-        status = m_engine->beginReading();
-        m_isReading = status.isDone();
-        if (status) status = digestContent(*m_engine, m_digests);
-        if (status) status = foreignObjects(*m_engine, m_objects);
-        if (!status) return failure(status, m_location);
-        return std::nullopt;
-    }
-    const std::string& location() const { return m_location; }
-    Engine& engine() { return *m_engine; }
-    const Digests& digests() const { return m_digests; }
-    /// The number of its layout.
-    int layout() const { return m_layout; }
-    /// What a copy leaves out.
-    const std::vector<ForeignObject>& objects() const { return m_objects; }
-
-  private:
-    std::string m_location;
-    std::unique_ptr<Engine> m_engine;
-    int m_layout = 0;
-    Digests m_digests;
-    std::vector<ForeignObject> m_objects;
-    bool m_isReading = false;
-};
-
 enum class Tables { present, missing };
 
 /// Brings the source's content into the target and compares the two, in one transaction. What came
 /// from books of an older layout is raised to this one; `made` is what the target then holds.
-std::optional<Refusal> fill(Source& source, Engine& target, const std::string& location,
+std::optional<Refusal> fill(BooksSource& source, Engine& target, const std::string& location,
                             Tables tables, Digests& made) {
     Status status = target.begin();
     if (!status) return failure(status, location);
@@ -116,7 +56,7 @@ std::optional<Refusal> fill(Source& source, Engine& target, const std::string& l
 }
 
 /// Makes the tables and the content of a new database; leaves an empty one when it fails.
-std::optional<Refusal> makeCopy(Source& source, const std::string& location, Digests& made) {
+std::optional<Refusal> makeCopy(BooksSource& source, const std::string& location, Digests& made) {
     std::unique_ptr<Engine> target;
     const Status status = openEngine(location, OpenMode::create, target);
     return status ? fill(source, *target, location, Tables::missing, made)
@@ -124,7 +64,7 @@ std::optional<Refusal> makeCopy(Source& source, const std::string& location, Dig
 }
 
 /// The same on a server that has no such schema yet; what comes to nothing is removed.
-std::optional<Refusal> makeSchema(Source& source, const std::string& address) {
+std::optional<Refusal> makeSchema(BooksSource& source, const std::string& address) {
     Digests made;
     std::optional<Refusal> refusal = makeCopy(source, address, made);
     // The failure told is the one that came first; what may be there stays, as it says.
@@ -133,24 +73,11 @@ std::optional<Refusal> makeSchema(Source& source, const std::string& address) {
     return refusal;
 }
 
-bool isEmptySchema(Engine& engine, const std::string& address) {
-    std::unique_ptr<Engine> created;
-    bool hasBooks = true;
-    const Status status = engine.hasTable("BooksFormat", hasBooks);
-    return status && !hasBooks && isServerAddress(address) &&
-           openEngine(address, OpenMode::create, created).isDone();
-}
-
-/// Opens a finished copy as anybody will and looks once more whether it holds what it should.
-std::optional<Refusal> provenCopy(const Source& source, const Digests& made,
+/// Looks once more whether a finished copy holds what it should.
+std::optional<Refusal> provenCopy(const BooksSource& source, const Digests& made,
                                   const std::string& path, const std::string& file) {
-    std::unique_ptr<Engine> copy;
-    Status status = openToRead(path, copy);
-    if (!status) return failure(status, file);
-    if (std::optional<Refusal> refusal = verified(*copy, file)) return refusal;
     Digests digests;
-    status = digestContent(*copy, digests);
-    if (!status) return failure(status, file);
+    if (auto refusal = digestFinished(path, file, digests)) return refusal;
     return digests == made ? std::optional<Refusal>() : difference(source.location());
 }
 
@@ -183,7 +110,7 @@ Refusal targetRefusal(const Status& status, const std::string& file, Overwrite o
 enum class CopyForm { asItIs, rows };
 
 /// Writes the source into a file that appears only when it is whole and proven.
-std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwrite overwrite,
+std::optional<Refusal> writeFile(BooksSource& source, const std::string& file, Overwrite overwrite,
                                  CopyForm form) {
     StagedFile staged(file, overwrite);
     if (!staged.status()) return targetRefusal(staged.status(), file, overwrite);
@@ -206,7 +133,8 @@ std::optional<Refusal> writeFile(Source& source, const std::string& file, Overwr
     return status ? std::optional<Refusal>() : targetRefusal(status, file, overwrite);
 }
 
-std::optional<Refusal> replaceBooks(Source& source, Engine& target, const std::string& location) {
+std::optional<Refusal> replaceBooks(BooksSource& source, Engine& target,
+                                    const std::string& location) {
     const std::string tables = allTableNames();
     LockService& locks = target.locks();
     const Status locked = locks.lock(tables, LockMode::exclusive, false);
@@ -225,7 +153,8 @@ std::optional<Refusal> replaceBooks(Source& source, Engine& target, const std::s
     return refusal;
 }
 
-std::optional<Refusal> transfer(Source& source, const std::string& target, Overwrite overwrite) {
+std::optional<Refusal> transfer(BooksSource& source, const std::string& target,
+                                Overwrite overwrite) {
     std::unique_ptr<Engine> existing;
     Status status = openEngine(target, OpenMode::existing, existing);
     if (status.failure == Failure::missing) {
@@ -247,12 +176,12 @@ std::optional<Refusal> backUpBooks(const std::string& location, const std::strin
                                    Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
     if (isServerAddress(file))
         return inputRefusal(fmt::format(transfer_texts::backupToServer, shownLocation(file)), "");
-    if (isSamePlace(location, file))
+    if (isSameLocation(location, file))
         return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(file)), "");
     OutputTarget target;
     if (const Status found = findTarget(file, overwrite, target); !found)
         return targetRefusal(found, file, overwrite);
-    Source source(location);
+    BooksSource source(location);
     if (std::optional<Refusal> refusal = source.open()) return refusal;
     if (leftOut != nullptr) *leftOut = source.objects();
     return writeFile(source, file, overwrite, CopyForm::asItIs);
@@ -268,9 +197,9 @@ std::optional<Refusal> restoreBooks(const std::string& file, const std::string& 
 
 std::optional<Refusal> copyBooks(const std::string& location, const std::string& target,
                                  Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
-    if (isSamePlace(location, target))
+    if (isSameLocation(location, target))
         return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(target)), "");
-    Source source(location);
+    BooksSource source(location);
     if (std::optional<Refusal> refusal = source.open()) return refusal;
     if (leftOut != nullptr) *leftOut = source.objects();
     return transfer(source, target, overwrite);

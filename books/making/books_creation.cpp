@@ -7,6 +7,7 @@
 
 #include "base/values/text.h"
 #include "books/making/books_sql.h"
+#include "books/making/folder_in_making.h"
 #include "books/making/making_texts.h"
 #include "data/engines/open_engine.h"
 #include "data/engines/remove_database.h"
@@ -25,15 +26,6 @@ std::string setFolder(const std::string& home, std::int32_t setId) {
     return fmt::format("{}/{:03}", home, setId);
 }
 
-/// The lowest id above all known ones whose folder is free.
-std::int32_t nextSetId(const BooksRegistry& registry, const std::vector<BooksSet>& sets) {
-    std::int32_t id = 1;
-    for (const BooksSet& set : sets) id = std::max(id, set.id + 1);
-    std::error_code unseen;
-    while (files::exists(setFolder(registry.folder(), id), unseen)) ++id;
-    return id;
-}
-
 std::string withSchema(const std::string& address, std::int32_t setId, int year) {
     const std::size_t question = address.find('?');
     if (question != std::string::npos && address.find("schema=", question) != std::string::npos)
@@ -47,32 +39,6 @@ NewBooks withoutSurplusBlanks(NewBooks books) {
         *text = withoutTrailingBlanks(*text);
     return books;
 }
-
-/// Makes the folder a file is to lie in, and takes away again what was made for nothing.
-class FolderInMaking {
-  public:
-    explicit FolderInMaking(const std::string& location) {
-        if (location == ":memory:" || isServerAddress(location)) return;
-        std::error_code unseen;
-        for (files::path folder = files::path(location).parent_path();
-             !folder.empty() && !files::exists(folder, unseen); folder = folder.parent_path())
-            m_made.push_back(folder);
-        m_status = makeOwnedFolder(files::path(location).parent_path());
-    }
-    ~FolderInMaking() {
-        std::error_code unseen;
-        for (const files::path& folder : m_made) files::remove(folder, unseen);
-    }
-    FolderInMaking(const FolderInMaking&) = delete;
-    FolderInMaking& operator=(const FolderInMaking&) = delete;
-
-    const Status& status() const { return m_status; }
-    void keep() { m_made.clear(); }
-
-  private:
-    std::vector<files::path> m_made;
-    Status m_status;
-};
 
 /// A database that is taken away again unless it is kept.
 class DatabaseInMaking {
@@ -123,6 +89,14 @@ Status fillNewBooks(CNbCwDB& database, const NewBooks& books, std::int32_t setId
     if (database.QRYExecuteSQL(books_sql::fillNewBooks(books, *accounts, setId, hash)) != 0)
         return Status::done();
     return database.lastStatus();
+}
+
+std::int32_t nextSetId(const BooksRegistry& registry, const std::vector<BooksSet>& sets) {
+    std::int32_t id = 1;
+    for (const BooksSet& set : sets) id = std::max(id, set.id + 1);
+    std::error_code unseen;
+    while (files::exists(setFolder(registry.folder(), id), unseen)) ++id;
+    return id;
 }
 
 std::string placeOfBooks(const std::string& location, const std::string& home, std::int32_t setId,

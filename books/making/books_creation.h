@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "books/list/books_registry.h"
 #include "books/making/new_books.h"
@@ -39,6 +40,9 @@ class BooksCreation {
 
     const BooksRegistry* m_registry;
 };
+
+/// The lowest id above those of all listed sets whose folder is free.
+std::int32_t nextSetId(const BooksRegistry& registry, const std::vector<BooksSet>& sets);
 
 /// Where new books lie: an absolute path of a file, the address of a schema. A folder gets the
 /// file name, an address without a schema one made of set and year, no place at all the

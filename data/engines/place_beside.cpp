@@ -21,6 +21,24 @@ std::string placeBeside(const std::string& location, const std::string& suffix) 
     return file.parent_path() / (file.stem().string() + suffix + file.extension().string());
 }
 
+std::string placeOfYear(const std::string& location, int year, int other) {
+    const std::string from = std::to_string(year);
+    const std::string to = std::to_string(other);
+    if (isServerAddress(location)) {
+        PostgresAddress address;
+        if (!readPostgresAddress(location, address)) return {};
+        if (address.schema.ends_with(from))
+            address.schema.replace(address.schema.size() - from.size(), from.size(), to);
+        else
+            address.schema = schemaBeside(address.schema, "_" + to);
+        return addressText(address);
+    }
+    const std::filesystem::path file(location);
+    const std::filesystem::path folder = file.parent_path();
+    if (folder.filename() != from) return {};
+    return folder.parent_path() / to / file.filename();
+}
+
 Status readIsPlaceFree(const std::string& location, bool& isFree) {
     isFree = false;
     if (!isServerAddress(location)) {

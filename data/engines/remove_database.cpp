@@ -27,10 +27,12 @@ Status removeFiles(const std::string& location) {
 Status removeSchema(const std::string& location) {
     std::unique_ptr<Engine> engine;
     const Status status = openEngine(location, OpenMode::existing, engine);
-    return status ? engine->script(dropSchema) : status;
+    return status ? removeSchemaOf(*engine) : status;
 }
 
 }  // namespace
+
+Status removeSchemaOf(Engine& engine) { return engine.script(dropSchema); }
 
 Status removeDatabase(const std::string& location) {
     if (location == ":memory:") return Status::done();

@@ -13,7 +13,9 @@ constexpr std::size_t rowsAtOnce = 500;
 /// Rows on their way into a table, sent many at a time.
 class RowWriter {
   public:
-    RowWriter(Engine& target, const TableInfo& table) : m_target(target), m_table(table) {
+    RowWriter(Engine& target, const TableInfo& table, const CopyProgress& progress,
+              std::size_t& rows)
+        : m_target(target), m_table(table), m_progress(progress), m_rows(rows) {
         m_values.reserve(rowsAtOnce * table.columns.size());
     }
 
@@ -39,10 +41,13 @@ class RowWriter {
         std::vector<Command> commands;
         for (std::size_t start = 0; start < m_values.size(); start += width)
             commands.push_back({m_insert.get(), std::span(m_values).subspan(start, width)});
-        const Status status = commands.empty() ? Status::done() : m_target.execute(commands);
+        if (commands.empty()) return Status::done();
+        const Status status = m_target.execute(commands);
+        m_rows += commands.size();
         m_values.clear();
         m_texts.clear();
-        return status;
+        if (!status || !m_progress || m_progress(m_rows)) return status;
+        return Status::of(Failure::cancelled);
     }
 
   private:
@@ -62,13 +67,16 @@ class RowWriter {
 
     Engine& m_target;
     const TableInfo& m_table;
+    const CopyProgress& m_progress;
+    std::size_t& m_rows;  ///< of all tables
     std::unique_ptr<PreparedStatement> m_insert;
     std::vector<Value> m_values;
     std::deque<std::string> m_texts;
 };
 
-Status copyTable(Engine& source, Engine& target, const TableInfo& table) {
-    RowWriter writer(target, table);
+Status copyTable(Engine& source, Engine& target, const TableInfo& table,
+                 const CopyProgress& progress, std::size_t& rows) {
+    RowWriter writer(target, table, progress, rows);
     Status status = writer.prepare();
     if (status)
         status = forEachRow(source, "SELECT " + columnNames(table) + " FROM " + table.name, {},
@@ -89,25 +97,28 @@ Status emptyTarget(Engine& target) {
     return status;
 }
 
-Status takeContent(Engine& source, Engine& target) {
+Status takeContent(Engine& source, Engine& target, const CopyScope& scope) {
     Status status = emptyTarget(target);
+    int layout = 0;
     std::vector<TableInfo> tables;
-    if (status) status = storedTables(source, tables);
+    if (status) status = readLayoutNumber(source, layout);
+    if (status) status = storedTables(source, layout, tables, scope.choice);
+    std::size_t rows = 0;
     for (const TableInfo& table : tables) {
         if (status && !isFixedTable(table))
             status = target.script(createTableSql(table, target.dialect()));
-        if (status) status = copyTable(source, target, table);
+        if (status) status = copyTable(source, target, table, scope.progress, rows);
     }
     return status;
 }
 
 }  // namespace
 
-Status replaceContent(Engine& source, Engine& target) {
+Status replaceContent(Engine& source, Engine& target, const CopyScope& scope) {
     const EngineDialect& dialect = target.dialect();
     // Rows that this program would not write are copied as they are; checking the books names them.
     Status status = dialect.checksOff.empty() ? Status::done() : target.script(dialect.checksOff);
-    if (status) status = takeContent(source, target);
+    if (status) status = takeContent(source, target, scope);
     if (dialect.checksOn.empty()) return status;
     const Status minded = target.script(dialect.checksOn);
     return status ? minded : status;

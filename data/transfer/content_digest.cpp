@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "data/layout/layout.h"
-#include "data/transfer/stored_tables.h"
 
 namespace chengheng {
 namespace {
@@ -86,10 +85,11 @@ Status digestContent(Engine& engine, std::vector<TableDigest>& digests) {
     return status ? digestContent(engine, number, digests) : status;
 }
 
-Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& digests) {
+Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& digests,
+                     const TableChoice& choice) {
     digests.clear();
     std::vector<TableInfo> tables;
-    Status status = storedTables(engine, layout, tables);
+    Status status = storedTables(engine, layout, tables, choice);
     for (const TableInfo& table : tables) {
         if (!status) break;
         status = digestTable(engine, table, digests.emplace_back());

@@ -7,6 +7,7 @@
 
 #include "data/engine/engine.h"
 #include "data/tables/schema.h"
+#include "data/transfer/stored_tables.h"
 
 namespace chengheng {
 
@@ -27,6 +28,7 @@ Status digestTable(Engine& engine, const TableInfo& table, TableDigest& digest);
 Status digestContent(Engine& engine, std::vector<TableDigest>& digests);
 
 /// The same of the tables and columns that the layout of a number has.
-Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& digests);
+Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& digests,
+                     const TableChoice& choice = {});
 
 }  // namespace chengheng

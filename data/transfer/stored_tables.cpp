@@ -61,11 +61,15 @@ Status storedTables(Engine& engine, std::vector<TableInfo>& tables) {
     return status ? storedTables(engine, number, tables) : status;
 }
 
-Status storedTables(Engine& engine, int layout, std::vector<TableInfo>& tables) {
+Status storedTables(Engine& engine, int layout, std::vector<TableInfo>& tables,
+                    const TableChoice& choice) {
     tables.clear();
     for (TableInfo& table : tablesOfLayout(layout))
         if (table.name != sessionTable) tables.push_back(std::move(table));
-    return projectItemTables(engine, tables);
+    const Status status = projectItemTables(engine, tables);
+    if (choice)
+        std::erase_if(tables, [&choice](const TableInfo& table) { return !choice(table.name); });
+    return status;
 }
 
 }  // namespace chengheng

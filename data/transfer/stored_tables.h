@@ -3,12 +3,16 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/engine/engine.h"
 #include "data/tables/schema.h"
 
 namespace chengheng {
+
+/// Which of the stored tables are meant; none given: all of them.
+using TableChoice = std::function<bool(std::string_view table)>;
 
 /// Prepares and runs one select and hands its rows over one by one; the first failure of the
 /// receiver ends the reading and is the outcome.
@@ -26,6 +30,7 @@ std::string allTableNames();
 Status storedTables(Engine& engine, std::vector<TableInfo>& tables);
 
 /// Those of them, and of their columns, that the layout of a number has.
-Status storedTables(Engine& engine, int layout, std::vector<TableInfo>& tables);
+Status storedTables(Engine& engine, int layout, std::vector<TableInfo>& tables,
+                    const TableChoice& choice = {});
 
 }  // namespace chengheng

@@ -101,13 +101,15 @@ Status PostgresEngine::findSchema(bool& isFound) {
 }
 
 Status PostgresEngine::createSchema() {
+    // Who has locks is noted there by whoever asks for one, be there books or not.
+    constexpr const char* lockNotes = "'locksession', 'locksession_pkey'";
     const std::string& schema = m_connection.address().schema;
     Status status = m_connection.run("CREATE SCHEMA IF NOT EXISTS " + quotedIdentifier(schema));
     PostgresResult result;
     if (status)
         status = m_connection.run(
             "SELECT 1 FROM pg_class JOIN pg_namespace n ON n.oid = relnamespace WHERE nspname = " +
-                quotedLiteral(schema) + " LIMIT 1",
+                quotedLiteral(schema) + " AND relname NOT IN (" + lockNotes + ") LIMIT 1",
             &result);
     if (status && PQntuples(result.get()) > 0)
         return Status::of(Failure::refused, schema + ": the schema is not empty");
