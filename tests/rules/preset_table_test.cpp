@@ -86,8 +86,8 @@ TEST(PresetTable, RestrictsNoTypeThatWouldNameOneAccountTwice) {
 
 TEST(PresetTable, ShowsWhatItWillMake) {
     EXPECT_EQ(presetPreview(PresetSet::receiptsAndPayments, both),
-              (Texts{"将建立:", "收 收款凭证  借方必有 1001 或 1002",
-                     "付 付款凭证  贷方必有 1001 或 1002", "转 转帐凭证  借贷必无 1001 或 1002"}));
+              (Texts{"收 收款凭证  借方必有 1001 或 1002", "付 付款凭证  贷方必有 1001 或 1002",
+                     "转 转帐凭证  借贷必无 1001 或 1002"}));
     EXPECT_EQ(presetPreview(PresetSet::custom, both),
               Texts{"不建立凭证类别,请在“凭证类别”窗口中自行增加。"});
 }

@@ -144,12 +144,11 @@ TEST_F(PresetWizardTest, GoesBackWithTheChoiceAsItWas) {
 TEST_F(PresetWizardTest, ShowsWhatItWillMake) {
     press(Qt::Key_Return);
     EXPECT_EQ(preview(),
-              "将建立:\n收 收款凭证  借方必有 1001 或 1002\n付 付款凭证  贷方必有 1001 或 1002\n"
+              "收 收款凭证  借方必有 1001 或 1002\n付 付款凭证  贷方必有 1001 或 1002\n"
               "转 转帐凭证  借贷必无 1001 或 1002");
     press(Qt::Key_Down);
-    EXPECT_EQ(
-        preview(),
-        "将建立:\n现 现金凭证  不限制\n银 银行凭证  不限制\n转 转帐凭证  借贷必无 1001 或 1002");
+    EXPECT_EQ(preview(),
+              "现 现金凭证  不限制\n银 银行凭证  不限制\n转 转帐凭证  借贷必无 1001 或 1002");
 }
 
 TEST_F(PresetWizardTest, ShowsWhyItCannotTellWhatItWillMake) {

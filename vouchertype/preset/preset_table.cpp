@@ -89,7 +89,7 @@ std::vector<_SignInfo> presetTypes(PresetSet set, const PresetAccounts& accounts
 
 std::vector<std::string> presetPreview(PresetSet set, const PresetAccounts& accounts) {
     if (presetRows(set).empty()) return {texts::nothingWritten};
-    std::vector<std::string> lines{texts::preview};
+    std::vector<std::string> lines;
     for (const _SignInfo& type : presetTypes(set, accounts)) {
         const std::string restriction = restrictionInWords(type);
         lines.push_back(fmt::format(texts::previewRow, type.sSign, type.sSignName,

@@ -42,9 +42,7 @@ inline constexpr TypeName bankReceipt{"03", "银行收款凭证"};
 inline constexpr TypeName bankPayment{"04", "银行付款凭证"};
 inline constexpr TypeName fifthTransfer{"05", "转帐凭证"};
 
-/// What will be written.
-inline constexpr const char* preview = "将建立:";
-/// Number, name and restriction of a type.
+/// What will be written: number, name and restriction of a type.
 inline constexpr const char* previewRow = "{} {}  {}";
 inline constexpr const char* unrestricted = "不限制";
 inline constexpr const char* nothingWritten = "不建立凭证类别,请在“凭证类别”窗口中自行增加。";

@@ -15,7 +15,7 @@ inline constexpr const char* credit = "贷方";
 
 inline constexpr const char* paste = "粘贴(&V)";
 inline constexpr const char* clear = "清空(&C)";
-inline constexpr const char* hint = "录入或粘贴凭证的分录,下面逐类说明能不能用。凭证不会保存。";
+inline constexpr const char* hint = "录入或粘贴分录,试试能用哪些类别";
 
 inline constexpr const char* results = "能用哪些类别";
 /// Number and name of a type, and its restriction or why it cannot be used.

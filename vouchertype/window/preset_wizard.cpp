@@ -19,6 +19,8 @@ namespace chengheng {
 namespace {
 
 constexpr int widthCharacters = 36;
+// Of the longest preview, so that the window keeps its size and stays on the screen.
+constexpr int previewLines = 7;
 
 struct Way {
     PresetSet set;
@@ -73,6 +75,8 @@ QWidget* PresetWizard::buildWays() {
     m_preview->setTextFormat(Qt::PlainText);
     m_preview->setWordWrap(true);
     styleHint(m_preview);
+    m_preview->setAlignment(Qt::AlignTop);
+    m_preview->setMinimumHeight(previewLines * m_preview->fontMetrics().lineSpacing());
     column->addWidget(m_preview);
     column->addStretch();
     return page;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <array>
@@ -16,10 +17,10 @@ namespace {
 constexpr int longestText = 40;
 
 constexpr std::array trialGridColumns{
-    GridColumn{trial_screen_texts::account, 12},
-    GridColumn{trial_screen_texts::accountName, 16},
-    GridColumn{trial_screen_texts::debit, 14, CellAlignment::number},
-    GridColumn{trial_screen_texts::credit, 14, CellAlignment::number},
+    GridColumn{trial_screen_texts::account, 11},
+    GridColumn{trial_screen_texts::accountName, 10},
+    GridColumn{trial_screen_texts::debit, 13, CellAlignment::number},
+    GridColumn{trial_screen_texts::credit, 13, CellAlignment::number},
 };
 static_assert(trialGridColumns.size() == trialColumns);
 
@@ -102,6 +103,8 @@ TrialGrid::TrialGrid(TrialScreen& screen, QWidget* parent)
       m_model(new TrialModel(screen, this)) {
     setObjectName(QStringLiteral("trialLines"));
     setGridModel(m_model);
+    horizontalHeader()->setSectionResizeMode(static_cast<int>(TrialColumn::name),
+                                             QHeaderView::Stretch);
     auto* editor = new TrialEditor(this);
     setItemDelegate(editor);
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);
