@@ -11,6 +11,9 @@
 
 namespace chengheng {
 
+/// The file of books that lie in a folder of their own.
+inline constexpr const char* booksFileName = "Nbzw.db";
+
 /// One accounting year of a set of books: a database.
 struct BooksYear {
     int year = 0;

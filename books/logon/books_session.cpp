@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "base/system/workstation.h"
+#include "books/list/books_registry.h"
 #include "books/logon/foreign_objects_text.h"
 #include "books/logon/logon_sql.h"
 #include "books/logon/logon_texts.h"
+#include "books/logon/temporary_name.h"
 #include "books/making/new_books.h"
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
@@ -21,8 +24,6 @@
 
 namespace chengheng {
 namespace {
-
-constexpr const char* databaseFile = "Nbzw.db";
 
 /// A read that found no rows is no failure here: what is missing is told by name.
 bool hasFailed(const Status& status) { return !status && status.failure != Failure::missing; }
@@ -106,7 +107,7 @@ std::string locationOfBooks(const std::string& given) {
     if (given.empty() || isServerAddress(given)) return given;
     std::error_code unseen;
     const std::filesystem::path path = std::filesystem::absolute(given, unseen).lexically_normal();
-    return std::filesystem::is_directory(path, unseen) ? path / databaseFile : path;
+    return std::filesystem::is_directory(path, unseen) ? path / booksFileName : path;
 }
 
 BooksSession::BooksSession(CNbCwDB& database, WrongTries& tries)
@@ -133,6 +134,7 @@ std::optional<Refusal> BooksSession::logOn(const LogonRequest& request) {
 }
 
 std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
+    if (auto text = giveNameBack(candidate.location)) m_nameGivenBack = *std::move(text);
     const std::string name = fmt::format("books{}", ++m_opened);
     NbCwDBInfo info;
     if (m_database.DBOpen(info, candidate.location.c_str(), name.c_str(), 1) == 0)
@@ -213,7 +215,10 @@ void BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
         .history = candidate.history,
     });
     m_shownLocation = chengheng::shownLocation(candidate.location);
-    m_warning = foreignObjectsText(candidate.objects, candidate.location);
+    m_warning = std::exchange(m_nameGivenBack, {});
+    const std::string objects = foreignObjectsText(candidate.objects, candidate.location);
+    if (!m_warning.empty() && !objects.empty()) m_warning += "\n\n";
+    m_warning += objects;
     m_logonId = candidate.logonId;
     candidate.name.clear();
     m_lookups = std::make_unique<BookLookups>(std::move(candidate.records));

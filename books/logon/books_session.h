@@ -77,6 +77,7 @@ class BooksSession {
     std::unique_ptr<BookLookups> m_lookups;
     std::string m_shownLocation;
     std::string m_warning;
+    std::string m_nameGivenBack;  ///< what is still to be told of it
     std::int32_t m_logonId = 0;
     int m_opened = 0;  ///< numbers the names of the databases opened
 };

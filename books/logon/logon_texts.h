@@ -85,4 +85,8 @@ inline constexpr const char* withoutScreen =
     "没有图形显示,无法打开窗口。请在桌面环境中运行;服务器上可使用命令行工具 chbooks。";
 inline constexpr const char* unexpected = "程序出现意外错误,已结束;已保存的数据不受影响。";
 
+/// The path that books had been left under, and theirs.
+inline constexpr const char* nameGivenBack =
+    "上次结转中断,帐套留在临时文件“{}”中。\n已恢复为“{}”,内容没有改变。";
+
 }  // namespace chengheng::logon_texts

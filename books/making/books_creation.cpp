@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "base/values/text.h"
+#include "books/list/books_registry.h"
 #include "books/making/books_sql.h"
 #include "books/making/folder_in_making.h"
 #include "books/making/making_texts.h"
@@ -19,7 +20,6 @@ namespace {
 
 namespace files = std::filesystem;
 
-constexpr const char* databaseFile = "Nbzw.db";
 constexpr const char* nameInMaking = "new";
 
 std::string setFolder(const std::string& home, std::int32_t setId) {
@@ -105,11 +105,11 @@ std::string placeOfBooks(const std::string& location, const std::string& home, s
     if (isServerAddress(location)) return withSchema(location, setId, year);
     if (location.empty())
         return home.empty() ? std::string()
-                            : fmt::format("{}/{}/{}", setFolder(home, setId), year, databaseFile);
+                            : fmt::format("{}/{}/{}", setFolder(home, setId), year, booksFileName);
     std::error_code unseen;
     const files::path path = files::absolute(location, unseen).lexically_normal();
     const bool isFolder = location.ends_with('/') || files::is_directory(path, unseen);
-    return isFolder ? path / databaseFile : path;
+    return isFolder ? path / booksFileName : path;
 }
 
 std::optional<Refusal> BooksCreation::create(const NewBooks& given, CreatedBooks& created) const {

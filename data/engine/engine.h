@@ -98,6 +98,8 @@ class Engine {
 
     virtual LockService& locks() = 0;
 
+    /// Of a server, its password included; empty of a file. For opening what lies beside it.
+    virtual std::string secretAddress() const { return {}; }
     virtual Status facts(EngineFacts& facts) = 0;
     /// Begins a transaction that sees one state of the database from its first select to its
     /// end, whatever others write, and writes nothing itself. rollback() ends it.

@@ -250,6 +250,16 @@ Outcome OpeningWork::adjustDirection(std::size_t line) {
     return outcome;
 }
 
+Outcome OpeningWork::carryForward(const std::function<CarriedForward()>& carry) {
+    if (!mayCarryForward()) return Outcome::refused;
+    const CarriedForward carried = carry();
+    m_books.hasSums = m_books.hasSums || carried.isFilled;
+    if (carried.outcome != Outcome::done) return carried.outcome;
+    const Outcome outcome = refresh();
+    m_remark = carried.remark;
+    return outcome;
+}
+
 AuxiliaryKind OpeningWork::auxiliaryToOpen(std::size_t line, std::size_t column) {
     if (!sheet().opensAuxiliary(line, column)) return AuxiliaryKind::none;
     const AuxiliaryKind kind = sheet().accountOfLine(line).auxiliary;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,6 +21,15 @@
 #include "opening/storing/opening_reading.h"
 
 namespace chengheng {
+
+/// What came of carrying last year's balances forward.
+struct CarriedForward {
+    Outcome outcome = Outcome::failed;
+    /// Balances are there already, so that the command is not to be offered again.
+    bool isFilled = false;
+    /// One line on what was carried.
+    std::string remark = {};
+};
 
 /// The opening balance window without its screen: the sheet of the open set of books, what may
 /// be done with it now, and the doing. Every edit is in the books when it ends. Whatever fails
@@ -87,6 +97,10 @@ class OpeningWork {
 
     /// Turns the direction of the account on a line after asking.
     Outcome adjustDirection(std::size_t line);
+
+    /// Takes over what somebody else put into books without balances, and says of it what there is
+    /// to say. The carrying tells the operator itself.
+    Outcome carryForward(const std::function<CarriedForward()>& carry);
 
     /// The kind of window that a double-click on a line opens, its directories being there.
     AuxiliaryKind auxiliaryToOpen(std::size_t line, std::size_t column);

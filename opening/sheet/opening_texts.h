@@ -33,6 +33,7 @@ inline constexpr const char* mode = "状态";
 inline constexpr const char* calendar = "调用会记日历";  // sic
 inline constexpr const char* calculator = "调用计算器";
 inline constexpr const char* carryForward = "结转上年余额";
+inline constexpr const char* carrying = "正在结转上年余额,请稍候.....";
 inline constexpr const char* refreshing = "正在刷新期初数据,请稍候.....";
 inline constexpr const char* printTitle = "期初余额表";
 inline constexpr const char* leavesOutZeros = "不打印没有金额和数量的科目(&Z)";

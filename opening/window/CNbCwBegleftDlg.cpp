@@ -10,6 +10,8 @@
 #include "auxiliary/members/auxiliary_member.h"
 #include "auxiliary/window/auxiliary_window.h"
 #include "base/system/program_version.h"
+#include "base/system/workstation.h"
+#include "books/carrying/carry_forward.h"
 #include "forms/form_texts.h"
 #include "opening/printing/opening_list.h"
 #include "opening/sheet/opening_texts.h"
@@ -29,8 +31,8 @@
 #include "screen/help/help_window.h"
 #include "screen/report/CNxGridControl.h"
 #include "screen/shown.h"
-#include "screen/unbuilt.h"
 #include "screen/wait_window.h"
+#include "session/rights/CCheckAuth.h"
 
 namespace opening_command = chengheng::opening_command;
 namespace opening_texts = chengheng::opening_texts;
@@ -43,6 +45,8 @@ namespace {
 
 constexpr QSize openingSize(860, 640);
 constexpr int besideColumns = 48;
+/// In the rights list: 上年结转.
+constexpr int carryForwardRight = 45;
 
 }  // namespace
 
@@ -268,7 +272,14 @@ void CNbCwBegleftDlg::OnMenuAdjust() {
 }
 
 void CNbCwBegleftDlg::OnMenuCarry() {
-    chengheng::tellUnbuilt(messages(), opening_texts::carryForward);
+    if (!CCheckAuth(carryForwardRight, 1, nullptr)) return;
+    const chengheng::BooksRegistry registry(chengheng::booksHome());
+    std::vector<chengheng::Notice> untold;
+    {
+        const chengheng::WaitWindow window(QString::fromUtf8(opening_texts::carrying), this);
+        change([&] { return m_work.carryForward([&] { return carryForward(registry, untold); }); });
+    }
+    for (const chengheng::Notice& notice : untold) messages().tell(notice);
 }
 
 void CNbCwBegleftDlg::OnMenuAuxiliary() {

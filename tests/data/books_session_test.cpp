@@ -282,6 +282,23 @@ TEST_P(BooksSessions, TellWhatSomebodyPutIntoTheBooks) {
     EXPECT_EQ(shell.session.warning(), "");
 }
 
+TEST_P(BooksSessions, GiveBooksLeftUnderATemporaryNameTheirOwnBackAndTellIt) {
+    if (isServerAddress(m_location)) return;
+    const std::filesystem::path file(m_location);
+    const auto temporary = file.parent_path() / "NbzwTmp.db";
+    std::filesystem::rename(file, temporary);
+    Shell shell;
+    LogonRequest request = requestFor(m_location);
+    request.date = Date{2031, 1, 1};
+    EXPECT_NE(shell.refusalOf(request), "");
+    EXPECT_FALSE(std::filesystem::exists(temporary));
+    ASSERT_EQ(shell.refusalOf(requestFor(m_location)), "");
+    EXPECT_EQ(shell.session.warning(), "上次结转中断,帐套留在临时文件“" + temporary.string() +
+                                           "”中。\n已恢复为“" + m_location + "”,内容没有改变。");
+    ASSERT_EQ(shell.refusalOf(requestFor(m_location)), "");
+    EXPECT_EQ(shell.session.warning(), "") << "told once";
+}
+
 CHENGHENG_ON_SHARED_ENGINES(BooksSessions);
 
 TEST(BooksSession, OpensTheFileOfBooksInAFolder) {

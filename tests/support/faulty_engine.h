@@ -57,6 +57,7 @@ class FaultyEngine final : public Engine {
     LockService& locks() override { return m_locks != nullptr ? *m_locks : m_engine->locks(); }
     /// Locks to be used instead of the real engine's; not owned.
     void replaceLocks(LockService& locks) { m_locks = &locks; }
+    std::string secretAddress() const override { return m_engine->secretAddress(); }
     Status facts(EngineFacts& facts) override { return m_engine->facts(facts); }
     Status beginReading() override;
     Status verify(std::vector<std::string>& faults) override;

@@ -7,6 +7,8 @@
 #include "screen/CBalanceTableDlg.h"
 #include "screen/grid/frozen_columns.h"
 #include "screen/help/help_window.h"
+#include "tests/support/carry_books.h"
+#include "tests/support/environment.h"
 #include "tests/window/opening_fixture.h"
 #include "tests/window/wait_watch.h"
 
@@ -185,13 +187,31 @@ TEST_F(OpeningWindowTest, BecomesOneForBrowsingByARefreshAfterAVoucherCame) {
     EXPECT_EQ(window->mode(), "浏览,只读");
 }
 
+TEST_F(OpeningWindowTest, ShowsWhatWasCarriedForwardAndOffersItNoMore) {
+    CarryBooks carried({"sqliteFile"});
+    const EnvironmentSetting home("CHENGHENG_HOME", carried.registry().folder());
+    installed.emplace(carried.messages());
+    carried.now().addAccounts({"1001"});
+    carried.now().addCredit("2202");
+    carried.mirror();
+    carried.close("1001", 7, 1, 3);
+    open();
+    window->choose("结转上年余额");
+    EXPECT_TRUE(carried.messages().texts().empty());
+    EXPECT_EQ(window->cell(0, opening), "5.00");
+    EXPECT_EQ(window->label("remark"), "已结转 1 个科目,借方合计 5.00,贷方合计 0.00。");
+    EXPECT_FALSE(window->isEnabled("结转上年余额"));
+    window.reset();
+}
+
 TEST_F(OpeningWindowTest, CarriesForwardOnlyIntoBooksWithoutSums) {
     make();
     addSomeAccounts();
     open();
     EXPECT_TRUE(window->isEnabled("结转上年余额"));
     window->choose("结转上年余额");
-    EXPECT_EQ(messages().onlyNotice().text, "“结转上年余额”尚未完成,暂不能使用。");
+    EXPECT_EQ(messages().onlyNotice().text, "上年帐套不存在");
+    EXPECT_TRUE(window->isEnabled("结转上年余额"));
     books->addRows("1001", 12, 5);
     window->choose("刷新");
     EXPECT_FALSE(window->isEnabled("结转上年余额"));

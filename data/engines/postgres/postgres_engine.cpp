@@ -47,6 +47,7 @@ class PostgresEngine final : public Engine {
     bool isReadOnly() const override { return m_connection.isReadOnly(); }
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return m_locks; }
+    std::string secretAddress() const override { return addressText(m_connection.address()); }
 
     Status facts(EngineFacts& facts) override {
         return readPostgresFacts(m_transaction, m_connection, facts);

@@ -1,0 +1,157 @@
+#include "books/carrying/carry_forward.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "base/values/numbers.h"
+#include "books/carrying/carry_plan.h"
+#include "books/carrying/carry_sql.h"
+#include "books/carrying/carry_texts.h"
+#include "books/carrying/carry_writing.h"
+#include "books/carrying/last_year.h"
+#include "books/logon/temporary_name.h"
+#include "data/access/host_database.h"
+#include "data/access/row_lease.h"
+#include "data/access/unit_of_work.h"
+#include "data/connection/database.h"
+#include "data/tables/books.h"
+#include "opening/balance/trial_balance.h"
+#include "opening/storing/posting.h"
+#include "session/failure_texts.h"
+#include "session/open_books.h"
+
+namespace chengheng {
+namespace {
+
+/// Of the obstacles so many are told in a box.
+constexpr std::size_t obstaclesTold = 8;
+
+UntoldOutcome refused(const char* text) {
+    return UntoldOutcome::refused({.text = text, .icon = MessageIcon::information});
+}
+
+/// Whether there are balances, or details of balances, of whatever account.
+Status readIsFilled(CNbCwDB& database, bool& isFilled) {
+    const std::optional<bool> sums = hasRows<_AccSumInfo>(database, carry_sql::anyRow);
+    if (!sums) return database.lastStatus();
+    const std::optional<bool> details = hasRows<_AssAccInfo>(database, carry_sql::anyRow);
+    if (!details) return database.lastStatus();
+    isFilled = *sums || *details;
+    return Status::done();
+}
+
+Status readYear(CNbCwDB& database, YearOfBooks& now) {
+    const RowLease<_zAccountMInfo> rows(database, nullptr);
+    if (!rows.isFound()) return database.lastStatus();
+    now.name = rows.rows().front()->sName;
+    now.year = rows.rows().front()->lYear;
+    now.location = database.selectedDatabase()->location();
+    return Status::done();
+}
+
+std::string obstaclesText(const CarryPlan& plan) {
+    std::string lines;
+    const std::size_t told = std::min(plan.obstacles.size(), obstaclesTold);
+    for (std::size_t at = 0; at < told; ++at)
+        lines += (at > 0 ? "\n" : "") + plan.obstacles[at].text;
+    if (told < plan.obstacles.size())
+        lines += "\n" + fmt::format(carry_texts::moreObstacles, plan.obstacles.size());
+    return fmt::format(carry_texts::obstacles, lines);
+}
+
+std::string remarkOn(const CarryPlan& plan, const OpeningBooks& books) {
+    const TrialBalance balance(books.classes, books.sheet.accounts());
+    return fmt::format(carry_texts::carried, plan.accounts.size(),
+                       ftoaWithSap(balance.debitTotal(), 2), ftoaWithSap(balance.creditTotal(), 2));
+}
+
+/// What is taken over, from where and into what.
+class Carrying {
+  public:
+    Carrying(const BooksRegistry& registry, std::vector<Notice>& untold)
+        : m_registry(registry), m_untold(untold) {}
+
+    UntoldOutcome run(CarriedForward& result) {
+        Status status = selectOpenBooks();
+        if (status) status = readIsFilled(*g_pDB, result.isFilled);
+        if (status && result.isFilled) return refused(carry_texts::notEmpty);
+        YearOfBooks now;
+        if (status) status = readYear(*g_pDB, now);
+        UntoldOutcome read = status ? readLastYear(now) : UntoldOutcome::failed();
+        if (read.outcome != Outcome::done) return read;
+        return selectOpenBooks() ? write(result) : UntoldOutcome::failed();
+    }
+
+  private:
+    UntoldOutcome readLastYear(const YearOfBooks& now) {
+        std::vector<BooksSet> sets;
+        if (const Status status = m_registry.read(sets); !status)
+            return failedAt(status, m_registry.path(), FailureSubject::registry);
+        const std::string location = placeOfLastYear(sets, now);
+        if (location.empty()) return refused(carry_texts::noLastYear);
+        if (auto text = giveNameBack(location)) m_untold.push_back({.text = *std::move(text)});
+        LastYear before(*g_pDB);
+        Status status = before.open(location, now.year - 1);
+        if (status.failure == Failure::missing) return refused(carry_texts::noLastYear);
+        if (status) status = readYearEnd(*g_pDB, m_end);
+        if (status) status = m_membersBefore.read(*g_pDB);
+        return status ? UntoldOutcome::done() : failedAt(status, location, FailureSubject::books);
+    }
+
+    UntoldOutcome write(CarriedForward& result) {
+        OpeningBooks books;
+        CarryPlan plan;
+        UntoldOutcome written =
+            inOneUnit([&] { return writeInUnit(books, plan, result.isFilled); });
+        if (written.outcome == Outcome::done) result.remark = remarkOn(plan, books);
+        return written;
+    }
+
+    /// What others may have done meanwhile is looked at where nobody can any more.
+    UntoldOutcome writeInUnit(OpeningBooks& books, CarryPlan& plan, bool& isFilled) {
+        bool isBrowsing = false;
+        Status status = holdSums(*g_pDB);
+        if (status) status = readIsBrowsing(*g_pDB, isBrowsing);
+        if (status) status = readIsFilled(*g_pDB, isFilled);
+        if (status && isBrowsing) return refused(carry_texts::browsing);
+        if (status && isFilled) return refused(carry_texts::notEmpty);
+        Members members;
+        if (status) status = readOpeningBooks(*g_pDB, books);
+        if (status) status = members.read(*g_pDB);
+        if (!status) return UntoldOutcome::failed();
+        plan = planCarry(m_end, books.sheet, {m_membersBefore, members});
+        if (plan.isEmpty) return refused(carry_texts::nothingToCarry);
+        if (plan.hasDifferingCharts) return refused(carry_texts::differingCharts);
+        if (!plan.obstacles.empty()) return UntoldOutcome::refused({.text = obstaclesText(plan)});
+        putCarried(plan, books.sheet);
+        return writeCarried(*g_pDB, plan, books.sheet) ? UntoldOutcome::done()
+                                                       : UntoldOutcome::failed();
+    }
+
+    static UntoldOutcome failedAt(const Status& status, const std::string& location,
+                                  FailureSubject subject) {
+        Notice notice = failureRefusalOf(status, location).notice;
+        notice.text = failureText(status, location, subject);
+        return {Outcome::failed, std::move(notice)};
+    }
+
+    const BooksRegistry& m_registry;
+    std::vector<Notice>& m_untold;
+    YearEnd m_end;
+    Members m_membersBefore;
+};
+
+}  // namespace
+
+CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold) {
+    CarriedForward result;
+    UntoldOutcome outcome = Carrying(registry, untold).run(result);
+    if (outcome.notice) untold.push_back(*std::move(outcome.notice));
+    result.outcome = outcome.outcome;
+    return result;
+}
+
+}  // namespace chengheng

@@ -1,0 +1,37 @@
+#pragma once
+
+/// What is said of the carry-forward of last year's balances. {} is a value.
+namespace chengheng::carry_texts {
+
+inline constexpr const char* notEmpty = "结转上年余额不成功";
+inline constexpr const char* noLastYear = "上年帐套不存在";
+inline constexpr const char* differingCharts = "上年科目信息和本年科目信息不一致,不能结转期初余额!";
+
+inline constexpr const char* nothingToCarry = "上年和本年都没有可以结转的科目,没有改动。";
+inline constexpr const char* browsing = "帐套已有凭证或只能浏览,不能结转上年余额,没有改动。";
+/// The first obstacles, and how many there are.
+inline constexpr const char* obstacles = "不能结转上年余额,没有改动:\n{}";
+inline constexpr const char* moreObstacles = "……共 {} 处";
+/// Accounts, debits, credits.
+inline constexpr const char* carried = "已结转 {} 个科目,借方合计 {},贷方合计 {}。";
+
+inline constexpr const char* added = "{} {}:上年没有此科目。";
+inline constexpr const char* removed = "{} {}:本年没有此科目。";
+/// Code and name of last year, code of this year.
+inline constexpr const char* recoded = "{} {}:本年的编码是 {}。";
+inline constexpr const char* otherIdentity = "{} {}:上年和本年的内部编号不同。";
+/// Code, name, direction of last year and of this.
+inline constexpr const char* turned = "{} {}:余额方向上年为{},本年为{}。";
+inline constexpr const char* noEnd = "{} {}:上年为末级科目并有余额,本年已有下级科目。";
+inline constexpr const char* otherCurrency = "{} {}:有外币余额,本年的币种与上年不同。";
+inline constexpr const char* otherDimensions = "{} {}:有余额,本年的辅助核算与上年不同。";
+inline constexpr const char* doubled = "{} {}:上年第 12 期的余额记录重复。";
+inline constexpr const char* tooLarge = "{} {}:余额过大,无法记到分。";
+inline constexpr const char* memberMissing = "{} {}:有余额的{}在本年目录中没有,或已是另一个。";
+inline constexpr const char* debit = "借";
+inline constexpr const char* credit = "贷";
+
+/// The classes whose balance goes into the result of the year; the last is both others in one.
+inline constexpr const char* classesOfTheResult[] = {"收入", "支出", "损益"};
+
+}  // namespace chengheng::carry_texts
