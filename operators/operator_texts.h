@@ -28,6 +28,28 @@ inline constexpr const char* makeSupervisor =
     "主管可以使用全部功能,并可以增加、修改、删除操作员和分配权限。";
 inline constexpr const char* endSupervisor = "是否取消操作员“{}”的主管资格?\n\n取消后的权限:{}";
 
+// Work that one person is not to do both of.
+inline constexpr const char* cashierAudits = "出纳不得兼任稽核(审核)";
+inline constexpr const char* cashierPosts = "出纳不得登记收入、支出、费用帐目(记帐)";
+inline constexpr const char* cashierSettles = "出纳不得登记债权债务帐目(往来勾对)";
+inline constexpr const char* cashierKeepsArchives =
+    "出纳不得保管会计档案(数据备份、数据恢复、删除往年数据)";
+inline constexpr const char* cashierReconciles = "出纳不得自己办理银行对帐";
+inline constexpr const char* makerAudits = "制单人不得审核凭证";
+
+// Presets, by whom they are for.
+inline constexpr const char* headOfAccounting = "会计主管";
+inline constexpr const char* ledgerBookkeeper = "总帐会计";
+inline constexpr const char* voucherMaker = "制单";
+inline constexpr const char* auditor = "审核";
+inline constexpr const char* poster = "记帐";
+inline constexpr const char* cashier = "出纳";
+inline constexpr const char* reader = "查询";
+
+inline constexpr const char* sameRights = "权限没有变化。";
+inline constexpr const char* rightsAdded = "增加 {} 项:{}\n";
+inline constexpr const char* rightsTaken = "取消 {} 项:{}\n";
+
 // How rights read on paper.
 inline constexpr const char* supervisor = "主管";
 inline constexpr const char* plainOperator = "操作员";

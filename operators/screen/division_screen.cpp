@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "base/system/workstation.h"
+#include "operators/duties.h"
 #include "operators/operator_texts.h"
+#include "operators/presets.h"
 #include "operators/screen/division_texts.h"
 #include "session/host_globals.h"
 
@@ -109,6 +111,46 @@ void DivisionScreen::setBox(int box, bool isChecked) {
 
 OperatorRecord& DivisionScreen::selectedForChange() {
     return *std::ranges::find(m_operators, m_selected.userId, userIdOf);
+}
+
+std::string DivisionScreen::dutiesText() const {
+    if (selectedRecord() == nullptr) return {};
+    std::string words;
+    for (const char* duty : incompatibleDutiesOf(*selectedRecord())) {
+        if (!words.empty()) words += division_texts::betweenDuties;
+        words += duty;
+    }
+    return words.empty() ? words : fmt::format(division_texts::duties, words);
+}
+
+std::vector<RightsSource> DivisionScreen::rightsSources() const {
+    std::vector<RightsSource> sources;
+    for (const RightsPreset& preset : rightsPresets())
+        sources.push_back({preset.name, preset.rights()});
+    for (const OperatorRecord& record : m_operators)
+        if (!record.isSupervisor() && userIdOf(record) != m_selected.userId)
+            sources.push_back(
+                {fmt::format(division_texts::sameAs, record.user.sUserName), record.rights});
+    return sources;
+}
+
+void DivisionScreen::giveRights(const OperatorRights& rights) {
+    if (!canGiveRights()) return;
+    m_selected.leaf = noLeaf;
+    if (!changeBetween(selectedRecord()->rights, rights).isEmpty()) saveRights(rights);
+}
+
+std::string DivisionScreen::whoMay(int function) const {
+    std::string names;
+    for (const OperatorRecord& record : m_operators) {
+        if (!record.isSupervisor() && !record.rights.grants(function)) continue;
+        if (!names.empty()) names += division_texts::betweenNames;
+        names += record.isSupervisor()
+                     ? fmt::format(division_texts::supervisorName, record.user.sUserName)
+                     : record.user.sUserName;
+    }
+    return fmt::format(division_texts::whoMayOperators, functionName(function),
+                       names.empty() ? division_texts::nobody : names);
 }
 
 bool DivisionScreen::canMakeSupervisor() const {

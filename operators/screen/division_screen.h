@@ -50,6 +50,12 @@ struct DivisionBox {
 
 using DivisionBoxes = std::array<DivisionBox, rightsGroupCount>;
 
+/// Rights that can be given as a whole: those of a preset or of another operator.
+struct RightsSource {
+    std::string name;
+    OperatorRights rights;
+};
+
 /// The window of the division of work without its screen. Each change of rights is written at
 /// once; one that could not be written is not there.
 class DivisionScreen {
@@ -79,6 +85,19 @@ class DivisionScreen {
 
     /// A box was clicked to be checked or not. What is partly checked is never checked by it.
     void setBox(int box, bool isChecked);
+    /// What the selected operator may do that one person is not to do, as a line; mostly empty.
+    std::string dutiesText() const;
+
+    bool canGiveRights() const { return canMakeSupervisor(); }
+    std::vector<RightsSource> rightsSources() const;
+    /// Only when an operator is selected.
+    const OperatorRecord& selectedOperator() const { return *selectedRecord(); }
+    /// Gives the selected operator just these rights.
+    void giveRights(const OperatorRights& rights);
+
+    /// Who may use a function, in words.
+    std::string whoMay(int function) const;
+
     /// Of the selected operator, who is none yet or one already.
     bool canMakeSupervisor() const;
     bool canEndSupervisor() const;

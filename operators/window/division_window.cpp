@@ -19,8 +19,11 @@
 #include "operators/division_list.h"
 #include "operators/screen/division_texts.h"
 #include "operators/window/division_tree.h"
+#include "operators/window/give_rights_window.h"
 #include "operators/window/operator_window.h"
 #include "operators/window/state_box.h"
+#include "operators/window/who_may_window.h"
+#include "screen/colours.h"
 #include "screen/dialog_templates.h"
 #include "screen/help/help_pages.h"
 #include "screen/help/help_window.h"
@@ -45,6 +48,8 @@ constexpr int refreshCommand = 9;
 constexpr int matrixCommand = 10;
 constexpr int makeSupervisorCommand = 11;
 constexpr int endSupervisorCommand = 12;
+constexpr int giveRightsCommand = 13;
+constexpr int whoMayCommand = 14;
 
 constexpr MenuItemResource fileItems[] = {
     {previewCommand, form_texts::preview}, {printCommand, form_texts::print},
@@ -56,9 +61,11 @@ constexpr MenuItemResource editItems[] = {
     {modifyCommand, texts::modify},
     {deleteCommand, form_texts::remove},
     {0, ""},
+    {giveRightsCommand, texts::giveRights},
     {makeSupervisorCommand, texts::makeSupervisor},
     {endSupervisorCommand, texts::endSupervisor},
     {0, ""},
+    {whoMayCommand, texts::whoMay},
     {refreshCommand, texts::refresh},
 };
 constexpr MenuItemResource helpItems[] = {
@@ -181,6 +188,14 @@ QWidget* DivisionWindow::buildBoxes() {
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins({});
     column->addWidget(scrolled, 1);
+    m_duties = new QLabel;
+    m_duties->setObjectName(QStringLiteral("duties"));
+    m_duties->setTextFormat(Qt::PlainText);
+    m_duties->setWordWrap(true);
+    QPalette marked = m_duties->palette();
+    marked.setColor(QPalette::WindowText, colours::seal);
+    m_duties->setPalette(marked);
+    column->addWidget(m_duties);
     column->addWidget(user);
     return panel;
 }
@@ -201,6 +216,7 @@ void DivisionWindow::showState() {
     m_commands->setEnabled(insertCommand, m_screen.canAdd());
     m_commands->setEnabled(modifyCommand, m_screen.canModify());
     m_commands->setEnabled(deleteCommand, m_screen.canDelete());
+    m_commands->setEnabled(giveRightsCommand, m_screen.canGiveRights());
     m_commands->setEnabled(makeSupervisorCommand, m_screen.canMakeSupervisor());
     m_commands->setEnabled(endSupervisorCommand, m_screen.canEndSupervisor());
 }
@@ -217,6 +233,9 @@ void DivisionWindow::showTree() {
 
 void DivisionWindow::showBoxes() {
     m_panel->setTitle(shown(m_screen.boxesTitle()));
+    const std::string duties = m_screen.dutiesText();
+    m_duties->setText(shown(duties));
+    m_duties->setVisible(!duties.empty());
     const DivisionBoxes boxes = m_screen.boxes();
     for (std::size_t at = 0; at < boxes.size(); ++at) {
         StateBox& box = *m_boxes.at(at);
@@ -253,6 +272,18 @@ void DivisionWindow::modifyOperator() {
     });
 }
 
+void DivisionWindow::giveRights() {
+    carryOut([this] {
+        if (!m_screen.canGiveRights()) return;
+        GiveRightsWindow window(m_screen.selectedOperator(), m_screen.rightsSources(), this);
+        if (window.DoModal() == Accepted) m_screen.giveRights(window.rights());
+    });
+}
+
+void DivisionWindow::showWhoMay() {
+    carryOut([this] { WhoMayWindow(m_screen, this).DoModal(); });
+}
+
 void DivisionWindow::runForm(OperatorForm form) {
     OperatorWindow(form, this).DoModal();
     m_screen.take(form);
@@ -275,6 +306,8 @@ bool DivisionWindow::OnCommand(int command) {
         {modifyCommand, [](DivisionWindow& window) { window.modifyOperator(); }},
         {deleteCommand,
          [](DivisionWindow& window) { window.carryOut([&] { window.m_screen.remove(); }); }},
+        {giveRightsCommand, [](DivisionWindow& window) { window.giveRights(); }},
+        {whoMayCommand, [](DivisionWindow& window) { window.showWhoMay(); }},
         {makeSupervisorCommand,
          [](DivisionWindow& window) {
              window.carryOut([&] { window.m_screen.setSupervisor(true); });

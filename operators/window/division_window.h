@@ -11,6 +11,7 @@
 #include "session/function_at_work.h"
 
 class QGroupBox;
+class QLabel;
 class QTreeView;
 
 namespace chengheng {
@@ -49,6 +50,8 @@ class DivisionWindow final : public CNxMiddleDialog {
     void addOperator();
     void modifyOperator();
     void runForm(OperatorForm form);
+    void giveRights();
+    void showWhoMay();
     void print(const PrintedList& list, ReportOutput output);
 
     const FunctionAtWork m_atWork;
@@ -57,6 +60,7 @@ class DivisionWindow final : public CNxMiddleDialog {
     DivisionTree* m_items = nullptr;
     QTreeView* m_tree = nullptr;
     QGroupBox* m_panel = nullptr;
+    QLabel* m_duties = nullptr;
     std::array<StateBox*, rightsGroupCount> m_boxes{};
     bool m_isCarryingOut = false;
     bool m_isShowing = false;

@@ -299,6 +299,47 @@ TEST_F(Division, ReadsAnewAndKeepsThePlaceWhileItIsThere) {
     EXPECT_EQ(selected(), "1/-1");
 }
 
+TEST_F(Division, TellsOfDutiesThatOnePersonIsNotToHave) {
+    EXPECT_EQ(m_screen.dutiesText(), "");
+    m_screen.select({2, 10});
+    EXPECT_EQ(m_screen.dutiesText(), "");
+    m_screen.setBox(2, true);
+    m_screen.select({2});
+    m_screen.setBox(9, true);
+    EXPECT_EQ(m_screen.dutiesText(),
+              "不相容职务:出纳不得兼任稽核(审核);出纳不得登记收入、支出、费用帐目(记帐);"
+              "制单人不得审核凭证");
+    EXPECT_THAT(m_books.messages.texts(), IsEmpty()) << "nothing is refused for it";
+    m_screen.select({1});
+    EXPECT_EQ(m_screen.dutiesText(), "");
+}
+
+TEST_F(Division, GivesTheRightsOfAPresetOrOfAnotherOperatorAsAWhole) {
+    m_screen.select({3});
+    const std::vector<RightsSource> sources = m_screen.rightsSources();
+    ASSERT_EQ(sources.size(), 8u);
+    EXPECT_EQ(sources[5].name, "出纳");
+    EXPECT_EQ(sources[7].name, "与“李明”相同");
+    m_screen.giveRights(sources[7].rights);
+    EXPECT_EQ(m_books.stored()[2], "3 赵燕 1 41 42 57");
+    m_screen.select({3, 6});
+    m_screen.giveRights(sources[2].rights);
+    EXPECT_EQ(m_books.stored()[2], "3 赵燕 42 44 47 48 50 53 54 55 56");
+    EXPECT_EQ(selected(), "3/-1");
+    m_screen.select({1});
+    EXPECT_FALSE(m_screen.canGiveRights());
+    m_screen.giveRights(sources[2].rights);
+    EXPECT_EQ(m_books.rightsOf(1), std::string(255, 'N'));
+}
+
+TEST_F(Division, TellsWhoMayUseAFunction) {
+    EXPECT_EQ(m_screen.whoMay(41), "能使用“会计科目设置”的操作员:张三(主管)、李明");
+    EXPECT_EQ(m_screen.whoMay(82), "能使用“报表编制”的操作员:张三(主管)");
+    m_books.run("UPDATE Users SET bManager = 0 WHERE lUserId = 1");
+    m_screen.refresh();
+    EXPECT_EQ(m_screen.whoMay(82), "能使用“报表编制”的操作员:没有人");
+}
+
 TEST_F(Division, TellsWhoUsesThisWorkstation) {
     EXPECT_EQ(DivisionScreen::userText(), "该用户" + systemUserName() + "已使用");
     EXPECT_FALSE(systemUserName().empty());

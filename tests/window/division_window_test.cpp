@@ -1,7 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QAccessible>
-#include <QSignalSpy>
+#include <QComboBox>
 
 #include "base/system/workstation.h"
 #include "tests/support/recording_printer.h"
@@ -311,6 +312,74 @@ TEST_F(DivisionWindowTest, MakesAnOperatorASupervisorAndBack) {
     choose("取消主管...");
     EXPECT_EQ(branch("李明"), "李明: 个人往来 会计科目 出纳");
     EXPECT_TRUE(box(1).isEnabled());
+}
+
+TEST_F(DivisionWindowTest, ShowsIncompatibleDutiesInALine) {
+    open();
+    EXPECT_FALSE(control<QLabel>("duties").isVisible());
+    click("李明");
+    clickBox("凭证");
+    EXPECT_TRUE(control<QLabel>("duties").isVisible());
+    EXPECT_EQ(control<QLabel>("duties").text(), "不相容职务:制单人不得审核凭证");
+    click("赵燕");
+    EXPECT_FALSE(control<QLabel>("duties").isVisible());
+    EXPECT_THAT(books.messages.texts(), IsEmpty());
+}
+
+TEST_F(DivisionWindowTest, GivesThePresetThatIsChosenAfterAPreview) {
+    open();
+    EXPECT_FALSE(command("套用权限...").isEnabled()) << "a supervisor";
+    click("赵燕");
+    {
+        NextModal hands([](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), "套用权限:赵燕");
+            auto& choice = *dialog.findChild<QComboBox*>("source");
+            EXPECT_EQ(choice.currentText(), "会计主管");
+            QTest::keyClick(&choice, Qt::Key_End);
+            EXPECT_EQ(choice.currentText(), "与“李明”相同");
+            EXPECT_EQ(dialog.findChild<QLabel*>("preview")->text(),
+                      "增加 4 项:个人往来(个人往来目录);会计科目(全部);出纳(结算方式设置)\n");
+            QTest::keyClick(&choice, Qt::Key_Escape);
+        });
+        choose("套用权限...");
+    }
+    EXPECT_EQ(books.stored()[2], "3 赵燕");
+    NextModal hands([](QWidget& dialog) {
+        QTest::keyClick(dialog.findChild<QComboBox*>("source"), Qt::Key_End);
+        clickOn(dialog, "确定");
+    });
+    choose("套用权限...");
+    EXPECT_EQ(books.stored()[2], "3 赵燕 1 41 42 57");
+    EXPECT_EQ(branch("赵燕"), "赵燕: 个人往来 会计科目 出纳");
+}
+
+TEST_F(DivisionWindowTest, FindsAFunctionByItsNameOrInitialsAndShowsWhoMayUseIt) {
+    open();
+    NextModal hands([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "谁能使用");
+        const auto& operators = *dialog.findChild<QLabel*>("operators");
+        const auto& list = *dialog.findChild<QAbstractItemView*>("functions");
+        EXPECT_EQ(list.model()->rowCount(), 82);
+        EXPECT_EQ(operators.text(), "能使用“个人往来目录”的操作员:张三(主管)、李明");
+        auto* search = dialog.findChild<QLineEdit*>("search");
+        EXPECT_EQ(dialog.focusWidget(), search);
+        typeText(search, "结算方式");
+        ASSERT_EQ(list.model()->rowCount(), 1);
+        EXPECT_EQ(list.model()->index(0, 0).data().toString(), "57 出纳 · 结算方式设置");
+        EXPECT_EQ(operators.text(), "能使用“结算方式设置”的操作员:张三(主管)、李明");
+        search->clear();
+        QTest::keyClicks(search, "bbbz");
+        EXPECT_EQ(operators.text(), "能使用“报表编制”的操作员:张三(主管)");
+        QTest::keyClicks(search, "xyz");
+        EXPECT_EQ(operators.text(), "");
+        search->clear();
+        QTest::keyClick(search, Qt::Key_Return);
+        EXPECT_TRUE(list.hasFocus());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
+        EXPECT_EQ(operators.text(), "能使用“个人往来期初浏览”的操作员:张三(主管)");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    press(Qt::Key_F, Qt::ControlModifier);
 }
 
 TEST_F(DivisionWindowTest, PrintsTheDivisionOfWorkAndShowsTheMatrix) {
