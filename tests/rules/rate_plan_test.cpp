@@ -5,9 +5,10 @@
 #include "currency/transfer/rate_import.h"
 
 using namespace chengheng;
-using Texts = std::vector<std::string>;
 
 namespace {
+
+using Texts = std::vector<std::string>;
 
 /// Cells of rows by commas; a cell that begins with # is a number.
 Sheet cellsOf(const Texts& lines) {

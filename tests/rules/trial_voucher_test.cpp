@@ -9,7 +9,7 @@ using namespace chengheng;
 namespace {
 
 using Texts = std::vector<std::string>;
-using Lines = std::vector<TrialLine>;
+using TrialLines = std::vector<TrialLine>;
 
 TrialBooks trialBooks() {
     return {.types = {{1, "收", "收款凭证", 1, "1001", "1002"},
@@ -22,7 +22,7 @@ TrialBooks trialBooks() {
             .levels = CodeLevels("4222")};
 }
 
-TrialResult tried(const Lines& lines) { return tryVoucher(lines, trialBooks()); }
+TrialResult tried(const TrialLines& lines) { return tryVoucher(lines, trialBooks()); }
 
 /// The faults of one line.
 Texts faultsOf(const char* account, const char* debit, const char* credit) {
@@ -37,14 +37,14 @@ Texts verdicts(const TrialResult& result) {
     return texts;
 }
 
-Lines linesIn(std::vector<std::vector<std::string>> rows) {
+TrialLines linesIn(std::vector<std::vector<std::string>> rows) {
     Sheet sheet;
     for (const auto& row : rows) {
         SheetRow cells;
         for (const std::string& text : row) cells.push_back(Cell::of(text));
         sheet.rows.push_back(std::move(cells));
     }
-    Lines lines;
+    TrialLines lines;
     const auto failure = readTrialLines(sheet, lines);
     EXPECT_FALSE(failure) << failure->text();
     return lines;
@@ -119,12 +119,12 @@ TEST(TrialVoucher, SaysThatThereIsNothingToTry) {
     EXPECT_EQ(verdicts(tried({})), Texts{});
     TrialBooks books = trialBooks();
     books.types.clear();
-    EXPECT_EQ(tryVoucher(Lines{{1, "1001", "5", ""}, {2, "5001", "", "5"}}, books).notes,
+    EXPECT_EQ(tryVoucher(TrialLines{{1, "1001", "5", ""}, {2, "5001", "", "5"}}, books).notes,
               Texts{"还没有凭证类别"});
 }
 
 TEST(TrialSheet, ReadsAccountDebitAndCreditByTheirHeadings) {
-    const Lines expected{{2, "1001", "5", ""}, {3, "5001", "", "5"}};
+    const TrialLines expected{{2, "1001", "5", ""}, {3, "5001", "", "5"}};
     EXPECT_EQ(linesIn({{"科目编码", "借方", "贷方"}, {"1001", "5"}, {"5001", "", "5"}}), expected);
     EXPECT_EQ(linesIn({{"贷方金额", "摘要", "科目", "借方金额"},
                        {"", "收款", "1001", "5"},
@@ -135,7 +135,7 @@ TEST(TrialSheet, ReadsAccountDebitAndCreditByTheirHeadings) {
 }
 
 TEST(TrialSheet, ReadsAccountSideAndAmount) {
-    const Lines expected{{2, "1001", "5", ""}, {3, "5001", "", "5"}};
+    const TrialLines expected{{2, "1001", "5", ""}, {3, "5001", "", "5"}};
     EXPECT_EQ(linesIn({{"科目编码", "方向", "金额"}, {"1001", "借", "5"}, {"5001", "贷方", "5"}}),
               expected);
     EXPECT_EQ(linesIn({{}, {"1001", "借方", "5"}, {"5001", "贷", "5"}}), expected);
@@ -143,13 +143,13 @@ TEST(TrialSheet, ReadsAccountSideAndAmount) {
 
 TEST(TrialSheet, TakesColumnsWithoutHeadingsInTheirOrder) {
     EXPECT_EQ(linesIn({{"1001", "5", ""}, {"5001", "", "5"}}),
-              (Lines{{1, "1001", "5", ""}, {2, "5001", "", "5"}}));
+              (TrialLines{{1, "1001", "5", ""}, {2, "5001", "", "5"}}));
 }
 
 TEST(TrialSheet, LeavesBlankRowsOutAndKeepsTheNumbersOfTheOthers) {
     EXPECT_EQ(linesIn({{"1001", " 5 "}, {}, {" ", ""}, {"5001", "", "5"}, {}}),
-              (Lines{{1, "1001", "5", ""}, {4, "5001", "", "5"}}));
-    EXPECT_EQ(linesIn({}), Lines{});
+              (TrialLines{{1, "1001", "5", ""}, {4, "5001", "", "5"}}));
+    EXPECT_EQ(linesIn({}), TrialLines{});
 }
 
 TEST(TrialSheet, FailsWhereAHeadingStandsTwice) {
@@ -158,7 +158,7 @@ TEST(TrialSheet, FailsWhereAHeadingStandsTwice) {
     for (const char* heading : {"科目编码", "借方", "借方", "贷方"})
         headings.push_back(Cell::of(std::string(heading)));
     sheet.rows = {headings};
-    Lines lines;
+    TrialLines lines;
     const auto failure = readTrialLines(sheet, lines);
     ASSERT_TRUE(failure.has_value());
     EXPECT_EQ(failure->row, 1u);

@@ -374,7 +374,7 @@ TEST_F(DivisionWindowTest, FindsAFunctionByItsNameOrInitialsAndShowsWhoMayUseIt)
         EXPECT_EQ(operators.text(), "");
         search->clear();
         QTest::keyClick(search, Qt::Key_Return);
-        EXPECT_TRUE(list.hasFocus());
+        EXPECT_EQ(dialog.focusWidget(), &list);
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
         EXPECT_EQ(operators.text(), "能使用“个人往来期初浏览”的操作员:张三(主管)");
         QTest::keyClick(&dialog, Qt::Key_Escape);
