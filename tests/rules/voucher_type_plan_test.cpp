@@ -8,11 +8,12 @@
 namespace {
 
 using namespace chengheng;
-using Lines = std::vector<std::string>;
 
 /// Types of the books and what becomes of sheets that are held against them.
 class VoucherTypePlans : public testing::Test {
   protected:
+    using Lines = std::vector<std::string>;
+
     static HeadedSheet read(Sheet sheet) {
         HeadedSheet headed;
         const auto failure = headed.read(std::move(sheet), voucher_type_columns::wanted);
