@@ -28,6 +28,7 @@
 #include "tool/pdf_program.h"
 #include "tool/tool_session.h"
 #include "tool/tool_texts.h"
+#include "vouchertype/usage/usage_list.h"
 #include "vouchertype/voucher_type_list.h"
 
 namespace chengheng {
@@ -62,6 +63,8 @@ constexpr std::array lists{
               [](const Options&, const Currency&) { return settlementList(); }},
     NamedList{"sign", false, false,
               [](const Options&, const Currency&) { return voucherTypeList(); }},
+    NamedList{"sign-usage", false, false,
+              [](const Options&, const Currency&) { return voucherTypeUsageList(); }},
     NamedList{"currency", false, false,
               [](const Options&, const Currency&) { return currencyList(); }},
     NamedList{"fixed-rates", true, false,

@@ -162,9 +162,9 @@ inline constexpr const char* entriesExported = "期初明细已导出到“{}”
 
 inline constexpr const char* printCommand = "把列表写成 PDF、XLSX 或 CSV 文件,与窗口打印的相同";
 inline constexpr const char* listArgument =
-    "列表:settle(结算方式)、sign(凭证类别)、currency(外币)、fixed-rates(固定汇率)、\n"
-    "floating-rates(浮动汇率)、accounts(会计科目)、departments(部门)、persons(个人)、\n"
-    "operators(财务分工)、rights(操作员权限对照表)、\n"
+    "列表:settle(结算方式)、sign(凭证类别)、sign-usage(凭证类别使用情况)、\n"
+    "currency(外币)、fixed-rates(固定汇率)、floating-rates(浮动汇率)、accounts(会计科目)、\n"
+    "departments(部门)、persons(个人)、operators(财务分工)、rights(操作员权限对照表)、\n"
     "unit-classes(单位分类)、units(单位)、project-classes(项目大类)、projects(项目)";
 inline constexpr const char* pdfOption = "写成 PDF 文件;- 为标准输出";
 inline constexpr const char* xlsxOption = "写成 XLSX 文件;- 为标准输出";
@@ -173,9 +173,8 @@ inline constexpr const char* currencyOption = "汇率列表的币符";
 inline constexpr const char* monthOption = "浮动汇率的月份,1到12;省略时为全年";
 inline constexpr const char* unknownList =
     "不认识列表“{}”。\n请用 "
-    "settle、sign、currency、fixed-rates、floating-rates、accounts、\n"
-    "operators、rights、departments、\n"
-    "persons、unit-classes、units、project-classes 或 projects。";
+    "settle、sign、sign-usage、currency、fixed-rates、floating-rates、accounts、\n"
+    "operators、rights、departments、persons、unit-classes、units、project-classes 或 projects。";
 inline constexpr const char* onePrintFile = "请用 --pdf、--xlsx、--csv 之一指定要写入的文件。";
 inline constexpr const char* currencyMissing = "打印汇率时,请用 --currency 指定币符。";
 inline constexpr const char* currencyUnused = "--currency 只用于汇率列表,打印列表“{}”时请去掉。";

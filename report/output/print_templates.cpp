@@ -68,6 +68,13 @@ constexpr std::array rightsMatrixColumns{
     TemplateColumn{"权限组", "sGroup", 14},
     TemplateColumn{"功能", "sName", 24},
 };
+constexpr std::array voucherTypeUsageColumns{
+    TemplateColumn{"类别", "sSign", 6},       TemplateColumn{"名称", "sSignName", 20},
+    TemplateColumn{"月份", "byPeroid", 8},    TemplateColumn{"张数", "lCount", 7},
+    TemplateColumn{"未记帐", "lUnposted", 8}, TemplateColumn{"首号", "lFirst", 7},
+    TemplateColumn{"首日期", "dtFirst", 12},  TemplateColumn{"末号", "lLast", 7},
+    TemplateColumn{"末日期", "dtLast", 12},   TemplateColumn{"缺号和其他使用", "sRemark", 46},
+};
 
 constexpr std::array templates{
     PrintTemplate{currencyListTemplate, "外币一览表", paperA4, true, currencyColumns},
@@ -84,6 +91,8 @@ constexpr std::array templates{
     PrintTemplate{projectItemListTemplate, "项目一览表", paperA4, true, projectItemColumns},
     PrintTemplate{divisionTemplate, "财务分工一览表", paperA4, false, divisionColumns},
     PrintTemplate{rightsMatrixTemplate, "操作员权限对照表", paperA4, true, rightsMatrixColumns},
+    PrintTemplate{voucherTypeUsageTemplate, "凭证类别使用情况", paperA4, false,
+                  voucherTypeUsageColumns},
 };
 
 }  // namespace

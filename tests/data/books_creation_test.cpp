@@ -143,7 +143,7 @@ TEST_P(BooksCreations, BringThePrintTemplates) {
     for (const auto& row : books.rows<_ZWPrintMainInfo>("lId > 0 ORDER BY lId"))
         numbers.push_back(row.lId);
     EXPECT_EQ(numbers,
-              (std::vector<std::int32_t>{2, 3, 4, 5, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44}));
+              (std::vector<std::int32_t>{2, 3, 4, 5, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45}));
     char** cells = nullptr;
     int columns = 0;
     int rows = 0;

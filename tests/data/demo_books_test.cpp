@@ -73,6 +73,19 @@ TEST_P(DemoBooks, HaveNoFaults) {
     for (const auto& fault : faults) ADD_FAILURE() << fault.check << ": " << fault.text;
 }
 
+TEST_P(DemoBooks, HaveAVoucherThatTheCheckNotes) {
+    std::vector<chengheng::IntegrityFault> faults;
+    std::vector<chengheng::IntegrityFault> notes;
+    const auto engine = openForTest(m_location, OpenMode::existing);
+    ASSERT_TRUE(checkIntegrity(*engine, faults, &notes).isDone());
+    std::vector<std::string> texts;
+    for (const auto& note : notes)
+        if (note.check == "voucherRestrictions") texts.push_back(note.text);
+    EXPECT_EQ(texts, std::vector<std::string>{
+                         "凭证 转 第 2 号(2026-01-15,未记帐):借贷必无 1001 库存现金 或 1002 "
+                         "银行存款:第 2 行贷方 1002010101 基本存款户"});
+}
+
 TEST_P(DemoBooks, TwoRunsGiveEqualBooksButForTheSalts) {
     const auto content = [](const std::string& location) {
         const auto engine = openForTest(location, OpenMode::existing);

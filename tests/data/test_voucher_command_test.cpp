@@ -16,8 +16,8 @@ using namespace chengheng;
 using nlohmann::json;
 using testing::HasSubstr;
 
-constexpr const char* receipt = "科目编码,借方,贷方\n1001,5,\n2202,,5\n";
-constexpr const char* payment = "科目编码,借方,贷方\n2202,5,\n1001,,5\n";
+constexpr const char* receiptFile = "科目编码,借方,贷方\n1001,5,\n2202,,5\n";
+constexpr const char* paymentFile = "科目编码,借方,贷方\n2202,5,\n1001,,5\n";
 
 /// Small books whose types are 收, which requires 1001 or 1002 on the debit side, and 记, which
 /// requires nothing.
@@ -41,13 +41,13 @@ class TestVoucherCommand : public testing::TestWithParam<EngineCase> {
 };
 
 TEST_P(TestVoucherCommand, SaysOfEveryTypeWhetherTheVoucherMayBeOfIt) {
-    const ToolRun allowed = run(receipt);
+    const ToolRun allowed = run(receiptFile);
     EXPECT_EQ(allowed.code, toolDone);
     EXPECT_EQ(allowed.out,
               "可以   收 收款凭证  借方必有 1001 库存现金 或 1002 银行存款\n"
               "可以   记 记帐凭证  不限制\n");
     EXPECT_EQ(allowed.err, "");
-    const ToolRun refused = run(payment);
+    const ToolRun refused = run(paymentFile);
     EXPECT_EQ(refused.code, toolDone) << "记 takes it";
     EXPECT_EQ(refused.out,
               "不可以 收 收款凭证  借方必有 1001 库存现金 或 1002 银行存款:借方只有第 2 行 2202 "
@@ -56,12 +56,12 @@ TEST_P(TestVoucherCommand, SaysOfEveryTypeWhetherTheVoucherMayBeOfIt) {
 }
 
 TEST_P(TestVoucherCommand, TriesTheOneTypeThatIsAskedFor) {
-    EXPECT_EQ(run(receipt, {"--type", "收"}).code, toolDone);
-    const ToolRun refused = run(payment, {"--type", "收"});
+    EXPECT_EQ(run(receiptFile, {"--type", "收"}).code, toolDone);
+    const ToolRun refused = run(paymentFile, {"--type", "收"});
     EXPECT_EQ(refused.code, toolFaultsFound);
     EXPECT_THAT(refused.out, HasSubstr("不可以 收"));
     EXPECT_THAT(refused.out, testing::Not(HasSubstr("记帐凭证")));
-    const ToolRun unknown = run(receipt, {"--type", "付"});
+    const ToolRun unknown = run(receiptFile, {"--type", "付"});
     EXPECT_EQ(unknown.code, toolWrongInput);
     EXPECT_EQ(unknown.err, "没有凭证类别“付”。\n");
     EXPECT_EQ(unknown.out, "");
@@ -69,7 +69,7 @@ TEST_P(TestVoucherCommand, TriesTheOneTypeThatIsAskedFor) {
 
 TEST_P(TestVoucherCommand, FailsAVoucherThatNoTypeTakes) {
     runScript(*openForTest(m_books, OpenMode::existing), "DELETE FROM Sign WHERE lId = 2");
-    EXPECT_EQ(run(payment).code, toolFaultsFound);
+    EXPECT_EQ(run(paymentFile).code, toolFaultsFound);
 }
 
 TEST_P(TestVoucherCommand, TellsWhatIsWrongWithTheLines) {
@@ -79,8 +79,8 @@ TEST_P(TestVoucherCommand, TellsWhatIsWrongWithTheLines) {
     EXPECT_EQ(run("科目编码,借方,贷方\n").code, toolWrongInput);
     EXPECT_EQ(run("科目编码,借方,贷方\n").out, "提示:没有分录\n");
     runScript(*openForTest(m_books, OpenMode::existing), "DELETE FROM Sign");
-    EXPECT_EQ(run(receipt).out, "提示:还没有凭证类别\n");
-    EXPECT_EQ(run(receipt).code, toolWrongInput);
+    EXPECT_EQ(run(receiptFile).out, "提示:还没有凭证类别\n");
+    EXPECT_EQ(run(receiptFile).code, toolWrongInput);
 }
 
 TEST_P(TestVoucherCommand, TellsThatAVoucherDoesNotBalanceAndTriesItAllTheSame) {
@@ -90,7 +90,7 @@ TEST_P(TestVoucherCommand, TellsThatAVoucherDoesNotBalanceAndTriesItAllTheSame) 
 }
 
 TEST_P(TestVoucherCommand, WritesJson) {
-    const ToolRun run = this->run(payment, {"--json"});
+    const ToolRun run = this->run(paymentFile, {"--json"});
     const json told = json::parse(run.out);
     EXPECT_EQ(told["faults"], json::array());
     EXPECT_EQ(told["notes"], json::array());
@@ -104,7 +104,7 @@ TEST_P(TestVoucherCommand, WritesJson) {
     EXPECT_EQ(told["types"][1]["reason"], "");
     runScript(*openForTest(m_books, OpenMode::existing),
               "UPDATE Sign SET byLimit = 3 WHERE lId = 1");
-    EXPECT_EQ(json::parse(this->run(payment, {"--json"}).out)["types"][0]["lines"],
+    EXPECT_EQ(json::parse(this->run(paymentFile, {"--json"}).out)["types"][0]["lines"],
               json::array({3}));
     EXPECT_EQ(json::parse(this->run("9999,1,\n", {"--json"}).out)["faults"],
               json::array({"第 1 行:没有科目“9999”"}));

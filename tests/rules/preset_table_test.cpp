@@ -12,7 +12,7 @@ namespace {
 using Types = std::vector<_SignInfo>;
 using Texts = std::vector<std::string>;
 
-const PresetAccounts both{"1001", "1002"};
+const PresetAccounts bothAccounts{"1001", "1002"};
 
 /// The types of a set that restrict nothing.
 void expectUnrestricted(PresetSet set, const PresetAccounts& accounts) {
@@ -25,26 +25,26 @@ void expectUnrestricted(PresetSet set, const PresetAccounts& accounts) {
 }  // namespace
 
 TEST(PresetTable, HasOneTypeWithoutClassification) {
-    EXPECT_EQ(presetTypes(PresetSet::unclassified, both),
+    EXPECT_EQ(presetTypes(PresetSet::unclassified, bothAccounts),
               (Types{{0, "记", "记帐凭证", 0, "", ""}}));
 }
 
 TEST(PresetTable, PartsReceiptsPaymentsAndTransfers) {
-    EXPECT_EQ(presetTypes(PresetSet::receiptsAndPayments, both),
+    EXPECT_EQ(presetTypes(PresetSet::receiptsAndPayments, bothAccounts),
               (Types{{0, "收", "收款凭证", 1, "1001", "1002"},
                      {0, "付", "付款凭证", 2, "1001", "1002"},
                      {0, "转", "转帐凭证", 3, "1001", "1002"}}));
 }
 
 TEST(PresetTable, PartsCashBankAndTransfers) {
-    EXPECT_EQ(presetTypes(PresetSet::cashAndBank, both),
+    EXPECT_EQ(presetTypes(PresetSet::cashAndBank, bothAccounts),
               (Types{{0, "现", "现金凭证", 0, "", ""},
                      {0, "银", "银行凭证", 0, "", ""},
                      {0, "转", "转帐凭证", 3, "1001", "1002"}}));
 }
 
 TEST(PresetTable, PartsFiveKinds) {
-    EXPECT_EQ(presetTypes(PresetSet::fiveKinds, both),
+    EXPECT_EQ(presetTypes(PresetSet::fiveKinds, bothAccounts),
               (Types{{0, "01", "现金收款凭证", 1, "1001", ""},
                      {0, "02", "现金付款凭证", 2, "1001", ""},
                      {0, "03", "银行收款凭证", 1, "1002", ""},
@@ -53,7 +53,7 @@ TEST(PresetTable, PartsFiveKinds) {
 }
 
 TEST(PresetTable, LeavesTypesOfTheOperatorsOwnToTheOperator) {
-    EXPECT_EQ(presetTypes(PresetSet::custom, both), Types{});
+    EXPECT_EQ(presetTypes(PresetSet::custom, bothAccounts), Types{});
 }
 
 TEST(PresetTable, RestrictsNothingWithoutAccounts) {
@@ -85,10 +85,10 @@ TEST(PresetTable, RestrictsNoTypeThatWouldNameOneAccountTwice) {
 }
 
 TEST(PresetTable, ShowsWhatItWillMake) {
-    EXPECT_EQ(presetPreview(PresetSet::receiptsAndPayments, both),
+    EXPECT_EQ(presetPreview(PresetSet::receiptsAndPayments, bothAccounts),
               (Texts{"收 收款凭证  借方必有 1001 或 1002", "付 付款凭证  贷方必有 1001 或 1002",
                      "转 转帐凭证  借贷必无 1001 或 1002"}));
-    EXPECT_EQ(presetPreview(PresetSet::custom, both),
+    EXPECT_EQ(presetPreview(PresetSet::custom, bothAccounts),
               Texts{"不建立凭证类别,请在“凭证类别”窗口中自行增加。"});
 }
 

@@ -8,7 +8,7 @@ using namespace chengheng;
 
 namespace {
 
-const CodeLevels levels{"4222"};
+const CodeLevels pattern4222{"4222"};
 
 std::string nameOf(std::string_view code) {
     static const std::map<std::string_view, const char*> names{
@@ -35,51 +35,52 @@ VoucherLine credit(int number, const char* account, double amount = 100) {
 
 /// Why the type does not take the lines; empty when it does.
 std::string why(const _SignInfo& type, const std::vector<VoucherLine>& lines,
-                const CodeLevels& of = levels) {
+                const CodeLevels& of = pattern4222) {
     const auto breach = restrictionBreach(type, lines, of, nameOf);
     return breach ? breach->text : "";
 }
 
 std::vector<int> linesOf(const _SignInfo& type, const std::vector<VoucherLine>& lines) {
-    const auto breach = restrictionBreach(type, lines, levels, nameOf);
+    const auto breach = restrictionBreach(type, lines, pattern4222, nameOf);
     return breach ? breach->lines : std::vector<int>();
 }
 
-const std::vector<VoucherLine> receipt{debit(1, "1001"), credit(2, "5001")};
-const std::vector<VoucherLine> payment{debit(1, "6602"), credit(2, "1002")};
-const std::vector<VoucherLine> transfer{debit(1, "6602"), credit(2, "1601")};
+const std::vector<VoucherLine> receiptLines{debit(1, "1001"), credit(2, "5001")};
+const std::vector<VoucherLine> paymentLines{debit(1, "6602"), credit(2, "1002")};
+const std::vector<VoucherLine> transferLines{debit(1, "6602"), credit(2, "1601")};
 
 }  // namespace
 
 TEST(VoucherRestriction, OfNoKindTakesEveryVoucher) {
-    for (const auto& lines : {receipt, payment, transfer, {}}) EXPECT_EQ(why(typeOf(0), lines), "");
+    for (const auto& lines : {receiptLines, paymentLines, transferLines, {}})
+        EXPECT_EQ(why(typeOf(0), lines), "");
 }
 
 TEST(VoucherRestriction, OnTheDebitSideTakesAVoucherThatDebitsOneOfTheAccounts) {
-    EXPECT_EQ(why(typeOf(1), receipt), "");
+    EXPECT_EQ(why(typeOf(1), receiptLines), "");
     EXPECT_EQ(why(typeOf(1), {debit(1, "1002"), credit(2, "5001")}), "");
     EXPECT_EQ(why(typeOf(1), {debit(1, "6602"), debit(2, "1002"), credit(3, "5001")}), "");
     EXPECT_EQ(why(typeOf(1), {debit(1, "1001"), credit(2, "1002")}), "");
 }
 
 TEST(VoucherRestriction, OnTheDebitSideRefusesAVoucherThatOnlyCreditsThem) {
-    EXPECT_EQ(why(typeOf(1), payment),
+    EXPECT_EQ(why(typeOf(1), paymentLines),
               "借方必有 1001 库存现金 或 1002 银行存款:借方只有第 1 行 6602 管理费用");
-    EXPECT_EQ(linesOf(typeOf(1), payment), std::vector<int>());
+    EXPECT_EQ(linesOf(typeOf(1), paymentLines), std::vector<int>());
 }
 
 TEST(VoucherRestriction, OnTheCreditSideTakesAVoucherThatCreditsOneOfTheAccounts) {
-    EXPECT_EQ(why(typeOf(2), payment), "");
+    EXPECT_EQ(why(typeOf(2), paymentLines), "");
     EXPECT_EQ(why(typeOf(2), {debit(1, "1001"), credit(2, "1002")}), "");
 }
 
 TEST(VoucherRestriction, OnTheCreditSideRefusesAVoucherThatOnlyDebitsThem) {
-    EXPECT_EQ(why(typeOf(2), receipt),
+    EXPECT_EQ(why(typeOf(2), receiptLines),
               "贷方必有 1001 库存现金 或 1002 银行存款:贷方只有第 2 行 5001");
 }
 
 TEST(VoucherRestriction, OnBothSidesTakesAVoucherWithoutTheAccounts) {
-    EXPECT_EQ(why(typeOf(3), transfer), "");
+    EXPECT_EQ(why(typeOf(3), transferLines), "");
 }
 
 TEST(VoucherRestriction, OnBothSidesNamesEveryLineThatMayNotBeThere) {
@@ -91,8 +92,8 @@ TEST(VoucherRestriction, OnBothSidesNamesEveryLineThatMayNotBeThere) {
 }
 
 TEST(VoucherRestriction, CountsAnAccountAsTheFirstLevelAccountAboveIt) {
-    EXPECT_EQ(firstLevelOf(levels, "10020103"), "1002");
-    EXPECT_EQ(firstLevelOf(levels, "1002"), "1002");
+    EXPECT_EQ(firstLevelOf(pattern4222, "10020103"), "1002");
+    EXPECT_EQ(firstLevelOf(pattern4222, "1002"), "1002");
     EXPECT_EQ(why(typeOf(1), {debit(1, "10020101"), credit(2, "5001")}), "");
     EXPECT_EQ(why(typeOf(3), {debit(1, "100201"), credit(2, "5001")}),
               "借贷必无 1001 库存现金 或 1002 银行存款:第 1 行借方 100201 工商银行");
@@ -106,9 +107,9 @@ TEST(VoucherRestriction, CutsCodesWhereTheBooksDo) {
 }
 
 TEST(VoucherRestriction, TakesACodeThatStandsNowhereInTheLevelsAsItIs) {
-    EXPECT_EQ(firstLevelOf(levels, "10011"), "10011");
+    EXPECT_EQ(firstLevelOf(pattern4222, "10011"), "10011");
     EXPECT_EQ(firstLevelOf(CodeLevels(""), "1001"), "1001");
-    EXPECT_EQ(why(typeOf(1), receipt, CodeLevels("")), "");
+    EXPECT_EQ(why(typeOf(1), receiptLines, CodeLevels("")), "");
     EXPECT_NE(why(typeOf(1), {debit(1, "10011"), credit(2, "5001")}), "");
 }
 
@@ -120,27 +121,27 @@ TEST(VoucherRestriction, DoesNotTakeALongerFirstLevelAccountForOneThatItBeginsWi
 TEST(VoucherRestriction, HoldsForTheOneAccountThatATypeNames) {
     for (const _SignInfo& type :
          {typeOf(1, "1001", ""), typeOf(1, "", "1001"), typeOf(1, "1001", "1001")}) {
-        EXPECT_EQ(why(type, receipt), "");
+        EXPECT_EQ(why(type, receiptLines), "");
         EXPECT_EQ(why(type, {debit(1, "1002"), credit(2, "5001")}),
                   "借方必有 1001 库存现金:借方只有第 1 行 1002 银行存款");
     }
-    EXPECT_EQ(why(typeOf(3, "1002", ""), receipt), "");
+    EXPECT_EQ(why(typeOf(3, "1002", ""), receiptLines), "");
 }
 
 TEST(VoucherRestriction, ThatRequiresNoAccountAdmitsNoVoucherAndSaysWhy) {
-    EXPECT_EQ(why(typeOf(1, "", ""), receipt), "借方必有的科目没有设置,请在“凭证类别”中补上");
-    EXPECT_EQ(why(typeOf(2, "", ""), receipt), "贷方必有的科目没有设置,请在“凭证类别”中补上");
+    EXPECT_EQ(why(typeOf(1, "", ""), receiptLines), "借方必有的科目没有设置,请在“凭证类别”中补上");
+    EXPECT_EQ(why(typeOf(2, "", ""), receiptLines), "贷方必有的科目没有设置,请在“凭证类别”中补上");
 }
 
 TEST(VoucherRestriction, ThatForbidsNoAccountTakesEveryVoucher) {
-    EXPECT_EQ(why(typeOf(3, "", ""), receipt), "");
+    EXPECT_EQ(why(typeOf(3, "", ""), receiptLines), "");
     // The account of a line that is not in the chart is not the one that a type leaves out.
     EXPECT_EQ(why(typeOf(3, "1001", ""), {debit(1, "")}), "");
 }
 
 TEST(VoucherRestriction, OfAKindThatNobodyKnowsAdmitsNoVoucher) {
-    EXPECT_EQ(why(typeOf(4), receipt), "限制方式 4 无法识别,请在“凭证类别”中重新选择");
-    EXPECT_EQ(why(typeOf(255), transfer), "限制方式 255 无法识别,请在“凭证类别”中重新选择");
+    EXPECT_EQ(why(typeOf(4), receiptLines), "限制方式 4 无法识别,请在“凭证类别”中重新选择");
+    EXPECT_EQ(why(typeOf(255), transferLines), "限制方式 255 无法识别,请在“凭证类别”中重新选择");
 }
 
 TEST(VoucherRestriction, WithoutLinesFindsWhatItRequiresMissingAndNothingForbidden) {

@@ -159,6 +159,21 @@ TEST_F(VoucherTypeWindowTest, PrintsAndPreviewsItsList) {
     EXPECT_TRUE(books.messages.texts().empty());
 }
 
+TEST_F(VoucherTypeWindowTest, PreviewsTheUseOfItsTypes) {
+    RecordingPrinter printer;
+    const HostReportPrinter installed(printer);
+    books.run(
+        "INSERT UnregMain (lId, byPeroid, dtDate, sSign, lNumber) "
+        "VALUES(1, 1, '2026/1/5', '收', 2)");
+    open({receipt});
+    choose("使用情况(&Y)...");
+    ASSERT_EQ(printer.outputs.size(), 1u);
+    EXPECT_EQ(printer.outputs[0].kind, ReportOutput::preview);
+    EXPECT_EQ(rowTexts(printer.outputs[0].report),
+              (Texts{"收|收款凭证|全年|1|1|-|2026-01-05|-|2026-01-05|缺 1 号",
+                     "收|收款凭证|1 月|1|1|2|2026-01-05|2|2026-01-05|缺 1"}));
+}
+
 TEST_F(VoucherTypeWindowTest, OpensItsHelp) {
     open();
     press(Qt::Key_F1);

@@ -21,6 +21,8 @@
 #include "session/host_globals.h"
 #include "vouchertype/screen/trial_screen_texts.h"
 #include "vouchertype/transfer/voucher_type_transfer_texts.h"
+#include "vouchertype/usage/usage_list.h"
+#include "vouchertype/usage/usage_texts.h"
 #include "vouchertype/voucher_type_list.h"
 #include "vouchertype/voucher_type_texts.h"
 #include "vouchertype/window/trial_pane.h"
@@ -190,6 +192,8 @@ void VoucherTypeWindow::printRecords(ReportOutput output) {
 
 std::span<const MenuItemResource> VoucherTypeWindow::ownFileItems() const {
     static constexpr MenuItemResource items[] = {
+        {usageCommand, usage_texts::command},
+        {0, ""},
         {importCommand, voucher_type_transfer_texts::importCommand},
         {exportCommand, voucher_type_transfer_texts::exportCommand},
     };
@@ -209,6 +213,8 @@ void VoucherTypeWindow::OnOK() {
 bool VoucherTypeWindow::OnCommand(int command) {
     if (command == tryCommand)
         turnToTrial();
+    else if (command == usageCommand)
+        printList(voucherTypeUsageList(), ReportOutput::preview, messages());
     else if (command == importCommand)
         workOnRecords([this] { return importVoucherTypes(messages(), this); });
     else if (command == exportCommand)

@@ -38,6 +38,7 @@ class VoucherTypeWindow final : public ListFormDialog {
     static constexpr int importCommand = firstOwnCommand;
     static constexpr int exportCommand = firstOwnCommand + 1;
     static constexpr int tryCommand = firstOwnCommand + 2;
+    static constexpr int usageCommand = firstOwnCommand + 3;
 
     /// An account of the restriction, and the button that offers those there are.
     struct AccountField {
