@@ -27,6 +27,7 @@ void addCopyCommand(CLI::App& app, Tool& tool);
 void addSetCommand(CLI::App& app, Tool& tool);
 void addUpgradeCommand(CLI::App& app, Tool& tool);
 void addNewYearCommand(CLI::App& app, Tool& tool);
+void addCarryCommand(CLI::App& app, Tool& tool);
 void addImportChartCommand(CLI::App& app, Tool& tool);
 void addExportChartCommand(CLI::App& app, Tool& tool);
 void addImportDirectoryCommand(CLI::App& app, Tool& tool);

@@ -78,14 +78,54 @@ class Carrying {
         Status status = selectOpenBooks();
         if (status) status = readIsFilled(*g_pDB, result.isFilled);
         if (status && result.isFilled) return refused(carry_texts::notEmpty);
-        YearOfBooks now;
-        if (status) status = readYear(*g_pDB, now);
-        UntoldOutcome read = status ? readLastYear(now) : UntoldOutcome::failed();
+        UntoldOutcome read = status ? readBothYears() : UntoldOutcome::failed();
+        return read.outcome == Outcome::done ? write(result) : std::move(read);
+    }
+
+    UntoldOutcome look(CarryPreview& preview) {
+        UntoldOutcome read = readBothYears();
         if (read.outcome != Outcome::done) return read;
-        return selectOpenBooks() ? write(result) : UntoldOutcome::failed();
+        OpeningBooks books;
+        Members members;
+        Status status = readIsFilled(*g_pDB, preview.isFilled);
+        if (status) status = readOpeningBooks(*g_pDB, books);
+        if (status) status = members.read(*g_pDB);
+        if (!status) return UntoldOutcome::failed();
+        preview.plan = planCarry(m_end, books.sheet, {m_membersBefore, members});
+        for (const CarriedAccount& carried : preview.plan.accounts) {
+            const OpeningAccount& account = books.sheet.accounts()[carried.place];
+            preview.accounts.push_back(
+                {account.code, account.name, account.isDebit, carried.closing, account.opening()});
+        }
+        for (OpeningAccount& account : books.sheet.accounts()) account.balances = {};
+        putCarried(preview.plan, books.sheet);
+        const TrialBalance balance(books.classes, books.sheet.accounts());
+        preview.debitTotal = balance.debitTotal();
+        preview.creditTotal = balance.creditTotal();
+        preview.balance = balance.texts();
+        return read;
+    }
+
+    UntoldOutcome verify(std::vector<CarryDifference>& differences) {
+        UntoldOutcome read = readBothYears();
+        if (read.outcome != Outcome::done) return read;
+        YearEnd start;
+        if (!readYearStart(*g_pDB, start)) return UntoldOutcome::failed();
+        differences = compareYears(m_end, start);
+        return read;
     }
 
   private:
+    /// Which books these are, and all of the year before; the own ones are selected afterwards.
+    UntoldOutcome readBothYears() {
+        YearOfBooks now;
+        Status status = selectOpenBooks();
+        if (status) status = readYear(*g_pDB, now);
+        UntoldOutcome read = status ? readLastYear(now) : UntoldOutcome::failed();
+        if (read.outcome != Outcome::done) return read;
+        return selectOpenBooks() ? UntoldOutcome::done() : UntoldOutcome::failed();
+    }
+
     UntoldOutcome readLastYear(const YearOfBooks& now) {
         std::vector<BooksSet> sets;
         if (const Status status = m_registry.read(sets); !status)
@@ -144,14 +184,27 @@ class Carrying {
     Members m_membersBefore;
 };
 
+Outcome outcomeOf(UntoldOutcome outcome, std::vector<Notice>& untold) {
+    if (outcome.notice) untold.push_back(*std::move(outcome.notice));
+    return outcome.outcome;
+}
+
 }  // namespace
 
 CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold) {
     CarriedForward result;
-    UntoldOutcome outcome = Carrying(registry, untold).run(result);
-    if (outcome.notice) untold.push_back(*std::move(outcome.notice));
-    result.outcome = outcome.outcome;
+    result.outcome = outcomeOf(Carrying(registry, untold).run(result), untold);
     return result;
+}
+
+Outcome previewCarry(const BooksRegistry& registry, CarryPreview& preview,
+                     std::vector<Notice>& untold) {
+    return outcomeOf(Carrying(registry, untold).look(preview), untold);
+}
+
+Outcome verifyCarry(const BooksRegistry& registry, std::vector<CarryDifference>& differences,
+                    std::vector<Notice>& untold) {
+    return outcomeOf(Carrying(registry, untold).verify(differences), untold);
 }
 
 }  // namespace chengheng

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "base/messages/messages.h"
+#include "books/carrying/carry_plan.h"
+#include "books/carrying/carry_proof.h"
 #include "books/list/books_registry.h"
+#include "opening/balance/trial_balance.h"
 #include "opening/screen/opening_work.h"
 
 namespace chengheng {
@@ -12,5 +16,33 @@ namespace chengheng {
 /// balances yet. Last year's books are read and never written. Whatever does not give `done`
 /// has changed nothing. What the operator is to be told of it is added to `untold`.
 CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold);
+
+/// A carry-forward that is not done, account by account.
+struct CarryPreview {
+    struct Account {
+        std::string code;
+        std::string name;
+        bool isDebit = false;
+        EntryFigures closing;
+        double opening = 0;  ///< this year's, in money
+    };
+
+    bool isFilled = false;  ///< this year has balances already
+    CarryPlan plan;
+    std::vector<Account> accounts;  ///< those of the plan
+    /// Of this year's openings as they would be.
+    double debitTotal = 0;
+    double creditTotal = 0;
+    TrialBalanceTexts balance;
+};
+
+/// Looks what a carry-forward would do; changes nothing. What keeps it from being looked at is
+/// added to `untold`.
+Outcome previewCarry(const BooksRegistry& registry, CarryPreview& preview,
+                     std::vector<Notice>& untold);
+
+/// Holds what this year begins with against what last year ended with.
+Outcome verifyCarry(const BooksRegistry& registry, std::vector<CarryDifference>& differences,
+                    std::vector<Notice>& untold);
 
 }  // namespace chengheng

@@ -5,6 +5,7 @@ namespace chengheng::carry_sql {
 
 inline constexpr const char* accountsById = "lId > 0 ORDER BY lId";
 inline constexpr const char* lastPeriod = "byPeroid=12 ORDER BY lCodeId, lId";
+inline constexpr const char* firstPeriod = "byPeroid=1 ORDER BY lCodeId, lId";
 inline constexpr const char* anyRow = "lId > 0";
 /// What is there goes, and the ids begin anew.
 inline constexpr const char* clearSums =

@@ -34,4 +34,21 @@ inline constexpr const char* credit = "贷";
 /// The classes whose balance goes into the result of the year; the last is both others in one.
 inline constexpr const char* classesOfTheResult[] = {"收入", "支出", "损益"};
 
+inline constexpr const char* money = "金额";
+inline constexpr const char* foreign = "外币";
+inline constexpr const char* quantity = "数量";
+inline constexpr const char* department = "部门";
+inline constexpr const char* person = "个人";
+inline constexpr const char* unit = "单位";
+inline constexpr const char* item = "项目";
+inline constexpr const char* noMember = "无明细对象";
+/// Code, name, detail, what is counted, last year's closing, this year's opening, their distance.
+inline constexpr const char* difference = "{} {}{}:上年期末{} {},本年期初 {},相差 {}";
+/// An account that would be carried: code, name, direction, closing, this year's opening.
+inline constexpr const char* plannedAccount = "{} {}:{} 期末 {},本年期初 {}";
+inline constexpr const char* plannedTotal = "将结转 {} 个科目,借方合计 {},贷方合计 {}。";
+inline constexpr const char* alreadyFilled = "本年已有期初余额,不能再次结转。";
+inline constexpr const char* proven = "本年期初余额与上年期末余额一致。";
+inline constexpr const char* differing = "本年期初余额与上年期末余额有 {} 处不同。";
+
 }  // namespace chengheng::carry_texts

@@ -66,7 +66,8 @@ std::string placeOfLastYear(std::span<const BooksSet> sets, const YearOfBooks& n
         if (found != set->years.end()) return found->location;
     }
     if (isServerAddress(now.location)) return {};
-    const files::path file(now.location);
+    std::error_code unseen;
+    const files::path file = files::absolute(now.location, unseen).lexically_normal();
     const files::path folder = file.parent_path();
     if (folder.filename() != std::to_string(now.year)) return {};
     const files::path before =

@@ -21,6 +21,12 @@ EntryFigures closing(const EntryFigures& opening, const EntryFigures& debit,
     return sums.total();
 }
 
+EntryFigures openingOf(const _AccSumInfo& row) {
+    return {row.mBegin, row.mFgnBegin, row.dAmtBegin};
+}
+
+EntryFigures openingOf(const _AssAccInfo& row) { return {row.mBegin, row.mFBegin, row.dBegin}; }
+
 ClosedAccount* findAmong(std::vector<ClosedAccount>& accounts, std::int32_t id) {
     const auto found = std::ranges::lower_bound(accounts, id, {}, &ClosedAccount::id);
     return found != accounts.end() && found->id == id ? &*found : nullptr;
@@ -42,27 +48,41 @@ Status readAccounts(CNbCwDB& database, std::vector<ClosedAccount>& accounts) {
     return Status::done();
 }
 
-Status readClosings(CNbCwDB& database, std::vector<ClosedAccount>& accounts) {
-    const RowLease<_AccSumInfo> rows(database, carry_sql::lastPeriod);
+/// Which rows are read, and whether what moved in their period belongs to it.
+struct Moment {
+    const char* rows;
+    bool hasMoved;
+};
+
+constexpr Moment atTheEnd{carry_sql::lastPeriod, true};
+constexpr Moment atTheStart{carry_sql::firstPeriod, false};
+
+template <class Record>
+EntryFigures figuresAt(const Moment& moment, const Record& row, bool isDebit) {
+    return moment.hasMoved ? closingOf(row, isDebit) : openingOf(row);
+}
+
+Status readFigures(CNbCwDB& database, const Moment& moment, std::vector<ClosedAccount>& accounts) {
+    const RowLease<_AccSumInfo> rows(database, moment.rows);
     if (!rows.isRead()) return database.lastStatus();
     std::int32_t last = 0;
     for (const _AccSumInfo* row : rows.rows()) {
         ClosedAccount* const account = findAmong(accounts, row->lCodeId);
         if (account == nullptr) continue;
         account->isDoubled = account->isDoubled || row->lCodeId == last;
-        account->closing = closingOf(*row, account->isDebit);
+        account->closing = figuresAt(moment, *row, account->isDebit);
         last = row->lCodeId;
     }
     return Status::done();
 }
 
-Status readDetails(CNbCwDB& database, YearEnd& end) {
-    const RowLease<_AssAccInfo> rows(database, carry_sql::lastPeriod);
+Status readDetails(CNbCwDB& database, const Moment& moment, YearEnd& end) {
+    const RowLease<_AssAccInfo> rows(database, moment.rows);
     if (!rows.isRead()) return database.lastStatus();
     for (const _AssAccInfo* row : rows.rows()) {
         const ClosedAccount* const account = findAccount(end, row->lCodeId);
         if (account == nullptr) continue;
-        const EntryFigures closing = closingOf(*row, account->isDebit);
+        const EntryFigures closing = figuresAt(moment, *row, account->isDebit);
         if (closing == EntryFigures()) continue;
         end.details.push_back({row->lCodeId,
                                {.department = row->lDeptId,
@@ -75,6 +95,15 @@ Status readDetails(CNbCwDB& database, YearEnd& end) {
     return Status::done();
 }
 
+Status read(CNbCwDB& database, const Moment& moment, YearEnd& end) {
+    YearEnd read;
+    Status status = readAccounts(database, read.accounts);
+    if (status) status = readFigures(database, moment, read.accounts);
+    if (status) status = readDetails(database, moment, read);
+    if (status) end = std::move(read);
+    return status;
+}
+
 }  // namespace
 
 bool carriesBalance(std::string_view type) {
@@ -83,14 +112,12 @@ bool carriesBalance(std::string_view type) {
 }
 
 EntryFigures closingOf(const _AccSumInfo& period, bool isDebit) {
-    return closing({period.mBegin, period.mFgnBegin, period.dAmtBegin},
-                   {period.mDebet, period.mFgnDebet, period.dAmtDebet},
+    return closing(openingOf(period), {period.mDebet, period.mFgnDebet, period.dAmtDebet},
                    {period.mCredit, period.mFgnCredit, period.dAmtCredit}, isDebit);
 }
 
 EntryFigures closingOf(const _AssAccInfo& period, bool isDebit) {
-    return closing({period.mBegin, period.mFBegin, period.dBegin},
-                   {period.mDebt, period.mFDebt, period.dDebt},
+    return closing(openingOf(period), {period.mDebt, period.mFDebt, period.dDebt},
                    {period.mCredit, period.mFCredit, period.dCredit}, isDebit);
 }
 
@@ -99,13 +126,10 @@ const ClosedAccount* findAccount(const YearEnd& end, std::int32_t id) {
     return found != end.accounts.end() && found->id == id ? &*found : nullptr;
 }
 
-Status readYearEnd(CNbCwDB& database, YearEnd& end) {
-    YearEnd read;
-    Status status = readAccounts(database, read.accounts);
-    if (status) status = readClosings(database, read.accounts);
-    if (status) status = readDetails(database, read);
-    if (status) end = std::move(read);
-    return status;
+Status readYearEnd(CNbCwDB& database, YearEnd& end) { return read(database, atTheEnd, end); }
+
+Status readYearStart(CNbCwDB& database, YearEnd& start) {
+    return read(database, atTheStart, start);
 }
 
 }  // namespace chengheng

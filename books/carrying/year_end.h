@@ -40,7 +40,7 @@ struct ClosedDetail {
     EntryFigures closing;
 };
 
-/// What a year of books ends with.
+/// What a year of books ends with, or begins with.
 struct YearEnd {
     std::vector<ClosedAccount> accounts;  ///< in the order of their ids
     std::vector<ClosedDetail> details;    ///< of these; those without figures are left out
@@ -48,6 +48,8 @@ struct YearEnd {
 
 /// Reads it from the selected database.
 Status readYearEnd(CNbCwDB& database, YearEnd& end);
+/// The same of what the year begins with, which stands in its first period.
+Status readYearStart(CNbCwDB& database, YearEnd& start);
 
 /// The account of an id; null where there is none.
 const ClosedAccount* findAccount(const YearEnd& end, std::int32_t id);

@@ -13,7 +13,7 @@
 namespace chengheng {
 namespace {
 
-constexpr const char* directories =
+constexpr const char* directoryRows =
     "INSERT INTO Dept (lId, sDeptCode, sDeptName) VALUES (1, 'D1', '销售部')\r\n"
     "INSERT INTO Dept (lId, sDeptCode, sDeptName) VALUES (2, 'D2', '生产部')\r\n"
     "INSERT INTO Person (lId, lDeptId, sPersonCode, sPersonName) VALUES (1, 1, 'P1', '张三')\r\n"
@@ -75,7 +75,7 @@ std::string accountCode(const AuxiliaryMember& member) {
 EntryBooks::EntryBooks(const std::string& location, OpeningLayout layout, bool isNew)
     : m_opening(location, layout, isNew) {
     if (!isNew) return;
-    books().run(directories);
+    books().run(directoryRows);
     for (const AuxiliaryMember& member : auxiliaryMembers()) {
         m_opening.addAccounts({accountCode(member)});
         m_opening.change(

@@ -1,0 +1,108 @@
+#include "books/carrying/carry_proof.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <utility>
+
+#include "base/values/numbers.h"
+#include "books/carrying/carry_texts.h"
+#include "opening/sheet/opening_account.h"
+
+namespace chengheng {
+namespace {
+
+/// An account by its code, so that it is the same whatever its ids are, and the dimensions of a
+/// detail; none for the account itself.
+struct Key {
+    std::string code;
+    bool isDetail = false;
+    EntryDimensions of = {};
+
+    auto operator<=>(const Key&) const = default;
+};
+
+struct Pair {
+    std::string name;
+    EntryFigures closing;
+    EntryFigures opening;
+};
+
+using Pairs = std::map<Key, Pair>;
+
+void collect(const YearEnd& year, EntryFigures Pair::*side, Pairs& pairs) {
+    for (const ClosedAccount& account : year.accounts) {
+        if (!account.isEnd) continue;
+        Pair& pair = pairs[{account.code}];
+        pair.name = account.name;
+        pair.*side = account.closing;
+    }
+    for (const ClosedDetail& detail : year.details) {
+        const ClosedAccount* const account = findAccount(year, detail.account);
+        if (!account->isEnd) continue;
+        Pair& pair = pairs[{account->code, true, detail.of}];
+        pair.name = account->name;
+        pair.*side = pair.*side + detail.closing;
+    }
+}
+
+/// "部门 1 个人 2": members by their ids, as the two years may call them differently.
+std::string detailText(const Key& key) {
+    if (!key.isDetail) return {};
+    std::string text;
+    const auto add = [&text](const char* what, std::int32_t id) {
+        if (id != 0) text += fmt::format("{}{} {}", text.empty() ? "" : " ", what, id);
+    };
+    add(carry_texts::department, key.of.department);
+    add(carry_texts::person, key.of.person.value_or(0));
+    add(carry_texts::unit, key.of.unit);
+    add(carry_texts::item, key.of.item);
+    return text.empty() ? carry_texts::noMember : text;
+}
+
+struct Figure {
+    double EntryFigures::*figure;
+    const char* name;
+    Measure measure;
+};
+
+constexpr std::array<Figure, 3> figures{
+    Figure{&EntryFigures::money, carry_texts::money, Measure::money},
+    Figure{&EntryFigures::foreign, carry_texts::foreign, Measure::foreign},
+    Figure{&EntryFigures::quantity, carry_texts::quantity, Measure::quantity}};
+
+}  // namespace
+
+std::vector<CarryDifference> compareYears(const YearEnd& before, const YearEnd& now) {
+    Pairs pairs;
+    collect(before, &Pair::closing, pairs);
+    collect(now, &Pair::opening, pairs);
+    std::vector<CarryDifference> differences;
+    for (const auto& [key, pair] : pairs) {
+        for (const Figure& each : figures) {
+            const double closing = pair.closing.*each.figure;
+            double opening = pair.opening.*each.figure;
+            Round(opening, decimalsOf(each.measure));
+            if (closing != opening)
+                differences.push_back(
+                    {key.code, pair.name, each.name, detailText(key), closing, opening});
+        }
+    }
+    return differences;
+}
+
+std::string differenceText(const CarryDifference& difference) {
+    const auto measure = std::ranges::find(figures, difference.measure,
+                                           [](const Figure& each) { return each.name; });
+    const int decimals = measure == figures.end() ? 2 : decimalsOf(measure->measure);
+    double apart = difference.closing - difference.opening;
+    Round(apart, decimals);
+    return fmt::format(carry_texts::difference, difference.code, difference.name,
+                       difference.detail.empty() ? "" : "(" + difference.detail + ")",
+                       difference.measure, ftoaWithSap(difference.closing, decimals),
+                       ftoaWithSap(difference.opening, decimals), ftoaWithSap(apart, decimals));
+}
+
+}  // namespace chengheng

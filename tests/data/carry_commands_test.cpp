@@ -1,0 +1,108 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/carry_books.h"
+#include "tests/support/environment.h"
+#include "tests/support/run_tool.h"
+
+namespace carry_commands {
+namespace {
+
+using namespace chengheng;
+using testing::HasSubstr;
+
+/// Cash and a loan of two years that a list knows.
+class CarryCommands : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_books.now().addAccounts({"1001", "1002"});
+        m_books.now().addCredit("2001");
+        m_books.mirror();
+        m_books.close("1001", 5, 1, 0);
+        m_books.close("2001", 4, 0, 2);
+    }
+    ToolRun run(std::vector<std::string> more) const {
+        std::vector<std::string> arguments{"carry-forward", m_books.location()};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return runInProcess(arguments);
+    }
+
+    CarryBooks m_books{GetParam()};
+    EnvironmentSetting m_home{"CHENGHENG_HOME", m_books.registry().folder()};
+};
+
+TEST_P(CarryCommands, ShowWhatWouldBeCarriedAndWriteNothing) {
+    const ToolRun shown = run({"--dry-run"});
+    EXPECT_EQ(shown.code, toolDone);
+    EXPECT_EQ(shown.out,
+              "1001 科目1001:借 期末 6.00,本年期初 0.00\n"
+              "2001 科目2001:贷 期末 6.00,本年期初 0.00\n"
+              "资产 = 借\t6.00\n\n负债 = 贷\t6.00\n\n"
+              "将结转 2 个科目,借方合计 6.00,贷方合计 6.00。\n试算结果平衡\n");
+    EXPECT_EQ(shown.err, "");
+    EXPECT_EQ(m_books.now().rows(), std::vector<std::string>{});
+    const ToolRun json = run({"--dry-run", "--json"});
+    EXPECT_THAT(json.out, HasSubstr("\"debitTotal\": 6.0"));
+    EXPECT_THAT(json.out, HasSubstr("\"code\": \"1001\""));
+}
+
+TEST_P(CarryCommands, NameWhatStandsInTheWay) {
+    m_books.now().addAccounts({"1003"});
+    ToolRun shown = run({"--dry-run"});
+    EXPECT_EQ(shown.code, toolFaultsFound);
+    EXPECT_EQ(shown.err, "1003 科目1003:上年没有此科目。\n");
+    shown = run({});
+    EXPECT_EQ(shown.code, toolWrongInput);
+    EXPECT_THAT(shown.err, HasSubstr("上年科目信息和本年科目信息不一致,不能结转期初余额!"));
+    EXPECT_EQ(m_books.now().rows(), std::vector<std::string>{});
+}
+
+TEST_P(CarryCommands, CarryAndProveItAfterwards) {
+    ToolRun ran = run({});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_EQ(ran.out, "已结转 2 个科目,借方合计 6.00,贷方合计 6.00。\n");
+    EXPECT_EQ(m_books.now().openings("1001"), allPeriods("6"));
+    ran = run({"--verify"});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_EQ(ran.out, "本年期初余额与上年期末余额一致。\n");
+    ran = run({});
+    EXPECT_EQ(ran.code, toolWrongInput);
+    EXPECT_THAT(ran.err, HasSubstr("结转上年余额不成功"));
+    ran = run({"--dry-run"});
+    EXPECT_EQ(ran.code, toolFaultsFound);
+    EXPECT_EQ(ran.err, "本年已有期初余额,不能再次结转。\n");
+}
+
+TEST_P(CarryCommands, NameTheDifferencesOfTheTwoYears) {
+    ASSERT_EQ(run({}).code, toolDone);
+    m_books.last("UPDATE AccSum SET mCredit = 0.25 WHERE mDebet = 1");
+    m_books.last(
+        formatSql("INSERT INTO AssAcc (lId, byPeroid, lCodeId, lItemId, lDeptId, lEnterId, "
+                  "sItemId, mBegin, mDebt, mCredit, dBegin, dDebt, dCredit, mFBegin, mFDebt, "
+                  "mFCredit) VALUES (1, 12, %d, 0, 3, 0, '', 7, 0, 0, 0, 0, 0, 0, 0, 0)",
+                  m_books.now().idOf("1002")));
+    ToolRun ran = run({"--verify"});
+    EXPECT_EQ(ran.code, toolFaultsFound);
+    EXPECT_EQ(ran.out,
+              "1001 科目1001:上年期末金额 5.75,本年期初 6.00,相差 -0.25\n"
+              "1002 科目1002(部门 3):上年期末金额 7.00,本年期初 0.00,相差 7.00\n"
+              "本年期初余额与上年期末余额有 2 处不同。\n");
+    ran = run({"--verify", "--json"});
+    EXPECT_THAT(ran.out, HasSubstr("\"closing\": 5.75"));
+    EXPECT_EQ(run({"--verify", "--dry-run"}).code, toolWrongUsage);
+}
+
+TEST_P(CarryCommands, SayWhenThereIsNoYearBefore) {
+    m_books.forgetList();
+    for (const char* option : {"--dry-run", "--verify"}) {
+        const ToolRun ran = run({option});
+        EXPECT_EQ(ran.code, toolWrongInput);
+        EXPECT_THAT(ran.err, HasSubstr("上年帐套不存在"));
+        EXPECT_EQ(ran.out, "");
+    }
+}
+
+CHENGHENG_ON_SHARED_ENGINES(CarryCommands);
+
+}  // namespace
+}  // namespace carry_commands

@@ -1,0 +1,11 @@
+#pragma once
+
+/// What chbooks says of the carry-forward, in its help. The operator's texts are those of the
+/// books.
+namespace chengheng::tool_texts {
+
+inline constexpr const char* carryCommand = "把上年期末余额结转为本年期初余额";
+inline constexpr const char* dryRunCarry = "只显示将结转的内容和不能结转的原因,不写入";
+inline constexpr const char* verifyCarry = "核对本年期初余额与上年期末余额,不写入";
+
+}  // namespace chengheng::tool_texts
