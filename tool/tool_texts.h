@@ -163,8 +163,9 @@ inline constexpr const char* entriesExported = "期初明细已导出到“{}”
 inline constexpr const char* printCommand = "把列表写成 PDF、XLSX 或 CSV 文件,与窗口打印的相同";
 inline constexpr const char* listArgument =
     "列表:settle(结算方式)、sign(凭证类别)、sign-usage(凭证类别使用情况)、\n"
-    "currency(外币)、fixed-rates(固定汇率)、floating-rates(浮动汇率)、accounts(会计科目)、\n"
-    "departments(部门)、persons(个人)、operators(财务分工)、rights(操作员权限对照表)、\n"
+    "currency(外币)、fixed-rates(固定汇率)、\n"
+    "floating-rates(浮动汇率)、accounts(会计科目)、departments(部门)、persons(个人)、\n"
+    "operators(财务分工)、rights(操作员权限对照表)、\n"
     "unit-classes(单位分类)、units(单位)、project-classes(项目大类)、projects(项目)";
 inline constexpr const char* pdfOption = "写成 PDF 文件;- 为标准输出";
 inline constexpr const char* xlsxOption = "写成 XLSX 文件;- 为标准输出";

@@ -36,9 +36,10 @@ struct UsageRow {
     int unposted = 0;
     std::int32_t firstNumber = 0;  ///< 0: none, as there is none of a year
     std::int32_t lastNumber = 0;
-    Date firstDate;
-    Date lastDate;
-    std::string remarks;  ///< numbers that are missing or stand twice; what else carries the type
+    Date firstDate = {};
+    Date lastDate = {};
+    std::string remarks =
+        {};  ///< numbers that are missing or stand twice; what else carries the type
 
     bool operator==(const UsageRow&) const = default;
 };
