@@ -7,7 +7,7 @@
 namespace chengheng {
 namespace {
 
-constexpr LockLists lockLists{"Code", "Cyrency ExchgFix ExchgFlt"};  // sic
+constexpr LockLists lockLists{WriteRight::currencies, "Code", "Cyrency ExchgFix ExchgFlt"};  // sic
 
 }  // namespace
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 
 namespace chengheng {
 

@@ -20,7 +20,7 @@ namespace {
 
 namespace texts = operator_texts;
 
-constexpr LockLists lockLists{"", "Users UserAuth"};
+constexpr LockLists lockLists{WriteRight::supervisor, "", "Users UserAuth"};
 
 bool isOwn(const _UsersInfo& user) {
     return g_lpLogonUserInfo != nullptr && g_lpLogonUserInfo->lUserId == user.lUserId;

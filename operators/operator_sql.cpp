@@ -1,7 +1,7 @@
 #include "operators/operator_sql.h"
 
 #include "data/sql/sql_format.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 
 namespace chengheng::operator_sql {
 

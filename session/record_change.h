@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "base/messages/messages.h"
+#include "base/messages/refusal.h"
 #include "data/access/table_locks.h"
 
 namespace chengheng {
@@ -32,15 +33,39 @@ struct UntoldOutcome {
 /// none.
 UntoldOutcome outcomeOfRow(int operationResult, const Notice& whenMissing);
 
-/// The tables that a change locks: those that refer to the changed one, and the changed one.
+/// The right that a change asks for, by the number of its function in the rights list.
+enum class WriteRight {
+    supervisor = -1,  ///< no function, but being a supervisor
+    own = 0,          ///< everybody's, of what is the own
+    persons = 1,
+    departments = 8,
+    projectItems = 13,
+    projectClasses = 14,
+    parameters = 40,
+    accounts = 41,
+    opening = 43,
+    carryForward = 45,
+    currencies = 46,
+    voucherTypes = 52,
+    settlement = 57,
+    units = 75,
+};
+
+/// Why whoever is logged on may not make a change; nothing when he may. Who works with books
+/// without logging on, as chbooks does who can write the file, needs no right.
+std::optional<Refusal> writeRefusal(WriteRight right);
+
+/// What a change asks for: the right to it, and the tables that it locks, those that refer to the
+/// changed one and the changed one.
 struct LockLists {
+    WriteRight right;
     const char* referring;
     const char* own;
     ReleaseOrder releaseOrder = ReleaseOrder::asTaken;
 };
 
-/// Runs work on the open set of books between the locks. They are released before anything is
-/// told, so that nobody waits for an operator to read.
+/// Runs work on the open set of books between the locks, where the right to it is there. They are
+/// released before anything is told, so that nobody waits for an operator to read.
 Outcome underLocks(IMessages& messages, const LockLists& tables,
                    const std::function<UntoldOutcome()>& work);
 

@@ -8,9 +8,10 @@
 #include "data/access/CNbCwDB.h"
 #include "data/lookups/CGetData.h"
 #include "data/tables/settlement.h"
+#include "session/CCheckAuth.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"
-#include "session/rights/CCheckAuth.h"
+#include "session/rights_texts.h"
 #include "setting/hub_texts.h"
 
 namespace chengheng {
@@ -42,7 +43,7 @@ Refusal closedFunction(const char* text, MessageIcon icon) {
 std::optional<Refusal> supervisor(const HubNeeds& needs) {
     const bool isSupervisor = g_lpLogonUserInfo != nullptr && g_lpLogonUserInfo->lManager == 1;
     if (!needs.isForSupervisors || isSupervisor) return std::nullopt;
-    return closedFunction(hub_texts::noSupervisor, MessageIcon::stop);
+    return closedFunction(rights_texts::supervisorMissing, MessageIcon::stop);
 }
 
 std::optional<Refusal> right(const HubNeeds& needs) {

@@ -4,7 +4,6 @@ namespace chengheng::hub_texts {
 
 inline constexpr const char* title = "基础设置";
 
-inline constexpr const char* noSupervisor = "你没有[主管]权限!";
 inline constexpr const char* noForeignCurrency =
     "该帐套没有设置外币核算,请到“帐套管理”->“帐套参数调整”中设置完后再使用该功能!";
 

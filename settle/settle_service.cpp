@@ -19,7 +19,8 @@
 namespace chengheng {
 namespace {
 
-constexpr LockLists lockLists{"RecpBank RecpEnter UnregMain UnregSub", "Settle"};
+constexpr LockLists lockLists{WriteRight::settlement, "RecpBank RecpEnter UnregMain UnregSub",
+                              "Settle"};
 
 /// A table that refers to methods by their number.
 struct Referrer {

@@ -18,7 +18,7 @@
 #include "screen/form_style.h"
 #include "screen/guarded.h"
 #include "session/failure_texts.h"
-#include "session/rights/CCheckAuth.h"
+#include "session/CCheckAuth.h"
 #include "setting/hub_status.h"
 #include "shell/lock_wait_box.h"
 #include "shell/new_books_window.h"

@@ -163,7 +163,7 @@ def no_texts_in_data(source):
 CHINESE_AS_DATA = ("accounts/codes/mnemonic.cpp", "base/messages/messages.h",
                    "books/demo/demo_data.", "opening/editing/amount_text.cpp",
                    "report/engine/cell_lines.cpp", "report/output/print_templates.cpp",
-                   "screen/fonts.cpp", "session/rights/rights_list.cpp")
+                   "screen/fonts.cpp", "session/rights_list.cpp")
 
 
 def texts_at_their_place(source):

@@ -10,7 +10,7 @@
 namespace chengheng {
 
 /// What writes voucher types locks: they name accounts.
-inline constexpr LockLists voucherTypeLocks{"Code", "Sign"};
+inline constexpr LockLists voucherTypeLocks{WriteRight::voucherTypes, "Code", "Sign"};
 
 /// Reads and changes the voucher types of the open set of books. Whatever does not give `done` has
 /// told the operator why. Changes hold their locks across checks and writing.

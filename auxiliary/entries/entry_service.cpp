@@ -259,7 +259,7 @@ UntoldOutcome EntryWriting::writeAdditions() {
 Outcome EntryService::write(const AuxiliaryAccount& account, std::span<EntryChange> changes,
                             const EntryFollowUp& followUp) {
     if (changes.empty()) return Outcome::done;
-    return underLocks(m_messages, {m_member.lookupTables, writtenTables}, [&] {
+    return underLocks(m_messages, {WriteRight::opening, m_member.lookupTables, writtenTables}, [&] {
         const TableLocks further(*g_pDB, furtherTables(m_member), "");
         if (!further.areGranted()) return UntoldOutcome::failed();
         EntryWriting writing(m_member, account, changes);

@@ -142,6 +142,8 @@ class Carrying {
     }
 
     UntoldOutcome write(CarriedForward& result) {
+        if (const auto refusal = writeRefusal(WriteRight::carryForward))
+            return UntoldOutcome::refused(refusal->notice);
         OpeningBooks books;
         CarryPlan plan;
         UntoldOutcome written =

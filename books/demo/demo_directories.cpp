@@ -7,7 +7,7 @@
 #include "data/tables/operators.h"
 #include "data/tables/settlement.h"
 #include "directories/directory.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 
 namespace chengheng {
 namespace {

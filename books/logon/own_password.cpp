@@ -15,7 +15,7 @@
 namespace chengheng {
 namespace {
 
-constexpr LockLists lockLists{"", "Users UserAuth"};
+constexpr LockLists lockLists{WriteRight::own, "", "Users UserAuth"};
 
 UntoldOutcome refused(const char* text, const char* field) {
     return UntoldOutcome::refused({.text = text, .beep = true, .focusField = field});

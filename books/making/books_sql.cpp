@@ -7,7 +7,7 @@
 #include "data/tables/printing.h"
 #include "data/tables/record_type.h"
 #include "report/output/print_templates.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 
 namespace chengheng::books_sql {
 namespace {

@@ -19,7 +19,8 @@
 namespace chengheng {
 namespace {
 
-constexpr LockLists lockLists{"Code AccSum AssAcc Cyrency RegMain RegSub UnRegMain UnRegSub",
+constexpr LockLists lockLists{WriteRight::parameters,
+                              "Code AccSum AssAcc Cyrency RegMain RegSub UnRegMain UnRegSub",
                               "zAccountM"};
 
 Status readCurrencyUse(CNbCwDB& database, ParameterFacts& facts) {

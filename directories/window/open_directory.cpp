@@ -3,7 +3,7 @@
 #include "directories/directory_texts.h"
 #include "directories/window/directory_window.h"
 #include "screen/shown.h"
-#include "session/rights/CCheckAuth.h"
+#include "session/CCheckAuth.h"
 
 namespace chengheng {
 

@@ -13,7 +13,8 @@ namespace {
 
 namespace texts = opening_texts;
 
-constexpr LockLists lockLists{"AssSum AccSum Cyrency UnRegMain UnRegSug",  // sic
+constexpr LockLists lockLists{WriteRight::opening,
+                              "AssSum AccSum Cyrency UnRegMain UnRegSug",  // sic
                               "Code"};
 
 Refusal wrongInput(const char* text) { return {RefusalKind::wrongInput, {.text = text}}; }

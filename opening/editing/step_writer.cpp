@@ -16,7 +16,7 @@
 namespace chengheng {
 namespace {
 
-constexpr LockLists lockLists{"Code", "AccSum"};
+constexpr LockLists lockLists{WriteRight::opening, "Code", "AccSum"};
 
 /// From here on reading everything anew costs less than comparing row by row.
 constexpr std::size_t manyChanges = 64;

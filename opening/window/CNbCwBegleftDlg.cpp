@@ -32,7 +32,7 @@
 #include "screen/report/CNxGridControl.h"
 #include "screen/shown.h"
 #include "screen/wait_window.h"
-#include "session/rights/CCheckAuth.h"
+#include "session/CCheckAuth.h"
 
 namespace opening_command = chengheng::opening_command;
 namespace opening_texts = chengheng::opening_texts;

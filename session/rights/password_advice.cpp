@@ -4,7 +4,7 @@
 #include <array>
 
 #include "base/values/text.h"
-#include "session/rights/rights_texts.h"
+#include "session/rights_texts.h"
 
 namespace chengheng {
 namespace {

@@ -15,7 +15,7 @@
 #include "data/tables/printing.h"
 #include "report/output/print_templates.h"
 #include "session/rights/passwords.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"

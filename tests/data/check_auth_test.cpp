@@ -1,4 +1,4 @@
-#include "session/rights/CCheckAuth.h"
+#include "session/CCheckAuth.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "data/access/CNbCwDB.h"
 #include "session/host_globals.h"
 #include "session/host_messages.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_layout.h"
 #include "tests/support/recording_messages.h"

@@ -21,7 +21,7 @@
 #include "data/tables/settlement.h"
 #include "data/tables/vouchers.h"
 #include "data/transfer/content_digest.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
 #include "tests/support/failing_disk.h"

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "report/output/print_templates.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 
 namespace {
 

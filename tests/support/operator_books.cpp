@@ -6,7 +6,7 @@
 #include "data/sql/sql_format.h"
 #include "data/tables/operators.h"
 #include "session/rights/passwords.h"
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 #include "tests/support/made_layout.h"
 
 namespace chengheng {

@@ -16,7 +16,7 @@
 #include "opening/storing/opening_sql.h"
 #include "operators/operator_sql.h"
 #include "report/output/print_sql.h"
-#include "session/rights/services_sql.h"
+#include "session/services_sql.h"
 #include "settle/settle_sql.h"
 
 namespace chengheng {

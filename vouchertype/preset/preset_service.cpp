@@ -49,6 +49,8 @@ std::optional<PresetAccounts> PresetService::accounts() {
 
 UntoldOutcome PresetService::write(PresetSet set) {
     if (!selectOpenBooks()) return UntoldOutcome::failed();
+    if (const auto refusal = writeRefusal(WriteRight::voucherTypes))
+        return UntoldOutcome::refused(refusal->notice);
     auto locks = takeLocks();
     if (!locks->areGranted()) return UntoldOutcome::failed();
     const int stored = CGetData::LoadSignMemoryMapTable(g_lpszNbZwDBName);

@@ -1,4 +1,4 @@
-#include "session/rights/rights_texts.h"
+#include "session/rights_texts.h"
 
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-#include "session/rights/services_sql.h"
+#include "session/services_sql.h"
 
 #include "data/sql/sql_format.h"
 

@@ -1,4 +1,4 @@
-#include "session/rights/rights_list.h"
+#include "session/rights_list.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "session/rights/CCheckAuth.h"
+#include "session/CCheckAuth.h"
 
 #include <optional>
 #include <string>
@@ -8,9 +8,9 @@
 #include "session/host_messages.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
-#include "session/rights/rights_list.h"
-#include "session/rights/rights_texts.h"
-#include "session/rights/services_sql.h"
+#include "session/rights_list.h"
+#include "session/rights_texts.h"
+#include "session/services_sql.h"
 
 namespace {
 
