@@ -25,18 +25,16 @@ class LineReader {
     void read(const TrialLine& line) {
         const std::size_t faultsBefore = m_result.faults.size();
         const std::string account = readAccount(line);
-        const auto debit = readMoney(line, line.debit);
-        const auto credit = readMoney(line, line.credit);
-        if (!line.debit.empty() && !line.credit.empty() && debit != 0 && credit != 0 && debit &&
-            credit)
-            fault(fmt::format(texts::bothSides, line.number));
+        const double debit = readMoney(line, line.debit);
+        const double credit = readMoney(line, line.credit);
+        if (debit != 0 && credit != 0) fault(fmt::format(texts::bothSides, line.number));
         if (m_result.faults.size() > faultsBefore) return;
-        m_debit.add(*debit);
-        m_credit.add(*credit);
+        m_debit.add(debit);
+        m_credit.add(credit);
         if (line.debit.empty() && line.credit.empty())
             m_result.notes.push_back(fmt::format(texts::noAmount, line.number));
         else
-            m_lines.push_back(lineOf(line, account, *debit, *credit));
+            m_lines.push_back(lineOf(line, account, debit, credit));
     }
 
     std::span<const VoucherLine> finish() {
@@ -60,12 +58,12 @@ class LineReader {
         return account;
     }
 
-    /// An empty field is 0.
-    std::optional<double> readMoney(const TrialLine& line, const std::string& text) {
+    /// An empty field is 0, and so is what is no amount, which is a fault.
+    double readMoney(const TrialLine& line, const std::string& text) {
         if (text.empty()) return 0;
         const auto amount = readAmount(text);
         if (!amount) fault(fmt::format(texts::notNumber, line.number, text));
-        return amount;
+        return amount.value_or(0);
     }
 
     /// A line with 0 on one side and nothing on the other is on that side, with 0 on both on that

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include "screen/colours.h"
