@@ -30,6 +30,7 @@ inline constexpr const char* currencyPage = "汇率管理";
 inline constexpr const char* voucherTypePage = "凭证类别";
 inline constexpr const char* settlePage = "结算方式";
 inline constexpr const char* parametersPage = "帐套参数";
+inline constexpr const char* newYearPage = "建立新年度";
 
 // Captions of pictures, and the same in a menu with the keys that choose them.
 inline constexpr const char* accountsPicture = "会计科目";

@@ -22,6 +22,7 @@
 #include "setting/hub_status.h"
 #include "shell/lock_wait_box.h"
 #include "shell/new_books_window.h"
+#include "shell/new_year_window.h"
 #include "shell/open_books_window.h"
 #include "shell/shell_texts.h"
 #include "ui_logon_window.h"
@@ -31,6 +32,7 @@ namespace {
 
 constexpr const char* lastBooks = "lastBooks";
 constexpr const char* lastOperator = "lastOperator";
+constexpr int newYearRight = 35;
 constexpr int parametersRight = 40;
 
 QSettings memoryOf(const BooksRegistry& registry) {
@@ -83,6 +85,8 @@ void LogonWindow::setUpFields() {
             [this] { runGuarded(m_messages, windowTitle(), [this] { openOther(); }); });
     connect(m_ui->makeNew, &QPushButton::clicked, this,
             [this] { runGuarded(m_messages, windowTitle(), [this] { makeNew(); }); });
+    connect(m_ui->makeNewYear, &QPushButton::clicked, this,
+            [this] { runGuarded(m_messages, windowTitle(), [this] { makeNewYear(); }); });
     connect(m_ui->parameters, &QPushButton::clicked, this,
             [this] { runGuarded(m_messages, windowTitle(), [this] { changeParameters(); }); });
     connect(m_ui->ownPassword, &QPushButton::clicked, this,
@@ -212,15 +216,17 @@ void LogonWindow::logOn() {
     QDialog::accept();
 }
 
+bool LogonWindow::isLogonGiven(const char* wantedFor) {
+    if (!m_ui->password->text().isEmpty()) return true;
+    // An empty password would count as a wrong one.
+    const QLineEdit* wanted =
+        m_ui->operatorName->text().isEmpty() ? m_ui->operatorName : m_ui->password;
+    m_messages.tell(inputRefusal(wantedFor, wanted->objectName().toUtf8().constData()).notice);
+    return false;
+}
+
 void LogonWindow::changeParameters() {
-    if (m_ui->password->text().isEmpty()) {
-        // An empty password would count as a wrong one.
-        const QLineEdit* wanted =
-            m_ui->operatorName->text().isEmpty() ? m_ui->operatorName : m_ui->password;
-        const Refusal refusal =
-            inputRefusal(shell_texts::logonWanted, wanted->objectName().toUtf8().constData());
-        return m_messages.tell(refusal.notice);
-    }
+    if (!isLogonGiven(shell_texts::logonWanted)) return;
     if (!openSession()) return;
     tellSuspiciousHistory();
     if (const auto refusal = rightRefusal(parametersRight))
@@ -232,6 +238,32 @@ void LogonWindow::changeParameters() {
         m_choices[static_cast<std::size_t>(m_ui->location->currentIndex())].location;
     loadChoices();
     showChoices(choiceOf(m_choices, location));
+}
+
+void LogonWindow::makeNewYear() {
+    if (!isLogonGiven(shell_texts::newYearLogonWanted)) return;
+    if (!openSession()) return;
+    tellSuspiciousHistory();
+    const std::string ending =
+        m_choices[static_cast<std::size_t>(m_ui->location->currentIndex())].location;
+    std::optional<NewYearFacts> made;
+    if (const auto refusal = rightRefusal(newYearRight)) {
+        m_messages.tell(refusal->notice);
+    } else {
+        NewYearWindow window(m_registry, m_messages, m_passwords, ending, this);
+        if (window.look() && window.exec() == QDialog::Accepted) made = window.made();
+    }
+    m_session.logOff();
+    loadChoices();
+    if (made) m_isDateGiven = false;
+    showChoices(choiceOf(m_choices, made ? made->place : ending));
+    m_ui->password->setFocus();
+    if (!made) return;
+    const QString question = QString(shell_texts::newYearMade)
+                                 .arg(QString::fromStdString(made->setName))
+                                 .arg(made->year)
+                                 .arg(QString::fromStdString(shownLocation(made->place)));
+    if (m_messages.ask({.text = question.toStdString()}) == Answer::yes) logOn();
 }
 
 /// The next log-on begins a new history, so nobody would be told of this one.

@@ -48,6 +48,12 @@ class LogonWindow : public QDialog {
     bool openSession();
     /// Changes the parameters of the chosen books, for which the operator logs on and off again.
     void changeParameters();
+    /// Makes next year's books from the chosen ones, for which the operator logs on and off again,
+    /// and offers to log on to them.
+    void makeNewYear();
+    /// Whether there is an operator and a password to log on with; what is wanted them for is told
+    /// where there is not.
+    bool isLogonGiven(const char* wantedFor);
     /// Gives the operator who is filled in another password, likewise.
     void changePassword();
     void tellSuspiciousHistory();

@@ -8,6 +8,12 @@ inline constexpr const char* lockWaited = "已等待 %1";
 inline constexpr const char* logon = "登录";
 inline constexpr const char* logonWanted = "请先填好操作员和口令,再修改帐套参数";
 
+inline constexpr const char* newYearLogonWanted = "请先填好操作员和口令,再建立新年度";
+inline constexpr const char* newYearHint = "由帐套“%1”的%2年度建立%3年度";
+inline constexpr const char* newYearWorking = "正在建立%1年度帐套...";
+inline constexpr const char* newYearMade =
+    "帐套“%1”的%2年度已建立,存放在:\n%3\n\n操作员和口令与上年相同。现在登录新年度吗?";
+inline constexpr const char* makeIt = "建立";
 inline constexpr const char* serverPasswordTitle = "服务器口令";
 inline constexpr const char* serverPasswordWanted = "数据库服务器“%1”需要口令。";
 inline constexpr const char* serverPasswordWrong = "数据库服务器“%1”没有接受这个口令,请重新输入。";

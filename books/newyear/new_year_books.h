@@ -35,6 +35,8 @@ struct NewYearPlan {
 
     /// What will happen, for the operator who has to decide.
     std::string text() const;
+    /// What of it the new books get.
+    std::string contentText() const;
 };
 
 /// Makes the books of the next year from those of a year: accounts, directories, currencies and

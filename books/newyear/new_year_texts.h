@@ -22,8 +22,8 @@ inline constexpr std::array taken{
     TakenText{"Users", "操作员及其权限"},
 };
 
-inline constexpr const char* heading = "由帐套“{}”的{}年度({})\n建立{}年度,存放在:\n{}\n";
-inline constexpr const char* takenOver = "\n带入:";
+inline constexpr const char* heading = "由帐套“{}”的{}年度({})\n建立{}年度,存放在:\n{}\n\n";
+inline constexpr const char* takenOver = "带入:";
 inline constexpr const char* takenItem = "{} {}";
 inline constexpr const char* between = "、";
 inline constexpr const char* leftOut =

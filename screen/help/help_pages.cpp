@@ -24,6 +24,7 @@ constexpr HelpPage pages[] = {
     {voucherTypeHelpContext, screen_texts::voucherTypePage, ":/help/voucher_types.html"},
     {settleHelpContext, screen_texts::settlePage, ":/help/settle.html"},
     {parametersHelpContext, screen_texts::parametersPage, ":/help/parameters.html"},
+    {newYearHelpContext, screen_texts::newYearPage, ":/help/new_year.html"},
 };
 
 }  // namespace

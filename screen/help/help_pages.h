@@ -22,6 +22,7 @@ inline constexpr int directoryHelpContext = 197786;
 inline constexpr int parametersHelpContext = 197787;
 inline constexpr int currencyHelpContext = 197788;
 inline constexpr int voucherTypeHelpContext = 197789;
+inline constexpr int newYearHelpContext = 197790;
 
 /// In the order of the table of contents.
 std::span<const HelpPage> helpPages();
