@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLayout>
 
 #include "data/engines/open_engine.h"
 #include "screen/background_work.h"
@@ -58,6 +59,9 @@ bool NewYearWindow::look() {
     m_ui->target->setPlaceholderText(
         QString(shell_texts::defaultPlace).arg(QString::fromStdString(shownLocation(facts.place))));
     showPlan();
+    // By itself a text that wraps makes the form as wide as it can.
+    const int width = std::max(minimumWidth(), minimumSizeHint().width());
+    resize(width, layout()->totalHeightForWidth(width));
     return true;
 }
 

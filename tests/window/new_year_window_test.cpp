@@ -81,6 +81,8 @@ TEST(NewYearWindow, ShowsWhatIsTakenOverAndWhere) {
                   "不填时存放在 " + books.next());
         const auto* content = window.findChild<QLabel*>("content");
         EXPECT_TRUE(content->text().startsWith("带入:会计科目 "));
+        EXPECT_LE(window.width(), window.fontMetrics().horizontalAdvance("帐") * 48);
+        EXPECT_GE(content->height(), content->heightForWidth(content->width()));
         EXPECT_TRUE(content->text().contains("新年度各月、各日的汇率为空"));
         window.findChild<QCheckBox*>("lastRates")->setFocus();
         QTest::keyClick(window.focusWidget(), Qt::Key_Space);
