@@ -30,14 +30,14 @@ struct ClosedAccount {
     bool isDebit = false;
     bool isEnd = false;
     bool isDoubled = false;  ///< there is more than one row of the last period
-    EntryFigures closing;
+    EntryFigures closing = {};
 };
 
 /// The closing of one combination of dimensions.
 struct ClosedDetail {
     std::int32_t account = 0;
     EntryDimensions of;
-    EntryFigures closing;
+    EntryFigures closing = {};
 };
 
 /// What a year of books ends with, or begins with.

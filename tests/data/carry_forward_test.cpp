@@ -2,11 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
-#include "opening/sheet/opening_texts.h"
+#include "data/tables/schema.h"
 #include "tests/support/carry_books.h"
 #include "tests/support/killed_process.h"
+#include "tests/support/older_books.h"
 #include "tests/support/other_workstation.h"
+#include "tests/support/small_books.h"
 #include "tests/support/told_failures.h"
 
 namespace {
@@ -257,6 +261,32 @@ TEST_P(CarryForward, TellsWhichBooksCannotBeRead) {
     EXPECT_THAT(messages().onlyNotice().text, HasSubstr(shownLocation(m_books.lastLocation())));
     EXPECT_EQ(m_books.now().rows(), Texts{});
     EXPECT_EQ(m_books.now().database().selectedName(), "books");
+}
+
+TEST_P(CarryForward, ReadsBooksOfAnOlderLayoutAndLeavesThemSo) {
+    const std::string older = freshLocation(GetParam());
+    fillOlderBooks(*openForTest(older), 1);
+    const int layout = layoutAt(older);
+    {
+        const auto engine = openForTest(older, OpenMode::existing);
+        runScript(*engine, "UPDATE zAccountM SET lYear = 2025");
+        runScript(*engine, "DELETE FROM Code");
+        runScript(*engine, "DELETE FROM AccSum");
+    }
+    m_books.list(m_books.location(), older);
+    expectRefused(differing);
+    EXPECT_EQ(layoutAt(older), layout);
+    EXPECT_LT(layout, booksFormatVersion);
+}
+
+TEST_P(CarryForward, TellsBooksThatAreDamaged) {
+    if (isServerAddress(m_books.lastLocation())) return;
+    std::ofstream(m_books.lastLocation()) << "no books";
+    EXPECT_EQ(m_books.carry(), Outcome::failed);
+    EXPECT_THAT(messages().onlyNotice().text, HasSubstr(m_books.lastLocation()));
+    EXPECT_EQ(m_books.now().rows(), Texts{});
+    std::ifstream file(m_books.lastLocation());
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "no books");
 }
 
 TEST_P(CarryForward, FailsWholeAtWhateverCallAndTellsIt) {
