@@ -87,15 +87,17 @@ bool fillMatrix(Report& report) {
     std::vector<OperatorRecord> operators;
     if (!readOperators(operators)) return false;
     const std::vector<NumberedFunction> functions = allFunctions();
-    Report left{.columns = report.columns};
+    Report left;
+    left.columns = report.columns;
     addRows<NumberedFunction>(left, functionFields, functions);
     report.columns = left.columns;
     report.keyColumn = left.keyColumn;
     for (const OperatorRecord& record : operators) {
         const int width = 2 * static_cast<int>(characterCount(record.user.sUserName));
-        report.columns.push_back({.heading = record.user.sUserName,
-                                  .width = std::max(width, narrowestOperator),
-                                  .alignment = Alignment::center});
+        ReportColumn& column = report.columns.emplace_back();
+        column.heading = record.user.sUserName;
+        column.width = std::max(width, narrowestOperator);
+        column.alignment = Alignment::center;
     }
     for (std::size_t row = 0; row < functions.size(); ++row) {
         std::vector<ReportCell> cells;

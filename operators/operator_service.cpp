@@ -204,7 +204,8 @@ std::optional<std::vector<OperatorRecord>> OperatorService::readAll() {
 Outcome OperatorService::add(const OperatorInput& input, OperatorRecord& added) {
     if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
     UntoldOutcome checked = refuseInput(input, 0);
-    _UsersInfo user{.sUserName = std::string(operatorName(input))};
+    _UsersInfo user;
+    user.sUserName = operatorName(input);
     if (checked.outcome == Outcome::done) checked = hashed(input.password, m_cost, user.sPassword);
     if (checked.outcome != Outcome::done) return told(m_messages, checked);
     const Outcome outcome = changeRecords(m_messages, lockLists, [&] {
