@@ -160,6 +160,10 @@ inline constexpr const char* exportAuxiliaryCommand =
     "把一个辅助科目的期初明细导出为表格文件,可以原样导入";
 inline constexpr const char* entriesExported = "期初明细已导出到“{}”。";
 
+inline constexpr const char* dutiesOption = "同时列出各操作员的不相容职务,例如制单又审核";
+inline constexpr const char* dutiesTitle = "不相容职务";
+inline constexpr const char* incompatibleDuty = "操作员 {}:{}";
+
 inline constexpr const char* printCommand = "把列表写成 PDF、XLSX 或 CSV 文件,与窗口打印的相同";
 inline constexpr const char* listArgument =
     "列表:settle(结算方式)、sign(凭证类别)、sign-usage(凭证类别使用情况)、\n"
