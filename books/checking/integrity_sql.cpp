@@ -32,7 +32,7 @@ std::string hasItem(const std::string& itemTable) {
 std::string linesOfRestrictedVouchers(const std::string& headers, const std::string& lines) {
     return "SELECT m.lId, m.sSign, m.lNumber, m.dtDate, coalesce(s.lCodeId, 0), "
            "coalesce(s.bDirect, 0), coalesce(s.mMoney, 0), coalesce(s.mFgn, 0), "
-           "coalesce(s.dAmt, 0) FROM " +
+           "coalesce(s.dAmt, 0), coalesce(s.lId, 0) FROM " +
            headers + " m LEFT JOIN " + lines +
            " s ON s.lTieId = m.lId WHERE m.byPeroid > 0 AND m.sSign IN (SELECT sSign FROM Sign "
            "WHERE byLimit <> 0) AND NOT EXISTS (SELECT 1 FROM " +

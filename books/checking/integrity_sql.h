@@ -99,8 +99,8 @@ inline constexpr const char* combinationFigures =
 inline constexpr const char* restrictedTypes =
     "SELECT sSign, byLimit, sCode1, sCode2 FROM Sign WHERE byLimit <> 0 ORDER BY lId";
 /// The lines of all vouchers of such types in the tables of headers and lines, opening entries left
-/// out: id, type, number, date; account, debit, three amounts. A voucher without lines has one row,
-/// without an account id.
+/// out: id, type, number, date; account, debit, three amounts, id of the line. A voucher without
+/// lines has one row, without that id.
 std::string linesOfRestrictedVouchers(const std::string& headers, const std::string& lines);
 
 inline constexpr const char* currencies = "SELECT lId, sExchCode FROM Cyrency ORDER BY lId";

@@ -79,9 +79,9 @@ class RestrictionNotes {
                            .date = std::string(row.text(3)),
                            .lines = {}};
             }
-            if (const std::int64_t account = row.integer(4); account != 0)
+            if (row.integer(9) != 0)
                 voucher.lines.push_back({.number = static_cast<int>(voucher.lines.size()) + 1,
-                                         .account = codeOf(account),
+                                         .account = codeOf(row.integer(4)),
                                          .isDebit = row.integer(5) != 0,
                                          .amount = amountOf(row)});
             return Status::done();

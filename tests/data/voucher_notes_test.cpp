@@ -106,6 +106,9 @@ TEST_P(VoucherNotes, LeaveOpeningEntriesOut) {
 TEST_P(VoucherNotes, LeaveVouchersWithoutAnAccountInTheChartToTheCheckOfReferences) {
     add("Unreg", 11, "收", {"77, 1, 5", "6, 0, 5"});
     EXPECT_THAT(notes(), ElementsAre(testing::HasSubstr("借方只有第 1 行 (没有这个科目)")));
+    run("UPDATE UnregSub SET lCodeId = 0 WHERE lCodeId = 77");
+    EXPECT_THAT(notes(), ElementsAre(testing::HasSubstr("借方只有第 1 行 (没有这个科目)")))
+        << "a line without an account is one, too";
 }
 
 TEST_P(VoucherNotes, TellARestrictionThatNoVoucherCanKeepOnce) {
