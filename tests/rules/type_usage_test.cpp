@@ -74,6 +74,7 @@ TEST(TypeUsage, NamesTheNumbersThatStandTwiceAndVouchersWithoutOne) {
     EXPECT_EQ(remarksOn({0, 0, 1}), "无号 2 张");
     EXPECT_EQ(remarksOn({0}), "无号 1 张");
     EXPECT_EQ(remarksOn({-1, 1}), "无号 1 张");
+    EXPECT_EQ(remarksOn({2147483647, 2147483647}), "缺 1-2147483646;重 2147483647");
 }
 
 TEST(TypeUsage, TellsTheFirstTwelveGaps) {

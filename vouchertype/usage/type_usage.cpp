@@ -36,7 +36,7 @@ NumberFaults faultsOf(std::vector<std::int32_t> numbers) {
             ++faults.unnumbered;
             continue;
         }
-        if (number > last + 1) faults.missing.push_back({last + 1, number - 1});
+        if (number - last > 1) faults.missing.push_back({last + 1, number - 1});
         const bool isKnown = !faults.doubled.empty() && faults.doubled.back().last == number;
         if (number == last && !isKnown) faults.doubled.push_back({number, number});
         last = number;
