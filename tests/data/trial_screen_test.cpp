@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <optional>
 
 #include "tests/support/engine_cases.h"
@@ -130,6 +131,23 @@ TEST_P(TrialScreens, EraseAndClear) {
     EXPECT_EQ(words(), Texts{"第 1 行没有科目"});
     m_screen->clear();
     EXPECT_EQ(line(0), "|||");
+    EXPECT_EQ(words(), Texts{"没有分录"});
+}
+
+TEST_P(TrialScreens, EraseTenThousandLinesAtOnce) {
+    constexpr int lines = 10'000;
+    std::string block;
+    std::vector<TrialCell> cells;
+    for (int row = 0; row < lines; ++row) {
+        block += "1001\t5\t\n";
+        for (const TrialColumn column : {account, debit, credit}) cells.push_back({row, column});
+    }
+    ASSERT_TRUE(m_screen->paste({0, account}, block));
+    EXPECT_EQ(m_screen->rowCount(), lines + 1);
+    const auto start = std::chrono::steady_clock::now();
+    m_screen->erase(cells);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10))
+        << "the voucher is tried once, not once a cell";
     EXPECT_EQ(words(), Texts{"没有分录"});
 }
 

@@ -102,7 +102,9 @@ void TrialScreen::type(const TrialCell& cell, std::string_view text) {
 
 void TrialScreen::erase(const std::vector<TrialCell>& cells) {
     for (const TrialCell& cell : cells)
-        if (isEditable(cell) && cell.row < static_cast<int>(m_lines.size())) type(cell, {});
+        if (isEditable(cell) && cell.row < static_cast<int>(m_lines.size()))
+            (lineAt(cell.row).*fieldOf(cell.column)).clear();
+    say();
 }
 
 void TrialScreen::clear() {
