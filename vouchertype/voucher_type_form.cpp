@@ -35,6 +35,8 @@ bool VoucherTypeForm::isComplete() const {
 
 Outcome VoucherTypeForm::write(SaveMode mode, Leaf& saved) {
     _SignInfo wanted = tidied(input);
+    // A number that nobody touched is not renumbered by the blanks around it.
+    if (input.sSign == m_loaded.sSign) wanted.sSign = m_loaded.sSign;
     const Outcome outcome =
         mode == SaveMode::addition ? m_service.add(wanted) : m_service.modify(m_loaded, wanted);
     if (outcome != Outcome::done) return outcome;

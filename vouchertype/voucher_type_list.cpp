@@ -6,14 +6,17 @@
 #include "report/output/list_reading.h"
 #include "report/output/print_templates.h"
 #include "vouchertype/restriction_kind.h"
+#include "vouchertype/voucher_type_rules.h"
+#include "vouchertype/voucher_type_texts.h"
 
 namespace chengheng {
 namespace {
 
 /// Absent for a type without restriction.
 ReportCell limitCell(const _SignInfo& type) {
+    if (!isRestricted(type)) return {};
     const char* text = restrictionKindText(type.byLimit);
-    return text == nullptr ? ReportCell() : ReportCell(text);
+    return ReportCell(text == nullptr ? voucher_type_texts::unknownRestriction : text);
 }
 
 ReportCell filledCell(const std::string& text) {

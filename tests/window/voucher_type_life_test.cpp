@@ -117,6 +117,23 @@ TEST_F(VoucherTypeWindowTest, KeepsWhatWasTypedWhenTheTypeHasGone) {
     EXPECT_EQ(books.stored().back(), "3 收 收入 1 1001 1002");
 }
 
+TEST_F(VoucherTypeWindowTest, LeavesAStoredNumberWithBlanksAsItIsUntilItIsEdited) {
+    books.run(
+        "INSERT Sign (lId, sSign, sSignName) VALUES(1, ' 1', '收款')\r\n"
+        "INSERT RegMain (lId, sSign) VALUES(1, ' 1')");
+    open();
+    type(name(), "收款凭证");
+    press(Qt::Key_Return);
+    EXPECT_EQ(books.messages.texts(), Texts{}) << "its vouchers keep it";
+    EXPECT_EQ(books.stored(), Texts{"1  1 收款凭证 0"});
+    type(number(), "1");
+    press(Qt::Key_Return);
+    EXPECT_EQ(books.messages.onlyNotice().text, "凭证类别已使用,不能再修改!");
+    books.run("DELETE RegMain WHERE lId = 1");
+    press(Qt::Key_Return);
+    EXPECT_EQ(books.stored(), Texts{"1 1 收款凭证 0"});
+}
+
 TEST_F(VoucherTypeWindowTest, TakesTextsThatAStatementCouldTripOver) {
     open();
     for (const char* number : {"'", "%", "_", "Ａ", "''"}) {
@@ -148,14 +165,15 @@ TEST_F(VoucherTypeWindowTest, PrintsAndPreviewsItsList) {
         "INSERT ZWPrintSub (lId, lTieId, sColName, byWidth) VALUES(3, 5, '限制', 10)\r\n"
         "INSERT ZWPrintSub (lId, lTieId, sColName, byWidth) VALUES(4, 5, '科目一', 10)\r\n"
         "INSERT ZWPrintSub (lId, lTieId, sColName, byWidth) VALUES(5, 5, '科目二', 10)");
-    open({receipt, "记 记帐凭证 0"});
+    open({receipt, "记 记帐凭证 0", "特 特种凭证 7 1001 1002"});
     press(Qt::Key_P, Qt::ControlModifier);
     choose("打印预览");
     ASSERT_EQ(printer.outputs.size(), 2u);
     EXPECT_EQ(printer.outputs[0].kind, ReportOutput::print);
     EXPECT_EQ(printer.outputs[1].kind, ReportOutput::preview);
     EXPECT_EQ(rowTexts(printer.outputs[0].report),
-              (Texts{"收|收款凭证|借方必有|1001|1002", "记|记帐凭证|-|-|-"}));
+              (Texts{"收|收款凭证|借方必有|1001|1002", "记|记帐凭证|-|-|-",
+                     "特|特种凭证|限制方式不明|1001|1002"}));
     EXPECT_TRUE(books.messages.texts().empty());
 }
 
