@@ -65,9 +65,22 @@ TEST(TrialVoucher, SaysOfEachTypeWhetherTheVoucherMayBeOfIt) {
 
 TEST(TrialVoucher, TakesTheCodeInFrontOfAName) {
     EXPECT_EQ(accountIn(trialBooks(), "1001 库存现金"), "1001");
+    EXPECT_EQ(accountIn(trialBooks(), "1001　库存 现金"), "1001") << "a wide blank";
     EXPECT_EQ(accountIn(trialBooks(), " 100201 "), "100201");
     EXPECT_EQ(accountIn(trialBooks(), "库存现金"), "");
     EXPECT_EQ(accountIn(trialBooks(), ""), "");
+}
+
+TEST(TrialVoucher, TellsWhichTypesNameAccountsThatRestrictNothing) {
+    TrialBooks books = trialBooks();
+    books.types = {{1, "转", "转帐凭证", 3, "100201", "1009"},
+                   {2, "收", "收款凭证", 1, "1001", ""},
+                   {3, "记", "记帐凭证", 0, "1009", ""}};
+    const TrialResult result =
+        tryVoucher(TrialLines{{1, "100201", "1", ""}, {2, "1001", "", "1"}}, books);
+    EXPECT_EQ(result.notes, (Texts{"凭证类别 转 的限制科目“100201”不是一级科目,不起作用",
+                                   "凭证类别 转 的限制科目“1009”不是一级科目,不起作用"}));
+    EXPECT_EQ(result.verdicts.size(), 3u);
 }
 
 TEST(TrialVoucher, SaysWhichLineCannotBeReadAndNothingOfTheTypes) {

@@ -16,6 +16,9 @@ inline constexpr const char* debit = "借";
 inline constexpr const char* credit = "贷";
 inline constexpr const char* noColumns = "没有科目编码、借方、贷方三列";
 
+/// Stands between code and name as a common blank does.
+inline constexpr const char* wideBlank = "　";
+
 // What is wrong with a line: its number comes first.
 inline constexpr const char* noAccount = "第 {} 行没有科目";
 inline constexpr const char* unknownAccount = "第 {} 行:没有科目“{}”";
@@ -24,6 +27,8 @@ inline constexpr const char* bothSides = "第 {} 行借方和贷方都有金额"
 
 // What is worth knowing, and forbids nothing.
 inline constexpr const char* noAmount = "第 {} 行没有金额,不算";
+/// Type, code: gone, or below another one.
+inline constexpr const char* notFirstLevel = "凭证类别 {} 的限制科目“{}”不是一级科目,不起作用";
 inline constexpr const char* unbalanced = "借方合计 {},贷方合计 {},不平";
 
 inline constexpr const char* noLines = "没有分录";

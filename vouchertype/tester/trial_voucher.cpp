@@ -2,10 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "base/values/amount_text.h"
 #include "base/values/exact_sum.h"
 #include "base/values/numbers.h"
 #include "base/values/text.h"
+#include "vouchertype/restriction_kind.h"
 #include "vouchertype/tester/tester_texts.h"
 
 namespace chengheng {
@@ -90,6 +93,17 @@ TypeVerdict verdictOn(const _SignInfo& type, std::span<const VoucherLine> lines,
     return {type, true, restriction.empty() ? texts::unrestricted : restriction, {}};
 }
 
+/// Vouchers count with their first-level accounts, so that a type may name no other.
+void noteWrongAccounts(const _SignInfo& type, const TrialBooks& books, TrialResult& result) {
+    if (type.byLimit == stored(RestrictionKind::none)) return;
+    for (const std::string* code : {&type.sCode1, &type.sCode2}) {
+        const bool isFirstLevel =
+            books.accounts.contains(*code) && firstLevelOf(books.levels, *code) == *code;
+        if (!code->empty() && !isFirstLevel)
+            result.notes.push_back(fmt::format(texts::notFirstLevel, type.sSign, *code));
+    }
+}
+
 }  // namespace
 
 std::string TrialBooks::nameOf(std::string_view code) const {
@@ -99,7 +113,8 @@ std::string TrialBooks::nameOf(std::string_view code) const {
 
 std::string accountIn(const TrialBooks& books, std::string_view text) {
     const std::string_view whole = withoutBlanksAround(text);
-    const std::string_view first = whole.substr(0, whole.find(' '));
+    const std::string_view first =
+        whole.substr(0, std::min(whole.find(' '), whole.find(texts::wideBlank)));
     for (const std::string_view code : {whole, first})
         if (!code.empty() && books.accounts.contains(code)) return std::string(code);
     return {};
@@ -118,8 +133,10 @@ TrialResult tryVoucher(std::span<const TrialLine> lines, const TrialBooks& books
     if (books.types.empty()) result.notes.emplace_back(texts::noTypes);
     if (isEmpty || !result.faults.empty()) return result;
     const auto read = reader.finish();
-    for (const _SignInfo& type : books.types)
+    for (const _SignInfo& type : books.types) {
+        noteWrongAccounts(type, books, result);
         result.verdicts.push_back(verdictOn(type, read, books));
+    }
     return result;
 }
 
