@@ -86,13 +86,12 @@ TEST(TypeUsage, TellsTheFirstTwelveGaps) {
 }
 
 TEST(TypeUsage, AddsUpTheYear) {
-    EXPECT_EQ(
-        usage({.vouchers = {voucher("收", 1, 3), voucher("收", 2, 1), voucher("收", 2, 1),
-                            voucher("收", 2, 4)},
-               .openingEntries = {{"收", 14}},
-               .transfers = {{"收", 2}}})[0],
-        "收 收款凭证 0 月 4 张 0 未记帐 0 2026-01-01 0 2026-02-01 缺 4 号;重 1 号;期初明细 14 "
-        "张;自动转帐 2 个");
+    EXPECT_EQ(usage({.vouchers = {voucher("收", 1, 3), voucher("收", 2, 1), voucher("收", 2, 1),
+                                  voucher("收", 2, 4), voucher("收", 1, 0), voucher("收", 2, 0)},
+                     .openingEntries = {{"收", 14}},
+                     .transfers = {{"收", 2}}})[0],
+              "收 收款凭证 0 月 6 张 0 未记帐 0 2026-01-01 0 2026-02-01 缺 4 号;重 1 号;无号 2 张;"
+              "期初明细 14 张;自动转帐 2 个");
 }
 
 TEST(TypeUsage, TellsWhatElseCarriesATypeWithoutVouchers) {

@@ -117,17 +117,20 @@ void addType(std::vector<UsageRow>& rows, const _SignInfo& type, const Vouchers&
     rows.push_back(rowOf(type, 0, vouchers));
     std::int64_t missing = 0;
     std::int64_t doubled = 0;
+    int unnumbered = 0;
     for (const auto& [month, ofMonth] : months) {
         std::vector<std::int32_t> numbers;
         for (const CarriedVoucher* voucher : ofMonth) numbers.push_back(voucher->number);
         const NumberFaults faults = faultsOf(std::move(numbers));
         missing += countOf(faults.missing);
         doubled += countOf(faults.doubled);
+        unnumbered += faults.unnumbered;
         rows.push_back(rowOfMonth(type, month, ofMonth, faults));
     }
     Remarks remarks;
     if (missing > 0) remarks.add(fmt::format(texts::missingCount, missing));
     if (doubled > 0) remarks.add(fmt::format(texts::doubledCount, doubled));
+    if (unnumbered > 0) remarks.add(fmt::format(texts::unnumbered, unnumbered));
     if (const int entries = countIn(carriers.openingEntries, type.sSign); entries > 0)
         remarks.add(fmt::format(texts::openingEntries, entries));
     if (const int transfers = countIn(carriers.transfers, type.sSign); transfers > 0)
