@@ -134,6 +134,18 @@ TEST_P(TrialScreens, EraseAndClear) {
     EXPECT_EQ(words(), Texts{"没有分录"});
 }
 
+TEST_P(TrialScreens, TellTheFirstTwentyFaults) {
+    std::string block;
+    for (int row = 0; row < 20; ++row) block += "1001\tx\t\n";
+    ASSERT_TRUE(m_screen->paste({0, account}, block));
+    EXPECT_EQ(words().size(), 20u);
+    EXPECT_EQ(words().back(), "第 20 行:“x”不是金额");
+    for (int row = 0; row < 10'000; ++row) block += "9\tx\ty\n";
+    ASSERT_TRUE(m_screen->paste({0, account}, block));
+    EXPECT_EQ(words().size(), 21u);
+    EXPECT_EQ(words().back(), "还有 30000 处不对");
+}
+
 TEST_P(TrialScreens, EraseTenThousandLinesAtOnce) {
     constexpr int lines = 10'000;
     std::string block;

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <span>
 
 #include "base/values/amount_text.h"
 #include "base/values/numbers.h"
@@ -20,6 +21,7 @@ namespace texts = trial_screen_texts;
 namespace {
 
 constexpr int leastRows = 6;
+constexpr std::size_t toldFaults = 20;
 constexpr int moneyDecimals = 2;
 
 /// Where a column is kept; null for the name.
@@ -169,8 +171,12 @@ void TrialScreen::say() {
     m_words.clear();
     if (!m_books) return;
     const TrialResult result = tryVoucher(m_lines, *m_books);
-    for (const std::string& fault : result.faults)
+    const std::size_t told = std::min(result.faults.size(), toldFaults);
+    for (const std::string& fault : std::span(result.faults).first(told))
         m_words.push_back({TrialWord::Kind::fault, fault});
+    if (told < result.faults.size())
+        m_words.push_back(
+            {TrialWord::Kind::fault, fmt::format(texts::moreFaults, result.faults.size() - told)});
     for (const std::string& note : result.notes) m_words.push_back({TrialWord::Kind::note, note});
     for (const TypeVerdict& verdict : result.verdicts) m_words.push_back(wordOf(verdict));
 }

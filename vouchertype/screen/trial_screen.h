@@ -61,7 +61,7 @@ class TrialScreen {
     TrialCell afterEnter(const TrialCell& cell) const;
     TrialCell beforeEnter(const TrialCell& cell) const;
 
-    /// Faults, then notes, then each type.
+    /// The first faults and how many more there are, then notes, then each type.
     const std::vector<TrialWord>& words() const { return m_words; }
 
   private:

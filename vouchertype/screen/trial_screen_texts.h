@@ -21,6 +21,8 @@ inline constexpr const char* results = "能用哪些类别";
 /// Number and name of a type, and its restriction or why it cannot be used.
 inline constexpr const char* allowed = "可以用 {} {}:{}";
 inline constexpr const char* refused = "不能用 {} {}:{}";
+/// How many, behind those that are told.
+inline constexpr const char* moreFaults = "还有 {} 处不对";
 inline constexpr const char* nothingPasted = "剪贴板中没有分录。";
 
 }  // namespace chengheng::trial_screen_texts
