@@ -101,6 +101,10 @@ TEST_P(VoucherNotes, LeaveOpeningEntriesOut) {
     EXPECT_THAT(notes(), IsEmpty()) << "the entry of 1122 is of 收";
     run("UPDATE RegMain SET byPeroid = 1");
     EXPECT_THAT(notes(), IsEmpty()) << "whatever period its header has";
+    run("UPDATE RegSub SET bBegin = 0");
+    EXPECT_EQ(notes().size(), 1u) << "now it is a voucher";
+    run("UPDATE RegMain SET byPeroid = 0");
+    EXPECT_THAT(notes(), IsEmpty()) << "however its lines are marked";
 }
 
 TEST_P(VoucherNotes, LeaveVouchersWithoutAnAccountInTheChartToTheCheckOfReferences) {
