@@ -5,6 +5,7 @@
 
 #include "tests/support/engine_cases.h"
 #include "tests/support/run_program.h"
+#include "tests/support/small_books.h"
 
 namespace chengheng {
 
@@ -29,6 +30,13 @@ inline ProgramSettings chbooksSettings() {
 inline ProgramRun chbooks(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), CHENGHENG_CHBOOKS);
     return runProgram(arguments, chbooksSettings());
+}
+
+/// The place of small books in which everything is right.
+inline std::string smallBooks(const EngineCase& kind) {
+    const std::string location = freshLocation(kind);
+    fillSmallBooks(*openForTest(location));
+    return location;
 }
 
 }  // namespace chengheng
