@@ -6,8 +6,8 @@
 #include "data/layout/layout.h"
 #include "sheets/delimited/delimited_text.h"
 #include "tests/support/currency_books.h"
+#include "tests/support/each_call.h"
 #include "tests/support/engine_cases.h"
-#include "tests/support/killed_process.h"
 #include "tests/support/logged_locks.h"
 #include "tests/support/told_failures.h"
 
@@ -48,12 +48,6 @@ std::vector<RateChange> fillingOf(const std::vector<RateRow>& rows, double rate)
     return changes;
 }
 
-std::unique_ptr<FaultyEngine> failableBooks(const EngineCase& engineCase) {
-    auto engine = openForTest(freshLocation(engineCase));
-    if (!createLayout(*engine)) throw std::runtime_error("no layout");
-    return std::make_unique<FaultyEngine>(std::move(engine));
-}
-
 class CurrencyTrouble : public testing::TestWithParam<EngineCase> {
   protected:
     /// Lets the n-th call of a command fail, n = 1, 2, ..., until none of its calls does. What the
@@ -62,7 +56,7 @@ class CurrencyTrouble : public testing::TestWithParam<EngineCase> {
     void failEachCall(const std::function<void(CurrencyAtWork&, int number)>& prepare,
                       const std::function<bool(CurrencyAtWork&)>& command, int leastCalls) {
         for (const Failure failure : {Failure::full, Failure::lost}) {
-            CurrencyAtWork work(failableBooks(GetParam()));
+            CurrencyAtWork work(emptyFaultyBooks(GetParam()));
             work.books.insert("USD", "美元");
             work.books.insert("JPY", "日元");
             work.form.open();
@@ -190,7 +184,7 @@ TEST_P(CurrencyTrouble, AFailedCallLeavesAllOfManyRatesAsTheyWere) {
 }
 
 TEST_P(CurrencyTrouble, AFailedReadOfAYearIsNoYearWithoutRates) {
-    CurrencyAtWork work(failableBooks(GetParam()));
+    CurrencyAtWork work(emptyFaultyBooks(GetParam()));
     work.books.insert("USD", "美元");
     work.books.run("UPDATE ExchgFlt SET dRate = 7 WHERE lId < 5");
     RateOverview overview(work.form, work.books.messages, {});
@@ -226,7 +220,7 @@ TEST_P(CurrencyTrouble, AFailedCallKeepsSelectionKindAndMonthWhereTheyWere) {
             return work.form.month() == 2;
         }};
     for (const auto& command : commands) {
-        CurrencyAtWork work(failableBooks(GetParam()));
+        CurrencyAtWork work(emptyFaultyBooks(GetParam()));
         work.books.insert("USD", "美元");
         work.books.insert("JPY", "日元");
         work.form.open();
@@ -253,7 +247,7 @@ TEST_P(CurrencyTrouble, AFailedCallKeepsSelectionKindAndMonthWhereTheyWere) {
 }
 
 TEST_P(CurrencyTrouble, TakesAndFreesTheAccountsFirst) {
-    auto faulty = failableBooks(GetParam());
+    auto faulty = emptyFaultyBooks(GetParam());
     LoggedLocks locks(faulty->real().locks());
     faulty->replaceLocks(locks);
     CurrencyAtWork work(std::move(faulty));
@@ -296,39 +290,27 @@ class CurrencyCrashes : public testing::TestWithParam<EngineCase> {
         CurrencyBooks books(location);
         books.insert("USD", "美元");
         books.insert("JPY", "日元");
-        m_before = books.everything();
         return location;
     }
-    /// Kills a change before each of its calls in turn, until one survives.
     void killAtEachCall(const std::function<void(CurrencyAtWork&)>& change,
                         const std::function<void(const Texts& changed)>& expectChanged) {
-        std::string location = makeBooks();
-        int undone = 0;
-        bool isKilled = true;
-        for (int number = 1; isKilled && number < 100; ++number) {
-            isKilled = isKilledAtWork(location, [&](std::unique_ptr<FaultyEngine> engine) {
+        chengheng::killAtEachCall({
+            [this] { return makeBooks(); },
+            [&](std::unique_ptr<FaultyEngine> engine, int number) {
                 CurrencyAtWork work(std::move(engine));
                 work.form.open();
                 work.engine.dieAtCall(number);
                 change(work);
-            });
-            CurrencyBooks books(location, false);
-            EXPECT_NE(books.database.SQLLock("Code Cyrency ExchgFix ExchgFlt", 2, 1), 0)
-                << "the dead hold no lock";
-            const Texts stored = books.everything();
-            if (stored == m_before) {
-                EXPECT_TRUE(isKilled);
-                ++undone;
-            } else {
-                expectChanged(stored);
-                location = makeBooks();
-            }
-        }
-        EXPECT_FALSE(isKilled);
-        EXPECT_GT(undone, 4) << "calls before the change counts";
+            },
+            [](const std::string& location) {
+                CurrencyBooks books(location, false);
+                EXPECT_NE(books.database.SQLLock("Code Cyrency ExchgFix ExchgFlt", 2, 1), 0)
+                    << "the dead hold no lock";
+                return books.everything();
+            },
+            expectChanged,
+        });
     }
-
-    Texts m_before;
 };
 
 TEST_P(CurrencyCrashes, LeaveAnAdditionWholeOrUndone) {

@@ -3,8 +3,8 @@
 
 #include "data/layout/layout.h"
 #include "operators/screen/division_screen.h"
+#include "tests/support/each_call.h"
 #include "tests/support/engine_cases.h"
-#include "tests/support/killed_process.h"
 #include "tests/support/logged_locks.h"
 #include "tests/support/operator_books.h"
 #include "tests/support/told_failures.h"
@@ -202,32 +202,25 @@ class OperatorCrashes : public testing::TestWithParam<EngineCase> {
 
 TEST_P(OperatorCrashes, LeaveEachChangeWholeOrUndone) {
     for (const DivisionCommand& work : divisionCommands()) {
-        std::string location = makeBooks();
-        int undone = 0;
-        bool isKilled = true;
-        for (int number = 1; isKilled && number < 100; ++number) {
-            isKilled = isKilledAtWork(location, [&](std::unique_ptr<FaultyEngine> engine) {
+        SCOPED_TRACE(work.name);
+        killAtEachCall({
+            [this] { return makeBooks(); },
+            [&work](std::unique_ptr<FaultyEngine> engine, int number) {
                 DividedBooks trouble(std::move(engine));
                 trouble.screen.open();
                 if (work.asks) trouble.books.messages.willAnswer(Answer::yes);
                 trouble.engine.dieAtCall(number);
                 work.command(trouble);
-            });
-            OperatorBooks books(location, false);
-            EXPECT_NE(books.database.SQLLock("Users UserAuth", 2, 1), 0) << "the dead hold no lock";
-            books.run("DELETE Users WHERE lId = 0");
-            const Texts stored = books.stored();
-            EXPECT_TRUE(stored == unchanged || stored == work.changed)
-                << work.name << " call " << number;
-            if (stored == unchanged) {
-                EXPECT_TRUE(isKilled) << work.name;
-                ++undone;
-            } else {
-                location = makeBooks();
-            }
-        }
-        EXPECT_FALSE(isKilled) << work.name;
-        EXPECT_GT(undone, 4) << work.name;
+            },
+            [](const std::string& location) {
+                OperatorBooks books(location, false);
+                EXPECT_NE(books.database.SQLLock("Users UserAuth", 2, 1), 0)
+                    << "the dead hold no lock";
+                books.run("DELETE Users WHERE lId = 0");
+                return books.stored();
+            },
+            [&work](const Texts& stored) { EXPECT_EQ(stored, work.changed); },
+        });
     }
 }
 

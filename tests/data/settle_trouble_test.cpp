@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "data/layout/layout.h"
 #include "settle/settle_form.h"
-#include "tests/support/engine_cases.h"
-#include "tests/support/killed_process.h"
+#include "tests/support/each_call.h"
 #include "tests/support/logged_locks.h"
 #include "tests/support/settle_books.h"
-#include "tests/support/told_failures.h"
 
 namespace {
 
@@ -14,61 +11,18 @@ using namespace chengheng;
 
 using Texts = std::vector<std::string>;
 
-/// The settlement-method window without its screen, on books whose engine can be made to fail.
-struct Trouble {
-    explicit Trouble(std::unique_ptr<FaultyEngine> faulty)
-        : engine(*faulty), books(std::move(faulty)) {}
-
-    void open() {
-        form.open();
-        books.messages.forget();
-    }
-
-    FaultyEngine& engine;
-    SettleBooks books;
-    SettleForm form{books.messages};
-};
-
-std::unique_ptr<FaultyEngine> newBooks(const EngineCase& engineCase) {
-    auto engine = openForTest(freshLocation(engineCase));
-    if (!createLayout(*engine)) throw std::runtime_error("no layout");
-    return std::make_unique<FaultyEngine>(std::move(engine));
-}
+/// The settlement-method window without its screen.
+using Trouble = FormAtWork<SettleBooks, SettleForm>;
 
 class SettleTrouble : public testing::TestWithParam<EngineCase> {
   protected:
-    /// Lets the n-th call of a command fail, n = 1, 2, ..., until none of its calls does. What
-    /// the command did is told by what is stored; whatever fails is told, and leaves no lock
-    /// and no open unit.
-    void failEachCall(const std::function<void(Trouble&, int number)>& prepare,
-                      const std::function<bool(Trouble&)>& command) {
-        for (const Failure failure : {Failure::full, Failure::lost}) {
-            Trouble trouble(newBooks(GetParam()));
+    static void failEachCall(const std::function<void(Trouble&, int number)>& prepare,
+                             const std::function<bool(Trouble&)>& command) {
+        const auto open = [](Trouble& trouble) {
             trouble.books.insert({"1 现金 0", "2 支票 1"});
             trouble.open();
-            int number = 1;
-            for (bool hasFailed = true; hasFailed && number < 100; ++number) {
-                prepare(trouble, number);
-                const Texts before = trouble.books.stored();
-                trouble.books.messages.forget();
-                trouble.engine.failCall(number, failure);
-                const bool isDone = command(trouble);
-                hasFailed = trouble.engine.hasFailed();
-                trouble.engine.failCall(0);
-                EXPECT_FALSE(trouble.engine.inTransaction()) << "call " << number;
-                EXPECT_FALSE(trouble.books.holdsLocks()) << "call " << number;
-                EXPECT_EQ(!trouble.books.messages.notices().empty(), hasFailed)
-                    << "call " << number;
-                for (const Notice& notice : trouble.books.messages.notices()) {
-                    EXPECT_THAT(notice.text, tellsOf(failure)) << "call " << number;
-                    EXPECT_EQ(notice.icon, MessageIcon::warning);
-                }
-                ASSERT_NE(trouble.books.database.DBSelect("books"), 0);
-                EXPECT_EQ(trouble.books.stored() != before, isDone) << "call " << number;
-                EXPECT_TRUE(isDone || hasFailed);
-            }
-            EXPECT_GT(number, 8) << "calls of the command";
-        }
+        };
+        chengheng::failEachCall<Trouble>(GetParam(), open, prepare, command);
     }
 };
 
@@ -122,7 +76,7 @@ TEST_P(SettleTrouble, AFailedCallLeavesADeletionWholeOrUndone) {
 }
 
 TEST_P(SettleTrouble, AFailedCallKeepsTheSelectionWhereItWas) {
-    Trouble trouble(newBooks(GetParam()));
+    Trouble trouble(emptyFaultyBooks(GetParam()));
     trouble.books.insert({"1 现金 0", "2 支票 1"});
     trouble.open();
     int number = 1;
@@ -143,7 +97,7 @@ TEST_P(SettleTrouble, AFailedCallKeepsTheSelectionWhereItWas) {
 }
 
 TEST_P(SettleTrouble, AFailedCallOpensTheWindowForAnAddition) {
-    Trouble trouble(newBooks(GetParam()));
+    Trouble trouble(emptyFaultyBooks(GetParam()));
     trouble.books.insert({"1 现金 0"});
     int number = 1;
     for (bool hasFailed = true; hasFailed && number < 100; ++number) {
@@ -162,7 +116,7 @@ TEST_P(SettleTrouble, AFailedCallOpensTheWindowForAnAddition) {
 }
 
 TEST_P(SettleTrouble, TakesAndFreesTheReferringTablesFirst) {
-    auto faulty = newBooks(GetParam());
+    auto faulty = emptyFaultyBooks(GetParam());
     LoggedLocks locks(faulty->real().locks());
     faulty->replaceLocks(locks);
     Trouble trouble(std::move(faulty));
@@ -199,30 +153,18 @@ class SettleCrashes : public testing::TestWithParam<EngineCase> {
         SettleBooks(location).insert({"1 现金 0", "2 支票 1"});
         return location;
     }
-    /// Kills a change before each of its calls in turn, until one survives.
     void killAtEachCall(const std::function<void(Trouble&)>& change, const Texts& changed) {
-        const Texts before{"1 1 现金 0", "2 2 支票 1"};
-        std::string location = makeBooks();
-        int undone = 0;
-        bool isKilled = true;
-        for (int number = 1; isKilled && number < 100; ++number) {
-            isKilled = isKilledAtWork(location, [&](std::unique_ptr<FaultyEngine> engine) {
+        chengheng::killAtEachCall({
+            [this] { return makeBooks(); },
+            [&](std::unique_ptr<FaultyEngine> engine, int number) {
                 Trouble trouble(std::move(engine));
                 trouble.form.open();
                 trouble.engine.dieAtCall(number);
                 change(trouble);
-            });
-            const Texts stored = storedAfterwards(location);
-            EXPECT_TRUE(stored == before || stored == changed) << "call " << number;
-            if (stored == before) {
-                EXPECT_TRUE(isKilled);
-                ++undone;
-            } else {
-                location = makeBooks();
-            }
-        }
-        EXPECT_FALSE(isKilled);
-        EXPECT_GT(undone, 4) << "calls before the change counts";
+            },
+            storedAfterwards,
+            [&](const Texts& stored) { EXPECT_EQ(stored, changed); },
+        });
     }
 };
 

@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "data/layout/layout.h"
-#include "tests/support/engine_cases.h"
-#include "tests/support/killed_process.h"
+#include "tests/support/each_call.h"
 #include "tests/support/logged_locks.h"
-#include "tests/support/told_failures.h"
 #include "tests/support/voucher_type_books.h"
 #include "vouchertype/voucher_type_form.h"
 
@@ -16,61 +13,19 @@ using Texts = std::vector<std::string>;
 
 const Texts twoTypes{"收 收款凭证 1 1001 1002", "付 付款凭证 0"};
 
-/// The window of voucher types without its screen, on books whose engine can be made to fail.
-struct TypesAtWork {
-    explicit TypesAtWork(std::unique_ptr<FaultyEngine> faulty)
-        : engine(*faulty), books(std::move(faulty)) {}
-
-    void open() {
-        form.open();
-        books.messages.forget();
-    }
-
-    FaultyEngine& engine;
-    VoucherTypeBooks books;
-    VoucherTypeForm form{books.messages};
-};
-
-std::unique_ptr<FaultyEngine> newBooks(const EngineCase& engineCase) {
-    auto engine = openForTest(freshLocation(engineCase));
-    if (!createLayout(*engine)) throw std::runtime_error("no layout");
-    return std::make_unique<FaultyEngine>(std::move(engine));
-}
+/// The window of voucher types without its screen.
+using TypesAtWork = FormAtWork<VoucherTypeBooks, VoucherTypeForm>;
 
 class VoucherTypeTrouble : public testing::TestWithParam<EngineCase> {
   protected:
-    /// Lets the n-th call of a command fail, n = 1, 2, ..., until none of its calls does. What the
-    /// command did is told by what is stored; whatever fails is told, and leaves no lock and no
-    /// open unit.
-    void failEachCall(const std::function<void(TypesAtWork&, int number)>& prepare,
-                      const std::function<bool(TypesAtWork&)>& command) {
-        for (const Failure failure : {Failure::full, Failure::lost}) {
-            TypesAtWork work(newBooks(GetParam()));
+    static void failEachCall(const std::function<void(TypesAtWork&, int number)>& prepare,
+                             const std::function<bool(TypesAtWork&)>& command) {
+        const auto open = [](TypesAtWork& work) {
             work.books.addAccounts();
             work.books.insert(twoTypes);
             work.open();
-            int number = 1;
-            for (bool hasFailed = true; hasFailed && number < 100; ++number) {
-                prepare(work, number);
-                const Texts before = work.books.stored();
-                work.books.messages.forget();
-                work.engine.failCall(number, failure);
-                const bool isDone = command(work);
-                hasFailed = work.engine.hasFailed();
-                work.engine.failCall(0);
-                EXPECT_FALSE(work.engine.inTransaction()) << "call " << number;
-                EXPECT_FALSE(work.books.holdsLocks()) << "call " << number;
-                EXPECT_EQ(!work.books.messages.notices().empty(), hasFailed) << "call " << number;
-                for (const Notice& notice : work.books.messages.notices()) {
-                    EXPECT_THAT(notice.text, tellsOf(failure)) << "call " << number;
-                    EXPECT_EQ(notice.icon, MessageIcon::warning);
-                }
-                ASSERT_NE(work.books.database.DBSelect("books"), 0);
-                EXPECT_EQ(work.books.stored() != before, isDone) << "call " << number;
-                EXPECT_TRUE(isDone || hasFailed);
-            }
-            EXPECT_GT(number, 8) << "calls of the command";
-        }
+        };
+        chengheng::failEachCall<TypesAtWork>(GetParam(), open, prepare, command);
     }
 };
 
@@ -128,7 +83,7 @@ TEST_P(VoucherTypeTrouble, AFailedCallLeavesADeletionWholeOrUndone) {
 }
 
 TEST_P(VoucherTypeTrouble, AFailedCallKeepsTheSelectionWhereItWas) {
-    TypesAtWork work(newBooks(GetParam()));
+    TypesAtWork work(emptyFaultyBooks(GetParam()));
     work.books.insert(twoTypes);
     work.open();
     int number = 1;
@@ -147,7 +102,7 @@ TEST_P(VoucherTypeTrouble, AFailedCallKeepsTheSelectionWhereItWas) {
 }
 
 TEST_P(VoucherTypeTrouble, AFailedCallOpensTheWindowForAnAddition) {
-    TypesAtWork work(newBooks(GetParam()));
+    TypesAtWork work(emptyFaultyBooks(GetParam()));
     work.books.insert(twoTypes);
     int number = 1;
     for (bool hasFailed = true; hasFailed && number < 100; ++number) {
@@ -164,7 +119,7 @@ TEST_P(VoucherTypeTrouble, AFailedCallOpensTheWindowForAnAddition) {
 }
 
 TEST_P(VoucherTypeTrouble, ChartsThatCannotBeReadAreToldAndAreNotEmptyOnes) {
-    TypesAtWork work(newBooks(GetParam()));
+    TypesAtWork work(emptyFaultyBooks(GetParam()));
     work.books.addAccounts();
     int number = 1;
     for (bool hasFailed = true; hasFailed && number < 100; ++number) {
@@ -180,7 +135,7 @@ TEST_P(VoucherTypeTrouble, ChartsThatCannotBeReadAreToldAndAreNotEmptyOnes) {
 }
 
 TEST_P(VoucherTypeTrouble, TakesAndFreesTheAccountsFirst) {
-    auto faulty = newBooks(GetParam());
+    auto faulty = emptyFaultyBooks(GetParam());
     LoggedLocks locks(faulty->real().locks());
     faulty->replaceLocks(locks);
     TypesAtWork work(std::move(faulty));
@@ -222,30 +177,18 @@ class VoucherTypeCrashes : public testing::TestWithParam<EngineCase> {
         books.insert(twoTypes);
         return location;
     }
-    /// Kills a change before each of its calls in turn, until one survives.
     void killAtEachCall(const std::function<void(TypesAtWork&)>& change, const Texts& changed) {
-        const Texts before{"1 收 收款凭证 1 1001 1002", "2 付 付款凭证 0"};
-        std::string location = makeBooks();
-        int undone = 0;
-        bool isKilled = true;
-        for (int number = 1; isKilled && number < 100; ++number) {
-            isKilled = isKilledAtWork(location, [&](std::unique_ptr<FaultyEngine> engine) {
+        chengheng::killAtEachCall({
+            [this] { return makeBooks(); },
+            [&](std::unique_ptr<FaultyEngine> engine, int number) {
                 TypesAtWork work(std::move(engine));
                 work.form.open();
                 work.engine.dieAtCall(number);
                 change(work);
-            });
-            const Texts stored = storedAfterwards(location);
-            EXPECT_TRUE(stored == before || stored == changed) << "call " << number;
-            if (stored == before) {
-                EXPECT_TRUE(isKilled);
-                ++undone;
-            } else {
-                location = makeBooks();
-            }
-        }
-        EXPECT_FALSE(isKilled);
-        EXPECT_GT(undone, 4) << "calls before the change counts";
+            },
+            storedAfterwards,
+            [&](const Texts& stored) { EXPECT_EQ(stored, changed); },
+        });
     }
 };
 
