@@ -9,6 +9,7 @@
 #include "tests/support/made_layout.h"
 #include "tests/support/other_goes_on.h"
 #include "tests/support/other_workstation.h"
+#include "tests/support/small_books.h"
 #include "tests/support/told_failures.h"
 #include "vouchertype/preset/preset_service.h"
 
@@ -89,6 +90,14 @@ TEST_P(PresetTrouble, AccountsThatCannotBeReadAreNotAccountsThatAreMissing) {
         if (accounts) EXPECT_EQ(accounts->bank, "1002");
     }
     EXPECT_GT(number, 3);
+}
+
+TEST_P(PresetTrouble, TheOperatorsOwnTypesNeedNoAccounts) {
+    runScript(m_engine->real(), "DROP TABLE Code");
+    PresetService service(m_books->messages);
+    EXPECT_EQ(service.finish(PresetSet::custom), Outcome::done);
+    EXPECT_TRUE(m_books->messages.texts().empty());
+    EXPECT_EQ(service.finish(PresetSet::unclassified), Outcome::failed);
 }
 
 /// Notes whether anything is opened.

@@ -30,6 +30,7 @@ bool readAccounts(PresetAccounts& accounts) {
 }
 
 UntoldOutcome addTypes(PresetSet set) {
+    if (presetRows(set).empty()) return UntoldOutcome::done();
     PresetAccounts accounts;
     if (!readAccounts(accounts)) return UntoldOutcome::failed();
     for (const _SignInfo& type : presetTypes(set, accounts)) {
