@@ -6,13 +6,13 @@
 
 #include "base/system/workstation.h"
 #include "base/values/numbers.h"
+#include "base/values/text.h"
 #include "books/carrying/carry_forward.h"
 #include "books/carrying/carry_texts.h"
 #include "tool/carry_texts.h"
 #include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
-#include "tool/printable_stream.h"
 #include "tool/tool_session.h"
 #include "tool/tool_texts.h"
 

@@ -23,9 +23,9 @@ EntryFigures closingOf(const _AssAccInfo& period, bool isDebit);
 /// An account that carries its balance, as a year ends.
 struct ClosedAccount {
     std::int32_t id = 0;
-    std::string code;
-    std::string name;
-    std::string letters;  ///< of its auxiliary accounting
+    std::string code = {};
+    std::string name = {};
+    std::string letters = {};  ///< of its auxiliary accounting
     std::uint8_t currency = 0;
     bool isDebit = false;
     bool isEnd = false;

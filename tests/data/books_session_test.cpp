@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "base/system/workstation.h"
 #include "data/access/row_lease.h"
 #include "data/layout/layout.h"

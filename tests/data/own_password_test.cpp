@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/tables/operators.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/operator_books.h"
 

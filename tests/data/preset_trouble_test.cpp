@@ -87,7 +87,9 @@ TEST_P(PresetTrouble, AccountsThatCannotBeReadAreNotAccountsThatAreMissing) {
         hasFailed = m_engine->hasFailed();
         m_engine->failCall(0);
         EXPECT_NE(accounts.has_value(), hasFailed) << "call " << number;
-        if (accounts) EXPECT_EQ(accounts->bank, "1002");
+        if (accounts) {
+            EXPECT_EQ(accounts->bank, "1002");
+        }
     }
     EXPECT_GT(number, 3);
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/messages/messages.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
 #include "tests/support/told_failures.h"

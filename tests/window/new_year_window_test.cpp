@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <atomic>
 #include <filesystem>
+#include <fstream>
 
 #include "screen/cancellable_work.h"
 #include "screen/help/help_window.h"
