@@ -157,8 +157,8 @@ TEST_P(CarryForward, RefusesAccountsThatAreNotTheSame) {
     m_books.close("1001", 5, 0, 0);
     const int id = m_books.now().idOf("1001");
     const std::string others[] = {
-        "INSERT INTO Code (lId, sCode, sName, sType, byGrade, bEnd, bDirect) "
-        "VALUES (90, '1003', '旧', '资产', 1, 1, 1)",
+        formatSql("INSERT INTO Code (lId, sCode, sName, sType, byGrade, bEnd, bDirect) "
+                  "VALUES (90, '1003', '旧', '资产', 1, 1, 1)"),
         formatSql("DELETE FROM Code WHERE lId = %d", id),
         formatSql("UPDATE Code SET sCode = '1009' WHERE lId = %d", id),
         formatSql("UPDATE Code SET lId = 91 WHERE lId = %d", id),

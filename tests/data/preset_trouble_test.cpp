@@ -26,12 +26,12 @@ class PresetTrouble : public testing::TestWithParam<EngineCase> {
         auto faulty = std::make_unique<FaultyEngine>(openForTest(freshLocation(GetParam())));
         makeLayout(*faulty);
         m_engine = faulty.get();
-        m_books.emplace(std::move(faulty));
+        m_books = std::make_unique<VoucherTypeBooks>(std::move(faulty));
         addDesignatedAccounts(*m_books);
     }
 
     FaultyEngine* m_engine = nullptr;
-    std::optional<VoucherTypeBooks> m_books;
+    std::unique_ptr<VoucherTypeBooks> m_books;
 };
 
 TEST_P(PresetTrouble, AFailedCallLeavesAllTypesOfASetOrNone) {

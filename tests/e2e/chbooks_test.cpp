@@ -16,9 +16,7 @@ using chengheng::OpenMode;
 using chengheng::ProgramRun;
 using chengheng::runScript;
 using chengheng::smallBooks;
-using testing::EndsWith;
 using testing::HasSubstr;
-using testing::StartsWith;
 using Json = nlohmann::json;
 
 using namespace chengheng::chbooks_exit;

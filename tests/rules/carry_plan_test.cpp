@@ -103,7 +103,7 @@ TEST(CarryPlans, TakeEndAccountsWithFiguresInTheOrderOfTheCodes) {
     EXPECT_EQ(sheet.accounts()[plan.accounts[1].place].code, "100201");
     OpeningSheet carried = sheet;
     putCarried(plan, carried);
-    EXPECT_EQ(carried.accounts()[*carried.placeOfCode("1002")].opening(), 2);
+    EXPECT_EQ(carried.accounts()[carried.placeOfCode("1002").value_or(0)].opening(), 2);
 }
 
 TEST(CarryPlans, TellEveryDifferenceOfTheCharts) {
