@@ -3,11 +3,13 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
+#include <span>
 
 #include "base/system/workstation.h"
 #include "base/values/numbers.h"
 #include "base/values/text.h"
 #include "books/carrying/carry_forward.h"
+#include "books/carrying/carry_repeat.h"
 #include "books/carrying/carry_texts.h"
 #include "tool/carry_texts.h"
 #include "tool/command_line.h"
@@ -23,11 +25,31 @@ struct CarryOptions {
     std::string books;
     bool isDryRun = false;
     bool isVerifying = false;
+    bool isRepeating = false;
     bool isJson = false;
 };
 
 Json jsonOf(const EntryFigures& figures) {
     return {{"money", figures.money}, {"foreign", figures.foreign}, {"quantity", figures.quantity}};
+}
+
+Json jsonOf(std::span<const CarryDifference> differences) {
+    Json list = Json::array();
+    for (const CarryDifference& each : differences)
+        list.push_back({{"code", each.code},
+                        {"name", each.name},
+                        {"detail", each.detail},
+                        {"measure", each.measure},
+                        {"closing", each.closing},
+                        {"opening", each.opening}});
+    return list;
+}
+
+Json jsonOf(std::span<const CarryObstacle> obstacles) {
+    Json list = Json::array();
+    for (const CarryObstacle& each : obstacles)
+        list.push_back({{"code", each.code}, {"text", each.text}});
+    return list;
 }
 
 std::string jsonOf(const CarryPreview& preview) {
@@ -38,26 +60,22 @@ std::string jsonOf(const CarryPreview& preview) {
                             {"side", each.isDebit ? "debit" : "credit"},
                             {"closing", jsonOf(each.closing)},
                             {"opening", each.opening}});
-    Json obstacles = Json::array();
-    for (const CarryObstacle& each : preview.plan.obstacles)
-        obstacles.push_back({{"code", each.code}, {"text", each.text}});
     return jsonText({{"filled", preview.isFilled},
                      {"sameAccounts", !preview.plan.hasDifferingCharts},
                      {"debitTotal", preview.debitTotal},
                      {"creditTotal", preview.creditTotal},
                      {"accounts", accounts},
                      {"details", preview.plan.details.size()},
-                     {"obstacles", obstacles}}) +
+                     {"obstacles", jsonOf(std::span(preview.plan.obstacles))}}) +
            '\n';
 }
 
 std::string textOf(const CarryPreview& preview) {
     std::string text;
     for (const CarryPreview::Account& each : preview.accounts)
-        text += printableLine(fmt::format(carry_texts::plannedAccount, each.code, each.name,
-                                          each.isDebit ? carry_texts::debit : carry_texts::credit,
-                                          ftoaWithSap(each.closing.money, 2),
-                                          ftoaWithSap(each.opening, 2))) +
+        text += printableLine(fmt::format(
+                    carry_texts::plannedAccount, each.code, each.name, directionText(each.isDebit),
+                    ftoaWithSap(each.closing.money, 2), ftoaWithSap(each.opening, 2))) +
                 '\n';
     for (const std::string* classes :
          {&preview.balance.debitClasses, &preview.balance.creditClasses})
@@ -92,15 +110,7 @@ ExitCode showProof(Tool& tool, const BooksRegistry& registry, bool isJson,
     const Outcome outcome = verifyCarry(registry, differences, untold);
     if (outcome != Outcome::done) return codeOf(outcome);
     if (isJson) {
-        Json list = Json::array();
-        for (const CarryDifference& each : differences)
-            list.push_back({{"code", each.code},
-                            {"name", each.name},
-                            {"detail", each.detail},
-                            {"measure", each.measure},
-                            {"closing", each.closing},
-                            {"opening", each.opening}});
-        tool.out << jsonText({{"differences", list}}) << '\n';
+        tool.out << jsonText({{"differences", jsonOf(std::span(differences))}}) << '\n';
     } else {
         for (const CarryDifference& each : differences)
             tool.out << printableLine(differenceText(each)) << '\n';
@@ -122,6 +132,46 @@ ExitCode carry(Tool& tool, const BooksRegistry& registry, bool isJson,
     return ExitCode::done;
 }
 
+void showRepeat(Tool& tool, const RepeatPlan& plan, bool isJson, bool isDone) {
+    const std::string text = plan.isEmpty() ? carry_texts::proven : plan.text(isDone);
+    if (isJson) {
+        tool.out << jsonText({{"carried", isDone},
+                              {"differences", jsonOf(std::span(plan.carried))},
+                              {"left", jsonOf(std::span(plan.left))},
+                              {"obstacles", jsonOf(std::span(plan.obstacles))},
+                              {"text", text}})
+                 << '\n';
+        return;
+    }
+    for (const CarryDifference& each : plan.carried)
+        tool.out << printableLine(differenceText(each)) << '\n';
+    tool.out << text << '\n';
+}
+
+ExitCode repeat(Tool& tool, const BooksRegistry& registry, const CarryOptions& options,
+                std::vector<Notice>& untold) {
+    RepeatPlan plan;
+    const Outcome looked = lookAtRepeat(registry, plan, untold);
+    if (looked != Outcome::done) return codeOf(looked);
+    const bool isDone = !options.isDryRun && !plan.carried.empty();
+    if (isDone) {
+        ToolMessages messages(tool, false);
+        const Outcome carried = repeatCarry(plan, messages);
+        if (carried != Outcome::done) return codeOf(carried);
+    }
+    showRepeat(tool, plan, options.isJson, isDone);
+    for (const CarryObstacle& obstacle : plan.obstacles)
+        tool.err << printableLine(obstacle.text) << '\n';
+    return plan.left.empty() ? ExitCode::done : ExitCode::faultsFound;
+}
+
+ExitCode work(Tool& tool, const BooksRegistry& registry, const CarryOptions& options,
+              std::vector<Notice>& untold) {
+    if (options.isRepeating) return repeat(tool, registry, options, untold);
+    const auto chosen = options.isDryRun ? showPreview : options.isVerifying ? showProof : carry;
+    return chosen(tool, registry, options.isJson, untold);
+}
+
 ExitCode runCarry(Tool& tool, const CarryOptions& options) {
     const bool isReading = options.isDryRun || options.isVerifying;
     auto engine =
@@ -130,8 +180,7 @@ ExitCode runCarry(Tool& tool, const CarryOptions& options) {
     const ToolSession session(std::move(engine), options.books);
     const BooksRegistry registry(booksHome());
     std::vector<Notice> untold;
-    const auto work = options.isDryRun ? showPreview : options.isVerifying ? showProof : carry;
-    const ExitCode code = work(tool, registry, options.isJson, untold);
+    const ExitCode code = work(tool, registry, options, untold);
     ToolMessages messages(tool, false);
     for (const Notice& notice : untold) messages.tell(notice);
     return code;
@@ -145,7 +194,9 @@ void addCarryCommand(CLI::App& app, Tool& tool) {
         addBooksCommand(app, tool, "carry-forward", tool_texts::carryCommand, options->books,
                         [&tool, options] { return runCarry(tool, *options); });
     CLI::Option* dry = command->add_flag("--dry-run", options->isDryRun, tool_texts::dryRunCarry);
-    command->add_flag("--verify", options->isVerifying, tool_texts::verifyCarry)->excludes(dry);
+    CLI::Option* verify =
+        command->add_flag("--verify", options->isVerifying, tool_texts::verifyCarry)->excludes(dry);
+    command->add_flag("--repeat", options->isRepeating, tool_texts::repeatCarry)->excludes(verify);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);
 }
 

@@ -11,16 +11,10 @@
 #include "books/carrying/carry_sql.h"
 #include "books/carrying/carry_texts.h"
 #include "books/carrying/carry_writing.h"
-#include "books/carrying/last_year.h"
-#include "books/logon/temporary_name.h"
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
-#include "data/access/unit_of_work.h"
-#include "data/connection/database.h"
-#include "data/tables/books.h"
 #include "opening/balance/trial_balance.h"
 #include "opening/storing/posting.h"
-#include "session/failure_texts.h"
 #include "session/open_books.h"
 
 namespace chengheng {
@@ -29,10 +23,6 @@ namespace {
 /// Of the obstacles so many are told in a box.
 constexpr std::size_t obstaclesTold = 8;
 
-UntoldOutcome refused(const char* text) {
-    return UntoldOutcome::refused({.text = text, .icon = MessageIcon::information});
-}
-
 /// Whether there are balances, or details of balances, of whatever account.
 Status readIsFilled(CNbCwDB& database, bool& isFilled) {
     const std::optional<bool> sums = hasRows<_AccSumInfo>(database, carry_sql::anyRow);
@@ -40,15 +30,6 @@ Status readIsFilled(CNbCwDB& database, bool& isFilled) {
     const std::optional<bool> details = hasRows<_AssAccInfo>(database, carry_sql::anyRow);
     if (!details) return database.lastStatus();
     isFilled = *sums || *details;
-    return Status::done();
-}
-
-Status readYear(CNbCwDB& database, YearOfBooks& now) {
-    const RowLease<_zAccountMInfo> rows(database, nullptr);
-    if (!rows.isFound()) return database.lastStatus();
-    now.name = rows.rows().front()->sName;
-    now.year = rows.rows().front()->lYear;
-    now.location = database.selectedDatabase()->location();
     return Status::done();
 }
 
@@ -71,19 +52,20 @@ std::string remarkOn(const CarryPlan& plan, const OpeningBooks& books) {
 /// What is taken over, from where and into what.
 class Carrying {
   public:
-    Carrying(const BooksRegistry& registry, std::vector<Notice>& untold)
-        : m_registry(registry), m_untold(untold) {}
+    Carrying(const BooksRegistry& registry, std::vector<Notice>& untold,
+             const CarryProgress& progress)
+        : m_before(registry, untold), m_progress(progress) {}
 
     UntoldOutcome run(CarriedForward& result) {
         Status status = selectOpenBooks();
         if (status) status = readIsFilled(*g_pDB, result.isFilled);
-        if (status && result.isFilled) return refused(carry_texts::notEmpty);
-        UntoldOutcome read = status ? readBothYears() : UntoldOutcome::failed();
+        if (status && result.isFilled) return carryRefused(carry_texts::notEmpty);
+        UntoldOutcome read = status ? m_before.read(m_progress) : UntoldOutcome::failed();
         return read.outcome == Outcome::done ? write(result) : std::move(read);
     }
 
     UntoldOutcome look(CarryPreview& preview) {
-        UntoldOutcome read = readBothYears();
+        UntoldOutcome read = m_before.read(m_progress);
         if (read.outcome != Outcome::done) return read;
         OpeningBooks books;
         Members members;
@@ -91,7 +73,7 @@ class Carrying {
         if (status) status = readOpeningBooks(*g_pDB, books);
         if (status) status = members.read(*g_pDB);
         if (!status) return UntoldOutcome::failed();
-        preview.plan = planCarry(m_end, books.sheet, {m_membersBefore, members});
+        preview.plan = planCarry(m_before.end(), books.sheet, {m_before.membersBefore(), members});
         for (const CarriedAccount& carried : preview.plan.accounts) {
             const OpeningAccount& account = books.sheet.accounts()[carried.place];
             preview.accounts.push_back(
@@ -107,40 +89,15 @@ class Carrying {
     }
 
     UntoldOutcome verify(std::vector<CarryDifference>& differences) {
-        UntoldOutcome read = readBothYears();
+        UntoldOutcome read = m_before.read(m_progress);
         if (read.outcome != Outcome::done) return read;
         YearEnd start;
         if (!readYearStart(*g_pDB, start)) return UntoldOutcome::failed();
-        differences = compareYears(m_end, start);
+        differences = compareYears(m_before.end(), start);
         return read;
     }
 
   private:
-    /// Which books these are, and all of the year before; the own ones are selected afterwards.
-    UntoldOutcome readBothYears() {
-        YearOfBooks now;
-        Status status = selectOpenBooks();
-        if (status) status = readYear(*g_pDB, now);
-        UntoldOutcome read = status ? readLastYear(now) : UntoldOutcome::failed();
-        if (read.outcome != Outcome::done) return read;
-        return selectOpenBooks() ? UntoldOutcome::done() : UntoldOutcome::failed();
-    }
-
-    UntoldOutcome readLastYear(const YearOfBooks& now) {
-        std::vector<BooksSet> sets;
-        if (const Status status = m_registry.read(sets); !status)
-            return failedAt(status, m_registry.path(), FailureSubject::registry);
-        const std::string location = placeOfLastYear(sets, now);
-        if (location.empty()) return refused(carry_texts::noLastYear);
-        if (auto text = giveNameBack(location)) m_untold.push_back({.text = *std::move(text)});
-        LastYear before(*g_pDB);
-        Status status = before.open(location, now.year - 1);
-        if (status.failure == Failure::missing) return refused(carry_texts::noLastYear);
-        if (status) status = readYearEnd(*g_pDB, m_end);
-        if (status) status = m_membersBefore.read(*g_pDB);
-        return status ? UntoldOutcome::done() : failedAt(status, location, FailureSubject::books);
-    }
-
     UntoldOutcome write(CarriedForward& result) {
         if (const auto refusal = writeRefusal(WriteRight::carryForward))
             return UntoldOutcome::refused(refusal->notice);
@@ -158,32 +115,24 @@ class Carrying {
         Status status = holdSums(*g_pDB);
         if (status) status = readIsBrowsing(*g_pDB, isBrowsing);
         if (status) status = readIsFilled(*g_pDB, isFilled);
-        if (status && isBrowsing) return refused(carry_texts::browsing);
-        if (status && isFilled) return refused(carry_texts::notEmpty);
+        if (status && isBrowsing) return carryRefused(carry_texts::browsing);
+        if (status && isFilled) return carryRefused(carry_texts::notEmpty);
         Members members;
         if (status) status = readOpeningBooks(*g_pDB, books);
         if (status) status = members.read(*g_pDB);
         if (!status) return UntoldOutcome::failed();
-        plan = planCarry(m_end, books.sheet, {m_membersBefore, members});
-        if (plan.isEmpty) return refused(carry_texts::nothingToCarry);
-        if (plan.hasDifferingCharts) return refused(carry_texts::differingCharts);
+        plan = planCarry(m_before.end(), books.sheet, {m_before.membersBefore(), members});
+        if (plan.isEmpty) return carryRefused(carry_texts::nothingToCarry);
+        if (plan.hasDifferingCharts) return carryRefused(carry_texts::differingCharts);
         if (!plan.obstacles.empty()) return UntoldOutcome::refused({.text = obstaclesText(plan)});
         putCarried(plan, books.sheet);
-        return writeCarried(*g_pDB, plan, books.sheet) ? UntoldOutcome::done()
-                                                       : UntoldOutcome::failed();
+        status = writeCarried(*g_pDB, plan, books.sheet, m_progress);
+        if (status.failure == Failure::cancelled) return carryGivenUp();
+        return status ? UntoldOutcome::done() : UntoldOutcome::failed();
     }
 
-    static UntoldOutcome failedAt(const Status& status, const std::string& location,
-                                  FailureSubject subject) {
-        Notice notice = failureRefusalOf(status, location).notice;
-        notice.text = failureText(status, location, subject);
-        return {Outcome::failed, std::move(notice)};
-    }
-
-    const BooksRegistry& m_registry;
-    std::vector<Notice>& m_untold;
-    YearEnd m_end;
-    Members m_membersBefore;
+    BothYears m_before;
+    const CarryProgress& m_progress;
 };
 
 Outcome outcomeOf(UntoldOutcome outcome, std::vector<Notice>& untold) {
@@ -193,20 +142,21 @@ Outcome outcomeOf(UntoldOutcome outcome, std::vector<Notice>& untold) {
 
 }  // namespace
 
-CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold) {
+CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold,
+                            const CarryProgress& progress) {
     CarriedForward result;
-    result.outcome = outcomeOf(Carrying(registry, untold).run(result), untold);
+    result.outcome = outcomeOf(Carrying(registry, untold, progress).run(result), untold);
     return result;
 }
 
 Outcome previewCarry(const BooksRegistry& registry, CarryPreview& preview,
-                     std::vector<Notice>& untold) {
-    return outcomeOf(Carrying(registry, untold).look(preview), untold);
+                     std::vector<Notice>& untold, const CarryProgress& progress) {
+    return outcomeOf(Carrying(registry, untold, progress).look(preview), untold);
 }
 
 Outcome verifyCarry(const BooksRegistry& registry, std::vector<CarryDifference>& differences,
-                    std::vector<Notice>& untold) {
-    return outcomeOf(Carrying(registry, untold).verify(differences), untold);
+                    std::vector<Notice>& untold, const CarryProgress& progress) {
+    return outcomeOf(Carrying(registry, untold, progress).verify(differences), untold);
 }
 
 }  // namespace chengheng

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/messages/messages.h"
+#include "books/carrying/both_years.h"
 #include "books/carrying/carry_plan.h"
 #include "books/carrying/carry_proof.h"
 #include "books/list/books_registry.h"
@@ -14,8 +15,10 @@ namespace chengheng {
 
 /// Carries last year's closing balances forward into the open set of books, which must hold no
 /// balances yet. Last year's books are read and never written. Whatever does not give `done`
-/// has changed nothing. What the operator is to be told of it is added to `untold`.
-CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold);
+/// has changed nothing, nor has what was given up. What the operator is to be told of it is added
+/// to `untold`.
+CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold,
+                            const CarryProgress& progress = {});
 
 /// A carry-forward that is not done, account by account.
 struct CarryPreview {
@@ -39,10 +42,10 @@ struct CarryPreview {
 /// Looks what a carry-forward would do; changes nothing. What keeps it from being looked at is
 /// added to `untold`.
 Outcome previewCarry(const BooksRegistry& registry, CarryPreview& preview,
-                     std::vector<Notice>& untold);
+                     std::vector<Notice>& untold, const CarryProgress& progress = {});
 
 /// Holds what this year begins with against what last year ended with.
 Outcome verifyCarry(const BooksRegistry& registry, std::vector<CarryDifference>& differences,
-                    std::vector<Notice>& untold);
+                    std::vector<Notice>& untold, const CarryProgress& progress = {});
 
 }  // namespace chengheng

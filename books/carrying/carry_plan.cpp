@@ -20,10 +20,6 @@ bool isTooLarge(const EntryFigures& figures) {
              std::fabs(figures.quantity) < leastTooLarge);
 }
 
-const char* directionText(bool isDebit) {
-    return isDebit ? carry_texts::debit : carry_texts::credit;
-}
-
 /// Compares the accounts of two years, both in the order of their ids.
 class Planner {
   public:
@@ -137,6 +133,10 @@ class Planner {
 };
 
 }  // namespace
+
+const char* directionText(bool isDebit) {
+    return isDebit ? carry_texts::debit : carry_texts::credit;
+}
 
 CarryPlan planCarry(const YearEnd& end, const OpeningSheet& sheet, const MembersOfYears& members) {
     return Planner(end, sheet, members).plan();

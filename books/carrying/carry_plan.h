@@ -23,6 +23,10 @@ enum class ObstacleKind {
     doubled,   ///< its last period is there twice
     tooLarge,  ///< its closing cannot be told to the cent
     memberMissing,
+    // Only when it is repeated.
+    wasNoEnd,      ///< it had others below it
+    notAuxiliary,  ///< it has details and keeps none
+    hasEntries,    ///< its details come from opening entries
 };
 
 struct CarryObstacle {
@@ -30,6 +34,9 @@ struct CarryObstacle {
     std::string code;  ///< of the account
     std::string text;  ///< account and reason in words
 };
+
+/// 借 or 贷.
+const char* directionText(bool isDebit);
 
 /// Last year's closing of an end account beside this year's opening.
 struct CarriedAccount {

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
 #include <map>
 #include <utility>
@@ -24,27 +23,32 @@ struct Key {
     auto operator<=>(const Key&) const = default;
 };
 
+struct Side {
+    std::int32_t account = 0;
+    EntryFigures figures = {};
+};
+
 struct Pair {
     std::string name;
-    EntryFigures closing;
-    EntryFigures opening;
+    Side closing = {};
+    Side opening = {};
 };
 
 using Pairs = std::map<Key, Pair>;
 
-void collect(const YearEnd& year, EntryFigures Pair::*side, Pairs& pairs) {
+void collect(const YearEnd& year, Side Pair::*side, Pairs& pairs) {
     for (const ClosedAccount& account : year.accounts) {
         if (!account.isEnd) continue;
         Pair& pair = pairs[{account.code}];
         pair.name = account.name;
-        pair.*side = account.closing;
+        pair.*side = {account.id, account.closing};
     }
     for (const ClosedDetail& detail : year.details) {
         const ClosedAccount* const account = findAccount(year, detail.account);
         if (!account->isEnd) continue;
         Pair& pair = pairs[{account->code, true, detail.of}];
         pair.name = account->name;
-        pair.*side = pair.*side + detail.closing;
+        (pair.*side).figures = (pair.*side).figures + detail.closing;
     }
 }
 
@@ -62,13 +66,17 @@ std::string detailText(const Key& key) {
     return text.empty() ? carry_texts::noMember : text;
 }
 
+std::optional<EntryDimensions> ofDetail(const Key& key) {
+    return key.isDetail ? std::optional(key.of) : std::nullopt;
+}
+
 struct Figure {
     double EntryFigures::*figure;
     const char* name;
     Measure measure;
 };
 
-constexpr std::array<Figure, 3> figures{
+constexpr std::array<Figure, 3> countedFigures{
     Figure{&EntryFigures::money, carry_texts::money, Measure::money},
     Figure{&EntryFigures::foreign, carry_texts::foreign, Measure::foreign},
     Figure{&EntryFigures::quantity, carry_texts::quantity, Measure::quantity}};
@@ -80,23 +88,29 @@ std::vector<CarryDifference> compareYears(const YearEnd& before, const YearEnd& 
     collect(before, &Pair::closing, pairs);
     collect(now, &Pair::opening, pairs);
     std::vector<CarryDifference> differences;
+    const Pair* account = nullptr;
     for (const auto& [key, pair] : pairs) {
-        for (const Figure& each : figures) {
-            const double closing = pair.closing.*each.figure;
-            double opening = pair.opening.*each.figure;
+        // Its details come behind an account.
+        if (!key.isDetail) account = &pair;
+        for (const Figure& each : countedFigures) {
+            const double closing = pair.closing.figures.*each.figure;
+            double opening = pair.opening.figures.*each.figure;
             Round(opening, decimalsOf(each.measure));
             if (closing != opening)
-                differences.push_back(
-                    {key.code, pair.name, each.name, detailText(key), closing, opening});
+                differences.push_back({key.code, pair.name, each.name, detailText(key), closing,
+                                       opening, account->closing.account, account->opening.account,
+                                       each.measure, ofDetail(key)});
         }
     }
     return differences;
 }
 
+double EntryFigures::*figureOf(Measure measure) {
+    return countedFigures[static_cast<std::size_t>(measure)].figure;
+}
+
 std::string differenceText(const CarryDifference& difference) {
-    const auto measure = std::ranges::find(figures, difference.measure,
-                                           [](const Figure& each) { return each.name; });
-    const int decimals = measure == figures.end() ? 2 : decimalsOf(measure->measure);
+    const int decimals = decimalsOf(difference.counted);
     double apart = difference.closing - difference.opening;
     Round(apart, decimals);
     return fmt::format(carry_texts::difference, difference.code, difference.name,

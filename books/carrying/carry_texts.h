@@ -7,6 +7,7 @@ inline constexpr const char* notEmpty = "结转上年余额不成功";
 inline constexpr const char* noLastYear = "上年帐套不存在";
 inline constexpr const char* differingCharts = "上年科目信息和本年科目信息不一致,不能结转期初余额!";
 
+inline constexpr const char* givenUp = "已取消,没有改动。";
 inline constexpr const char* nothingToCarry = "上年和本年都没有可以结转的科目,没有改动。";
 inline constexpr const char* browsing = "帐套已有凭证或只能浏览,不能结转上年余额,没有改动。";
 /// The first obstacles, and how many there are.
@@ -28,6 +29,10 @@ inline constexpr const char* otherDimensions = "{} {}:有余额,本年的辅助�
 inline constexpr const char* doubled = "{} {}:上年第 12 期的余额记录重复。";
 inline constexpr const char* tooLarge = "{} {}:余额过大,无法记到分。";
 inline constexpr const char* memberMissing = "{} {}:有余额的{}在本年目录中没有,或已是另一个。";
+/// Of accounts that a repeat passes over.
+inline constexpr const char* wasNoEnd = "{} {}:上年有下级科目,本年为末级科目。";
+inline constexpr const char* notAuxiliary = "{} {}:不是辅助核算科目,明细不结转。";
+inline constexpr const char* hasEntries = "{} {}:本年已有期初明细,请在辅助期初中修改。";
 inline constexpr const char* debit = "借";
 inline constexpr const char* credit = "贷";
 
@@ -48,6 +53,19 @@ inline constexpr const char* difference = "{} {}{}:上年期末{} {},本年期�
 inline constexpr const char* plannedAccount = "{} {}:{} 期末 {},本年期初 {}";
 inline constexpr const char* plannedTotal = "将结转 {} 个科目,借方合计 {},贷方合计 {}。";
 inline constexpr const char* alreadyFilled = "本年已有期初余额,不能再次结转。";
+
+// When it is repeated.
+inline constexpr const char* notCarriedYet = "本年还没有期初余额,请使用“结转上年余额”。";
+inline constexpr const char* repeatBrowsing = "帐套已有凭证或只能浏览,不能补转上年差额,没有改动。";
+inline constexpr const char* notTakenBack = "帐套已有凭证,不能撤销补转,没有改动。";
+/// Figures, accounts.
+inline constexpr const char* repeated = "已补转 {} 处差额,共 {} 个科目。";
+inline constexpr const char* repeatable = "可以补转 {} 处差额,共 {} 个科目。";
+inline constexpr const char* leftOut = "另有 {} 处差额不能补转,保持不变。";
+inline constexpr const char* nothingToRepeat = "没有可以补转的差额,没有改动。";
+inline constexpr const char* changedMeanwhile =
+    "本年期初余额已被其他工作站修改,没有补转,请重新查看差额。";
+
 inline constexpr const char* proven = "本年期初余额与上年期末余额一致。";
 inline constexpr const char* differing = "本年期初余额与上年期末余额有 {} 处不同。";
 

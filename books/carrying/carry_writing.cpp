@@ -18,6 +18,13 @@ class Adding {
     explicit Adding(CNbCwDB& database) : m_database(database) {
         m_rows.reserve(atOnce * periodRows);
     }
+    /// Likewise, in the middle of a work that tells how much of it is done.
+    Adding(CNbCwDB& database, const CarryProgress& progress, std::size_t done, std::size_t total)
+        : Adding(database) {
+        m_progress = progress;
+        m_done = done;
+        m_total = total;
+    }
 
     /// The twelve rows of an account or combination, which differ in their period only.
     Status add(Record row) {
@@ -30,13 +37,19 @@ class Adding {
     Status flush() {
         if (m_rows.empty()) return Status::done();
         const int result = m_database.addAll<Record>(m_rows);
+        m_done += m_rows.size() / periodRows;
         m_rows.clear();
-        return result == 0 ? Status::done() : m_database.lastStatus();
+        if (result != 0) return m_database.lastStatus();
+        const bool goesOn = !m_progress || m_progress(m_done, m_total);
+        return goesOn ? Status::done() : Status::of(Failure::cancelled);
     }
 
   private:
     CNbCwDB& m_database;
     std::vector<Record> m_rows;
+    CarryProgress m_progress;
+    std::size_t m_done = 0;
+    std::size_t m_total = 0;
 };
 
 /// An account with others below it keeps only its money in books that begin mid-year.
@@ -63,18 +76,28 @@ _AssAccInfo sumOf(const ClosedDetail& detail) {
 
 }  // namespace
 
-Status writeCarried(CNbCwDB& database, const CarryPlan& plan, const OpeningSheet& sheet) {
+Status writeCarried(CNbCwDB& database, const CarryPlan& plan, const OpeningSheet& sheet,
+                    const CarryProgress& progress) {
     if (database.QRYExecuteSQL(carry_sql::clearSums) == 0) return database.lastStatus();
-    Adding<_AccSumInfo> sums(database);
+    const std::size_t accounts = sheet.accounts().size();
+    const std::size_t total = accounts + plan.details.size();
+    Adding<_AccSumInfo> sums(database, progress, 0, total);
     for (const OpeningAccount& account : sheet.accounts()) {
         if (!deservesRows(account, sheet.layout())) continue;
         if (const Status status = sums.add(sumOf(account, sheet.layout())); !status) return status;
     }
     if (const Status status = sums.flush(); !status) return status;
-    Adding<_AssAccInfo> details(database);
+    Adding<_AssAccInfo> details(database, progress, accounts, total);
     for (const ClosedDetail& detail : plan.details)
         if (const Status status = details.add(sumOf(detail)); !status) return status;
     return details.flush();
+}
+
+Status addDetails(CNbCwDB& database, std::span<const ClosedDetail> details) {
+    Adding<_AssAccInfo> rows(database);
+    for (const ClosedDetail& detail : details)
+        if (const Status status = rows.add(sumOf(detail)); !status) return status;
+    return rows.flush();
 }
 
 }  // namespace chengheng

@@ -16,8 +16,6 @@
 namespace chengheng {
 namespace {
 
-constexpr LockLists lockLists{WriteRight::opening, "Code", "AccSum"};
-
 /// From here on reading everything anew costs less than comparing row by row.
 constexpr std::size_t manyChanges = 64;
 
@@ -26,8 +24,9 @@ bool isAllowed(const OpeningSheet& sheet, const CellChange& change) {
     const auto place = sheet.placeOfId(change.accountId);
     if (!place) return false;
     const OpeningAccount& account = sheet.accounts()[*place];
-    return account.isEnd && !account.isAuxiliary() && account.keeps(change.measure) &&
-           std::ranges::count(sheet.figures(), change.figure) == 1 &&
+    const bool takesIt =
+        change.isCarried || (!account.isAuxiliary() && account.keeps(change.measure));
+    return account.isEnd && takesIt && std::ranges::count(sheet.figures(), change.figure) == 1 &&
            account.balance(change.measure).*change.figure == change.before;
 }
 
@@ -116,10 +115,14 @@ bool isAsPosted(const OpeningSheet& sheet, std::size_t place, const StoredSums& 
 
 }  // namespace
 
-Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& written) {
+Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& written,
+                          const BesideWork& beside, const WritingTold& told) {
     m_step = make(m_books.sheet);
     if (m_step.empty()) return Outcome::done;
-    const Outcome outcome = changeRecords(messages, lockLists, [&] { return run(make); });
+    const Outcome outcome = changeRecords(messages, m_locks, [&] {
+        UntoldOutcome result = run(make, told);
+        return result.outcome == Outcome::done && beside ? beside() : result;
+    });
     if (outcome != Outcome::done) {
         takeBack();
     } else {
@@ -134,7 +137,7 @@ Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& 
     return outcome;
 }
 
-UntoldOutcome StepWriter::run(const StepMaker& make) {
+UntoldOutcome StepWriter::run(const StepMaker& make, const WritingTold& told) {
     bool isBrowsing = false;
     if (!holdSums(*g_pDB) || !readIsBrowsing(*g_pDB, isBrowsing)) return UntoldOutcome::failed();
     if (isBrowsing) return UntoldOutcome::stale({.text = opening_texts::vouchersMeanwhile});
@@ -148,17 +151,22 @@ UntoldOutcome StepWriter::run(const StepMaker& make) {
             !areSameAccounts(m_books.sheet, m_fresh->sheet, m_step))
             return UntoldOutcome::stale({.text = opening_texts::chartMeanwhile});
     }
-    std::erase_if(m_step, std::mem_fn(&CellChange::changesNothing));
+    std::erase_if(m_step, [](const CellChange& change) {
+        return change.changesNothing() && !change.isCarried;
+    });
     if (m_fresh) collectPlaces(m_fresh->sheet);
-    return writeStep(m_fresh ? m_fresh->sheet : m_books.sheet);
+    return writeStep(m_fresh ? m_fresh->sheet : m_books.sheet, told);
 }
 
-UntoldOutcome StepWriter::writeStep(OpeningSheet& sheet) {
+UntoldOutcome StepWriter::writeStep(OpeningSheet& sheet, const WritingTold& told) {
     if (m_step.empty()) return UntoldOutcome::done();
     if (isTooLarge(m_step))
         return UntoldOutcome::refused({.text = opening_texts::tooLarge, .beep = true});
     setFigures(sheet, m_step);
-    return post(sheet) ? UntoldOutcome::done() : UntoldOutcome::failed();
+    const Status status = post(sheet, told);
+    if (status.failure == Failure::cancelled)
+        return UntoldOutcome::refused({.text = opening_texts::givenUp});
+    return status ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
 void StepWriter::collectPlaces(const OpeningSheet& sheet) {
@@ -200,8 +208,10 @@ Status StepWriter::compare(Place& place, bool& isCurrent) {
     return isCurrent ? readIsSameAccount(account, isCurrent) : status;
 }
 
-Status StepWriter::post(const OpeningSheet& sheet) {
+Status StepWriter::post(const OpeningSheet& sheet, const WritingTold& told) {
+    std::size_t done = 0;
     for (const Place& place : m_places) {
+        if (told && !told(done++, m_places.size())) return Status::of(Failure::cancelled);
         const OpeningAccount& account = sheet.accounts()[place.account];
         const Status status = place.stored
                                   ? postOver(*g_pDB, account, sheet.layout(), *place.stored)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -16,6 +17,12 @@ namespace chengheng {
 /// was read anew.
 using StepMaker = std::function<EditStep(const OpeningSheet& sheet)>;
 
+/// What is written beside a step, in its unit of work, once its figures are.
+using BesideWork = std::function<UntoldOutcome()>;
+
+/// Told of the accounts that are written; false: the writing is to be given up.
+using WritingTold = std::function<bool(std::size_t done, std::size_t total)>;
+
 /// Writes a step into the open set of books and into the sheet: the rows of the accounts it
 /// changes and those of all accounts above them, under the locks and in one unit of work, so that
 /// the books hold at once what a save would give. Unless it is done, both are as before.
@@ -25,10 +32,12 @@ using StepMaker = std::function<EditStep(const OpeningSheet& sheet)>;
 /// the step leaves as it is, too: it is compared with the books, not with the sheet.
 class StepWriter {
   public:
-    explicit StepWriter(OpeningBooks& books) : m_books(books) {}
+    explicit StepWriter(OpeningBooks& books, WriteRight right = WriteRight::opening)
+        : m_books(books), m_locks{right, "Code", "AccSum"} {}
 
     /// `written` is the step with the figures it replaced; empty when there was nothing to do.
-    Outcome write(IMessages& messages, const StepMaker& make, EditStep& written);
+    Outcome write(IMessages& messages, const StepMaker& make, EditStep& written,
+                  const BesideWork& beside = {}, const WritingTold& told = {});
     /// Whether the sheet was read anew.
     bool hasReadAnew() const { return m_hasReadAnew; }
 
@@ -39,15 +48,16 @@ class StepWriter {
         std::optional<StoredSums> stored;
     };
 
-    UntoldOutcome run(const StepMaker& make);
-    UntoldOutcome writeStep(OpeningSheet& sheet);
+    UntoldOutcome run(const StepMaker& make, const WritingTold& told);
+    UntoldOutcome writeStep(OpeningSheet& sheet, const WritingTold& told);
     void collectPlaces(const OpeningSheet& sheet);
     Status compareWithStored(bool& isCurrent);
     Status compare(Place& place, bool& isCurrent);
-    Status post(const OpeningSheet& sheet);
+    Status post(const OpeningSheet& sheet, const WritingTold& told);
     void takeBack();
 
     OpeningBooks& m_books;
+    const LockLists m_locks;
     std::optional<OpeningBooks> m_fresh;
     EditStep m_step;
     std::vector<Place> m_places;  ///< the changed accounts, then those above, the deepest first

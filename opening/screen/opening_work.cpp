@@ -83,6 +83,11 @@ std::string remarkOn(const EditStep& step, const OpeningSheet& sheet) {
                        ftoaWithSap(followed->after, decimals));
 }
 
+BesideWork workOf(const BesideStep& beside, bool takesBack) {
+    if (!beside) return {};
+    return [beside, takesBack] { return beside(takesBack); };
+}
+
 }  // namespace
 
 const char* OpeningWork::modeText() const { return isBrowsing() ? opening_texts::browsing : ""; }
@@ -99,11 +104,16 @@ Outcome OpeningWork::refresh() {
     return Outcome::done;
 }
 
-Outcome OpeningWork::write(const StepMaker& make, EditStep& written) {
+Outcome OpeningWork::write(const StepMaker& make, EditStep& written, const BesideWork& beside) {
+    StepWriter writer(m_books);
+    return write(writer, make, written, beside, {});
+}
+
+Outcome OpeningWork::write(StepWriter& writer, const StepMaker& make, EditStep& written,
+                           const BesideWork& beside, const WritingTold& told) {
     m_isChanged = true;
     m_remark.clear();
-    StepWriter writer(m_books);
-    const Outcome outcome = writer.write(m_messages, make, written);
+    const Outcome outcome = writer.write(m_messages, make, written, beside, told);
     if (writer.hasReadAnew()) ++m_readings;
     const auto changed = changedCells(sheet(), written);
     m_changedCells.insert(m_changedCells.end(), changed.begin(), changed.end());
@@ -202,10 +212,10 @@ Outcome OpeningWork::exportTo(const std::string& path) {
     return exportSheet(m_messages, exportedOpenings(sheet()), path, Overwrite::replace);
 }
 
-Outcome OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),
-                          void (EditJournal::*forget)()) {
+Outcome OpeningWork::goTo(const EditStep& step, const BesideWork& beside,
+                          void (EditJournal::*arrived)(), void (EditJournal::*forget)()) {
     EditStep written;
-    const Outcome outcome = write([&step](const OpeningSheet&) { return step; }, written);
+    const Outcome outcome = write([&step](const OpeningSheet&) { return step; }, written, beside);
     if (outcome == Outcome::done) (m_journal.*arrived)();
     // Vouchers may go again.
     if (outcome == Outcome::stale && !isBrowsing()) (m_journal.*forget)();
@@ -214,12 +224,14 @@ Outcome OpeningWork::goTo(const EditStep& step, void (EditJournal::*arrived)(),
 
 Outcome OpeningWork::undo() {
     if (!canUndo()) return Outcome::refused;
-    return goTo(reversed(*m_journal.toUndo()), &EditJournal::undone, &EditJournal::forgetUndo);
+    return goTo(reversed(*m_journal.toUndo()), workOf(m_journal.besideUndo(), true),
+                &EditJournal::undone, &EditJournal::forgetUndo);
 }
 
 Outcome OpeningWork::redo() {
     if (!canRedo()) return Outcome::refused;
-    return goTo(EditStep(*m_journal.toRedo()), &EditJournal::redone, &EditJournal::forgetRedo);
+    return goTo(EditStep(*m_journal.toRedo()), workOf(m_journal.besideRedo(), false),
+                &EditJournal::redone, &EditJournal::forgetRedo);
 }
 
 TrialBalance OpeningWork::trialBalance() {
@@ -256,7 +268,21 @@ Outcome OpeningWork::carryForward(const std::function<CarriedForward()>& carry) 
     m_books.hasSums = m_books.hasSums || carried.isFilled;
     if (carried.outcome != Outcome::done) return carried.outcome;
     const Outcome outcome = refresh();
-    m_remark = carried.remark;
+    m_remark = m_success = carried.remark;
+    return outcome;
+}
+
+Outcome OpeningWork::carryAgain(const CarriedAgain& carried, const WorkRunner& run) {
+    const HeldMessages::Hold toldByThisThread(m_messages);
+    EditStep written;
+    Outcome outcome = Outcome::failed;
+    run([&](const WritingTold& told) {
+        StepWriter writer(m_books, WriteRight::carryForward);
+        outcome = write(writer, carried.make, written, workOf(carried.beside, false), told);
+    });
+    if (outcome != Outcome::done) return outcome;
+    m_remark = m_success = carried.remark;
+    m_journal.add(std::move(written), carried.beside);
     return outcome;
 }
 

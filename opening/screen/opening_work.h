@@ -31,6 +31,16 @@ struct CarriedForward {
     std::string remark = {};
 };
 
+/// What carries again what last year's books have meanwhile become, and one line on it.
+struct CarriedAgain {
+    StepMaker make;
+    BesideStep beside;
+    std::string remark;
+};
+
+/// Has a long work done, wherever it likes, and comes back when that has ended.
+using WorkRunner = std::function<void(const std::function<void(const WritingTold& told)>& work)>;
+
 /// The opening balance window without its screen: the sheet of the open set of books, what may
 /// be done with it now, and the doing. Every edit is in the books when it ends. Whatever fails
 /// has told the operator why and has changed nothing.
@@ -53,6 +63,8 @@ class OpeningWork {
     /// What there is to say of the last edit until the next: that a text was no number and what
     /// became of it, that another figure followed, or that the figures of the line disagree.
     const std::string& remark() const { return m_remark; }
+    /// Whether it tells of something that came out well and needs no second look.
+    bool remarksOnSuccess() const { return !m_remark.empty() && m_remark == m_success; }
     bool isBrowsing() const { return m_books.sheet.isBrowsing(); }
     /// "浏览,只读" or nothing.
     const char* modeText() const;
@@ -101,6 +113,8 @@ class OpeningWork {
     /// Takes over what somebody else put into books without balances, and says of it what there is
     /// to say. The carrying tells the operator itself.
     Outcome carryForward(const std::function<CarriedForward()>& carry);
+    /// Writes what is carried again as one step, which can be undone until there are vouchers.
+    Outcome carryAgain(const CarriedAgain& carried, const WorkRunner& run);
 
     /// The kind of window that a double-click on a line opens, its directories being there.
     AuxiliaryKind auxiliaryToOpen(std::size_t line, std::size_t column);
@@ -113,7 +127,9 @@ class OpeningWork {
     bool mayClose();
 
   private:
-    Outcome write(const StepMaker& make, EditStep& written);
+    Outcome write(const StepMaker& make, EditStep& written, const BesideWork& beside = {});
+    Outcome write(StepWriter& writer, const StepMaker& make, EditStep& written,
+                  const BesideWork& beside, const WritingTold& told);
     Outcome writeTyped(const std::vector<TypedFigure>& figures, bool& hasChanged,
                        const HomeRateOf& rateOf);
     /// The rate of a figure in foreign currency; false when it could not be read, which is told.
@@ -121,7 +137,7 @@ class OpeningWork {
     /// What is told of the home currency of a figure written in foreign currency: that it was
     /// worked out, or that there is no rate for it. Nothing where nothing came of it.
     std::string remarkOnHome(const TypedFigure& figure, const std::optional<HomeRate>& rate) const;
-    Outcome goTo(const EditStep& step, void (EditJournal::*arrived)(),
+    Outcome goTo(const EditStep& step, const BesideWork& beside, void (EditJournal::*arrived)(),
                  void (EditJournal::*forget)());
 
     HeldMessages m_messages;
@@ -131,6 +147,7 @@ class OpeningWork {
     std::uint64_t m_readings = 0;
     std::vector<OpeningCell> m_changedCells;
     std::string m_remark;
+    std::string m_success;  ///< the last remark of a kind that is no warning
 };
 
 }  // namespace chengheng

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <tuple>
 #include <utility>
 #include <vector>
 
 #include "opening/sheet/opening_account.h"
+#include "session/record_change.h"
 
 namespace chengheng {
 
@@ -20,6 +22,9 @@ struct CellChange {
     double before = 0;
     double after = 0;
     bool isWorkedOut = false;  ///< from other figures of its line; else the operator gave it
+    /// From the year before: it may be of an account whose figures nobody types. One that changes
+    /// nothing is kept, for the sake of what is written beside it.
+    bool isCarried = false;
 
     bool changesNothing() const { return before == after; }
     bool operator==(const CellChange&) const = default;
@@ -27,6 +32,10 @@ struct CellChange {
 
 /// What is written, undone and done again as one.
 using EditStep = std::vector<CellChange>;
+
+/// What a step changes beside the figures of the sheet, in the same unit of work; or its taking
+/// back.
+using BesideStep = std::function<UntoldOutcome(bool takesBack)>;
 
 /// The step that takes this one back.
 inline EditStep reversed(const EditStep& step) {
@@ -39,10 +48,10 @@ inline EditStep reversed(const EditStep& step) {
 /// steps in the books who gave a figure: the operator, or the other figures of its line.
 class EditJournal {
   public:
-    void add(EditStep step) {
+    void add(EditStep step, BesideStep beside = {}) {
         if (step.empty()) return;
         m_steps.resize(m_done);
-        m_steps.push_back(std::move(step));
+        m_steps.push_back({std::move(step), std::move(beside)});
         redone();
     }
 
@@ -57,11 +66,16 @@ class EditJournal {
     }
 
     /// The step that is undone or done again next; null when there is none.
-    const EditStep* toUndo() const { return m_done == 0 ? nullptr : &m_steps[m_done - 1]; }
-    const EditStep* toRedo() const { return m_done == m_steps.size() ? nullptr : &m_steps[m_done]; }
+    const EditStep* toUndo() const { return m_done == 0 ? nullptr : &m_steps[m_done - 1].cells; }
+    const EditStep* toRedo() const {
+        return m_done == m_steps.size() ? nullptr : &m_steps[m_done].cells;
+    }
+    /// What belongs to them, if anything; there is such a step.
+    const BesideStep& besideUndo() const { return m_steps[m_done - 1].beside; }
+    const BesideStep& besideRedo() const { return m_steps[m_done].beside; }
     /// That this has happened.
-    void undone() { count(m_steps[--m_done], -1); }
-    void redone() { count(m_steps[m_done++], 1); }
+    void undone() { count(m_steps[--m_done].cells, -1); }
+    void redone() { count(m_steps[m_done++].cells, 1); }
     /// That it never will.
     void forgetUndo() {
         undone();
@@ -70,6 +84,10 @@ class EditJournal {
     void forgetRedo() { m_steps.erase(m_steps.begin() + static_cast<std::ptrdiff_t>(m_done)); }
 
   private:
+    struct Step {
+        EditStep cells;
+        BesideStep beside;
+    };
     using FigureKey = std::tuple<std::int32_t, Measure, std::size_t>;
     struct Counts {
         int typed = 0;
@@ -91,7 +109,7 @@ class EditJournal {
         }
     }
 
-    std::vector<EditStep> m_steps;
+    std::vector<Step> m_steps;
     std::map<FigureKey, Counts> m_counts;  ///< of the steps in the books
     std::size_t m_done = 0;                ///< so many of them, from the first, are in the books
 };

@@ -139,6 +139,7 @@ inline constexpr const char* vouchersMeanwhile =
     "帐套中已有凭证,期初余额只能浏览,本次操作没有保存。";
 inline constexpr const char* chartMeanwhile =
     "科目已被其他工作站修改,本次操作没有保存,表格已重新读入。";
+inline constexpr const char* givenUp = "已取消,没有改动。";
 inline constexpr const char* tooLarge =
     "数值太大,期初余额最大为9,999,999,999,999.99,本次操作没有保存。";
 

@@ -95,7 +95,7 @@ void CNbCwBegleftDlg::buildControls() {
 
 void CNbCwBegleftDlg::connectGrid() {
     connect(m_editing, &chengheng::FigureEditing::begun, this,
-            [this] { m_foot->showRemark(m_work.remark()); });
+            [this] { m_foot->showRemark(m_work.remark(), m_work.remarksOnSuccess()); });
     connect(m_editing, &chengheng::FigureEditing::ended, this, [this] { showChanges(); });
     connect(m_grid, &CVCF1::doubleClicked, this, [this](const QModelIndex& index) {
         if (m_grid->opensAuxiliary(index)) PostCommand(opening_command::auxiliary);
@@ -136,7 +136,7 @@ Outcome CNbCwBegleftDlg::change(const std::function<Outcome()>& work) {
 void CNbCwBegleftDlg::showChanges() {
     m_grid->showChanges();
     m_foot->showTotals(m_work.totals());
-    m_foot->showRemark(m_work.remark());
+    m_foot->showRemark(m_work.remark(), m_work.remarksOnSuccess());
     reflectCommands();
 }
 

@@ -36,9 +36,6 @@ OpeningFoot::OpeningFoot(QWidget* parent) : QWidget(parent) {
     line->addWidget(m_account, 1);
     m_remark = new ElidedLabel(this);
     m_remark->setObjectName(QStringLiteral("remark"));
-    QPalette colours = palette();
-    colours.setColor(QPalette::WindowText, opening_colours::negative);
-    m_remark->setPalette(colours);
     lines->addWidget(m_remark);
 }
 
@@ -63,6 +60,11 @@ void OpeningFoot::showAccount(const OpeningAccount& account) {
     m_account->setText(shown(account.code + ' ' + account.name));
 }
 
-void OpeningFoot::showRemark(const std::string& remark) { m_remark->setText(shown(remark)); }
+void OpeningFoot::showRemark(const std::string& remark, bool isOnSuccess) {
+    QPalette colours = palette();
+    if (!isOnSuccess) colours.setColor(QPalette::WindowText, opening_colours::negative);
+    m_remark->setPalette(colours);
+    m_remark->setText(shown(remark));
+}
 
 }  // namespace chengheng

@@ -20,7 +20,8 @@ class OpeningFoot final : public QWidget {
     void showTotals(const TrialBalance& totals);
     void showAccount(const OpeningAccount& account);
     /// A line of its own, which keeps its place while it is empty.
-    void showRemark(const std::string& remark);
+    /// One on a success is no warning and does not look like one.
+    void showRemark(const std::string& remark, bool isOnSuccess);
 
   private:
     QLabel* addSum(QLayout& line, const char* name);

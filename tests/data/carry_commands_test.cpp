@@ -92,6 +92,48 @@ TEST_P(CarryCommands, NameTheDifferencesOfTheTwoYears) {
     EXPECT_EQ(run({"--verify", "--dry-run"}).code, toolWrongUsage);
 }
 
+TEST_P(CarryCommands, RepeatWhatDiffersAndSayIt) {
+    ASSERT_EQ(run({}).code, toolDone);
+    ToolRun ran = run({"--repeat"});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_EQ(ran.out, "本年期初余额与上年期末余额一致。\n");
+    m_books.last("UPDATE AccSum SET mCredit = 0.25 WHERE mDebet = 1");
+    const char* const difference = "1001 科目1001:上年期末金额 5.75,本年期初 6.00,相差 -0.25\n";
+    ran = run({"--repeat", "--dry-run"});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_EQ(ran.out, std::string(difference) + "可以补转 1 处差额,共 1 个科目。\n");
+    EXPECT_EQ(m_books.now().openings("1001"), allPeriods("6"));
+    ran = run({"--repeat"});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_EQ(ran.out, std::string(difference) + "已补转 1 处差额,共 1 个科目。\n");
+    EXPECT_EQ(m_books.now().openings("1001"), allPeriods("5.75"));
+    EXPECT_EQ(run({"--verify"}).code, toolDone);
+    EXPECT_EQ(m_books.now().books().faults(), std::vector<std::string>{});
+    EXPECT_EQ(run({"--verify", "--repeat"}).code, toolWrongUsage);
+}
+
+TEST_P(CarryCommands, NameWhatARepeatLeaves) {
+    ASSERT_EQ(run({}).code, toolDone);
+    m_books.last(
+        "INSERT INTO Code (lId, sCode, sName, sType, byGrade, bEnd, bDirect) "
+        "VALUES (90, '1003', '旧', '资产', 1, 1, 1);"
+        "INSERT INTO AccSum VALUES (90, 90, 12, 3, 0, 0, 0, 0, 0, 0, 0, 0)");
+    ToolRun ran = run({"--repeat"});
+    EXPECT_EQ(ran.code, toolFaultsFound);
+    EXPECT_EQ(ran.out, "没有可以补转的差额,没有改动。另有 1 处差额不能补转,保持不变。\n");
+    EXPECT_EQ(ran.err, "1003 旧:本年没有此科目。\n");
+    ran = run({"--repeat", "--json"});
+    EXPECT_THAT(ran.out, HasSubstr("\"carried\": false"));
+    EXPECT_THAT(ran.out, HasSubstr("\"code\": \"1003\""));
+}
+
+TEST_P(CarryCommands, DoNotRepeatWhatWasNeverDone) {
+    const ToolRun ran = run({"--repeat"});
+    EXPECT_EQ(ran.code, toolWrongInput);
+    EXPECT_THAT(ran.err, HasSubstr("本年还没有期初余额,请使用“结转上年余额”。"));
+    EXPECT_EQ(m_books.now().rows(), std::vector<std::string>{});
+}
+
 TEST_P(CarryCommands, SayWhenThereIsNoYearBefore) {
     m_books.forgetList();
     for (const char* option : {"--dry-run", "--verify"}) {

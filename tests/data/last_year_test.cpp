@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 
 #include "books/logon/temporary_name.h"
 #include "data/access/row_lease.h"
@@ -104,56 +103,30 @@ class CarriedDetails : public testing::TestWithParam<EngineCase> {
         m_books.now().change("1133", "sAssBook = 'C'");
         m_books.now().change("2202", "sAssBook = 'B'");
         m_books.mirror();
-        m_books.now().books().run(members);
-        m_books.last(members);
+        m_books.addMembers();
         ASSERT_EQ(m_books.now().work().refresh(), Outcome::done);
     }
-    void detail(const char* code, int department, int unit, double opening, double credit) {
-        m_books.last(formatSql(
-            "INSERT INTO AssAcc (lId, byPeroid, lCodeId, lItemId, lDeptId, lEnterId, sItemId, "
-            "mBegin, mDebt, mCredit, dBegin, dDebt, dCredit, mFBegin, mFDebt, mFCredit) "
-            "VALUES (%d, 12, %d, 0, %d, %d, '', %lf, 0, %lf, 0, 0, 0, 0, 0, 0)",
-            ++m_lastId, m_books.now().idOf(code), department, unit, opening, credit));
-    }
-    /// "1133: 1/0 5 5 ...": department, unit and the openings of the periods.
-    std::vector<std::string> details() {
-        std::map<std::string, std::string> found;
-        for (const _AssAccInfo& row :
-             readRows<_AssAccInfo>(m_books.now().database(), "ORDER BY lId"))
-            found[fmt::format("{}/{}", row.lDeptId, row.lEnterId)] +=
-                fmt::format(" {}", row.mBegin);
-        std::vector<std::string> texts;
-        for (const auto& [of, openings] : found) texts.push_back(of + openings);
-        return texts;
-    }
-    static constexpr const char* members =
-        "INSERT INTO Dept (lId, sDeptCode, sDeptName) VALUES (1, '01', '销售部');"
-        "INSERT INTO Dept (lId, sDeptCode, sDeptName) VALUES (2, '02', '生产部');"
-        "INSERT INTO EnterClass (lId, sClsCode, sClsName) VALUES (1, '1', '客户');"
-        "INSERT INTO Enter (lId, lClassId, sEnterCode, sEnterName) VALUES (1, 1, '01', '甲公司');";
-
     CarryBooks m_books{GetParam()};
-    int m_lastId = 0;
 };
 
 TEST_P(CarriedDetails, GoWithTheBalancesOfTheirAccounts) {
     m_books.close("1133", 8, 0, 1);
-    detail("1133", 1, 0, 5, 0);
-    detail("1133", 2, 0, 3, 1);
-    detail("1133", 2, 1, 3, 3);
+    m_books.detail("1133", 1, 0, 5, 0);
+    m_books.detail("1133", 2, 0, 3, 1);
+    m_books.detail("1133", 2, 1, 3, 3);
     m_books.close("2202", 4, 1, 4);
-    detail("2202", 0, 1, 4, 3);
+    m_books.detail("2202", 0, 1, 4, 3);
     EXPECT_EQ(m_books.carry(), Outcome::done);
-    EXPECT_EQ(details(), (std::vector<std::string>{"0/1 7 7 7 7 7 7 7 7 7 7 7 7",
-                                                   "1/0 5 5 5 5 5 5 5 5 5 5 5 5",
-                                                   "2/0 2 2 2 2 2 2 2 2 2 2 2 2"}));
+    EXPECT_EQ(m_books.details(), (std::vector<std::string>{"0/1 7 7 7 7 7 7 7 7 7 7 7 7",
+                                                           "1/0 5 5 5 5 5 5 5 5 5 5 5 5",
+                                                           "2/0 2 2 2 2 2 2 2 2 2 2 2 2"}));
     EXPECT_EQ(m_books.now().openings("2202"), allPeriods("7"));
     EXPECT_EQ(m_books.now().books().faults(), std::vector<std::string>{});
 }
 
 TEST_P(CarriedDetails, AreRefusedWhereTheirMemberIsGoneOrAnother) {
     m_books.close("1133", 5, 0, 0);
-    detail("1133", 1, 0, 5, 0);
+    m_books.detail("1133", 1, 0, 5, 0);
     m_books.now().books().run("UPDATE Dept SET sDeptName = '营销部' WHERE lId = 1");
     EXPECT_EQ(m_books.carry(), Outcome::done) << "only its name changed";
     for (const char* change :

@@ -3,8 +3,10 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <map>
 #include <stdexcept>
 
+#include "books/carrying/carry_repeat.h"
 #include "data/access/row_lease.h"
 #include "data/layout/layout.h"
 #include "data/tables/accounts.h"
@@ -49,6 +51,34 @@ void CarryBooks::close(const std::string& code, double opening, double debit, do
                   ++m_lastId, m_now.idOf(code), opening, debit, credit));
 }
 
+void CarryBooks::addMembers() {
+    const std::string members =
+        "INSERT INTO Dept (lId, sDeptCode, sDeptName) VALUES (1, '01', '销售部');"
+        "INSERT INTO Dept (lId, sDeptCode, sDeptName) VALUES (2, '02', '生产部');"
+        "INSERT INTO EnterClass (lId, sClsCode, sClsName) VALUES (1, '1', '客户');"
+        "INSERT INTO Enter (lId, lClassId, sEnterCode, sEnterName) VALUES (1, 1, '01', '甲公司');";
+    m_now.books().run(members);
+    last(members);
+}
+
+void CarryBooks::detail(const std::string& code, int department, int unit, double opening,
+                        double credit) {
+    last(
+        formatSql("INSERT INTO AssAcc (lId, byPeroid, lCodeId, lItemId, lDeptId, lEnterId, "
+                  "sItemId, mBegin, mDebt, mCredit, dBegin, dDebt, dCredit, mFBegin, mFDebt, "
+                  "mFCredit) VALUES (%d, 12, %d, 0, %d, %d, '', %lf, 0, %lf, 0, 0, 0, 0, 0, 0)",
+                  ++m_lastId, m_now.idOf(code), department, unit, opening, credit));
+}
+
+std::vector<std::string> CarryBooks::details() {
+    std::map<std::string, std::string> found;
+    for (const _AssAccInfo& row : readRows<_AssAccInfo>(m_now.database(), "ORDER BY lId"))
+        found[fmt::format("{}/{}", row.lDeptId, row.lEnterId)] += fmt::format(" {}", row.mBegin);
+    std::vector<std::string> texts;
+    for (const auto& [of, openings] : found) texts.push_back(of + openings);
+    return texts;
+}
+
 std::vector<std::string> CarryBooks::lastRows() const {
     CNbCwDB database;
     NbCwDBInfo info;
@@ -69,6 +99,26 @@ Outcome CarryBooks::carry() {
         m_now.work().carryForward([&] { return carryForward(m_registry, untold); });
     for (const Notice& notice : untold) messages().tell(notice);
     return outcome;
+}
+
+Outcome CarryBooks::repeat() {
+    std::vector<Notice> untold;
+    RepeatPlan plan;
+    Outcome outcome = lookAtRepeat(m_registry, plan, untold);
+    for (const Notice& notice : untold) messages().tell(notice);
+    if (outcome == Outcome::done)
+        outcome = m_now.work().carryAgain(carriedAgain(plan), [](const auto& work) { work({}); });
+    return outcome;
+}
+
+std::vector<std::string> CarryBooks::differences() {
+    std::vector<Notice> untold;
+    std::vector<CarryDifference> found;
+    if (verifyCarry(m_registry, found, untold) != Outcome::done)
+        throw std::runtime_error("not compared");
+    std::vector<std::string> texts;
+    for (const CarryDifference& each : found) texts.push_back(differenceText(each));
+    return texts;
 }
 
 void CarryBooks::list(const std::string& location, const std::string& lastLocation, int lastYear) {

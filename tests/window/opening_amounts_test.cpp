@@ -54,7 +54,9 @@ TEST_F(OpeningAmountsTest, SaysBelowTheGridThatATextThatIsNoNumberWasTakenAsZero
     EXPECT_EQ(window->cell(0, opening), "0.00");
     EXPECT_EQ(window->grid().currentRow(), 2);
     EXPECT_EQ(window->label("remark"), "“12x”不是数字。已按 0 录入,按 Ctrl+Z 恢复原来的金额。");
-    EXPECT_TRUE(window->findChild<QLabel*>("remark")->isVisible());
+    const auto* const remark = window->findChild<QLabel*>("remark");
+    EXPECT_TRUE(remark->isVisible());
+    EXPECT_EQ(remark->palette().color(QPalette::WindowText), QColor(0xc0, 0x10, 0x10));
     EXPECT_TRUE(messages().texts().empty());
     window->press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(window->cell(0, opening), "50.00");

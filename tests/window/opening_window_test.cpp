@@ -200,6 +200,8 @@ TEST_F(OpeningWindowTest, ShowsWhatWasCarriedForwardAndOffersItNoMore) {
     EXPECT_TRUE(carried.messages().texts().empty());
     EXPECT_EQ(window->cell(0, opening), "5.00");
     EXPECT_EQ(window->label("remark"), "已结转 1 个科目,借方合计 5.00,贷方合计 0.00。");
+    EXPECT_EQ(window->findChild<QLabel*>("remark")->palette().color(QPalette::WindowText),
+              window->palette().color(QPalette::WindowText));
     EXPECT_FALSE(window->isEnabled("结转上年余额"));
     window.reset();
 }
