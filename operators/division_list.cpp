@@ -71,8 +71,9 @@ bool readOperators(std::vector<OperatorRecord>& operators) {
     if (!readForList(operator_sql::inOrder, users) || !readForList(operator_sql::inOrder, rights))
         return false;
     auto paired = pairedOperators(users, rights);
-    if (paired) operators = *std::move(paired);
-    return paired.has_value();
+    if (!paired) return false;
+    operators = *std::move(paired);
+    return true;
 }
 
 bool fillDivision(Report& report) {
