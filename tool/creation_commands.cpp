@@ -86,12 +86,19 @@ class PasswordNote {
     bool m_isKept = false;
 };
 
-ExitCode makeDemo(Tool& tool, const std::string& given) {
+struct DemoOptions {
+    std::string books;
+    std::string lastYear;
+};
+
+ExitCode makeDemo(Tool& tool, const std::string& given, DemoYear year) {
     constexpr std::int32_t onlySet = 1;
-    const std::string location = placeOfBooks(given, "", onlySet, demo::year);
+    const int number = year == DemoYear::finished ? demo::year - 1 : demo::year;
+    const std::string location = placeOfBooks(given, "", onlySet, number);
     PasswordNote note(location);
     if (!note.status()) return tellFailure(tool, note.status(), note.path());
-    if (const auto refusal = makeDemoBooks(location)) return tellRefusal(tool, *refusal);
+    if (const auto refusal = makeDemoBooks(location, {.year = year}))
+        return tellRefusal(tool, *refusal);
     note.keep();
     tool.out << fmt::format(tool_texts::demoCreated, shownLocation(location), demo::supervisor,
                             demo::password)
@@ -99,6 +106,14 @@ ExitCode makeDemo(Tool& tool, const std::string& given) {
     if (!note.path().empty())
         tool.out << fmt::format(tool_texts::demoPasswordNoted, note.path()) << '\n';
     return ExitCode::done;
+}
+
+ExitCode makeDemos(Tool& tool, const DemoOptions& options) {
+    if (!options.lastYear.empty()) {
+        const ExitCode before = makeDemo(tool, options.lastYear, DemoYear::finished);
+        if (before != ExitCode::done) return before;
+    }
+    return makeDemo(tool, options.books, DemoYear::present);
 }
 
 }  // namespace
@@ -127,12 +142,12 @@ void addNewCommand(CLI::App& app, Tool& tool) {
 }
 
 void addDemoCommand(CLI::App& app, Tool& tool) {
-    const auto location = std::make_shared<std::string>();
+    const auto options = std::make_shared<DemoOptions>();
     CLI::App* command = app.add_subcommand("demo", tool_texts::demoCommand);
-    command->add_option("BOOKS", *location, tool_texts::newBooksArgument)->required();
-    command->callback([&tool, location] {
-        tool.action = [&tool, location] { return makeDemo(tool, *location); };
-    });
+    command->add_option("BOOKS", options->books, tool_texts::newBooksArgument)->required();
+    command->add_option("--last-year", options->lastYear, tool_texts::demoLastYearOption);
+    command->callback(
+        [&tool, options] { tool.action = [&tool, options] { return makeDemos(tool, *options); }; });
 }
 
 }  // namespace chengheng

@@ -48,6 +48,7 @@ inline constexpr const char* forceFile = "替换已经存在的文件";
 inline constexpr const char* forceBooks = "替换已经存在的帐套的全部内容";
 
 inline constexpr const char* demoCommand = "建立演示帐套:一家小型商贸公司";
+inline constexpr const char* demoLastYearOption = "另在此处建立已结束的上一年帐套";
 inline constexpr const char* demoCreated =
     "演示帐套已建立:{}\n主管:{}  各操作员的口令:{}(仅供演示)";
 inline constexpr const char* demoPasswordNoted = "口令文件:{}";

@@ -25,12 +25,16 @@ constexpr std::int32_t onlySet = 1;
 /// In the order in which later ones refer to earlier ones.
 constexpr std::array steps{writeDemoCurrencies,  writeDemoAccounts,     writeDemoDirectories,
                            writeDemoProjects,    writeDemoVoucherTypes, writeDemoOperators,
-                           writeDemoDefinitions, writeDemoOpenings,     writeDemoVouchers};
+                           writeDemoDefinitions, writeDemoOpenings};
 
-NewBooks demoFacts() {
+std::int16_t yearOf(DemoYear year) {
+    return static_cast<std::int16_t>(year == DemoYear::finished ? demo::year - 1 : demo::year);
+}
+
+NewBooks demoFacts(DemoYear year) {
     return {.name = demo::setName,
             .company = demo::company,
-            .year = demo::year,
+            .year = yearOf(year),
             .levelPattern = demo::levelPattern,
             .hasForeignCurrency = true,
             .chart = ChartTemplate::smallEnterprise,
@@ -38,23 +42,26 @@ NewBooks demoFacts() {
 }
 
 /// Everything the books hold, in one unit of work.
-Status fill(CNbCwDB& database, PasswordCost cost) {
-    const std::string hash = hashPassword(demo::password, cost);
+Status fill(CNbCwDB& database, const DemoWish& wish) {
+    const std::string hash = hashPassword(demo::password, wish.cost);
     if (hash.empty()) return Status::of(Failure::full, "no memory to hash a password");
     UnitOfWork unit(database);
     Status status = unit.status();
-    if (status) status = fillNewBooks(database, demoFacts(), onlySet, hash);
-    DemoBooks books(database, cost);
+    if (status) status = fillNewBooks(database, demoFacts(wish.year), onlySet, hash);
+    DemoBooks books(database, wish.cost, yearOf(wish.year));
     for (const auto step : steps)
         if (status) status = step(books);
+    if (status)
+        status =
+            wish.year == DemoYear::finished ? writeDemoTurnover(books) : writeDemoVouchers(books);
     return status ? unit.commit() : status;
 }
 
-Status fillNew(std::unique_ptr<Engine> engine, const std::string& location, PasswordCost cost) {
+Status fillNew(std::unique_ptr<Engine> engine, const std::string& location, const DemoWish& wish) {
     if (Status made = createLayout(*engine); !made) return made;
     CNbCwDB database;
     database.adopt(std::move(engine), shownLocation(location).c_str(), databaseName);
-    return database.DBSelect(databaseName) != 0 ? fill(database, cost) : database.lastStatus();
+    return database.DBSelect(databaseName) != 0 ? fill(database, wish) : database.lastStatus();
 }
 
 Refusal existingRefusal(const std::string& location) {
@@ -64,19 +71,19 @@ Refusal existingRefusal(const std::string& location) {
 /// Makes the books where nothing is, and removes what comes to nothing. The place may be
 /// another one than the location that is told.
 std::optional<Refusal> makeAt(const std::string& place, const std::string& location,
-                              PasswordCost cost) {
+                              const DemoWish& wish) {
     std::unique_ptr<Engine> engine;
     Status status = openEngine(place, OpenMode::create, engine);
     if (status.failure == Failure::refused) return existingRefusal(location);
     if (!status) return failureRefusal(failureText(status, location));
-    status = fillNew(std::move(engine), location, cost);
+    status = fillNew(std::move(engine), location, wish);
     if (status) return std::nullopt;
     // The failure told is the one that came first.
     static_cast<void>(removeDatabase(place).isDone());
     return failureRefusal(failureText(status, location));
 }
 
-std::optional<Refusal> makeFile(const std::string& path, PasswordCost cost) {
+std::optional<Refusal> makeFile(const std::string& path, const DemoWish& wish) {
     const std::string folder = std::filesystem::path(path).parent_path();
     if (const Status made = makeOwnedFolder(folder); !made)
         return failureRefusal(failureText(made, path));
@@ -85,7 +92,7 @@ std::optional<Refusal> makeFile(const std::string& path, PasswordCost cost) {
     StagedFile staged(path, Overwrite::refuse);
     if (staged.status().failure == Failure::refused) return existingRefusal(path);
     if (!staged.status()) return failureRefusal(failureText(staged.status(), path));
-    if (std::optional<Refusal> refusal = makeAt(staged.path(), path, cost)) return refusal;
+    if (std::optional<Refusal> refusal = makeAt(staged.path(), path, wish)) return refusal;
     const Status placed = staged.place();
     if (placed.failure == Failure::refused) return existingRefusal(path);
     return placed ? std::optional<Refusal>() : failureRefusal(failureText(placed, path));
@@ -93,8 +100,8 @@ std::optional<Refusal> makeFile(const std::string& path, PasswordCost cost) {
 
 }  // namespace
 
-std::optional<Refusal> makeDemoBooks(const std::string& location, PasswordCost cost) {
-    return isServerAddress(location) ? makeAt(location, location, cost) : makeFile(location, cost);
+std::optional<Refusal> makeDemoBooks(const std::string& location, const DemoWish& wish) {
+    return isServerAddress(location) ? makeAt(location, location, wish) : makeFile(location, wish);
 }
 
 }  // namespace chengheng

@@ -9,8 +9,8 @@ constexpr std::int16_t multiplied = 1;  ///< foreign × rate = home
 constexpr float largestDifference = 0.00001F;
 constexpr int months = 12;
 
-Date dayOf(int month, int day) {
-    return {demo::year, static_cast<std::uint8_t>(month), static_cast<std::uint8_t>(day)};
+Date dayOf(const DemoBooks& books, int month, int day) {
+    return {books.year(), static_cast<std::uint8_t>(month), static_cast<std::uint8_t>(day)};
 }
 
 /// What is to be found by looking at the first currency: two gaps in its days, and a slip of the
@@ -18,7 +18,7 @@ Date dayOf(int month, int day) {
 bool isForgotten(int month, int day) {
     return (month == 3 && day >= 14 && day <= 16) || (month == 8 && day == 30);
 }
-constexpr Date slippedDay{demo::year, 6, 17};
+bool hasSlipped(int month, int day) { return month == 6 && day == 17; }
 constexpr double slip = 1.8;
 
 /// A rate on a day: a little beside the month's, and always the same; 0 where it was forgotten.
@@ -28,7 +28,7 @@ double floatingRate(const demo::Currency& currency, double monthlyRate, int mont
     const int swung = (day * 8 + month * 5) % swing - swing / 2;
     double rate = monthlyRate + swung * step;
     const bool isFirst = &currency == demo::currencies().data();
-    if (isFirst && dayOf(month, day) == slippedDay) rate += slip;
+    if (isFirst && hasSlipped(month, day)) rate += slip;
     Round(rate, currency.rateDecimals);
     return isFirst && isForgotten(month, day) ? 0 : rate;
 }
@@ -48,9 +48,9 @@ Rate rateOn(const Date& day, std::int32_t currencyId, double bookkeeping, double
 Status writeMonth(DemoBooks& books, const demo::Currency& currency, std::int32_t id, int month) {
     const double rate = currency.monthlyRates[static_cast<std::size_t>(month - 1)];
     const double next = currency.monthlyRates[static_cast<std::size_t>(month % months)];
-    Status status = books.add(rateOn<_ExchgFixInfo>(dayOf(month, 1), id, rate, next));
-    for (int day = 1; status && day <= daysInMonth(demo::year, month); ++day)
-        status = books.add(rateOn<_ExchgFltInfo>(dayOf(month, day), id,
+    Status status = books.add(rateOn<_ExchgFixInfo>(dayOf(books, month, 1), id, rate, next));
+    for (int day = 1; status && day <= daysInMonth(books.year(), month); ++day)
+        status = books.add(rateOn<_ExchgFltInfo>(dayOf(books, month, day), id,
                                                  floatingRate(currency, rate, month, day), 0));
     return status;
 }

@@ -8,6 +8,7 @@
 #include "base/messages/messages.h"
 #include "base/values/numbers.h"
 #include "books/demo/demo_parts.h"
+#include "books/demo/demo_sql.h"
 #include "data/tables/accounts.h"
 #include "data/tables/directories.h"
 #include "data/tables/operators.h"
@@ -19,7 +20,9 @@ namespace chengheng {
 namespace {
 
 /// The day before the books begin.
-constexpr Date entryDate{demo::year - 1, 12, 31};
+Date entryDate(const DemoBooks& books) {
+    return {static_cast<std::int16_t>(books.year() - 1), 12, 31};
+}
 
 /// Keeps what a service says; nobody is there to be asked.
 class KeptNotice final : public IMessages {
@@ -35,7 +38,7 @@ AuxiliaryEntry entryOf(const DemoBooks& books, const demo::Entry& given, std::in
     AuxiliaryEntry entry;
     entry.names = {given.department, given.person, given.unit, given.item};
     EntryContent& content = entry.content;
-    content.date = entryDate;
+    content.date = entryDate(books);
     content.sign = demo::transferVoucherType;
     content.number = number;
     content.summary = given.digest;
@@ -118,5 +121,7 @@ Status writeDemoOpenings(DemoBooks& books) {
     const Status status = writeEntries(books);
     return status ? writeSums(books) : status;
 }
+
+Status writeDemoTurnover(DemoBooks& books) { return books.run(demo_sql::turnover()); }
 
 }  // namespace chengheng

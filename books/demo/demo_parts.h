@@ -16,10 +16,12 @@ namespace chengheng {
 /// each other by name in the data and by id in the books.
 class DemoBooks {
   public:
-    DemoBooks(CNbCwDB& database, PasswordCost cost) : m_database(database), m_cost(cost) {}
+    DemoBooks(CNbCwDB& database, PasswordCost cost, std::int16_t year)
+        : m_database(database), m_cost(cost), m_year(year) {}
 
     CNbCwDB& database() { return m_database; }
     PasswordCost passwordCost() const { return m_cost; }
+    std::int16_t year() const { return m_year; }
 
     template <class Record>
     Status add(const Record& record, std::int32_t& id) {
@@ -61,6 +63,7 @@ class DemoBooks {
 
     CNbCwDB& m_database;
     PasswordCost m_cost;
+    std::int16_t m_year;
     std::map<std::string, std::int32_t, std::less<>> m_ids;
 };
 
@@ -75,5 +78,8 @@ Status writeDemoOperators(DemoBooks& books);
 Status writeDemoDefinitions(DemoBooks& books);
 Status writeDemoOpenings(DemoBooks& books);
 Status writeDemoVouchers(DemoBooks& books);
+/// A year's turnover, as much to the debit as to the credit of each account, so that it closes
+/// with what it opened with.
+Status writeDemoTurnover(DemoBooks& books);
 
 }  // namespace chengheng

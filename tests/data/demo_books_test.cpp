@@ -16,6 +16,7 @@
 #include "data/layout/layout.h"
 #include "data/tables/accounts.h"
 #include "data/tables/balances.h"
+#include "data/tables/books.h"
 #include "data/tables/currency.h"
 #include "data/tables/operators.h"
 #include "data/tables/settlement.h"
@@ -30,6 +31,7 @@
 
 namespace {
 
+using chengheng::DemoYear;
 using chengheng::EngineCase;
 using chengheng::freshLocation;
 using chengheng::makeDemoBooks;
@@ -40,9 +42,9 @@ using chengheng::readRows;
 using testing::Contains;
 using testing::IsEmpty;
 
-std::string madeDemo(const EngineCase& kind) {
+std::string madeDemo(const EngineCase& kind, DemoYear year = DemoYear::present) {
     const std::string location = freshLocation(kind);
-    const auto refusal = makeDemoBooks(location, PasswordCost::least);
+    const auto refusal = makeDemoBooks(location, {.year = year, .cost = PasswordCost::least});
     EXPECT_FALSE(refusal) << refusal->notice.text;
     return location;
 }
@@ -300,10 +302,32 @@ TEST_P(DemoBooks, NextIdsFollowTheLastOnes) {
 
 TEST_P(DemoBooks, WhereBooksAreAlreadyTheyAreLeftAlone) {
     const auto before = rows<_CodeInfo>();
-    const auto refusal = makeDemoBooks(m_location, PasswordCost::least);
+    const auto refusal = makeDemoBooks(m_location, {.cost = PasswordCost::least});
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->kind, chengheng::RefusalKind::alreadyThere);
     EXPECT_EQ(rows<_CodeInfo>(), before);
+}
+
+TEST_P(DemoBooks, TheYearBeforeClosesWithWhatTheyOpenedWith) {
+    const std::string before = madeDemo(GetParam(), DemoYear::finished);
+    std::vector<chengheng::IntegrityFault> faults;
+    ASSERT_TRUE(checkIntegrity(*openForTest(before, OpenMode::existing), faults).isDone());
+    for (const auto& fault : faults) ADD_FAILURE() << fault.check << ": " << fault.text;
+    const auto openings = rows<_AccSumInfo>("byPeroid = 1 ORDER BY lCodeId");
+    NbCwDBInfo info;
+    ASSERT_NE(m_db.DBOpen(info, before.c_str(), "before", 1), 0);
+    ASSERT_NE(m_db.DBSelect("before"), 0);
+    EXPECT_EQ(rows<_zAccountMInfo>().front().lYear, 2025);
+    EXPECT_THAT(rows<_UnregMainInfo>(), IsEmpty());
+    const auto closings = rows<_AccSumInfo>("byPeroid = 12 ORDER BY lCodeId");
+    const auto turnovers = rows<_AccSumInfo>("byPeroid = 11 ORDER BY lCodeId");
+    ASSERT_EQ(closings.size(), openings.size());
+    for (std::size_t at = 0; at < closings.size(); ++at) {
+        EXPECT_EQ(closings[at].lCodeId, openings[at].lCodeId);
+        EXPECT_EQ(closings[at].mBegin + closings[at].mDebet - closings[at].mCredit,
+                  openings[at].mBegin);
+        EXPECT_EQ(turnovers[at].mDebet, 2 * openings[at].mBegin);
+    }
 }
 
 CHENGHENG_ON_SHARED_ENGINES(DemoBooks);
@@ -316,7 +340,7 @@ TEST(DemoOperators, AreNotWrittenWhenTheirNextIdCannotBeRead) {
     CNbCwDB database;
     database.adopt(std::move(faulty), "", "demo");
     ASSERT_NE(database.DBSelect("demo"), 0);
-    chengheng::DemoBooks books(database, PasswordCost::least);
+    chengheng::DemoBooks books(database, PasswordCost::least, chengheng::demo::year);
     engine.failCall(1);
     EXPECT_EQ(writeDemoOperators(books).failure, chengheng::Failure::full);
     EXPECT_THAT(readRows<_UsersInfo>(database, nullptr), IsEmpty());
@@ -330,7 +354,7 @@ TEST(DemoFile, DiskThatFillsUpOnTheWayLeavesNothingBehind) {
     int failures = 0;
     for (int room = 0; !isMade; room += 29) {
         disk.fail(chengheng::FailingDisk::Fault::full, room);
-        const auto refusal = makeDemoBooks(path, PasswordCost::least);
+        const auto refusal = makeDemoBooks(path, {.cost = PasswordCost::least});
         disk.repair();
         isMade = !refusal;
         EXPECT_EQ(std::filesystem::is_empty(folder), !isMade) << room;

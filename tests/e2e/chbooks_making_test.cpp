@@ -202,6 +202,20 @@ TEST(ToolDemo, PasswordStandsBesideTheBooksForTheirOwnerOnly) {
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
+TEST(ToolPlaces, DemoBooksHaveAFinishedYearBesideThemWhoseBalancesTheyOpenedWith) {
+    const std::string folder = freshFolder();
+    const std::string now = folder + "/2026/Nbzw.db";
+    ASSERT_EQ(chbooks({"demo", now, "--last-year", folder + "/2025/Nbzw.db"}).exitCode, done);
+    EXPECT_EQ(chbooks({"check", folder + "/2025"}).exitCode, done);
+    const ProgramRun proof = chbooks({"carry-forward", now, "--verify"});
+    EXPECT_EQ(proof.exitCode, done) << proof.out << proof.err;
+    // What is there already stays, and nothing new stands beside it.
+    EXPECT_EQ(
+        chbooks({"demo", folder + "/new.db", "--last-year", folder + "/2025/Nbzw.db"}).exitCode,
+        targetExists);
+    EXPECT_FALSE(std::filesystem::exists(folder + "/new.db"));
+}
+
 TEST(ToolPlaces, FolderStandsForTheBooksInIt) {
     const std::string folder = freshFolder();
     ASSERT_EQ(chbooks({"demo", folder}).exitCode, done);
