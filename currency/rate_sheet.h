@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,6 +60,7 @@ class RateSheet {
     std::int32_t idIn(int row) const { return line(row).id; }
     /// What stands in a row, with its day.
     const RateRow& line(int row) const { return m_lines[static_cast<std::size_t>(row)]; }
+    std::span<const RateRow> lines() const { return m_lines; }
     /// Where the stored rate of an id stands now.
     std::optional<int> rowOf(std::int32_t id) const;
     /// Takes over the rates of a row as they are stored now.

@@ -1,7 +1,6 @@
 #include "base/values/date.h"
 
 #include <array>
-#include <charconv>
 
 namespace chengheng {
 namespace {
@@ -11,13 +10,13 @@ bool isLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 
 /// Takes up to `most` digits off the front of the text; nothing when there is none.
 std::optional<int> takeNumber(std::string_view& text, std::size_t most) {
     std::size_t length = 0;
-    while (length < text.size() && length < most && text[length] >= '0' && text[length] <= '9')
-        ++length;
     int number = 0;
-    if (std::from_chars(text.data(), text.data() + length, number).ec != std::errc{})
-        return std::nullopt;
+    for (; length < text.size() && length < most; ++length) {
+        if (text[length] < '0' || text[length] > '9') break;
+        number = number * 10 + (text[length] - '0');
+    }
     text.remove_prefix(length);
-    return number;
+    return length > 0 ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ std::string rangeText(RateKind kind, const RateGap& gap) {
 }  // namespace
 
 std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> rows,
-                              const RateSpan& wanted, int month) {
+                              const RateSpan& wanted) {
     std::bitset<daySlots> rated;
     Date end = wanted.today;
     for (const RateRow& row : rows) {
@@ -34,7 +34,7 @@ std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> 
     if (rated.none()) return {};
     std::vector<RateGap> gaps;
     bool isInGap = false;
-    for (const Date& day : rateDays(kind, year, month)) {
+    for (const Date& day : rateDays(kind, year, 0)) {
         if (day < wanted.begin) continue;
         if (day > end) break;
         const bool isMissing = !rated[slotOf(day)];
@@ -45,6 +45,19 @@ std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> 
         ++gaps.back().count;
     }
     return gaps;
+}
+
+std::vector<RateGap> gapsInMonth(std::span<const RateGap> gaps, int year, int month) {
+    const Date begin{static_cast<std::int16_t>(year), static_cast<std::uint8_t>(month), 1};
+    Date end = begin;
+    end.day = static_cast<std::uint8_t>(daysInMonth(year, month));
+    std::vector<RateGap> within;
+    for (const RateGap& gap : gaps) {
+        const Date first = std::max(gap.first, begin);
+        const Date last = std::min(gap.last, end);
+        if (first <= last) within.push_back({first, last, last.day - first.day + 1});
+    }
+    return within;
 }
 
 std::string gapLine(RateKind kind, std::span<const RateGap> gaps, std::size_t named) {

@@ -23,12 +23,14 @@ struct RateSpan {
     Date today = {};
 };
 
-/// The gaps of a year's rates, or of those of one month of it, in the order of time. What lies
-/// behind the last rate of the year and behind today is no gap, it is still to come; nor is what
-/// lies before the books begin, nor anything in a year that has no rate at all. Days that have no
-/// row are missing, too.
+/// The gaps of a year's rates, in the order of time. What lies behind the last rate of the year and
+/// behind today is no gap, it is still to come; nor is what lies before the books begin, nor
+/// anything in a year that has no rate at all. Days that have no row are missing, too.
 std::vector<RateGap> rateGaps(RateKind kind, int year, std::span<const RateRow> rows,
-                              const RateSpan& wanted, int month = 0);
+                              const RateSpan& wanted);
+
+/// What of a year's gaps of days lies in one month of it.
+std::vector<RateGap> gapsInMonth(std::span<const RateGap> gaps, int year, int month);
 
 /// "缺 3 天:2026.03.04 至 2026.03.05、2026.03.09"; empty without gaps. No more than so many are
 /// named.

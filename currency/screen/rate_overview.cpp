@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
+#include <span>
 
 #include "base/values/amount_text.h"
 #include "base/values/numbers.h"
@@ -62,14 +64,14 @@ void RateOverview::follow() {
 
 /// What the form shows was read later than the year. Whether that has others there.
 bool RateOverview::takeShownRows() {
-    std::vector<RateRow> shown;
-    for (int row = 0; row < m_form.sheet().rowCount(); ++row)
-        if (m_form.sheet().idIn(row) != 0) shown.push_back(m_form.sheet().line(row));
-    const Date first = m_form.sheet().line(0).day;
-    const Date last = m_form.sheet().line(m_form.sheet().rowCount() - 1).day;
+    const std::span<const RateRow> lines = m_form.sheet().lines();
+    auto stored = lines | std::views::filter([](const RateRow& line) { return line.id != 0; });
+    const Date first = lines.front().day;
+    const Date last = lines.back().day;
     const auto begin = std::ranges::lower_bound(m_year, first, {}, &RateRow::day);
     const auto end = std::ranges::upper_bound(m_year, last, {}, &RateRow::day);
-    if (std::ranges::equal(std::ranges::subrange(begin, end), shown)) return false;
+    if (std::ranges::equal(std::ranges::subrange(begin, end), stored)) return false;
+    const std::vector<RateRow> shown(stored.begin(), stored.end());
     m_year.insert(m_year.erase(begin, end), shown.begin(), shown.end());
     return true;
 }
@@ -79,16 +81,14 @@ void RateOverview::workOut() {
     m_adjustments = adjustmentPoints(m_year);
     m_markedRates = markedDays(m_rates);
     m_markedAdjustments = markedDays(m_adjustments);
-    m_gaps = gapsOf(0);
+    m_gaps.clear();
+    if (m_isYearRead) m_gaps = rateGaps(m_place.kind, m_form.year(), m_year, m_wanted);
 }
 
 void RateOverview::findShownGaps() {
-    m_shownGaps = m_place.kind == RateKind::fixed ? m_gaps : gapsOf(m_form.month());
-}
-
-std::vector<RateGap> RateOverview::gapsOf(int month) const {
-    if (!m_isYearRead) return {};
-    return rateGaps(m_place.kind, m_form.year(), m_year, m_wanted, month);
+    m_shownGaps = m_place.kind == RateKind::fixed
+                      ? m_gaps
+                      : gapsInMonth(m_gaps, m_form.year(), m_form.month());
 }
 
 void RateOverview::readAnew() {

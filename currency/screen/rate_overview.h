@@ -84,7 +84,6 @@ class RateOverview {
     bool takeShownRows();
     void workOut();
     void findShownGaps();
-    std::vector<RateGap> gapsOf(int month) const;
     std::optional<int> step(const std::vector<RateChange>& changes,
                             Outcome (RateJournal::*write)(IMessages&));
     std::optional<int> show(const std::vector<RateChange>& changes);

@@ -24,42 +24,40 @@ const Field& fieldAt(const void* place) {
 
 /// False when the column holds no whole number of the field's range.
 template <class Number>
-bool readWhole(const Cursor& row, int column, Number& number) {
-    const ValueKind kind = row.kind(column);
-    if (kind != ValueKind::integer && kind != ValueKind::null) return false;
-    const std::int64_t stored = row.integer(column);
-    number = static_cast<Number>(stored);
-    return number == stored;
+bool readWhole(const Value& stored, Number& number) {
+    number = static_cast<Number>(stored.integer);
+    return number == stored.integer &&
+           (stored.kind == ValueKind::integer || stored.kind == ValueKind::null);
 }
 
 /// False when the column holds no finite number.
-bool readReal(const Cursor& row, int column, double& number) {
-    if (row.kind(column) == ValueKind::text) return false;
-    number = row.real(column);
-    return std::isfinite(number);
+bool readReal(const Value& stored, double& number) {
+    const bool isWhole = stored.kind == ValueKind::integer;
+    number = isWhole ? static_cast<double>(stored.integer) : stored.real;
+    return stored.kind != ValueKind::text && std::isfinite(number);
 }
 
-bool readNullable(const Cursor& row, int column, std::optional<std::int32_t>& number) {
+bool readNullable(const Value& stored, std::optional<std::int32_t>& number) {
     number.reset();
-    return row.kind(column) == ValueKind::null || readWhole(row, column, number.emplace());
+    return stored.kind == ValueKind::null || readWhole(stored, number.emplace());
 }
 
 /// False when the column holds what the field cannot.
 bool readField(const Cursor& row, int column, ColumnType type, void* field) {
     switch (type) {
         case ColumnType::integer:
-            return readWhole(row, column, fieldAt<std::int32_t>(field));
+            return readWhole(row.value(column), fieldAt<std::int32_t>(field));
         case ColumnType::nullableInteger:
-            return readNullable(row, column, fieldAt<std::optional<std::int32_t>>(field));
+            return readNullable(row.value(column), fieldAt<std::optional<std::int32_t>>(field));
         case ColumnType::byte:
-            return readWhole(row, column, fieldAt<std::uint8_t>(field));
+            return readWhole(row.value(column), fieldAt<std::uint8_t>(field));
         case ColumnType::flag:
-            return readWhole(row, column, fieldAt<std::int16_t>(field));
+            return readWhole(row.value(column), fieldAt<std::int16_t>(field));
         case ColumnType::real:
-            return readReal(row, column, fieldAt<double>(field));
+            return readReal(row.value(column), fieldAt<double>(field));
         case ColumnType::single: {
             double number = 0;
-            const bool isRead = readReal(row, column, number);
+            const bool isRead = readReal(row.value(column), number);
             fieldAt<float>(field) = static_cast<float>(number);
             return isRead && std::isfinite(fieldAt<float>(field));
         }

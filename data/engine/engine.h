@@ -42,6 +42,20 @@ class Cursor {
     virtual double real(int column) const = 0;           ///< NULL reads as 0
     virtual std::string_view text(
         int column) const = 0;  ///< NULL reads as ""; dates as "2026-01-05"
+    /// Kind and content in one look.
+    virtual Value value(int column) const {
+        switch (kind(column)) {
+            case ValueKind::integer:
+                return Value::of(integer(column));
+            case ValueKind::real:
+                return Value::of(real(column));
+            case ValueKind::text:
+                return Value::of(text(column));
+            case ValueKind::null:
+                break;
+        }
+        return Value::ofNull();
+    }
 };
 
 enum class OpenMode {

@@ -416,7 +416,6 @@ TEST(SqliteEngine, RunsWithALogThatIsFlushedAtEveryCommit) {
     EXPECT_EQ(readCell(*engine, "PRAGMA journal_mode"), "wal");
     EXPECT_EQ(readCell(*engine, "PRAGMA synchronous"), "2");
     EXPECT_EQ(readCell(*engine, "PRAGMA foreign_keys"), "0");
-    EXPECT_EQ(readCell(*engine, "PRAGMA temp_store"), "2");
 }
 
 TEST(SqliteEngine, ReadersSeeTheOldStateWhileAnotherWrites) {

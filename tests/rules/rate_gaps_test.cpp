@@ -48,10 +48,15 @@ TEST(RateGaps, AreNoneInAYearWithoutAnyRate) {
 TEST(RateGaps, OfAMonthAreItsDaysThoughTheLastRateIsLater) {
     const auto rows = rowsOf(RateKind::floating, 2026,
                              {{{2026, 2, 1}, 7.1}, {{2026, 2, 27}, 7.1}, {{2026, 3, 2}, 7.2}});
-    EXPECT_EQ(rateGaps(RateKind::floating, 2026, rows, noDay, 2),
+    const auto gaps = rateGaps(RateKind::floating, 2026, rows, noDay);
+    EXPECT_EQ(gapsInMonth(gaps, 2026, 1),
+              (std::vector<RateGap>{{{2026, 1, 1}, {2026, 1, 31}, 31}}));
+    EXPECT_EQ(gapsInMonth(gaps, 2026, 2),
               (std::vector<RateGap>{{{2026, 2, 2}, {2026, 2, 26}, 25},
                                     {{2026, 2, 28}, {2026, 2, 28}, 1}}));
-    EXPECT_TRUE(rateGaps(RateKind::floating, 2026, rows, noDay, 4).empty());
+    EXPECT_EQ(gapsInMonth(gaps, 2026, 3), (std::vector<RateGap>{{{2026, 3, 1}, {2026, 3, 1}, 1}}))
+        << "cut where the month begins";
+    EXPECT_TRUE(gapsInMonth(gaps, 2026, 4).empty());
 }
 
 TEST(RateGaps, AreDaysWithoutARowToo) {

@@ -134,7 +134,6 @@ class SqliteEngine final : public Engine {
     std::optional<UnwritableFile> m_unwritable;
     std::unique_ptr<LockService> m_locks;
     SqliteWait m_wait;
-    std::unique_ptr<PreparedStatement> m_look;  ///< reads the file, made when first needed
     bool m_isInTransaction = false;
     bool m_isWithoutLog = false;  ///< so that nobody else can have the file open
     Status m_transactionLoss;     ///< what made SQLite end the transaction by itself
@@ -288,10 +287,8 @@ Status SqliteEngine::ensureConnected() {
     int hasMoved = 0;
     sqlite3_file_control(m_connection.get(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
     if (hasMoved != 0) return Status::of(Failure::missing, "the file was removed or replaced");
-    if (Status free = mayCall(); !free) return free;
-    Status status;
-    if (!m_look) status = prepareSqlite(m_connection.get(), "PRAGMA schema_version", 0, m_look);
-    return m_wait.ended(status ? runSqlite({m_look.get(), {}}) : status);
+    // Whether it can be read the next statement tells; a read of its own would double its cost.
+    return mayCall();
 }
 
 Status SqliteEngine::hasTable(std::string_view name, bool& found) {

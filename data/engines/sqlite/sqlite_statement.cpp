@@ -102,4 +102,18 @@ std::string_view SqliteCursor::text(int column) const {
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column))};
 }
 
+Value SqliteCursor::value(int column) const {
+    sqlite3_value* const stored = sqlite3_column_value(m_statement, column);
+    switch (sqlite3_value_type(stored)) {
+        case SQLITE_NULL:
+            return Value::ofNull();
+        case SQLITE_INTEGER:
+            return Value::of(std::int64_t{sqlite3_value_int64(stored)});
+        case SQLITE_FLOAT:
+            return Value::of(sqlite3_value_double(stored));
+        default:
+            return Value::of(text(column));
+    }
+}
+
 }  // namespace chengheng

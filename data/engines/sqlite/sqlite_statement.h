@@ -53,6 +53,7 @@ class SqliteCursor final : public Cursor {
     }
     double real(int column) const override { return sqlite3_column_double(m_statement, column); }
     std::string_view text(int column) const override;
+    Value value(int column) const override;
 
   private:
     sqlite3_stmt* m_statement;
