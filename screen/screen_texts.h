@@ -73,6 +73,7 @@ inline constexpr const char* yes = "是";
 inline constexpr const char* no = "否";
 inline constexpr const char* confirm = "确定";
 inline constexpr const char* cancel = "取消";
+inline constexpr const char* close = "关闭";
 inline constexpr const char* pickerCode = "编码";
 inline constexpr const char* pickerName = "名称";
 inline constexpr const char* pickerSearch = "查找(&Q):";

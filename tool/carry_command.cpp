@@ -10,11 +10,13 @@
 #include "base/values/text.h"
 #include "books/carrying/carry_forward.h"
 #include "books/carrying/carry_repeat.h"
+#include "books/carrying/carry_table.h"
 #include "books/carrying/carry_texts.h"
 #include "tool/carry_texts.h"
 #include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
+#include "tool/report_file.h"
 #include "tool/tool_session.h"
 #include "tool/tool_texts.h"
 
@@ -27,6 +29,10 @@ struct CarryOptions {
     bool isVerifying = false;
     bool isRepeating = false;
     bool isJson = false;
+    ReportFile output;
+
+    /// It only looks.
+    bool isReading() const { return isDryRun || isVerifying; }
 };
 
 Json jsonOf(const EntryFigures& figures) {
@@ -91,25 +97,35 @@ ExitCode codeOf(Outcome outcome) {
     return outcome == Outcome::refused ? ExitCode::wrongInput : exitCodeOf(outcome);
 }
 
-ExitCode showPreview(Tool& tool, const BooksRegistry& registry, bool isJson,
+ExitCode writeTable(Tool& tool, const CarryOptions& options, const CarryTable& table,
+                    ExitCode result) {
+    const ExitCode code = writeReport(tool, options.output, reportOf(table));
+    return code == ExitCode::done ? result : code;
+}
+
+ExitCode showPreview(Tool& tool, const BooksRegistry& registry, const CarryOptions& options,
                      std::vector<Notice>& untold) {
     CarryPreview preview;
     const Outcome outcome = previewCarry(registry, preview, untold);
     if (outcome != Outcome::done) return codeOf(outcome);
-    tool.out << (isJson ? jsonOf(preview) : textOf(preview));
+    const bool mayBeDone = !preview.isFilled && preview.plan.obstacles.empty();
+    const ExitCode code = mayBeDone ? ExitCode::done : ExitCode::faultsFound;
+    if (options.output.count() > 0) return writeTable(tool, options, carryTable(preview), code);
+    tool.out << (options.isJson ? jsonOf(preview) : textOf(preview));
     if (preview.isFilled) tool.err << carry_texts::alreadyFilled << '\n';
     for (const CarryObstacle& obstacle : preview.plan.obstacles)
         tool.err << printableLine(obstacle.text) << '\n';
-    const bool mayBeDone = !preview.isFilled && preview.plan.obstacles.empty();
-    return mayBeDone ? ExitCode::done : ExitCode::faultsFound;
+    return code;
 }
 
-ExitCode showProof(Tool& tool, const BooksRegistry& registry, bool isJson,
+ExitCode showProof(Tool& tool, const BooksRegistry& registry, const CarryOptions& options,
                    std::vector<Notice>& untold) {
     std::vector<CarryDifference> differences;
     const Outcome outcome = verifyCarry(registry, differences, untold);
     if (outcome != Outcome::done) return codeOf(outcome);
-    if (isJson) {
+    const ExitCode code = differences.empty() ? ExitCode::done : ExitCode::faultsFound;
+    if (options.output.count() > 0) return writeTable(tool, options, carryTable(differences), code);
+    if (options.isJson) {
         tool.out << jsonText({{"differences", jsonOf(std::span(differences))}}) << '\n';
     } else {
         for (const CarryDifference& each : differences)
@@ -118,14 +134,14 @@ ExitCode showProof(Tool& tool, const BooksRegistry& registry, bool isJson,
                                          : fmt::format(carry_texts::differing, differences.size()))
                  << '\n';
     }
-    return differences.empty() ? ExitCode::done : ExitCode::faultsFound;
+    return code;
 }
 
-ExitCode carry(Tool& tool, const BooksRegistry& registry, bool isJson,
+ExitCode carry(Tool& tool, const BooksRegistry& registry, const CarryOptions& options,
                std::vector<Notice>& untold) {
     const CarriedForward carried = carryForward(registry, untold);
     if (carried.outcome != Outcome::done) return codeOf(carried.outcome);
-    if (isJson)
+    if (options.isJson)
         tool.out << jsonText({{"carried", true}, {"text", carried.remark}}) << '\n';
     else
         tool.out << carried.remark << '\n';
@@ -159,23 +175,31 @@ ExitCode repeat(Tool& tool, const BooksRegistry& registry, const CarryOptions& o
         const Outcome carried = repeatCarry(plan, messages);
         if (carried != Outcome::done) return codeOf(carried);
     }
+    const ExitCode code = plan.left.empty() ? ExitCode::done : ExitCode::faultsFound;
+    if (options.output.count() > 0) return writeTable(tool, options, carryTable(plan), code);
     showRepeat(tool, plan, options.isJson, isDone);
     for (const CarryObstacle& obstacle : plan.obstacles)
         tool.err << printableLine(obstacle.text) << '\n';
-    return plan.left.empty() ? ExitCode::done : ExitCode::faultsFound;
+    return code;
 }
 
 ExitCode work(Tool& tool, const BooksRegistry& registry, const CarryOptions& options,
               std::vector<Notice>& untold) {
     if (options.isRepeating) return repeat(tool, registry, options, untold);
     const auto chosen = options.isDryRun ? showPreview : options.isVerifying ? showProof : carry;
-    return chosen(tool, registry, options.isJson, untold);
+    return chosen(tool, registry, options, untold);
 }
 
 ExitCode runCarry(Tool& tool, const CarryOptions& options) {
-    const bool isReading = options.isDryRun || options.isVerifying;
-    auto engine =
-        openBooks(tool, options.books, isReading ? BooksUse::reading : BooksUse::changing);
+    const int files = options.output.count();
+    if (files > 1 || (files == 1 && !options.isReading())) {
+        tool.err << (files > 1 ? tool_texts::onePrintFile : tool_texts::carryFileOfReading) << '\n';
+        return ExitCode::wrongUsage;
+    }
+    if (files == 1)
+        if (const auto code = prepareReportFile(tool, options.output)) return *code;
+    auto engine = openBooks(tool, options.books,
+                            options.isReading() ? BooksUse::reading : BooksUse::changing);
     if (engine == nullptr) return ExitCode::failed;
     const ToolSession session(std::move(engine), options.books);
     const BooksRegistry registry(booksHome());
@@ -198,6 +222,7 @@ void addCarryCommand(CLI::App& app, Tool& tool) {
         command->add_flag("--verify", options->isVerifying, tool_texts::verifyCarry)->excludes(dry);
     command->add_flag("--repeat", options->isRepeating, tool_texts::repeatCarry)->excludes(verify);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);
+    addReportFile(*command, options->output);
 }
 
 }  // namespace chengheng

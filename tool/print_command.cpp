@@ -16,16 +16,13 @@
 #include "data/tables/currency.h"
 #include "directories/directory_list.h"
 #include "operators/division_list.h"
-#include "report/engine/report_run.h"
-#include "report/output/report_sheet.h"
+#include "report/output/list_printing.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
 #include "settle/settlement_list.h"
-#include "sheets/files/sheet_files.h"
 #include "tool/command_line.h"
 #include "tool/commands.h"
-#include "tool/output_file.h"
-#include "tool/pdf_program.h"
+#include "tool/report_file.h"
 #include "tool/tool_session.h"
 #include "tool/tool_texts.h"
 #include "vouchertype/usage/usage_list.h"
@@ -37,16 +34,9 @@ namespace {
 struct PrintOptions {
     std::string list;
     std::string books;
-    std::string pdf;
-    std::string xlsx;
-    std::string csv;
+    ReportFile output;
     std::string currency;
     int month = 0;  ///< 0: the whole year
-
-    bool isForced = false;
-
-    OutputFile file() const { return {!pdf.empty() ? pdf : !xlsx.empty() ? xlsx : csv, isForced}; }
-    auto fileCount() const { return int{!pdf.empty()} + int{!xlsx.empty()} + int{!csv.empty()}; }
 };
 
 struct NamedList {
@@ -100,29 +90,13 @@ ExitCode tell(Tool& tool, ExitCode code, fmt::format_string<const Values&...> te
     return code;
 }
 
-ExitCode writeFile(Tool& tool, const PrintOptions& options, CReport& report) {
-    const Overwrite overwrite = options.file().overwrite();
-    if (!options.pdf.empty()) return tool.writePdf(tool, report, options.pdf, overwrite);
-    const Sheet sheet = sheetOf(report);
-    const auto failure = options.xlsx.empty() ? writeCsv(sheet, options.csv, overwrite)
-                                              : writeXlsx(sheet, options.xlsx, overwrite);
-    if (!failure) return ExitCode::done;
-    tool.err << failure->text() << '\n';
-    return ExitCode::failed;
-}
-
 ExitCode writeList(Tool& tool, const PrintOptions& options, const PrintedList& list) {
     Report report;
-    ExitCode code = ExitCode::failed;
-    auto refusal = makeListReport(list, report);
-    if (!refusal)
-        refusal =
-            runReport(report, [&](CReport& engine) { code = writeFile(tool, options, engine); });
-    if (refusal) tool.err << refusal->notice.text << '\n';
-    if (code == ExitCode::done)
-        wordsBeside(tool, options.file())
-            << fmt::format(tool_texts::reportWritten, report.title, options.file().path) << '\n';
-    return code;
+    if (const auto refusal = makeListReport(list, report)) {
+        tool.err << refusal->notice.text << '\n';
+        return ExitCode::failed;
+    }
+    return writeReport(tool, options.output, report);
 }
 
 ExitCode printOpenBooks(Tool& tool, const PrintOptions& options, const NamedList& named) {
@@ -141,7 +115,8 @@ ExitCode printOpenBooks(Tool& tool, const PrintOptions& options, const NamedList
 }
 
 ExitCode print(Tool& tool, const PrintOptions& options) {
-    if (options.fileCount() != 1) return tell(tool, ExitCode::wrongUsage, tool_texts::onePrintFile);
+    if (options.output.count() != 1)
+        return tell(tool, ExitCode::wrongUsage, tool_texts::onePrintFile);
     const auto named = findList(options.list);
     if (!named) return tell(tool, ExitCode::wrongInput, tool_texts::unknownList, options.list);
     if (named->isOfCurrency && options.currency.empty())
@@ -150,8 +125,7 @@ ExitCode print(Tool& tool, const PrintOptions& options) {
         return tell(tool, ExitCode::wrongUsage, tool_texts::currencyUnused, options.list);
     if (!named->isOfDays && options.month != 0)
         return tell(tool, ExitCode::wrongUsage, tool_texts::monthUnused, options.list);
-    if (const auto refused = refuseTarget(tool, options.file())) return *refused;
-    if (!options.pdf.empty() && !tool.writePdf) return runPdfProgram(tool);
+    if (const auto code = prepareReportFile(tool, options.output)) return *code;
     auto engine = openBooks(tool, options.books);
     if (engine == nullptr) return ExitCode::failed;
     BooksSummary books;
@@ -168,10 +142,7 @@ void addPrintCommand(CLI::App& app, Tool& tool) {
     CLI::App* command = app.add_subcommand("print", tool_texts::printCommand);
     command->add_option("LIST", options->list, tool_texts::listArgument)->required();
     command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
-    command->add_option("--pdf", options->pdf, tool_texts::pdfOption);
-    command->add_option("--xlsx", options->xlsx, tool_texts::xlsxOption);
-    command->add_option("--csv", options->csv, tool_texts::csvOption);
-    command->add_flag("--force", options->isForced, tool_texts::forceFile);
+    addReportFile(*command, options->output);
     command->add_option("--currency", options->currency, tool_texts::currencyOption);
     addNumber(*command, "--month", options->month, {1, 12}, tool_texts::monthOption);
     command->callback(

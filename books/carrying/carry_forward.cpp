@@ -92,8 +92,11 @@ class Carrying {
         UntoldOutcome read = m_before.read(m_progress);
         if (read.outcome != Outcome::done) return read;
         YearEnd start;
-        if (!readYearStart(*g_pDB, start)) return UntoldOutcome::failed();
-        differences = compareYears(m_before.end(), start);
+        Members members;
+        Status status = readYearStart(*g_pDB, start);
+        if (status) status = members.read(*g_pDB);
+        if (!status) return UntoldOutcome::failed();
+        differences = compareYears(m_before.end(), start, members);
         return read;
     }
 

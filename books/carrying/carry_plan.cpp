@@ -60,7 +60,8 @@ class Planner {
             m_plan.obstacles.push_back(
                 {isKnown ? ObstacleKind::otherIdentity : ObstacleKind::added, account.code,
                  isKnown ? fmt::format(carry_texts::otherIdentity, account.code, account.name)
-                         : fmt::format(carry_texts::added, account.code, account.name)});
+                         : fmt::format(carry_texts::added, account.code, account.name),
+                 account.name});
         }
         for (const ClosedAccount& closed : m_end.accounts) {
             if (isThisYears(closed.id) || m_otherIdentities.contains(closed.code)) continue;
@@ -121,7 +122,8 @@ class Planner {
     void add(ObstacleKind kind, const ClosedAccount& account, std::string text) {
         const bool isLast = !m_plan.obstacles.empty() && m_plan.obstacles.back().kind == kind &&
                             m_plan.obstacles.back().text == text;
-        if (!isLast) m_plan.obstacles.push_back({kind, account.code, std::move(text)});
+        if (!isLast)
+            m_plan.obstacles.push_back({kind, account.code, std::move(text), account.name});
     }
 
     const YearEnd& m_end;
@@ -133,6 +135,12 @@ class Planner {
 };
 
 }  // namespace
+
+std::string CarryObstacle::reason() const {
+    const std::string_view separator = ":";
+    const std::string account = code + ' ' + name + std::string(separator);
+    return text.starts_with(account) ? text.substr(account.size()) : text;
+}
 
 const char* directionText(bool isDebit) {
     return isDebit ? carry_texts::debit : carry_texts::credit;

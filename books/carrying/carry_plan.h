@@ -33,6 +33,10 @@ struct CarryObstacle {
     ObstacleKind kind = ObstacleKind::added;
     std::string code;  ///< of the account
     std::string text;  ///< account and reason in words
+    std::string name;  ///< of the account
+
+    /// The reason alone.
+    std::string reason() const;
 };
 
 /// 借 or 贷.
@@ -53,12 +57,6 @@ struct CarryPlan {
     std::vector<CarryObstacle> obstacles;  ///< in the order of the accounts' codes
     std::vector<CarriedAccount> accounts;  ///< those with figures, in the order of the codes
     std::vector<ClosedDetail> details;     ///< theirs
-};
-
-/// Both years' directories; without them details are not looked at.
-struct MembersOfYears {
-    const Members& before;
-    const Members& now;
 };
 
 /// What a carry-forward of a year's end into the accounts of this year would do.

@@ -52,20 +52,6 @@ void collect(const YearEnd& year, Side Pair::*side, Pairs& pairs) {
     }
 }
 
-/// "部门 1 个人 2": members by their ids, as the two years may call them differently.
-std::string detailText(const Key& key) {
-    if (!key.isDetail) return {};
-    std::string text;
-    const auto add = [&text](const char* what, std::int32_t id) {
-        if (id != 0) text += fmt::format("{}{} {}", text.empty() ? "" : " ", what, id);
-    };
-    add(carry_texts::department, key.of.department);
-    add(carry_texts::person, key.of.person.value_or(0));
-    add(carry_texts::unit, key.of.unit);
-    add(carry_texts::item, key.of.item);
-    return text.empty() ? carry_texts::noMember : text;
-}
-
 std::optional<EntryDimensions> ofDetail(const Key& key) {
     return key.isDetail ? std::optional(key.of) : std::nullopt;
 }
@@ -83,7 +69,8 @@ constexpr std::array<Figure, 3> countedFigures{
 
 }  // namespace
 
-std::vector<CarryDifference> compareYears(const YearEnd& before, const YearEnd& now) {
+std::vector<CarryDifference> compareYears(const YearEnd& before, const YearEnd& now,
+                                          const Members& members) {
     Pairs pairs;
     collect(before, &Pair::closing, pairs);
     collect(now, &Pair::opening, pairs);
@@ -97,8 +84,9 @@ std::vector<CarryDifference> compareYears(const YearEnd& before, const YearEnd& 
             double opening = pair.opening.figures.*each.figure;
             Round(opening, decimalsOf(each.measure));
             if (closing != opening)
-                differences.push_back({key.code, pair.name, each.name, detailText(key), closing,
-                                       opening, account->closing.account, account->opening.account,
+                differences.push_back({key.code, pair.name, each.name,
+                                       key.isDetail ? members.text(key.of) : "", closing, opening,
+                                       account->closing.account, account->opening.account,
                                        each.measure, ofDetail(key)});
         }
     }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "books/carrying/members.h"
 #include "books/carrying/year_end.h"
 #include "opening/sheet/opening_account.h"
 
@@ -27,8 +28,9 @@ struct CarryDifference {
 
 /// Every end account and every combination of dimensions whose opening is not the closing of the
 /// year before, in the order of the accounts' codes. An account or combination that one of the
-/// years does not know counts as 0 there.
-std::vector<CarryDifference> compareYears(const YearEnd& before, const YearEnd& now);
+/// years does not know counts as 0 there. Combinations are named as the members are.
+std::vector<CarryDifference> compareYears(const YearEnd& before, const YearEnd& now,
+                                          const Members& members);
 
 /// What the measure of a difference is in the figures of a year.
 double EntryFigures::*figureOf(Measure measure);

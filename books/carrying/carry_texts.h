@@ -42,10 +42,6 @@ inline constexpr const char* classesOfTheResult[] = {"收入", "支出", "损益
 inline constexpr const char* money = "金额";
 inline constexpr const char* foreign = "外币";
 inline constexpr const char* quantity = "数量";
-inline constexpr const char* department = "部门";
-inline constexpr const char* person = "个人";
-inline constexpr const char* unit = "单位";
-inline constexpr const char* item = "项目";
 inline constexpr const char* noMember = "无明细对象";
 /// Code, name, detail, what is counted, last year's closing, this year's opening, their distance.
 inline constexpr const char* difference = "{} {}{}:上年期末{} {},本年期初 {},相差 {}";
@@ -68,5 +64,27 @@ inline constexpr const char* changedMeanwhile =
 
 inline constexpr const char* proven = "本年期初余额与上年期末余额一致。";
 inline constexpr const char* differing = "本年期初余额与上年期末余额有 {} 处不同。";
+
+// What is shown in a table.
+inline constexpr const char* previewTitle = "结转上年余额预览";
+inline constexpr const char* proofTitle = "上年期末与本年期初核对表";
+inline constexpr const char* repeatTitle = "补转上年差额";
+inline constexpr const char* codeHeading = "科目编码";
+inline constexpr const char* nameHeading = "科目名称";
+inline constexpr const char* directionHeading = "借/贷";
+inline constexpr const char* closingHeading = "上年期末余额";
+inline constexpr const char* foreignHeading = "上年期末外币";
+inline constexpr const char* quantityHeading = "上年期末数量";
+inline constexpr const char* openingHeading = "本年期初余额";
+inline constexpr const char* detailHeading = "明细";
+inline constexpr const char* measureHeading = "项目";
+inline constexpr const char* apartHeading = "相差";
+inline constexpr const char* remarkHeading = "说明";
+inline constexpr const char* separator = ";";
+inline constexpr const char* debitTotal = "借方合计";
+inline constexpr const char* creditTotal = "贷方合计";
+inline constexpr const char* plannedDetails = "其中辅助明细 {} 条。";
+inline constexpr const char* obstacleCount = "有 {} 处不能结转,原因见说明,排除后才能结转。";
+inline constexpr const char* readyToCarry = "可以结转:请使用“结转上年余额”。";
 
 }  // namespace chengheng::carry_texts

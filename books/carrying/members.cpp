@@ -1,7 +1,10 @@
 #include "books/carrying/members.h"
 
+#include <fmt/format.h>
+
 #include <vector>
 
+#include "books/carrying/carry_texts.h"
 #include "directories/directory_store.h"
 
 namespace chengheng {
@@ -50,6 +53,23 @@ const char* Members::firstMissing(const EntryDimensions& of, const Members& befo
     if (!isSame({of.itemClass, of.item}, before.m_items, now.m_items))
         return directoryOf(DirectoryKind::projectItem).noun;
     return nullptr;
+}
+
+std::string Members::text(const EntryDimensions& of) const {
+    std::string words;
+    const auto add = [&words](DirectoryKind kind, const Key& key, const Known& known) {
+        if (key.second == 0) return;
+        const auto found = known.find(key);
+        const std::string member = found == known.end()
+                                       ? std::to_string(key.second)
+                                       : found->second.first + ' ' + found->second.second;
+        words += fmt::format("{}{} {}", words.empty() ? "" : " ", directoryOf(kind).noun, member);
+    };
+    add(DirectoryKind::department, {"", of.department}, m_departments);
+    add(DirectoryKind::person, {"", of.person.value_or(0)}, m_persons);
+    add(DirectoryKind::unit, {"", of.unit}, m_units);
+    add(DirectoryKind::projectItem, {of.itemClass, of.item}, m_items);
+    return words.empty() ? carry_texts::noMember : words;
 }
 
 }  // namespace chengheng

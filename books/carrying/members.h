@@ -23,6 +23,9 @@ class Members {
     static const char* firstMissing(const EntryDimensions& of, const Members& before,
                                     const Members& now);
 
+    /// "部门 01 销售部 个人 02 张三": as these call them; by its id whom they do not know.
+    std::string text(const EntryDimensions& of) const;
+
   private:
     using Key = std::pair<std::string, std::int32_t>;                  ///< class of an item, id
     using Known = std::map<Key, std::pair<std::string, std::string>>;  ///< code and name
@@ -35,6 +38,12 @@ class Members {
     Known m_persons;
     Known m_units;
     Known m_items;
+};
+
+/// Both years' directories; without them details are not looked at.
+struct MembersOfYears {
+    const Members& before;
+    const Members& now;
 };
 
 }  // namespace chengheng

@@ -54,7 +54,8 @@ class Obstacles {
         if (was.isDebit != is.isDebit)
             m_found.push_back({ObstacleKind::turned, is.code,
                                fmt::format(carry_texts::turned, is.code, is.name,
-                                           directionText(was.isDebit), directionText(is.isDebit))});
+                                           directionText(was.isDebit), directionText(is.isDebit)),
+                               is.name});
         if (was.isDoubled) add(ObstacleKind::doubled, carry_texts::doubled);
         if (!(std::fabs(m_difference->closing) < leastTooLarge))
             add(ObstacleKind::tooLarge, carry_texts::tooLarge);
@@ -77,14 +78,16 @@ class Obstacles {
         if (missing != nullptr)
             m_found.push_back({ObstacleKind::memberMissing, m_difference->code,
                                fmt::format(carry_texts::memberMissing, m_difference->code,
-                                           m_difference->name, missing)});
+                                           m_difference->name, missing),
+                               m_difference->name});
     }
 
     using AccountText = fmt::format_string<const std::string&, const std::string&>;
 
     void add(ObstacleKind kind, AccountText text) {
-        m_found.push_back(
-            {kind, m_difference->code, fmt::format(text, m_difference->code, m_difference->name)});
+        m_found.push_back({kind, m_difference->code,
+                           fmt::format(text, m_difference->code, m_difference->name),
+                           m_difference->name});
     }
 
     const YearEnd& m_before;
@@ -154,7 +157,7 @@ RepeatPlan planRepeat(const YearEnd& before, YearEnd now, const MembersOfYears& 
                       const std::set<std::int32_t>& withEntries) {
     RepeatPlan plan;
     Obstacles obstacles(before, now, members, withEntries);
-    std::vector<CarryDifference> differences = compareYears(before, now);
+    std::vector<CarryDifference> differences = compareYears(before, now, members.now);
     std::set<std::string> inTheWay;
     std::set<std::string> told;
     for (const CarryDifference& difference : differences) {

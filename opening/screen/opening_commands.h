@@ -25,5 +25,8 @@ inline constexpr int auxiliary = 50118;
 inline constexpr int calendar = 50119;
 inline constexpr int calculator = 50120;
 inline constexpr int clear = 50121;
+inline constexpr int previewCarry = 50122;
+inline constexpr int repeatCarry = 50123;
+inline constexpr int verifyCarry = 50124;
 
 }  // namespace chengheng::opening_command

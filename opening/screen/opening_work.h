@@ -71,6 +71,8 @@ class OpeningWork {
     bool mayAdjustDirection() const { return !isBrowsing(); }
     /// Only empty books take over last year's balances.
     bool mayCarryForward() const { return !isBrowsing() && !m_books.hasSums; }
+    /// Where there are balances they may differ from last year's.
+    bool mayRepeatCarry() const { return !isBrowsing() && m_books.hasSums; }
     /// What an undo or redo would change; null when there is nothing to.
     const EditStep* stepToUndo() const { return m_journal.toUndo(); }
     const EditStep* stepToRedo() const { return m_journal.toRedo(); }

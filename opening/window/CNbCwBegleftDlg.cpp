@@ -10,12 +10,11 @@
 #include "auxiliary/members/auxiliary_member.h"
 #include "auxiliary/window/auxiliary_window.h"
 #include "base/system/program_version.h"
-#include "base/system/workstation.h"
-#include "books/carrying/carry_forward.h"
 #include "forms/form_texts.h"
 #include "opening/printing/opening_list.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/window/account_finder.h"
+#include "opening/window/carry_commands.h"
 #include "opening/window/causes_window.h"
 #include "opening/window/figure_editing.h"
 #include "opening/window/figure_transfer.h"
@@ -32,7 +31,6 @@
 #include "screen/report/CNxGridControl.h"
 #include "screen/shown.h"
 #include "screen/wait_window.h"
-#include "session/CCheckAuth.h"
 
 namespace opening_command = chengheng::opening_command;
 namespace opening_texts = chengheng::opening_texts;
@@ -45,8 +43,6 @@ namespace {
 
 constexpr QSize openingSize(860, 640);
 constexpr int besideColumns = 48;
-/// In the rights list: 上年结转.
-constexpr int carryForwardRight = 45;
 
 }  // namespace
 
@@ -91,6 +87,8 @@ void CNbCwBegleftDlg::buildControls() {
         m_work, messages(), *this, [this](const chengheng::FigurePlan& plan) {
             return change([&] { return m_work.apply(plan); });
         });
+    m_carrying = std::make_unique<chengheng::CarryCommands>(m_work, messages(), *this,
+                                                            [this] { showChanges(); });
 }
 
 void CNbCwBegleftDlg::connectGrid() {
@@ -145,6 +143,7 @@ void CNbCwBegleftDlg::reflectCommands() {
     m_heading->showLayout(m_work.sheet().layout());
     m_commands->setEnabled(opening_command::adjustDirection, m_work.mayAdjustDirection());
     m_commands->setEnabled(opening_command::carryForward, m_work.mayCarryForward());
+    m_commands->setEnabled(opening_command::repeatCarry, m_work.mayRepeatCarry());
     m_commands->setEnabled(opening_command::undo, m_work.canUndo());
     m_commands->setEnabled(opening_command::redo, m_work.canRedo());
     for (const int command :
@@ -194,6 +193,9 @@ bool CNbCwBegleftDlg::OnCommand(int command) {
         {opening_command::exit, &CNbCwBegleftDlg::OnMenuExit},
         {opening_command::adjustDirection, &CNbCwBegleftDlg::OnMenuAdjust},
         {opening_command::carryForward, &CNbCwBegleftDlg::OnMenuCarry},
+        {opening_command::previewCarry, &CNbCwBegleftDlg::OnMenuPreviewCarry},
+        {opening_command::repeatCarry, &CNbCwBegleftDlg::OnMenuRepeatCarry},
+        {opening_command::verifyCarry, &CNbCwBegleftDlg::OnMenuVerifyCarry},
         {opening_command::refurbish, &CNbCwBegleftDlg::OnMenuRefurbish},
         {opening_command::trialBalance, &CNbCwBegleftDlg::OnMenuBalance},
         {opening_command::find, &CNbCwBegleftDlg::OnMenuFind},
@@ -271,16 +273,13 @@ void CNbCwBegleftDlg::OnMenuAdjust() {
     change([&] { return m_work.adjustDirection(m_grid->currentLine()); });
 }
 
-void CNbCwBegleftDlg::OnMenuCarry() {
-    if (!CCheckAuth(carryForwardRight, 1, nullptr)) return;
-    const chengheng::BooksRegistry registry(chengheng::booksHome());
-    std::vector<chengheng::Notice> untold;
-    {
-        const chengheng::WaitWindow window(QString::fromUtf8(opening_texts::carrying), this);
-        change([&] { return m_work.carryForward([&] { return carryForward(registry, untold); }); });
-    }
-    for (const chengheng::Notice& notice : untold) messages().tell(notice);
-}
+void CNbCwBegleftDlg::OnMenuCarry() { m_carrying->carry(); }
+
+void CNbCwBegleftDlg::OnMenuPreviewCarry() { m_carrying->preview(); }
+
+void CNbCwBegleftDlg::OnMenuRepeatCarry() { m_carrying->repeat(); }
+
+void CNbCwBegleftDlg::OnMenuVerifyCarry() { m_carrying->verify(); }
 
 void CNbCwBegleftDlg::OnMenuAuxiliary() {
     if (!m_grid->hasLine()) return;

@@ -9,6 +9,7 @@
 #include "session/function_at_work.h"
 
 namespace chengheng {
+class CarryCommands;
 class FigureEditing;
 class FigureTransfer;
 class OpeningFoot;
@@ -47,6 +48,9 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     /// Turns the direction of the current account.
     void OnMenuAdjust();
     void OnMenuCarry();
+    void OnMenuPreviewCarry();
+    void OnMenuRepeatCarry();
+    void OnMenuVerifyCarry();
     void OnMenuRefurbish();  // sic
     void OnMenuBalance();
     void OnMenuFind();
@@ -84,6 +88,7 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     chengheng::OpeningWork m_work{messages()};
     std::unique_ptr<chengheng::WindowCommands> m_commands;
     std::unique_ptr<chengheng::FigureTransfer> m_transfer;
+    std::unique_ptr<chengheng::CarryCommands> m_carrying;
     chengheng::OpeningGrid* m_grid = nullptr;
     chengheng::FigureEditing* m_editing = nullptr;
     chengheng::OpeningHeading* m_heading = nullptr;

@@ -2,6 +2,7 @@
 
 #include "opening/screen/opening_commands.h"
 #include "opening/sheet/opening_texts.h"
+#include "opening/window/carry_window_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -19,6 +20,9 @@ inline constexpr MenuItemResource openingEditItems[] = {
     {opening_command::adjustDirection, opening_texts::menuDirection},
     {0, ""},
     {opening_command::carryForward, opening_texts::carryForward},
+    {opening_command::previewCarry, carry_window_texts::previewCarry},
+    {opening_command::repeatCarry, carry_window_texts::repeatCarry},
+    {opening_command::verifyCarry, carry_window_texts::verifyCarry},
     {0, ""},
     {opening_command::undo, opening_texts::menuUndo},
     {opening_command::redo, opening_texts::menuRedo},

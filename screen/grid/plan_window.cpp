@@ -55,17 +55,23 @@ void PlanWindow::buildControls(const PlanContent& content) {
     addLines(*rows, content.above);
     rows->addWidget(grid, 1);
     addLines(*rows, content.below);
-    rows->addWidget(buildButtons(content));
+    buildButtons(content);
+    rows->addWidget(m_buttons);
 }
 
-QWidget* PlanWindow::buildButtons(const PlanContent& content) {
-    auto* buttons = new QDialogButtonBox(this);
-    m_apply = buttons->addButton(shown(content.apply), QDialogButtonBox::AcceptRole);
-    m_apply->setEnabled(content.mayBeApplied);
-    buttons->addButton(shown(screen_texts::cancel), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, guarded([this] { apply(); }));
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
-    return buttons;
+void PlanWindow::buildButtons(const PlanContent& content) {
+    m_buttons = new QDialogButtonBox(this);
+    const bool isOnlySeen = content.apply.empty();
+    if (!isOnlySeen) {
+        m_apply = m_buttons->addButton(shown(content.apply), QDialogButtonBox::AcceptRole);
+        m_apply->setEnabled(content.mayBeApplied);
+    }
+    QPushButton* const reject =
+        m_buttons->addButton(shown(isOnlySeen ? screen_texts::close : screen_texts::cancel),
+                             QDialogButtonBox::RejectRole);
+    if (isOnlySeen) reject->setDefault(true);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, guarded([this] { apply(); }));
+    connect(m_buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
 }
 
 }  // namespace chengheng

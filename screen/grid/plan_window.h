@@ -7,6 +7,7 @@
 #include "screen/CNxMiddleDialog.h"
 #include "screen/grid/grid_model.h"
 
+class QDialogButtonBox;
 class QPushButton;
 
 namespace chengheng {
@@ -30,7 +31,7 @@ struct PlanContent {
     std::vector<std::string> above = {};  ///< lines above the rows
     std::string rowsName;                 ///< of the grid, for who hears it read
     std::vector<std::string> below = {};
-    std::string apply;  ///< on the button that does it
+    std::string apply;  ///< on the button that does it; empty: there is only something to see
     bool mayBeApplied;
 };
 
@@ -48,13 +49,16 @@ class PlanWindow : public CNxMiddleDialog {
     /// The operator wants the plan done.
     virtual void apply() { EndDialog(Accepted); }
 
+    /// Of a plan that can be applied.
     QPushButton& applyButton() const { return *m_apply; }
+    QDialogButtonBox& buttons() const { return *m_buttons; }
 
   private:
     void buildControls(const PlanContent& content);
-    QWidget* buildButtons(const PlanContent& content);
+    void buildButtons(const PlanContent& content);
 
     std::unique_ptr<PlanModel> m_rows;
+    QDialogButtonBox* m_buttons = nullptr;
     QPushButton* m_apply = nullptr;
 };
 

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "tests/support/carry_books.h"
 #include "tests/support/environment.h"
 #include "tests/support/run_tool.h"
@@ -25,6 +27,17 @@ class CarryCommands : public testing::TestWithParam<EngineCase> {
         std::vector<std::string> arguments{"carry-forward", m_books.location()};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return runInProcess(arguments);
+    }
+
+    /// The lines of a file, without what marks its letters.
+    static std::vector<std::string> rowsOfCsv(const std::string& file) {
+        std::ifstream stream(file);
+        std::vector<std::string> rows;
+        for (std::string line; std::getline(stream, line);) {
+            if (line.ends_with('\r')) line.pop_back();
+            rows.push_back(line.starts_with("\xEF\xBB\xBF") ? line.substr(3) : line);
+        }
+        return rows;
     }
 
     CarryBooks m_books{GetParam()};
@@ -125,6 +138,32 @@ TEST_P(CarryCommands, NameWhatARepeatLeaves) {
     ran = run({"--repeat", "--json"});
     EXPECT_THAT(ran.out, HasSubstr("\"carried\": false"));
     EXPECT_THAT(ran.out, HasSubstr("\"code\": \"1003\""));
+}
+
+TEST_P(CarryCommands, WriteWhatTheyShowToAFile) {
+    const std::string file = freshFolder() + "/a.csv";
+    ToolRun ran = run({"--dry-run", "--csv", file});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_THAT(ran.out, HasSubstr("结转上年余额预览"));
+    EXPECT_EQ(rowsOfCsv(file),
+              (std::vector<std::string>{"科目编码,科目名称,借/贷,上年期末余额,本年期初余额",
+                                        "1001,科目1001,借,6.00,0.00", "2001,科目2001,贷,6.00,0.00",
+                                        ",借方合计,,6.00,", ",贷方合计,,6.00,"}));
+    EXPECT_EQ(run({"--dry-run", "--csv", file}).code, toolTargetExists);
+    ASSERT_EQ(run({}).code, toolDone);
+    m_books.last("UPDATE AccSum SET mCredit = 0.25 WHERE mDebet = 1");
+    for (const char* option : {"--verify", "--repeat"}) {
+        std::vector<std::string> arguments{option, "--csv", file, "--force"};
+        if (std::string(option) == "--repeat") arguments.emplace_back("--dry-run");
+        ran = run(arguments);
+        EXPECT_EQ(ran.code, std::string(option) == "--verify" ? toolFaultsFound : toolDone);
+        EXPECT_EQ(rowsOfCsv(file),
+                  (std::vector<std::string>{"科目编码,科目名称,项目,上年期末余额,本年期初余额,相差",
+                                            "1001,科目1001,金额,5.75,6.00,-0.25"}));
+    }
+    EXPECT_EQ(run({"--repeat", "--csv", file, "--force"}).code, toolWrongUsage);
+    EXPECT_EQ(run({"--verify", "--csv", file, "--xlsx", file}).code, toolWrongUsage);
+    EXPECT_EQ(m_books.now().openings("1001"), allPeriods("6"));
 }
 
 TEST_P(CarryCommands, DoNotRepeatWhatWasNeverDone) {
