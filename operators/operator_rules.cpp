@@ -95,7 +95,7 @@ std::optional<std::vector<OperatorRecord>> pairedOperators(std::span<const _User
     std::vector<OperatorRecord> paired;
     paired.reserve(users.size());
     for (std::size_t place = 0; place < users.size(); ++place)
-        paired.push_back({users[place], OperatorRights(rights[place].sAuthId)});
+        paired.push_back({.user = users[place], .rights = OperatorRights(rights[place].sAuthId)});
     return paired;
 }
 
@@ -105,7 +105,8 @@ std::string_view operatorName(const OperatorInput& input) {
 
 bool isOperatorInputChanged(const OperatorInput& input, const OperatorInput& opened) {
     const std::string_view name = operatorName(input);
-    return !name.empty() && (name != operatorName(opened) || input.password != opened.password);
+    return !name.empty() && (name != operatorName(opened) || input.password != opened.password ||
+                             input.wantsNewPassword != opened.wantsNewPassword);
 }
 
 std::span<const Check<OperatorInputFacts>> operatorInputChecks() { return inputChecks; }

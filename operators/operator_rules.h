@@ -25,6 +25,8 @@ inline constexpr const char* confirmationField = "confirmation";
 struct OperatorRecord {
     _UsersInfo user;
     OperatorRights rights;
+    /// Whether the next log-on asks for a new password first, as far as it was read.
+    bool wantsNewPassword = false;
 
     bool isSupervisor() const { return user.bManager != 0; }
 };
@@ -39,13 +41,13 @@ struct OperatorInput {
     std::string name;
     std::string password;
     std::string confirmation;
+    bool wantsNewPassword = false;  ///< at the next log-on, before anything else
 };
 
 /// The name without the blanks around it.
 std::string_view operatorName(const OperatorInput& input);
 
-/// Whether there is something to confirm: a name, and name or password other than the dialog
-/// opened with.
+/// Whether there is something to confirm: a name, and something other than the dialog opened with.
 bool isOperatorInputChanged(const OperatorInput& input, const OperatorInput& opened);
 
 /// What the checks of the dialog look at.

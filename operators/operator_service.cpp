@@ -14,6 +14,7 @@
 #include "session/host_globals.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
+#include "session/rights/new_password_mark.h"
 
 namespace chengheng {
 namespace {
@@ -26,12 +27,12 @@ bool isOwn(const _UsersInfo& user) {
     return g_lpLogonUserInfo != nullptr && g_lpLogonUserInfo->lUserId == user.lUserId;
 }
 
-/// By the own id and by the name, which sessions keep when an operator is renamed. A session
-/// whose program has ended counts for nothing. Nothing when it cannot be read.
+/// By the name and by the number, which stays when an operator is renamed. A session whose program
+/// has ended counts for nothing. Nothing when it cannot be read.
 std::optional<bool> isLoggedOn(const _UsersInfo& user) {
     if (isOwn(user)) return true;
-    const RowLease<_LoginInfo> lease(*g_pDB,
-                                     operator_sql::ofLogons(g_lAccountId, user.sUserName).c_str());
+    const RowLease<_LoginInfo> lease(
+        *g_pDB, operator_sql::ofLogons(g_lAccountId, user.sUserName, user.lUserId).c_str());
     if (!lease.isRead()) return std::nullopt;
     return std::ranges::any_of(lease.rows(), [](const _LoginInfo* row) {
         return !hasBooksProgramEnded(row->sStation, row->lProcess);
@@ -96,28 +97,34 @@ UntoldOutcome readOne(const std::string& condition, Record& record) {
     return UntoldOutcome::done();
 }
 
-UntoldOutcome addOperator(_UsersInfo& user) {
+UntoldOutcome writeMark(const _UsersInfo& user, bool isWanted) {
+    return writeNewPasswordMark(*g_pDB, user.lId, isWanted) ? UntoldOutcome::done()
+                                                            : UntoldOutcome::failed();
+}
+
+UntoldOutcome addOperator(_UsersInfo& user, bool wantsNewPassword) {
     int lastUser = 0;
     int lastRights = 0;
     if (!g_pDB->readLastIdBefore<_UsersInfo>(1, lastUser) ||
         !g_pDB->readLastIdBefore<_UserAuthInfo>(1, lastRights))
         return UntoldOutcome::failed();
     user.lId = user.lUserId = std::max(lastUser, lastRights) + 1;
-    return g_pDB->QRYExecuteSQL(operator_sql::addOperator(user)) != 0 ? UntoldOutcome::done()
-                                                                      : UntoldOutcome::failed();
+    if (g_pDB->QRYExecuteSQL(operator_sql::addOperator(user)) == 0) return UntoldOutcome::failed();
+    return wantsNewPassword ? writeMark(user, true) : UntoldOutcome::done();
 }
 
 /// Those who are at work by the name that was go on by the new one.
-UntoldOutcome renameSessions(const std::string& before, const std::string& now) {
-    const bool isDone =
-        g_pDB->QRYEdit("LoginInfoTbl", operator_sql::ofLogons(g_lAccountId, before).c_str(),
-                       operator_sql::newNameOfLogon, now) == 0 ||
-        g_pDB->lastStatus().failure == Failure::missing;
+UntoldOutcome renameSessions(const std::string& before, const _UsersInfo& user) {
+    const std::string condition = operator_sql::ofSessions(g_lAccountId, before, user.lUserId);
+    const bool isDone = g_pDB->QRYEdit("LoginInfoTbl", condition.c_str(),
+                                       operator_sql::newNameOfLogon, user.sUserName) == 0 ||
+                        g_pDB->lastStatus().failure == Failure::missing;
     return isDone ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
 UntoldOutcome modifyOperator(const OperatorInput& input, const std::string& hash,
-                             _UsersInfo& user) {
+                             OperatorRecord& record) {
+    _UsersInfo& user = record.user;
     _UsersInfo stored;
     UntoldOutcome result = readOne(operator_sql::ofUser(user.lUserId), stored);
     if (result.outcome != Outcome::done) return result;
@@ -128,7 +135,10 @@ UntoldOutcome modifyOperator(const OperatorInput& input, const std::string& hash
     if (wanted != user.sUserName) stored.sUserName = wanted;
     if (!hash.empty()) stored.sPassword = hash;
     if (g_pDB->Users_Edit(stored) != 0) return UntoldOutcome::failed();
-    if (stored.sUserName != before) result = renameSessions(before, stored.sUserName);
+    if (stored.sUserName != before) result = renameSessions(before, stored);
+    if (result.outcome == Outcome::done && input.wantsNewPassword != record.wantsNewPassword)
+        result = writeMark(stored, input.wantsNewPassword);
+    record.wantsNewPassword = input.wantsNewPassword;
     user = stored;
     return result;
 }
@@ -201,6 +211,13 @@ std::optional<std::vector<OperatorRecord>> OperatorService::readAll() {
     return paired;
 }
 
+bool OperatorService::readMark(OperatorRecord& record) {
+    if (selectOpenBooks() && readNewPasswordMark(*g_pDB, record.user.lId, record.wantsNewPassword))
+        return true;
+    tellLastFailure(m_messages);
+    return false;
+}
+
 Outcome OperatorService::add(const OperatorInput& input, OperatorRecord& added) {
     if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
     UntoldOutcome checked = refuseInput(input, 0);
@@ -210,25 +227,25 @@ Outcome OperatorService::add(const OperatorInput& input, OperatorRecord& added) 
     if (checked.outcome != Outcome::done) return told(m_messages, checked);
     const Outcome outcome = changeRecords(m_messages, lockLists, [&] {
         UntoldOutcome result = refuseInput(input, 0);
-        return result.outcome == Outcome::done ? addOperator(user) : result;
+        return result.outcome == Outcome::done ? addOperator(user, input.wantsNewPassword) : result;
     });
-    if (outcome == Outcome::done) added = {user, {}};
+    if (outcome == Outcome::done) added = {user, {}, input.wantsNewPassword};
     return outcome;
 }
 
 Outcome OperatorService::modify(const OperatorInput& input, OperatorRecord& changed) {
     if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
-    _UsersInfo user = changed.user;
+    OperatorRecord record = changed;
     std::string hash;
-    UntoldOutcome checked = refuseInput(input, user.lUserId);
+    UntoldOutcome checked = refuseInput(input, record.user.lUserId);
     if (checked.outcome == Outcome::done && !input.password.empty())
         checked = hashed(input.password, m_cost, hash);
     if (checked.outcome != Outcome::done) return told(m_messages, checked);
     const Outcome outcome =
-        changeRecords(m_messages, lockLists, [&] { return modifyOperator(input, hash, user); });
+        changeRecords(m_messages, lockLists, [&] { return modifyOperator(input, hash, record); });
     if (outcome != Outcome::done) return outcome;
-    if (isOwn(user)) HostSession::renameOperator(user.sUserName);
-    changed.user = user;
+    if (isOwn(record.user)) HostSession::renameOperator(record.user.sUserName);
+    changed = record;
     return outcome;
 }
 

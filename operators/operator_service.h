@@ -21,9 +21,14 @@ class OperatorService {
     /// Every operator with his rights; nothing when they cannot be read, or are not one to one.
     std::optional<std::vector<OperatorRecord>> readAll();
 
+    /// Reads whether an operator is to choose a new password at the next log-on; false when it
+    /// cannot be read, which has been told.
+    bool readMark(OperatorRecord& record);
+
     /// Adds an operator without rights. A refusal that keeps the dialog open names the field.
     Outcome add(const OperatorInput& input, OperatorRecord& added);
-    /// Writes what the input makes other: the name, and the password unless both are empty. What
+    /// Writes what the input makes other: the name, the password unless both are empty, whether a
+    /// new one is to be chosen. What
     /// else is stored by now stays. `changed` takes it over when it is done.
     Outcome modify(const OperatorInput& input, OperatorRecord& changed);
     /// Makes the change on the rights as they are stored by now and brings those back.

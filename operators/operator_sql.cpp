@@ -17,8 +17,13 @@ std::string ofVouchers(std::int32_t userId) {
     return formatSql("lUBill = %d OR lUCheck = %d OR lUBook = %d", userId, userId, userId);
 }
 
-std::string ofLogons(std::int32_t accountId, std::string_view name) {
-    return formatSql("lAccId = %d AND sUser = '%s'", accountId, name);
+std::string ofLogons(std::int32_t accountId, std::string_view name, std::int32_t userId) {
+    return formatSql("lAccId = %d AND ( sUser = '%s' OR lUserId = %d )", accountId, name, userId);
+}
+
+std::string ofSessions(std::int32_t accountId, std::string_view name, std::int32_t userId) {
+    return formatSql("lAccId = %d AND ( lUserId = %d OR lUserId = 0 AND sUser = '%s' )", accountId,
+                     userId, name);
 }
 
 std::string ofSupervisorsBeside(std::int32_t userId) {

@@ -18,8 +18,10 @@ std::string ofName(std::string_view name);
 std::string ofNameBeside(std::string_view name, std::int32_t userId);
 /// Of a voucher that the operator made, checked or posted.
 std::string ofVouchers(std::int32_t userId);
-/// Of whoever is logged on to the set of books by this name.
-std::string ofLogons(std::int32_t accountId, std::string_view name);
+/// Of whoever is logged on to the set of books by this name or number.
+std::string ofLogons(std::int32_t accountId, std::string_view name, std::int32_t userId);
+/// Of the sessions of an operator: by the number, by the name where a session tells no number.
+std::string ofSessions(std::int32_t accountId, std::string_view name, std::int32_t userId);
 /// What gives them another name.
 inline constexpr const char* newNameOfLogon = "sUser = '%s'";
 

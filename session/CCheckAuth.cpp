@@ -16,33 +16,64 @@ namespace {
 
 using namespace chengheng;
 
-/// The rights string of an operator of the open books; nothing when it cannot be read.
-std::optional<std::string> readRights(std::int32_t userId) {
-    if (!selectOpenBooks()) return std::nullopt;
+/// What the open books hold for an operator by now.
+struct StoredRights {
+    bool isRead = false;
+    bool isFound = false;
+    bool isSupervisor = false;
+    std::string granted = {};
+
+    bool allow(int function) const { return isSupervisor || grants(granted, function); }
+};
+
+StoredRights readRights(std::int32_t userId) {
+    StoredRights stored;
+    if (!selectOpenBooks()) return stored;
     const SelectedCells cells(*g_pDB, services_sql::rightsOf(userId));
-    if (cells.rows() == 0) return std::nullopt;
-    return std::string(cells.text(0, 0));
+    stored.isRead = cells.isRead();
+    if (cells.rows() == 0) return stored;
+    stored.isSupervisor = cells.number<int>(0, 0) != 0;
+    stored.isFound = stored.isSupervisor || !cells.text(0, 1).empty();
+    stored.granted = cells.text(0, 2);
+    HostSession::setSupervisor(stored.isSupervisor);
+    return stored;
 }
 
-/// In words.
-std::optional<std::string> refusalText(int function) {
-    const CDivideWInfo* const user = g_lpLogonUserInfo;
-    if (user != nullptr && user->lManager == 1) return std::nullopt;
-    const char* const name = functionName(function);
-    if (name == nullptr) return rights_texts::rightUnknown(function);
-    if (user == nullptr) return rights_texts::nobodyLoggedOn(name);
-    const auto rights = readRights(user->lUserId);
-    if (!rights) return rights_texts::rightsUnreadable(name, lastFailureText());
-    if (!grants(*rights, function)) return rights_texts::rightMissing(name);
-    return std::nullopt;
+Refusal refusalOf(std::string text, RefusalKind kind = RefusalKind::wrongInput) {
+    return {kind, {.text = std::move(text), .icon = MessageIcon::stop}};
+}
+
+Refusal unreadable(const StoredRights& rights, const char* name) {
+    return refusalOf(rights_texts::rightsUnreadable(name, rights.isRead ? "" : lastFailureText()),
+                     rights.isRead ? RefusalKind::wrongInput : RefusalKind::failed);
 }
 
 }  // namespace
 
 std::optional<Refusal> chengheng::rightRefusal(int function) {
-    auto text = refusalText(function);
-    if (!text) return std::nullopt;
-    return Refusal{RefusalKind::wrongInput, {.text = *std::move(text), .icon = MessageIcon::stop}};
+    const CDivideWInfo* const user = g_lpLogonUserInfo;
+    if (user != nullptr && user->lManager == 1) return std::nullopt;
+    return storedRightRefusal(function);
+}
+
+std::optional<Refusal> chengheng::storedRightRefusal(int function) {
+    const CDivideWInfo* const user = g_lpLogonUserInfo;
+    const char* const name = functionName(function);
+    if (name == nullptr) return refusalOf(rights_texts::rightUnknown(function));
+    if (user == nullptr) return refusalOf(rights_texts::nobodyLoggedOn(name));
+    const StoredRights rights = readRights(user->lUserId);
+    if (!rights.isFound) return unreadable(rights, name);
+    if (!rights.allow(function)) return refusalOf(rights_texts::rightMissing(name));
+    return std::nullopt;
+}
+
+std::optional<Refusal> chengheng::supervisorRefusal() {
+    const CDivideWInfo* const user = g_lpLogonUserInfo;
+    if (user == nullptr) return refusalOf(rights_texts::supervisorMissing);
+    const StoredRights rights = readRights(user->lUserId);
+    if (!rights.isRead) return unreadable(rights, rights_texts::supervisor);
+    if (!rights.isSupervisor) return refusalOf(rights_texts::supervisorMissing);
+    return std::nullopt;
 }
 
 CCheckAuth::CCheckAuth(int function, int, void*) {

@@ -53,4 +53,8 @@ void HostSession::renameOperator(std::string name) {
     if (publishedFacts != nullptr) publishedFacts->logonUser.sUserName = std::move(name);
 }
 
+void HostSession::setSupervisor(bool isSupervisor) {
+    if (publishedFacts != nullptr) publishedFacts->logonUser.lManager = isSupervisor ? 1 : 0;
+}
+
 }  // namespace chengheng

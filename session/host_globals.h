@@ -71,6 +71,8 @@ class HostSession {
     static void renameBooks(std::string name);
     /// The same of who is logged on.
     static void renameOperator(std::string name);
+    /// Publishes whether who is logged on is a supervisor by now.
+    static void setSupervisor(bool isSupervisor);
 
   private:
     SessionFacts m_facts;

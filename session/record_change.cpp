@@ -7,7 +7,6 @@
 #include "session/host_globals.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
-#include "session/rights_texts.h"
 
 namespace chengheng {
 UntoldOutcome UntoldOutcome::failed() { return {Outcome::failed, lastFailureNotice()}; }
@@ -22,20 +21,26 @@ std::optional<Refusal> writeRefusal(WriteRight right) {
     const CDivideWInfo* const user = g_lpLogonUserInfo;
     const bool isAdministrator = user == nullptr || user->lUserId == 0;
     if (right == WriteRight::own || isAdministrator) return std::nullopt;
-    if (right != WriteRight::supervisor) return rightRefusal(static_cast<int>(right));
-    if (user->lManager == 1) return std::nullopt;
-    return Refusal{RefusalKind::wrongInput,
-                   {.text = rights_texts::supervisorMissing, .icon = MessageIcon::stop}};
+    return right == WriteRight::supervisor ? supervisorRefusal()
+                                           : storedRightRefusal(static_cast<int>(right));
+}
+
+UntoldOutcome askedFor(WriteRight right) {
+    const auto refusal = writeRefusal(right);
+    if (!refusal) return UntoldOutcome::done();
+    return refusal->kind == RefusalKind::failed ? UntoldOutcome::failed()
+                                                : UntoldOutcome::refused(refusal->notice);
 }
 
 Outcome underLocks(IMessages& messages, const LockLists& tables,
                    const std::function<UntoldOutcome()>& work) {
     const auto run = [&] {
         if (!selectOpenBooks()) return UntoldOutcome::failed();
-        if (const auto refusal = writeRefusal(tables.right))
-            return UntoldOutcome::refused(refusal->notice);
         const TableLocks locks(*g_pDB, tables.referring, tables.own, tables.releaseOrder);
-        return locks.areGranted() ? work() : UntoldOutcome::failed();
+        if (!locks.areGranted()) return UntoldOutcome::failed();
+        // A right may be taken away while one waits for the locks.
+        const UntoldOutcome asked = askedFor(tables.right);
+        return asked.outcome == Outcome::done ? work() : asked;
     };
     return told(messages, run());
 }

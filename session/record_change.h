@@ -41,6 +41,7 @@ enum class WriteRight {
     departments = 8,
     projectItems = 13,
     projectClasses = 14,
+    newYear = 35,
     parameters = 40,
     accounts = 41,
     opening = 43,
@@ -51,9 +52,13 @@ enum class WriteRight {
     units = 75,
 };
 
-/// Why whoever is logged on may not make a change; nothing when he may. Who works with books
-/// without logging on, as chbooks does who can write the file, needs no right.
+/// Why whoever is logged on may not make a change, by what the books hold now; nothing when he
+/// may. Who works with books without logging on, as chbooks does who can write the file, needs no
+/// right.
 std::optional<Refusal> writeRefusal(WriteRight right);
+
+/// The same as what becomes of the change; done when he may.
+UntoldOutcome askedFor(WriteRight right);
 
 /// What a change asks for: the right to it, and the tables that it locks, those that refer to the
 /// changed one and the changed one.

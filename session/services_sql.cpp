@@ -5,7 +5,10 @@
 namespace chengheng::services_sql {
 
 std::string rightsOf(std::int32_t userId) {
-    return formatSql("SELECT sAuthId FROM UserAuth WHERE lUserId = %d", userId);
+    return formatSql(
+        "SELECT Users.bManager, UserAuth.lId, UserAuth.sAuthId FROM Users "
+        "LEFT JOIN UserAuth ON UserAuth.lUserId = Users.lUserId WHERE Users.lUserId = %d",
+        userId);
 }
 
 }  // namespace chengheng::services_sql

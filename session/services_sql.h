@@ -5,7 +5,8 @@
 
 namespace chengheng::services_sql {
 
-/// The rights string of an operator.
+/// Whether an operator is a supervisor, the id of the rights, none where there are none, and the
+/// rights string.
 std::string rightsOf(std::int32_t userId);
 
 }  // namespace chengheng::services_sql

@@ -6,6 +6,7 @@
 #include "base/system/owned_files.h"
 #include "base/system/workstation.h"
 #include "books/logon/known_books.h"
+#include "books/logon/logon_texts.h"
 #include "books/logon/password_file.h"
 #include "books/upgrading/books_upgrade.h"
 #include "data/engines/open_engine.h"
@@ -180,6 +181,13 @@ void LogonWindow::accept() {
     runGuarded(m_messages, windowTitle(), [this] { logOn(); });
 }
 
+bool chooseNewPassword(LogonRequest& request, const Refusal& wanted, QWidget* parent) {
+    NewPasswordWindow window(request.operatorName, request.password, wanted.notice.text, parent);
+    if (window.DoModal() != QDialog::Accepted) return false;
+    request.newPassword = window.chosen();
+    return true;
+}
+
 bool LogonWindow::openSession() {
     const int index = m_ui->location->currentIndex();
     LogonRequest request;
@@ -198,6 +206,11 @@ bool LogonWindow::openSession() {
     if (refusal && refusal->kind == RefusalKind::outdated) {
         if (!upgrade(locationOfBooks(request.location))) return false;
         refusal = tryToLogOn(request.location);
+    }
+    if (refusal && refusal->kind == RefusalKind::newPassword) {
+        if (!chooseNewPassword(request, *refusal, this)) return false;
+        refusal = tryToLogOn(request.location);
+        if (!refusal) m_ui->password->setText(QString::fromStdString(*request.newPassword));
     }
     if (refusal) {
         if (refusal->kind != RefusalKind::serverPassword) m_messages.tell(refusal->notice);
@@ -273,9 +286,13 @@ void LogonWindow::tellSuspiciousHistory() {
 }
 
 void LogonWindow::changePassword() {
+    const QString given = m_ui->password->text();
     if (!openSession()) return;
     tellSuspiciousHistory();
-    const bool isChanged = OwnPasswordWindow(this).DoModal() == QDialog::Accepted;
+    // Who had to choose a new one just now has changed it.
+    const bool isChosen = m_ui->password->text() != given;
+    const bool isChanged = isChosen || OwnPasswordWindow(this).DoModal() == QDialog::Accepted;
+    if (isChosen) m_messages.tell({.text = logon_texts::passwordChanged});
     m_session.logOff();
     if (isChanged) m_ui->password->clear();
     m_ui->password->setFocus();

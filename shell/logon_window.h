@@ -17,6 +17,9 @@ class LogonWindow;
 
 namespace chengheng {
 
+/// Asks for the password that a refused log-on wants of the operator; false when he gives up.
+bool chooseNewPassword(LogonRequest& request, const Refusal& wanted, QWidget* parent);
+
 /// Asks for a set of books, an operator, a password and a date, and logs on. Accepted only
 /// once the operator is logged on; a refusal leaves it open with the focus on what was wrong.
 class LogonWindow : public QDialog {

@@ -1,5 +1,7 @@
 #include "shell/program.h"
 
+#include <fmt/format.h>
+
 #include <QApplication>
 #include <algorithm>
 #include <array>
@@ -86,7 +88,13 @@ std::optional<ProgramExit> logOnSilently(Program& program, const LaunchOptions& 
         printError(failureText(status, options.passwordFile, FailureSubject::passwordFile));
         return ProgramExit::logonRefused;
     }
-    const auto refusal = program.session.logOn(request);
+    auto refusal = program.session.logOn(request);
+    if (refusal && refusal->kind == RefusalKind::newPassword) {
+        if (!chooseNewPassword(request, *refusal, nullptr)) return ProgramExit::done;
+        refusal = program.session.logOn(request);
+        if (!refusal)
+            printError(fmt::format(logon_texts::passwordFileOutdated, options.passwordFile));
+    }
     if (refusal) {
         printError(refusal->notice.text);
         return exitFor(*refusal);

@@ -41,6 +41,7 @@ ExitCode tellRefusal(Tool& tool, const Refusal& refusal) {
     tool.err << refusal.notice.text << '\n';
     switch (refusal.kind) {
         case RefusalKind::wrongInput:
+        case RefusalKind::newPassword:
             return ExitCode::wrongInput;
         case RefusalKind::alreadyThere:
             return ExitCode::targetExists;

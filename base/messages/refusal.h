@@ -14,6 +14,7 @@ enum class RefusalKind {
     failed,          ///< a file, a server or the machine failed
     unconfirmed,     ///< whether it was done is not known
     serverPassword,  ///< a server wants a password, or another one
+    newPassword,     ///< the operator is to choose a new password first
 };
 
 /// Why something was not done.

@@ -102,8 +102,9 @@ class Carrying {
 
   private:
     UntoldOutcome write(CarriedForward& result) {
-        if (const auto refusal = writeRefusal(WriteRight::carryForward))
-            return UntoldOutcome::refused(refusal->notice);
+        if (UntoldOutcome asked = askedFor(WriteRight::carryForward);
+            asked.outcome != Outcome::done)
+            return asked;
         OpeningBooks books;
         CarryPlan plan;
         UntoldOutcome written =

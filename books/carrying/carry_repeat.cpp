@@ -38,8 +38,8 @@ Status readHasVouchers(bool& hasVouchers) {
 }
 
 UntoldOutcome look(BothYears& years, RepeatPlan& plan, const CarryProgress& progress) {
-    if (const auto refusal = writeRefusal(WriteRight::carryForward))
-        return UntoldOutcome::refused(refusal->notice);
+    if (UntoldOutcome asked = askedFor(WriteRight::carryForward); asked.outcome != Outcome::done)
+        return asked;
     bool hasVouchers = false;
     bool hasSums = false;
     Status status = selectOpenBooks();

@@ -14,12 +14,14 @@
 #include "books/logon/temporary_name.h"
 #include "books/making/new_books.h"
 #include "data/access/row_lease.h"
+#include "data/access/table_locks.h"
 #include "data/access/unit_of_work.h"
 #include "data/connection/database.h"
 #include "data/engines/open_engine.h"
 #include "data/tables/books.h"
 #include "data/tables/operators.h"
 #include "session/failure_texts.h"
+#include "session/rights/new_password_mark.h"
 #include "session/rights/passwords.h"
 
 namespace chengheng {
@@ -59,6 +61,20 @@ std::string staleIds(const std::vector<_LoginInfo>& rows) {
     return ids;
 }
 
+/// What is wrong with the password that takes the place of the one given.
+std::optional<Refusal> newPasswordRefusal(const LogonRequest& request, const _UsersInfo& user) {
+    if (!request.newPassword || !isPasswordOf(user.sPassword, *request.newPassword))
+        return std::nullopt;
+    return inputRefusal(logon_texts::newPasswordIsOld, books_field::password);
+}
+
+Refusal newPasswordWanted(const std::string& name) {
+    Refusal refusal =
+        inputRefusal(fmt::format(logon_texts::newPasswordWanted, name), books_field::password);
+    refusal.kind = RefusalKind::newPassword;
+    return refusal;
+}
+
 SystemTime momentOf(const Date& day) {
     const ClockTime time = timeOfDay();
     return {day, static_cast<std::uint8_t>(time.hour), static_cast<std::uint8_t>(time.minute),
@@ -89,8 +105,9 @@ struct BooksSession::Candidate {
     std::string location;
     _zAccountMInfo parameters;
     TriedOperator tried;
-    LogonHistory history;
+    LogonNote note;
     _UsersInfo user;
+    std::string newHash;  ///< of the password that the operator chose
     std::int32_t rightsId = 0;
     Date date;
     BookRecords records;
@@ -128,7 +145,7 @@ std::optional<Refusal> BooksSession::logOn(const LogonRequest& request) {
     const Status looked =
         foreignObjects(m_database.selectedDatabase()->engine(), candidate.objects);
     if (!looked) return candidate.failure(looked);
-    if (std::optional<Refusal> refusal = enterLogon(candidate)) return refusal;
+    if (std::optional<Refusal> refusal = enterLogon(request, candidate)) return refusal;
     begin(request, candidate);
     return std::nullopt;
 }
@@ -174,9 +191,29 @@ std::optional<Refusal> BooksSession::checkOperator(const LogonRequest& request,
     return std::nullopt;
 }
 
-std::optional<Refusal> BooksSession::enterLogon(Candidate& candidate) {
+/// Where the password is still the one that was given.
+std::optional<Refusal> BooksSession::writeNewPassword(Candidate& candidate) {
+    const auto users =
+        readRows<_UsersInfo>(m_database, logon_sql::ofRightsOwner(candidate.user.lUserId).c_str());
+    if (hasFailed(m_database.lastStatus())) return candidate.failure();
+    if (users.empty() || users.front().sPassword != candidate.user.sPassword)
+        return inputRefusal(logon_texts::logonRefused, books_field::password);
+    candidate.user = users.front();
+    candidate.user.sPassword = candidate.newHash;
+    if (m_database.Users_Edit(candidate.user) != 0) return candidate.failure();
+    const Status status = writeNewPasswordMark(m_database, candidate.user.lId, false);
+    return status ? std::nullopt : std::optional(candidate.failure(status));
+}
+
+std::optional<Refusal> BooksSession::enterLogon(const LogonRequest& request, Candidate& candidate) {
     // Nobody can tell the others on a medium that takes no writes.
     if (m_database.selectedDatabase()->isReadOnly()) return std::nullopt;
+    if (auto refusal = newPasswordRefusal(request, candidate.user)) return refusal;
+    if (request.newPassword) candidate.newHash = hashPassword(*request.newPassword);
+    if (request.newPassword && candidate.newHash.empty())
+        return failureRefusal(logon_texts::passwordNotKept, books_field::password);
+    const TableLocks locks(m_database, "", request.newPassword ? "Users UserAuth" : "");
+    if (!locks.areGranted()) return candidate.failure();
     const std::string station = stationName();
     UnitOfWork unit(m_database);
     if (!unit.isOpen()) return candidate.failure();
@@ -190,10 +227,16 @@ std::optional<Refusal> BooksSession::enterLogon(Candidate& candidate) {
                          .sUser = candidate.user.sUserName,
                          .sStation = station,
                          .lProcess = ownProcess(),
-                         .dtLogon = candidate.date};
+                         .dtLogon = candidate.date,
+                         .lUserId = candidate.user.lUserId};
     if (m_database.add<_LoginInfo>(own, candidate.logonId) != 0) return candidate.failure();
-    const Status noted = m_tries.noteLogon(m_database, candidate.tried, candidate.history);
+    const Status noted = m_tries.noteLogon(m_database, candidate.tried, candidate.note);
     if (!noted) return candidate.failure(noted);
+    if (request.newPassword) {
+        if (auto refusal = writeNewPassword(candidate)) return refusal;
+    } else if (candidate.note.wantsNewPassword) {
+        return newPasswordWanted(candidate.user.sUserName);
+    }
     if (!unit.commit()) return candidate.failure();
     return std::nullopt;
 }
@@ -212,7 +255,7 @@ void BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
         .logonUser = {candidate.user.lId, candidate.user.lUserId, candidate.rightsId,
                       candidate.user.bManager != 0 ? 1 : 0, candidate.user.sUserName},
         .logonTime = momentOf(candidate.date),
-        .history = candidate.history,
+        .history = candidate.note.history,
     });
     m_shownLocation = chengheng::shownLocation(candidate.location);
     m_warning = std::exchange(m_nameGivenBack, {});

@@ -20,6 +20,8 @@ struct LogonRequest {
     std::string location = {};  ///< path or server address of the books
     std::string operatorName = {};
     std::string password = {};
+    /// Takes the place of the password, once it was right.
+    std::optional<std::string> newPassword = {};
     /// The day to work on; none: today, or the day of the accounting year nearest to it.
     std::optional<Date> date = {};
     std::string launchArgument = {};
@@ -52,7 +54,8 @@ class BooksSession {
     BooksSession(const BooksSession&) = delete;
     BooksSession& operator=(const BooksSession&) = delete;
 
-    /// After a refusal whatever books were open before stay open with their operator.
+    /// After a refusal whatever books were open before stay open with their operator. One of the
+    /// kind newPassword asks for the same again with a new password.
     std::optional<Refusal> logOn(const LogonRequest& request);
     /// Takes the operator off the list of those logged on and closes the books.
     void logOff();
@@ -68,7 +71,8 @@ class BooksSession {
 
     std::optional<Refusal> openBooks(Candidate& candidate);
     std::optional<Refusal> checkOperator(const LogonRequest& request, Candidate& candidate);
-    std::optional<Refusal> enterLogon(Candidate& candidate);
+    std::optional<Refusal> enterLogon(const LogonRequest& request, Candidate& candidate);
+    std::optional<Refusal> writeNewPassword(Candidate& candidate);
     void begin(const LogonRequest& request, Candidate& candidate);
 
     CNbCwDB& m_database;

@@ -17,7 +17,7 @@ std::string ofLogons(const std::string& ids) {
 }
 
 std::string readTries(const EngineDialect& dialect) {
-    return "SELECT lWrong, dWrongAt, dLogonAt, " + std::string(dialect.now) +
+    return "SELECT lWrong, dWrongAt, dLogonAt, bNewPassword, " + std::string(dialect.now) +
            " FROM LogonTries WHERE lId = $1";
 }
 

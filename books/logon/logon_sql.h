@@ -25,7 +25,8 @@ std::string ofLogons(const std::string& ids);
 inline constexpr const char* holdTries =
     "INSERT INTO LogonTries (lId) VALUES ($1) "
     "ON CONFLICT (lId) DO UPDATE SET lWrong = LogonTries.lWrong";
-/// How many were wrong, when the last was, when the operator last logged on, and what time it is.
+/// How many were wrong, when the last was, when the operator last logged on, whether a new password
+/// is wanted, and what time it is.
 std::string readTries(const EngineDialect& dialect);
 inline constexpr const char* countTry =
     "UPDATE LogonTries SET lWrong = $1, dWrongAt = $2 WHERE lId = $3";

@@ -10,6 +10,7 @@
 #include "session/host_globals.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
+#include "session/rights/new_password_mark.h"
 #include "session/rights/password_advice.h"
 
 namespace chengheng {
@@ -38,19 +39,41 @@ UntoldOutcome writeOwn(const std::string& knownHash, const std::string& hash) {
     if (user.sPassword != knownHash)
         return refused(logon_texts::oldPasswordWrong, own_password_field::old);
     user.sPassword = hash;
-    return g_pDB->Users_Edit(user) == 0 ? result : UntoldOutcome::failed();
+    if (g_pDB->Users_Edit(user) != 0 || !writeNewPasswordMark(*g_pDB, user.lId, false))
+        return UntoldOutcome::failed();
+    return result;
 }
 
 }  // namespace
 
-std::string OwnPassword::note() const {
-    if (wanted.empty() && !confirmation.empty()) return {};
-    return passwordAdvice(wanted, g_lpLogonUserInfo == nullptr ? "" : g_lpLogonUserInfo->sUserName);
+std::string PasswordForm::note() const {
+    return wanted.empty() && !confirmation.empty() ? std::string() : passwordAdvice(wanted, name());
+}
+
+std::optional<Notice> PasswordForm::confirmationRefusal() const {
+    if (wanted == confirmation) return std::nullopt;
+    return Notice{.text = logon_texts::newPasswordsDiffer,
+                  .beep = true,
+                  .focusField = own_password_field::confirmation};
+}
+
+std::string OwnPassword::name() const {
+    return g_lpLogonUserInfo == nullptr ? "" : g_lpLogonUserInfo->sUserName;
+}
+
+bool NewPassword::confirm() {
+    if (!canConfirm()) return false;
+    auto refused = confirmationRefusal();
+    if (!refused && wanted == old)
+        refused = Notice{.text = logon_texts::newPasswordIsOld,
+                         .beep = true,
+                         .focusField = own_password_field::wanted};
+    if (refused) m_messages.tell(*refused);
+    return !refused;
 }
 
 UntoldOutcome OwnPassword::check(std::string& knownHash) {
-    if (wanted != confirmation)
-        return refused(logon_texts::newPasswordsDiffer, own_password_field::confirmation);
+    if (const auto notice = confirmationRefusal()) return UntoldOutcome::refused(*notice);
     if (!selectOpenBooks()) return UntoldOutcome::failed();
     _UsersInfo user;
     UntoldOutcome result = readOwn(user);

@@ -73,7 +73,8 @@ Status WrongTries::read(CNbCwDB& books, const TriedOperator& tried, Tries& tries
             tries.wrong = static_cast<int>(std::clamp<std::int64_t>(cursor.integer(0), 0, most));
             tries.wrongAt = cursor.real(1);
             tries.logonAt = cursor.real(2);
-            tries.now = m_clock ? m_clock() : cursor.real(3);
+            tries.wantsNewPassword = cursor.integer(3) != 0;
+            tries.now = m_clock ? m_clock() : cursor.real(4);
             return Status::done();
         });
     return status;
@@ -122,12 +123,11 @@ Status WrongTries::takeBack(CNbCwDB& books, const TriedOperator& tried) {
     return change(books, logon_sql::takeTryBack, std::array{rowOf(tried)});
 }
 
-Status WrongTries::noteLogon(CNbCwDB& books, const TriedOperator& tried,
-                             LogonHistory& history) const {
+Status WrongTries::noteLogon(CNbCwDB& books, const TriedOperator& tried, LogonNote& note) const {
     Tries tries;
     const Status status = read(books, tried, tries);
     if (!status) return status;
-    history = {minuteText(tries.logonAt), tries.wrong};
+    note = {{minuteText(tries.logonAt), tries.wrong}, tries.wantsNewPassword};
     return change(books, logon_sql::noteLogon, std::array{Value::of(tries.now), rowOf(tried)});
 }
 

@@ -24,6 +24,12 @@ struct TriedOperator {
     std::int32_t row() const;
 };
 
+/// What is noted of an operator who logs on.
+struct LogonNote {
+    LogonHistory history = {};
+    bool wantsNewPassword = false;  ///< before anything else
+};
+
 /// Slows down whoever guesses passwords: after each wrong try for an operator the next one is
 /// not even looked at for a while, twice as long each time. The tries are counted in the selected
 /// books, where every program meets them. Where these cannot be written, the process counts, and
@@ -45,7 +51,7 @@ class WrongTries {
     /// The password was right after all: the try does not count.
     Status takeBack(CNbCwDB& books, const TriedOperator& tried);
     /// The operator is logged on: counting begins anew. Tells what there was since the last time.
-    Status noteLogon(CNbCwDB& books, const TriedOperator& tried, LogonHistory& history) const;
+    Status noteLogon(CNbCwDB& books, const TriedOperator& tried, LogonNote& note) const;
 
     /// How long the next try waits after so many wrong ones, in seconds.
     static double delayAfter(int wrong);
@@ -56,6 +62,7 @@ class WrongTries {
         double wrongAt = 0;
         double logonAt = 0;
         double now = 0;
+        bool wantsNewPassword = false;
 
         double waitLeft() const;
     };

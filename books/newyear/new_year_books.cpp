@@ -15,6 +15,7 @@
 #include "data/engines/remove_database.h"
 #include "data/layout/layout.h"
 #include "session/failure_texts.h"
+#include "session/record_change.h"
 
 namespace chengheng {
 
@@ -178,6 +179,7 @@ std::optional<Refusal> NewYearBooks::plan(const NewYearOrder& order, NewYearPlan
 std::optional<Refusal> NewYearBooks::make(const NewYearOrder& order,
                                           const NewYearProgress& progress,
                                           NewYearPlan& made) const {
+    if (auto refusal = writeRefusal(WriteRight::newYear)) return refusal;
     Work work(order, m_open, progress);
     if (auto refusal = look(work)) return refusal;
     const std::string& place = work.plan.facts.place;

@@ -50,7 +50,8 @@ class NewYearBooks {
 
     /// Looks whether and how they would be made; makes nothing.
     std::optional<Refusal> plan(const NewYearOrder& order, NewYearPlan& plan) const;
-    /// Makes them. After a refusal nothing is left of them, unless it says that this is not known.
+    /// Makes them, where whoever is logged on to the books of the year that ends may. After a
+    /// refusal nothing is left of them, unless it says that this is not known.
     std::optional<Refusal> make(const NewYearOrder& order, const NewYearProgress& progress,
                                 NewYearPlan& made) const;
 

@@ -15,6 +15,7 @@ inline constexpr std::array steps{
     StepText{1, "增加一张表,记下每位操作员口令输错的次数和上次登录的时间"},
     StepText{2, "各表的数值栏只收范围之内的数,写入超出范围的数会被拒绝"},
     StepText{3, "单位目录增加一栏,记下单位是客户、供应商还是两者都是"},
+    StepText{4, "已登录的人另记编号;每位操作员可以记下“下次登录时须更改口令”"},
 };
 
 inline constexpr const char* heading =

@@ -95,7 +95,9 @@ std::string raisingScript(const EngineDialect& dialect, int from, NewTables newT
     for (const LayoutStep& step : layoutSteps()) {
         if (step.from < from) continue;
         for (const TableInfo& table : step.newTables) {
-            if (newTables == NewTables::missing) script += createTableSql(table, dialect);
+            // With the columns that later steps give it.
+            if (newTables == NewTables::missing)
+                script += createTableSql(*findTable(table.name), dialect);
             if (newTables == NewTables::missing && dialect.shareTable != nullptr)
                 script += dialect.shareTable(table.name, "LoginInfoTbl");
             if (!table.idRow.empty()) script += addCounterSql(table.idRow);

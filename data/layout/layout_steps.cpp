@@ -18,6 +18,10 @@ const std::vector<LayoutStep>& steps() {
          .newColumns = {}},
         {.from = 2, .newTables = {}, .newColumns = {}},  // the checks of every column
         {.from = 3, .newTables = {}, .newColumns = {{"Enter", {"byKind", ColumnType::byte}}}},
+        {.from = 4,
+         .newTables = {},
+         .newColumns = {{"LoginInfoTbl", {"lUserId", ColumnType::integer}},
+                        {"LogonTries", {"bNewPassword", ColumnType::flag}}}},
     };
     return all;
 }

@@ -50,6 +50,7 @@ const RecordType& recordTypeOf<_LogonTriesInfo>() {
         column("lWrong", &Record::lWrong),
         column("dWrongAt", &Record::dWrongAt),
         column("dLogonAt", &Record::dLogonAt),
+        column("bNewPassword", &Record::bNewPassword),
     };
     static const RecordType type = recordType<Record>("LogonTries", "", {}, columns);
     return type;
@@ -62,6 +63,7 @@ const RecordType& recordTypeOf<_LoginInfo>() {
         column("lId", &Record::lId),           column("lAccId", &Record::lAccId),
         column("sUser", &Record::sUser),       column("sStation", &Record::sStation),
         column("lProcess", &Record::lProcess), column("dtLogon", &Record::dtLogon),
+        column("lUserId", &Record::lUserId),
     };
     static const RecordType type =
         recordType<Record>("LoginInfoTbl", "LoginInfoTbl", {"lAccId"}, columns);

@@ -39,12 +39,16 @@ struct _zAuthInfo {
     bool operator==(const _zAuthInfo&) const = default;
 };
 
-/// What was tried with an operator's name, by the clock of the database, in seconds since 1970.
+/// What is noted of an operator's log-ons. Moments are by the clock of the database, in seconds
+/// since 1970.
 struct _LogonTriesInfo {
-    std::int32_t lId = 0;     ///< the operator's; below 0: names that no operator has
+    /// The operator's; 0: who writes without logging on; below 0: names that no operator has.
+    std::int32_t lId = 0;
     std::int32_t lWrong = 0;  ///< wrong passwords since the last log-on
     double dWrongAt = 0;      ///< when the last of them was given
     double dLogonAt = 0;      ///< when the operator last logged on
+    /// Non-zero: the next log-on asks for a new password first.
+    std::int16_t bNewPassword = 0;
 
     bool operator==(const _LogonTriesInfo&) const = default;
 };
@@ -57,6 +61,7 @@ struct _LoginInfo {
     std::string sStation;       ///< workstation
     std::int32_t lProcess = 0;  ///< process of the program there
     Date dtLogon;
+    std::int32_t lUserId = 0;  ///< operator's number; 0 in rows of programs that knew none
 
     bool operator==(const _LoginInfo&) const = default;
 };

@@ -208,7 +208,7 @@ DivisionPlace DivisionScreen::placeAfter(int leaf) const {
 
 bool DivisionScreen::mayModify() {
     if (!m_isRead) return false;
-    if (selectedRecord() != nullptr) return true;
+    if (selectedRecord() != nullptr) return m_service.readMark(selectedForChange());
     m_messages.tell({.text = operator_texts::nothingToModify});
     return false;
 }
@@ -220,6 +220,7 @@ void DivisionScreen::take(const OperatorForm& form) {
     const auto known = std::ranges::find(m_operators, user.lUserId, userIdOf);
     if (known != m_operators.end()) {
         known->user = user;
+        known->wantsNewPassword = form.record().wantsNewPassword;
         return;
     }
     m_operators.push_back(form.record());

@@ -107,7 +107,7 @@ class DivisionScreen {
     void remove();
 
     OperatorForm formToAdd() const { return OperatorForm(m_messages, m_cost); }
-    /// Whether an operator to modify is selected; tells when none is.
+    /// Whether an operator to modify is selected and could be read; tells when not.
     bool mayModify();
     /// Only when one is selected.
     OperatorForm formToModify() const { return {m_messages, *selectedRecord(), m_cost}; }

@@ -43,6 +43,7 @@ inline constexpr const char* modificationTitle = "修改操作员姓名、口令
 inline constexpr const char* nameLabel = "操作员姓名:";
 inline constexpr const char* passwordLabel = "操作员口令:";
 inline constexpr const char* confirmationLabel = "确认口令:";
+inline constexpr const char* wantNewPassword = "下次登录时须更改口令(&N)";
 inline constexpr const char* confirm = "确 认";
 inline constexpr const char* giveUp = "放 弃";
 inline constexpr const char* passwordStays = "口令空着不填,原来的口令不变。";

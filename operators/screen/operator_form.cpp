@@ -1,6 +1,7 @@
 #include "operators/screen/operator_form.h"
 
 #include "operators/screen/division_texts.h"
+#include "session/host_globals.h"
 #include "session/rights/password_advice.h"
 
 namespace chengheng {
@@ -8,7 +9,10 @@ namespace chengheng {
 OperatorForm::OperatorForm(IMessages& messages, PasswordCost cost) : m_service(messages, cost) {}
 
 OperatorForm::OperatorForm(IMessages& messages, const OperatorRecord& record, PasswordCost cost)
-    : input{.name = record.user.sUserName, .password = {}, .confirmation = {}},
+    : input{.name = record.user.sUserName,
+            .password = {},
+            .confirmation = {},
+            .wantsNewPassword = record.wantsNewPassword},
       m_service(messages, cost),
       m_record(record),
       m_opened(input),
@@ -16,6 +20,10 @@ OperatorForm::OperatorForm(IMessages& messages, const OperatorRecord& record, Pa
 
 const char* OperatorForm::title() const {
     return isAddition() ? division_texts::additionTitle : division_texts::modificationTitle;
+}
+
+bool OperatorForm::canWantNewPassword() const {
+    return g_lpLogonUserInfo == nullptr || g_lpLogonUserInfo->lUserId != m_record.user.lUserId;
 }
 
 std::string OperatorForm::note() const {

@@ -21,6 +21,8 @@ class OperatorForm {
     bool isAddition() const { return m_record.user.lUserId == 0; }
     const char* title() const;
     bool canConfirm() const { return isOperatorInputChanged(input, m_opened); }
+    /// Of somebody else only: who is logged on here changes the own password at once.
+    bool canWantNewPassword() const;
     /// What the operator should know of the password as it is typed; mostly empty.
     std::string note() const;
 

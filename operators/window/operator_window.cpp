@@ -1,5 +1,6 @@
 #include "operators/window/operator_window.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
@@ -37,6 +38,11 @@ bool OperatorWindow::OnInitDialog() {
     m_confirmation = addField(texts::confirmationLabel, confirmationField, passwordWidth);
     m_password->setEchoMode(QLineEdit::Password);
     m_confirmation->setEchoMode(QLineEdit::Password);
+    m_wantsNew = new QCheckBox(shown(texts::wantNewPassword));
+    m_wantsNew->setObjectName(QStringLiteral("wantsNewPassword"));
+    m_wantsNew->setEnabled(m_form.canWantNewPassword());
+    connect(m_wantsNew, &QCheckBox::toggled, this, guarded([this] { inputEdited(); }));
+    static_cast<QFormLayout*>(layout()->itemAt(0)->layout())->addRow(QString(), m_wantsNew);
     new EnterMovesOn(this, {m_name, m_password, m_confirmation});
     m_note = new QLabel;
     m_note->setObjectName(QStringLiteral("note"));
@@ -87,13 +93,15 @@ void OperatorWindow::DoDataExchange(bool isSaving) {
     if (isSaving) {
         input = {.name = m_name->text().toStdString(),
                  .password = m_password->text().toStdString(),
-                 .confirmation = m_confirmation->text().toStdString()};
+                 .confirmation = m_confirmation->text().toStdString(),
+                 .wantsNewPassword = m_wantsNew->isChecked()};
         return;
     }
     const OperatorInput given = input;
     m_name->showText(shown(given.name));
     m_password->showText(shown(given.password));
     m_confirmation->showText(shown(given.confirmation));
+    m_wantsNew->setChecked(given.wantsNewPassword);
     showState();
 }
 

@@ -3,6 +3,7 @@
 #include "operators/screen/operator_form.h"
 #include "screen/CNxMiddleDialog.h"
 
+class QCheckBox;
 class QLabel;
 class QPushButton;
 
@@ -32,6 +33,7 @@ class OperatorWindow final : public CNxMiddleDialog {
     LimitedEdit* m_name = nullptr;
     LimitedEdit* m_password = nullptr;
     LimitedEdit* m_confirmation = nullptr;
+    QCheckBox* m_wantsNew = nullptr;
     QLabel* m_note = nullptr;
     QPushButton* m_confirm = nullptr;
 };

@@ -24,19 +24,27 @@ constexpr int passwordCharacters = 60;
 
 }  // namespace
 
-OwnPasswordWindow::OwnPasswordWindow(QWidget* parent)
-    : CNxMiddleDialog(parent), m_atWork(texts::ownPassword), m_form(messages()) {
+PasswordWindow::PasswordWindow(QWidget* parent) : CNxMiddleDialog(parent) {
     setWindowTitle(shown(texts::ownPassword));
 }
 
-bool OwnPasswordWindow::OnInitDialog() {
+bool PasswordWindow::OnInitDialog() {
     auto* column = new QVBoxLayout(this);
+    if (const std::string text = heading(); !text.empty()) {
+        auto* label = new QLabel(shown(text));
+        label->setObjectName(QStringLiteral("heading"));
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        column->addWidget(label);
+    }
     auto* rows = new QFormLayout;
     column->addLayout(rows);
-    m_old = addField(*rows, texts::oldPassword, own_password_field::old);
+    if (form().asksForOld()) m_old = addField(*rows, texts::oldPassword, own_password_field::old);
     m_wanted = addField(*rows, texts::newPassword, own_password_field::wanted);
     m_confirmation = addField(*rows, texts::newPasswordAgain, own_password_field::confirmation);
-    new EnterMovesOn(this, {m_old, m_wanted, m_confirmation});
+    QList<QWidget*> fields{m_wanted, m_confirmation};
+    if (m_old != nullptr) fields.prepend(m_old);
+    new EnterMovesOn(this, fields);
     m_note = new QLabel;
     m_note->setObjectName(QStringLiteral("note"));
     styleHint(m_note);
@@ -47,11 +55,11 @@ bool OwnPasswordWindow::OnInitDialog() {
     column->addWidget(buttons);
     widen(this, formCharacters);
     showState();
-    m_old->setFocus();
+    fields.front()->setFocus();
     return false;
 }
 
-LimitedEdit* OwnPasswordWindow::addField(QFormLayout& rows, const char* label, const char* name) {
+LimitedEdit* PasswordWindow::addField(QFormLayout& rows, const char* label, const char* name) {
     auto* edit = new LimitedEdit(passwordCharacters);
     edit->setObjectName(QLatin1String(name));
     edit->setEchoMode(QLineEdit::Password);
@@ -63,17 +71,29 @@ LimitedEdit* OwnPasswordWindow::addField(QFormLayout& rows, const char* label, c
     return edit;
 }
 
-void OwnPasswordWindow::showState() {
-    m_note->setText(shown(m_form.note()));
-    m_confirm->setEnabled(m_form.canConfirm());
+void PasswordWindow::showState() {
+    m_note->setText(shown(form().note()));
+    m_confirm->setEnabled(form().canConfirm());
 }
 
-void OwnPasswordWindow::DoDataExchange(bool isSaving) {
+void PasswordWindow::DoDataExchange(bool isSaving) {
     if (!isSaving) return;
-    m_form.old = m_old->text().toStdString();
-    m_form.wanted = m_wanted->text().toStdString();
-    m_form.confirmation = m_confirmation->text().toStdString();
+    if (m_old != nullptr) form().old = m_old->text().toStdString();
+    form().wanted = m_wanted->text().toStdString();
+    form().confirmation = m_confirmation->text().toStdString();
 }
+
+void PasswordWindow::OnOK() {
+    if (form().confirm()) EndDialog(Accepted);
+}
+
+bool PasswordWindow::OnHelpInfo() {
+    showHelp(operatorHelpContext, *this);
+    return true;
+}
+
+OwnPasswordWindow::OwnPasswordWindow(QWidget* parent)
+    : PasswordWindow(parent), m_atWork(texts::ownPassword), m_form(messages()) {}
 
 void OwnPasswordWindow::OnOK() {
     if (!m_form.confirm()) return;
@@ -81,9 +101,8 @@ void OwnPasswordWindow::OnOK() {
     EndDialog(Accepted);
 }
 
-bool OwnPasswordWindow::OnHelpInfo() {
-    showHelp(operatorHelpContext, *this);
-    return true;
-}
+NewPasswordWindow::NewPasswordWindow(const std::string& name, const std::string& given,
+                                     std::string wanted, QWidget* parent)
+    : PasswordWindow(parent), m_heading(std::move(wanted)), m_form(messages(), name, given) {}
 
 }  // namespace chengheng

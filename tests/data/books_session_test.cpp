@@ -57,6 +57,7 @@ TEST_P(BooksSessions, TellOtherWorkstationsWhoIsLoggedOn) {
     ASSERT_EQ(rows.size(), 1U);
     EXPECT_EQ(rows[0].lAccId, 1);
     EXPECT_EQ(rows[0].sUser, "王芳");
+    EXPECT_EQ(rows[0].lUserId, g_lpLogonUserInfo->lUserId);
     EXPECT_EQ(rows[0].sStation, stationName());
     EXPECT_EQ(rows[0].lProcess, ownProcess());
     EXPECT_EQ(rows[0].dtLogon, (Date{2026, 5, 31}));
@@ -71,9 +72,9 @@ TEST_P(BooksSessions, RemoveWhatAKilledProgramOfThisStationLeftBehind) {
         const auto engine = openForTest(m_location, OpenMode::existing);
         ASSERT_TRUE(engine->script(
             "INSERT INTO LoginInfoTbl VALUES (1, 1, 'killed', '" + stationName() + "', " + dead +
-            ", '2026-01-01'); INSERT INTO LoginInfoTbl VALUES (2, 1, 'elsewhere', 'other', " +
+            ", '2026-01-01', 0); INSERT INTO LoginInfoTbl VALUES (2, 1, 'elsewhere', 'other', " +
             dead +
-            ", '2026-01-01'); UPDATE ABIdTable SET lLastId = 2 WHERE sTable = "
+            ", '2026-01-01', 0); UPDATE ABIdTable SET lLastId = 2 WHERE sTable = "
             "'LoginInfoTbl'"));
     }
     Shell shell;

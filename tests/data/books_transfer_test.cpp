@@ -418,7 +418,7 @@ TEST_P(OlderSource, ReplacesBooksOfTheLayoutOfToday) {
     {
         const auto engine = openForTest(m_target);
         fillSmallBooks(*engine);
-        runScript(*engine, "INSERT INTO LogonTries VALUES (1, 9, 1, 1)");
+        runScript(*engine, "INSERT INTO LogonTries VALUES (1, 9, 1, 1, 0)");
     }
     EXPECT_EQ(textOf(copyBooks(m_source, m_target, Overwrite::replaceBooks)), "done");
     expectRowsAt(m_target);

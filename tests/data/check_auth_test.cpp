@@ -24,7 +24,11 @@ class CheckAuth : public testing::TestWithParam<EngineCase> {
         std::string rights(255, 'N');
         rights[40] = 'Y';
         rights[42] = 'y';
-        run(formatSql("INSERT INTO UserAuth VALUES(5, 5, '%s')", rights));
+        run(
+            formatSql("INSERT INTO Users VALUES(5, 5, '会计', 0, '')\r\n"
+                      "INSERT INTO Users VALUES(6, 6, '出纳', 0, '')\r\n"
+                      "INSERT INTO UserAuth VALUES(5, 5, '%s')",
+                      rights));
         logOn(5, 0);
     }
     void run(const std::string& batch) {
@@ -96,6 +100,20 @@ TEST_P(CheckAuth, RefusesAnOperatorWithoutARightsRow) {
     EXPECT_EQ(m_messages.texts()[0],
               "无法读取你的权限,不能使用[会计科目设置]!\n"
               "帐套中没有你的权限记录,请主管在财务分工中重新设置。");
+}
+
+TEST_P(CheckAuth, RefusesAnOperatorWhoIsNoneAnyMore) {
+    run("DELETE Users WHERE lUserId = 5");
+    EXPECT_FALSE(CCheckAuth(41));
+    EXPECT_EQ(m_messages.texts(),
+              std::vector<std::string>{"无法读取你的权限,不能使用[会计科目设置]!\n"
+                                       "帐套中没有你的权限记录,请主管在财务分工中重新设置。"});
+}
+
+TEST_P(CheckAuth, GivesEveryRightToWhoWasMadeASupervisorSinceTheLogOn) {
+    run("UPDATE Users SET bManager = 1 WHERE lUserId = 5");
+    EXPECT_TRUE(CCheckAuth(57));
+    EXPECT_EQ(g_lpLogonUserInfo->lManager, 1);
 }
 
 TEST_P(CheckAuth, RefusesWhenTheRightsCannotBeRead) {

@@ -41,6 +41,7 @@ class HubFunctionChecks : public testing::TestWithParam<EngineCase> {
         openNewBooks(m_database, freshLocation(GetParam()));
         m_session.emplace(SessionFacts{
             .database = &m_database, .databaseName = "books", .logonUser = {5, 5, 5, 0, "会计"}});
+        run("INSERT Users VALUES(5, 5, '会计', 0, '')");
         grant({});
     }
     void TearDown() override { CGetData::m_pzAccountMInfo = nullptr; }

@@ -141,7 +141,7 @@ TEST_P(LogonTries, ThatCannotBeDoNoHarm) {
     for (const char* values : {"2147483647, 1e300, 1e300", "-5, -1e300, -1e300"}) {
         runScript(*openForTest(m_location, OpenMode::existing),
                   std::string("DELETE FROM LogonTries; INSERT INTO LogonTries VALUES (1, ") +
-                      values + ")");
+                      values + ", 0)");
         Program program(m_location);
         const bool isDelayed = program.logOn("secret") != "";
         program.now += 60;

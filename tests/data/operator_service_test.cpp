@@ -269,6 +269,25 @@ TEST_P(Operators, LoggedOnHereAreProtectedByTheirNumberAsWellAsTheirName) {
     EXPECT_EQ(refusal(), "用户《 张总 》已经登录，不能删除！");
 }
 
+TEST_P(Operators, LoggedOnElsewhereAreProtectedByTheirNumberUnderWhateverName) {
+    m_books.logOn("李明", "elsewhere", 1, 2);
+    m_books.run("UPDATE Users SET sUserName = '李大明' WHERE lUserId = 2");
+    m_known = m_service.readAll().value();
+    EXPECT_EQ(m_service.remove(&known(2)), Outcome::refused);
+    EXPECT_EQ(refusal(), "用户《 李大明 》已经登录，不能删除！");
+    m_books.run("UPDATE LoginInfoTbl SET lUserId = 3");
+    EXPECT_EQ(m_service.remove(&known(3)), Outcome::refused) << "whatever the row is called";
+    EXPECT_EQ(refusal(), "用户《 赵燕 》已经登录，不能删除！");
+}
+
+TEST_P(Operators, TakeTheSessionsOfTheirNumberAlongAndNoOthers) {
+    m_books.logOn("李大明", "elsewhere", 1, 2);
+    m_books.logOn("李明", "elsewhere", 1, 3);
+    m_books.logOn("李明", "an older program");
+    EXPECT_EQ(modify(2, {"李小明", "", ""}), Outcome::done);
+    EXPECT_EQ(sessionsOf(), "李小明 李明 李小明");
+}
+
 TEST_P(Operators, WhoseProgramHasEndedAreNoLongerLoggedOn) {
     m_books.logOn("李明", stationName(), endedProcess());
     EXPECT_EQ(remove(2), Outcome::done);

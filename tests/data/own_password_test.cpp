@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "data/tables/operators.h"
+#include "session/rights/new_password_mark.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/operator_books.h"
 
@@ -45,6 +46,14 @@ TEST_P(OwnPasswords, AreChangedByWhoeverKnowsTheOldOne) {
     EXPECT_THAT(m_books.messages.texts(), testing::IsEmpty());
     EXPECT_THAT(m_books.stored(), testing::ElementsAre("1 张三 主管", "2 李明 41"));
     EXPECT_TRUE(isPasswordOf(m_books.hashOf(2), "")) << "nobody else's";
+}
+
+TEST_P(OwnPasswords, AreNoLongerWantedOnceTheyAreChanged) {
+    ASSERT_TRUE(writeNewPasswordMark(m_books.database, 1, true).isDone());
+    EXPECT_TRUE(change("old", "neu", "neu"));
+    bool isWanted = true;
+    EXPECT_TRUE(readNewPasswordMark(m_books.database, 1, isWanted).isDone());
+    EXPECT_FALSE(isWanted);
 }
 
 TEST_P(OwnPasswords, StayWhenTheNewOneIsNotTypedTwiceTheSame) {

@@ -76,6 +76,22 @@ TEST_P(SettleWorkstations, OneThatWaitsReadsWhoIsAtWorkAndWithWhichFunction) {
     EXPECT_EQ(functionShown(), "会计科目");
 }
 
+TEST_P(SettleWorkstations, OneWhoIsNoSupervisorAnyMoreOnceTheLocksAreFreeIsRefused) {
+    ASSERT_TRUE(m_other.lock("Settle", LockMode::exclusive));
+    OtherGoesOn waiter([this] {
+        otherDoes("UPDATE Users SET bManager = 0 WHERE lUserId = 1");
+        otherDoes("INSERT INTO UserAuth (lId, lUserId, sAuthId) VALUES (1, 1, 'N')");
+        m_other.unlock("Settle", LockMode::exclusive);
+    });
+    m_books.database.setLockWaiter(&waiter);
+    m_form.input.name = "现款";
+    EXPECT_FALSE(m_form.save());
+    EXPECT_EQ(m_books.messages.onlyNotice().text, "你没有[结算方式设置]权限!");
+    EXPECT_EQ(m_books.stored()[0], "1 1 现金 0");
+    EXPECT_EQ(m_form.input.name, "现款") << "what was typed stays";
+    EXPECT_FALSE(m_books.holdsLocks());
+}
+
 TEST_P(SettleWorkstations, AVoucherBeingWrittenKeepsADeletionOut) {
     PatientWaiter impatient{std::chrono::milliseconds(0)};
     m_books.database.setLockWaiter(&impatient);

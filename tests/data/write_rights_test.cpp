@@ -1,20 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "accounts/changing/account_service.h"
-#include "accounts/codes/code_levels.h"
-#include "currency/currency_service.h"
-#include "directories/directory_service.h"
-#include "operators/operator_service.h"
+#include "data/sql/sql_format.h"
 #include "session/rights_list.h"
 #include "settle/settle_service.h"
-#include "tests/support/account_books.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/made_layout.h"
 #include "tests/support/operator_books.h"
 #include "tests/support/recording_messages.h"
-#include "vouchertype/preset/preset_service.h"
-#include "vouchertype/voucher_type_service.h"
 
 namespace {
 
@@ -24,101 +17,39 @@ using namespace chengheng;
 class WriteRights : public testing::TestWithParam<EngineCase> {
   protected:
     void SetUp() override { openNewBooks(m_database, freshLocation(GetParam()), "books"); }
+    void run(const std::string& batch) {
+        ASSERT_NE(m_database.QRYExecuteSQL(batch), 0) << m_database.lastStatus().detail;
+    }
     void logOn(std::initializer_list<int> functions, int manager = 0, int userId = 5) {
         m_session.reset();
-        ASSERT_NE(m_database.QRYExecuteSQL("DELETE UserAuth WHERE lId > 0\r\n"
-                                           "INSERT UserAuth VALUES( 5, 5, '" +
-                                           rightsText(functions) + "' )"),
-                  0);
+        run(formatSql(
+            "DELETE Users WHERE lId > 0\r\nDELETE UserAuth WHERE lId > 0\r\n"
+            "INSERT Users VALUES( 5, 5, '李明', %d, '' )\r\nINSERT UserAuth VALUES( 5, 5, '%s' )",
+            manager, rightsText(functions)));
         m_session.emplace(SessionFacts{.database = &m_database,
                                        .databaseName = "books",
                                        .logonUser = {userId, userId, userId, manager, "李明"}});
     }
-    /// What each service that writes says when it is asked to.
-    std::vector<std::string> refusals() {
-        const std::function<Outcome()> writings[] = {
-            [&] {
-                _SettleInfo method{0, "1", "现金", 0};
-                return SettleService(m_messages).add(method, {});
-            },
-            [&] {
-                _SignInfo type;
-                type.sSign = "收";
-                type.sSignName = "收款凭证";
-                return VoucherTypeService(m_messages).add(type);
-            },
-            [&] { return PresetService(m_messages).finish(PresetSet::unclassified); },
-            [&] {
-                _CyrencyInfo added;
-                const CurrencyInput input{.symbol = "USD",
-                                          .name = "美元",
-                                          .mode = RateMode::multiplied,
-                                          .decimals = "4",
-                                          .maxError = "0.00001"};
-                return CurrencyService(m_messages).add(input, 2026, added);
-            },
-            [&] {
-                return AccountService(m_messages, CodeLevels("4222"))
-                    .add(assetEntry("1001"))
-                    .outcome;
-            },
-            [&] {
-                OperatorRecord added;
-                return OperatorService(m_messages, PasswordCost::least)
-                    .add({"王芳", "", ""}, added);
-            }};
-        std::vector<std::string> said;
-        for (const auto& write : writings) {
-            m_messages.forget();
-            EXPECT_EQ(write(), Outcome::refused);
-            said.push_back(m_messages.onlyNotice().text);
-            EXPECT_EQ(m_messages.onlyNotice().icon, MessageIcon::stop);
-        }
-        for (const Directory& directory : directories()) {
-            m_messages.forget();
-            DirectoryRecord record;
-            record.code = "01";
-            record.name = "某某";
-            EXPECT_EQ(DirectoryService(m_messages, directory).add(record), Outcome::refused);
-            said.push_back(m_messages.onlyNotice().text);
-        }
-        return said;
-    }
-
     CNbCwDB m_database;
     RecordingMessages m_messages;
     std::optional<HostSession> m_session;
 };
 
-TEST_P(WriteRights, EveryServiceRefusesWhoHasNotTheRightToWhatItWrites) {
-    logOn({});
-    EXPECT_EQ(refusals(),
-              (std::vector<std::string>{
-                  "你没有[结算方式设置]权限!", "你没有[凭证类别设置]权限!",
-                  "你没有[凭证类别设置]权限!", "你没有[外币设置]权限!", "你没有[会计科目设置]权限!",
-                  "你没有[主管]权限!", "你没有[部门目录]权限!", "你没有[个人往来目录]权限!",
-                  "你没有[单位往来目录]权限!", "你没有[单位往来目录]权限!",
-                  "你没有[项目大类定义]权限!", "你没有[项目定义及目录]权限!"}));
-    for (const char* table : {"Settle", "Sign", "Cyrency", "Code", "Users", "Dept"}) {
-        char** cells = nullptr;
-        int columns = 0;
-        int rows = 0;
-        EXPECT_EQ(m_database.QRYGetData(std::string("SELECT lId FROM ") + table + " WHERE lId > 0",
-                                        cells, columns, rows),
-                  0);
-        EXPECT_EQ(rows, 0) << table;
-        m_database.QRYReleaseBuffer(cells, columns, rows);
-    }
-}
-
 TEST_P(WriteRights, AreThoseOfTheFunctionsOfTheirNumbers) {
     const std::pair<WriteRight, const char*> names[] = {
-        {WriteRight::persons, "个人往来目录"},        {WriteRight::departments, "部门目录"},
-        {WriteRight::projectItems, "项目定义及目录"}, {WriteRight::projectClasses, "项目大类定义"},
-        {WriteRight::parameters, "帐套参数调整"},     {WriteRight::accounts, "会计科目设置"},
-        {WriteRight::opening, "期初余额录入"},        {WriteRight::carryForward, "上年结转"},
-        {WriteRight::currencies, "外币设置"},         {WriteRight::voucherTypes, "凭证类别设置"},
-        {WriteRight::settlement, "结算方式设置"},     {WriteRight::units, "单位往来目录"}};
+        {WriteRight::persons, "个人往来目录"},
+        {WriteRight::departments, "部门目录"},
+        {WriteRight::projectItems, "项目定义及目录"},
+        {WriteRight::projectClasses, "项目大类定义"},
+        {WriteRight::newYear, "重建帐"},
+        {WriteRight::parameters, "帐套参数调整"},
+        {WriteRight::accounts, "会计科目设置"},
+        {WriteRight::opening, "期初余额录入"},
+        {WriteRight::carryForward, "上年结转"},
+        {WriteRight::currencies, "外币设置"},
+        {WriteRight::voucherTypes, "凭证类别设置"},
+        {WriteRight::settlement, "结算方式设置"},
+        {WriteRight::units, "单位往来目录"}};
     for (const auto& [right, name] : names) {
         const int function = static_cast<int>(right);
         EXPECT_STREQ(functionName(function), name);
@@ -142,6 +73,29 @@ TEST_P(WriteRights, AreAskedAnewWithEachChange) {
     EXPECT_EQ(SettleService(m_messages).modify(method, {method.lId, "1", "现款", 0}, {}),
               Outcome::refused);
     EXPECT_EQ(m_messages.onlyNotice().text, "你没有[结算方式设置]权限!");
+}
+
+TEST_P(WriteRights, OfASupervisorEndWithHisSupervision) {
+    logOn({57}, 1);
+    EXPECT_FALSE(writeRefusal(WriteRight::accounts));
+    EXPECT_FALSE(writeRefusal(WriteRight::supervisor));
+    run("UPDATE Users SET bManager = 0 WHERE lUserId = 5");
+    EXPECT_EQ(writeRefusal(WriteRight::supervisor)->notice.text, "你没有[主管]权限!");
+    EXPECT_EQ(g_lpLogonUserInfo->lManager, 0) << "windows ask for rights from then on";
+    EXPECT_EQ(writeRefusal(WriteRight::accounts)->notice.text, "你没有[会计科目设置]权限!");
+    EXPECT_FALSE(writeRefusal(WriteRight::settlement)) << "the rights that were behind it";
+    run("UPDATE Users SET bManager = 1 WHERE lUserId = 5");
+    EXPECT_FALSE(writeRefusal(WriteRight::supervisor));
+    EXPECT_EQ(g_lpLogonUserInfo->lManager, 1);
+}
+
+TEST_P(WriteRights, OfWhoWasDeletedAreNone) {
+    logOn({57}, 1);
+    run("DELETE Users WHERE lUserId = 5");
+    const std::string noRecord = "\n帐套中没有你的权限记录,请主管在财务分工中重新设置。";
+    EXPECT_EQ(writeRefusal(WriteRight::settlement)->notice.text,
+              "无法读取你的权限,不能使用[结算方式设置]!" + noRecord);
+    EXPECT_EQ(writeRefusal(WriteRight::supervisor)->notice.text, "你没有[主管]权限!");
 }
 
 TEST_P(WriteRights, AreAllThoseOfASupervisorAndOfWhoWorksWithoutLoggingOn) {

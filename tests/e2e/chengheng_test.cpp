@@ -102,7 +102,7 @@ TEST(Program, MayNotGuessFasterByBeingStartedAgain) {
     {
         const auto engine = chengheng::openForTest(path, chengheng::OpenMode::existing);
         chengheng::runScript(*engine, "INSERT INTO LogonTries VALUES (1, 9, " +
-                                          std::to_string(std::time(nullptr)) + ", 0)");
+                                          std::to_string(std::time(nullptr)) + ", 0, 0)");
     }
     const ProgramRun run = chengheng(
         {"--books", path, "--operator", "王芳", "--password-file", fileHolding("secret\n")});

@@ -64,6 +64,8 @@ TEST(OperatorRules, ConfirmOnlyWhatHasANameAndDiffersFromWhatThereWas) {
     EXPECT_TRUE(isOperatorInputChanged({"李 明", "", ""}, opened));
     EXPECT_TRUE(isOperatorInputChanged({"李明", "x", ""}, opened));
     EXPECT_FALSE(isOperatorInputChanged({"李明", "", "x"}, opened));
+    EXPECT_TRUE(isOperatorInputChanged({"李明", "", "", true}, opened));
+    EXPECT_FALSE(isOperatorInputChanged({"", "", "", true}, opened));
     EXPECT_FALSE(isOperatorInputChanged({"", "x", "x"}, opened));
 }
 
@@ -151,7 +153,10 @@ TEST(OperatorStatements, AreThoseOfTheDatabaseFormat) {
     EXPECT_EQ(operator_sql::ofVouchers(7), "lUBill = 7 OR lUCheck = 7 OR lUBook = 7");
     EXPECT_EQ(operator_sql::ofNameBeside("a'b", 7), "sUserName = 'a''b' and lUserId <> 7 ");
     EXPECT_EQ(operator_sql::ofName("李明"), "sUserName = '李明'");
-    EXPECT_EQ(operator_sql::ofLogons(3, "李明"), "lAccId = 3 AND sUser = '李明'");
+    EXPECT_EQ(operator_sql::ofLogons(3, "李明", 7),
+              "lAccId = 3 AND ( sUser = '李明' OR lUserId = 7 )");
+    EXPECT_EQ(operator_sql::ofSessions(3, "李明", 7),
+              "lAccId = 3 AND ( lUserId = 7 OR lUserId = 0 AND sUser = '李明' )");
     EXPECT_STREQ(operator_sql::inOrder, "lId > 0 ORDER BY lUserId");
 }
 

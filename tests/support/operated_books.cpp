@@ -3,6 +3,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "data/access/row_lease.h"
+#include "data/tables/operators.h"
 #include "tests/support/made_layout.h"
 
 namespace chengheng {
@@ -21,6 +23,7 @@ OperatedBooks::OperatedBooks(const std::string& location, bool isNew, int year)
     : session(factsOf(database, year)) {
     if (isNew) {
         openNewBooks(database, location);
+        enterOperator();
         return;
     }
     NbCwDBInfo info;
@@ -32,6 +35,12 @@ OperatedBooks::OperatedBooks(std::unique_ptr<Engine> engine, int year)
     : session(factsOf(database, year)) {
     database.adopt(std::move(engine), "books", "books");
     mustBe(database.DBSelect("books") != 0);
+    enterOperator();
+}
+
+void OperatedBooks::enterOperator() {
+    if (readRows<_UsersInfo>(database, "lUserId = 1").empty())
+        run("INSERT Users VALUES( 1, 1, '王芳', 1, '' )");
 }
 
 void OperatedBooks::run(const std::string& batch) { mustBe(database.QRYExecuteSQL(batch) != 0); }

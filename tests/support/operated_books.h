@@ -29,6 +29,10 @@ struct OperatedBooks {
     RecordingMessages messages;
     HostMessages installed{messages};
     HostSession session;
+
+  private:
+    /// The books know the supervisor who works on them.
+    void enterOperator();
 };
 
 }  // namespace chengheng

@@ -77,14 +77,16 @@ std::string OperatorBooks::hashOf(int userId) {
     return rows.empty() ? "" : rows.front().sPassword;
 }
 
-void OperatorBooks::logOn(const std::string& name, const std::string& station, int process) {
+void OperatorBooks::logOn(const std::string& name, const std::string& station, int process,
+                          int userId) {
     int id = 0;
     const _LoginInfo row{.lId = 0,
                          .lAccId = 3,
                          .sUser = name,
                          .sStation = station,
                          .lProcess = process,
-                         .dtLogon = {2026, 1, 1}};
+                         .dtLogon = {2026, 1, 1},
+                         .lUserId = userId};
     mustHave(database, database.add(row, id) == 0);
 }
 

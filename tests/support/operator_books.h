@@ -31,8 +31,9 @@ struct OperatorBooks {
     /// The stored rights string of an operator.
     std::string rightsOf(int userId);
     std::string hashOf(int userId);
-    /// Somebody is logged on by this name from a workstation.
-    void logOn(const std::string& name, const std::string& station, int process = 1);
+    /// Somebody is logged on by this name from a workstation; by a number, too, unless it is 0.
+    void logOn(const std::string& name, const std::string& station, int process = 1,
+               int userId = 0);
     /// Whether any of the locks of a change is held here.
     bool holdsLocks();
 

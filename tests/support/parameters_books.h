@@ -78,6 +78,7 @@ struct ParametersBooks {
     }
     void addParameters() {
         if (stored().lId != 0) return;
+        run("INSERT Users VALUES( 1, 1, '王芳', 1, '' )");
         run("INSERT INTO zAccountM VALUES( 1, '甲帐套', '甲公司', '2026/1/1', '4222', 1, 2026 )");
     }
     void list(const std::string& location) {

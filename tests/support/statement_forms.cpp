@@ -291,7 +291,8 @@ void addListConditions(Forms& forms) {
     addCondition(forms, operator_sql::ofUser(301), {"Users", "UserAuth"});
     addCondition(forms, operator_sql::ofName(awkward), {"Users"});
     addCondition(forms, operator_sql::ofSupervisorsBeside(301), {"Users"});
-    addCondition(forms, operator_sql::ofLogons(1, awkward), {"LoginInfoTbl"});
+    addCondition(forms, operator_sql::ofLogons(1, awkward, 2), {"LoginInfoTbl"});
+    addCondition(forms, operator_sql::ofSessions(1, awkward, 2), {"LoginInfoTbl"});
     addCondition(forms, settle_sql::inOrder, {"Settle"});
     addCondition(forms, logon_sql::ofOperator(awkward), {"Users"});
     addCondition(forms, logon_sql::ofRightsOwner(1), {"UserAuth"});

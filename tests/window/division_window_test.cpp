@@ -5,6 +5,7 @@
 #include <QComboBox>
 
 #include "base/system/workstation.h"
+#include "session/rights/new_password_mark.h"
 #include "tests/support/recording_printer.h"
 #include "tests/window/division_fixture.h"
 
@@ -253,6 +254,52 @@ TEST_F(DivisionWindowTest, ModifiesTheOperatorOfTheSelectedLeaf) {
     EXPECT_EQ(branch("李小明"), "李小明: 个人往来 会计科目 出纳");
     EXPECT_EQ(current(), "出纳");
     EXPECT_TRUE(tree().isExpanded(item("李小明"))) << "what was opened stays so";
+}
+
+TEST_F(DivisionWindowTest, WantsANewPasswordOfSomebodyElseAtTheNextLogOn) {
+    open();
+    click("李明");
+    const auto isWanted = [this] {
+        bool isMarked = false;
+        EXPECT_TRUE(readNewPasswordMark(books.database, 2, isMarked).isDone());
+        return isMarked;
+    };
+    for (const bool expected : {true, false}) {
+        NextModal hands([&](QWidget& dialog) {
+            auto& box = *dialog.findChild<QCheckBox*>("wantsNewPassword");
+            EXPECT_EQ(box.text(), "下次登录时须更改口令(&N)");
+            EXPECT_TRUE(box.isEnabled());
+            EXPECT_EQ(box.isChecked(), !expected) << "as it is stored";
+            EXPECT_FALSE(dialog.findChild<QPushButton*>()->isEnabled());
+            box.setFocus();
+            QTest::keyClick(&box, Qt::Key_Space);
+            EXPECT_TRUE(dialog.findChild<QPushButton*>()->isEnabled());
+            clickOn(dialog, "确 认");
+        });
+        choose("修改");
+        EXPECT_EQ(isWanted(), expected);
+    }
+    click("张三");
+    NextModal hands([](QWidget& dialog) {
+        EXPECT_FALSE(dialog.findChild<QCheckBox*>("wantsNewPassword")->isEnabled()) << "the own";
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    choose("修改");
+}
+
+TEST_F(DivisionWindowTest, GoesThroughTheFieldsOfTheDialogInTheirOrder) {
+    open();
+    NextModal hands([](QWidget& dialog) {
+        Texts names;
+        for (int step = 0; step < 4; ++step) {
+            names.push_back(dialog.focusWidget()->objectName().toStdString());
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_THAT(names,
+                    ElementsAre("sUserName", "sPassword", "confirmation", "wantsNewPassword"));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    choose("增加");
 }
 
 TEST_F(DivisionWindowTest, ListsNobodyAndAllowsNothingAfterASafetyFault) {

@@ -66,12 +66,14 @@ class HubTest : public testing::Test {
         m_parameters.bFgn = 1;
         CGetData::m_pzAccountMInfo = &m_parameters;
         run("INSERT INTO zAccountM (lId, dtStart, sCodeLen) VALUES(1, '2026-01-01', '4222')");
+        run("INSERT INTO Users VALUES(5, 5, '王芳', 0, '')");
         logOn(1);
     }
     void TearDown() override { CGetData::m_pzAccountMInfo = nullptr; }
 
     void logOn(int manager, const std::string& argument = {}, const char* books = "books") {
         m_session.reset();
+        run("UPDATE Users SET bManager = " + std::to_string(manager) + " WHERE lUserId = 5");
         m_session.emplace(SessionFacts{.database = &m_database,
                                        .databaseName = books,
                                        .setName = "恒源商贸有限公司",

@@ -12,7 +12,7 @@
 using namespace chengheng;
 
 TEST_F(HubTest, OpensTheDivisionOfWork) {
-    run("INSERT Users VALUES(5, 5, '王芳', 1, '')\r\nINSERT UserAuth VALUES(5, 5, 'N')");
+    run("INSERT UserAuth VALUES(5, 5, 'N')");
     OpenHub hub;
     hub.show();
     NextModal operatorHands([](QWidget& window) {

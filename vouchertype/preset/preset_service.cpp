@@ -50,10 +50,11 @@ std::optional<PresetAccounts> PresetService::accounts() {
 
 UntoldOutcome PresetService::write(PresetSet set) {
     if (!selectOpenBooks()) return UntoldOutcome::failed();
-    if (const auto refusal = writeRefusal(WriteRight::voucherTypes))
-        return UntoldOutcome::refused(refusal->notice);
     auto locks = takeLocks();
     if (!locks->areGranted()) return UntoldOutcome::failed();
+    if (const UntoldOutcome asked = askedFor(WriteRight::voucherTypes);
+        asked.outcome != Outcome::done)
+        return asked;
     const int stored = CGetData::LoadSignMemoryMapTable(g_lpszNbZwDBName);
     if (stored < 0) return UntoldOutcome::failed();
     if (stored > 0) {
