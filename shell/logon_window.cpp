@@ -5,6 +5,7 @@
 
 #include "base/system/owned_files.h"
 #include "base/system/workstation.h"
+#include "books/carrying/carry_forward.h"
 #include "books/logon/known_books.h"
 #include "books/logon/logon_texts.h"
 #include "books/logon/password_file.h"
@@ -15,6 +16,7 @@
 #include "screen/background_work.h"
 #include "screen/books/books_parameters_window.h"
 #include "screen/books/own_password_window.h"
+#include "screen/cancellable_work.h"
 #include "screen/enter_moves_on.h"
 #include "screen/form_style.h"
 #include "screen/guarded.h"
@@ -34,6 +36,7 @@ namespace {
 constexpr const char* lastBooks = "lastBooks";
 constexpr const char* lastOperator = "lastOperator";
 constexpr int newYearRight = 35;
+constexpr int carryForwardRight = 45;
 constexpr int parametersRight = 40;
 
 QSettings memoryOf(const BooksRegistry& registry) {
@@ -260,11 +263,13 @@ void LogonWindow::makeNewYear() {
     const std::string ending =
         m_choices[static_cast<std::size_t>(m_ui->location->currentIndex())].location;
     std::optional<NewYearFacts> made;
+    bool wantsCarry = false;
     if (const auto refusal = rightRefusal(newYearRight)) {
         m_messages.tell(refusal->notice);
     } else {
         NewYearWindow window(m_registry, m_messages, m_passwords, ending, this);
         if (window.look() && window.exec() == QDialog::Accepted) made = window.made();
+        wantsCarry = window.wantsCarry();
     }
     m_session.logOff();
     loadChoices();
@@ -272,11 +277,29 @@ void LogonWindow::makeNewYear() {
     showChoices(choiceOf(m_choices, made ? made->place : ending));
     m_ui->password->setFocus();
     if (!made) return;
+    const QString carried = wantsCarry ? carryIntoNewYear() : QString();
     const QString question = QString(shell_texts::newYearMade)
                                  .arg(QString::fromStdString(made->setName))
                                  .arg(made->year)
-                                 .arg(QString::fromStdString(shownLocation(made->place)));
+                                 .arg(QString::fromStdString(shownLocation(made->place)), carried);
     if (m_messages.ask({.text = question.toStdString()}) == Answer::yes) logOn();
+}
+
+QString LogonWindow::carryIntoNewYear() {
+    const QString failed = shell_texts::newYearNotCarried;
+    if (!openSession()) return failed.arg(shell_texts::newYearNotOpened);
+    CarriedForward carried;
+    std::vector<Notice> untold;
+    if (const auto refusal = rightRefusal(carryForwardRight))
+        untold.push_back(refusal->notice);
+    else
+        runCancellable(shell_texts::newYearCarrying, this, [&](const WorkTold& told) {
+            carried = carryForward(m_registry, untold, told);
+        });
+    m_session.logOff();
+    if (carried.outcome == Outcome::done)
+        return QString(shell_texts::newYearCarried).arg(QString::fromStdString(carried.remark));
+    return failed.arg(QString::fromStdString(untold.back().text));
 }
 
 /// The next log-on begins a new history, so nobody would be told of this one.

@@ -54,6 +54,9 @@ class LogonWindow : public QDialog {
     /// Makes next year's books from the chosen ones, for which the operator logs on and off again,
     /// and offers to log on to them.
     void makeNewYear();
+    /// Carries last year's balances into the books of the new year, which are chosen, and gives
+    /// what there is to say of it.
+    QString carryIntoNewYear();
     /// Whether there is an operator and a password to log on with; what is wanted them for is told
     /// where there is not.
     bool isLogonGiven(const char* wantedFor);

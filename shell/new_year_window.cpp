@@ -29,7 +29,7 @@ NewYearWindow::NewYearWindow(const BooksRegistry& registry, IMessages& messages,
     styleHeading(m_ui->picture, m_ui->headingTitle, m_ui->headingHint);
     widen(this, 42);
     nameButtons(m_ui->buttons, shell_texts::makeIt);
-    new EnterMovesOn(this, {m_ui->target, m_ui->lastRates});
+    new EnterMovesOn(this, {m_ui->target, m_ui->lastRates, m_ui->carry});
     connect(m_ui->browse, &QPushButton::clicked, this, &NewYearWindow::browse);
     connect(m_ui->lastRates, &QCheckBox::toggled, this, &NewYearWindow::showPlan);
     connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &NewYearWindow::accept);
@@ -81,6 +81,8 @@ std::optional<Refusal> NewYearWindow::withPasswords(const Work& work) {
     });
     return outer ? outer : refusal;
 }
+
+bool NewYearWindow::wantsCarry() const { return m_ui->carry->isChecked(); }
 
 NewYearOrder NewYearWindow::order() const {
     return {.books = m_ending,

@@ -28,6 +28,9 @@ class NewYearWindow : public QDialog {
     /// The books that were made.
     const NewYearFacts& made() const { return m_plan.facts; }
 
+    /// Whether last year's balances are to be carried into them.
+    bool wantsCarry() const;
+
     void accept() override;
 
   protected:

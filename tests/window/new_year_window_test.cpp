@@ -37,9 +37,9 @@ struct EndingBooks {
     }
     bool isMade() const { return files::exists(next().toStdString()); }
     QString chosen() { return station.field<QComboBox>("location").currentText(); }
-    std::string question() const {
-        return "帐套“示例帐套”的2027年度已建立,存放在:\n" + next().toStdString() +
-               "\n\n操作员和口令与上年相同。现在登录新年度吗?";
+    std::string question(const std::string& carried = {}) const {
+        return "帐套“示例帐套”的2027年度已建立,存放在:\n" + next().toStdString() + "\n" + carried +
+               "\n操作员和口令与上年相同。现在登录新年度吗?";
     }
 
     Station station;
@@ -66,6 +66,8 @@ TEST(NewYearWindow, MakesTheNextYearWithKeysAloneAndLogsOnToIt) {
         EXPECT_EQ(focusedField(window), "lastRates");
         QTest::keyClick(window.focusWidget(), Qt::Key_Space);
         EXPECT_TRUE(window.findChild<QCheckBox*>("lastRates")->isChecked());
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(focusedField(window), "carry");
         QTest::keyClick(window.focusWidget(), Qt::Key_Return);
     });
     EXPECT_TRUE(books.isMade());
@@ -105,6 +107,46 @@ TEST(NewYearWindow, LeavesTheNewYearChosenWhenNobodyWantsToLogOnYet) {
     EXPECT_EQ(books.chosen(), "示例帐套 2027年度");
     EXPECT_FALSE(books.station.session.isLoggedOn());
     EXPECT_EQ(focusedField(*books.station.window), "password");
+}
+
+TEST(NewYearWindow, CarriesTheBalancesForwardAtOnceWhereThatIsWanted) {
+    EndingBooks books;
+    {
+        const auto engine = openForTest(books.location, OpenMode::existing);
+        runScript(*engine,
+                  "INSERT INTO AccSum SELECT 1, lId, 12, 5, 2, 0, 0, 0, 0, 0, 0, 0 FROM Code "
+                  "WHERE sCode = '1001'");
+    }
+    books.station.messages.willAnswer(
+        books.question("已结转 1 个科目,借方合计 7.00,贷方合计 0.00。\n"), Answer::no);
+    inNewYearWindow(books, [](QWidget& window) {
+        window.findChild<QCheckBox*>("carry")->setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+        EXPECT_TRUE(window.findChild<QCheckBox*>("carry")->isChecked());
+        clickOn(window, "建立");
+    });
+    EXPECT_FALSE(books.station.session.isLoggedOn());
+    EXPECT_EQ(books.chosen(), "示例帐套 2027年度");
+    const auto engine = openForTest(books.next().toStdString(), OpenMode::existing);
+    EXPECT_EQ(readCell(*engine, "SELECT Count(*) FROM AccSum WHERE mBegin = 7"), "12");
+}
+
+TEST(NewYearWindow, TellsWhyNothingWasCarriedAndKeepsTheNewYear) {
+    EndingBooks books;
+    {
+        const auto engine = openForTest(books.location, OpenMode::existing);
+        runScript(*engine, "DELETE FROM Code");
+    }
+    books.station.messages.willAnswer(
+        books.question("没有结转上年余额,原因:上年和本年都没有可以结转的科目,没有改动。\n"),
+        Answer::no);
+    inNewYearWindow(books, [](QWidget& window) {
+        window.findChild<QCheckBox*>("carry")->setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+        EXPECT_TRUE(window.findChild<QCheckBox*>("carry")->isChecked());
+        clickOn(window, "建立");
+    });
+    EXPECT_TRUE(books.isMade());
 }
 
 TEST(NewYearWindow, StaysOpenWhereThePlaceIsTakenAndTakesAnother) {
