@@ -4,9 +4,9 @@
 #include "data/access/host_database.h"
 #include "data/access/unit_of_work.h"
 #include "session/CCheckAuth.h"
-#include "session/host_globals.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
+#include "session/who_writes.h"
 
 namespace chengheng {
 UntoldOutcome UntoldOutcome::failed() { return {Outcome::failed, lastFailureNotice()}; }
@@ -18,9 +18,7 @@ UntoldOutcome outcomeOfRow(int operationResult, const Notice& whenMissing) {
 }
 
 std::optional<Refusal> writeRefusal(WriteRight right) {
-    const CDivideWInfo* const user = g_lpLogonUserInfo;
-    const bool isAdministrator = user == nullptr || user->lUserId == 0;
-    if (right == WriteRight::own || isAdministrator) return std::nullopt;
+    if (right == WriteRight::own || whoWrites().isAdministrator()) return std::nullopt;
     return right == WriteRight::supervisor ? supervisorRefusal()
                                            : storedRightRefusal(static_cast<int>(right));
 }
@@ -49,7 +47,8 @@ UntoldOutcome inOneUnit(const std::function<UntoldOutcome()>& work) {
     UnitOfWork unit(*g_pDB);
     if (!unit.isOpen()) return UntoldOutcome::failed();
     UntoldOutcome result = work();
-    if (result.outcome == Outcome::done && !unit.commit()) return UntoldOutcome::failed();
+    if (result.outcome == Outcome::done && !(noteWriter() && unit.commit()))
+        return UntoldOutcome::failed();
     return result;
 }
 

@@ -11,4 +11,9 @@ std::string rightsOf(std::int32_t userId) {
         userId);
 }
 
+std::string noteAdministrator(const EngineDialect& dialect) {
+    return "INSERT INTO LogonTries (lId, dLogonAt) VALUES (0, " + std::string(dialect.now) +
+           ") ON CONFLICT (lId) DO UPDATE SET dLogonAt = excluded.dLogonAt";
+}
+
 }  // namespace chengheng::services_sql

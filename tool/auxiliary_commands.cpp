@@ -39,7 +39,8 @@ ExitCode withEntries(Tool& tool, const AuxiliaryOptions& options, BooksUse use,
                      const std::function<ExitCode(const EntryAccount&, IMessages&)>& work) {
     auto engine = openBooks(tool, options.books, use);
     if (engine == nullptr) return ExitCode::failed;
-    const ToolSession session(std::move(engine), options.books);
+    ToolSession session(std::move(engine), options.books);
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     ToolMessages messages(tool, false);
     EntryAccount found;
     const Outcome outcome = findEntryAccount(messages, options.account, found);
@@ -155,6 +156,7 @@ void addImportAuxiliaryCommand(CLI::App& app, Tool& tool) {
     const auto options = std::make_shared<AuxiliaryOptions>();
     CLI::App* command = add(app, tool, "import-auxiliary", tool_texts::importAuxiliaryCommand,
                             options, tool_texts::entryFileArgument, importAuxiliary);
+    addWriter(*command, tool);
     command->add_flag("--dry-run", options->isDryRun, tool_texts::dryRunOption);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);
 }

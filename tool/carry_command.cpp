@@ -201,7 +201,8 @@ ExitCode runCarry(Tool& tool, const CarryOptions& options) {
     auto engine = openBooks(tool, options.books,
                             options.isReading() ? BooksUse::reading : BooksUse::changing);
     if (engine == nullptr) return ExitCode::failed;
-    const ToolSession session(std::move(engine), options.books);
+    ToolSession session(std::move(engine), options.books);
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     const BooksRegistry registry(booksHome());
     std::vector<Notice> untold;
     const ExitCode code = work(tool, registry, options, untold);
@@ -222,6 +223,7 @@ void addCarryCommand(CLI::App& app, Tool& tool) {
         command->add_flag("--verify", options->isVerifying, tool_texts::verifyCarry)->excludes(dry);
     command->add_flag("--repeat", options->isRepeating, tool_texts::repeatCarry)->excludes(verify);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);
+    addWriter(*command, tool);
     addReportFile(*command, options->output);
 }
 

@@ -6,6 +6,7 @@
 
 #include "accounts/transfer/chart_import.h"
 #include "data/engine/engine.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/output_file.h"
 #include "tool/row_import.h"
@@ -30,7 +31,8 @@ ExitCode importChart(Tool& tool, const ChartImportOptions& options) {
     const BooksUse use = import.isDryRun ? BooksUse::reading : BooksUse::changing;
     auto engine = openBooks(tool, options.books, use);
     if (engine == nullptr) return ExitCode::failed;
-    const ToolSession session(std::move(engine), options.books);
+    ToolSession session(std::move(engine), options.books);
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     ToolMessages messages(tool, import.acceptsAll);
     ChartImport chart(messages);
     const auto plan = chart.plan(import.file);
@@ -58,6 +60,7 @@ void addImportChartCommand(CLI::App& app, Tool& tool) {
     CLI::App* command = app.add_subcommand("import-chart", tool_texts::importChartCommand);
     command->add_option("BOOKS", options->books, tool_texts::booksArgument)->required();
     addImportOptions(*command, options->import, tool_texts::importFileArgument);
+    addWriter(*command, tool);
     command->callback([&tool, options] {
         tool.action = [&tool, options] { return importChart(tool, *options); };
     });

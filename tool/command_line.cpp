@@ -9,6 +9,7 @@
 
 #include "sheets/text_measures.h"
 #include "tool/tool_texts.h"
+#include "tool/writer_texts.h"
 
 namespace chengheng {
 namespace {
@@ -82,6 +83,23 @@ CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberR
                 fmt::format(tool_texts::outOfRange, name, range.least, range.most, digits));
     };
     return command.add_option_function<std::string>(name, read, text)->type_name(numberType);
+}
+
+void addWriter(CLI::App& command, Tool& tool) {
+    const auto add = [&command](const char* name, std::string& text, const char* words) {
+        // An empty one would mean the administrator.
+        const auto read = [name, &text](const std::string& given) {
+            if (given.empty())
+                throw CLI::ValidationError(fmt::format(tool_texts::optionEmpty, name));
+            text = given;
+        };
+        return command.add_option_function<std::string>(name, read, words);
+    };
+    CLI::Option* name = add("--operator", tool.writer.name, tool_texts::operatorOption);
+    CLI::Option* file =
+        add("--password-file", tool.writer.passwordFile, tool_texts::operatorPasswordOption);
+    name->needs(file);
+    file->needs(name);
 }
 
 CLI::Option* addChoice(CLI::App& command, const char* name, TwoWords words,

@@ -31,6 +31,9 @@ CLI::App* addBooksCommand(CLI::App& app, Tool& tool, const char* name, const cha
 CLI::Option* addNumber(CLI::App& command, const char* name, int& number, NumberRange range,
                        const char* text);
 
+/// Adds the options that name the operator who writes.
+void addWriter(CLI::App& command, Tool& tool);
+
 struct TwoWords {
     const char* first;
     const char* second;

@@ -38,7 +38,8 @@ ExitCode importNamed(Tool& tool, const DirectoryOptions& options) {
     const BooksUse use = import.isDryRun ? BooksUse::reading : BooksUse::changing;
     auto engine = openBooks(tool, options.books, use);
     if (engine == nullptr) return ExitCode::failed;
-    const ToolSession session(std::move(engine), options.books);
+    ToolSession session(std::move(engine), options.books);
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     ToolMessages messages(tool, import.acceptsAll);
     DirectoryImport planned(messages, *directory);
     const auto plan = planned.plan(import.file);
@@ -79,6 +80,7 @@ void addImportDirectoryCommand(CLI::App& app, Tool& tool) {
     CLI::App* command = add(app, tool, "import-directory", tool_texts::importDirectoryCommand,
                             options, importNamed);
     addImportOptions(*command, options->import, tool_texts::directoryFileArgument);
+    addWriter(*command, tool);
 }
 
 void addExportDirectoryCommand(CLI::App& app, Tool& tool) {

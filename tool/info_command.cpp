@@ -4,12 +4,14 @@
 #include <memory>
 #include <ostream>
 
+#include "base/system/workstation.h"
 #include "base/values/text.h"
 #include "books/checking/books_summary.h"
 #include "data/engines/open_engine.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/tool_texts.h"
+#include "tool/writer_texts.h"
 
 namespace chengheng {
 namespace {
@@ -22,6 +24,10 @@ struct InfoOptions {
 std::string jsonOf(const BooksSummary& books, const std::string& location) {
     Json tables = Json::object();
     for (const auto& [table, rows] : books.tables) tables[table] = rows;
+    Json uses = Json::array();
+    for (const auto& [name, moment] : books.uses)
+        uses.push_back(
+            {{"operator", name}, {"administrator", name.empty()}, {"at", minuteText(moment)}});
     return jsonText({{"location", shownLocation(location)},
                      {"name", books.name},
                      {"company", books.company},
@@ -32,6 +38,7 @@ std::string jsonOf(const BooksSummary& books, const std::string& location) {
                      {"formatVersion", books.formatVersion},
                      {"engine", {{"name", books.engine.name}, {"version", books.engine.version}}},
                      {"bytes", books.engine.bytes},
+                     {"lastUses", uses},
                      {"tables", tables}});
 }
 
@@ -42,6 +49,11 @@ std::string textOf(const BooksSummary& books, const std::string& location) {
                     books.hasForeignCurrency ? tool_texts::yes : tool_texts::no, books.engine.name,
                     books.engine.version, books.formatVersion, books.engine.bytes / 1024,
                     shownLocation(location));
+    if (!books.uses.empty()) text += tool_texts::lastUses;
+    for (const auto& [name, moment] : books.uses)
+        text += fmt::format(tool_texts::lastUse, minuteText(moment),
+                            name.empty() ? tool_texts::administratorWrote : printableLine(name));
+    text += tool_texts::rowCounts;
     for (const auto& [table, rows] : books.tables)
         text += fmt::format("  {:<14} {:>9}\n", table, rows);
     return text;

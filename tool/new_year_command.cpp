@@ -2,14 +2,17 @@
 
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 #include <ostream>
 
 #include "base/system/workstation.h"
 #include "books/logon/foreign_objects_text.h"
 #include "books/newyear/new_year_books.h"
+#include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/json_text.h"
 #include "tool/new_year_texts.h"
+#include "tool/tool_session.h"
 #include "tool/tool_texts.h"
 
 namespace chengheng {
@@ -37,6 +40,13 @@ std::string jsonOf(const NewYearPlan& plan, bool isMade) {
 
 ExitCode makeNewYear(Tool& tool, NewYearOptions& options) {
     options.order.isListed = !options.isUnlisted;
+    std::optional<ToolSession> session;
+    if (!tool.writer.name.empty()) {
+        auto engine = openBooks(tool, options.order.books, BooksUse::changing);
+        if (engine == nullptr) return ExitCode::failed;
+        session.emplace(std::move(engine), options.order.books);
+        if (const auto refused = session->logOn(tool, options.order.books)) return *refused;
+    }
     const BooksRegistry registry(booksHome());
     const NewYearBooks books(registry);
     NewYearPlan plan;
@@ -66,6 +76,7 @@ void addNewYearCommand(CLI::App& app, Tool& tool) {
     command->add_option("--target", options->order.target, tool_texts::newYearTarget);
     command->add_flag("--last-rates", options->order.bringsLastRates, tool_texts::lastRatesOption);
     command->add_flag("--unlisted", options->isUnlisted, tool_texts::newYearUnlisted);
+    addWriter(*command, tool);
     command->add_flag("--dry-run", options->isDryRun, tool_texts::dryRunNewYear);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);
     command->callback([&tool, options] {

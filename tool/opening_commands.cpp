@@ -39,7 +39,8 @@ ExitCode withOpenings(Tool& tool, const OpeningOptions& options, BooksUse use,
                       const std::function<ExitCode(OpeningBooks& books, IMessages&)>& work) {
     auto engine = openBooks(tool, options.books, use);
     if (engine == nullptr) return ExitCode::failed;
-    const ToolSession session(std::move(engine), options.books);
+    ToolSession session(std::move(engine), options.books);
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     ToolMessages messages(tool, false);
     OpeningBooks books;
     if (selectOpenBooks() && readOpeningBooks(*g_pDB, books)) return work(books, messages);
@@ -190,6 +191,7 @@ void addImportOpeningCommand(CLI::App& app, Tool& tool) {
     CLI::App* command =
         add(app, tool, "import-opening", tool_texts::importOpeningCommand, options, importOpening);
     command->add_option("FILE", options->file, tool_texts::openingFileArgument)->required();
+    addWriter(*command, tool);
     command->add_flag("--dry-run", options->isDryRun, tool_texts::dryRunCells);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);
 }

@@ -77,7 +77,8 @@ ExitCode setParameters(Tool& tool, const SetOptions& options) {
     auto engine =
         openBooks(tool, options.books, options.isDryRun ? BooksUse::reading : BooksUse::changing);
     if (engine == nullptr) return ExitCode::failed;
-    const ToolSession session(std::move(engine), locationOfBooks(options.books));
+    ToolSession session(std::move(engine), locationOfBooks(options.books));
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     ToolMessages messages(tool, true);
     const BooksRegistry registry(booksHome());
     ParametersService service(messages, registry.folder().empty() ? nullptr : &registry);
@@ -120,6 +121,7 @@ void addSetCommand(CLI::App& app, Tool& tool) {
     command->add_option_function<std::string>(
         "--start", [options](const std::string& text) { options->start = readStart(text); },
         tool_texts::startOption);
+    addWriter(*command, tool);
     command->add_flag("--dry-run", options->isDryRun, tool_texts::dryRunSet);
     command->add_flag("--force", options->isForced, tool_texts::forceSet);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 #include <ostream>
 
 #include "books/checking/books_summary.h"
@@ -10,6 +11,7 @@
 #include "data/lookups/cached_records.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
+#include "session/who_writes.h"
 #include "tool/command_line.h"
 #include "tool/commands.h"
 #include "tool/output_file.h"
@@ -40,13 +42,16 @@ ExitCode onBooks(Tool& tool, const RateOptions& options, BooksUse use,
     BooksSummary books;
     if (const Status status = readBooksSummary(*engine, books); !status)
         return tellFailure(tool, status, options.books);
-    const ToolSession session(std::move(engine), options.books, books.name);
+    ToolSession session(std::move(engine), options.books, books.name);
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     if (!selectOpenBooks()) {
         tool.err << lastFailureText() << '\n';
         return ExitCode::failed;
     }
-    const BookLookups lookups(g_lpszNbZwDBName);
-    if (!lookups.status()) return tellFailure(tool, lookups.status(), options.books);
+    std::optional<BookLookups> lookups;
+    // Whoever is logged on has them already.
+    if (whoWrites().isAdministrator()) lookups.emplace(g_lpszNbZwDBName);
+    if (lookups && !lookups->status()) return tellFailure(tool, lookups->status(), options.books);
     const _CyrencyInfo* currency = currencyCalled(cachedCurrencies(), options.currency);
     if (currency == nullptr && !options.currency.empty()) {
         tool.err << fmt::format(tool_texts::currencyUnknown, options.currency) << '\n';
@@ -96,6 +101,7 @@ void addImportRatesCommand(CLI::App& app, Tool& tool) {
     CLI::App* command =
         add(app, tool, "import-rates", tool_texts::importRatesCommand, options, importRates);
     addImportOptions(*command, options->import, tool_texts::rateFileArgument);
+    addWriter(*command, tool);
     command->add_option("--currency", options->currency, tool_texts::ratesOfCurrency);
     addNumber(*command, "--units", options->units, unitRange, tool_texts::unitsOption);
     addChoice(

@@ -78,7 +78,8 @@ ExitCode showAndApply(Tool& tool, const RowImport& import, const RowPlan& plan,
     tool.out << (import.isJson ? jsonOf(plan) : textOf(plan));
     if (import.isDryRun) return plan.isAcceptable() ? ExitCode::done : ExitCode::wrongInput;
     const Outcome outcome = apply();
-    const bool wasAsked = outcome == Outcome::refused && plan.isAcceptable();
+    const bool wasAsked = outcome == Outcome::refused && plan.isAcceptable() &&
+                          plan.rowsWithQuestions() > 0 && !import.acceptsAll;
     if (wasAsked) tool.err << tool_texts::notAccepted << '\n';
     if (outcome == Outcome::done && !import.isJson)
         tool.out << fmt::format(tool_texts::imported, import.file) << '\n';

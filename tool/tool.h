@@ -18,6 +18,12 @@ namespace chengheng {
 
 struct Tool;
 
+/// Who writes with a command: an operator of the books, or nobody of them where none is named.
+struct ToolOperator {
+    std::string name;
+    std::string passwordFile;
+};
+
 /// Writes a finished report as a PDF file, or says why not.
 using PdfWriter = std::function<ExitCode(Tool& tool, CReport& report, const std::string& path,
                                          Overwrite overwrite)>;
@@ -30,6 +36,7 @@ struct Tool {
     std::function<ExitCode()> action;
     PdfWriter writePdf;                    ///< none in a program that paints no pages
     std::vector<std::string> commandLine;  ///< what follows the program's name
+    ToolOperator writer = {};              ///< as the command line names him
 };
 
 /// Runs one command line and gives the exit code. All text is UTF-8, whatever the locale.

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/messages/messages.h"
+#include "books/logon/books_session.h"
 #include "data/access/CNbCwDB.h"
 #include "session/host_globals.h"
 #include "tool/tool.h"
@@ -30,9 +32,15 @@ class ToolSession {
     ToolSession(std::unique_ptr<Engine> engine, const std::string& location,
                 const std::string& setName = {});
 
+    /// Works on as the operator whom the command line names, with his rights; with none it goes on
+    /// as the administrator of the file or server. What keeps him out has been said: the exit code.
+    std::optional<ExitCode> logOn(Tool& tool, const std::string& location);
+
   private:
     CNbCwDB m_database;
-    HostSession m_session;
+    WrongTries m_tries;
+    std::optional<HostSession> m_session;
+    std::optional<BooksSession> m_operator;
 };
 
 }  // namespace chengheng

@@ -18,6 +18,7 @@ constexpr std::array faults{
     UsageFault{"RequiredError", " is required", "命令行缺少 {0}"},
     UsageFault{"ArgumentMismatch", ": 1 required ", "选项 {0} 后面缺少它的值"},
     UsageFault{"ArgumentMismatch", ": At Most ", "选项 {0} 只能给出一次"},
+    UsageFault{"RequiresError", " requires ", "{0} 要和 {1} 一起给出"},
     UsageFault{"ConversionError", "Could not convert: ", "选项的值不对({1})"},
     UsageFault{"ValidationError", "", "{1}"},
     UsageFault{"", "", "命令行有误"},

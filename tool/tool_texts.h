@@ -65,8 +65,8 @@ inline constexpr const char* infoHead =
     "数据库    {} {}\n"
     "格式版本  {}\n"
     "大小      {} KB\n"
-    "位置      {}\n"
-    "各表行数\n";
+    "位置      {}\n";
+inline constexpr const char* rowCounts = "各表行数\n";
 inline constexpr const char* yes = "是";
 inline constexpr const char* no = "否";
 

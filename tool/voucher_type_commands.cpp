@@ -28,7 +28,8 @@ ExitCode importTypes(Tool& tool, const VoucherTypeOptions& options) {
     const BooksUse use = import.isDryRun ? BooksUse::reading : BooksUse::changing;
     auto engine = openBooks(tool, options.books, use);
     if (engine == nullptr) return ExitCode::failed;
-    const ToolSession session(std::move(engine), options.books);
+    ToolSession session(std::move(engine), options.books);
+    if (const auto refused = session.logOn(tool, options.books)) return *refused;
     ToolMessages messages(tool, import.acceptsAll);
     VoucherTypeImport planned(messages);
     const auto plan = planned.plan(import.file);
@@ -58,6 +59,7 @@ void addImportVoucherTypesCommand(CLI::App& app, Tool& tool) {
         addBooksCommand(app, tool, "import-voucher-types", tool_texts::importVoucherTypesCommand,
                         options->books, [&tool, options] { return importTypes(tool, *options); });
     addImportOptions(*command, options->import, tool_texts::voucherTypeFileArgument);
+    addWriter(*command, tool);
 }
 
 void addExportVoucherTypesCommand(CLI::App& app, Tool& tool) {

@@ -32,6 +32,12 @@ Status readNumber(Engine& engine, const std::string& sql, std::int64_t& number) 
 Status readAll(Engine& engine, BooksSummary& summary) {
     Status status = readParameters(engine, summary);
     if (status) status = readNumber(engine, summary_sql::formatVersion, summary.formatVersion);
+    // The first layout has no place for it.
+    if (status && summary.formatVersion > 1)
+        status = forEachRow(engine, summary_sql::uses, {}, [&](const Cursor& row) {
+            summary.uses.emplace_back(row.text(0), row.real(1));
+            return Status::done();
+        });
     std::vector<TableInfo> tables;
     if (status) status = storedTables(engine, tables);
     for (const TableInfo& table : tables) {

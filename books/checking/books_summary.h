@@ -20,6 +20,9 @@ struct BooksSummary {
     bool hasForeignCurrency = false;
     std::int64_t formatVersion = 0;
     EngineFacts engine;
+    /// Who used the books and when last: operators by their log-on; without a name whoever wrote
+    /// without logging on. Seconds since 1970.
+    std::vector<std::pair<std::string, double>> uses;
     /// Rows per table, those of the project items included.
     std::vector<std::pair<std::string, std::int64_t>> tables;
 };

@@ -17,6 +17,8 @@ Status readPasswordFile(const std::string& path, std::string& password) {
     password.clear();
     std::string text;
     if (Status status = readFile(path, longestFile, text); !status) return status;
+    if (constexpr std::string_view mark = "\xEF\xBB\xBF"; text.starts_with(mark))
+        text.erase(0, mark.size());
     text.resize(std::min(text.find_first_of("\r\n"), text.size()));
     if (text.size() > longestPassword || text.find('\0') != std::string::npos)
         return Status::of(Failure::refused, path);

@@ -7,7 +7,8 @@
 
 namespace chengheng {
 
-/// The password in the first line of a file, without its line end. Refused when the line is
+/// The password in the first line of a file, without its line end and without the mark that some
+/// editors put before UTF-8. Refused when the line is
 /// longer than 1024 bytes or holds a NUL.
 Status readPasswordFile(const std::string& path, std::string& password);
 

@@ -1,0 +1,27 @@
+#include "session/who_writes.h"
+
+#include "base/system/workstation.h"
+#include "data/access/CNbCwDB.h"
+#include "data/access/host_database.h"
+#include "data/connection/database.h"
+#include "data/engine/engine.h"
+#include "session/host_globals.h"
+#include "session/services_sql.h"
+
+namespace chengheng {
+
+WhoWrites whoWrites() {
+    if (g_lpLogonUserInfo == nullptr || g_lpLogonUserInfo->lUserId == 0)
+        return {0, systemUserName()};
+    return {g_lpLogonUserInfo->lUserId, g_lpLogonUserInfo->sUserName};
+}
+
+Status noteWriter() {
+    if (!whoWrites().isAdministrator()) return Status::done();
+    return g_pDB->onSelected([](Database& database) {
+        return database.executePlain(services_sql::noteAdministrator(database.engine().dialect()),
+                                     {});
+    });
+}
+
+}  // namespace chengheng
