@@ -22,7 +22,7 @@ inline constexpr const char* refresh = "刷新\tF5";
 inline constexpr const char* duties = "不相容职务:{}";
 inline constexpr const char* betweenDuties = ";";
 
-inline constexpr const char* giveRights = "套用权限...";
+inline constexpr const char* giveRights = "套用权限...\tCtrl+R";
 inline constexpr const char* giveTitle = "套用权限:{}";
 inline constexpr const char* giveAs = "按岗位或操作员(&R):";
 inline constexpr const char* givePreview = "套用后的变化:";

@@ -36,6 +36,7 @@ TEST_F(DivisionWindowTest, HasItsCommandsWithTheirShortcuts) {
     EXPECT_EQ(command("修改").shortcut(), QKeySequence("Ctrl+M"));
     EXPECT_EQ(command("删除").shortcut(), QKeySequence("Ctrl+D"));
     EXPECT_EQ(command("刷新").shortcut(), QKeySequence("F5"));
+    EXPECT_EQ(command("套用权限...").shortcut(), QKeySequence("Ctrl+R"));
     choose("关于...");
     EXPECT_THAT(books.messages.onlyNotice().text, testing::StartsWith("澄恒财务软件\n基础设置"));
 }
