@@ -9,6 +9,7 @@
 
 #include "base/values/status.h"
 #include "data/engine/lock_service.h"
+#include "data/engine/row_change.h"
 #include "data/sql/engine_dialect.h"
 #include "data/sql/value.h"
 
@@ -111,6 +112,9 @@ class Engine {
     virtual Status hasTable(std::string_view name, bool& found) = 0;
 
     virtual LockService& locks() = 0;
+    /// Has the watcher told of all rows that statements change, scripts on a server left out. Of
+    /// those that are prepared from now on; null ends it. Not owned, outlives its use.
+    virtual void watchChanges(ChangeWatcher* watcher) = 0;
 
     /// Of a server, its password included; empty of a file. For opening what lies beside it.
     virtual std::string secretAddress() const { return {}; }

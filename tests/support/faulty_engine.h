@@ -55,6 +55,7 @@ class FaultyEngine final : public Engine {
     bool isReadOnly() const override { return m_engine->isReadOnly(); }
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return m_locks != nullptr ? *m_locks : m_engine->locks(); }
+    void watchChanges(ChangeWatcher* watcher) override { m_engine->watchChanges(watcher); }
     /// Locks to be used instead of the real engine's; not owned.
     void replaceLocks(LockService& locks) { m_locks = &locks; }
     std::string secretAddress() const override { return m_engine->secretAddress(); }

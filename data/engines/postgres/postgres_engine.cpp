@@ -47,6 +47,10 @@ class PostgresEngine final : public Engine {
     bool isReadOnly() const override { return m_connection.isReadOnly(); }
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return m_locks; }
+    void watchChanges(ChangeWatcher* watcher) override {
+        m_watcher = watcher;
+        m_pipeline.tellChanges(watcher);
+    }
     std::string secretAddress() const override { return addressText(m_connection.address()); }
 
     Status facts(EngineFacts& facts) override {
@@ -67,6 +71,7 @@ class PostgresEngine final : public Engine {
         return status;
     }
     Status run(std::span<const Command> commands, PostgresPipeline::Received& received);
+    WatchedStatement textOf(std::string_view sql) const;
     Status prepareNow(PostgresStatement& statement);
     Status dropRetired();
     Status findSchema(bool& isFound);
@@ -77,6 +82,7 @@ class PostgresEngine final : public Engine {
     PostgresPipeline m_pipeline{m_connection};
     PostgresLocks m_locks{m_connection};
     std::shared_ptr<RetiredStatements> m_retired = std::make_shared<RetiredStatements>();
+    ChangeWatcher* m_watcher = nullptr;
     int m_statementCount = 0;
 };
 
@@ -120,8 +126,8 @@ Status PostgresEngine::createSchema() {
 Status PostgresEngine::prepare(std::string_view sql, int parameters,
                                std::unique_ptr<PreparedStatement>& statement) {
     if (Status status = m_transaction.mayRun(); !status) return status;
-    auto made = std::make_unique<PostgresStatement>("s" + std::to_string(++m_statementCount), sql,
-                                                    parameters, m_retired);
+    auto made = std::make_unique<PostgresStatement>("s" + std::to_string(++m_statementCount),
+                                                    textOf(sql), parameters, m_retired);
     // Inside a transaction a refusal would end it: there the statement is prepared with its
     // first run, behind the savepoint that its user may have set before it.
     if (!m_transaction.isOpen()) {
@@ -129,6 +135,12 @@ Status PostgresEngine::prepare(std::string_view sql, int parameters,
     }
     statement = std::move(made);
     return Status::done();
+}
+
+WatchedStatement PostgresEngine::textOf(std::string_view sql) const {
+    const std::string table = m_watcher != nullptr ? changedTable(sql) : std::string();
+    if (!table.empty() && m_watcher->watches(table)) return watchedStatement(sql);
+    return {.sql = std::string(sql), .table = {}, .isUpdate = false};
 }
 
 Status PostgresEngine::prepareNow(PostgresStatement& statement) {

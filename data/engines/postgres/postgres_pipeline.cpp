@@ -1,6 +1,9 @@
 #include "data/engines/postgres/postgres_pipeline.h"
 
 #include <charconv>
+#include <vector>
+
+#include "data/engines/postgres/postgres_cursor.h"
 
 namespace chengheng {
 namespace {
@@ -19,6 +22,31 @@ std::int64_t changedRows(PGresult* result) {
 
 PostgresStatement& statementOf(const Command& command) {
     return static_cast<PostgresStatement&>(*command.statement);
+}
+
+ChangeKind kindOf(const PGresult* result, bool isUpdate) {
+    if (isUpdate) return ChangeKind::changed;
+    const std::string_view done = PQcmdStatus(const_cast<PGresult*>(result));
+    return done.starts_with("DELETE") ? ChangeKind::deleted : ChangeKind::inserted;
+}
+
+void tellRows(const WatchedStatement& text, PostgresResult result, ChangeWatcher& watcher) {
+    RowChange change{.kind = kindOf(result.get(), text.isUpdate),
+                     .table = text.table,
+                     .before = {},
+                     .after = {}};
+    PostgresCursor rows(std::move(result));
+    std::vector<Value> cells(static_cast<std::size_t>(rows.columns()));
+    const std::span<const Value> all(cells);
+    if (text.isUpdate) change.before = all.first(all.size() / 2);
+    if (text.isUpdate) change.after = all.subspan(all.size() / 2);
+    if (change.kind == ChangeKind::inserted) change.after = all;
+    if (change.kind == ChangeKind::deleted) change.before = all;
+    while (rows.next() == Cursor::Step::row) {
+        for (int column = 0; column < rows.columns(); ++column)
+            cells[static_cast<std::size_t>(column)] = rows.value(column);
+        watcher.take(change);
+    }
 }
 
 }  // namespace
@@ -109,7 +137,10 @@ Status PostgresPipeline::readAnswers(Received& received) {
 void PostgresPipeline::note(const Awaited& awaited, PostgresResult result, Received& received) {
     if (awaited.isPreparation || awaited.statement == nullptr) return;
     received.changed += changedRows(result.get());
-    received.last = std::move(result);
+    if (m_watcher != nullptr && !awaited.statement->text().table.empty())
+        tellRows(awaited.statement->text(), std::move(result), *m_watcher);
+    else
+        received.last = std::move(result);
 }
 
 Status PostgresPipeline::finish(Status status, Received& received) {

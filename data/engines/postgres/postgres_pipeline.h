@@ -24,6 +24,9 @@ class PostgresPipeline {
         PostgresResult last;  ///< of the last command
     };
 
+    /// Tells the watcher of the rows that statements made for it give back; null ends it.
+    void tellChanges(ChangeWatcher* watcher) { m_watcher = watcher; }
+
     /// What the server would not even be sent: text that it cannot hold, too few values.
     static Status check(std::span<const Command> commands);
     /// Runs `controls` (BEGIN, SAVEPOINT ...) and then the commands, which have passed the
@@ -50,6 +53,7 @@ class PostgresPipeline {
     Status finish(Status status, Received& received);
 
     PostgresConnection& m_connection;
+    ChangeWatcher* m_watcher = nullptr;
     ParameterTexts m_parameters;
     std::vector<Awaited> m_awaited;
     std::size_t m_bytesSent = 0;

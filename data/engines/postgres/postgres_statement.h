@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/engine/engine.h"
+#include "data/engines/postgres/watched_statement.h"
 
 namespace chengheng {
 
@@ -19,10 +20,10 @@ struct RetiredStatements {
 /// connection.
 class PostgresStatement : public PreparedStatement {
   public:
-    PostgresStatement(std::string name, std::string_view sql, int parameters,
+    PostgresStatement(std::string name, WatchedStatement text, int parameters,
                       std::shared_ptr<RetiredStatements> retired)
         : m_name(std::move(name)),
-          m_sql(sql),
+          m_text(std::move(text)),
           m_parameters(parameters),
           m_retired(std::move(retired)) {}
     ~PostgresStatement() override {
@@ -32,7 +33,9 @@ class PostgresStatement : public PreparedStatement {
     PostgresStatement& operator=(const PostgresStatement&) = delete;
 
     const std::string& name() const { return m_name; }
-    const std::string& sql() const { return m_sql; }
+    const std::string& sql() const { return m_text.sql; }
+    /// What its answer tells of rows; names no table when that is nothing.
+    const WatchedStatement& text() const { return m_text; }
     int parameters() const { return m_parameters; }
 
     bool isPreparedOn(int generation) const { return m_generation == generation; }
@@ -43,7 +46,7 @@ class PostgresStatement : public PreparedStatement {
     static constexpr int notPrepared = -1;
 
     std::string m_name;
-    std::string m_sql;
+    WatchedStatement m_text;
     int m_parameters;
     int m_generation = notPrepared;
     std::shared_ptr<RetiredStatements> m_retired;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "data/engines/sqlite/sqlite_changes.h"
 #include "data/engines/sqlite/sqlite_connection.h"
 #include "data/engines/sqlite/sqlite_failure.h"
 #include "data/engines/sqlite/sqlite_statement.h"
@@ -105,6 +106,11 @@ class SqliteEngine final : public Engine {
     }
     Status hasTable(std::string_view name, bool& found) override;
     LockService& locks() override { return *m_locks; }
+    void watchChanges(ChangeWatcher* watcher) override {
+        m_changes.reset();
+        if (watcher != nullptr)
+            m_changes = std::make_unique<SqliteChanges>(m_connection.get(), *watcher);
+    }
 
     Status facts(EngineFacts& facts) override {
         if (Status free = mayCall(); !free) return free;
@@ -134,6 +140,7 @@ class SqliteEngine final : public Engine {
     std::optional<UnwritableFile> m_unwritable;
     std::unique_ptr<LockService> m_locks;
     SqliteWait m_wait;
+    std::unique_ptr<SqliteChanges> m_changes;  ///< while somebody watches
     bool m_isInTransaction = false;
     bool m_isWithoutLog = false;  ///< so that nobody else can have the file open
     Status m_transactionLoss;     ///< what made SQLite end the transaction by itself

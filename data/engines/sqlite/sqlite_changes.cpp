@@ -1,0 +1,79 @@
+// The declarations of the hook are there for whoever asks for them; the library has it.
+#define SQLITE_ENABLE_PREUPDATE_HOOK
+#include "data/engines/sqlite/sqlite_changes.h"
+
+namespace chengheng {
+namespace {
+
+Value valueOf(sqlite3_value* stored) {
+    switch (sqlite3_value_type(stored)) {
+        case SQLITE_NULL:
+            return Value::ofNull();
+        case SQLITE_INTEGER:
+            return Value::of(std::int64_t{sqlite3_value_int64(stored)});
+        case SQLITE_FLOAT:
+            return Value::of(sqlite3_value_double(stored));
+        default: {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(stored));
+            const auto size = static_cast<std::size_t>(sqlite3_value_bytes(stored));
+            return Value::of(text == nullptr ? std::string_view() : std::string_view(text, size));
+        }
+    }
+}
+
+/// False when a cell cannot be had.
+bool readCells(sqlite3* connection, int (*read)(sqlite3*, int, sqlite3_value**),
+               std::vector<Value>& cells) {
+    const int count = sqlite3_preupdate_count(connection);
+    cells.clear();
+    for (int column = 0; column < count; ++column) {
+        sqlite3_value* stored = nullptr;
+        if (read(connection, column, &stored) != SQLITE_OK) return false;
+        cells.push_back(valueOf(stored));
+    }
+    return true;
+}
+
+}  // namespace
+
+SqliteChanges::SqliteChanges(sqlite3* connection, ChangeWatcher& watcher)
+    : m_connection(connection), m_watcher(watcher) {
+    sqlite3_preupdate_hook(connection, &SqliteChanges::onChange, this);
+}
+
+SqliteChanges::~SqliteChanges() { sqlite3_preupdate_hook(m_connection, nullptr, nullptr); }
+
+void SqliteChanges::onChange(void* self, sqlite3* /*connection*/, int operation,
+                             const char* database, const char* table, sqlite3_int64 /*idBefore*/,
+                             sqlite3_int64 /*idAfter*/) {
+    if (std::string_view(database) == "main")
+        static_cast<SqliteChanges*>(self)->take(operation, table);
+}
+
+bool SqliteChanges::isWatched(std::string_view table) {
+    if (table != m_lastTable) {
+        m_lastTable = table;
+        m_isLastWatched = m_watcher.watches(table);
+    }
+    return m_isLastWatched;
+}
+
+void SqliteChanges::take(int operation, std::string_view table) {
+    if (!isWatched(table)) return;
+    RowChange change{.kind = ChangeKind::changed, .table = table, .before = {}, .after = {}};
+    if (operation == SQLITE_INSERT) change.kind = ChangeKind::inserted;
+    if (operation == SQLITE_DELETE) change.kind = ChangeKind::deleted;
+    m_before.clear();
+    m_after.clear();
+    const bool isRead =
+        (operation == SQLITE_INSERT || readCells(m_connection, sqlite3_preupdate_old, m_before)) &&
+        (operation == SQLITE_DELETE || readCells(m_connection, sqlite3_preupdate_new, m_after));
+    change.before = m_before;
+    change.after = m_after;
+    if (isRead)
+        m_watcher.take(change);
+    else
+        m_watcher.missed();
+}
+
+}  // namespace chengheng

@@ -1,0 +1,146 @@
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "data/engines/postgres/watched_statement.h"
+#include "data/layout/layout.h"
+#include "tests/support/engine_cases.h"
+#include "tests/support/engine_tools.h"
+
+namespace chengheng::row_changes_test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::string textOf(const Value& value) {
+    switch (value.kind) {
+        case ValueKind::integer:
+            return std::to_string(value.integer);
+        case ValueKind::real:
+            return fmt::format("{}", value.real);
+        case ValueKind::text:
+            return '\'' + std::string(value.text) + '\'';
+        case ValueKind::null:
+            break;
+    }
+    return "NULL";
+}
+
+std::string rowText(std::span<const Value> cells) {
+    std::string text;
+    for (const Value& cell : cells) text += (text.empty() ? "" : " ") + textOf(cell);
+    return text;
+}
+
+class Recorder final : public ChangeWatcher {
+  public:
+    bool watches(std::string_view table) const override {
+        return table == "Settle" || table == "AssAcc";
+    }
+    void take(const RowChange& change) override {
+        static constexpr const char* marks[] = {"+", "~", "-"};
+        told.push_back(marks[static_cast<std::size_t>(change.kind)] +
+                       (change.before.empty() ? "" : " " + rowText(change.before)) +
+                       (change.kind == ChangeKind::changed ? " >" : "") +
+                       (change.after.empty() ? "" : " " + rowText(change.after)));
+    }
+    void missed() override { told.emplace_back("?"); }
+
+    std::vector<std::string> told;
+};
+
+class RowChanges : public testing::TestWithParam<EngineCase> {
+  protected:
+    void SetUp() override {
+        m_engine = openForTest(freshLocation(GetParam()));
+        ASSERT_TRUE(createLayout(*m_engine));
+        ASSERT_TRUE(runSql(*m_engine, "INSERT INTO Settle VALUES (1, '1', '现金', 0)"));
+        m_engine->watchChanges(&m_recorder);
+    }
+    void TearDown() override { m_engine->watchChanges(nullptr); }
+
+    Recorder m_recorder;
+    std::unique_ptr<Engine> m_engine;
+};
+
+TEST_P(RowChanges, TellWhatIsPutIn) {
+    ASSERT_TRUE(runSql(*m_engine, "INSERT INTO Settle VALUES (2, '2', 'it''s (1) \"x\"', 1)"));
+    ASSERT_TRUE(runSql(*m_engine,
+                       "INSERT INTO Settle (lId, sSettle) SELECT 3, sSettle FROM Settle "
+                       "WHERE lId = 1"));
+    EXPECT_THAT(m_recorder.told, ElementsAre("+ 2 '2' 'it's (1) \"x\"' 1", "+ 3 '' '现金' 0"));
+}
+
+TEST_P(RowChanges, TellWhatWasThereBeforeAndBehindAnUpdate) {
+    ASSERT_TRUE(runSql(*m_engine, "INSERT INTO Settle VALUES (2, '2', '支票', 1)"));
+    m_recorder.told.clear();
+    ASSERT_TRUE(
+        runSql(*m_engine,
+               "Update Settle Set sSettle = sSettle || '票 where set', bNote = bNote + 1 "
+               "Where lId IN (SELECT lId FROM Settle WHERE lId > 0) AND sSettle <> 'where'"));
+    EXPECT_THAT(m_recorder.told,
+                testing::UnorderedElementsAre("~ 1 '1' '现金' 0 > 1 '1' '现金票 where set' 1",
+                                              "~ 2 '2' '支票' 1 > 2 '2' '支票票 where set' 2"));
+    m_recorder.told.clear();
+    ASSERT_TRUE(runSql(*m_engine, "UPDATE Settle SET sStlId = '9'"));
+    EXPECT_EQ(m_recorder.told.size(), 2u) << "without a condition";
+}
+
+TEST_P(RowChanges, TellWhatIsTakenOut) {
+    ASSERT_TRUE(runSql(*m_engine, "DELETE FROM Settle WHERE lId = 7"));
+    EXPECT_THAT(m_recorder.told, IsEmpty());
+    ASSERT_TRUE(runSql(*m_engine, "DELETE FROM Settle;"));
+    EXPECT_THAT(m_recorder.told, ElementsAre("- 1 '1' '现金' 0"));
+}
+
+TEST_P(RowChanges, CountAsBefore) {
+    std::unique_ptr<PreparedStatement> statement;
+    ASSERT_TRUE(m_engine->prepare("UPDATE Settle SET sSettle = $1 WHERE lId = $2", 2, statement));
+    const Value values[] = {Value::of(std::string_view("现")), Value::of(std::int64_t{1})};
+    const Command commands[] = {{statement.get(), values}, {statement.get(), values}};
+    std::int64_t changed = 0;
+    ASSERT_TRUE(m_engine->execute(commands, &changed));
+    EXPECT_EQ(changed, 2);
+    EXPECT_THAT(m_recorder.told,
+                ElementsAre("~ 1 '1' '现金' 0 > 1 '1' '现' 0", "~ 1 '1' '现' 0 > 1 '1' '现' 0"));
+}
+
+TEST_P(RowChanges, OfOtherTablesAreNotTold) {
+    ASSERT_TRUE(runSql(*m_engine, "UPDATE ABIdTable SET lLastId = 5 WHERE sTable = 'Settle'"));
+    ASSERT_TRUE(runSql(*m_engine, "DELETE FROM Code"));
+    EXPECT_THAT(m_recorder.told, IsEmpty());
+}
+
+TEST_P(RowChanges, AreNotToldAnyMoreOnceNobodyWatches) {
+    m_engine->watchChanges(nullptr);
+    ASSERT_TRUE(runSql(*m_engine, "DELETE FROM Settle"));
+    EXPECT_THAT(m_recorder.told, IsEmpty());
+}
+
+TEST_P(RowChanges, KnowWhatIsUnknown) {
+    ASSERT_TRUE(runSql(*m_engine, "INSERT INTO AssAcc (lId, lPersonId) VALUES (1, NULL)"));
+    EXPECT_THAT(m_recorder.told, ElementsAre("+ 1 0 0 0 0 NULL 0 '' 0 0 0 0 0 0 0 0 0"));
+}
+
+CHENGHENG_ON_SHARED_ENGINES(RowChanges);
+
+TEST(WatchedStatement, NamesTheTableThatAStatementChanges) {
+    EXPECT_EQ(changedTable("insert Into AccSum VALUES (1)"), "AccSum");
+    EXPECT_EQ(changedTable(" DELETE FROM ProjItems01"), "ProjItems01");
+    EXPECT_EQ(changedTable("Update Code Set sSettle = 'UPDATE x'"), "Code");
+    EXPECT_EQ(changedTable("SELECT 1 FROM Code"), "");
+    EXPECT_EQ(changedTable("SAVEPOINT batch"), "");
+    EXPECT_EQ(changedTable(""), "");
+}
+
+TEST(WatchedStatement, LeavesWhatChangesNoRowsAsItIs) {
+    EXPECT_EQ(watchedStatement("SAVEPOINT batch").sql, "SAVEPOINT batch");
+    EXPECT_EQ(watchedStatement("SAVEPOINT batch").table, "");
+}
+
+}  // namespace
+}  // namespace chengheng::row_changes_test
