@@ -1,0 +1,139 @@
+#include "data/log/change_gatherer.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/values/text.h"
+#include "data/log/packing.h"
+#include "data/log/row_bytes.h"
+#include "data/tables/schema.h"
+
+namespace chengheng {
+namespace {
+
+// What a part holds before it is packed.
+constexpr std::size_t fullPart = 128 * 1024;
+
+constexpr std::array unwatched{"ABIdTable",  "BooksFormat",  "LoginInfoTbl",
+                               "LogonTries", "OperationLog", "OperationLogPart"};
+
+constexpr std::string_view itemTables = "ProjItems";
+
+/// The table as the layout names it; a statement may write it in other letters.
+std::string nameOf(std::string_view table) {
+    const TableInfo* const known = findTable(table);
+    return known != nullptr ? known->name : std::string(table);
+}
+
+std::vector<std::string> columnsOf(const std::string& table, std::size_t count) {
+    const TableInfo* const known = findTable(table);
+    const TableInfo items = known != nullptr || !table.starts_with(itemTables)
+                                ? TableInfo()
+                                : projectItemTable(table.substr(itemTables.size()));
+    const auto& columns = known != nullptr ? known->columns : items.columns;
+    std::vector<std::string> names;
+    for (std::size_t at = 0; at < count; ++at)
+        names.push_back(at < columns.size() ? columns[at].name : std::to_string(at + 1));
+    return names;
+}
+
+}  // namespace
+
+bool ChangeGatherer::watches(std::string_view table) const {
+    const std::string name = nameOf(table);
+    return std::ranges::find(unwatched, name) == unwatched.end();
+}
+
+void ChangeGatherer::take(const RowChange& change) {
+    const std::string table = nameOf(change.table);
+    const auto cells = change.before.empty() ? change.after : change.before;
+    if (cells.empty()) return missed();
+    Rows& rows = m_tables[table];
+    if (rows.bytes.empty()) rows.bytes = rowBytesHead(columnsOf(table, cells.size()));
+    if (!addRowBytes(change, rows.bytes)) return;
+    const std::int64_t id = cells.front().integer;
+    rows.lowestId = rows.rows == 0 ? id : std::min(rows.lowestId, id);
+    rows.highestId = rows.rows == 0 ? id : std::max(rows.highestId, id);
+    ++rows.rows;
+    ++rows.all;
+    ++m_now.rows;
+    if (rows.bytes.size() >= fullPart) pack(table, rows);
+}
+
+std::map<std::string, std::int64_t> ChangeGatherer::tables() const {
+    std::map<std::string, std::int64_t> counts;
+    for (const auto& [table, rows] : m_tables)
+        if (rows.all > 0) counts[table] = rows.all;
+    return counts;
+}
+
+void ChangeGatherer::pack(const std::string& table, Rows& rows) {
+    keepForMarks(table, rows);
+    LogPart part{.number = m_now.parts + 1,
+                 .table = table,
+                 .lowestId = rows.lowestId,
+                 .highestId = rows.highestId,
+                 .rows = rows.rows,
+                 .packed = packed(rows.bytes)};
+    if (part.packed.empty()) return missed();
+    ++m_now.parts;
+    m_now.hash.add(table);
+    m_now.hash.add(part.packed);
+    m_ready.push_back(std::move(part));
+    rows = {.bytes = {}, .rows = 0, .lowestId = 0, .highestId = 0, .all = rows.all};
+}
+
+void ChangeGatherer::keepForMarks(const std::string& table, const Rows& rows) {
+    for (Mark& mark : m_marks) {
+        const auto kept = mark.tables.find(table);
+        if (kept != mark.tables.end() && kept->second.bytes.empty())
+            kept->second.bytes = rows.bytes.substr(0, mark.sizes.at(table));
+    }
+}
+
+void ChangeGatherer::mark() {
+    Mark mark{.totals = m_now, .tables = {}, .sizes = {}};
+    for (const auto& [table, rows] : m_tables) {
+        mark.tables[table] = {.bytes = {},
+                              .rows = rows.rows,
+                              .lowestId = rows.lowestId,
+                              .highestId = rows.highestId,
+                              .all = rows.all};
+        mark.sizes[table] = rows.bytes.size();
+    }
+    m_marks.push_back(std::move(mark));
+}
+
+void ChangeGatherer::release() {
+    if (!m_marks.empty()) m_marks.pop_back();
+}
+
+void ChangeGatherer::backToMark() {
+    if (m_marks.empty()) return clear();
+    Mark mark = std::move(m_marks.back());
+    m_marks.pop_back();
+    for (auto& [table, before] : mark.tables) {
+        if (before.bytes.empty()) before.bytes = std::move(m_tables[table].bytes);
+        before.bytes.resize(mark.sizes.at(table));
+    }
+    m_tables = std::move(mark.tables);
+    m_now = mark.totals;
+    m_ready.clear();
+}
+
+void ChangeGatherer::clear() {
+    m_now = {};
+    m_isWhole = true;
+    m_tables.clear();
+    m_ready.clear();
+    m_marks.clear();
+}
+
+std::vector<LogPart> ChangeGatherer::takeParts(bool isEnd) {
+    for (auto& [table, rows] : m_tables)
+        if (isEnd && rows.rows > 0) pack(table, rows);
+    return std::exchange(m_ready, {});
+}
+
+}  // namespace chengheng

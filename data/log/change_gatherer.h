@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "data/engine/row_change.h"
+#include "data/log/chain.h"
+
+namespace chengheng {
+
+/// Rows of one table, packed; a piece of what an entry of the log tells.
+struct LogPart {
+    std::int32_t number = 0;  ///< within its entry, from 1
+    std::string table;
+    std::int64_t lowestId = 0;
+    std::int64_t highestId = 0;
+    std::int32_t rows = 0;
+    std::string packed;
+};
+
+/// Collects what a unit of work changes, in parts of bounded size, and follows it back to where
+/// it was when something of it is undone.
+class ChangeGatherer final : public ChangeWatcher {
+  public:
+    /// All but the log itself, the counters of ids and who is logged on.
+    bool watches(std::string_view table) const override;
+    void take(const RowChange& change) override;
+    void missed() override { m_isWhole = false; }
+
+    bool isEmpty() const { return m_now.rows == 0; }
+    /// Whether all that was changed could be taken.
+    bool isWhole() const { return m_isWhole; }
+    std::int64_t rows() const { return m_now.rows; }
+    std::int32_t parts() const { return m_now.parts; }
+    /// Over the parts taken out so far.
+    std::string partsHash() const { return m_now.hash.text(); }
+    /// The tables that were changed, in the order of their names, with how many rows.
+    std::map<std::string, std::int64_t> tables() const;
+
+    /// Remembers this point. Parts are taken out before.
+    void mark();
+    /// Forgets the last point.
+    void release();
+    /// Goes back to the last point, which is forgotten.
+    void backToMark();
+    /// Begins anew.
+    void clear();
+
+    /// The parts that are full, for the log; all that is left when it is the end.
+    std::vector<LogPart> takeParts(bool isEnd);
+
+  private:
+    struct Rows {
+        std::string bytes;  ///< empty or a head with rows behind it
+        std::int32_t rows = 0;
+        std::int64_t lowestId = 0;
+        std::int64_t highestId = 0;
+        std::int64_t all = 0;  ///< those of earlier parts, too
+    };
+    struct Totals {
+        std::int64_t rows = 0;
+        std::int32_t parts = 0;
+        ChainHash hash;
+    };
+    struct Mark {
+        Totals totals;
+        std::map<std::string, Rows> tables;  ///< without bytes, until a part takes them away
+        std::map<std::string, std::size_t> sizes;
+    };
+
+    void pack(const std::string& table, Rows& rows);
+    void keepForMarks(const std::string& table, const Rows& rows);
+
+    Totals m_now;
+    bool m_isWhole = true;
+    std::map<std::string, Rows> m_tables;
+    std::vector<LogPart> m_ready;
+    std::vector<Mark> m_marks;
+};
+
+}  // namespace chengheng
