@@ -44,6 +44,7 @@ struct Database::Run {
 
 Status Database::executeBatch(std::string_view batch, std::int64_t* changed) {
     if (m_isUnitLost) return lostUnit();
+    if (needsUnit()) return inUnitOfItsOwn([&] { return executeBatch(batch, changed); });
     m_statements.forgetSurplus();
     BatchReader reader(batch);
     Run run;
@@ -128,7 +129,10 @@ Status Database::runInUnit(Run& run, std::int64_t* changed) {
     PreparedStatement* release = nullptr;
     if (Status status = m_statements.findPlain(releaseSql, 0, release); !status) return status;
     run.add(release, {});
-    if (Status status = m_engine->execute(run.commands(), changed); !status) {
+    if (m_log != nullptr) m_log->changes().mark();
+    Status status = m_engine->execute(run.commands(), changed);
+    if (!status) {
+        if (m_log != nullptr) m_log->changes().backToMark();
         // A savepoint that cannot be reached any more means the whole unit is lost.
         if (Status back = m_engine->script(backToSavepointSql); !back) m_isUnitLost = true;
         return status;
@@ -137,7 +141,23 @@ Status Database::runInUnit(Run& run, std::int64_t* changed) {
     if (run.writesHeldCounters) m_counters.forget();
     for (const IdCounters::Counter& counter : run.counters.all())
         m_counters.holdBack(counter.row, counter.value);
-    return Status::done();
+    if (m_log == nullptr) return Status::done();
+    m_log->changes().release();
+    return m_log->writeParts(*this);
+}
+
+Status Database::executeLogged(std::span<const Command> commands, std::int64_t* changed) {
+    if (m_log == nullptr) return m_engine->execute(commands, changed);
+    m_log->changes().mark();
+    Status status = m_engine->execute(commands, changed);
+    if (status) {
+        m_log->changes().release();
+        return m_log->writeParts(*this);
+    }
+    m_log->changes().backToMark();
+    // Of several, those before the one that failed stand until the unit is undone.
+    if (commands.size() > 1) m_log->changes().missed();
+    return status;
 }
 
 Status Database::readRows(const Command& command, const std::function<Status(Cursor&)>& reader) {
@@ -171,17 +191,20 @@ Status Database::select(std::string_view text, const std::function<Status(Cursor
 
 Status Database::executePlain(std::string_view sql, std::span<const Value> values,
                               std::int64_t* changed) {
+    if (needsUnit()) return inUnitOfItsOwn([&] { return executePlain(sql, values, changed); });
     PreparedStatement* statement = nullptr;
     if (Status status = m_statements.findPlain(sql, static_cast<int>(values.size()), statement);
         !status)
         return status;
     Run run;
     run.add(statement, values);
-    return m_engine->execute(run.commands(), changed);
+    return executeLogged(run.commands(), changed);
 }
 
 Status Database::executeForEach(std::string_view sql, std::size_t valuesOfARow,
                                 std::span<const Value> values) {
+    if (needsUnit())
+        return inUnitOfItsOwn([&] { return executeForEach(sql, valuesOfARow, values); });
     constexpr std::size_t rowsAtOnce = 500;
     PreparedStatement* statement = nullptr;
     Status status = m_statements.findPlain(sql, static_cast<int>(valuesOfARow), statement);
@@ -190,7 +213,7 @@ Status Database::executeForEach(std::string_view sql, std::size_t valuesOfARow,
         for (; !values.empty() && commands.size() < rowsAtOnce;
              values = values.subspan(valuesOfARow))
             commands.push_back({statement, values.first(valuesOfARow)});
-        status = m_engine->execute(commands, nullptr);
+        status = executeLogged(commands, nullptr);
     }
     return status;
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/connection/id_counters.h"
+#include "data/connection/operation_log.h"
 #include "data/connection/statement_cache.h"
 #include "data/engine/engine.h"
 #include "data/tables/schema.h"
@@ -18,6 +19,9 @@ class Database {
   public:
     Database(std::unique_ptr<Engine> engine, std::string location)
         : m_engine(std::move(engine)), m_location(std::move(location)), m_statements(*m_engine) {}
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
 
     Engine& engine() { return *m_engine; }
     bool isReadOnly() const { return m_engine->isReadOnly(); }
@@ -43,6 +47,12 @@ class Database {
                        const std::function<Status(Cursor&)>& reader);
 
     /// Units nest: an inner one is a savepoint.
+    /// From now on each unit of work that changes rows writes an entry of the operation log, whose
+    /// tables are there, into its own transaction; what is changed outside of one becomes one.
+    void keepLog(LogAuthor author);
+    /// The log that is kept; null when none is.
+    OperationLog* log() { return m_log.get(); }
+
     Status beginUnit();
     Status commitUnit();
     void rollbackUnit();
@@ -67,12 +77,17 @@ class Database {
     Status addHeldCounters(Run& run);
     Status addSavepoint(Run& run);
     Status runInUnit(Run& run, std::int64_t* changed);
+    /// Outside of a unit, changes that are to be logged get one of their own.
+    bool needsUnit() const { return m_log != nullptr && !isInUnit(); }
+    Status inUnitOfItsOwn(const std::function<Status()>& change);
+    Status executeLogged(std::span<const Command> commands, std::int64_t* changed);
     Status writeHeldCounters();
     Status readRows(const Command& command, const std::function<Status(Cursor&)>& reader);
 
     std::unique_ptr<Engine> m_engine;
     std::string m_location;
     int m_layout = booksFormatVersion;
+    std::unique_ptr<OperationLog> m_log;
     StatementCache m_statements;
     IdCounters m_counters;
     std::vector<IdCounters> m_countersBefore;  ///< as they were at the begin of each unit

@@ -19,10 +19,30 @@ Status Database::lostUnit() {
     return Status::of(Failure::lost, "the unit of work was lost with its connection");
 }
 
+Database::~Database() {
+    if (m_log != nullptr) m_engine->watchChanges(nullptr);
+}
+
+void Database::keepLog(LogAuthor author) {
+    m_log = std::make_unique<OperationLog>(std::move(author));
+    m_engine->watchChanges(&m_log->changes());
+    // Those that are prepared already tell nothing of rows.
+    m_statements.forgetAll();
+}
+
+Status Database::inUnitOfItsOwn(const std::function<Status()>& change) {
+    Status status = beginUnit();
+    if (status) status = change();
+    if (status) return commitUnit();
+    rollbackUnit();
+    return status;
+}
+
 Status Database::beginUnit() {
     if (m_isUnitLost) return lostUnit();
     Status status = m_depth == 0 ? m_engine->begin() : m_engine->savepoint(m_depth);
     if (!status) return status;
+    if (m_log != nullptr && m_depth > 0) m_log->changes().mark();
     m_countersBefore.push_back(m_counters);
     ++m_depth;
     return Status::done();
@@ -37,16 +57,20 @@ Status Database::commitUnit() {
             rollbackUnit();
             return status;
         }
+        if (m_log != nullptr) m_log->changes().release();
         m_countersBefore.pop_back();
         --m_depth;
         return Status::done();
     }
+    // The order of the log is taken last, so that others wait for it no longer than need be.
+    if (status && m_log != nullptr) status = m_log->writeEntry(*this);
     if (status) status = writeHeldCounters();
     if (status) status = m_engine->commit();
     if (!status) {
         rollbackUnit();
         return status;
     }
+    if (m_log != nullptr) m_log->clear();
     m_counters.forget();
     m_countersBefore.clear();
     m_depth = 0;
@@ -60,12 +84,14 @@ void Database::rollbackUnit() {
         // A rollback that fails leaves nothing to do: the engine drops the transaction with
         // its connection.
         if (m_engine->inTransaction()) static_cast<void>(m_engine->rollback());
+        if (m_log != nullptr) m_log->clear();
         m_counters.forget();
         m_countersBefore.clear();
         m_isUnitLost = false;
         return;
     }
     if (!m_isUnitLost && !m_engine->rollbackToSavepoint(m_depth)) m_isUnitLost = true;
+    if (m_log != nullptr) m_log->changes().backToMark();
     m_counters = std::move(m_countersBefore.back());
     m_countersBefore.pop_back();
 }

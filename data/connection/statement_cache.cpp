@@ -55,4 +55,10 @@ void StatementCache::forgetSurplus() {
     if (m_shapes.size() > mostShapes) m_shapes.clear();
 }
 
+void StatementCache::forgetAll() {
+    m_shapes.clear();
+    m_plain.clear();
+    m_oneOffs.clear();
+}
+
 }  // namespace chengheng

@@ -33,6 +33,8 @@ class StatementCache {
     /// Keeps a flood of different shapes from growing without limit. Not to be called while a
     /// found statement is in use.
     void forgetSurplus();
+    /// Prepares everything anew.
+    void forgetAll();
 
   private:
     Status make(const ReadStatement& statement, std::unique_ptr<CachedStatement>& made);

@@ -3,6 +3,7 @@
 #include <sodium.h>
 
 #include <array>
+#include <span>
 
 namespace chengheng {
 namespace {
@@ -11,6 +12,13 @@ constexpr std::size_t hashBytes = 32;
 
 crypto_generichash_state* stateIn(unsigned char* bytes) {
     return reinterpret_cast<crypto_generichash_state*>(bytes);
+}
+
+std::string hexOf(std::span<const unsigned char> bytes) {
+    std::string digits(bytes.size() * 2 + 1, '\0');
+    sodium_bin2hex(digits.data(), digits.size(), bytes.data(), bytes.size());
+    digits.pop_back();  // the end mark
+    return digits;
 }
 
 }  // namespace
@@ -31,10 +39,7 @@ std::string ChainHash::text() const {
     ChainHash ended = *this;
     std::array<unsigned char, hashBytes> hash{};
     crypto_generichash_final(stateIn(ended.m_state), hash.data(), hash.size());
-    std::string digits(hashBytes * 2 + 1, '\0');
-    sodium_bin2hex(digits.data(), digits.size(), hash.data(), hash.size());
-    digits.pop_back();
-    return digits;
+    return hexOf(hash);
 }
 
 std::string entryHash(std::string_view hashBefore, const LogEntry& entry) {
@@ -54,6 +59,12 @@ std::string entryHash(std::string_view hashBefore, const LogEntry& entry) {
     hash.add(entry.rows);
     hash.add(entry.partsHash);
     return hash.text();
+}
+
+std::string newUnitName() {
+    std::array<unsigned char, 16> random{};
+    randombytes_buf(random.data(), random.size());
+    return hexOf(random);
 }
 
 }  // namespace chengheng

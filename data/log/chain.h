@@ -40,6 +40,10 @@ struct LogEntry {
     bool operator==(const LogEntry&) const = default;
 };
 
+/// A name for the parts of one unit of work that nobody else has, however many workstations write
+/// at once.
+std::string newUnitName();
+
 /// What the first entry of a log has in place of a hash before it.
 inline constexpr std::string_view noHashBefore =
     "0000000000000000000000000000000000000000000000000000000000000000";

@@ -26,6 +26,16 @@ std::string nameOf(std::string_view table) {
     return known != nullptr ? known->name : std::string(table);
 }
 
+/// The place of the column whose content nobody may see; beyond all columns when there is none.
+std::size_t secretColumn(const std::string& table) {
+    constexpr std::size_t ofUsers = 4;
+    return table == "Users" ? ofUsers : std::string::npos;
+}
+
+// In place of the hash of a password; that it was changed can be seen.
+constexpr std::string_view hiddenSecret = "*";
+constexpr std::string_view otherSecret = "**";
+
 std::vector<std::string> columnsOf(const std::string& table, std::size_t count) {
     const TableInfo* const known = findTable(table);
     const TableInfo items = known != nullptr || !table.starts_with(itemTables)
@@ -40,6 +50,22 @@ std::vector<std::string> columnsOf(const std::string& table, std::size_t count) 
 
 }  // namespace
 
+RowChange ChangeGatherer::withoutSecrets(const RowChange& change) {
+    const auto cells = change.before.empty() ? change.after : change.before;
+    const std::size_t place = secretColumn(nameOf(change.table));
+    if (place >= cells.size()) return change;
+    RowChange open = change;
+    m_before.assign(change.before.begin(), change.before.end());
+    m_after.assign(change.after.begin(), change.after.end());
+    const bool isOther =
+        change.kind == ChangeKind::changed && change.before[place].text != change.after[place].text;
+    if (!m_before.empty()) m_before[place] = Value::of(hiddenSecret);
+    if (!m_after.empty()) m_after[place] = Value::of(isOther ? otherSecret : hiddenSecret);
+    open.before = m_before;
+    open.after = m_after;
+    return open;
+}
+
 bool ChangeGatherer::watches(std::string_view table) const {
     const std::string name = nameOf(table);
     return std::ranges::find(unwatched, name) == unwatched.end();
@@ -51,7 +77,7 @@ void ChangeGatherer::take(const RowChange& change) {
     if (cells.empty()) return missed();
     Rows& rows = m_tables[table];
     if (rows.bytes.empty()) rows.bytes = rowBytesHead(columnsOf(table, cells.size()));
-    if (!addRowBytes(change, rows.bytes)) return;
+    if (!addRowBytes(withoutSecrets(change), rows.bytes)) return;
     const std::int64_t id = cells.front().integer;
     rows.lowestId = rows.rows == 0 ? id : std::min(rows.lowestId, id);
     rows.highestId = rows.rows == 0 ? id : std::max(rows.highestId, id);
@@ -124,7 +150,6 @@ void ChangeGatherer::backToMark() {
 
 void ChangeGatherer::clear() {
     m_now = {};
-    m_isWhole = true;
     m_tables.clear();
     m_ready.clear();
     m_marks.clear();

@@ -27,11 +27,11 @@ class ChangeGatherer final : public ChangeWatcher {
     /// All but the log itself, the counters of ids and who is logged on.
     bool watches(std::string_view table) const override;
     void take(const RowChange& change) override;
-    void missed() override { m_isWhole = false; }
+    void missed() override { m_now.isWhole = false; }
 
     bool isEmpty() const { return m_now.rows == 0; }
     /// Whether all that was changed could be taken.
-    bool isWhole() const { return m_isWhole; }
+    bool isWhole() const { return m_now.isWhole; }
     std::int64_t rows() const { return m_now.rows; }
     std::int32_t parts() const { return m_now.parts; }
     /// Over the parts taken out so far.
@@ -53,7 +53,7 @@ class ChangeGatherer final : public ChangeWatcher {
 
   private:
     struct Rows {
-        std::string bytes;  ///< empty or a head with rows behind it
+        std::string bytes = {};  ///< empty or a head with rows behind it
         std::int32_t rows = 0;
         std::int64_t lowestId = 0;
         std::int64_t highestId = 0;
@@ -63,6 +63,7 @@ class ChangeGatherer final : public ChangeWatcher {
         std::int64_t rows = 0;
         std::int32_t parts = 0;
         ChainHash hash;
+        bool isWhole = true;
     };
     struct Mark {
         Totals totals;
@@ -70,14 +71,17 @@ class ChangeGatherer final : public ChangeWatcher {
         std::map<std::string, std::size_t> sizes;
     };
 
+    /// Valid until the next one.
+    RowChange withoutSecrets(const RowChange& change);
     void pack(const std::string& table, Rows& rows);
     void keepForMarks(const std::string& table, const Rows& rows);
 
     Totals m_now;
-    bool m_isWhole = true;
     std::map<std::string, Rows> m_tables;
     std::vector<LogPart> m_ready;
     std::vector<Mark> m_marks;
+    std::vector<Value> m_before;
+    std::vector<Value> m_after;
 };
 
 }  // namespace chengheng
