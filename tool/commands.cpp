@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "books/logon/books_session.h"
+#include "books/logon/temporary_name.h"
 #include "data/engines/open_engine.h"
 #include "data/layout/layout.h"
 #include "session/failure_texts.h"
@@ -11,8 +12,10 @@ namespace chengheng {
 
 std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location, BooksUse use) {
     std::unique_ptr<Engine> engine;
+    const std::string place = locationOfBooks(location);
+    if (const auto text = giveNameBack(place)) tool.err << *text << '\n';
     const OpenMode mode = use == BooksUse::changing ? OpenMode::existing : OpenMode::readable;
-    Status status = openEngine(locationOfBooks(location), mode, engine);
+    Status status = openEngine(place, mode, engine);
     if (status) status = use == BooksUse::changing ? checkLayout(*engine) : checkReadable(*engine);
     if (status) return engine;
     tellFailure(tool, status, location);

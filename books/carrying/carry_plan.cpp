@@ -38,7 +38,6 @@ class Planner {
             const ClosedAccount* const closed = findAccount(m_end, m_accounts[place].id);
             if (closed != nullptr) carry(place, *closed);
         }
-        carryDetails();
         std::ranges::sort(m_plan.accounts, {}, &CarriedAccount::place);
         std::ranges::stable_sort(m_plan.obstacles, {}, &CarryObstacle::code);
         return std::move(m_plan);
@@ -84,45 +83,48 @@ class Planner {
         if (closed.isDoubled)
             add(ObstacleKind::doubled, closed,
                 fmt::format(carry_texts::doubled, closed.code, closed.name));
-        if (closed.closing == EntryFigures()) return;
-        if (isTooLarge(closed.closing))
+        if (!(closed.closing == EntryFigures())) {
+            compareAccounts(account, closed, closed.closing);
+            m_plan.accounts.push_back({place, closed.closing});
+        }
+        if (auxiliaryKindOf(closed.letters) != AuxiliaryKind::none) carryDetails(account, closed);
+    }
+
+    /// Whether figures mean in this year's account what they meant in last year's.
+    void compareAccounts(const OpeningAccount& account, const ClosedAccount& closed,
+                         const EntryFigures& figures) {
+        if (isTooLarge(figures))
             add(ObstacleKind::tooLarge, closed,
                 fmt::format(carry_texts::tooLarge, closed.code, closed.name));
         if (!account.isEnd)
             add(ObstacleKind::noEnd, closed,
                 fmt::format(carry_texts::noEnd, closed.code, closed.name));
-        if (closed.closing.foreign != 0 && account.currency != closed.currency)
+        if (figures.foreign != 0 && account.currency != closed.currency)
             add(ObstacleKind::otherCurrency, closed,
                 fmt::format(carry_texts::otherCurrency, closed.code, closed.name));
         if (account.auxiliary != auxiliaryKindOf(closed.letters))
             add(ObstacleKind::otherDimensions, closed,
                 fmt::format(carry_texts::otherDimensions, closed.code, closed.name));
-        m_plan.accounts.push_back({place, closed.closing});
     }
 
-    void carryDetails() {
-        for (const ClosedDetail& detail : m_end.details) {
-            const ClosedAccount* const closed = findAccount(m_end, detail.account);
-            if (!closed->isEnd || auxiliaryKindOf(closed->letters) == AuxiliaryKind::none ||
-                !isThisYears(detail.account))
-                continue;
+    /// Details may make up for each other, so that the account itself has no figures.
+    void carryDetails(const OpeningAccount& account, const ClosedAccount& closed) {
+        const auto details =
+            std::ranges::equal_range(m_end.details, closed.id, {}, &ClosedDetail::account);
+        for (const ClosedDetail& detail : details) {
+            compareAccounts(account, closed, detail.closing);
             const char* const missing =
                 Members::firstMissing(detail.of, m_members.before, m_members.now);
             if (missing != nullptr)
-                add(ObstacleKind::memberMissing, *closed,
-                    fmt::format(carry_texts::memberMissing, closed->code, closed->name, missing));
-            if (isTooLarge(detail.closing))
-                add(ObstacleKind::tooLarge, *closed,
-                    fmt::format(carry_texts::tooLarge, closed->code, closed->name));
+                add(ObstacleKind::memberMissing, closed,
+                    fmt::format(carry_texts::memberMissing, closed.code, closed.name, missing));
             m_plan.details.push_back(detail);
         }
     }
 
     /// Once for each account and reason.
     void add(ObstacleKind kind, const ClosedAccount& account, std::string text) {
-        const bool isLast = !m_plan.obstacles.empty() && m_plan.obstacles.back().kind == kind &&
-                            m_plan.obstacles.back().text == text;
-        if (!isLast)
+        if (m_told.insert(text).second)
             m_plan.obstacles.push_back({kind, account.code, std::move(text), account.name});
     }
 
@@ -131,6 +133,7 @@ class Planner {
     const MembersOfYears& m_members;
     std::vector<std::size_t> m_places;             ///< of the accounts that carry a balance, by id
     std::set<std::string_view> m_otherIdentities;  ///< codes of accounts with another id
+    std::set<std::string> m_told;
     CarryPlan m_plan;
 };
 

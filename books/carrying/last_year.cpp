@@ -37,6 +37,17 @@ const BooksSet* setOf(std::span<const BooksSet> sets, const YearOfBooks& now) {
     return found == sets.end() ? nullptr : &*found;
 }
 
+/// Whether the list knows a place as the books of another set.
+bool isAnothers(std::span<const BooksSet> sets, const YearOfBooks& now, const std::string& place) {
+    const BooksSet* const own = setOf(sets, now);
+    return std::ranges::any_of(sets, [&](const BooksSet& set) {
+        return &set != own && set.name != now.name &&
+               std::ranges::any_of(set.years, [&](const BooksYear& year) {
+                   return isSamePlace(year.location, place);
+               });
+    });
+}
+
 /// An address with the password of a connection to the same server, where it has none itself.
 std::string reachable(const std::string& location, CNbCwDB& database) {
     const Database* const selected = database.selectedDatabase();
@@ -70,9 +81,9 @@ std::string placeOfLastYear(std::span<const BooksSet> sets, const YearOfBooks& n
     const files::path file = files::absolute(now.location, unseen).lexically_normal();
     const files::path folder = file.parent_path();
     if (folder.filename() != std::to_string(now.year)) return {};
-    const files::path before =
+    const std::string before =
         folder.parent_path() / std::to_string(now.year - 1) / file.filename();
-    return isThereByAnyName(before.string()) ? before.string() : std::string();
+    return isThereByAnyName(before) && !isAnothers(sets, now, before) ? before : std::string();
 }
 
 LastYear::LastYear(CNbCwDB& database) : m_database(database), m_before(database.selectedName()) {}

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <utility>
 
 #include "books/carrying/carry_sql.h"
@@ -69,11 +70,33 @@ Status readFigures(CNbCwDB& database, const Moment& moment, std::vector<ClosedAc
     for (const _AccSumInfo* row : rows.rows()) {
         ClosedAccount* const account = findAmong(accounts, row->lCodeId);
         if (account == nullptr) continue;
-        account->isDoubled = account->isDoubled || row->lCodeId == last;
-        account->closing = figuresAt(moment, *row, account->isDebit);
+        const EntryFigures figures = figuresAt(moment, *row, account->isDebit);
+        const bool isAgain = row->lCodeId == last;
+        account->isDoubled = account->isDoubled || isAgain;
+        account->closing = isAgain ? account->closing + figures : figures;
         last = row->lCodeId;
     }
     return Status::done();
+}
+
+/// One for each combination, whatever number of rows it has; none for those that come to nothing.
+void sumUp(std::vector<ClosedDetail>& details) {
+    const auto keyOf = [](const ClosedDetail& each) { return std::tie(each.account, each.of); };
+    std::ranges::sort(details, {}, keyOf);
+    std::vector<ClosedDetail> summed;
+    summed.reserve(details.size());
+    for (auto first = details.begin(); first != details.end();) {
+        const auto last = std::find_if(
+            first, details.end(), [&](const auto& each) { return keyOf(each) != keyOf(*first); });
+        if (last - first > 1) {
+            FigureSums sums;
+            for (auto each = first; each != last; ++each) sums.add(each->closing);
+            first->closing = sums.total();
+        }
+        if (!(first->closing == EntryFigures())) summed.push_back(std::move(*first));
+        first = last;
+    }
+    details = std::move(summed);
 }
 
 Status readDetails(CNbCwDB& database, const Moment& moment, YearEnd& end) {
@@ -92,6 +115,7 @@ Status readDetails(CNbCwDB& database, const Moment& moment, YearEnd& end) {
                                 .itemClass = row->sItemId},
                                closing});
     }
+    sumUp(end.details);
     return Status::done();
 }
 

@@ -29,7 +29,7 @@ struct ClosedAccount {
     std::uint8_t currency = 0;
     bool isDebit = false;
     bool isEnd = false;
-    bool isDoubled = false;  ///< there is more than one row of the last period
+    bool isDoubled = false;  ///< there is more than one row of the last period, which are summed
     EntryFigures closing = {};
 };
 
@@ -43,7 +43,8 @@ struct ClosedDetail {
 /// What a year of books ends with, or begins with.
 struct YearEnd {
     std::vector<ClosedAccount> accounts;  ///< in the order of their ids
-    std::vector<ClosedDetail> details;    ///< of these; those without figures are left out
+    /// Of these, one for each combination with figures, in the order of the accounts.
+    std::vector<ClosedDetail> details;
 };
 
 /// Reads it from the selected database.

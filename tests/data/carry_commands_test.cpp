@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 
 #include "tests/support/carry_books.h"
@@ -164,6 +165,21 @@ TEST_P(CarryCommands, WriteWhatTheyShowToAFile) {
     EXPECT_EQ(run({"--repeat", "--csv", file, "--force"}).code, toolWrongUsage);
     EXPECT_EQ(run({"--verify", "--csv", file, "--xlsx", file}).code, toolWrongUsage);
     EXPECT_EQ(m_books.now().openings("1001"), allPeriods("6"));
+}
+
+TEST_P(CarryCommands, GiveBooksUnderTheirTemporaryNameTheirOwnBackWhicheverOpensThem) {
+    const std::string file = m_books.lastLocation();
+    if (isServerAddress(file)) return;
+    const std::filesystem::path temporary =
+        std::filesystem::path(file).replace_filename("NbzwTmp.db");
+    std::filesystem::rename(file, temporary);
+    ToolRun ran = runInProcess({"info", file});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_EQ(ran.err, "上次结转中断,帐套留在临时文件“" + temporary.string() + "”中。\n已恢复为“" +
+                           file + "”,内容没有改变。\n");
+    ran = runInProcess({"info", file});
+    EXPECT_EQ(ran.code, toolDone);
+    EXPECT_EQ(ran.err, "");
 }
 
 TEST_P(CarryCommands, DoNotRepeatWhatWasNeverDone) {

@@ -233,6 +233,17 @@ TEST_P(CarryForward, LooksAgainWhereNobodyCanComeBetween) {
     EXPECT_GT(times, 6) << "before and behind the first look";
 }
 
+TEST_P(CarryForward, IsNotProvenByTheLastOfTwoRowsOfAPeriod) {
+    m_books.close("1001", 5, 0, 0);
+    ASSERT_EQ(m_books.carry(), Outcome::done);
+    EXPECT_EQ(m_books.differences(), Texts{});
+    m_books.now().books().run(
+        formatSql("INSERT INTO AccSum VALUES (0, %d, 1, 2, 0, 0, 0, 0, 0, 0, 0, 0)",
+                  m_books.now().idOf("1001")));
+    EXPECT_EQ(m_books.differences(),
+              Texts{"1001 科目1001:上年期末金额 5.00,本年期初 7.00,相差 -2.00"});
+}
+
 TEST_P(CarryForward, LeavesLastYearsBooksAsTheyWere) {
     m_books.close("1001", 5, 0, 0);
     const Texts before = m_books.lastRows();

@@ -61,6 +61,17 @@ TEST_F(LastYearsPlace, IsElseTheFolderOfTheYearBefore) {
     EXPECT_EQ(placeOfLastYear({}, {"甲", 2027, place(2026)}), "");
 }
 
+TEST_F(LastYearsPlace, IsNotThatOfAnotherSetInTheFolderBeside) {
+    write(place(2025), "");
+    const BooksSet other{1, "乙", "", {{2025, place(2025)}}};
+    const BooksSet own{2, "甲", "", {{2026, place(2026)}}};
+    EXPECT_EQ(found({other}), "");
+    EXPECT_EQ(found({other, own}), "");
+    EXPECT_EQ(found({own}), place(2025));
+    const BooksSet before{1, "甲", "", {{2025, place(2025)}}};
+    EXPECT_EQ(found({before}), place(2025)) << "a year that the list does not have yet";
+}
+
 TEST_F(LastYearsPlace, OnAServerIsOnlyThatOfTheList) {
     const std::string address = "postgresql://a@h/db?schema=s26";
     EXPECT_EQ(placeOfLastYear({}, {"甲", 2026, address}), "");
@@ -81,6 +92,25 @@ TEST_F(LastYearsPlace, IsFoundUnderItsTemporaryNameWhichItLosesAgain) {
     EXPECT_FALSE(files::exists(temporary));
     EXPECT_EQ(files::status(place(2025)).permissions(), files::perms::owner_read);
     EXPECT_FALSE(giveNameBack(place(2025))) << "nothing more to do";
+}
+
+TEST_F(LastYearsPlace, GetsItsNameBackWithWhatStandsInItsLogAlone) {
+    const files::path folder = m_folder / "2025";
+    write(folder / "NbzwTmp.db", "books");
+    write(folder / "NbzwTmp.db-wal", "log");
+    write(folder / "NbzwTmp.db-shm", "index");
+    write(folder / "NbzwTmp.rbk", "");
+    EXPECT_TRUE(giveNameBack(place(2025)));
+    EXPECT_EQ(textIn(place(2025) + "-wal"), "log");
+    EXPECT_EQ(std::distance(files::directory_iterator(folder), {}), 2) << "nothing else is left";
+}
+
+TEST_F(LastYearsPlace, KeepsALogThatTheFileLeftUnderItsName) {
+    write(m_folder / "2025" / "NbzwTmp.db", "books");
+    write(m_folder / "2025" / "NbzwTmp.db-wal", "");
+    write(place(2025) + "-wal", "log");
+    EXPECT_TRUE(giveNameBack(place(2025)));
+    EXPECT_EQ(textIn(place(2025) + "-wal"), "log");
 }
 
 TEST_F(LastYearsPlace, KeepsAFileThatHasTheName) {
@@ -122,6 +152,18 @@ TEST_P(CarriedDetails, GoWithTheBalancesOfTheirAccounts) {
                                                            "2/0 2 2 2 2 2 2 2 2 2 2 2 2"}));
     EXPECT_EQ(m_books.now().openings("2202"), allPeriods("7"));
     EXPECT_EQ(m_books.now().books().faults(), std::vector<std::string>{});
+}
+
+TEST_P(CarriedDetails, OfOneCombinationInSeveralRowsAreOne) {
+    m_books.close("1133", 10, 0, 0);
+    m_books.detail("1133", 1, 0, 7, 0);
+    m_books.detail("1133", 2, 0, 4, 0);
+    m_books.detail("1133", 1, 0, 3, 0);
+    m_books.detail("1133", 2, 0, -4, 0);
+    EXPECT_EQ(m_books.carry(), Outcome::done);
+    EXPECT_EQ(m_books.details(),
+              std::vector<std::string>{"1/0 10 10 10 10 10 10 10 10 10 10 10 10"});
+    EXPECT_EQ(m_books.differences(), std::vector<std::string>{});
 }
 
 TEST_P(CarriedDetails, AreRefusedWhereTheirMemberIsGoneOrAnother) {

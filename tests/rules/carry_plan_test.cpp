@@ -191,5 +191,26 @@ TEST(CarryPlans, TakeDetailsOfAuxiliaryAccountsAndNameMissingMembers) {
               Texts{"1001 科目1001:有余额的部门在本年目录中没有,或已是另一个。"});
 }
 
+TEST(CarryPlans, LookAtDetailsThatMakeUpForEachOther) {
+    YearEnd end;
+    end.accounts.push_back(cash());
+    end.accounts[0].closing = {};
+    end.accounts[0].letters = "C";
+    const auto obstacles = [&end](const std::vector<AccountDraft>& now, EntryFigures figures) {
+        end.details = {{1, {.unit = 0}, figures}, {1, {.item = 0}, -figures}};
+        return obstaclesOf(planOf(end, sheetOf(now)));
+    };
+    const AccountDraft kept = AccountDraft{"1001"}.keptBy("C");
+    EXPECT_EQ(obstacles({kept}, {.money = 5}), Texts{});
+    EXPECT_EQ(planOf(end, sheetOf({kept})).details.size(), 2u);
+    EXPECT_EQ(obstacles({{"1001"}}, {.money = 5}),
+              Texts{"1001 现金:有余额,本年的辅助核算与上年不同。"});
+    EXPECT_EQ(obstacles({kept.foreign(1)}, {.foreign = 5}),
+              Texts{"1001 现金:有外币余额,本年的币种与上年不同。"});
+    EXPECT_EQ(obstacles({kept, {"100101", 0, true, "损益"}}, {.money = 5}),
+              Texts{"1001 现金:上年为末级科目并有余额,本年已有下级科目。"});
+    EXPECT_EQ(obstacles({kept}, {.quantity = 1e13}), Texts{"1001 现金:余额过大,无法记到分。"});
+}
+
 }  // namespace
 }  // namespace carry_plans
