@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "base/values/text.h"
-#include "operators/operator_rules.h"
-#include "operators/operator_sql.h"
+#include "data/access/host_database.h"
+#include "operators/operator_reading.h"
 #include "operators/operator_texts.h"
 #include "report/engine/print_texts.h"
-#include "report/output/list_reading.h"
+#include "report/output/list_fields.h"
 #include "report/output/print_templates.h"
 
 namespace chengheng {
@@ -64,36 +65,24 @@ std::vector<NumberedFunction> allFunctions() {
     return functions;
 }
 
-/// False when they could not be read or are not one to one.
-bool readOperators(std::vector<OperatorRecord>& operators) {
-    std::vector<_UsersInfo> users;
-    std::vector<_UserAuthInfo> rights;
-    if (!readForList(operator_sql::inOrder, users) || !readForList(operator_sql::inOrder, rights))
-        return false;
-    auto paired = pairedOperators(users, rights);
-    if (!paired) return false;
-    operators = *std::move(paired);
-    return true;
-}
-
 bool fillDivision(Report& report) {
-    std::vector<OperatorRecord> operators;
-    if (!readOperators(operators)) return false;
+    std::optional<std::vector<OperatorRecord>> operators;
+    if (!readOperators(*g_pDB, operators) || !operators) return false;
     report.layoutFile = divisionLayout;
-    addRows<OperatorRecord>(report, divisionFields, operators);
+    addRows<OperatorRecord>(report, divisionFields, *operators);
     return true;
 }
 
 bool fillMatrix(Report& report) {
-    std::vector<OperatorRecord> operators;
-    if (!readOperators(operators)) return false;
+    std::optional<std::vector<OperatorRecord>> operators;
+    if (!readOperators(*g_pDB, operators) || !operators) return false;
     const std::vector<NumberedFunction> functions = allFunctions();
     Report left;
     left.columns = report.columns;
     addRows<NumberedFunction>(left, functionFields, functions);
     report.columns = left.columns;
     report.keyColumn = left.keyColumn;
-    for (const OperatorRecord& record : operators) {
+    for (const OperatorRecord& record : *operators) {
         const int width = 2 * static_cast<int>(characterCount(record.user.sUserName));
         ReportColumn& column = report.columns.emplace_back();
         column.heading = record.user.sUserName;
@@ -104,7 +93,7 @@ bool fillMatrix(Report& report) {
         std::vector<ReportCell> cells;
         for (std::size_t column = 0; column < left.columns.size(); ++column)
             cells.push_back(left.cell(row, column));
-        for (const OperatorRecord& record : operators) {
+        for (const OperatorRecord& record : *operators) {
             const bool has = record.isSupervisor() || record.rights.grants(functions[row].number);
             cells.push_back(has ? ReportCell(print_texts::checkMark) : ReportCell());
         }

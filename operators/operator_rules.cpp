@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "base/values/text.h"
 #include "operators/operator_texts.h"
 
@@ -87,11 +90,19 @@ std::string groupInWords(const OperatorRights& rights, int group) {
     return fmt::format(texts::partOfGroup, found.name, names);
 }
 
+/// Whether every operator has an id that no other has; they come in the order of the ids.
+bool areToldApart(std::span<const _UsersInfo> users) {
+    std::int32_t last = 0;
+    return std::ranges::all_of(users, [&last](const _UsersInfo& user) {
+        return user.lUserId > std::exchange(last, user.lUserId);
+    });
+}
+
 }  // namespace
 
 std::optional<std::vector<OperatorRecord>> pairedOperators(std::span<const _UsersInfo> users,
                                                            std::span<const _UserAuthInfo> rights) {
-    if (users.empty() || users.size() != rights.size()) return std::nullopt;
+    if (users.empty() || users.size() != rights.size() || !areToldApart(users)) return std::nullopt;
     std::vector<OperatorRecord> paired;
     paired.reserve(users.size());
     for (std::size_t place = 0; place < users.size(); ++place)

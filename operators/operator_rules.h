@@ -32,7 +32,8 @@ struct OperatorRecord {
 };
 
 /// Operators and rights in the order in which they are read, made one by their places. Nothing
-/// when there is not one string of rights for each operator, or no operator at all.
+/// when there is not one string of rights for each operator, when two operators have one id, or
+/// when there is no operator at all.
 std::optional<std::vector<OperatorRecord>> pairedOperators(std::span<const _UsersInfo> users,
                                                            std::span<const _UserAuthInfo> rights);
 

@@ -9,6 +9,7 @@
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
 #include "data/tables/vouchers.h"
+#include "operators/operator_reading.h"
 #include "operators/operator_sql.h"
 #include "operators/operator_texts.h"
 #include "session/host_globals.h"
@@ -194,19 +195,11 @@ UntoldOutcome deleteOperator(std::int32_t userId) {
 }  // namespace
 
 std::optional<std::vector<OperatorRecord>> OperatorService::readAll() {
-    const auto read = [](auto& rows, const char* condition) {
-        const RowLease<typename std::decay_t<decltype(rows)>::value_type> lease(*g_pDB, condition);
-        rows = lease.copy();
-        return lease.isRead();
-    };
-    std::vector<_UsersInfo> users;
-    std::vector<_UserAuthInfo> rights;
-    if (!selectOpenBooks() || !read(users, operator_sql::inOrder) ||
-        !read(rights, operator_sql::inOrder)) {
+    std::optional<std::vector<OperatorRecord>> paired;
+    if (!selectOpenBooks() || !readOperators(*g_pDB, paired)) {
         tellLastFailure(m_messages);
         return std::nullopt;
     }
-    auto paired = pairedOperators(users, rights);
     if (!paired) m_messages.tell({.text = texts::safetyFault});
     return paired;
 }

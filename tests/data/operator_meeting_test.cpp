@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/layout/layout.h"
 #include "operators/screen/division_screen.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/faulty_engine.h"
 #include "tests/support/operator_books.h"
 #include "tests/support/other_goes_on.h"
 #include "tests/support/other_workstation.h"
@@ -182,5 +184,36 @@ TEST_P(OperatorMeeting, BothSupervisorsChangesOfTheSameRightsStay) {
 }
 
 CHENGHENG_ON_SHARED_ENGINES(OperatorMeeting);
+
+class OperatorsRead : public testing::TestWithParam<EngineCase> {};
+
+TEST_P(OperatorsRead, AreThoseOfOneMomentWhoeverIsAddedMeanwhile) {
+    const std::string location = freshLocation(GetParam());
+    auto made = std::make_unique<FaultyEngine>(openForTest(location));
+    FaultyEngine& engine = *made;
+    ASSERT_TRUE(createLayout(engine));
+    OperatorBooks books(std::move(made));
+    OtherWorkstation other(location);
+    OperatorService service(books.messages, PasswordCost::least);
+    bool hasCome = true;
+    int number = 0;
+    while (hasCome && ++number < 50) {
+        hasCome = false;
+        const std::string id = std::to_string(100 + number);
+        engine.beforeCall(number, [&] {
+            hasCome = true;
+            ASSERT_TRUE(other.ask("sql INSERT INTO Users (lId, lUserId, sUserName) VALUES (" + id +
+                                  ", " + id + ", 'o" + id +
+                                  "'); INSERT INTO UserAuth (lId, lUserId) VALUES (" + id + ", " +
+                                  id + ")"));
+        });
+        EXPECT_TRUE(service.readAll()) << number;
+        engine.beforeCall(0, {});
+    }
+    EXPECT_GT(number, 3);
+    EXPECT_THAT(books.messages.notices(), IsEmpty());
+}
+
+CHENGHENG_ON_SHARED_ENGINES(OperatorsRead);
 
 }  // namespace

@@ -133,6 +133,12 @@ TEST(OperatorRules, DoNotPairWhatIsNotOneToOne) {
     EXPECT_FALSE(pairedOperators(users, {}));
     EXPECT_FALSE(pairedOperators({}, rights));
     EXPECT_FALSE(pairedOperators({}, {})) << "somebody must be there to look at them";
+    for (const std::int32_t id : {1, 0, -1}) {
+        const std::vector<_UsersInfo> twice{{1, 1, "张三", 1, ""}, {2, id, "李明", 0, ""}};
+        EXPECT_FALSE(pairedOperators(twice, rights)) << "a change would be that of both " << id;
+    }
+    EXPECT_FALSE(pairedOperators(std::vector<_UsersInfo>{{1, 0, "张三", 1, ""}},
+                                 std::vector<_UserAuthInfo>{{1, 1, ""}}));
 }
 
 TEST(OperatorStatements, AreThoseOfTheDatabaseFormat) {
