@@ -71,6 +71,14 @@ TEST_P(CarryCommands, NameWhatStandsInTheWay) {
     EXPECT_EQ(m_books.now().rows(), std::vector<std::string>{});
 }
 
+TEST_P(CarryCommands, SayWhenNeitherYearHasAccounts) {
+    m_books.now().books().run("DELETE FROM Code WHERE lId > 0");
+    m_books.mirror();
+    const ToolRun shown = run({"--dry-run"});
+    EXPECT_EQ(shown.code, toolFaultsFound);
+    EXPECT_EQ(shown.err, "上年和本年都没有可以结转的科目,没有改动。\n");
+}
+
 TEST_P(CarryCommands, CarryAndProveItAfterwards) {
     ToolRun ran = run({});
     EXPECT_EQ(ran.code, toolDone);
