@@ -257,7 +257,8 @@ Outcome OperatorService::remove(const OperatorRecord* record) {
     const UntoldOutcome checked = refuseDeletion(record->user);
     if (checked.outcome != Outcome::done) return told(m_messages, checked);
     const Answer answer =
-        m_messages.ask({.text = fmt::format(texts::deletion, record->user.sUserName)});
+        m_messages.ask({.text = fmt::format(texts::deletion, record->user.sUserName),
+                        .icon = MessageIcon::information});
     if (answer != Answer::yes) return Outcome::refused;
     return changeRecords(m_messages, lockLists,
                          [&] { return deleteOperator(record->user.lUserId); });
@@ -283,7 +284,8 @@ Outcome OperatorService::setSupervisor(bool isSupervisor, OperatorRecord& change
 }
 
 bool OperatorService::mayReadAgain() {
-    return m_messages.ask({.text = texts::goneReload}) == Answer::yes;
+    return m_messages.ask({.text = texts::goneReload, .icon = MessageIcon::information}) ==
+           Answer::yes;
 }
 
 }  // namespace chengheng

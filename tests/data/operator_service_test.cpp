@@ -177,7 +177,7 @@ TEST_P(Operators, AreNotModifiedOnceTheyHaveGone) {
     EXPECT_TRUE(m_service.mayReadAgain());
     m_books.messages.willAnswer(Answer::no);
     EXPECT_FALSE(m_service.mayReadAgain());
-    EXPECT_EQ(m_books.messages.questions().front().icon, MessageIcon::question);
+    EXPECT_EQ(m_books.messages.questions().front().icon, MessageIcon::information);
 }
 
 TEST_P(Operators, TakeTheirSessionsAlongWhenTheyAreRenamed) {
@@ -234,7 +234,7 @@ TEST_P(Operators, AreDeletedWithTheirRightsAfterAQuestion) {
     EXPECT_EQ(m_books.stored().size(), 3u);
     const Question& question = m_books.messages.questions().front();
     EXPECT_EQ(question.buttons, AnswerButtons::yesNo);
-    EXPECT_EQ(question.icon, MessageIcon::question);
+    EXPECT_EQ(question.icon, MessageIcon::information);
     EXPECT_EQ(remove(2), Outcome::done);
     EXPECT_THAT(m_books.stored(), ElementsAre("1 张三 主管", "3 赵燕 57"));
     EXPECT_EQ(m_books.rightsOf(2), "");
