@@ -232,7 +232,8 @@ void DivisionWindow::showTree() {
 }
 
 void DivisionWindow::showBoxes() {
-    m_panel->setTitle(shown(m_screen.boxesTitle()));
+    // In the title of a group "&" marks a key.
+    m_panel->setTitle(shown(m_screen.boxesTitle()).replace(u'&', QStringLiteral("&&")));
     const std::string duties = m_screen.dutiesText();
     m_duties->setText(shown(duties));
     m_duties->setVisible(!duties.empty());

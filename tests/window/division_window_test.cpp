@@ -54,6 +54,13 @@ TEST_F(DivisionWindowTest, NumbersItsBoxesInOrderAndNamesThemByTheGroups) {
     }
 }
 
+TEST_F(DivisionWindowTest, TitlesTheBoxesWithANameAsItIs) {
+    books.insert("R&D");
+    open();
+    click("R&D");
+    EXPECT_EQ(title(), "R&&D 的权限") << "one of two is shown";
+}
+
 TEST_F(DivisionWindowTest, ShowsTheThreeStatesOfGroups) {
     open();
     click("李明");
