@@ -6,6 +6,8 @@
 #include <array>
 
 #include "data/engines/open_engine.h"
+#include "session/lock_wait_text.h"
+#include "session/table_rights.h"
 
 namespace chengheng {
 namespace {
@@ -57,6 +59,8 @@ constexpr std::array bookTexts{
                 "对帐套文件“{}”的操作被拒绝,数据没有改动。\n请检查路径是否正确、文件是否已存在。",
                 "服务器拒绝了对帐套“{}”的操作,数据没有改动。\n请检查地址、用户权限以及 schema "
                 "是否已存在。"},
+    FailureText{Failure::notPermitted, "没有对帐套文件“{}”作本次操作的权限,数据没有改动。",
+                "服务器拒绝了对帐套“{}”的操作:所用的数据库用户没有这项权限,数据没有改动。"},
     FailureText{Failure::notOpen, "帐套文件“{}”没有打开。\n请先打开帐套。",
                 "帐套“{}”没有打开。\n请先打开帐套。"},
     FailureText{Failure::crossedWait,
@@ -94,6 +98,11 @@ constexpr PlaceText registryOther =
 constexpr PlaceText passwordFileMissing = "找不到口令文件“{}”。\n请检查路径是否正确。";
 constexpr PlaceText passwordFileOther =
     "无法读取口令文件“{}”。\n请检查文件权限;口令应写在第一行,不超过 1024 个字节。";
+constexpr const char* rightsLine =
+    "\n写入“{}”要有{}权限。权限刚改过时,请管理员再运行一次 chbooks server-roles。";
+constexpr const char* ownersTableLine = "\n“{}”只有帐套在服务器上的所有者才能写入。";
+constexpr const char* ownersWorkLine =
+    "\n增加、删除项目大类等要建立、删除表的操作,只有帐套在服务器上的所有者才能做。";
 constexpr const char* detailLine = "\n详细信息:{}";
 
 PlaceText formatFor(Failure failure, bool isServer, FailureSubject subject) {
@@ -118,6 +127,17 @@ bool isClearWithoutDetail(Failure failure) {
     return std::ranges::find(clear, failure) != clear.end();
 }
 
+/// What a refusal of the server asks for, as far as its words name the table.
+std::string permissionText(std::string_view detail) {
+    const std::string table = tableInWords(detail);
+    const bool isOfProjects = table == "ProjClass" || table.starts_with("projitems");
+    if (table.empty()) return ownersWorkLine;
+    const std::string rights = grantingRights(table, toWrite);
+    std::string text = rights.empty() ? fmt::format(ownersTableLine, tableTitle(table))
+                                      : fmt::format(rightsLine, tableTitle(table), rights);
+    return isOfProjects ? text + ownersWorkLine : text;
+}
+
 /// On one line, for a message box.
 std::string oneLine(std::string_view text) {
     std::string line(text);
@@ -133,6 +153,7 @@ std::string failureText(const Status& status, std::string_view location, Failure
     const PlaceText format = formatFor(status.failure, isServerAddress(location), subject);
     std::string text = fmt::format(format, shownLocation(location));
     const std::string detail = oneLine(status.detail);
+    if (status.failure == Failure::notPermitted) text += permissionText(detail);
     if (!detail.empty() && !isClearWithoutDetail(status.failure))
         text += fmt::format(detailLine, detail);
     return text;

@@ -14,13 +14,6 @@ namespace {
 
 namespace texts = session_texts;
 
-std::string titleOf(const std::string& lockName) {
-    const auto found = std::ranges::find_if(texts::lockTitles, [&](const texts::LockTitle& known) {
-        return isSameInAnyCase(known.name, lockName);
-    });
-    return found == texts::lockTitles.end() ? lockName : found->title;
-}
-
 std::string clockText(std::chrono::system_clock::time_point moment) {
     const std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
     std::tm local{};
@@ -30,15 +23,25 @@ std::string clockText(std::chrono::system_clock::time_point moment) {
 
 }  // namespace
 
+std::string tableTitle(std::string_view table) {
+    const auto found = std::ranges::find_if(texts::lockTitles, [&](const texts::LockTitle& known) {
+        return isSameInAnyCase(known.name, table);
+    });
+    if (found != texts::lockTitles.end()) return found->title;
+    constexpr std::string_view itemTables = "ProjItems";
+    const bool isOfItems = isSameInAnyCase(table.substr(0, itemTables.size()), itemTables);
+    return isOfItems ? tableTitle(itemTables) : std::string(table);
+}
+
 std::string lockWaitText(const LockHolder& holder) {
     const auto orUnknown = [](const std::string& text) {
         return text.empty() ? texts::unknown : text;
     };
     if (holder.lockName.empty()) return texts::fileHeldBySomebody;
     if (holder.operatorName.empty() && holder.station.empty())
-        return fmt::format(texts::lockHeldBySomebody, titleOf(holder.lockName));
+        return fmt::format(texts::lockHeldBySomebody, tableTitle(holder.lockName));
     std::string text = fmt::format(
-        texts::lockHolder, titleOf(holder.lockName), orUnknown(holder.operatorName),
+        texts::lockHolder, tableTitle(holder.lockName), orUnknown(holder.operatorName),
         orUnknown(holder.station),
         holder.since.time_since_epoch().count() == 0 ? texts::unknown : clockText(holder.since));
     if (!holder.function.empty()) text += fmt::format(texts::holdersFunction, holder.function);

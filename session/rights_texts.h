@@ -12,6 +12,7 @@ inline constexpr const char* commonPassword = "这是最常见的口令之一,�
 inline constexpr const char* passwordIsName = "口令与姓名相同,很容易被猜中。";
 
 inline constexpr const char* supervisor = "主管";
+inline constexpr const char* betweenRights = "、";
 inline constexpr const char* supervisorMissing = "你没有[主管]权限!";
 
 std::string rightMissing(std::string_view functionName);

@@ -42,6 +42,7 @@ void addExportOpeningCommand(CLI::App& app, Tool& tool);
 void addImportAuxiliaryCommand(CLI::App& app, Tool& tool);
 void addExportAuxiliaryCommand(CLI::App& app, Tool& tool);
 void addTestVoucherCommand(CLI::App& app, Tool& tool);
+void addServerRolesCommand(CLI::App& app, Tool& tool);
 void addPrintCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.

@@ -52,6 +52,7 @@ constexpr std::array addCommands{addNewCommand,
                                  addImportAuxiliaryCommand,
                                  addExportAuxiliaryCommand,
                                  addTestVoucherCommand,
+                                 addServerRolesCommand,
                                  addPrintCommand};
 
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {

@@ -21,6 +21,7 @@ enum class Failure {
     busy,            ///< another connection holds the database
     unreadable,      ///< a statement or condition that cannot be read
     refused,         ///< the engine refused the statement
+    notPermitted,    ///< whoever is connected to the server may not do that
     notOpen,         ///< no database of that name is open or selected
     crossedWait,     ///< two workstations wait for each other's locks
     cancelled,       ///< the operator gave up waiting

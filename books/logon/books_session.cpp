@@ -200,7 +200,9 @@ std::optional<Refusal> BooksSession::writeNewPassword(Candidate& candidate) {
         return inputRefusal(logon_texts::logonRefused, books_field::password);
     candidate.user = users.front();
     candidate.user.sPassword = candidate.newHash;
-    if (m_database.Users_Edit(candidate.user) != 0) return candidate.failure();
+    const std::string own = logon_sql::ofRightsOwner(candidate.user.lUserId);
+    if (m_database.QRYEdit("Users", own.c_str(), logon_sql::newPassword, candidate.newHash) != 0)
+        return candidate.failure();
     const Status status = writeNewPasswordMark(m_database, candidate.user.lId, false);
     return status ? std::nullopt : std::optional(candidate.failure(status));
 }

@@ -14,6 +14,8 @@ inline constexpr const char* parameters = "lId > 0";
 std::string ofOperator(const std::string& name);
 /// The rights of an operator.
 std::string ofRightsOwner(std::int32_t userId);
+/// What gives an operator another password.
+inline constexpr const char* newPassword = "sPassword = '%s'";
 /// Who is logged on from a workstation.
 std::string ofStation(const std::string& station);
 /// The rows of LoginInfoTbl with one of these ids; "1, 2, 3".

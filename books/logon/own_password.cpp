@@ -38,8 +38,10 @@ UntoldOutcome writeOwn(const std::string& knownHash, const std::string& hash) {
     if (result.outcome != Outcome::done) return result;
     if (user.sPassword != knownHash)
         return refused(logon_texts::oldPasswordWrong, own_password_field::old);
-    user.sPassword = hash;
-    if (g_pDB->Users_Edit(user) != 0 || !writeNewPasswordMark(*g_pDB, user.lId, false))
+    // Of the own row a server may let an operator write nothing but this.
+    const int written = g_pDB->QRYEdit("Users", logon_sql::ofRightsOwner(user.lUserId).c_str(),
+                                       logon_sql::newPassword, hash);
+    if (written != 0 || !writeNewPasswordMark(*g_pDB, user.lId, false))
         return UntoldOutcome::failed();
     return result;
 }

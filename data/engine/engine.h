@@ -118,9 +118,14 @@ class Engine {
 
     /// Of a server, its password included; empty of a file. For opening what lies beside it.
     virtual std::string secretAddress() const { return {}; }
+    /// A role's password as its server keeps it, so that the server never sees the password.
+    /// Refused where there are no roles.
+    virtual Status passwordVerifier(const std::string& role, const std::string& password,
+                                    std::string& verifier);
     virtual Status facts(EngineFacts& facts) = 0;
     /// Begins a transaction that sees one state of the database from its first select to its
-    /// end, whatever others write, and writes nothing itself. rollback() ends it.
+    /// end, whatever others write, and writes nothing itself. rollback() ends it. notPermitted
+    /// where the server keeps rows from whoever is connected: what is read would not be all.
     virtual Status beginReading() = 0;
     /// Looks through the whole database for corruption and adds what it finds, in the
     /// engine's words.
@@ -130,5 +135,9 @@ class Engine {
     /// transaction that has changed something.
     virtual std::optional<Status> copyToFile(const std::string& path) = 0;
 };
+
+inline Status Engine::passwordVerifier(const std::string&, const std::string&, std::string&) {
+    return Status::of(Failure::refused, "no roles");
+}
 
 }  // namespace chengheng

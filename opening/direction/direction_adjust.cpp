@@ -5,8 +5,8 @@
 #include "base/values/text.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/host_database.h"
-#include "data/tables/accounts.h"
 #include "opening/sheet/opening_texts.h"
+#include "opening/storing/opening_sql.h"
 
 namespace chengheng {
 namespace {
@@ -28,15 +28,10 @@ UntoldOutcome outcomeOfStoring(int operationResult) {
     return UntoldOutcome::failed();
 }
 
+/// Writes nothing else of the account: on a server the right to turn it reaches no further.
 UntoldOutcome storeDirection(std::int32_t accountId, bool isDebit) {
-    _CodeInfo* row = nullptr;
-    if (const int read = g_pDB->Code_GetInfo(row, accountId); read != 0)
-        return outcomeOfStoring(read);
-    _CodeInfo account = *row;
-    account.bDirect = isDebit ? 1 : 0;
-    const UntoldOutcome result = outcomeOfStoring(g_pDB->Code_Edit(account));
-    g_pDB->Code_ReleaseAllBuffer();
-    return result;
+    return outcomeOfStoring(g_pDB->QRYEdit("Code", opening_sql::account(accountId).c_str(),
+                                           opening_sql::direction, isDebit ? 1 : 0));
 }
 
 /// Turns an account of the books as they are now; it must be the one that was asked about.

@@ -11,6 +11,8 @@ double openingOf(const Balances& balances, Measure measure) {
 
 }  // namespace
 
+std::string account(std::int32_t accountId) { return formatSql("lId = %d", accountId); }
+
 std::string sumsOf(std::int32_t accountId) { return formatSql("lCodeId = %ld", accountId); }
 
 std::string sumsOfInOrder(std::int32_t accountId) {

@@ -20,6 +20,10 @@ inline constexpr const char* secondPeriod = "byPeroid = 2 AND mBegin is not NULL
 inline constexpr const char* vouchers = "byPeroid>0";
 inline constexpr const char* anyRow = "lId > 0";
 
+std::string account(std::int32_t accountId);
+/// What gives it a direction.
+inline constexpr const char* direction = "bDirect = %d";
+
 /// The rows of an account.
 std::string sumsOf(std::int32_t accountId);
 std::string sumsOfInOrder(std::int32_t accountId);

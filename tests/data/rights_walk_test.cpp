@@ -21,6 +21,7 @@
 #include "directories/transfer/directory_import.h"
 #include "opening/direction/direction_adjust.h"
 #include "operators/operator_service.h"
+#include "operators/roles/server_roles.h"
 #include "settle/settle_service.h"
 #include "sheets/delimited/delimited_text.h"
 #include "tests/support/carry_books.h"
@@ -222,9 +223,19 @@ std::vector<Writing> RightsWalk::onSettings() {
              [this] { PresetService(messages()).finish(PresetSet::unclassified); }},
             {"vouchertype/transfer/voucher_type_import.cpp", "凭证类别设置",
              [this] { importRows(VoucherTypeImport(messages()), "类别,名称\n收,收款凭证\n"); }},
-            {"operators/operator_service.cpp", "主管", [this] {
+            {"operators/operator_service.cpp", "主管",
+             [this] {
                  OperatorRecord added;
                  OperatorService(messages(), PasswordCost::least).add({"王芳", "", ""}, added);
+             }},
+            {"operators/roles/server_roles.cpp", "主管",
+             [this] {
+                 RolesOutcome outcome;
+                 ServerRoles(messages()).bringIntoLine({}, outcome);
+             }},
+            {"operators/roles/server_roles.cpp", "主管", [this] {
+                 RolesOutcome outcome;
+                 ServerRoles(messages()).end(outcome);
              }}};
 }
 

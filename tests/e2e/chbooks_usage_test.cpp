@@ -42,6 +42,7 @@ constexpr const char* commands[] = {"new",
                                     "import-auxiliary",
                                     "export-auxiliary",
                                     "test-voucher",
+                                    "server-roles",
                                     "print"};
 
 TEST(ToolUsage, HelpNamesEveryCommandAndExitCode) {

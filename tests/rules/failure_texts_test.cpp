@@ -15,7 +15,7 @@ constexpr Failure allFailures[] = {
     Failure::newerVersion, Failure::unreachable, Failure::lost,           Failure::full,
     Failure::busy,         Failure::unreadable,  Failure::refused,        Failure::notOpen,
     Failure::crossedWait,  Failure::cancelled,   Failure::wrongValue,     Failure::notStorable,
-    Failure::noIdLeft,     Failure::unconfirmed, Failure::passwordNeeded,
+    Failure::noIdLeft,     Failure::unconfirmed, Failure::passwordNeeded, Failure::notPermitted,
 };
 
 TEST(FailureTexts, EveryFailureNamesTheFile) {
@@ -51,6 +51,40 @@ TEST(FailureTexts, LostServerIsSaidToBeConnectedAgain) {
               "本次操作没有完成,已保存的数据不受影响。\n"
               "请检查网络和服务器后重试,程序会自动重新连接。\n"
               "详细信息:server closed the connection");
+}
+
+std::string permissionText(const char* detail) {
+    const std::string text = failureText(Status::of(Failure::notPermitted, detail), server);
+    const std::string head =
+        "服务器拒绝了对帐套“postgresql://li@db.example:5432/books?schema=zw001_2026”的操作:"
+        "所用的数据库用户没有这项权限,数据没有改动。\n";
+    const std::string end = std::string("\n详细信息:") + detail;
+    EXPECT_TRUE(text.starts_with(head) && text.ends_with(end)) << text;
+    return text.substr(head.size(), text.size() - head.size() - end.size());
+}
+
+TEST(FailureTexts, ARefusedStatementNamesTheRightsThatAreMissing) {
+    const std::string again = "权限刚改过时,请管理员再运行一次 chbooks server-roles。";
+    EXPECT_EQ(permissionText("permission denied for table settle"),
+              "写入“结算方式”要有[结算方式设置]权限。" + again);
+    EXPECT_EQ(permissionText("permission denied for table code"),
+              "写入“会计科目”要有[会计科目设置]、[期初余额录入]权限。" + again);
+    EXPECT_EQ(permissionText("对表 exchgflt 权限不够"),
+              "写入“浮动汇率”要有[外币设置]权限。" + again);
+    EXPECT_EQ(permissionText("new row violates row-level security policy for table \"users\""),
+              "写入“操作员”要有[主管]权限。" + again);
+    EXPECT_EQ(permissionText("permission denied for table booksformat"),
+              "“BooksFormat”只有帐套在服务器上的所有者才能写入。");
+}
+
+TEST(FailureTexts, WhatNeedsTheOwnerOfTheBooksIsSaidToNeedHim) {
+    const std::string owner =
+        "增加、删除项目大类等要建立、删除表的操作,只有帐套在服务器上的所有者才能做。";
+    EXPECT_EQ(permissionText("permission denied for schema zw001_2026"), owner);
+    EXPECT_EQ(permissionText("must be owner of table projitems07"),
+              "写入“项目”要有[项目定义及目录]权限。权限刚改过时,请管理员再运行一次 chbooks "
+              "server-roles。\n" +
+                  owner);
 }
 
 TEST(FailureTexts, WhatIsNotConfirmedIsNotSaidToBeLeftUndone) {

@@ -37,8 +37,10 @@ TEST(LockWaitText, KnowsALockInAnyCaseAndShowsAnUnknownOneAsItIs) {
     LockHolder holder = someHolder();
     holder.lockName = "ACCSUM";
     EXPECT_TRUE(lockWaitText(holder).starts_with("“科目余额”"));
-    holder.lockName = "Dept";
-    EXPECT_TRUE(lockWaitText(holder).starts_with("“Dept”"));
+    holder.lockName = "Elsewhere";
+    EXPECT_TRUE(lockWaitText(holder).starts_with("“Elsewhere”"));
+    holder.lockName = "ProjItems07";
+    EXPECT_TRUE(lockWaitText(holder).starts_with("“项目”"));
 }
 
 TEST(LockWaitText, SaysWhenTheHolderIsNotKnown) {

@@ -59,6 +59,10 @@ class FaultyEngine final : public Engine {
     /// Locks to be used instead of the real engine's; not owned.
     void replaceLocks(LockService& locks) { m_locks = &locks; }
     std::string secretAddress() const override { return m_engine->secretAddress(); }
+    Status passwordVerifier(const std::string& role, const std::string& password,
+                            std::string& verifier) override {
+        return m_engine->passwordVerifier(role, password, verifier);
+    }
     Status facts(EngineFacts& facts) override { return m_engine->facts(facts); }
     Status beginReading() override;
     Status verify(std::vector<std::string>& faults) override;

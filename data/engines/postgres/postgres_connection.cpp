@@ -19,17 +19,18 @@ struct StateMeaning {
 };
 
 constexpr StateMeaning stateMeanings[] = {
-    {"53100", Failure::full},         // disk full
-    {"25006", Failure::readOnly},     // read-only transaction
-    {"XX001", Failure::damaged},      // data corrupted
-    {"XX002", Failure::damaged},      // index corrupted
-    {"3D000", Failure::missing},      // no such database
-    {"3F000", Failure::missing},      // no such schema
-    {"22003", Failure::notStorable},  // numeric value out of range
-    {"23514", Failure::notStorable},  // check violation
-    {"55P03", Failure::busy},         // lock not available
-    {"40001", Failure::busy},         // serialization failure
-    {"40P01", Failure::crossedWait},  // deadlock detected
+    {"53100", Failure::full},          // disk full
+    {"25006", Failure::readOnly},      // read-only transaction
+    {"42501", Failure::notPermitted},  // insufficient privilege
+    {"XX001", Failure::damaged},       // data corrupted
+    {"XX002", Failure::damaged},       // index corrupted
+    {"3D000", Failure::missing},       // no such database
+    {"3F000", Failure::missing},       // no such schema
+    {"22003", Failure::notStorable},   // numeric value out of range
+    {"23514", Failure::notStorable},   // check violation
+    {"55P03", Failure::busy},          // lock not available
+    {"40001", Failure::busy},          // serialization failure
+    {"40P01", Failure::crossedWait},   // deadlock detected
     {"28P01", Failure::passwordNeeded},
     {"57P01", Failure::lost},  // administrator ended the session
     {"57P02", Failure::lost},  // another session crashed the server

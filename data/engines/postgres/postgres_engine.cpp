@@ -56,9 +56,9 @@ class PostgresEngine final : public Engine {
     Status facts(EngineFacts& facts) override {
         return readPostgresFacts(m_transaction, m_connection, facts);
     }
-    Status beginReading() override {
-        return m_transaction.begin("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
-    }
+    Status beginReading() override;
+    Status passwordVerifier(const std::string& role, const std::string& password,
+                            std::string& verifier) override;
     Status verify(std::vector<std::string>& faults) override {
         return verifyPostgres(m_transaction, m_connection, faults);
     }
@@ -205,6 +205,35 @@ Status PostgresEngine::beginAlone() {
     if (status) return status;
     if (Status undone = rollback(); !undone) status.detail += "; " + undone.detail;
     return status;
+}
+
+Status PostgresEngine::beginReading() {
+    Status status = m_transaction.begin("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
+    PostgresResult hidden;
+    if (status)
+        status = m_transaction.run(
+            "SELECT tablename FROM pg_policies WHERE schemaname = current_schema() "
+            "AND permissive = 'RESTRICTIVE' AND cmd IN ('SELECT', 'ALL') "
+            "AND current_user = ANY (roles) AND row_security_active(format('%I.%I', schemaname, "
+            "tablename)) ORDER BY tablename DESC LIMIT 1",
+            &hidden);
+    if (!status || PQntuples(hidden.get()) == 0) return status;
+    status = Status::of(Failure::notPermitted, "rows are kept back of table " +
+                                                   std::string(PQgetvalue(hidden.get(), 0, 0)));
+    if (Status undone = rollback(); !undone) status.detail += "; " + undone.detail;
+    return status;
+}
+
+Status PostgresEngine::passwordVerifier(const std::string& role, const std::string& password,
+                                        std::string& verifier) {
+    if (!m_connection.isConnected()) return Status::of(Failure::lost, "not connected");
+    const std::unique_ptr<char, void (*)(void*)> made(
+        PQencryptPasswordConn(m_connection.handle(), password.c_str(), role.c_str(),
+                              "scram-sha-256"),
+        PQfreemem);
+    if (made == nullptr) return Status::of(Failure::refused, "the password cannot be encrypted");
+    verifier = made.get();
+    return Status::done();
 }
 
 Status PostgresEngine::ensureConnected() {
