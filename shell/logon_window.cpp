@@ -6,6 +6,7 @@
 #include "base/system/owned_files.h"
 #include "base/system/workstation.h"
 #include "books/carrying/carry_forward.h"
+#include "books/carrying/carry_texts.h"
 #include "books/logon/known_books.h"
 #include "books/logon/logon_texts.h"
 #include "books/logon/password_file.h"
@@ -286,8 +287,8 @@ void LogonWindow::makeNewYear() {
 }
 
 QString LogonWindow::carryIntoNewYear() {
-    const QString failed = shell_texts::newYearNotCarried;
-    if (!openSession()) return failed.arg(shell_texts::newYearNotOpened);
+    const auto line = [](const std::string& text) { return QString::fromStdString(text + '\n'); };
+    if (!openSession()) return line(notCarriedIntoNewYear(carry_texts::newYearNotOpened));
     CarriedForward carried;
     std::vector<Notice> untold;
     if (const auto refusal = rightRefusal(carryForwardRight))
@@ -297,9 +298,7 @@ QString LogonWindow::carryIntoNewYear() {
             carried = carryForward(m_registry, untold, told);
         });
     m_session.logOff();
-    if (carried.outcome == Outcome::done)
-        return QString(shell_texts::newYearCarried).arg(QString::fromStdString(carried.remark));
-    return failed.arg(QString::fromStdString(untold.back().text));
+    return line(carriedIntoNewYear(carried, untold));
 }
 
 /// The next log-on begins a new history, so nobody would be told of this one.

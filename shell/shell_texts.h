@@ -13,10 +13,7 @@ inline constexpr const char* newYearHint = "由帐套“%1”的%2年度建立%3
 inline constexpr const char* newYearWorking = "正在建立%1年度帐套...";
 inline constexpr const char* newYearMade =
     "帐套“%1”的%2年度已建立,存放在:\n%3\n%4\n操作员和口令与上年相同。现在登录新年度吗?";
-inline constexpr const char* newYearNotOpened = "新年度帐套没有打开。";
 inline constexpr const char* newYearCarrying = "正在结转上年余额...";
-inline constexpr const char* newYearCarried = "%1\n";
-inline constexpr const char* newYearNotCarried = "没有结转上年余额,原因:%1\n";
 inline constexpr const char* makeIt = "建立";
 inline constexpr const char* serverPasswordTitle = "服务器口令";
 inline constexpr const char* serverPasswordWanted = "数据库服务器“%1”需要口令。";

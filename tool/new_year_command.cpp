@@ -6,6 +6,8 @@
 #include <ostream>
 
 #include "base/system/workstation.h"
+#include "books/carrying/carry_forward.h"
+#include "books/carrying/carry_texts.h"
 #include "books/logon/foreign_objects_text.h"
 #include "books/newyear/new_year_books.h"
 #include "tool/command_line.h"
@@ -23,19 +25,47 @@ struct NewYearOptions {
     bool isUnlisted = false;
     bool isDryRun = false;
     bool isJson = false;
+    bool isCarrying = false;
 };
 
-std::string jsonOf(const NewYearPlan& plan, bool isMade) {
+/// What became of the balances once the books were made.
+struct CarriedBalances {
+    bool isDone = false;
+    std::string text;
+};
+
+std::string jsonOf(const NewYearPlan& plan, bool isMade,
+                   const std::optional<CarriedBalances>& balances) {
     Json taken = Json::object();
     for (const NewYearPlan::Taken& each : plan.taken) taken[each.table] = each.rows;
-    return jsonText({{"made", isMade},
-                     {"name", plan.facts.setName},
-                     {"year", plan.facts.year},
-                     {"location", shownLocation(plan.facts.place)},
-                     {"from", shownLocation(plan.facts.source)},
-                     {"lastRates", plan.bringsLastRates},
-                     {"taken", taken}}) +
-           '\n';
+    Json json{{"made", isMade},
+              {"name", plan.facts.setName},
+              {"year", plan.facts.year},
+              {"location", shownLocation(plan.facts.place)},
+              {"from", shownLocation(plan.facts.source)},
+              {"lastRates", plan.bringsLastRates},
+              {"taken", taken}};
+    if (balances) json["balances"] = {{"carried", balances->isDone}, {"text", balances->text}};
+    return jsonText(json) + '\n';
+}
+
+/// Fills the books that were made; whatever comes of it, they stay.
+CarriedBalances carryInto(Tool& tool, const NewYearPlan& made, const BooksRegistry& registry) {
+    const std::string& place = made.facts.place;
+    const CarriedBalances notOpened{false, notCarriedIntoNewYear(carry_texts::newYearNotOpened)};
+    auto engine = openBooks(tool, place, BooksUse::changing);
+    if (engine == nullptr) return notOpened;
+    ToolSession session(std::move(engine), place);
+    if (session.logOn(tool, place)) return notOpened;
+    std::vector<Notice> untold;
+    const CarriedForward carried = carryForwardFrom(made.facts.source, registry, untold);
+    const bool isDone = carried.outcome == Outcome::done;
+    CarriedBalances balances{isDone, carriedIntoNewYear(carried, untold)};
+    // The last one says why nothing was carried and is part of the text.
+    if (!isDone) untold.pop_back();
+    ToolMessages messages(tool, false);
+    for (const Notice& notice : untold) messages.tell(notice);
+    return balances;
 }
 
 ExitCode makeNewYear(Tool& tool, NewYearOptions& options) {
@@ -55,16 +85,21 @@ ExitCode makeNewYear(Tool& tool, NewYearOptions& options) {
     if (refusal) return tellRefusal(tool, *refusal);
     for (const ForeignObject& object : plan.leftOut)
         tool.err << fmt::format(tool_texts::objectLeftOut, nameOf(object)) << '\n';
-    if (options.isJson)
-        tool.out << jsonOf(plan, !options.isDryRun);
-    else
+    const bool isMade = !options.isDryRun;
+    if (!options.isJson)
         tool.out << plan.text()
-                 << (options.isDryRun
-                         ? std::string(tool_texts::newYearNotMade)
-                         : fmt::format(tool_texts::newYearMade, plan.facts.setName, plan.facts.year,
-                                       shownLocation(plan.facts.place)))
+                 << (isMade ? fmt::format(tool_texts::newYearMade, plan.facts.setName,
+                                          plan.facts.year, shownLocation(plan.facts.place))
+                            : std::string(tool_texts::newYearNotMade))
                  << '\n';
-    return ExitCode::done;
+    session.reset();
+    std::optional<CarriedBalances> balances;
+    if (options.isCarrying) balances = carryInto(tool, plan, registry);
+    const bool isFilled = !balances || balances->isDone;
+    if (options.isJson) tool.out << jsonOf(plan, isMade, balances);
+    if (balances && !(options.isJson && isFilled))
+        (isFilled ? tool.out : tool.err) << balances->text << '\n';
+    return isFilled ? ExitCode::done : ExitCode::faultsFound;
 }
 
 }  // namespace
@@ -77,7 +112,8 @@ void addNewYearCommand(CLI::App& app, Tool& tool) {
     command->add_flag("--last-rates", options->order.bringsLastRates, tool_texts::lastRatesOption);
     command->add_flag("--unlisted", options->isUnlisted, tool_texts::newYearUnlisted);
     addWriter(*command, tool);
-    command->add_flag("--dry-run", options->isDryRun, tool_texts::dryRunNewYear);
+    CLI::Option* dry = command->add_flag("--dry-run", options->isDryRun, tool_texts::dryRunNewYear);
+    command->add_flag("--carry", options->isCarrying, tool_texts::carryIntoNewYear)->excludes(dry);
     command->add_flag("--json", options->isJson, tool_texts::jsonOption);
     command->callback([&tool, options] {
         tool.action = [&tool, options] { return makeNewYear(tool, *options); };

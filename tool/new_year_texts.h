@@ -10,6 +10,8 @@ inline constexpr const char* newYearTarget =
 inline constexpr const char* lastRatesOption = "以各外币上年最后一个汇率作为新年度的第一个汇率";
 inline constexpr const char* newYearUnlisted = "不列入本机的帐套列表;须用 --target 指定位置";
 inline constexpr const char* dryRunNewYear = "只说明将要建立什么,不建立";
+inline constexpr const char* carryIntoNewYear =
+    "建立后结转上年余额;不能结转时新年度帐套照样建立,退出码为1";
 inline constexpr const char* newYearMade = "帐套“{}”的{}年度已建立:{}";
 inline constexpr const char* newYearNotMade = "没有建立。";
 

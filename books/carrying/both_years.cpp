@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "books/carrying/carry_texts.h"
-#include "books/carrying/last_year.h"
 #include "books/logon/temporary_name.h"
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
@@ -46,27 +45,31 @@ UntoldOutcome BothYears::read(const CarryProgress& progress) {
     Status status = selectOpenBooks();
     if (status) status = readYear(*g_pDB, now);
     if (!status) return UntoldOutcome::failed();
-    std::vector<BooksSet> sets;
-    if (status = m_registry.read(sets); !status)
-        return failedAt(status, m_registry.path(), FailureSubject::registry);
-    const std::string location = placeOfLastYear(sets, now);
-    if (location.empty()) return carryRefused(carry_texts::noLastYear);
-    if (auto text = giveNameBack(location)) m_untold.push_back({.text = *std::move(text)});
-    UntoldOutcome read = readLastYear(now.year - 1, location, progress);
+    if (m_lastYear.empty())
+        if (UntoldOutcome found = findLastYear(now); found.outcome != Outcome::done) return found;
+    if (auto text = giveNameBack(m_lastYear)) m_untold.push_back({.text = *std::move(text)});
+    UntoldOutcome read = readLastYear(now.year - 1, progress);
     if (read.outcome != Outcome::done) return read;
     return selectOpenBooks() ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
-UntoldOutcome BothYears::readLastYear(int year, const std::string& location,
-                                      const CarryProgress& progress) {
+UntoldOutcome BothYears::findLastYear(const YearOfBooks& now) {
+    std::vector<BooksSet> sets;
+    if (const Status status = m_registry.read(sets); !status)
+        return failedAt(status, m_registry.path(), FailureSubject::registry);
+    m_lastYear = placeOfLastYear(sets, now);
+    return m_lastYear.empty() ? carryRefused(carry_texts::noLastYear) : UntoldOutcome::done();
+}
+
+UntoldOutcome BothYears::readLastYear(int year, const CarryProgress& progress) {
     LastYear before(*g_pDB);
-    Status status = before.open(location, year);
+    Status status = before.open(m_lastYear, year);
     if (status.failure == Failure::missing) return carryRefused(carry_texts::noLastYear);
     if (status && !goesOn(progress)) return carryGivenUp();
     if (status) status = readYearEnd(*g_pDB, m_end);
     if (status && !goesOn(progress)) return carryGivenUp();
     if (status) status = m_membersBefore.read(*g_pDB);
-    return status ? UntoldOutcome::done() : failedAt(status, location, FailureSubject::books);
+    return status ? UntoldOutcome::done() : failedAt(status, m_lastYear, FailureSubject::books);
 }
 
 }  // namespace chengheng

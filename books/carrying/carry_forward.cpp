@@ -53,8 +53,8 @@ std::string remarkOn(const CarryPlan& plan, const OpeningBooks& books) {
 class Carrying {
   public:
     Carrying(const BooksRegistry& registry, std::vector<Notice>& untold,
-             const CarryProgress& progress)
-        : m_before(registry, untold), m_progress(progress) {}
+             const CarryProgress& progress, const std::string& lastYear = {})
+        : m_before(registry, untold, lastYear), m_progress(progress) {}
 
     UntoldOutcome run(CarriedForward& result) {
         Status status = selectOpenBooks();
@@ -151,6 +151,23 @@ CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& 
     CarriedForward result;
     result.outcome = outcomeOf(Carrying(registry, untold, progress).run(result), untold);
     return result;
+}
+
+CarriedForward carryForwardFrom(const std::string& lastYear, const BooksRegistry& registry,
+                                std::vector<Notice>& untold) {
+    CarriedForward result;
+    const CarryProgress nobody;
+    result.outcome = outcomeOf(Carrying(registry, untold, nobody, lastYear).run(result), untold);
+    return result;
+}
+
+std::string carriedIntoNewYear(const CarriedForward& carried, std::span<const Notice> untold) {
+    return carried.outcome == Outcome::done ? carried.remark
+                                            : notCarriedIntoNewYear(untold.back().text);
+}
+
+std::string notCarriedIntoNewYear(const std::string& reason) {
+    return fmt::format(carry_texts::notCarried, reason);
 }
 
 Outcome previewCarry(const BooksRegistry& registry, CarryPreview& preview,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,15 @@ namespace chengheng {
 /// to `untold`.
 CarriedForward carryForward(const BooksRegistry& registry, std::vector<Notice>& untold,
                             const CarryProgress& progress = {});
+
+/// The same out of the books at a place, where it is known which these were made from.
+CarriedForward carryForwardFrom(const std::string& lastYear, const BooksRegistry& registry,
+                                std::vector<Notice>& untold);
+
+/// What there is to say of a carry-forward that followed the making of this year's books: what
+/// was carried, or why nothing was. `untold` is what it left.
+std::string carriedIntoNewYear(const CarriedForward& carried, std::span<const Notice> untold);
+std::string notCarriedIntoNewYear(const std::string& reason);
 
 /// A carry-forward that is not done, account by account.
 struct CarryPreview {

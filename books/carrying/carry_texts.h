@@ -15,6 +15,9 @@ inline constexpr const char* obstacles = "不能结转上年余额,没有改动:
 inline constexpr const char* moreObstacles = "……共 {} 处";
 /// Accounts, debits, credits.
 inline constexpr const char* carried = "已结转 {} 个科目,借方合计 {},贷方合计 {}。";
+/// Where it was to follow the making of this year's books.
+inline constexpr const char* notCarried = "没有结转上年余额,原因:{}";
+inline constexpr const char* newYearNotOpened = "新年度帐套没有打开。";
 
 inline constexpr const char* added = "{} {}:上年没有此科目。";
 inline constexpr const char* removed = "{} {}:本年没有此科目。";
