@@ -13,17 +13,18 @@ namespace {
 using namespace chengheng;
 using testing::HasSubstr;
 
-TEST(CarryCommand, IsDoneByOneOfTwoWorkstationsThatBeginAtOnceAndTheOtherIsTold) {
-    const std::string folder = freshFolder();
-    const std::string last = folder + "/2026/Nbzw.db";
-    const std::string books = folder + "/2027/Nbzw.db";
+class CarryCommand : public testing::TestWithParam<EngineCase> {};
+
+TEST_P(CarryCommand, IsDoneByOneOfTwoWorkstationsThatBeginAtOnceAndTheOtherIsTold) {
+    const std::string last = freshLocation(GetParam());
+    const std::string books = freshLocation(GetParam());
     NewBooks facts = sampleBooks();
-    facts.name = "两个工作站";
+    facts.name = "两个工作站 " + GetParam().name;
     makeBooks(last, facts);
     runScript(*openForTest(last, OpenMode::existing),
               "INSERT INTO AccSum SELECT 1, lId, 12, 5, 2, 0, 0, 0, 0, 0, 0, 0 FROM Code "
               "WHERE sCode = '1001'");
-    ASSERT_EQ(chbooks({"new-year", last}).exitCode, chbooks_exit::done);
+    ASSERT_EQ(chbooks({"new-year", last, "--target", books}).exitCode, chbooks_exit::done);
     for (int time = 0; time < 6; ++time) {
         const auto carry = [&books] { return chbooks({"carry-forward", books}); };
         std::array both{std::async(std::launch::async, carry),
@@ -40,5 +41,7 @@ TEST(CarryCommand, IsDoneByOneOfTwoWorkstationsThatBeginAtOnceAndTheOtherIsTold)
         runScript(*engine, "DELETE FROM AccSum");
     }
 }
+
+CHENGHENG_ON_SHARED_ENGINES(CarryCommand);
 
 }  // namespace
