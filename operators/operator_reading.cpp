@@ -19,11 +19,16 @@ Status readInOrder(CNbCwDB& database, std::vector<Record>& records) {
 
 Status readOperators(CNbCwDB& database, std::optional<std::vector<OperatorRecord>>& operators) {
     operators.reset();
+    const ReadingMoment moment(database);
+    return moment.status() ? readLockedOperators(database, operators) : moment.status();
+}
+
+Status readLockedOperators(CNbCwDB& database,
+                           std::optional<std::vector<OperatorRecord>>& operators) {
+    operators.reset();
     std::vector<_UsersInfo> users;
     std::vector<_UserAuthInfo> rights;
-    const ReadingMoment moment(database);
-    Status status = moment.status();
-    if (status) status = readInOrder(database, users);
+    Status status = readInOrder(database, users);
     if (status) status = readInOrder(database, rights);
     if (status) operators = pairedOperators(users, rights);
     return status;

@@ -12,4 +12,8 @@ namespace chengheng {
 /// in `operators` where they are not one to one.
 Status readOperators(CNbCwDB& database, std::optional<std::vector<OperatorRecord>>& operators);
 
+/// The same in a unit of work, whose locks keep others from changing them.
+Status readLockedOperators(CNbCwDB& database,
+                           std::optional<std::vector<OperatorRecord>>& operators);
+
 }  // namespace chengheng

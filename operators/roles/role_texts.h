@@ -11,7 +11,6 @@ inline constexpr const char* mayNotMakeRoles =
 inline constexpr const char* notOwner =
     "数据库用户“{}”不是表“{}”的所有者,不能分配它的权限,什么都没有改变。\n"
     "请用帐套在服务器上的所有者连接。";
-inline constexpr const char* safetyFault = "系统安全出现故障!";
 
 inline constexpr const char* fileMissing = "找不到口令文件“{}”。\n请检查路径是否正确。";
 inline constexpr const char* fileUnreadable = "无法读取口令文件“{}”。\n请检查文件权限。";

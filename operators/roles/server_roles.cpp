@@ -7,9 +7,9 @@
 #include "base/values/text.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/host_database.h"
-#include "data/access/row_lease.h"
 #include "data/connection/database.h"
-#include "operators/operator_sql.h"
+#include "operators/operator_reading.h"
+#include "operators/operator_texts.h"
 #include "operators/roles/role_sql.h"
 #include "operators/roles/role_texts.h"
 #include "session/open_books.h"
@@ -21,22 +21,8 @@ namespace texts = role_texts;
 
 constexpr LockLists lockLists{WriteRight::supervisor, "ProjClass ProjItems", "Users UserAuth"};
 
-template <class Record>
-bool readInOrder(std::vector<Record>& rows) {
-    const RowLease<Record> lease(*g_pDB, operator_sql::inOrder);
-    rows = lease.copy();
-    return lease.isRead();
-}
-
-UntoldOutcome readOperators(std::vector<OperatorRecord>& operators) {
-    std::vector<_UsersInfo> users;
-    std::vector<_UserAuthInfo> rights;
-    if (!readInOrder(users) || !readInOrder(rights)) return UntoldOutcome::failed();
-    auto paired = pairedOperators(users, rights);
-    if (!paired) return UntoldOutcome::refused({.text = texts::safetyFault});
-    operators = *std::move(paired);
-    return UntoldOutcome::done();
-}
+using Operators = std::optional<std::vector<OperatorRecord>>;
+using OperatorReader = Status (&)(CNbCwDB& database, Operators& operators);
 
 UntoldOutcome onEngine(const std::function<Status(Engine&)>& work) {
     const Status status =
@@ -44,15 +30,17 @@ UntoldOutcome onEngine(const std::function<Status(Engine&)>& work) {
     return status ? UntoldOutcome::done() : UntoldOutcome::failed();
 }
 
-UntoldOutcome plan(std::span<const RolePassword> passwords, RolesState& state, RolesPlan& plan) {
-    std::vector<OperatorRecord> operators;
-    UntoldOutcome result = readOperators(operators);
-    if (result.outcome != Outcome::done) return result;
-    if (const auto refusal = rolePasswordRefusal(passwords, operators))
+UntoldOutcome plan(OperatorReader read, std::span<const RolePassword> passwords, RolesState& state,
+                   RolesPlan& plan) {
+    Operators operators;
+    if (!read(*g_pDB, operators)) return UntoldOutcome::failed();
+    if (!operators) return UntoldOutcome::refused({.text = operator_texts::safetyFault});
+    if (const auto refusal = rolePasswordRefusal(passwords, *operators))
         return UntoldOutcome::refused(refusal->notice);
-    result = onEngine([&state](Engine& engine) { return readRolesState(engine, state); });
+    UntoldOutcome result =
+        onEngine([&state](Engine& engine) { return readRolesState(engine, state); });
     if (result.outcome != Outcome::done) return result;
-    plan = planRoles(state, operators);
+    plan = planRoles(state, *operators);
     for (RoleChange& change : plan.roles)
         change.getsPassword = std::ranges::find(passwords, change.operatorName,
                                                 &RolePassword::operatorName) != passwords.end();
@@ -109,13 +97,13 @@ UntoldOutcome carryOut(std::span<const RolePassword> passwords, const RolesState
 Outcome ServerRoles::look(std::span<const RolePassword> passwords, RolesOutcome& outcome) {
     if (!selectOpenBooks()) return told(m_messages, UntoldOutcome::failed());
     RolesState state;
-    return told(m_messages, plan(passwords, state, outcome.plan));
+    return told(m_messages, plan(readOperators, passwords, state, outcome.plan));
 }
 
 Outcome ServerRoles::bringIntoLine(std::span<const RolePassword> passwords, RolesOutcome& outcome) {
     return changeRecords(m_messages, lockLists, [&] {
         RolesState state;
-        const UntoldOutcome planned = plan(passwords, state, outcome.plan);
+        const UntoldOutcome planned = plan(readLockedOperators, passwords, state, outcome.plan);
         return planned.outcome == Outcome::done ? carryOut(passwords, state, outcome) : planned;
     });
 }

@@ -182,6 +182,18 @@ TEST_F(ServerRolesCommand, OnlySaysWhatItWouldDoInADryRun) {
     EXPECT_EQ(trace(), made);
 }
 
+TEST_F(ServerRolesCommand, GivesNobodyTheRightsOfAnother) {
+    m_books->add("李明", {57}, "");
+    m_books->ask("DELETE FROM UserAuth WHERE lUserId = 2");
+    const std::string before = trace();
+    for (const auto& options : {std::vector<std::string>{}, {"--dry-run"}}) {
+        const ToolRun run = m_books->run(options);
+        EXPECT_EQ(run.code, toolWrongInput);
+        EXPECT_EQ(run.err, "系统安全出现故障!\n");
+    }
+    EXPECT_EQ(trace(), before);
+}
+
 TEST_F(ServerRolesCommand, TakesAllAwayAgain) {
     const std::string before = trace();
     m_books->add("李明", {1, 43, 48});
