@@ -3,6 +3,7 @@
 
 #include "operators/roles/server_roles.h"
 #include "session/host_globals.h"
+#include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
 #include "tests/support/killed_process.h"
 #include "tests/support/made_books.h"
