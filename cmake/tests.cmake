@@ -64,6 +64,8 @@ foreach(layer data rules)
     add_test(NAME ${layer} COMMAND test_${layer})
     set_tests_properties(${layer} PROPERTIES LABELS ${layer})
 endforeach()
+# Some look at the server past our own connection.
+target_link_libraries(test_data PRIVATE PostgreSQL::PostgreSQL)
 # The same code runs below the tests of windows and programs, where stacks are watched for uses
 # after their end; here that would take a third of all the time of tests.
 set_tests_properties(data PROPERTIES ENVIRONMENT

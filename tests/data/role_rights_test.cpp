@@ -7,8 +7,8 @@
 #include "operators/operator_texts.h"
 #include "operators/presets.h"
 #include "session/table_rights.h"
+#include "tests/data/role_books.h"
 #include "tests/support/private_postgres.h"
-#include "tests/support/role_books.h"
 
 namespace {
 

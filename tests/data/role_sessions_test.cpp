@@ -7,10 +7,10 @@
 #include "directories/directory_service.h"
 #include "session/CCheckAuth.h"
 #include "settle/settle_service.h"
+#include "tests/data/role_books.h"
 #include "tests/data/session_case.h"
 #include "tests/support/private_postgres.h"
 #include "tests/support/recording_messages.h"
-#include "tests/support/role_books.h"
 #include "tests/support/waiting_process.h"
 #include "vouchertype/voucher_type_service.h"
 

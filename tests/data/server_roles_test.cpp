@@ -3,13 +3,13 @@
 
 #include "operators/roles/server_roles.h"
 #include "session/host_globals.h"
+#include "tests/data/role_books.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
 #include "tests/support/killed_process.h"
 #include "tests/support/made_books.h"
 #include "tests/support/operator_books.h"
 #include "tests/support/private_postgres.h"
-#include "tests/support/role_books.h"
 #include "tests/support/waiting_process.h"
 
 namespace {

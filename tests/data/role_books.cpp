@@ -1,4 +1,4 @@
-#include "tests/support/role_books.h"
+#include "tests/data/role_books.h"
 
 #include <libpq-fe.h>
 
