@@ -9,6 +9,7 @@
 #include "books/carrying/carry_texts.h"
 #include "opening/sheet/opening_account.h"
 #include "report/output/list_printing.h"
+#include "sheets/text_measures.h"
 
 namespace chengheng {
 namespace {
@@ -107,6 +108,19 @@ void dropEmptyColumns(CarryTable& table) {
     }
 }
 
+/// A column is as wide as its texts, so that as much as can be is seen beside each other.
+void fitColumns(CarryTable& table) {
+    constexpr double widest = 60;
+    constexpr double room = 2;
+    if (table.rows.empty()) return;
+    for (std::size_t place = 0; place < table.columns.size(); ++place) {
+        double width = displayWidth(table.columns[place].heading);
+        for (const auto* const rows : {&table.rows, &table.totals})
+            for (const Row& row : *rows) width = std::max(width, displayWidth(row.cells[place]));
+        table.columns[place].width = static_cast<int>(std::min(width + room, widest));
+    }
+}
+
 /// Accounts in the way that would not be carried get a row where their code stands.
 void addObstacles(CarryTable& table, std::span<const CarryObstacle> obstacles) {
     Reasons reasons = reasonsOf(obstacles);
@@ -159,6 +173,7 @@ CarryTable carryTable(const CarryPreview& preview) {
     table.totals = {totalRow(texts::debitTotal, preview.debitTotal),
                     totalRow(texts::creditTotal, preview.creditTotal)};
     dropEmptyColumns(table);
+    fitColumns(table);
     table.above = {fmt::format(texts::plannedTotal, preview.accounts.size(),
                                ftoaWithSap(preview.debitTotal, 2),
                                ftoaWithSap(preview.creditTotal, 2))};
@@ -187,6 +202,7 @@ CarryTable carryTable(std::span<const CarryDifference> differences) {
     table.columns.pop_back();
     for (Row& row : table.rows) row.cells.pop_back();
     dropEmptyColumns(table);
+    fitColumns(table);
     return table;
 }
 
@@ -202,6 +218,7 @@ CarryTable carryTable(const RepeatPlan& plan) {
         table.rows.push_back(std::move(row));
     }
     dropEmptyColumns(table);
+    fitColumns(table);
     return table;
 }
 
