@@ -67,6 +67,7 @@ std::string jsonOf(const CarryPreview& preview) {
                             {"closing", jsonOf(each.closing)},
                             {"opening", each.opening}});
     return jsonText({{"filled", preview.isFilled},
+                     {"browsing", preview.isBrowsing},
                      {"sameAccounts", !preview.plan.hasDifferingCharts},
                      {"debitTotal", preview.debitTotal},
                      {"creditTotal", preview.creditTotal},
@@ -108,13 +109,11 @@ ExitCode showPreview(Tool& tool, const BooksRegistry& registry, const CarryOptio
     CarryPreview preview;
     const Outcome outcome = previewCarry(registry, preview, untold);
     if (outcome != Outcome::done) return codeOf(outcome);
-    const bool mayBeDone =
-        !preview.isFilled && !preview.plan.isEmpty && preview.plan.obstacles.empty();
+    const bool mayBeDone = preview.refusal() == nullptr && preview.plan.obstacles.empty();
     const ExitCode code = mayBeDone ? ExitCode::done : ExitCode::faultsFound;
     if (options.output.count() > 0) return writeTable(tool, options, carryTable(preview), code);
     tool.out << (options.isJson ? jsonOf(preview) : textOf(preview));
-    if (preview.isFilled) tool.err << carry_texts::alreadyFilled << '\n';
-    if (preview.plan.isEmpty) tool.err << carry_texts::nothingToCarry << '\n';
+    if (preview.refusal() != nullptr) tool.err << preview.refusal() << '\n';
     for (const CarryObstacle& obstacle : preview.plan.obstacles)
         tool.err << printableLine(obstacle.text) << '\n';
     return code;

@@ -70,6 +70,7 @@ class Carrying {
         OpeningBooks books;
         Members members;
         Status status = readIsFilled(*g_pDB, preview.isFilled);
+        if (status) status = readIsBrowsing(*g_pDB, preview.isBrowsing);
         if (status) status = readOpeningBooks(*g_pDB, books);
         if (status) status = members.read(*g_pDB);
         if (!status) return UntoldOutcome::failed();
@@ -168,6 +169,12 @@ std::string carriedIntoNewYear(const CarriedForward& carried, std::span<const No
 
 std::string notCarriedIntoNewYear(const std::string& reason) {
     return fmt::format(carry_texts::notCarried, reason);
+}
+
+const char* CarryPreview::refusal() const {
+    if (isFilled) return carry_texts::alreadyFilled;
+    if (isBrowsing) return carry_texts::browsing;
+    return plan.isEmpty ? carry_texts::nothingToCarry : nullptr;
 }
 
 Outcome previewCarry(const BooksRegistry& registry, CarryPreview& preview,

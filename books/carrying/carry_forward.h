@@ -40,13 +40,17 @@ struct CarryPreview {
         double opening = 0;  ///< this year's, in money
     };
 
-    bool isFilled = false;  ///< this year has balances already
+    bool isFilled = false;    ///< this year has balances already
+    bool isBrowsing = false;  ///< it has vouchers, or may only be looked at
     CarryPlan plan;
     std::vector<Account> accounts;  ///< those of the plan
     /// Of this year's openings as they would be.
     double debitTotal = 0;
     double creditTotal = 0;
     TrialBalanceTexts balance;
+
+    /// Why nothing at all may be carried; null where there may be obstacles and no more.
+    const char* refusal() const;
 };
 
 /// Looks what a carry-forward would do; changes nothing. What keeps it from being looked at is

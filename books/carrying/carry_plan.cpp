@@ -83,6 +83,9 @@ class Planner {
         if (closed.isDoubled)
             add(ObstacleKind::doubled, closed,
                 fmt::format(carry_texts::doubled, closed.code, closed.name));
+        if (closed.isCutShort)
+            add(ObstacleKind::cutShort, closed,
+                fmt::format(carry_texts::cutShort, closed.code, closed.name));
         if (!(closed.closing == EntryFigures())) {
             compareAccounts(account, closed, closed.closing);
             m_plan.accounts.push_back({place, closed.closing});

@@ -21,6 +21,7 @@ enum class ObstacleKind {
     otherCurrency,
     otherDimensions,
     doubled,   ///< its last period is there twice
+    cutShort,  ///< its last period is not there though earlier ones are
     tooLarge,  ///< its closing cannot be told to the cent
     memberMissing,
     // Only when it is repeated.

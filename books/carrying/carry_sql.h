@@ -12,6 +12,10 @@ namespace chengheng::carry_sql {
 inline constexpr const char* accountsById = "lId > 0 ORDER BY lId";
 inline constexpr const char* lastPeriod = "byPeroid=12 ORDER BY lCodeId, lId";
 inline constexpr const char* firstPeriod = "byPeroid=1 ORDER BY lCodeId, lId";
+/// The year goes on behind these, and its last period is not there.
+inline constexpr const char* cutShort =
+    "byPeroid=1 AND NOT EXISTS (SELECT lId FROM AccSum later WHERE later.lCodeId=AccSum.lCodeId "
+    "AND later.byPeroid=12) ORDER BY lCodeId, lId";
 inline constexpr const char* anyRow = "lId > 0";
 inline constexpr const char* unpostedVouchers = "byPeroid>0";
 inline constexpr const char* accountsWithEntries =

@@ -184,12 +184,12 @@ CarryTable carryTable(const CarryPreview& preview) {
          {&balance.debitClasses, &balance.creditClasses, &balance.result})
         if (std::string shown = oneLine(*line); !shown.empty())
             table.above.push_back(std::move(shown));
-    if (preview.isFilled)
-        table.below = {texts::alreadyFilled};
+    if (preview.refusal() != nullptr)
+        table.below = {preview.refusal()};
     else if (!preview.plan.obstacles.empty())
         table.below = {fmt::format(texts::obstacleCount, preview.plan.obstacles.size())};
     else
-        table.below = {preview.plan.isEmpty ? texts::nothingToCarry : texts::readyToCarry};
+        table.below = {texts::readyToCarry};
     return table;
 }
 

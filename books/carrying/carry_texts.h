@@ -30,6 +30,7 @@ inline constexpr const char* noEnd = "{} {}:上年为末级科目并有余额,�
 inline constexpr const char* otherCurrency = "{} {}:有外币余额,本年的币种与上年不同。";
 inline constexpr const char* otherDimensions = "{} {}:有余额,本年的辅助核算与上年不同。";
 inline constexpr const char* doubled = "{} {}:上年第 12 期的余额记录重复。";
+inline constexpr const char* cutShort = "{} {}:上年有余额记录,但缺少第 12 期的。";
 inline constexpr const char* tooLarge = "{} {}:余额过大,无法记到分。";
 inline constexpr const char* memberMissing = "{} {}:有余额的{}在本年目录中没有,或已是另一个。";
 /// Of accounts that a repeat passes over.

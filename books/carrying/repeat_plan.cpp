@@ -57,6 +57,7 @@ class Obstacles {
                                            directionText(was.isDebit), directionText(is.isDebit)),
                                is.name});
         if (was.isDoubled) add(ObstacleKind::doubled, carry_texts::doubled);
+        if (was.isCutShort) add(ObstacleKind::cutShort, carry_texts::cutShort);
         if (!(std::fabs(m_difference->closing) < leastTooLarge))
             add(ObstacleKind::tooLarge, carry_texts::tooLarge);
         const bool isForeign = m_difference->counted == Measure::foreign;

@@ -79,6 +79,15 @@ Status readFigures(CNbCwDB& database, const Moment& moment, std::vector<ClosedAc
     return Status::done();
 }
 
+Status readCutShort(CNbCwDB& database, std::vector<ClosedAccount>& accounts) {
+    const RowLease<_AccSumInfo> rows(database, carry_sql::cutShort);
+    if (!rows.isRead()) return database.lastStatus();
+    for (const _AccSumInfo* row : rows.rows())
+        if (ClosedAccount* const account = findAmong(accounts, row->lCodeId); account != nullptr)
+            account->isCutShort = true;
+    return Status::done();
+}
+
 /// One for each combination, whatever number of rows it has; none for those that come to nothing.
 void sumUp(std::vector<ClosedDetail>& details) {
     const auto keyOf = [](const ClosedDetail& each) { return std::tie(each.account, each.of); };
@@ -123,6 +132,7 @@ Status read(CNbCwDB& database, const Moment& moment, YearEnd& end) {
     YearEnd read;
     Status status = readAccounts(database, read.accounts);
     if (status) status = readFigures(database, moment, read.accounts);
+    if (status && moment.hasMoved) status = readCutShort(database, read.accounts);
     if (status) status = readDetails(database, moment, read);
     if (status) end = std::move(read);
     return status;

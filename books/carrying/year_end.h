@@ -29,7 +29,8 @@ struct ClosedAccount {
     std::uint8_t currency = 0;
     bool isDebit = false;
     bool isEnd = false;
-    bool isDoubled = false;  ///< there is more than one row of the last period, which are summed
+    bool isCutShort = false;  ///< there are earlier periods and not the last one
+    bool isDoubled = false;   ///< there is more than one row of the last period, which are summed
     EntryFigures closing = {};
 };
 

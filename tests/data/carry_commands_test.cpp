@@ -60,6 +60,15 @@ TEST_P(CarryCommands, ShowWhatWouldBeCarriedAndWriteNothing) {
     EXPECT_THAT(json.out, HasSubstr("\"code\": \"1001\""));
 }
 
+TEST_P(CarryCommands, SayBeforehandThatBooksWithVouchersTakeNothing) {
+    m_books.now().addVoucher();
+    ToolRun shown = run({"--dry-run"});
+    EXPECT_EQ(shown.code, toolFaultsFound);
+    EXPECT_EQ(shown.err, "帐套已有凭证或只能浏览,不能结转上年余额,没有改动。\n");
+    EXPECT_THAT(run({"--dry-run", "--json"}).out, HasSubstr("\"browsing\": true"));
+    EXPECT_EQ(run({}).code, toolWrongInput);
+}
+
 TEST_P(CarryCommands, NameWhatStandsInTheWay) {
     m_books.now().addAccounts({"1003"});
     ToolRun shown = run({"--dry-run"});

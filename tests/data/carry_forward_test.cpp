@@ -104,6 +104,22 @@ TEST_P(CarryForward, OnlyTheLastPeriodCounts) {
     EXPECT_EQ(openings("1001"), allPeriods("6"));
 }
 
+TEST_P(CarryForward, NamesAnAccountWhoseLastPeriodIsNotThere) {
+    m_books.close("2001", 5, 0, 0);
+    const int cash = m_books.now().idOf("1001");
+    for (int period = 1; period <= 11; ++period)
+        m_books.last(formatSql("INSERT INTO AccSum VALUES (%d, %d, %d, 7, 0, 0, 0, 0, 0, 0, 0, 0)",
+                               100 + period, cash, period));
+    EXPECT_EQ(m_books.carry(), Outcome::refused);
+    EXPECT_EQ(messages().onlyNotice().text,
+              "不能结转上年余额,没有改动:\n1001 科目1001:上年有余额记录,但缺少第 12 期的。");
+    EXPECT_EQ(m_books.now().rows(), Texts{});
+    m_books.last(
+        formatSql("INSERT INTO AccSum VALUES (112, %d, 12, 7, 0, 0, 0, 0, 0, 0, 0, 0)", cash));
+    EXPECT_EQ(m_books.carry(), Outcome::done);
+    EXPECT_EQ(openings("1001"), allPeriods("7"));
+}
+
 TEST_P(CarryForward, PassesOverIncomeAndExpenseWhichMayDifferFreely) {
     m_books.now().addCredit("5001", "损益");
     m_books.now().addCredit("5101", "收入");

@@ -145,6 +145,10 @@ TEST(CarryPlans, NameWhatKeepsABalanceBack) {
     closed.isDoubled = true;
     EXPECT_EQ(obstaclesOf(closed, {"1001"}), Texts{"1001 现金:上年第 12 期的余额记录重复。"});
     closed = cash();
+    closed.isCutShort = true;
+    closed.closing = {};
+    EXPECT_EQ(obstaclesOf(closed, {"1001"}), Texts{"1001 现金:上年有余额记录,但缺少第 12 期的。"});
+    closed = cash();
     closed.closing.foreign = 1;
     closed.currency = 1;
     EXPECT_EQ(obstaclesOf(closed, {"1001"}), Texts{"1001 现金:有外币余额,本年的币种与上年不同。"});
