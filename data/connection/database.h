@@ -46,13 +46,13 @@ class Database {
     Status selectPlain(std::string_view sql, std::span<const Value> values,
                        const std::function<Status(Cursor&)>& reader);
 
-    /// Units nest: an inner one is a savepoint.
     /// From now on each unit of work that changes rows writes an entry of the operation log, whose
     /// tables are there, into its own transaction; what is changed outside of one becomes one.
     void keepLog(LogAuthor author);
     /// The log that is kept; null when none is.
     OperationLog* log() { return m_log.get(); }
 
+    /// Units nest: an inner one is a savepoint.
     Status beginUnit();
     Status commitUnit();
     void rollbackUnit();

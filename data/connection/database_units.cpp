@@ -42,7 +42,7 @@ Status Database::beginUnit() {
     if (m_isUnitLost) return lostUnit();
     Status status = m_depth == 0 ? m_engine->begin() : m_engine->savepoint(m_depth);
     if (!status) return status;
-    if (m_log != nullptr && m_depth > 0) m_log->changes().mark();
+    if (m_log != nullptr) m_depth == 0 ? m_log->changes().clear() : m_log->changes().mark();
     m_countersBefore.push_back(m_counters);
     ++m_depth;
     return Status::done();

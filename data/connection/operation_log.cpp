@@ -75,6 +75,8 @@ Status OperationLog::writeParts(Database& database, bool isEnd) {
                                 text(part.packed)};
         if (status) status = database.executePlain(insertPart, values);
     }
+    // What was taken out and is not stored would be missing from the entry.
+    if (!status) m_changes.missed();
     return status;
 }
 

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "data/connection/database.h"
-#include "data/tables/schema.h"
+#include "data/layout/layout_steps.h"
 #include "session/rights/new_password_sql.h"
 
 namespace chengheng {
@@ -11,7 +11,8 @@ namespace chengheng {
 Status readNewPasswordMark(CNbCwDB& books, std::int32_t operatorId, bool& isWanted) {
     isWanted = false;
     return books.onSelected([&](Database& database) {
-        if (database.layout() < booksFormatVersion) return Status::done();
+        if (columnsMissingFrom(database.layout(), "LogonTries").contains("bNewPassword"))
+            return Status::done();
         const std::array values{Value::of(std::int64_t{operatorId})};
         return database.selectPlain(new_password_sql::readMark, values, [&](Cursor& cursor) {
             if (cursor.next() == Cursor::Step::row) isWanted = cursor.integer(0) != 0;

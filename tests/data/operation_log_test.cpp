@@ -287,6 +287,48 @@ TEST_P(OperationLogs, HaveNeitherEntryNorChangeAfterAFailedCall) {
     expectChain();
 }
 
+TEST_P(OperationLogs, RefuseTheEndOfAUnitWhosePartsCouldNotBeStored) {
+    ASSERT_TRUE(m_books->beginUnit());
+    ASSERT_TRUE(m_books->engine().script("DROP TABLE OperationLogPart"));
+    ASSERT_TRUE(m_books->commitUnit().isDone()) << "nothing was changed";
+    ASSERT_TRUE(m_books->beginUnit());
+    ASSERT_TRUE(m_books->executeBatch(addRow(1)));
+    EXPECT_FALSE(m_books->commitUnit().isDone());
+    EXPECT_THAT(cells("SELECT count(*) FROM Settle"), ElementsAre("0"));
+}
+
+/// Whoever goes on behind a failed write cannot keep a change that the log does not tell.
+TEST_P(OperationLogs, AreWholeThoughSomebodyGoesOnBehindAFailure) {
+    constexpr int count = 1200;
+    const std::string name(300, 'x');
+    std::vector<Value> values;
+    for (int id = 1; id <= count; ++id) {
+        values.push_back(Value::of(std::int64_t{id}));
+        values.push_back(Value::of(std::string_view(name)));
+    }
+    bool isWritten = false;
+    for (int number = 1; !isWritten && number < 40; ++number) {
+        ASSERT_TRUE(m_books->beginUnit());
+        m_faulty->failCall(number);
+        isWritten =
+            m_books->executeForEach("INSERT INTO Settle (lId, sSettle) VALUES ($1, $2)", 2, values)
+                .isDone();
+        m_faulty->failCall(0);
+        const bool isKept = m_books->commitUnit().isDone();
+        EXPECT_TRUE(isKept || !isWritten) << "call " << number;
+        EXPECT_EQ(cells("SELECT count(*) FROM Settle")[0], isWritten ? "1200" : "0");
+    }
+    EXPECT_TRUE(isWritten);
+    EXPECT_THAT(rowsOf(1), SizeIs(count));
+    expectChain();
+}
+
+TEST_P(OperationLogs, LeaveOutWhatWasDoneOutsideOfAllUnits) {
+    ASSERT_TRUE(m_faulty->real().script("DELETE FROM Settle; INSERT INTO Settle (lId) VALUES (9)"));
+    ASSERT_TRUE(m_books->executeBatch(addRow(1)));
+    EXPECT_THAT(idsOf(1), ElementsAre(1));
+}
+
 TEST_P(OperationLogs, AreNotKeptUntilSomebodyWantsThem) {
     Database quiet(std::make_unique<FaultyEngine>(openForTest(":memory:")), "books");
     ASSERT_TRUE(createLayout(quiet.engine()));

@@ -15,6 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 std::string textOf(const Value& value) {
     switch (value.kind) {
@@ -42,15 +43,24 @@ class Recorder final : public ChangeWatcher {
         return table == "Settle" || table == "AssAcc";
     }
     void take(const RowChange& change) override {
+        if (change.table == "AssAcc") takeAmounts(change.before);
+        if (change.table == "AssAcc") takeAmounts(change.after);
         static constexpr const char* marks[] = {"+", "~", "-"};
         told.push_back(marks[static_cast<std::size_t>(change.kind)] +
                        (change.before.empty() ? "" : " " + rowText(change.before)) +
                        (change.kind == ChangeKind::changed ? " >" : "") +
                        (change.after.empty() ? "" : " " + rowText(change.after)));
     }
+    /// Of the columns of AssAcc behind the class of the item.
+    static constexpr std::size_t firstAmount = 8;
+    void takeAmounts(std::span<const Value> cells) {
+        for (std::size_t at = firstAmount; at < cells.size(); ++at)
+            kindsOfAmounts.push_back(cells[at].kind);
+    }
     void missed() override { told.emplace_back("?"); }
 
     std::vector<std::string> told;
+    std::vector<ValueKind> kindsOfAmounts;
 };
 
 class RowChanges : public testing::TestWithParam<EngineCase> {
@@ -109,6 +119,16 @@ TEST_P(RowChanges, CountAsBefore) {
                 ElementsAre("~ 1 '1' '现金' 0 > 1 '1' '现' 0", "~ 1 '1' '现' 0 > 1 '1' '现' 0"));
 }
 
+/// A whole number in a column of amounts is an amount on either side of a change.
+TEST_P(RowChanges, TellAmountsAsAmounts) {
+    m_recorder.kindsOfAmounts.clear();
+    ASSERT_TRUE(runSql(*m_engine, "INSERT INTO AssAcc (lId, mBegin) VALUES (1, 5)"));
+    ASSERT_TRUE(runSql(*m_engine, "UPDATE AssAcc SET mDebt = 7 WHERE lId = 1"));
+    ASSERT_TRUE(runSql(*m_engine, "DELETE FROM AssAcc"));
+    EXPECT_THAT(m_recorder.kindsOfAmounts,
+                testing::AllOf(SizeIs(36), testing::Each(ValueKind::real)));
+}
+
 TEST_P(RowChanges, OfOtherTablesAreNotTold) {
     ASSERT_TRUE(runSql(*m_engine, "UPDATE ABIdTable SET lLastId = 5 WHERE sTable = 'Settle'"));
     ASSERT_TRUE(runSql(*m_engine, "DELETE FROM Code"));
@@ -135,6 +155,20 @@ TEST(WatchedStatement, NamesTheTableThatAStatementChanges) {
     EXPECT_EQ(changedTable("SELECT 1 FROM Code"), "");
     EXPECT_EQ(changedTable("SAVEPOINT batch"), "");
     EXPECT_EQ(changedTable(""), "");
+}
+
+TEST(WatchedStatement, ReadsTheRowsOfAnUpdateFirst) {
+    EXPECT_EQ(watchedStatement("UPDATE T SET a = (SELECT b FROM U WHERE c = $1) WHERE d = 'where'"
+                               " AND lId IN (SELECT lId FROM V WHERE e = 1);")
+                  .sql,
+              "WITH was AS (SELECT lId AS idBefore, T AS rowBefore FROM T WHERE d = 'where' AND "
+              "lId IN (SELECT lId FROM V WHERE e = 1) FOR UPDATE) UPDATE T SET a = (SELECT b FROM "
+              "U WHERE c = $1)  FROM was WHERE lId = idBefore RETURNING (rowBefore).*, T.*");
+}
+
+TEST(WatchedStatement, EndsWithWhatIsNoWholeUpdate) {
+    for (const char* sql : {"UPDATE", "UPDATE T", "UPDATE T SET", "UPDATE T WHERE a = 1"})
+        EXPECT_FALSE(watchedStatement(sql).sql.empty()) << sql;
 }
 
 TEST(WatchedStatement, LeavesWhatChangesNoRowsAsItIs) {

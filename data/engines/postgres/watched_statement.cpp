@@ -1,7 +1,6 @@
 #include "data/engines/postgres/watched_statement.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 
 namespace chengheng {
@@ -13,6 +12,10 @@ char small(char sign) { return static_cast<char>(std::tolower(static_cast<unsign
 
 bool isOfWord(char sign) {
     return std::isalnum(static_cast<unsigned char>(sign)) != 0 || sign == '_' || sign == '$';
+}
+
+bool isWord(std::string_view word, std::string_view keyword) {
+    return std::ranges::equal(word, keyword, {}, small, small);
 }
 
 /// Walks over the words of a statement that stand in no brackets and no quotes.
@@ -39,12 +42,14 @@ class Words {
             m_begin = begin;
             if (m_depth == 0) return m_sql.substr(begin, m_at - begin);
         }
-        m_begin = m_sql.size();
         return {};
     }
-    /// Where the last word begins and ends.
-    std::size_t begin() const { return m_begin; }
-    std::size_t end() const { return m_at; }
+    /// Where the next word of these letters begins; the end when there is none.
+    std::size_t find(std::string_view keyword) {
+        for (std::string_view word = next(); !word.empty(); word = next())
+            if (isWord(word, keyword)) return m_begin;
+        return m_sql.size();
+    }
 
   private:
     void skipQuoted(char quote) {
@@ -58,10 +63,6 @@ class Words {
     int m_depth = 0;
 };
 
-bool isWord(std::string_view word, std::string_view keyword) {
-    return std::ranges::equal(word, keyword, {}, small, small);
-}
-
 std::string_view withoutEnd(std::string_view sql) {
     while (!sql.empty() && (isBlank(sql.back()) || sql.back() == ';')) sql.remove_suffix(1);
     return sql;
@@ -72,14 +73,8 @@ std::string_view withoutEnd(std::string_view sql) {
 /// t.*".
 std::string watchedUpdate(std::string_view sql, const std::string& table) {
     Words words(sql);
-    while (!isWord(words.next(), "set")) continue;
-    const std::size_t setAt = words.begin();
-    std::size_t whereAt = sql.size();
-    for (std::string_view word = words.next(); !word.empty(); word = words.next())
-        if (isWord(word, "where")) {
-            whereAt = words.begin();
-            break;
-        }
+    const std::size_t setAt = words.find("set");
+    const std::size_t whereAt = words.find("where");
     return "WITH was AS (SELECT lId AS idBefore, " + table + " AS rowBefore FROM " + table + " " +
            std::string(sql.substr(whereAt)) + " FOR UPDATE) UPDATE " + table + " " +
            std::string(sql.substr(setAt, whereAt - setAt)) + " FROM was WHERE lId = idBefore " +

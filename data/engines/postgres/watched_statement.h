@@ -9,8 +9,8 @@ namespace chengheng {
 struct WatchedStatement {
     std::string sql;
     std::string table;  ///< as the statement writes it; empty of a statement that changes no rows
-    bool isUpdate =
-        false;  ///< each row given back is the one before and the one after, side by side
+    /// Each row given back is the one before and the one after, side by side.
+    bool isUpdate = false;
 };
 
 /// The table that an INSERT, UPDATE or DELETE names; empty of every other statement.

@@ -2,24 +2,11 @@
 #define SQLITE_ENABLE_PREUPDATE_HOOK
 #include "data/engines/sqlite/sqlite_changes.h"
 
+#include "data/engines/sqlite/sqlite_statement.h"
+#include "data/tables/schema.h"
+
 namespace chengheng {
 namespace {
-
-Value valueOf(sqlite3_value* stored) {
-    switch (sqlite3_value_type(stored)) {
-        case SQLITE_NULL:
-            return Value::ofNull();
-        case SQLITE_INTEGER:
-            return Value::of(std::int64_t{sqlite3_value_int64(stored)});
-        case SQLITE_FLOAT:
-            return Value::of(sqlite3_value_double(stored));
-        default: {
-            const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(stored));
-            const auto size = static_cast<std::size_t>(sqlite3_value_bytes(stored));
-            return Value::of(text == nullptr ? std::string_view() : std::string_view(text, size));
-        }
-    }
-}
 
 /// False when a cell cannot be had.
 bool readCells(sqlite3* connection, int (*read)(sqlite3*, int, sqlite3_value**),
@@ -29,9 +16,20 @@ bool readCells(sqlite3* connection, int (*read)(sqlite3*, int, sqlite3_value**),
     for (int column = 0; column < count; ++column) {
         sqlite3_value* stored = nullptr;
         if (read(connection, column, &stored) != SQLITE_OK) return false;
-        cells.push_back(valueOf(stored));
+        cells.push_back(sqliteValue(stored));
     }
     return true;
+}
+
+std::vector<std::size_t> realColumns(std::string_view table) {
+    std::vector<std::size_t> places;
+    const TableInfo* const known = findTable(table);
+    if (known == nullptr) return places;
+    for (std::size_t at = 0; at < known->columns.size(); ++at)
+        if (const ColumnType type = known->columns[at].type;
+            type == ColumnType::real || type == ColumnType::single)
+            places.push_back(at);
+    return places;
 }
 
 }  // namespace
@@ -54,8 +52,16 @@ bool SqliteChanges::isWatched(std::string_view table) {
     if (table != m_lastTable) {
         m_lastTable = table;
         m_isLastWatched = m_watcher.watches(table);
+        m_amounts = realColumns(table);
     }
     return m_isLastWatched;
+}
+
+/// SQLite keeps a whole amount as a whole number, and tells one that is put in so.
+void SqliteChanges::makeAmounts(std::vector<Value>& cells) const {
+    for (const std::size_t place : m_amounts)
+        if (place < cells.size() && cells[place].kind == ValueKind::integer)
+            cells[place] = Value::of(static_cast<double>(cells[place].integer));
 }
 
 void SqliteChanges::take(int operation, std::string_view table) {
@@ -68,6 +74,7 @@ void SqliteChanges::take(int operation, std::string_view table) {
     const bool isRead =
         (operation == SQLITE_INSERT || readCells(m_connection, sqlite3_preupdate_old, m_before)) &&
         (operation == SQLITE_DELETE || readCells(m_connection, sqlite3_preupdate_new, m_after));
+    makeAmounts(m_after);
     change.before = m_before;
     change.after = m_after;
     if (isRead)

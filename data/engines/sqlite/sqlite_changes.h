@@ -23,11 +23,13 @@ class SqliteChanges {
                          const char* table, sqlite3_int64 idBefore, sqlite3_int64 idAfter);
     void take(int operation, std::string_view table);
     bool isWatched(std::string_view table);
+    void makeAmounts(std::vector<Value>& cells) const;
 
     sqlite3* m_connection;
     ChangeWatcher& m_watcher;
     std::string m_lastTable;  ///< most rows in a row are of one table
     bool m_isLastWatched = false;
+    std::vector<std::size_t> m_amounts;  ///< where its columns of real numbers stand
     std::vector<Value> m_before;
     std::vector<Value> m_after;
 };

@@ -28,6 +28,22 @@ int bindOne(sqlite3_stmt* statement, int number, const Value& value) {
 
 }  // namespace
 
+Value sqliteValue(sqlite3_value* stored) {
+    switch (sqlite3_value_type(stored)) {
+        case SQLITE_NULL:
+            return Value::ofNull();
+        case SQLITE_INTEGER:
+            return Value::of(std::int64_t{sqlite3_value_int64(stored)});
+        case SQLITE_FLOAT:
+            return Value::of(sqlite3_value_double(stored));
+        default: {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(stored));
+            const auto size = static_cast<std::size_t>(sqlite3_value_bytes(stored));
+            return Value::of(text == nullptr ? std::string_view() : std::string_view(text, size));
+        }
+    }
+}
+
 Status prepareSqlite(sqlite3* connection, std::string_view sql, int parameters,
                      std::unique_ptr<PreparedStatement>& statement) {
     sqlite3_stmt* prepared = nullptr;
@@ -100,20 +116,6 @@ std::string_view SqliteCursor::text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
     if (text == nullptr) return {};
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column))};
-}
-
-Value SqliteCursor::value(int column) const {
-    sqlite3_value* const stored = sqlite3_column_value(m_statement, column);
-    switch (sqlite3_value_type(stored)) {
-        case SQLITE_NULL:
-            return Value::ofNull();
-        case SQLITE_INTEGER:
-            return Value::of(std::int64_t{sqlite3_value_int64(stored)});
-        case SQLITE_FLOAT:
-            return Value::of(sqlite3_value_double(stored));
-        default:
-            return Value::of(text(column));
-    }
 }
 
 }  // namespace chengheng

@@ -24,6 +24,9 @@ class SqliteStatement final : public PreparedStatement {
     std::unique_ptr<sqlite3_stmt, FinalizeStatement> m_statement;
 };
 
+/// A stored cell; its text lives as long as SQLite keeps it.
+Value sqliteValue(sqlite3_value* stored);
+
 /// Prepares the one statement of a text that must have that many parameters.
 Status prepareSqlite(sqlite3* connection, std::string_view sql, int parameters,
                      std::unique_ptr<PreparedStatement>& statement);
@@ -53,7 +56,9 @@ class SqliteCursor final : public Cursor {
     }
     double real(int column) const override { return sqlite3_column_double(m_statement, column); }
     std::string_view text(int column) const override;
-    Value value(int column) const override;
+    Value value(int column) const override {
+        return sqliteValue(sqlite3_column_value(m_statement, column));
+    }
 
   private:
     sqlite3_stmt* m_statement;
