@@ -31,7 +31,8 @@ NewYearWindow::NewYearWindow(const BooksRegistry& registry, IMessages& messages,
     nameButtons(m_ui->buttons, shell_texts::makeIt);
     new EnterMovesOn(this, {m_ui->target, m_ui->lastRates, m_ui->carry});
     connect(m_ui->browse, &QPushButton::clicked, this, &NewYearWindow::browse);
-    connect(m_ui->lastRates, &QCheckBox::toggled, this, &NewYearWindow::showPlan);
+    for (QCheckBox* const choice : {m_ui->lastRates, m_ui->carry})
+        connect(choice, &QCheckBox::toggled, this, &NewYearWindow::showPlan);
     connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &NewYearWindow::accept);
     connect(m_ui->buttons, &QDialogButtonBox::rejected, this, &NewYearWindow::reject);
     m_ui->target->setFocus();
@@ -92,6 +93,7 @@ NewYearOrder NewYearWindow::order() const {
 
 void NewYearWindow::showPlan() {
     m_plan.bringsLastRates = m_ui->lastRates->isChecked();
+    m_plan.isCarriedInto = wantsCarry();
     m_ui->content->setText(QString::fromStdString(m_plan.contentText()).trimmed());
 }
 

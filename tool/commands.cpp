@@ -10,10 +10,15 @@
 
 namespace chengheng {
 
+std::string foundBooks(Tool& tool, const std::string& location) {
+    std::string place = locationOfBooks(location);
+    if (const auto text = giveNameBack(place)) tool.err << *text << '\n';
+    return place;
+}
+
 std::unique_ptr<Engine> openBooks(Tool& tool, const std::string& location, BooksUse use) {
     std::unique_ptr<Engine> engine;
-    const std::string place = locationOfBooks(location);
-    if (const auto text = giveNameBack(place)) tool.err << *text << '\n';
+    const std::string place = foundBooks(tool, location);
     const OpenMode mode = use == BooksUse::changing ? OpenMode::existing : OpenMode::readable;
     Status status = openEngine(place, mode, engine);
     if (status) status = use == BooksUse::changing ? checkLayout(*engine) : checkReadable(*engine);

@@ -47,6 +47,10 @@ void addPrintCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.
 
+/// Where the books that a person names lie; a file left under its temporary name has its own back,
+/// which is told.
+std::string foundBooks(Tool& tool, const std::string& location);
+
 /// What is to be done with books. Those of an older layout can be read.
 enum class BooksUse { reading, changing };
 

@@ -70,6 +70,7 @@ CarriedBalances carryInto(Tool& tool, const NewYearPlan& made, const BooksRegist
 
 ExitCode makeNewYear(Tool& tool, NewYearOptions& options) {
     options.order.isListed = !options.isUnlisted;
+    options.order.books = foundBooks(tool, options.order.books);
     std::optional<ToolSession> session;
     if (!tool.writer.name.empty()) {
         auto engine = openBooks(tool, options.order.books, BooksUse::changing);
@@ -86,6 +87,7 @@ ExitCode makeNewYear(Tool& tool, NewYearOptions& options) {
     for (const ForeignObject& object : plan.leftOut)
         tool.err << fmt::format(tool_texts::objectLeftOut, nameOf(object)) << '\n';
     const bool isMade = !options.isDryRun;
+    plan.isCarriedInto = options.isCarrying;
     if (!options.isJson)
         tool.out << plan.text()
                  << (isMade ? fmt::format(tool_texts::newYearMade, plan.facts.setName,

@@ -70,7 +70,7 @@ constexpr TransferCommand copyCommand{"copy",
 
 ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& options) {
     const Overwrite overwrite = options.isForced ? Overwrite::replaceBooks : Overwrite::refuse;
-    const std::string from = locationOfBooks(options.from);
+    const std::string from = foundBooks(tool, options.from);
     const bool isOutput = command.isIntoFile && isStandardOutput(options.to);
     const std::string to = isOutput ? options.to : locationOfBooks(options.to);
     std::vector<ForeignObject> leftOut;

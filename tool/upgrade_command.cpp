@@ -22,7 +22,7 @@ struct UpgradeOptions {
 };
 
 ExitCode upgrade(Tool& tool, const UpgradeOptions& options) {
-    const std::string location = locationOfBooks(options.books);
+    const std::string location = foundBooks(tool, options.books);
     BooksUpgrade upgrade(location);
     UpgradePlan plan;
     if (const auto refusal = upgrade.plan(plan)) return tellRefusal(tool, *refusal);

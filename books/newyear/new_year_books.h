@@ -32,6 +32,7 @@ struct NewYearPlan {
     std::vector<Taken> taken = {};  ///< what there is of it
     std::vector<ForeignObject> leftOut = {};
     bool bringsLastRates = false;
+    bool isCarriedInto = false;  ///< the balances are carried forward behind it
 
     /// What will happen, for the operator who has to decide.
     std::string text() const;

@@ -18,6 +18,7 @@ std::string NewYearPlan::contentText() const {
         items += (items.empty() ? "" : new_year_texts::between) +
                  fmt::format(new_year_texts::takenItem, each.text, each.rows);
     return new_year_texts::takenOver + items + new_year_texts::leftOut +
+           (isCarriedInto ? new_year_texts::carriedAtOnce : new_year_texts::carriedLater) +
            (bringsLastRates ? new_year_texts::lastRatesFirst : new_year_texts::freshRates) +
            fmt::format(new_year_texts::startsInJanuary, facts.year);
 }

@@ -26,8 +26,9 @@ inline constexpr const char* heading = "由帐套“{}”的{}年度({})\n建立
 inline constexpr const char* takenOver = "带入:";
 inline constexpr const char* takenItem = "{} {}";
 inline constexpr const char* between = "、";
-inline constexpr const char* leftOut =
-    "\n不带入:凭证、期初余额和各期发生额、对帐单。期初余额另用“结转上年余额”带入。";
+inline constexpr const char* leftOut = "\n不带入:凭证、期初余额和各期发生额、对帐单。";
+inline constexpr const char* carriedLater = "期初余额另用“结转上年余额”带入。";
+inline constexpr const char* carriedAtOnce = "建立后随即结转期初余额。";
 inline constexpr const char* freshRates = "\n汇率:新年度各月、各日的汇率为空。";
 inline constexpr const char* lastRatesFirst =
     "\n汇率:各外币上年最后一个汇率作为新年度的第一个汇率,其余为空。";

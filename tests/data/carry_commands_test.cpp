@@ -189,14 +189,21 @@ TEST_P(CarryCommands, GiveBooksUnderTheirTemporaryNameTheirOwnBackWhicheverOpens
     if (isServerAddress(file)) return;
     const std::filesystem::path temporary =
         std::filesystem::path(file).replace_filename("NbzwTmp.db");
-    std::filesystem::rename(file, temporary);
-    ToolRun ran = runInProcess({"info", file});
-    EXPECT_EQ(ran.code, toolDone);
-    EXPECT_EQ(ran.err, "上次结转中断,帐套留在临时文件“" + temporary.string() + "”中。\n已恢复为“" +
-                           file + "”,内容没有改变。\n");
-    ran = runInProcess({"info", file});
-    EXPECT_EQ(ran.code, toolDone);
-    EXPECT_EQ(ran.err, "");
+    const std::string told = "上次结转中断,帐套留在临时文件“" + temporary.string() +
+                             "”中。\n已恢复为“" + file + "”,内容没有改变。\n";
+    const std::string folder = freshFolder();
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"info", file},
+          {"backup", file, folder + "/backup.db"},
+          {"copy", file, folder + "/copy.db"},
+          {"upgrade", file},
+          {"new-year", file, "--target", folder + "/2026/Nbzw.db", "--unlisted"}}) {
+        std::filesystem::rename(file, temporary);
+        const ToolRun ran = runInProcess(command);
+        EXPECT_EQ(ran.code, toolDone) << command.front();
+        EXPECT_EQ(ran.err, told) << command.front();
+    }
+    EXPECT_EQ(runInProcess({"info", file}).err, "");
 }
 
 TEST_P(CarryCommands, DoNotRepeatWhatWasNeverDone) {

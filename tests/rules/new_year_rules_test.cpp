@@ -171,6 +171,9 @@ TEST(NewYearPlan, SaysWhatIsTakenOverAndWhatIsNot) {
               "\n不带入:凭证、期初余额和各期发生额、对帐单。期初余额另用“结转上年余额”带入。"
               "\n汇率:新年度各月、各日的汇率为空。"
               "\n启用日期:2027年1月1日。上年帐套只读取,不改动。\n");
+    plan.isCarriedInto = true;
+    EXPECT_THAT(plan.text(), testing::HasSubstr("\n不带入:凭证、期初余额和各期发生额、对帐单。"
+                                                "建立后随即结转期初余额。\n"));
     plan.bringsLastRates = true;
     EXPECT_THAT(plan.text(),
                 testing::HasSubstr("汇率:各外币上年最后一个汇率作为新年度的第一个汇率,其余为空。"));

@@ -123,6 +123,8 @@ TEST(NewYearWindow, CarriesTheBalancesForwardAtOnceWhereThatIsWanted) {
         window.findChild<QCheckBox*>("carry")->setFocus();
         QTest::keyClick(window.focusWidget(), Qt::Key_Space);
         EXPECT_TRUE(window.findChild<QCheckBox*>("carry")->isChecked());
+        EXPECT_TRUE(
+            window.findChild<QLabel*>("content")->text().contains("建立后随即结转期初余额。"));
         clickOn(window, "建立");
     });
     EXPECT_FALSE(books.station.session.isLoggedOn());
