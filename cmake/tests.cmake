@@ -37,7 +37,7 @@ target_link_libraries(test_support
     PRIVATE SQLite::SQLite3 PostgreSQL::PostgreSQL PkgConfig::ZIP)
 compile_tests_together(test_support)
 set_source_files_properties(
-    tests/data/rights_walk_test.cpp tests/rules/schema_page_test.cpp tests/support/older_books.cpp
+    tests/rules/schema_page_test.cpp tests/support/changing_files.cpp tests/support/older_books.cpp
     tests/support/private_postgres.cpp
     PROPERTIES COMPILE_DEFINITIONS CHENGHENG_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 

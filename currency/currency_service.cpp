@@ -179,14 +179,22 @@ std::optional<std::vector<RateRow>> CurrencyService::ratesAfterRead(RateKind kin
 Outcome CurrencyService::add(const CurrencyInput& input, int year, _CyrencyInfo& added) {
     if (const auto refusal = firstRefusal(currencyInputChecks(), input))
         return told(m_messages, UntoldOutcome::refused(refusal->notice));
-    return changeCurrencies(m_messages, [&] { return addCurrency(input, year, added); });
+    return changeCurrencies(
+        m_messages, [&] { return fmt::format(currency_texts::loggedAddition, loggedName(added)); },
+        [&] { return addCurrency(input, year, added); });
 }
 
 Outcome CurrencyService::modify(const _CyrencyInfo& loaded, const CurrencyInput& input,
                                 _CyrencyInfo& modified) {
     if (const auto refusal = firstRefusal(currencyInputChecks(), input))
         return told(m_messages, UntoldOutcome::refused(refusal->notice));
-    return changeCurrencies(m_messages, [&] { return modifyCurrency(loaded, input, modified); });
+    return changeCurrencies(
+        m_messages,
+        [&] {
+            return fmt::format(currency_texts::loggedChange,
+                               changedName(loggedName(loaded), loggedName(modified)));
+        },
+        [&] { return modifyCurrency(loaded, input, modified); });
 }
 
 Outcome CurrencyService::remove(int id, bool isUsed) {
@@ -202,12 +210,19 @@ Outcome CurrencyService::remove(int id, bool isUsed) {
         {.text = fmt::format(currency_texts::deletion, currency.sExchCode, currency.sExchName),
          .caption = currency_texts::deletionCaption});
     if (answer != Answer::yes) return Outcome::refused;
-    return changeCurrencies(m_messages, [&] { return deleteCurrency(currency); });
+    return changeCurrencies(
+        m_messages,
+        [&] { return fmt::format(currency_texts::loggedDeletion, loggedName(currency)); },
+        [&] { return deleteCurrency(currency); });
 }
 
 Outcome CurrencyService::writeRate(RateKind kind, int currencyId, int rowId, RateColumn column,
                                    double value, RateEdit& written) {
-    return changeCurrencies(m_messages, [&] {
+    const auto words = [&] {
+        return fmt::format(currency_texts::loggedRate, titleOf(kind), loggedName(currencyId),
+                           rateTitle(kind, written.after.day));
+    };
+    return changeCurrencies(m_messages, words, [&] {
         const UntoldOutcome there = currencyStillThere(currencyId);
         if (there.outcome != Outcome::done) return there;
         return kind == RateKind::fixed ? writeRow<_ExchgFixInfo>(rowId, column, value, written)

@@ -69,4 +69,17 @@ inline constexpr const char* foreignByRate = "原币/汇率 = 本位币";
 /// Name and symbol.
 inline constexpr const char* ratesOf = "外币:{}({})";
 
+/// What the operation log says: symbol and name.
+inline constexpr const char* loggedAddition = "增加外币 {}";
+inline constexpr const char* loggedChange = "修改外币 {}";
+inline constexpr const char* loggedDeletion = "删除外币 {}";
+inline constexpr const char* symbolAndName = "{} {}";
+/// By its number, where its name is not known.
+inline constexpr const char* numbered = "外币{}";
+/// Kind of the rate, currency, day or month.
+inline constexpr const char* loggedRate = "修改{} {} {}";
+/// The same of many: how many.
+inline constexpr const char* loggedRates = "修改{} {} {} 项";
+inline constexpr const char* betweenCurrencies = "、";
+
 }  // namespace chengheng::currency_texts

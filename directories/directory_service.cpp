@@ -137,7 +137,12 @@ Outcome DirectoryService::add(DirectoryRecord& record) {
     const Outcome outcome = underLocks(m_messages, m_directory.writing, [&] {
         const UntoldOutcome result = refuse(*g_pDB, wanted);
         if (result.outcome != Outcome::done) return result;
-        return inOneUnit([&] { return outcomeOf(addRecord(*g_pDB, m_directory.kind, wanted)); });
+        return inOneUnit(
+            m_directory.writing.right,
+            [&] {
+                return fmt::format(texts::loggedAddition, m_directory.noun, directoryLine(wanted));
+            },
+            [&] { return outcomeOf(addRecord(*g_pDB, m_directory.kind, wanted)); });
     });
     if (outcome == Outcome::done) record = wanted;
     return outcome;
@@ -171,6 +176,11 @@ Outcome DirectoryService::modify(const DirectoryRecord& loaded, DirectoryRecord&
         if (result.outcome == Outcome::done) result = refuse(*g_pDB, changed);
         if (result.outcome != Outcome::done || changed == loaded) return result;
         return inOneUnit(
+            m_directory.writing.right,
+            [&] {
+                return fmt::format(texts::loggedChange, m_directory.noun,
+                                   changedName(directoryLine(loaded), directoryLine(changed)));
+            },
             [&] { return outcomeOf(editRecord(*g_pDB, m_directory.kind, loaded, changed)); });
     });
     if (outcome == Outcome::done) wanted = changed;
@@ -199,7 +209,10 @@ Outcome DirectoryService::remove(const DirectoryRecord* selected) {
     const Answer answer = m_messages.ask(
         {.text = fmt::format(texts::deletion, m_directory.noun, selected->code, selected->name)});
     if (answer != Answer::yes) return Outcome::refused;
-    return changeRecords(m_messages, m_directory.deleting, [&] {
+    const auto words = [&] {
+        return fmt::format(texts::loggedDeletion, m_directory.noun, directoryLine(*selected));
+    };
+    return changeRecords(m_messages, m_directory.deleting, words, [&] {
         UntoldOutcome result = refuseDeletion(*selected);
         if (result.outcome != Outcome::done) return result;
         result = outcomeOf(deleteEmptyBalances(*g_pDB, m_directory.kind, *selected));

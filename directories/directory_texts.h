@@ -75,4 +75,9 @@ inline constexpr const char* goneBelowTyped =
 /// A record with its group.
 inline constexpr const char* inGroup = "{}({})";
 
+/// What the operation log says: what it is, code and name.
+inline constexpr const char* loggedAddition = "增加{} {}";
+inline constexpr const char* loggedChange = "修改{} {}";
+inline constexpr const char* loggedDeletion = "删除{} {}";
+
 }  // namespace chengheng::directory_texts

@@ -12,6 +12,7 @@
 #include "operators/operator_reading.h"
 #include "operators/operator_sql.h"
 #include "operators/operator_texts.h"
+#include "operators/presets.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
@@ -144,7 +145,7 @@ UntoldOutcome modifyOperator(const OperatorInput& input, const std::string& hash
     return result;
 }
 
-UntoldOutcome changeRights(const RightsChange& change, std::int32_t userId,
+UntoldOutcome changeRights(const RightsChange& change, std::int32_t userId, OperatorRights& before,
                            OperatorRights& rights) {
     _UsersInfo user;
     UntoldOutcome result = readOne(operator_sql::ofUser(userId), user);
@@ -154,7 +155,8 @@ UntoldOutcome changeRights(const RightsChange& change, std::int32_t userId,
     if (result.outcome == Outcome::stale)
         return UntoldOutcome::refused({.text = texts::safetyFault});
     if (result.outcome != Outcome::done) return result;
-    const OperatorRights wanted = change.appliedTo(OperatorRights(stored.sAuthId));
+    before = OperatorRights(stored.sAuthId);
+    const OperatorRights wanted = change.appliedTo(before);
     if (g_pDB->QRYExecuteSQL(operator_sql::saveRights(userId, wanted.text())) == 0)
         return UntoldOutcome::failed();
     rights = wanted;
@@ -178,6 +180,12 @@ UntoldOutcome changeSupervisor(bool isSupervisor, _UsersInfo& user) {
     stored.bManager = isSupervisor ? 1 : 0;
     user = stored;
     return g_pDB->Users_Edit(stored) == 0 ? result : UntoldOutcome::failed();
+}
+
+std::string inOneLine(std::string lines) {
+    if (lines.ends_with('\n')) lines.pop_back();
+    std::ranges::replace(lines, '\n', ' ');
+    return lines;
 }
 
 UntoldOutcome deleteOperator(std::int32_t userId) {
@@ -218,7 +226,8 @@ Outcome OperatorService::add(const OperatorInput& input, OperatorRecord& added) 
     user.sUserName = operatorName(input);
     if (checked.outcome == Outcome::done) checked = hashed(input.password, m_cost, user.sPassword);
     if (checked.outcome != Outcome::done) return told(m_messages, checked);
-    const Outcome outcome = changeRecords(m_messages, lockLists, [&] {
+    const auto words = [&user] { return fmt::format(texts::loggedAddition, user.sUserName); };
+    const Outcome outcome = changeRecords(m_messages, lockLists, words, [&] {
         UntoldOutcome result = refuseInput(input, 0);
         return result.outcome == Outcome::done ? addOperator(user, input.wantsNewPassword) : result;
     });
@@ -234,8 +243,14 @@ Outcome OperatorService::modify(const OperatorInput& input, OperatorRecord& chan
     if (checked.outcome == Outcome::done && !input.password.empty())
         checked = hashed(input.password, m_cost, hash);
     if (checked.outcome != Outcome::done) return told(m_messages, checked);
-    const Outcome outcome =
-        changeRecords(m_messages, lockLists, [&] { return modifyOperator(input, hash, record); });
+    const Outcome outcome = changeRecords(
+        m_messages, lockLists,
+        [&] {
+            const std::string name = changedName(changed.user.sUserName, record.user.sUserName);
+            return hash.empty() ? fmt::format(texts::loggedChange, name)
+                                : fmt::format(texts::loggedPassword, name);
+        },
+        [&] { return modifyOperator(input, hash, record); });
     if (outcome != Outcome::done) return outcome;
     if (isOwn(record.user)) HostSession::renameOperator(record.user.sUserName);
     changed = record;
@@ -243,9 +258,15 @@ Outcome OperatorService::modify(const OperatorInput& input, OperatorRecord& chan
 }
 
 Outcome OperatorService::saveRights(const RightsChange& change, OperatorRecord& changed) {
+    OperatorRights before;
     OperatorRights rights;
     const Outcome outcome = changeRecords(
-        m_messages, lockLists, [&] { return changeRights(change, changed.user.lUserId, rights); });
+        m_messages, lockLists,
+        [&] {
+            return fmt::format(texts::loggedRights, changed.user.sUserName,
+                               inOneLine(rightsDifference(before, rights)));
+        },
+        [&] { return changeRights(change, changed.user.lUserId, before, rights); });
     if (outcome == Outcome::done) changed.rights = rights;
     return outcome;
 }
@@ -260,8 +281,10 @@ Outcome OperatorService::remove(const OperatorRecord* record) {
         m_messages.ask({.text = fmt::format(texts::deletion, record->user.sUserName),
                         .icon = MessageIcon::information});
     if (answer != Answer::yes) return Outcome::refused;
-    return changeRecords(m_messages, lockLists,
-                         [&] { return deleteOperator(record->user.lUserId); });
+    return changeRecords(
+        m_messages, lockLists,
+        [&] { return fmt::format(texts::loggedDeletion, record->user.sUserName); },
+        [&] { return deleteOperator(record->user.lUserId); });
 }
 
 Outcome OperatorService::setSupervisor(bool isSupervisor, OperatorRecord& changed) {
@@ -277,8 +300,13 @@ Outcome OperatorService::setSupervisor(bool isSupervisor, OperatorRecord& change
     if (m_messages.ask({.text = question, .preset = Answer::no}) != Answer::yes)
         return Outcome::refused;
     _UsersInfo user = changed.user;
-    const Outcome outcome =
-        changeRecords(m_messages, lockLists, [&] { return changeSupervisor(isSupervisor, user); });
+    const Outcome outcome = changeRecords(
+        m_messages, lockLists,
+        [&] {
+            return isSupervisor ? fmt::format(texts::loggedSupervisor, user.sUserName)
+                                : fmt::format(texts::loggedSupervisorEnd, user.sUserName);
+        },
+        [&] { return changeSupervisor(isSupervisor, user); });
     if (outcome == Outcome::done) changed.user = user;
     return outcome;
 }

@@ -60,4 +60,14 @@ inline constexpr const char* partOfGroup = "{}({})";
 inline constexpr const char* betweenFunctions = "、";
 inline constexpr const char* betweenGroups = ";";
 
+/// What the operation log says. A name takes the place of {}.
+inline constexpr const char* loggedAddition = "增加操作员 {}";
+inline constexpr const char* loggedChange = "修改操作员 {}";
+inline constexpr const char* loggedPassword = "修改操作员 {} 的口令";
+inline constexpr const char* loggedDeletion = "删除操作员 {}";
+/// Name, and what is granted and taken.
+inline constexpr const char* loggedRights = "更改操作员 {} 的权限:{}";
+inline constexpr const char* loggedSupervisor = "把操作员 {} 设为主管";
+inline constexpr const char* loggedSupervisorEnd = "取消操作员 {} 的主管资格";
+
 }  // namespace chengheng::operator_texts

@@ -1,11 +1,17 @@
 #include "session/record_change.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
 #include "data/access/CNbCwDB.h"
 #include "data/access/host_database.h"
 #include "data/access/unit_of_work.h"
 #include "session/CCheckAuth.h"
 #include "session/last_failure.h"
 #include "session/open_books.h"
+#include "session/session_texts.h"
 #include "session/who_writes.h"
 
 namespace chengheng {
@@ -43,8 +49,17 @@ Outcome underLocks(IMessages& messages, const LockLists& tables,
     return told(messages, run());
 }
 
-UntoldOutcome inOneUnit(const std::function<UntoldOutcome()>& work) {
-    UnitOfWork unit(*g_pDB);
+UnitWords unitWords(WriteRight right, ChangeWords words) {
+    return {std::max(static_cast<std::int32_t>(right), 0), std::move(words)};
+}
+
+std::string changedName(const std::string& before, const std::string& after) {
+    return before == after ? before : fmt::format(session_texts::becomes, before, after);
+}
+
+UntoldOutcome inOneUnit(WriteRight right, const ChangeWords& words,
+                        const std::function<UntoldOutcome()>& work) {
+    UnitOfWork unit(*g_pDB, unitWords(right, words));
     if (!unit.isOpen()) return UntoldOutcome::failed();
     UntoldOutcome result = work();
     if (result.outcome == Outcome::done && !(noteWriter() && unit.commit()))
@@ -52,9 +67,9 @@ UntoldOutcome inOneUnit(const std::function<UntoldOutcome()>& work) {
     return result;
 }
 
-Outcome changeRecords(IMessages& messages, const LockLists& tables,
+Outcome changeRecords(IMessages& messages, const LockLists& tables, const ChangeWords& words,
                       const std::function<UntoldOutcome()>& work) {
-    return underLocks(messages, tables, [&work] { return inOneUnit(work); });
+    return underLocks(messages, tables, [&] { return inOneUnit(tables.right, words, work); });
 }
 
 Outcome told(IMessages& messages, const UntoldOutcome& result) {

@@ -2,10 +2,12 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "base/messages/messages.h"
 #include "base/messages/refusal.h"
 #include "data/access/table_locks.h"
+#include "data/access/unit_words.h"
 
 namespace chengheng {
 
@@ -74,12 +76,22 @@ struct LockLists {
 Outcome underLocks(IMessages& messages, const LockLists& tables,
                    const std::function<UntoldOutcome()>& work);
 
+/// What is done, in the words of the operation log; asked for once it is written.
+using ChangeWords = std::function<std::string()>;
+
+/// The same with the function that the change belongs to.
+UnitWords unitWords(WriteRight right, ChangeWords words);
+
+/// What is changed by its name, and by the name it gets where that is another: "1 现金 → 1 现款".
+std::string changedName(const std::string& before, const std::string& after);
+
 /// Runs the writing of a change in one unit of work, which counts only when it is done.
-UntoldOutcome inOneUnit(const std::function<UntoldOutcome()>& work);
+UntoldOutcome inOneUnit(WriteRight right, const ChangeWords& words,
+                        const std::function<UntoldOutcome()>& work);
 
 /// Runs the checks and the writing of a change that asks nothing: between the locks, in one
 /// unit of work. What the work wrote is taken back or durable before anything is told.
-Outcome changeRecords(IMessages& messages, const LockLists& tables,
+Outcome changeRecords(IMessages& messages, const LockLists& tables, const ChangeWords& words,
                       const std::function<UntoldOutcome()>& work);
 
 /// Tells what there is to tell.

@@ -9,6 +9,9 @@ namespace chengheng::session_texts {
 inline constexpr const char* currencyGone = "该外币已经被删除!";
 inline constexpr const char* currencyUnreadable = "无法读取外币资料,操作没有进行!\n{}";
 
+/// The name before and after, in the operation log.
+inline constexpr const char* becomes = "{} → {}";
+
 struct LockTitle {
     std::string_view name;
     const char* title;

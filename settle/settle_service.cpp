@@ -146,16 +146,23 @@ Outcome SettleService::read(int id, _SettleInfo& method, bool& isUsed) {
 
 Outcome SettleService::add(_SettleInfo& method, std::span<const Leaf> leaves) {
     int id = 0;
-    const Outcome outcome =
-        changeRecords(m_messages, lockLists, [&] { return addMethod(method, leaves, id); });
+    const Outcome outcome = changeRecords(
+        m_messages, lockLists,
+        [&] { return fmt::format(settle_texts::loggedAddition, settleLeafText(method)); },
+        [&] { return addMethod(method, leaves, id); });
     if (outcome == Outcome::done) method.lId = id;
     return outcome;
 }
 
 Outcome SettleService::modify(const _SettleInfo& loaded, const _SettleInfo& wanted,
                               std::span<const Leaf> leaves) {
-    return changeRecords(m_messages, lockLists,
-                         [&] { return modifyMethod(loaded, wanted, leaves); });
+    return changeRecords(
+        m_messages, lockLists,
+        [&] {
+            return fmt::format(settle_texts::loggedChange,
+                               changedName(settleLeafText(loaded), settleLeafText(wanted)));
+        },
+        [&] { return modifyMethod(loaded, wanted, leaves); });
 }
 
 Outcome SettleService::remove(const Leaf* leaf, const _SettleInfo& loaded) {
@@ -165,7 +172,10 @@ Outcome SettleService::remove(const Leaf* leaf, const _SettleInfo& loaded) {
     const Answer answer =
         m_messages.ask({.text = fmt::format(settle_texts::deletion, number, name)});
     if (answer != Answer::yes) return Outcome::refused;
-    return changeRecords(m_messages, lockLists, [&] { return deleteMethod(loaded); });
+    return changeRecords(
+        m_messages, lockLists,
+        [&] { return fmt::format(settle_texts::loggedDeletion, settleLeafText(loaded)); },
+        [&] { return deleteMethod(loaded); });
 }
 
 }  // namespace chengheng

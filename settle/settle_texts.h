@@ -34,4 +34,9 @@ inline constexpr const char* goneBelowTyped =
     "该结算方式已被其他工作站删除,列表已重新读入。\n输入已保留,再次确定将作为新的结算方式增加。";
 inline constexpr const char* withRegister = "{}(使用支票登记簿)";
 
+/// What the operation log says. A method takes the place of {}.
+inline constexpr const char* loggedAddition = "增加结算方式 {}";
+inline constexpr const char* loggedChange = "修改结算方式 {}";
+inline constexpr const char* loggedDeletion = "删除结算方式 {}";
+
 }  // namespace chengheng::settle_texts

@@ -9,6 +9,9 @@ inline constexpr const char* fateChanged = "修改";
 inline constexpr const char* fateUnchanged = "不变";
 inline constexpr const char* fateRefused = "拒绝";
 
+/// What the operation log says of an import.
+inline constexpr const char* logged = "导入{}:新增 {} 个,修改 {} 个";
+
 inline constexpr const char* rowsRefused = "有 {} 行被拒绝,没有导入。\n请修改文件后重试。";
 inline constexpr const char* outdated = "预览之后帐套中的资料已有改动,没有导入。\n请重新预览。";
 inline constexpr const char* askAcceptance = "有 {} 行需要确认,全部接受并导入吗?";

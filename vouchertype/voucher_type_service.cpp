@@ -139,14 +139,22 @@ Outcome VoucherTypeService::read(int id, _SignInfo& type, bool& isUsed) {
 
 Outcome VoucherTypeService::add(_SignInfo& type) {
     int id = 0;
-    const Outcome outcome =
-        changeRecords(m_messages, voucherTypeLocks, [&] { return addType(type, id); });
+    const Outcome outcome = changeRecords(
+        m_messages, voucherTypeLocks,
+        [&] { return fmt::format(texts::loggedAddition, voucherTypeLeafText(type)); },
+        [&] { return addType(type, id); });
     if (outcome == Outcome::done) type.lId = id;
     return outcome;
 }
 
 Outcome VoucherTypeService::modify(const _SignInfo& loaded, const _SignInfo& wanted) {
-    return changeRecords(m_messages, voucherTypeLocks, [&] { return modifyType(loaded, wanted); });
+    return changeRecords(
+        m_messages, voucherTypeLocks,
+        [&] {
+            return fmt::format(texts::loggedChange, changedName(voucherTypeLeafText(loaded),
+                                                                voucherTypeLeafText(wanted)));
+        },
+        [&] { return modifyType(loaded, wanted); });
 }
 
 Outcome VoucherTypeService::remove(int id) {
@@ -158,7 +166,10 @@ Outcome VoucherTypeService::remove(int id) {
     const Answer answer =
         m_messages.ask({.text = fmt::format(texts::deletion, stored.sSign, stored.sSignName)});
     if (answer != Answer::yes) return Outcome::refused;
-    return changeRecords(m_messages, voucherTypeLocks, [&] { return deleteType(stored); });
+    return changeRecords(
+        m_messages, voucherTypeLocks,
+        [&] { return fmt::format(texts::loggedDeletion, voucherTypeLeafText(stored)); },
+        [&] { return deleteType(stored); });
 }
 
 }  // namespace chengheng

@@ -46,4 +46,9 @@ inline constexpr const char* restrictedType = "{}({} {})";
 inline constexpr const char* unknownRestriction = "限制方式不明";
 inline constexpr const char* accountSeparator = "、";
 
+/// What the operation log says. A type takes the place of {}.
+inline constexpr const char* loggedAddition = "增加凭证类别 {}";
+inline constexpr const char* loggedChange = "修改凭证类别 {}";
+inline constexpr const char* loggedDeletion = "删除凭证类别 {}";
+
 }  // namespace chengheng::voucher_type_texts

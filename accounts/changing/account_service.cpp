@@ -1,5 +1,7 @@
 #include "accounts/changing/account_service.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "accounts/changing/account_locks.h"
@@ -32,6 +34,10 @@ UntoldOutcome askAll(IMessages& messages, const std::vector<AccountQuestion>& qu
     return UntoldOutcome::done();
 }
 
+std::string nameOf(const _CodeInfo& account) {
+    return fmt::format(account_texts::codeAndName, account.sCode, account.sName);
+}
+
 UntoldOutcome addChecked(IMessages& messages, const AccountFacts& facts, const StoredChart& chart,
                          AccountChange& change) {
     const auto refusal = firstRefusal(additionChecks(), facts);
@@ -42,10 +48,13 @@ UntoldOutcome addChecked(IMessages& messages, const AccountFacts& facts, const S
     if (asked.outcome != Outcome::done) return asked;
     _CodeInfo& account = change.account;
     account = newAccount(facts);
-    return inOneUnit([&] {
-        return inTurn(
-            {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parent); }});
-    });
+    return inOneUnit(
+        account_locks::inOrder.right,
+        [&] { return fmt::format(account_texts::loggedAddition, nameOf(account)); },
+        [&] {
+            return inTurn(
+                {[&] { return addAccount(account); }, [&] { return endsNoMore(facts.parent); }});
+        });
 }
 
 UntoldOutcome modifyChecked(IMessages& messages, const AccountFacts& facts,
@@ -60,8 +69,12 @@ UntoldOutcome modifyChecked(IMessages& messages, const AccountFacts& facts,
     _CodeInfo& account = change.account;
     account = modifiedAccount(facts);
     const auto write = [&] { return editAccount(account); };
-    if (!facts.isCodeChanged()) return inOneUnit(write);
-    return inOneUnit([&] {
+    const auto words = [&] {
+        return fmt::format(account_texts::loggedChange,
+                           changedName(nameOf(*facts.before), nameOf(account)));
+    };
+    if (!facts.isCodeChanged()) return inOneUnit(account_locks::inOrder.right, words, write);
+    return inOneUnit(account_locks::inOrder.right, words, [&] {
         const std::string parentBefore = facts.levels.parentOf(facts.before->sCode);
         return inTurn({write, [&] { return endsAgainWithoutChildren(parentBefore); },
                        [&] { return endsNoMore(facts.parent); }});
@@ -80,10 +93,13 @@ UntoldOutcome removeChecked(std::string_view code, const CodeLevels& levels,
         firstRefusal(deletionChecks(), {*account, chart.idsWithBelow(code), chart});
     if (!chart.isRead()) return UntoldOutcome::failed();
     if (refusal) return refused(*refusal, change);
-    return inOneUnit([&] {
-        return inTurn({[&] { return deleteAccount(account->lId); },
-                       [&] { return endsAgainWithoutChildren(levels.parentOf(code)); }});
-    });
+    return inOneUnit(
+        account_locks::ofDeletion.right,
+        [&] { return fmt::format(account_texts::loggedDeletion, nameOf(*account)); },
+        [&] {
+            return inTurn({[&] { return deleteAccount(account->lId); },
+                           [&] { return endsAgainWithoutChildren(levels.parentOf(code)); }});
+        });
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "accounts/changing/designation.h"
 
+#include <fmt/format.h>
+
 #include "accounts/changing/account_locks.h"
 #include "accounts/chart/account_sql.h"
 #include "accounts/chart/account_texts.h"
@@ -26,8 +28,13 @@ UntoldOutcome designateUnderLocks(const std::string& cash, const std::string& ba
         UntoldOutcome result = checkExistence(code);
         if (result.outcome != Outcome::done) return result;
     }
-    const bool isDone = g_pDB->QRYExecuteSQL(account_sql::designation(cash, bank)) != 0;
-    return isDone ? UntoldOutcome::done() : UntoldOutcome::failed();
+    return inOneUnit(
+        account_locks::inOrder.right,
+        [&] { return fmt::format(account_texts::loggedDesignation, cash, bank); },
+        [&] {
+            const bool isDone = g_pDB->QRYExecuteSQL(account_sql::designation(cash, bank)) != 0;
+            return isDone ? UntoldOutcome::done() : UntoldOutcome::failed();
+        });
 }
 
 int positionOf(const std::vector<_CodeInfo>& accounts, std::int16_t _CodeInfo::*mark) {

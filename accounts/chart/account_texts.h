@@ -76,6 +76,14 @@ inline constexpr const char* storedNow = "{}:现在是“{}”";
 inline constexpr const char* storedAndTyped = "{}:现在是“{}”,您输入的是“{}”";
 inline constexpr const char* changedThere = "{}:已改变";
 
+/// What the operation log says. An account takes the place of {}.
+inline constexpr const char* loggedAddition = "增加科目 {}";
+inline constexpr const char* loggedChange = "修改科目 {}";
+inline constexpr const char* loggedDeletion = "删除科目 {}";
+inline constexpr const char* loggedDesignation = "指定现金科目 {},银行科目 {}";
+/// Code and name.
+inline constexpr const char* codeAndName = "{} {}";
+
 inline constexpr std::array ledgerPages{"金额式", "外币金额式", "数量金额式", "外币数量式"};
 
 }  // namespace chengheng::account_texts

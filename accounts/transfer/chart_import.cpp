@@ -54,7 +54,12 @@ UntoldOutcome ChartImport::applyUnderLocks(const ImportPlan& plan, const ImportP
     ChartState state;
     if (!readChartState(*g_pDB, state)) return UntoldOutcome::failed();
     if (planImport(m_sheet, state) != plan) return planOutdated();
-    return inOneUnit([&] { return outcomeOf(writePlan(*g_pDB, plan, progress)); });
+    return inOneUnit(
+        account_locks::inOrder.right,
+        [&plan] {
+            return importInWords(texts::chartTitle, plan.added.size(), plan.changed.size());
+        },
+        [&] { return outcomeOf(writePlan(*g_pDB, plan, progress)); });
 }
 
 Outcome exportChart(IMessages& messages, const std::string& path, Overwrite overwrite) {

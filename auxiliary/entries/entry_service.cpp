@@ -1,5 +1,7 @@
 #include "auxiliary/entries/entry_service.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <string_view>
 
@@ -254,6 +256,18 @@ UntoldOutcome EntryWriting::writeAdditions() {
     return UntoldOutcome::done();
 }
 
+/// Entries that come, or go, among others that change are changes, too.
+std::string changesInWords(const AuxiliaryAccount& account, std::span<const EntryChange> changes) {
+    const bool areAdded = std::ranges::none_of(
+        changes, [](const EntryChange& each) { return each.before.has_value(); });
+    const bool areDeleted = std::ranges::none_of(
+        changes, [](const EntryChange& each) { return each.after.has_value(); });
+    const char* const deed = areAdded     ? auxiliary_texts::addition
+                             : areDeleted ? auxiliary_texts::erasure
+                                          : auxiliary_texts::modification;
+    return fmt::format(auxiliary_texts::logged, deed, account.code, account.name, changes.size());
+}
+
 }  // namespace
 
 Outcome EntryService::write(const AuxiliaryAccount& account, std::span<EntryChange> changes,
@@ -263,7 +277,8 @@ Outcome EntryService::write(const AuxiliaryAccount& account, std::span<EntryChan
         const TableLocks further(*g_pDB, furtherTables(m_member), "");
         if (!further.areGranted()) return UntoldOutcome::failed();
         EntryWriting writing(m_member, account, changes);
-        return inOneUnit([&] {
+        const auto words = [&] { return changesInWords(account, changes); };
+        return inOneUnit(WriteRight::opening, words, [&] {
             UntoldOutcome result = writing.run();
             const bool isDone = result.outcome == Outcome::done;
             return isDone && followUp && !followUp() ? UntoldOutcome::failed() : result;

@@ -150,4 +150,10 @@ inline constexpr const char* difference = "差额:{}";
 
 inline constexpr const char* printedAccount = "科目:{}";
 
+/// What the operation log says: what is done, the account, and with how many entries.
+inline constexpr const char* logged = "{}期初明细 {} {} {} 笔";
+inline constexpr const char* addition = "增加";
+inline constexpr const char* modification = "修改";
+inline constexpr const char* erasure = "删除";
+
 }  // namespace chengheng::auxiliary_texts

@@ -108,8 +108,10 @@ class Carrying {
             return asked;
         OpeningBooks books;
         CarryPlan plan;
-        UntoldOutcome written =
-            inOneUnit([&] { return writeInUnit(books, plan, result.isFilled); });
+        UntoldOutcome written = inOneUnit(
+            WriteRight::carryForward,
+            [&] { return fmt::format(carry_texts::logged, plan.accounts.size()); },
+            [&] { return writeInUnit(books, plan, result.isFilled); });
         if (written.outcome == Outcome::done) result.remark = remarkOn(plan, books);
         return written;
     }

@@ -91,4 +91,7 @@ inline constexpr const char* plannedDetails = "其中辅助明细 {} 条。";
 inline constexpr const char* obstacleCount = "有 {} 处不能结转,原因见说明,排除后才能结转。";
 inline constexpr const char* readyToCarry = "可以结转:请使用“结转上年余额”。";
 
+/// What the operation log says: how many accounts.
+inline constexpr const char* logged = "结转上年余额 {} 个科目";
+
 }  // namespace chengheng::carry_texts

@@ -92,4 +92,7 @@ inline constexpr const char* unexpected = "程序出现意外错误,已结束;�
 inline constexpr const char* nameGivenBack =
     "上次结转中断,帐套留在临时文件“{}”中。\n已恢复为“{}”,内容没有改变。";
 
+/// What the operation log says.
+inline constexpr const char* loggedOwnPassword = "修改本人 {} 的口令";
+
 }  // namespace chengheng::logon_texts

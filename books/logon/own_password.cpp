@@ -1,5 +1,7 @@
 #include "books/logon/own_password.h"
 
+#include <fmt/format.h>
+
 #include "books/logon/logon_sql.h"
 #include "books/logon/logon_texts.h"
 #include "data/access/CNbCwDB.h"
@@ -107,7 +109,8 @@ bool OwnPassword::confirm() {
         m_messages.tell({.text = logon_texts::passwordNotKept, .icon = MessageIcon::stop});
         return false;
     }
-    return changeRecords(m_messages, lockLists, [&] { return writeOwn(knownHash, hash); }) ==
+    const auto words = [this] { return fmt::format(logon_texts::loggedOwnPassword, name()); };
+    return changeRecords(m_messages, lockLists, words, [&] { return writeOwn(knownHash, hash); }) ==
            Outcome::done;
 }
 

@@ -62,6 +62,16 @@ Notice changedMeanwhile(const _zAccountMInfo& stored, const BooksParameters& wan
             .icon = MessageIcon::warning};
 }
 
+std::string inWords(const ParametersPlan& plan) {
+    std::string changes;
+    for (const ParameterChange& change : plan.changes) {
+        if (!changes.empty()) changes += parameters_texts::between;
+        changes +=
+            fmt::format(parameters_texts::loggedChange, change.title, change.before, change.after);
+    }
+    return fmt::format(parameters_texts::logged, changes);
+}
+
 }  // namespace
 
 UntoldOutcome ParametersService::readFacts(ParameterFacts& facts) {
@@ -118,8 +128,9 @@ UntoldOutcome ParametersService::write(const WantedParameters& given, _zAccountM
 
 Outcome ParametersService::change(const WantedParameters& given) {
     _zAccountMInfo record;
-    const Outcome outcome =
-        changeRecords(m_messages, lockLists, [&] { return write(given, record); });
+    const Outcome outcome = changeRecords(
+        m_messages, lockLists, [&] { return inWords(planOf(given)); },
+        [&] { return write(given, record); });
     if (outcome == Outcome::done) publish(record, given.facts.location);
     return outcome;
 }

@@ -72,4 +72,8 @@ inline constexpr const char* patternHint = "各级编码示例:{}\n只能在末�
 inline constexpr const char* patternRule = "1到6位数字,每位1到9,表示该级编码的位数";
 inline constexpr const char* startFree = "没有余额和凭证时可以改;会计年度 {} 不能改";
 
+/// What the operation log says: the parameters that become others.
+inline constexpr const char* logged = "修改帐套参数:{}";
+inline constexpr const char* loggedChange = "{} {} → {}";
+
 }  // namespace chengheng::parameters_texts

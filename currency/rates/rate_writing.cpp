@@ -1,11 +1,15 @@
 #include "currency/rates/rate_writing.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <ranges>
+#include <set>
 #include <unordered_map>
 
 #include "currency/currency_change.h"
 #include "currency/currency_sql.h"
+#include "currency/currency_texts.h"
 #include "currency/rates/rate_texts.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/host_database.h"
@@ -87,10 +91,31 @@ UntoldOutcome writeChanges(std::span<const RateChange> changes, const ImportProg
     return UntoldOutcome::done();
 }
 
+namespace {
+
+/// Those of one row tell which; of more the kind of the first and all the currencies.
+std::string changesInWords(std::span<const RateChange> changes) {
+    const RateChange& first = changes.front();
+    std::string currencies = loggedName(first.currency);
+    if (changes.size() == 1)
+        return fmt::format(currency_texts::loggedRate, titleOf(first.kind), currencies,
+                           rateTitle(first.kind, first.after.day));
+    std::set<int> named{first.currency};
+    for (const RateChange& change : changes)
+        if (named.insert(change.currency).second)
+            currencies += currency_texts::betweenCurrencies + loggedName(change.currency);
+    return fmt::format(currency_texts::loggedRates, titleOf(first.kind), currencies,
+                       changes.size());
+}
+
+}  // namespace
+
 Outcome writeRates(IMessages& messages, std::span<const RateChange> changes,
                    const ImportProgress& progress) {
     if (changes.empty()) return Outcome::done;
-    return changeCurrencies(messages, [&] { return writeChanges(changes, progress); });
+    return changeCurrencies(
+        messages, [&] { return changesInWords(changes); },
+        [&] { return writeChanges(changes, progress); });
 }
 
 std::vector<RateChange> takenBack(std::span<const RateChange> changes) {

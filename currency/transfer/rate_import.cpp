@@ -79,7 +79,8 @@ std::optional<RatePlan> RateImport::plan(Sheet sheet, const std::string& name) {
 
 Outcome RateImport::apply(const RatePlan& plan, const ImportProgress& progress) {
     if (!isAccepted(m_messages, plan)) return Outcome::refused;
-    return changeCurrencies(m_messages, [&] {
+    const auto words = [&plan] { return fmt::format(texts::logged, plan.changes.size()); };
+    return changeCurrencies(m_messages, words, [&] {
         RateState state;
         if (!readState(state)) return UntoldOutcome::failed();
         if (state != m_state && planRates(m_sheet, m_quotedAs, state) != plan)

@@ -63,4 +63,7 @@ inline constexpr const char* exported = "汇率已导出到“{}”。";
 inline constexpr const char* unknownColumn = "第 {} 列";
 inline constexpr const char* clipboard = "剪贴板";
 
+/// What the operation log says: how many.
+inline constexpr const char* logged = "导入汇率:修改 {} 项";
+
 }  // namespace chengheng::rate_transfer_texts

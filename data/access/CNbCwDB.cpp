@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "base/values/text.h"
 #include "data/access/open_databases.h"
 #include "data/access/record_table.h"
 #include "data/access/unit_of_work.h"
@@ -35,6 +36,15 @@ Status openBooks(const std::string& location, int flag, std::unique_ptr<Engine>&
         chengheng::openEngine(location, isNew ? OpenMode::create : OpenMode::readable, engine);
     if (!status) return status;
     return isNew ? chengheng::createLayout(*engine) : chengheng::checkReadable(*engine, &layout);
+}
+
+/// The last word counts, which is that of the outermost unit.
+void sayInLog(Database& database, const chengheng::UnitWords& words) {
+    if (database.log() == nullptr || !words.text) return;
+    std::string text = words.text();
+    const std::string_view kept = chengheng::firstCharacters(text, chengheng::mostWords);
+    if (kept.size() < text.size()) text = std::string(kept) + "…";
+    database.log()->say({.function = words.function, .text = std::move(text)});
 }
 
 LockMode lockMode(int mode) { return mode == 2 ? LockMode::exclusive : LockMode::shared; }
@@ -242,8 +252,9 @@ Status CNbCwDB::beginUnit() {
     return m_impl->status;
 }
 
-Status CNbCwDB::commitUnit(const std::string& name) {
+Status CNbCwDB::commitUnit(const std::string& name, const chengheng::UnitWords& words) {
     Database* database = m_impl->databases.find(name);
+    if (database != nullptr) sayInLog(*database, words);
     m_impl->settle(database == nullptr ? Status::of(Failure::notOpen, name)
                                        : database->commitUnit());
     return m_impl->status;

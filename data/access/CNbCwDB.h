@@ -10,6 +10,7 @@
 #include "base/values/status.h"
 #include "data/access/record_operations.h"
 #include "data/access/table_operations.h"
+#include "data/access/unit_words.h"
 #include "data/engine/lock_service.h"
 #include "data/sql/sql_format.h"
 
@@ -144,9 +145,10 @@ class CNbCwDB final : public chengheng::RecordOperations {
         const std::function<chengheng::Status(chengheng::Database&)>& work);
 
     /// Nested units are savepoints; see UnitOfWork. A unit begins on the selected database and
-    /// ends on the one named, whichever is selected by then.
+    /// ends on the one named, whichever is selected by then. Of units within each other the log
+    /// has the words of the outermost that gives some.
     chengheng::Status beginUnit();
-    chengheng::Status commitUnit(const std::string& name);
+    chengheng::Status commitUnit(const std::string& name, const chengheng::UnitWords& words = {});
     void rollbackUnit(const std::string& name);
 
     /// Lock service of the selected database, or of an open one; null when there is none.

@@ -106,12 +106,16 @@ UntoldOutcome DirectoryImport::applyUnderLocks(const DirectoryPlan& plan,
     if (!readState(m_directory, state)) return UntoldOutcome::failed();
     if (state != m_state && planDirectory(m_directory, m_sheet, state) != plan)
         return planOutdated();
-    return inOneUnit([&] {
-        const Status status = PlanWriter(m_directory, plan, progress).write(plan);
-        if (status) return UntoldOutcome::done();
-        if (status.failure != Failure::cancelled) return UntoldOutcome::failed();
-        return UntoldOutcome::refused({.text = fmt::format(texts::cancelled, m_directory.noun)});
-    });
+    return inOneUnit(
+        m_directory.writing.right,
+        [&] { return importInWords(m_directory.noun, plan.added.size(), plan.changed.size()); },
+        [&] {
+            const Status status = PlanWriter(m_directory, plan, progress).write(plan);
+            if (status) return UntoldOutcome::done();
+            if (status.failure != Failure::cancelled) return UntoldOutcome::failed();
+            return UntoldOutcome::refused(
+                {.text = fmt::format(texts::cancelled, m_directory.noun)});
+        });
 }
 
 Outcome exportDirectory(IMessages& messages, const Directory& directory, const std::string& path,

@@ -5,6 +5,7 @@
 #include "base/values/text.h"
 #include "data/access/CNbCwDB.h"
 #include "data/access/host_database.h"
+#include "opening/sheet/opening_log_texts.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/storing/opening_sql.h"
 
@@ -87,7 +88,12 @@ Outcome adjustDirection(OpeningBooks& books, std::size_t line, IMessages& messag
     if (messages.ask(directionQuestion(books.sheet, line)) != Answer::yes) return Outcome::refused;
     OpeningBooks fresh;
     const OpeningAccount asked = books.sheet.accountOfLine(line);
-    const Outcome outcome = changeRecords(messages, lockLists, [&] { return turn(fresh, asked); });
+    const auto words = [&asked] {
+        return fmt::format(opening_log_texts::loggedDirection, asked.code, asked.name,
+                           directionText(asked.isDebit), directionText(!asked.isDebit));
+    };
+    const Outcome outcome =
+        changeRecords(messages, lockLists, words, [&] { return turn(fresh, asked); });
     if (outcome == Outcome::done) books = std::move(fresh);
     return outcome;
 }

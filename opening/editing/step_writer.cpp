@@ -10,6 +10,7 @@
 #include "data/access/host_database.h"
 #include "data/tables/accounts.h"
 #include "opening/editing/typed_amount.h"
+#include "opening/sheet/opening_log_texts.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/sheet/roll_up.h"
 
@@ -119,7 +120,8 @@ Outcome StepWriter::write(IMessages& messages, const StepMaker& make, EditStep& 
                           const BesideWork& beside, const WritingTold& told) {
     m_step = make(m_books.sheet);
     if (m_step.empty()) return Outcome::done;
-    const Outcome outcome = changeRecords(messages, m_locks, [&] {
+    const auto words = [this] { return inWords(m_fresh ? m_fresh->sheet : m_books.sheet); };
+    const Outcome outcome = changeRecords(messages, m_locks, words, [&] {
         UntoldOutcome result = run(make, told);
         return result.outcome == Outcome::done && beside ? beside() : result;
     });
@@ -219,6 +221,19 @@ Status StepWriter::post(const OpeningSheet& sheet, const WritingTold& told) {
         if (!status) return status;
     }
     return Status::done();
+}
+
+std::string StepWriter::inWords(const OpeningSheet& sheet) const {
+    std::set<std::int32_t> accounts;
+    for (const CellChange& change : m_step) accounts.insert(change.accountId);
+    if (m_locks.right == WriteRight::carryForward)
+        return fmt::format(opening_log_texts::loggedCarrying, accounts.size());
+    if (m_step.empty()) return {};
+    const OpeningAccount& first = sheet.accounts()[placeOf(sheet, m_step.front())];
+    return accounts.size() == 1
+               ? fmt::format(opening_log_texts::loggedOpening, first.code, first.name)
+               : fmt::format(opening_log_texts::loggedOpenings, first.code, first.name,
+                             accounts.size());
 }
 
 void StepWriter::takeBack() {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "base/messages/messages.h"
@@ -54,6 +55,7 @@ class StepWriter {
     Status compareWithStored(bool& isCurrent);
     Status compare(Place& place, bool& isCurrent);
     Status post(const OpeningSheet& sheet, const WritingTold& told);
+    std::string inWords(const OpeningSheet& sheet) const;
     void takeBack();
 
     OpeningBooks& m_books;

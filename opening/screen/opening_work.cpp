@@ -15,6 +15,7 @@
 #include "opening/direction/direction_adjust.h"
 #include "opening/editing/opening_transfer.h"
 #include "opening/editing/typed_amount.h"
+#include "opening/sheet/opening_log_texts.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/storing/posting.h"
 #include "opening/storing/saving.h"
@@ -27,7 +28,8 @@ namespace chengheng {
 namespace {
 
 Status sweepAndRead(OpeningBooks& books) {
-    UnitOfWork unit(*g_pDB);
+    UnitOfWork unit(*g_pDB, unitWords(WriteRight::opening,
+                                      [] { return std::string(opening_log_texts::loggedSweep); }));
     Status status = unit.status();
     if (status) status = holdSums(*g_pDB);
     if (status) status = sweepZeroRows(*g_pDB);

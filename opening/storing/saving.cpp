@@ -1,8 +1,10 @@
 #include "opening/storing/saving.h"
 
 #include "data/access/unit_of_work.h"
+#include "opening/sheet/opening_log_texts.h"
 #include "opening/storing/posting.h"
 #include "opening/storing/zero_row_sweep.h"
+#include "session/record_change.h"
 
 namespace chengheng {
 
@@ -16,7 +18,9 @@ Status postParents(CNbCwDB& database, const OpeningSheet& sheet) {
 }
 
 Status saveOpeningBooks(CNbCwDB& database, OpeningBooks& books) {
-    UnitOfWork unit(database);
+    UnitOfWork unit(database, unitWords(WriteRight::opening, [] {
+                        return std::string(opening_log_texts::loggedSaving);
+                    }));
     OpeningBooks read;
     bool isBrowsing = false;
     Status status = unit.status();

@@ -53,4 +53,8 @@ inline constexpr const char* summary = "{} 个角色:新建 {},改名 {},修改 
 inline constexpr const char* nothingDone = "没有改动服务器(--dry-run)。";
 inline constexpr const char* furtherUse = "注意:角色另外还有写入权限(来自 PUBLIC 或其他角色):{}";
 
+/// What the operation log says.
+inline constexpr const char* logged = "使数据库角色与操作员一致";
+inline constexpr const char* loggedEnd = "删除本帐套的数据库角色";
+
 }  // namespace chengheng::role_texts

@@ -101,7 +101,8 @@ Outcome ServerRoles::look(std::span<const RolePassword> passwords, RolesOutcome&
 }
 
 Outcome ServerRoles::bringIntoLine(std::span<const RolePassword> passwords, RolesOutcome& outcome) {
-    return changeRecords(m_messages, lockLists, [&] {
+    const auto words = [] { return std::string(texts::logged); };
+    return changeRecords(m_messages, lockLists, words, [&] {
         RolesState state;
         const UntoldOutcome planned = plan(readLockedOperators, passwords, state, outcome.plan);
         return planned.outcome == Outcome::done ? carryOut(passwords, state, outcome) : planned;
@@ -115,7 +116,8 @@ Outcome ServerRoles::lookAtEnd(RolesOutcome& outcome) {
 }
 
 Outcome ServerRoles::end(RolesOutcome& outcome) {
-    return changeRecords(m_messages, lockLists, [&] {
+    const auto words = [] { return std::string(texts::loggedEnd); };
+    return changeRecords(m_messages, lockLists, words, [&] {
         RolesState state;
         const UntoldOutcome planned = planEnd(state, outcome.plan);
         return planned.outcome == Outcome::done ? carryOut({}, state, outcome) : planned;

@@ -29,6 +29,10 @@ bool isAccepted(IMessages& messages, const RowPlan& plan) {
                          .preset = Answer::cancel}) == Answer::ok;
 }
 
+std::string importInWords(const char* what, std::size_t added, std::size_t changed) {
+    return fmt::format(plan_texts::logged, what, added, changed);
+}
+
 UntoldOutcome planOutdated() { return UntoldOutcome::stale(sheetWarning(plan_texts::outdated)); }
 
 }  // namespace chengheng

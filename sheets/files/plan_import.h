@@ -22,4 +22,7 @@ bool isAccepted(IMessages& messages, const RowPlan& plan);
 /// The books have changed so that the plan would be another one.
 UntoldOutcome planOutdated();
 
+/// What the operation log says of an import: "导入部门:新增 3 个,修改 1 个".
+std::string importInWords(const char* what, std::size_t added, std::size_t changed);
+
 }  // namespace chengheng

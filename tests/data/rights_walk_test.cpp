@@ -1,10 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
 #include <set>
 
 #include "accounts/changing/designation.h"
@@ -25,6 +21,7 @@
 #include "settle/settle_service.h"
 #include "sheets/delimited/delimited_text.h"
 #include "tests/support/carry_books.h"
+#include "tests/support/changing_files.h"
 #include "tests/support/entry_books.h"
 #include "tests/support/operator_books.h"
 #include "vouchertype/preset/preset_service.h"
@@ -57,36 +54,6 @@ const std::set<std::string> withoutRight{
     "currency/currency_change.h",       // what asks for all of currencies
     "currency/currency_change.cpp",     // the same
 };
-
-/// Whether a file begins the writing of a change.
-bool beginsChange(const std::string& text) {
-    constexpr std::array beginnings{"underLocks(",     "changeRecords(", "changeCurrencies(",
-                                    "inOneUnit(",      "askedFor(",      "writeRefusal(",
-                                    "UnitOfWork unit("};
-    return std::ranges::any_of(
-        beginnings, [&text](const char* word) { return text.find(word) != std::string::npos; });
-}
-
-std::string textIn(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// Every file above the data that begins a change.
-std::set<std::string> changingFiles() {
-    namespace files = std::filesystem;
-    const files::path top = CHENGHENG_SOURCE_FOLDER;
-    std::set<std::string> found;
-    for (const char* folder :
-         {"accounts", "auxiliary", "books", "currency", "directories", "opening", "operators",
-          "report", "session", "setting", "settle", "shell", "tool", "vouchertype"})
-        for (const auto& entry : files::recursive_directory_iterator(top / folder)) {
-            const std::string kind = entry.path().extension();
-            if ((kind == ".cpp" || kind == ".h") && beginsChange(textIn(entry.path())))
-                found.insert(files::relative(entry.path(), top));
-        }
-    return found;
-}
 
 template <class Import>
 void importRows(Import import, const char* csv) {

@@ -1,5 +1,7 @@
 #include "vouchertype/preset/preset_service.h"
 
+#include <fmt/format.h>
+
 #include "data/access/host_database.h"
 #include "data/access/row_lease.h"
 #include "data/lookups/CGetData.h"
@@ -40,6 +42,13 @@ UntoldOutcome addTypes(PresetSet set) {
     return UntoldOutcome::done();
 }
 
+std::string typesInWords(PresetSet set) {
+    std::string words = preset_texts::logged;
+    for (const PresetRow& row : presetRows(set))
+        words += fmt::format(" {} {}", row.called.number, row.called.name);
+    return words;
+}
+
 }  // namespace
 
 std::optional<PresetAccounts> PresetService::accounts() {
@@ -64,7 +73,9 @@ UntoldOutcome PresetService::write(PresetSet set) {
         }
         return UntoldOutcome::refused({.text = preset_texts::alreadySet});
     }
-    return inOneUnit([set] { return addTypes(set); });
+    return inOneUnit(
+        WriteRight::voucherTypes, [set] { return typesInWords(set); },
+        [set] { return addTypes(set); });
 }
 
 Outcome PresetService::finish(PresetSet set) {

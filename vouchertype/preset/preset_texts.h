@@ -52,4 +52,7 @@ inline constexpr const char* cashAccount = "现金科目";
 inline constexpr const char* bankAccount = "银行科目";
 inline constexpr const char* cashAndBankAccounts = "现金科目和银行科目";
 
+/// What the operation log says, before the types.
+inline constexpr const char* logged = "预置凭证类别";
+
 }  // namespace chengheng::preset_texts

@@ -11,6 +11,7 @@
 #include "vouchertype/transfer/voucher_type_transfer_texts.h"
 #include "vouchertype/voucher_type_service.h"
 #include "vouchertype/voucher_type_sql.h"
+#include "vouchertype/voucher_type_texts.h"
 
 namespace chengheng {
 namespace {
@@ -84,7 +85,12 @@ UntoldOutcome VoucherTypeImport::applyUnderLocks(const VoucherTypePlan& plan,
     VoucherTypeState state;
     if (!readState(state)) return UntoldOutcome::failed();
     if (state != m_state && planVoucherTypes(m_sheet, state) != plan) return planOutdated();
-    return inOneUnit([&] { return write(plan, progress); });
+    return inOneUnit(
+        voucherTypeLocks.right,
+        [&plan] {
+            return importInWords(voucher_type_texts::title, plan.added.size(), plan.changed.size());
+        },
+        [&] { return write(plan, progress); });
 }
 
 Outcome exportVoucherTypes(IMessages& messages, const std::string& path, Overwrite overwrite) {
