@@ -72,6 +72,19 @@ std::string entriesOfRow(const std::string& table, std::int32_t id, const PageRa
     return sql;
 }
 
+std::string entriesOfTable(const std::string& table, const PageRange& range) {
+    std::string sql = entryColumns;
+    appendSql(sql,
+              " WHERE lId BETWEEN %d AND %d AND sUnit IN (SELECT sUnit FROM OperationLogPart WHERE "
+              "sTable = '%s') ORDER BY lId DESC LIMIT %d",
+              range.lowest, range.highest, table, range.limit);
+    return sql;
+}
+
+std::string balancesOf(const std::string& table) {
+    return "SELECT lId FROM " + table + " WHERE lCodeId = $1 AND byPeroid = $2";
+}
+
 std::string accountsOfRows(const std::string& table) {
     return "SELECT lId, lCodeId FROM " + table + " WHERE lId BETWEEN $1 AND $2";
 }

@@ -21,5 +21,6 @@ inline constexpr int lastTab = 50019;
 inline constexpr int importChart = 50020;
 inline constexpr int exportChart = 50021;
 inline constexpr int whereUsed = 50022;
+inline constexpr int history = 50023;
 
 }  // namespace chengheng::chart_command

@@ -18,10 +18,10 @@
 namespace chengheng {
 namespace {
 
-constexpr std::array commandsOnAnAccount{chart_command::print,     chart_command::preview,
-                                         chart_command::remove,    chart_command::modify,
-                                         chart_command::copy,      chart_command::find,
-                                         chart_command::whereUsed, chart_command::exportChart};
+constexpr std::array commandsOnAnAccount{
+    chart_command::print,     chart_command::preview,     chart_command::remove,
+    chart_command::modify,    chart_command::copy,        chart_command::find,
+    chart_command::whereUsed, chart_command::exportChart, chart_command::history};
 
 }  // namespace
 

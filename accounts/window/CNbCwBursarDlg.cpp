@@ -165,6 +165,7 @@ bool CNbCwBursarDlg::OnCommand(int command) {
         {chart_command::copy, &CNbCwBursarDlg::OnMenuCopy},
         {chart_command::find, &CNbCwBursarDlg::OnMenuFind},
         {chart_command::whereUsed, &CNbCwBursarDlg::OnMenuWhereUsed},
+        {chart_command::history, &CNbCwBursarDlg::OnMenuHistory},
         {chart_command::importChart, &CNbCwBursarDlg::OnMenuImport},
         {chart_command::exportChart, &CNbCwBursarDlg::OnMenuExport},
         {chart_command::help, &CNbCwBursarDlg::OnMenuHelp},
@@ -194,6 +195,7 @@ void CNbCwBursarDlg::OnMenuModify() { m_actions->modify(); }
 void CNbCwBursarDlg::OnMenuDelete() { m_actions->remove(); }
 void CNbCwBursarDlg::OnMenuAppoint() { m_actions->designate(); }
 void CNbCwBursarDlg::OnMenuWhereUsed() { m_actions->showUses(); }
+void CNbCwBursarDlg::OnMenuHistory() { m_actions->showHistory(); }
 
 void CNbCwBursarDlg::OnMenuImport() {
     const auto outcome = chengheng::importFromChosenFile(messages(), this);

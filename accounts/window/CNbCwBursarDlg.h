@@ -64,6 +64,7 @@ class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
     void OnMenuFind();
     void OnMenuRefurbish();  // sic
     void OnMenuWhereUsed();
+    void OnMenuHistory();
     void OnMenuImport();
     void OnMenuExport();
     void OnMenuHelp();

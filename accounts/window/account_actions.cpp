@@ -1,9 +1,12 @@
 #include "accounts/window/account_actions.h"
 
+#include <fmt/format.h>
+
 #include "accounts/chart/account_texts.h"
 #include "accounts/window/account_window.h"
 #include "accounts/window/designation_window.h"
 #include "accounts/window/used_window.h"
+#include "screen/history/history_window.h"
 #include "session/last_failure.h"
 
 namespace chengheng {
@@ -64,6 +67,14 @@ void AccountActions::remove() {
 
 void AccountActions::designate() {
     if (DesignationWindow(m_grid.window()).DoModal() == QDialog::Accepted) listAnew();
+}
+
+void AccountActions::showHistory() {
+    const ListedAccount& account = m_grid.currentAccount();
+    HistoryWindow({fmt::format(account_texts::codeAndName, account.code, account.name),
+                   {.table = "Code", .id = account.id}},
+                  m_grid.window())
+        .DoModal();
 }
 
 void AccountActions::showUses() { UsedWindow(m_grid.currentCode(), m_grid.window()).DoModal(); }

@@ -23,6 +23,7 @@ class AccountActions {
     void remove();
     void designate();
     void showUses();
+    void showHistory();
 
     /// Lists the tab anew; what keeps it from being read is told.
     void listAnew();

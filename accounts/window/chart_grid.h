@@ -31,6 +31,8 @@ class ChartGrid final : public CVCF1 {
 
     /// Empty on the blank line of an empty list.
     std::string currentCode() const { return m_screen.codeAt(currentRow()); }
+    /// Of the current account, which is there.
+    const ListedAccount& currentAccount() const { return m_screen.row(currentRow()); }
     void goToCode(const std::string& code) { setCurrentRow(m_screen.rowOfCode(code)); }
 
   signals:

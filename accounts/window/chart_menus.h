@@ -4,6 +4,7 @@
 
 #include "accounts/screen/chart_commands.h"
 #include "accounts/screen/chart_texts.h"
+#include "operationlog/history/history_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -26,6 +27,7 @@ inline constexpr MenuItemResource chartViewItems[] = {
     {chart_command::find, chart_texts::find},
     {chart_command::refurbish, chart_texts::refurbish},
     {chart_command::whereUsed, chart_texts::whereUsed},
+    {chart_command::history, history_texts::title},
 };
 inline constexpr MenuItemResource chartHelpItems[] = {
     {chart_command::help, chart_texts::help},
@@ -68,6 +70,7 @@ inline constexpr int chartContextCommands[] = {
     chart_command::find,
     0,
     chart_command::whereUsed,
+    chart_command::history,
 };
 
 }  // namespace chengheng

@@ -155,5 +155,7 @@ inline constexpr const char* logged = "{}期初明细 {} {} {} 笔";
 inline constexpr const char* addition = "增加";
 inline constexpr const char* modification = "修改";
 inline constexpr const char* erasure = "删除";
+/// What a history is of: account, summary.
+inline constexpr const char* historyOf = "{} {} {}";
 
 }  // namespace chengheng::auxiliary_texts

@@ -2,6 +2,7 @@
 
 #include "auxiliary/members/auxiliary_texts.h"
 #include "auxiliary/transfer/transfer_texts.h"
+#include "operationlog/history/history_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -25,6 +26,7 @@ inline constexpr int search = 13;
 inline constexpr int paste = 14;
 inline constexpr int importFile = 15;
 inline constexpr int exportFile = 16;
+inline constexpr int history = 17;
 }  // namespace auxiliary_command
 
 inline constexpr MenuItemResource auxiliaryFileItems[] = {
@@ -50,6 +52,7 @@ inline constexpr MenuItemResource auxiliaryEditItems[] = {
 inline constexpr MenuItemResource auxiliaryViewItems[] = {
     {auxiliary_command::find, auxiliary_texts::menuFind},
     {auxiliary_command::refresh, auxiliary_texts::menuRefresh},
+    {auxiliary_command::history, history_texts::title},
 };
 inline constexpr MenuItemResource auxiliaryHelpItems[] = {
     {auxiliary_command::help, auxiliary_texts::menuHelp},
@@ -80,8 +83,9 @@ inline constexpr ToolButton auxiliaryToolButtons[] = {
 
 /// The menu of a right click on the entries.
 inline constexpr int auxiliaryContextCommands[] = {
-    auxiliary_command::add,  auxiliary_command::modify, auxiliary_command::remove, 0,
-    auxiliary_command::copy, auxiliary_command::paste,  auxiliary_command::find,
+    auxiliary_command::add,     auxiliary_command::modify, auxiliary_command::remove, 0,
+    auxiliary_command::copy,    auxiliary_command::paste,  auxiliary_command::find,   0,
+    auxiliary_command::history,
 };
 
 }  // namespace chengheng

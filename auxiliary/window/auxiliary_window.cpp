@@ -24,6 +24,7 @@
 #include "screen/grid/CVCF1.h"
 #include "screen/help/help_pages.h"
 #include "screen/help/help_window.h"
+#include "screen/history/history_window.h"
 #include "screen/report/CNxGridControl.h"
 #include "screen/shown.h"
 #include "screen/wait_window.h"
@@ -336,6 +337,17 @@ void AuxiliaryWindow::OnMenuModify() {
     change([&] { window.DoModal(); });
 }
 
+void AuxiliaryWindow::OnMenuHistory() {
+    const auto row = currentRow();
+    if (!row || *row >= m_work.list().rowCount()) return;
+    const AuxiliaryEntry& entry = m_work.list().atRow(*row);
+    const AuxiliaryAccount& account = m_work.account();
+    HistoryWindow({fmt::format(texts::historyOf, account.code, account.name, entry.content.summary),
+                   {.table = "RegSub", .id = entry.lineId}},
+                  this)
+        .DoModal();
+}
+
 void AuxiliaryWindow::OnMenuDelete() {
     change([this] { m_work.remove(currentRow()); });
 }
@@ -402,6 +414,7 @@ bool AuxiliaryWindow::OnCommand(int command) {
         {auxiliary_command::redo, &AuxiliaryWindow::OnMenuRedo},
         {auxiliary_command::find, &AuxiliaryWindow::OnMenuFind},
         {auxiliary_command::refresh, &AuxiliaryWindow::OnMenuRefresh},
+        {auxiliary_command::history, &AuxiliaryWindow::OnMenuHistory},
         {auxiliary_command::copy, &AuxiliaryWindow::OnMenuCopy},
         {auxiliary_command::paste, &AuxiliaryWindow::OnMenuPaste},
         {auxiliary_command::importFile, &AuxiliaryWindow::OnMenuImport},

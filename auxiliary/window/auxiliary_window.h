@@ -46,6 +46,7 @@ class AuxiliaryWindow : public CNxMiddleDialog {
     void OnMenuRedo();
     void OnMenuFind();
     void OnMenuRefresh();
+    void OnMenuHistory();
     void OnMenuCopy();
     void OnMenuPaste();
     void OnMenuImport();

@@ -55,4 +55,7 @@ inline constexpr const char* homePerForeign = "一单位外币合多少本位币
 inline constexpr const char* foreignPerHome = "一单位本位币合多少外币(&F)";
 inline constexpr const char* units = "汇率的单位数(&U):";
 
+/// What a history is of: currency, day or month, which rate.
+inline constexpr const char* historyOf = "{} {} {}";
+
 }  // namespace chengheng::rate_screen_texts

@@ -24,6 +24,9 @@ class CurrencyWindow final : public ListFormDialog {
     QWidget* arrangeForm(QWidget* fields) override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(ReportOutput output) override;
+    HistorySubject selectedHistory() override {
+        return {.table = "Cyrency", .id = m_form.selectedId()};  // sic
+    }
     std::span<const MenuItemResource> ownFileItems() const override;
     std::span<const MenuItemResource> ownEditItems() const override;
     bool OnCommand(int command) override;

@@ -1,5 +1,7 @@
 #include "currency/window/rate_panel.h"
 
+#include <fmt/format.h>
+
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -7,11 +9,13 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
+#include "currency/currency_change.h"
 #include "currency/currency_texts.h"
 #include "currency/screen/rate_screen_texts.h"
 #include "currency/window/rate_grid.h"
 #include "currency/window/rate_picture.h"
 #include "screen/elided_label.h"
+#include "screen/history/history_menu.h"
 #include "screen/shown.h"
 
 namespace chengheng {
@@ -38,6 +42,7 @@ RatePanel::RatePanel(const CurrencyForm& form, const RateOverview& overview, QWi
     m_grid = new RateGrid(this);
     connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { showConversion(); });
+    offerHistory(*m_grid, [this] { return askedHistory(); });
     m_line = new ElidedLabel(this);
     m_line->setObjectName(QStringLiteral("rateLine"));
 
@@ -53,6 +58,22 @@ RatePanel::RatePanel(const CurrencyForm& form, const RateOverview& overview, QWi
     column->addWidget(m_grid, 1);
     column->addWidget(m_line);
     column->addLayout(makeConverter());
+}
+
+std::optional<AskedHistory> RatePanel::askedHistory() const {
+    const _CyrencyInfo* const currency = m_form.currency();
+    const RateCell cell = m_grid->current();
+    const RateSheet& sheet = m_form.sheet();
+    if (currency == nullptr || cell.row < 0 || sheet.idIn(cell.row) == 0) return std::nullopt;
+    const bool isFixed = sheet.kind() == RateKind::fixed;
+    const bool isAdjustment = cell.column == RateSheetColumn::adjustRate;
+    return AskedHistory{
+        fmt::format(rate_screen_texts::historyOf, loggedName(*currency),
+                    sheet.text({cell.row, RateSheetColumn::time}),
+                    isAdjustment ? currency_texts::adjustRate : currency_texts::rate),
+        {.table = isFixed ? "ExchgFix" : "ExchgFlt",
+         .id = sheet.idIn(cell.row),
+         .column = isAdjustment ? "dAdjustRate" : "dRate"}};
 }
 
 QLayout* RatePanel::makeConverter() {

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include "currency/screen/rate_overview.h"
+#include "screen/history/history_window.h"
 
 class QComboBox;
 class QLabel;
@@ -48,6 +49,8 @@ class RatePanel final : public QWidget {
     QRadioButton* addKind(RateKind kind, const char* caption, const char* name);
 
     QLayout* makeConverter();
+    /// Of the current rate.
+    std::optional<AskedHistory> askedHistory() const;
 
     const CurrencyForm& m_form;
     const RateOverview& m_overview;

@@ -9,6 +9,7 @@
 #include "directories/directory_texts.h"
 #include "directories/transfer/directory_transfer_texts.h"
 #include "directories/window/directory_files.h"
+#include "operationlog/history/directory_subject.h"
 #include "screen/forms/limited_edit.h"
 #include "screen/help/help_pages.h"
 #include "screen/shown.h"
@@ -125,6 +126,13 @@ void DirectoryWindow::DoDataExchange(bool isSaving) {
     m_name->showText(shown(input.name));
     if (m_group != nullptr) showGroups();
     if (m_kind != nullptr) m_kind->setCurrentIndex(static_cast<int>(input.unitKind));
+}
+
+HistorySubject DirectoryWindow::selectedHistory() {
+    const DirectoryRecord& record = *m_form.selected();
+    const DirectoryRecord* const group = m_form.groupOf(record);
+    return directorySubject(m_form.directory().kind, record.id,
+                            group == nullptr ? std::string_view() : group->code);
 }
 
 void DirectoryWindow::printRecords(ReportOutput output) {

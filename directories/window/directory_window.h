@@ -30,6 +30,7 @@ class DirectoryWindow final : public ListFormDialog {
     void addFields() override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(ReportOutput output) override;
+    HistorySubject selectedHistory() override;
     std::span<const MenuItemResource> ownFileItems() const override;
     bool OnCommand(int command) override;
 

@@ -28,5 +28,6 @@ inline constexpr int clear = 50121;
 inline constexpr int previewCarry = 50122;
 inline constexpr int repeatCarry = 50123;
 inline constexpr int verifyCarry = 50124;
+inline constexpr int history = 50125;
 
 }  // namespace chengheng::opening_command

@@ -17,6 +17,7 @@
 #include "opening/window/carry_commands.h"
 #include "opening/window/causes_window.h"
 #include "opening/window/figure_editing.h"
+#include "opening/window/figure_history.h"
 #include "opening/window/figure_transfer.h"
 #include "opening/window/opening_foot.h"
 #include "opening/window/opening_grid.h"
@@ -199,6 +200,7 @@ bool CNbCwBegleftDlg::OnCommand(int command) {
         {opening_command::refurbish, &CNbCwBegleftDlg::OnMenuRefurbish},
         {opening_command::trialBalance, &CNbCwBegleftDlg::OnMenuBalance},
         {opening_command::find, &CNbCwBegleftDlg::OnMenuFind},
+        {opening_command::history, &CNbCwBegleftDlg::OnMenuHistory},
         {opening_command::help, &CNbCwBegleftDlg::OnMenuHelp},
         {opening_command::search, &CNbCwBegleftDlg::OnMenuSearch},
         {opening_command::about, &CNbCwBegleftDlg::OnMenuAbout},
@@ -303,6 +305,10 @@ void CNbCwBegleftDlg::OnMenuBalance() {
     const chengheng::TrialBalanceTexts texts = balance.texts();
     CBalanceTableDlg result(texts.inOrder(), !balance.isBalanced(), this);
     if (result.DoModal() == CBalanceTableDlg::causesWanted) OnMenuCauses();
+}
+
+void CNbCwBegleftDlg::OnMenuHistory() {
+    if (m_grid->hasLine()) chengheng::showFigureHistory(*m_grid, m_work.sheet());
 }
 
 void CNbCwBegleftDlg::OnMenuFind() { m_heading->searchBar().takeKeyboard(); }

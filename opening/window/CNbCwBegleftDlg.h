@@ -54,6 +54,8 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     void OnMenuRefurbish();  // sic
     void OnMenuBalance();
     void OnMenuFind();
+    /// Of the current figure.
+    void OnMenuHistory();
     void OnMenuHelp();
     void OnMenuSearch();
     void OnMenuAbout();

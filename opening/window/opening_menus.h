@@ -3,6 +3,7 @@
 #include "opening/screen/opening_commands.h"
 #include "opening/sheet/opening_texts.h"
 #include "opening/window/carry_window_texts.h"
+#include "operationlog/history/history_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -39,6 +40,7 @@ inline constexpr MenuItemResource openingViewItems[] = {
     {0, ""},
     {opening_command::find, opening_texts::menuFind},
     {opening_command::causes, opening_texts::causesTitle},
+    {opening_command::history, history_texts::title},
 };
 inline constexpr MenuItemResource openingHelpItems[] = {
     {opening_command::help, opening_texts::menuHelp},
@@ -69,6 +71,8 @@ inline constexpr int openingContextCommands[] = {
     opening_command::refurbish,
     opening_command::trialBalance,
     opening_command::causes,
+    0,
+    opening_command::history,
 };
 
 }  // namespace chengheng

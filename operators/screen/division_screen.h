@@ -90,6 +90,7 @@ class DivisionScreen {
 
     bool canGiveRights() const { return canMakeSupervisor(); }
     std::vector<RightsSource> rightsSources() const;
+    bool hasSelectedOperator() const { return selectedRecord() != nullptr; }
     /// Only when an operator is selected.
     const OperatorRecord& selectedOperator() const { return *selectedRecord(); }
     /// Gives the selected operator just these rights.

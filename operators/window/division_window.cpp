@@ -16,6 +16,7 @@
 
 #include "base/system/program_version.h"
 #include "forms/form_texts.h"
+#include "operationlog/history/history_texts.h"
 #include "operators/division_list.h"
 #include "operators/screen/division_texts.h"
 #include "operators/window/division_tree.h"
@@ -27,6 +28,7 @@
 #include "screen/dialog_templates.h"
 #include "screen/help/help_pages.h"
 #include "screen/help/help_window.h"
+#include "screen/history/history_window.h"
 #include "screen/host_events.h"
 #include "screen/shown.h"
 
@@ -50,6 +52,7 @@ constexpr int makeSupervisorCommand = 11;
 constexpr int endSupervisorCommand = 12;
 constexpr int giveRightsCommand = 13;
 constexpr int whoMayCommand = 14;
+constexpr int historyCommand = 15;
 
 constexpr MenuItemResource fileItems[] = {
     {previewCommand, form_texts::preview}, {printCommand, form_texts::print},
@@ -66,6 +69,7 @@ constexpr MenuItemResource editItems[] = {
     {endSupervisorCommand, texts::endSupervisor},
     {0, ""},
     {whoMayCommand, texts::whoMay},
+    {historyCommand, history_texts::title},
     {refreshCommand, texts::refresh},
 };
 constexpr MenuItemResource helpItems[] = {
@@ -89,8 +93,9 @@ constexpr ToolButton tools[] = {
     {helpCommandNumber, "help", form_texts::helpButton},
     {exitCommand, "exit"},
 };
-constexpr int contextCommands[] = {insertCommand,         modifyCommand,       deleteCommand, 0,
-                                   makeSupervisorCommand, endSupervisorCommand};
+constexpr int contextCommands[] = {
+    insertCommand, modifyCommand, deleteCommand, 0, makeSupervisorCommand, endSupervisorCommand, 0,
+    historyCommand};
 
 // The controls' own numbers.
 constexpr int treeControl = 2302;
@@ -217,6 +222,7 @@ void DivisionWindow::showState() {
     m_commands->setEnabled(modifyCommand, m_screen.canModify());
     m_commands->setEnabled(deleteCommand, m_screen.canDelete());
     m_commands->setEnabled(giveRightsCommand, m_screen.canGiveRights());
+    m_commands->setEnabled(historyCommand, m_screen.hasSelectedOperator());
     m_commands->setEnabled(makeSupervisorCommand, m_screen.canMakeSupervisor());
     m_commands->setEnabled(endSupervisorCommand, m_screen.canEndSupervisor());
 }
@@ -281,6 +287,12 @@ void DivisionWindow::giveRights() {
     });
 }
 
+void DivisionWindow::showHistory() {
+    if (!m_screen.hasSelectedOperator()) return;
+    const _UsersInfo& user = m_screen.selectedOperator().user;
+    HistoryWindow({user.sUserName, {.table = "Users", .id = user.lId}}, this).DoModal();
+}
+
 void DivisionWindow::showWhoMay() {
     carryOut([this] { WhoMayWindow(m_screen, this).DoModal(); });
 }
@@ -309,6 +321,7 @@ bool DivisionWindow::OnCommand(int command) {
          [](DivisionWindow& window) { window.carryOut([&] { window.m_screen.remove(); }); }},
         {giveRightsCommand, [](DivisionWindow& window) { window.giveRights(); }},
         {whoMayCommand, [](DivisionWindow& window) { window.showWhoMay(); }},
+        {historyCommand, [](DivisionWindow& window) { window.showHistory(); }},
         {makeSupervisorCommand,
          [](DivisionWindow& window) {
              window.carryOut([&] { window.m_screen.setSupervisor(true); });

@@ -52,6 +52,7 @@ class DivisionWindow final : public CNxMiddleDialog {
     void runForm(OperatorForm form);
     void giveRights();
     void showWhoMay();
+    void showHistory();
     void print(const PrintedList& list, ReportOutput output);
 
     const FunctionAtWork m_atWork;

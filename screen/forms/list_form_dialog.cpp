@@ -21,6 +21,7 @@
 #include "screen/forms/leaf_model.h"
 #include "screen/forms/limited_edit.h"
 #include "screen/help/help_window.h"
+#include "screen/history/history_menu.h"
 #include "screen/host_events.h"
 #include "screen/screen_texts.h"
 
@@ -139,6 +140,8 @@ QWidget* ListFormDialog::buildList() {
     m_tree->setUniformRowHeights(true);
     m_tree->setModel(m_leaves);
 
+    offerHistoryOfLeaf();
+
     auto* list = new QWidget;
     auto* column = new QVBoxLayout(list);
     column->setContentsMargins({});
@@ -156,6 +159,14 @@ QWidget* ListFormDialog::buildList() {
                 showForm();
             }));
     return list;
+}
+
+void ListFormDialog::offerHistoryOfLeaf() {
+    offerHistory(*m_tree, [this]() -> std::optional<AskedHistory> {
+        const Leaf* const leaf = form().leaves().find(form().selectedId());
+        if (form().isAdding() || leaf == nullptr) return std::nullopt;
+        return AskedHistory{leaf->text, selectedHistory()};
+    });
 }
 
 QWidget* ListFormDialog::buildForm() {

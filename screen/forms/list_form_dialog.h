@@ -5,6 +5,7 @@
 #include <span>
 
 #include "forms/list_form.h"
+#include "operationlog/row_history.h"
 #include "report/output/report_printer.h"
 #include "screen/CNxMiddleDialog.h"
 #include "screen/window_commands.h"
@@ -51,6 +52,8 @@ class ListFormDialog : public CNxMiddleDialog {
     /// What stands at the right of the tree: the panel with the fields, or that among others.
     virtual QWidget* arrangeForm(QWidget* fields) { return fields; }
     virtual void printRecords(ReportOutput output) = 0;
+    /// Where the history of the selected record is found.
+    virtual HistorySubject selectedHistory() = 0;
     /// Commands of its own in the file menu, from firstOwnCommand on; they come to its OnCommand.
     virtual std::span<const MenuItemResource> ownFileItems() const { return {}; }
     virtual std::span<const MenuItemResource> ownEditItems() const { return {}; }
@@ -105,6 +108,7 @@ class ListFormDialog : public CNxMiddleDialog {
     QWidget* buildList();
     QWidget* buildForm();
     void readAnew();
+    void offerHistoryOfLeaf();
     void showForm();
     void showState();
     void followTree();

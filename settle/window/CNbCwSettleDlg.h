@@ -19,6 +19,9 @@ class CNbCwSettleDlg : public chengheng::ListFormDialog {
     void addFields() override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(chengheng::ReportOutput output) override;
+    chengheng::HistorySubject selectedHistory() override {
+        return {.table = "Settle", .id = m_form.selectedId()};
+    }
 
   private:
     chengheng::SettleForm m_form;

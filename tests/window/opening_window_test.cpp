@@ -386,9 +386,9 @@ TEST_F(OpeningWindowTest, OffersItsCommandsOnARightClick) {
         menu->close();
     });
     emit window->grid().customContextMenuRequested({50, 50});
-    EXPECT_EQ(texts,
-              (QStringList{"撤销-", "重做-", "|", "复制", "粘贴", "清零", "|", "录入辅助期初-",
-                           "调余额方向", "|", "查找", "刷新", "试算平衡", "不平衡的可能原因"}));
+    EXPECT_EQ(texts, (QStringList{"撤销-", "重做-", "|", "复制", "粘贴", "清零", "|",
+                                  "录入辅助期初-", "调余额方向", "|", "查找", "刷新", "试算平衡",
+                                  "不平衡的可能原因", "|", "修改历史"}));
 }
 
 TEST_F(OpeningWindowTest, KeepsTheSelectionThatARightClickFallsOn) {

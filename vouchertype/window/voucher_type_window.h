@@ -29,6 +29,9 @@ class VoucherTypeWindow final : public ListFormDialog {
     void showFields() override;
     void DoDataExchange(bool isSaving) override;
     void printRecords(ReportOutput output) override;
+    HistorySubject selectedHistory() override {
+        return {.table = "Sign", .id = m_form.selectedId()};
+    }
     std::span<const MenuItemResource> ownFileItems() const override;
     std::span<const MenuItemResource> ownEditItems() const override;
     void OnOK() override;
