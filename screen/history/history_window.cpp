@@ -26,13 +26,13 @@ struct HistoryColumn {
 };
 constexpr std::array historyColumns{
     HistoryColumn{{texts::time, 19}, &HistoryLine::time},
-    HistoryColumn{{texts::who, 10}, &HistoryLine::who},
-    HistoryColumn{{texts::where, 12}, &HistoryLine::where},
-    HistoryColumn{{texts::words, 26}, &HistoryLine::words},
-    HistoryColumn{{texts::kind, 6}, &HistoryLine::kind},
-    HistoryColumn{{texts::item, 12}, &HistoryLine::item},
-    HistoryColumn{{texts::before, 16}, &HistoryLine::before},
-    HistoryColumn{{texts::after, 16}, &HistoryLine::after},
+    HistoryColumn{{texts::who, 8}, &HistoryLine::who},
+    HistoryColumn{{texts::where, 10}, &HistoryLine::where},
+    HistoryColumn{{texts::kind, 5}, &HistoryLine::kind},
+    HistoryColumn{{texts::item, 11}, &HistoryLine::item},
+    HistoryColumn{{texts::before, 12}, &HistoryLine::before},
+    HistoryColumn{{texts::after, 12}, &HistoryLine::after},
+    HistoryColumn{{texts::words, 20}, &HistoryLine::words},
 };
 
 std::vector<GridColumn> gridColumnsOf() {

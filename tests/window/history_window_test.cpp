@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTimer>
 
 #include "tests/support/kept_log.h"
@@ -19,12 +20,13 @@ using Texts = std::vector<std::string>;
 
 /// "kind item before after" of each line of a history's grid.
 Texts linesOf(QWidget& history) {
-    constexpr int kind = 4;
+    constexpr int kind = 3;
+    constexpr int after = 6;
     const QAbstractItemModel& model = *history.findChild<CVCF1*>()->model();
     Texts lines;
     for (int row = 0; row < model.rowCount(); ++row) {
         std::string line;
-        for (int column = kind; column < model.columnCount(); ++column)
+        for (int column = kind; column <= after; ++column)
             line += (column > kind ? "|" : "") +
                     model.index(row, column).data().toString().toStdString();
         lines.push_back(line);
@@ -56,9 +58,11 @@ struct ShownHistory {
 ShownHistory shownBy(const std::function<void()>& choose) {
     ShownHistory shown;
     const NextModal dialog([&shown](QWidget& history) {
+        QCoreApplication::processEvents();
         shown.title = history.windowTitle();
         for (const auto* label : history.findChildren<QLabel*>()) shown.labels << label->text();
         shown.lines = linesOf(history);
+        EXPECT_EQ(history.findChild<CVCF1*>()->horizontalScrollBar()->maximum(), 0);
         EXPECT_EQ(history.focusWidget(), history.findChild<CVCF1*>());
         QTest::keyClick(history.focusWidget(), Qt::Key_Escape);
     });
