@@ -48,6 +48,8 @@ inline constexpr const char* changed = "修改";
 inline constexpr const char* deleted = "删除";
 
 /// A function that an entry names and the list of rights does not have. {} is its number.
+inline constexpr const char* logon = "登录";
+inline constexpr const char* brokenEnd = "日志末尾不符";
 inline constexpr const char* unknownFunction = "功能 {}";
 
 }  // namespace chengheng::log_name_texts

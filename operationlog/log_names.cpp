@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "base/values/numbers.h"
+#include "data/connection/log_store.h"
 #include "data/tables/schema.h"
 #include "operationlog/log_name_texts.h"
 #include "session/rights_list.h"
@@ -91,6 +92,8 @@ const char* shownKind(ChangeKind kind) {
 
 std::string shownFunction(std::int32_t function) {
     if (function == 0) return {};
+    if (function == brokenEnd) return log_name_texts::brokenEnd;
+    if (function == logonFunction) return log_name_texts::logon;
     const char* const name = functionName(function);
     return name != nullptr ? name : fmt::format(log_name_texts::unknownFunction, function);
 }

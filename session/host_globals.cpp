@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "data/access/CNbCwDB.h"
+#include "session/who_writes.h"
+
 const char* g_lpszNbZwSetName = "";
 std::int32_t g_lAccountId = 0;
 const char* g_lpArgument = "";
@@ -29,6 +32,7 @@ HostSession::HostSession(SessionFacts facts) : m_facts(std::move(facts)) {
     g_tmLogonTime = m_facts.logonTime;
     ownHistory = &m_facts.history;
     publishedFacts = &m_facts;
+    if (g_pDB != nullptr) g_pDB->keepLog(logAuthor());
 }
 
 HostSession::~HostSession() {
@@ -50,7 +54,9 @@ void HostSession::renameBooks(std::string name) {
 }
 
 void HostSession::renameOperator(std::string name) {
-    if (publishedFacts != nullptr) publishedFacts->logonUser.sUserName = std::move(name);
+    if (publishedFacts == nullptr) return;
+    publishedFacts->logonUser.sUserName = std::move(name);
+    if (g_pDB != nullptr) g_pDB->keepLog(logAuthor());
 }
 
 void HostSession::setSupervisor(bool isSupervisor) {

@@ -13,6 +13,7 @@ namespace {
 
 using Grants = std::vector<TableGrant>;
 
+constexpr const char* logParts = "OperationLogPart";
 constexpr const char* itemTables = "ProjItems";
 
 /// A directory takes the empty sums of what it deletes along.
@@ -133,11 +134,14 @@ std::span<const TableGrant> everybodysGrants() {
     static const Grants grants = [] {
         Grants made;
         for (const TableInfo& table : allTables())
-            if (!grantsAny(supervisorsGrants(), table.name, toRead))
+            if (!grantsAny(supervisorsGrants(), table.name, toRead) && table.name != logParts)
                 made.push_back({table.name.c_str(), toRead});
         made.push_back({itemTables, toRead});
         made.push_back({"ABIdTable", toChange, RowRule::ownCounters, "lLastId"});
         made.push_back({"LoginInfoTbl", toAdd | toDelete});
+        made.push_back({"OperationLog", toAdd});
+        made.push_back({logParts, toAdd});
+        made.push_back({"OperationLogHead", toAdd | toChange});
         return made;
     }();
     return grants;
@@ -149,16 +153,16 @@ std::span<const TableGrant> plainOperatorsGrants() {
         {"Users", toChange, RowRule::ownOperator, "sPassword"},
         {"UserAuth", toRead, RowRule::ownOperator},
         {"LogonTries", toRead | toAdd | toChange, RowRule::ownTries},
+        {logParts, toRead, RowRule::othersThanUsers},
     };
     return grants;
 }
 
 std::span<const TableGrant> supervisorsGrants() {
     static const Grants grants{
-        {"Users", toRead | toWrite},
-        {"UserAuth", toRead | toWrite},
-        {"LoginInfoTbl", toChange},
-        {"LogonTries", toRead | toAdd | toChange},
+        {"Users", toRead | toWrite}, {"UserAuth", toRead | toWrite},
+        {"LoginInfoTbl", toChange},  {"LogonTries", toRead | toAdd | toChange},
+        {logParts, toRead},
     };
     return grants;
 }

@@ -31,6 +31,7 @@ enum class RowRule {
     noVoucherHeaders,  ///< headers that bear no line of a voucher
     uncheckedHeaders,  ///< unposted vouchers that nobody has checked
     uncheckedLines,    ///< and their lines
+    othersThanUsers,   ///< of the log: what does not tell of operators and their rights
 };
 
 /// The item tables of all project classes stand here as "ProjItems".

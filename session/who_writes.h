@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/values/status.h"
+#include "data/log/log_author.h"
 
 namespace chengheng {
 
@@ -17,6 +18,10 @@ struct WhoWrites {
 };
 
 WhoWrites whoWrites();
+
+/// The same for the operation log, with the workstation, process and program that run.
+LogAuthor logAuthorOf(const WhoWrites& writer);
+inline LogAuthor logAuthor() { return logAuthorOf(whoWrites()); }
 
 /// Notes with a change, in its unit of work, that it was made without an operator. An operator's
 /// log-on is noted already.

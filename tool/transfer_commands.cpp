@@ -33,7 +33,7 @@ struct TransferCommand {
     const char* forceText;
     fmt::format_string<std::string, std::string> done;
     std::optional<Refusal> (*run)(const std::string&, const std::string&, Overwrite,
-                                  std::vector<ForeignObject>*);
+                                  TransferRemarks*);
     bool isIntoFile = false;  ///< and so may go to standard output
 };
 
@@ -73,11 +73,12 @@ ExitCode run(Tool& tool, const TransferCommand& command, const TransferOptions& 
     const std::string from = foundBooks(tool, options.from);
     const bool isOutput = command.isIntoFile && isStandardOutput(options.to);
     const std::string to = isOutput ? options.to : locationOfBooks(options.to);
-    std::vector<ForeignObject> leftOut;
-    if (const auto refusal = command.run(from, to, overwrite, &leftOut))
+    TransferRemarks remarks;
+    if (const auto refusal = command.run(from, to, overwrite, &remarks))
         return tellRefusal(tool, *refusal);
-    for (const ForeignObject& object : leftOut)
+    for (const ForeignObject& object : remarks.leftOut)
         wordsBeside(tool, {to}) << fmt::format(tool_texts::objectLeftOut, nameOf(object)) << '\n';
+    if (!remarks.notLogged.empty()) tool.err << remarks.notLogged << '\n';
     wordsBeside(tool, {to}) << fmt::format(command.done, shownLocation(from), shownLocation(to))
                             << '\n';
     return ExitCode::done;

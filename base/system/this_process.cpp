@@ -16,6 +16,11 @@ std::string stationName() {
 
 std::int64_t processNumber() { return getpid(); }
 
+std::string programName() {
+    std::error_code unseen;
+    return std::filesystem::read_symlink("/proc/self/exe", unseen).filename().string();
+}
+
 std::string programFolder() {
     std::error_code unseen;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", unseen);

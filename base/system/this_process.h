@@ -10,6 +10,9 @@ std::string stationName();
 
 std::int64_t processNumber();
 
+/// The file name of the program that runs, "chengheng"; empty when it cannot be told.
+std::string programName();
+
 /// The folder of the program that runs; "." when it cannot be told.
 std::string programFolder();
 

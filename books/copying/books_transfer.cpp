@@ -8,13 +8,17 @@
 
 #include "base/system/staged_file.h"
 #include "books/copying/books_source.h"
+#include "books/copying/note_in_books.h"
+#include "books/copying/transfer_sql.h"
 #include "books/copying/transfer_texts.h"
+#include "data/connection/log_store.h"
 #include "data/engines/open_engine.h"
 #include "data/engines/remove_database.h"
 #include "data/layout/layout.h"
 #include "data/transfer/content_copy.h"
 #include "data/transfer/stored_tables.h"
 #include "session/failure_texts.h"
+#include "session/who_writes.h"
 
 namespace chengheng {
 namespace {
@@ -30,21 +34,45 @@ Refusal difference(const std::string& location) {
     return failureRefusal(fmt::format(transfer_texts::copyDiffers, shownLocation(location)));
 }
 
+/// What a log says, with a place.
+using Words = fmt::format_string<const std::string&>;
+
 enum class Tables { present, missing };
 
+/// What the log says of books that another's content has taken the place of.
+Status wordsOfReplaced(Engine& target, std::string& words) {
+    return forEachRow(target, transfer_sql::endOfLog, {}, [&words](const Cursor& end) {
+        words = fmt::format(transfer_texts::logReplaced, words, end.integer(0), end.text(1));
+        return Status::done();
+    });
+}
+
+/// Where books are brought, and what their log says of it; a backup's nothing.
+struct Place {
+    std::string location;
+    std::string words = {};
+};
+
 /// Brings the source's content into the target and compares the two, in one transaction. What came
-/// from books of an older layout is raised to this one; `made` is what the target then holds.
-std::optional<Refusal> fill(BooksSource& source, Engine& target, const std::string& location,
-                            Tables tables, Digests& made) {
+/// from books of an older layout is raised to this one. The log of the source goes on with how it
+/// came here; `made` is what the target then holds.
+std::optional<Refusal> fill(BooksSource& source, Engine& target, const Place& place, Tables tables,
+                            Digests& made) {
+    const std::string& location = place.location;
+    std::string words = place.words;
     Status status = target.begin();
     if (!status) return failure(status, location);
-    if (tables == Tables::missing) status = createTables(target);
+    status = tables == Tables::missing ? createTables(target) : wordsOfReplaced(target, words);
     if (status) status = replaceContent(source.engine(), target);
     if (status) status = digestContent(target, made);
     const bool isEqual = made == source.digests();
     if (status && isEqual && source.layout() < booksFormatVersion) {
         status = raiseRows(target, source.layout());
         if (status) status = digestContent(target, made);
+    }
+    if (status && isEqual && !words.empty()) {
+        status = noteInLog(target, logAuthor(), {.text = words});
+        if (status) status = digestLogAgain(target, made);
     }
     if (status && isEqual) {
         status = target.commit();
@@ -56,20 +84,20 @@ std::optional<Refusal> fill(BooksSource& source, Engine& target, const std::stri
 }
 
 /// Makes the tables and the content of a new database; leaves an empty one when it fails.
-std::optional<Refusal> makeCopy(BooksSource& source, const std::string& location, Digests& made) {
+std::optional<Refusal> makeCopy(BooksSource& source, const Place& place, Digests& made) {
     std::unique_ptr<Engine> target;
-    const Status status = openEngine(location, OpenMode::create, target);
-    return status ? fill(source, *target, location, Tables::missing, made)
-                  : failure(status, location);
+    const Status status = openEngine(place.location, OpenMode::create, target);
+    return status ? fill(source, *target, place, Tables::missing, made)
+                  : failure(status, place.location);
 }
 
 /// The same on a server that has no such schema yet; what comes to nothing is removed.
-std::optional<Refusal> makeSchema(BooksSource& source, const std::string& address) {
+std::optional<Refusal> makeSchema(BooksSource& source, const Place& place) {
     Digests made;
-    std::optional<Refusal> refusal = makeCopy(source, address, made);
+    std::optional<Refusal> refusal = makeCopy(source, place, made);
     // The failure told is the one that came first; what may be there stays, as it says.
     if (refusal && refusal->kind != RefusalKind::unconfirmed)
-        static_cast<void>(removeDatabase(address).isDone());
+        static_cast<void>(removeDatabase(place.location).isDone());
     return refusal;
 }
 
@@ -110,8 +138,9 @@ Refusal targetRefusal(const Status& status, const std::string& file, Overwrite o
 enum class CopyForm { asItIs, rows };
 
 /// Writes the source into a file that appears only when it is whole and proven.
-std::optional<Refusal> writeFile(BooksSource& source, const std::string& file, Overwrite overwrite,
+std::optional<Refusal> writeFile(BooksSource& source, const Place& place, Overwrite overwrite,
                                  CopyForm form) {
+    const std::string& file = place.location;
     StagedFile staged(file, overwrite);
     if (!staged.status()) return targetRefusal(staged.status(), file, overwrite);
     std::optional<Status> copied;
@@ -120,7 +149,8 @@ std::optional<Refusal> writeFile(BooksSource& source, const std::string& file, O
     if (copied && !*copied) return failure(*copied, file);
     Digests made = source.digests();
     if (!copied) {
-        if (std::optional<Refusal> refusal = makeCopy(source, staged.path(), made)) return refusal;
+        if (std::optional<Refusal> refusal = makeCopy(source, {staged.path(), place.words}, made))
+            return refusal;
     }
     if (std::optional<Refusal> refusal = provenCopy(source, made, staged.path(), file))
         return refusal;
@@ -133,8 +163,8 @@ std::optional<Refusal> writeFile(BooksSource& source, const std::string& file, O
     return status ? std::optional<Refusal>() : targetRefusal(status, file, overwrite);
 }
 
-std::optional<Refusal> replaceBooks(BooksSource& source, Engine& target,
-                                    const std::string& location) {
+std::optional<Refusal> replaceBooks(BooksSource& source, Engine& target, const Place& place) {
+    const std::string& location = place.location;
     const std::string tables = allTableNames();
     LockService& locks = target.locks();
     const Status locked = locks.lock(tables, LockMode::exclusive, false);
@@ -148,32 +178,54 @@ std::optional<Refusal> replaceBooks(BooksSource& source, Engine& target,
     }
     if (!locked) return failure(locked, location);
     Digests made;
-    std::optional<Refusal> refusal = fill(source, target, location, Tables::present, made);
+    std::optional<Refusal> refusal = fill(source, target, place, Tables::present, made);
     locks.unlock(tables, LockMode::exclusive);
     return refusal;
 }
 
-std::optional<Refusal> transfer(BooksSource& source, const std::string& target,
-                                Overwrite overwrite) {
+std::optional<Refusal> transfer(BooksSource& source, const Place& place, Overwrite overwrite) {
+    const std::string& target = place.location;
     std::unique_ptr<Engine> existing;
     Status status = openEngine(target, OpenMode::existing, existing);
     if (status.failure == Failure::missing) {
-        if (isServerAddress(target)) return makeSchema(source, target);
-        return writeFile(source, target, Overwrite::refuse, CopyForm::rows);
+        if (isServerAddress(target)) return makeSchema(source, place);
+        return writeFile(source, place, Overwrite::refuse, CopyForm::rows);
     }
     Digests made;
-    if (status && isEmptySchema(*existing, target)) return makeCopy(source, target, made);
+    if (status && isEmptySchema(*existing, target)) return makeCopy(source, place, made);
     if (status) status = checkLayout(*existing);
     if (!status) return failure(status, target);
     if (overwrite == Overwrite::refuse)
         return existsRefusal(fmt::format(transfer_texts::booksExist, shownLocation(target)), "");
-    return replaceBooks(source, *existing, target);
+    return replaceBooks(source, *existing, place);
+}
+
+/// Enters in the log of the source that there is a copy of it now. What is written stands whether
+/// that can be or not.
+void noteCopy(const std::string& location, Words words, const std::string& copy,
+              TransferRemarks* remarks) {
+    const std::string shown = shownLocation(copy);
+    const Status status = noteInBooks(location, fmt::format(words, shown));
+    if (!status && remarks != nullptr)
+        remarks->notLogged = fmt::format(transfer_texts::notLogged, shown, shownLocation(location),
+                                         failureText(status, location));
+}
+
+std::optional<Refusal> copyContent(const std::string& location, const std::string& target,
+                                   Overwrite overwrite, Words words, TransferRemarks* remarks) {
+    if (isSameLocation(location, target))
+        return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(target)), "");
+    BooksSource source(location);
+    if (std::optional<Refusal> refusal = source.open()) return refusal;
+    if (remarks != nullptr) remarks->leftOut = source.objects();
+    const std::string from = shownLocation(location);
+    return transfer(source, {target, fmt::format(words, from)}, overwrite);
 }
 
 }  // namespace
 
 std::optional<Refusal> backUpBooks(const std::string& location, const std::string& file,
-                                   Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
+                                   Overwrite overwrite, TransferRemarks* remarks) {
     if (isServerAddress(file))
         return inputRefusal(fmt::format(transfer_texts::backupToServer, shownLocation(file)), "");
     if (isSameLocation(location, file))
@@ -181,28 +233,30 @@ std::optional<Refusal> backUpBooks(const std::string& location, const std::strin
     OutputTarget target;
     if (const Status found = findTarget(file, overwrite, target); !found)
         return targetRefusal(found, file, overwrite);
-    BooksSource source(location);
-    if (std::optional<Refusal> refusal = source.open()) return refusal;
-    if (leftOut != nullptr) *leftOut = source.objects();
-    return writeFile(source, file, overwrite, CopyForm::asItIs);
+    {
+        BooksSource source(location);
+        if (std::optional<Refusal> refusal = source.open()) return refusal;
+        if (remarks != nullptr) remarks->leftOut = source.objects();
+        if (auto refusal = writeFile(source, {file}, overwrite, CopyForm::asItIs)) return refusal;
+    }
+    noteCopy(location, transfer_texts::logBackup, file, remarks);
+    return std::nullopt;
 }
 
 std::optional<Refusal> restoreBooks(const std::string& file, const std::string& target,
-                                    Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
+                                    Overwrite overwrite, TransferRemarks* remarks) {
     if (isServerAddress(file))
         return inputRefusal(
             fmt::format(transfer_texts::backupFromServerAddress, shownLocation(file)), "");
-    return copyBooks(file, target, overwrite, leftOut);
+    return copyContent(file, target, overwrite, transfer_texts::logRestore, remarks);
 }
 
 std::optional<Refusal> copyBooks(const std::string& location, const std::string& target,
-                                 Overwrite overwrite, std::vector<ForeignObject>* leftOut) {
-    if (isSameLocation(location, target))
-        return inputRefusal(fmt::format(transfer_texts::sameBooks, shownLocation(target)), "");
-    BooksSource source(location);
-    if (std::optional<Refusal> refusal = source.open()) return refusal;
-    if (leftOut != nullptr) *leftOut = source.objects();
-    return transfer(source, target, overwrite);
+                                 Overwrite overwrite, TransferRemarks* remarks) {
+    if (auto refusal = copyContent(location, target, overwrite, transfer_texts::logCopyOf, remarks))
+        return refusal;
+    noteCopy(location, transfer_texts::logCopyTo, target, remarks);
+    return std::nullopt;
 }
 
 }  // namespace chengheng

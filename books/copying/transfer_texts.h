@@ -26,5 +26,13 @@ inline constexpr const char* sourceDamaged =
     "“{}”已损坏,没有使用它。\n请改用另一份备份。\n详细信息:{}";
 inline constexpr const char* copyDiffers =
     "写好的副本与“{}”的内容不一致,副本已丢弃,什么都没有改变。\n请检查磁盘后重试。";
+inline constexpr const char* notLogged = "“{}”已经写好,但没能记入“{}”的操作日志。\n{}";
+
+// In the operation log.
+inline constexpr const char* logBackup = "备份到“{}”";
+inline constexpr const char* logCopyTo = "复制到“{}”";
+inline constexpr const char* logCopyOf = "由“{}”复制而来";
+inline constexpr const char* logRestore = "从备份“{}”恢复";
+inline constexpr const char* logReplaced = "{};被替换的帐套的操作日志止于第 {} 条,散列值 {}";
 
 }  // namespace chengheng::transfer_texts

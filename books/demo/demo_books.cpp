@@ -15,6 +15,7 @@
 #include "data/engines/remove_database.h"
 #include "data/layout/layout.h"
 #include "session/failure_texts.h"
+#include "session/who_writes.h"
 
 namespace chengheng {
 namespace {
@@ -45,7 +46,7 @@ NewBooks demoFacts(DemoYear year) {
 Status fill(CNbCwDB& database, const DemoWish& wish) {
     const std::string hash = hashPassword(demo::password, wish.cost);
     if (hash.empty()) return Status::of(Failure::full, "no memory to hash a password");
-    UnitOfWork unit(database);
+    UnitOfWork unit(database, {.function = 0, .text = [] { return making_texts::logDemo; }});
     Status status = unit.status();
     if (status) status = fillNewBooks(database, demoFacts(wish.year), onlySet, hash);
     DemoBooks books(database, wish.cost, yearOf(wish.year));
@@ -60,6 +61,7 @@ Status fill(CNbCwDB& database, const DemoWish& wish) {
 Status fillNew(std::unique_ptr<Engine> engine, const std::string& location, const DemoWish& wish) {
     if (Status made = createLayout(*engine); !made) return made;
     CNbCwDB database;
+    database.keepLog(logAuthor());
     database.adopt(std::move(engine), shownLocation(location).c_str(), databaseName);
     return database.DBSelect(databaseName) != 0 ? fill(database, wish) : database.lastStatus();
 }

@@ -23,6 +23,7 @@
 #include "session/failure_texts.h"
 #include "session/rights/new_password_mark.h"
 #include "session/rights/passwords.h"
+#include "session/who_writes.h"
 
 namespace chengheng {
 namespace {
@@ -59,6 +60,17 @@ std::string staleIds(const std::vector<_LoginInfo>& rows) {
         if (!isOwnProgramAlive(row.lProcess))
             ids += (ids.empty() ? "" : ", ") + std::to_string(row.lId);
     return ids;
+}
+
+/// What the log says of a log-on, and of those from here before that never logged off.
+std::string logonWords(const LogonRequest& request, const std::vector<_LoginInfo>& rows) {
+    std::string words =
+        request.newPassword ? logon_texts::logLogonWithPassword : logon_texts::logLogon;
+    std::string names;
+    for (const _LoginInfo& row : rows)
+        if (!isOwnProgramAlive(row.lProcess))
+            names += (names.empty() ? "" : logon_texts::logBetween) + row.sUser;
+    return names.empty() ? words : fmt::format(logon_texts::logNeverLoggedOff, words, names);
 }
 
 /// What is wrong with the password that takes the place of the one given.
@@ -106,12 +118,14 @@ struct BooksSession::Candidate {
     _zAccountMInfo parameters;
     TriedOperator tried;
     LogonNote note;
+    bool isTried = false;  ///< the password was looked at
     _UsersInfo user;
     std::string newHash;  ///< of the password that the operator chose
     std::int32_t rightsId = 0;
     Date date;
     BookRecords records;
     std::vector<ForeignObject> objects;
+    bool isLogBroken = false;
     std::int32_t logonId = 0;
 };
 
@@ -137,6 +151,15 @@ std::optional<Refusal> BooksSession::logOn(const LogonRequest& request) {
     Candidate candidate(m_database);
     candidate.location = locationOfBooks(request.location);
     if (std::optional<Refusal> refusal = openBooks(candidate)) return refusal;
+    if (std::optional<Refusal> refusal = admit(request, candidate)) {
+        noteRefused(request, candidate, *refusal);
+        return refusal;
+    }
+    begin(request, candidate);
+    return std::nullopt;
+}
+
+std::optional<Refusal> BooksSession::admit(const LogonRequest& request, Candidate& candidate) {
     if (std::optional<Refusal> refusal = checkOperator(request, candidate)) return refusal;
     const DayRange days = daysOfYear(candidate.parameters.lYear);
     if (std::optional<Refusal> refusal = dateRefusal(request.date, days)) return refusal;
@@ -145,9 +168,19 @@ std::optional<Refusal> BooksSession::logOn(const LogonRequest& request) {
     const Status looked =
         foreignObjects(m_database.selectedDatabase()->engine(), candidate.objects);
     if (!looked) return candidate.failure(looked);
-    if (std::optional<Refusal> refusal = enterLogon(request, candidate)) return refusal;
-    begin(request, candidate);
-    return std::nullopt;
+    return enterLogon(request, candidate);
+}
+
+/// Tries that were not even looked at, and what no operator is to blame for, are not noted.
+void BooksSession::noteRefused(const LogonRequest& request, const Candidate& candidate,
+                               const Refusal& refusal) {
+    if (!candidate.isTried || refusal.kind != RefusalKind::wrongInput) return;
+    Database& books = *m_database.selectedDatabase();
+    books.keepLog(
+        logAuthorOf({candidate.tried.id > 0 ? candidate.user.lUserId : 0, request.operatorName}));
+    // The refusal stands and is told, whether it can be noted or not.
+    static_cast<void>(
+        books.noteInLog({.text = fmt::format(logon_texts::logRefused, refusal.notice.text)}));
 }
 
 std::optional<Refusal> BooksSession::openBooks(Candidate& candidate) {
@@ -179,16 +212,28 @@ std::optional<Refusal> BooksSession::checkOperator(const LogonRequest& request,
     candidate.tried = {candidate.location, request.operatorName,
                        users.empty() ? 0 : users.front().lId};
     if (std::optional<Refusal> refusal = m_tries.begin(m_database, candidate.tried)) return refusal;
+    candidate.isTried = true;
+    if (!users.empty()) candidate.user = users.front();
     if (users.empty() || !isPasswordOf(users.front().sPassword, request.password))
         return inputRefusal(logon_texts::logonRefused, books_field::password);
     if (const Status status = m_tries.takeBack(m_database, candidate.tried); !status)
         return candidate.failure(status);
-    candidate.user = users.front();
     const auto rights = readRows<_UserAuthInfo>(
         m_database, logon_sql::ofRightsOwner(candidate.user.lUserId).c_str());
     if (hasFailed(m_database.lastStatus())) return candidate.failure();
     if (!rights.empty()) candidate.rightsId = rights.front().lId;
     return std::nullopt;
+}
+
+/// Only a supervisor can do something about it.
+Status BooksSession::lookAtLog(Database& books, Candidate& candidate) {
+    if (books.log() == nullptr || candidate.user.bManager == 0) return Status::done();
+    const Value name[] = {Value::of(std::string_view(candidate.user.sUserName))};
+    return books.selectPlain(logon_sql::brokenLog, name, [&candidate](Cursor& cursor) {
+        const Cursor::Step step = cursor.next();
+        candidate.isLogBroken = step == Cursor::Step::row && cursor.integer(0) > 0;
+        return step == Cursor::Step::failed ? cursor.status() : Status::done();
+    });
 }
 
 /// Where the password is still the one that was given.
@@ -217,6 +262,8 @@ std::optional<Refusal> BooksSession::enterLogon(const LogonRequest& request, Can
     const TableLocks locks(m_database, "", request.newPassword ? "Users UserAuth" : "");
     if (!locks.areGranted()) return candidate.failure();
     const std::string station = stationName();
+    Database& books = *m_database.selectedDatabase();
+    books.keepLog(logAuthorOf({candidate.user.lUserId, candidate.user.sUserName}));
     UnitOfWork unit(m_database);
     if (!unit.isOpen()) return candidate.failure();
     const auto rows = readRows<_LoginInfo>(m_database, logon_sql::ofStation(station).c_str());
@@ -239,6 +286,10 @@ std::optional<Refusal> BooksSession::enterLogon(const LogonRequest& request, Can
     } else if (candidate.note.wantsNewPassword) {
         return newPasswordWanted(candidate.user.sUserName);
     }
+    if (const Status status = lookAtLog(books, candidate); !status)
+        return candidate.failure(status);
+    if (OperationLog* const log = books.log(); log != nullptr)
+        log->note({.function = logonFunction, .text = logonWords(request, rows)});
     if (!unit.commit()) return candidate.failure();
     return std::nullopt;
 }
@@ -261,21 +312,28 @@ void BooksSession::begin(const LogonRequest& request, Candidate& candidate) {
     });
     m_shownLocation = chengheng::shownLocation(candidate.location);
     m_warning = std::exchange(m_nameGivenBack, {});
-    const std::string objects = foreignObjectsText(candidate.objects, candidate.location);
-    if (!m_warning.empty() && !objects.empty()) m_warning += "\n\n";
-    m_warning += objects;
+    addWarning(foreignObjectsText(candidate.objects, candidate.location));
+    if (candidate.isLogBroken) addWarning(logon_texts::logBroken);
     m_logonId = candidate.logonId;
     candidate.name.clear();
     m_lookups = std::make_unique<BookLookups>(std::move(candidate.records));
+}
+
+void BooksSession::addWarning(const std::string& text) {
+    if (!m_warning.empty() && !text.empty()) m_warning += "\n\n";
+    m_warning += text;
 }
 
 void BooksSession::logOff() {
     if (m_session == nullptr) return;
     const std::string name = m_session->facts().databaseName;
     // A row that a lost server keeps is removed by the next log-on from this workstation.
-    if (m_logonId != 0 && m_database.DBSelect(name.c_str()) != 0)
+    if (m_logonId != 0 && m_database.DBSelect(name.c_str()) != 0) {
+        if (OperationLog* const log = m_database.selectedDatabase()->log(); log != nullptr)
+            log->note({.text = logon_texts::logLogoff});
         m_database.QRYDelete("LoginInfoTbl",
                              logon_sql::ofLogons(std::to_string(m_logonId)).c_str());
+    }
     m_lookups.reset();
     m_session.reset();
     m_database.DBClose(name.c_str());

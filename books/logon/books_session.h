@@ -70,10 +70,15 @@ class BooksSession {
     struct Candidate;
 
     std::optional<Refusal> openBooks(Candidate& candidate);
+    std::optional<Refusal> admit(const LogonRequest& request, Candidate& candidate);
+    void noteRefused(const LogonRequest& request, const Candidate& candidate,
+                     const Refusal& refusal);
     std::optional<Refusal> checkOperator(const LogonRequest& request, Candidate& candidate);
     std::optional<Refusal> enterLogon(const LogonRequest& request, Candidate& candidate);
     std::optional<Refusal> writeNewPassword(Candidate& candidate);
+    static Status lookAtLog(Database& books, Candidate& candidate);
     void begin(const LogonRequest& request, Candidate& candidate);
+    void addWarning(const std::string& text);
 
     CNbCwDB& m_database;
     WrongTries& m_tries;

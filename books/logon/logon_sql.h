@@ -37,4 +37,13 @@ inline constexpr const char* takeTryBack =
 inline constexpr const char* noteLogon =
     "UPDATE LogonTries SET lWrong = 0, dWrongAt = 0, dLogonAt = $1 WHERE lId = $2";
 
+/// How much shows that somebody had his hands in the operation log since the operator $1 logged on
+/// last: entries that say so, entries behind its end, an end behind its entries.
+inline constexpr const char* brokenLog =
+    "SELECT (SELECT count(*) FROM OperationLog WHERE lFunction = -1 AND lId > (SELECT "
+    "coalesce(max(lId), 0) FROM OperationLog WHERE lFunction = -2 AND sUser = $1)) + (SELECT "
+    "count(*) FROM OperationLog WHERE lId > (SELECT coalesce(max(lLastId), 0) FROM "
+    "OperationLogHead)) + (SELECT count(*) FROM OperationLogHead WHERE lLastId > (SELECT "
+    "coalesce(max(lId), 0) FROM OperationLog))";
+
 }  // namespace chengheng::logon_sql

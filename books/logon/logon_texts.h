@@ -92,7 +92,17 @@ inline constexpr const char* unexpected = "程序出现意外错误,已结束;�
 inline constexpr const char* nameGivenBack =
     "上次结转中断,帐套留在临时文件“{}”中。\n已恢复为“{}”,内容没有改变。";
 
-/// What the operation log says.
+inline constexpr const char* logBroken =
+    "操作日志被人在程序之外改动过。\n请用 chbooks log verify "
+    "核对是哪一条,并与封存的记录和备份比较。";
+
+// In the operation log.
 inline constexpr const char* loggedOwnPassword = "修改本人 {} 的口令";
+inline constexpr const char* logLogon = "登录";
+inline constexpr const char* logLogonWithPassword = "登录并更改口令";
+inline constexpr const char* logNeverLoggedOff = "{};此前从本工作站登录而没有正常退出的有:{}";
+inline constexpr const char* logBetween = "、";
+inline constexpr const char* logRefused = "登录被拒绝:{}";
+inline constexpr const char* logLogoff = "退出";
 
 }  // namespace chengheng::logon_texts

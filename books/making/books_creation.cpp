@@ -10,10 +10,12 @@
 #include "books/making/books_sql.h"
 #include "books/making/folder_in_making.h"
 #include "books/making/making_texts.h"
+#include "data/connection/database.h"
 #include "data/engines/open_engine.h"
 #include "data/engines/remove_database.h"
 #include "data/layout/layout.h"
 #include "session/failure_texts.h"
+#include "session/who_writes.h"
 
 namespace chengheng {
 namespace {
@@ -49,6 +51,7 @@ class DatabaseInMaking {
         m_isMade = m_status.isDone();
         if (m_status) m_status = createLayout(*engine);
         if (!m_status) return;
+        m_database.keepLog(logAuthor());
         m_database.adopt(std::move(engine), shownLocation(m_location).c_str(), nameInMaking);
         if (m_database.DBSelect(nameInMaking) == 0) m_status = m_database.lastStatus();
     }
@@ -86,6 +89,8 @@ Status fillNewBooks(CNbCwDB& database, const NewBooks& books, std::int32_t setId
                     const std::string& hash) {
     const auto accounts = templateAccounts(books.chart, books.levelPattern);
     if (!accounts) return Status::of(Failure::refused, "the chart does not fit the books");
+    if (OperationLog* const log = database.selectedDatabase()->log(); log != nullptr)
+        log->say({.text = fmt::format(making_texts::logNewBooks, books.name)});
     if (database.QRYExecuteSQL(books_sql::fillNewBooks(books, *accounts, setId, hash)) != 0)
         return Status::done();
     return database.lastStatus();

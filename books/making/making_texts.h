@@ -24,4 +24,8 @@ inline constexpr const char* placeExists =
 inline constexpr const char* passwordNotHashed = "内存不足,无法加密口令,帐套没有建立";
 inline constexpr const char* homeMissing = "找不到存放帐套的文件夹,请设置环境变量 CHENGHENG_HOME";
 
+// In the operation log.
+inline constexpr const char* logNewBooks = "建立帐套“{}”";
+inline constexpr const char* logDemo = "建立演示帐套";
+
 }  // namespace chengheng::making_texts

@@ -199,7 +199,9 @@ std::optional<Refusal> NewYearBooks::make(const NewYearOrder& order,
 
 std::optional<Refusal> NewYearBooks::fill(Work& work, Engine& target) const {
     const NewYearFacts& facts = work.plan.facts;
-    const YearChange change{facts.fromYear, facts.year, work.order.bringsLastRates};
+    const YearChange change{
+        facts.fromYear, facts.year, work.order.bringsLastRates,
+        fmt::format(new_year_texts::logMade, facts.year, shownLocation(facts.source))};
     Status status = createTables(target);
     if (status) status = fillNextYear(work.source, target, change, work.progress, work.made);
     if (status) return std::nullopt;

@@ -5,8 +5,11 @@
 #include "books/newyear/new_year_rates.h"
 #include "books/newyear/new_year_sql.h"
 #include "books/newyear/new_year_tables.h"
+#include "data/connection/log_store.h"
 #include "data/layout/layout.h"
 #include "data/transfer/content_copy.h"
+#include "session/record_change.h"
+#include "session/who_writes.h"
 
 namespace chengheng {
 namespace {
@@ -51,6 +54,11 @@ class NextYearFilling {
         if (status && !std::ranges::all_of(
                           made, [this](const auto& digest) { return holdsWhatItShould(digest); }))
             status = Status::of(Failure::wrongValue, "the new year is not as it was written");
+        if (status)
+            status = noteInLog(m_target, logAuthor(),
+                               {.function = static_cast<std::int32_t>(WriteRight::newYear),
+                                .text = m_change.words});
+        if (status) status = digestLogAgain(m_target, made);
         return status ? tell(0) : status;
     }
 

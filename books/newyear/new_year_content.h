@@ -17,6 +17,7 @@ struct YearChange {
     int from = 0;  ///< the year that ends
     int to = 0;
     bool bringsLastRates = false;
+    std::string words = {};  ///< for the log of the new books
 };
 
 /// Puts next year's content into empty tables of this layout and proves that what was taken over is

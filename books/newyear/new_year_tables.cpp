@@ -45,6 +45,9 @@ constexpr std::array tables{
     TableOfNextYear{"ZWPrintSub", Fate::taken},
     // Otherwise new books would be a way to begin counting wrong passwords anew.
     TableOfNextYear{"LogonTries", Fate::taken},
+    TableOfNextYear{"OperationLog", Fate::left},
+    TableOfNextYear{"OperationLogPart", Fate::left},
+    TableOfNextYear{"OperationLogHead", Fate::left},
 };
 
 }  // namespace

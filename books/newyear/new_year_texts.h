@@ -51,4 +51,7 @@ inline constexpr const char* contentDiffers =
     "写好的新年度帐套与“{}”不一致,已经丢弃,什么都没有改变。\n请检查磁盘后重试。";
 inline constexpr const char* cancelled = "已取消,没有建立新年度帐套,什么都没有改变。";
 
+// In the operation log.
+inline constexpr const char* logMade = "建立 {} 年度帐套,由“{}”结转而来";
+
 }  // namespace chengheng::new_year_texts

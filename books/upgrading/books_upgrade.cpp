@@ -10,10 +10,12 @@
 #include "books/upgrading/upgrade_backup.h"
 #include "books/upgrading/upgrade_sql.h"
 #include "books/upgrading/upgrade_texts.h"
+#include "data/connection/log_store.h"
 #include "data/engines/open_engine.h"
 #include "data/layout/layout.h"
 #include "data/transfer/stored_tables.h"
 #include "session/failure_texts.h"
+#include "session/who_writes.h"
 
 namespace chengheng {
 namespace {
@@ -185,6 +187,11 @@ std::optional<Refusal> BooksUpgrade::takeSteps() {
     if (status) status = digestContent(*m_books, m_from, after);
     if (status && !isKept(before, after))
         status = Status::of(Failure::damaged, "rows have changed");
+    if (status) {
+        const std::string words =
+            fmt::format(upgrade_texts::logUpgrade, m_from, booksFormatVersion, shownBackup);
+        status = noteInLog(*m_books, logAuthor(), {.text = words});
+    }
     if (!status) {
         letGo();
         backup.discard();

@@ -16,6 +16,7 @@ inline constexpr std::array steps{
     StepText{2, "各表的数值栏只收范围之内的数,写入超出范围的数会被拒绝"},
     StepText{3, "单位目录增加一栏,记下单位是客户、供应商还是两者都是"},
     StepText{4, "已登录的人另记编号;每位操作员可以记下“下次登录时须更改口令”"},
+    StepText{5, "增加操作日志,从此每次改动都记下是谁、何时、从哪台工作站改的,改前改后各是什么"},
 };
 
 inline constexpr const char* heading =
@@ -46,5 +47,8 @@ inline constexpr const char* backupFailed =
 inline constexpr const char* backupDiffers =
     "写好的备份“{}”与帐套内容不一致,已经丢弃。\n请检查磁盘后重试。";
 inline constexpr const char* backupKept = "{}\n升级前的备份在“{}”。";
+
+// In the operation log.
+inline constexpr const char* logUpgrade = "数据格式由 {} 升级到 {},升级前的备份在“{}”";
 
 }  // namespace chengheng::upgrade_texts

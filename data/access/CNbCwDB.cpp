@@ -104,8 +104,7 @@ int CNbCwDB::DBOpen(NbCwDBInfo& info, const char* location, const char* name, in
 
 void CNbCwDB::adopt(std::unique_ptr<Engine> engine, const char* location, const char* name,
                     int layout) {
-    m_impl->databases.add(std::move(engine), textOrEmpty(location), textOrEmpty(name));
-    if (layout != 0) m_impl->databases.find(textOrEmpty(name))->setLayout(layout);
+    m_impl->databases.add(std::move(engine), textOrEmpty(location), textOrEmpty(name), layout);
 }
 
 int CNbCwDB::DBClose(const char* name) {
@@ -285,5 +284,7 @@ void CNbCwDB::setLossObserver(std::function<void(const Status&)> observer) {
 void CNbCwDB::setLockIdentity(const chengheng::LockIdentity& identity) {
     m_impl->databases.setLockIdentity(identity);
 }
+
+void CNbCwDB::keepLog(const chengheng::LogAuthor& author) { m_impl->databases.keepLog(author); }
 
 Database* CNbCwDB::selectedDatabase() { return m_impl->databases.selected(); }

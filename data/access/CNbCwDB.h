@@ -16,6 +16,7 @@
 
 namespace chengheng {
 class Database;
+struct LogAuthor;
 class Engine;
 }  // namespace chengheng
 
@@ -162,6 +163,8 @@ class CNbCwDB final : public chengheng::RecordOperations {
     void setLossObserver(std::function<void(const chengheng::Status&)> observer);
     /// What other workstations are told about this one's locks.
     void setLockIdentity(const chengheng::LockIdentity& identity);
+    /// In whose name all open databases, and those opened later, keep their operation log.
+    void keepLog(const chengheng::LogAuthor& author);
     /// The selected database itself, for the host's tools; null when none is selected.
     chengheng::Database* selectedDatabase();
 

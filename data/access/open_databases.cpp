@@ -5,12 +5,14 @@
 namespace chengheng {
 
 void OpenDatabases::add(std::unique_ptr<Engine> engine, const std::string& location,
-                        const std::string& name) {
+                        const std::string& name, int layout) {
     engine->locks().setWaiter(m_waiter);
     engine->locks().setIdentity(m_identity);
     auto& database = m_databases[name];
     const bool isSelected = database != nullptr && database.get() == m_selected;
     database = std::make_unique<Database>(std::move(engine), location);
+    if (layout != 0) database->setLayout(layout);
+    if (m_author) database->keepLog(*m_author);
     if (isSelected) m_selected = database.get();
 }
 
@@ -47,6 +49,11 @@ void OpenDatabases::setLockWaiter(LockWaiter* waiter) {
 void OpenDatabases::setLockIdentity(const LockIdentity& identity) {
     m_identity = identity;
     for (auto& [name, database] : m_databases) database->engine().locks().setIdentity(identity);
+}
+
+void OpenDatabases::keepLog(const LogAuthor& author) {
+    m_author = author;
+    for (auto& [name, database] : m_databases) database->keepLog(author);
 }
 
 }  // namespace chengheng

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/values/status.h"
@@ -10,11 +11,13 @@
 
 namespace chengheng {
 
-/// The databases that are open, by name, of which one may be selected. What is set for locks
-/// holds for those opened later, too.
+/// The databases that are open, by name, of which one may be selected. What is set for locks and
+/// for the log holds for those opened later, too.
 class OpenDatabases {
   public:
-    void add(std::unique_ptr<Engine> engine, const std::string& location, const std::string& name);
+    /// Layout 0 is that of today.
+    void add(std::unique_ptr<Engine> engine, const std::string& location, const std::string& name,
+             int layout);
     Status close(const std::string& name);
     /// Selects one and sees to it that it answers.
     Status select(const std::string& name);
@@ -27,6 +30,7 @@ class OpenDatabases {
 
     void setLockWaiter(LockWaiter* waiter);
     void setLockIdentity(const LockIdentity& identity);
+    void keepLog(const LogAuthor& author);
 
   private:
     std::map<std::string, std::unique_ptr<Database>, std::less<>> m_databases;
@@ -34,6 +38,7 @@ class OpenDatabases {
     std::string m_selectedName;
     LockWaiter* m_waiter = nullptr;
     LockIdentity m_identity;
+    std::optional<LogAuthor> m_author;
 };
 
 }  // namespace chengheng

@@ -143,7 +143,7 @@ Status Database::runInUnit(Run& run, std::int64_t* changed) {
         m_counters.holdBack(counter.row, counter.value);
     if (m_log == nullptr) return Status::done();
     m_log->changes().release();
-    return m_log->writeParts(*this);
+    return m_log->writeParts();
 }
 
 Status Database::executeLogged(std::span<const Command> commands, std::int64_t* changed) {
@@ -152,7 +152,7 @@ Status Database::executeLogged(std::span<const Command> commands, std::int64_t* 
     Status status = m_engine->execute(commands, changed);
     if (status) {
         m_log->changes().release();
-        return m_log->writeParts(*this);
+        return m_log->writeParts();
     }
     m_log->changes().backToMark();
     // Of several, those before the one that failed stand until the unit is undone.

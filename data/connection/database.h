@@ -48,9 +48,13 @@ class Database {
 
     /// From now on each unit of work that changes rows writes an entry of the operation log, whose
     /// tables are there, into its own transaction; what is changed outside of one becomes one.
+    /// Books of an older layout and those that take no writes have none. Another author takes the
+    /// place of the one before.
     void keepLog(LogAuthor author);
     /// The log that is kept; null when none is.
     OperationLog* log() { return m_log.get(); }
+    /// Has an entry written of something that changes no row; of nothing when no log is kept.
+    Status noteInLog(LogWords words);
 
     /// Units nest: an inner one is a savepoint.
     Status beginUnit();

@@ -24,10 +24,20 @@ Database::~Database() {
 }
 
 void Database::keepLog(LogAuthor author) {
-    m_log = std::make_unique<OperationLog>(std::move(author));
+    if (m_layout != booksFormatVersion || m_engine->isReadOnly()) return;
+    if (m_log != nullptr) return m_log->changeAuthor(std::move(author));
+    m_log = std::make_unique<OperationLog>(*m_engine, std::move(author));
     m_engine->watchChanges(&m_log->changes());
     // Those that are prepared already tell nothing of rows.
     m_statements.forgetAll();
+}
+
+Status Database::noteInLog(LogWords words) {
+    if (m_log == nullptr) return Status::done();
+    return inUnitOfItsOwn([&] {
+        m_log->note(std::move(words));
+        return Status::done();
+    });
 }
 
 Status Database::inUnitOfItsOwn(const std::function<Status()>& change) {
@@ -63,7 +73,7 @@ Status Database::commitUnit() {
         return Status::done();
     }
     // The order of the log is taken last, so that others wait for it no longer than need be.
-    if (status && m_log != nullptr) status = m_log->writeEntry(*this);
+    if (status && m_log != nullptr) status = m_log->writeEntry();
     if (status) status = writeHeldCounters();
     if (status) status = m_engine->commit();
     if (!status) {

@@ -140,6 +140,7 @@ std::string createTableSql(const TableInfo& table, const EngineDialect& dialect,
         columns += (columns.empty() ? "" : ", ") + columnLine(table.name, column, dialect, checks);
     std::string sql = "CREATE TABLE " + table.name + " (" + columns + ");\n";
     for (const std::string& index : table.indexes) sql += createIndexSql(table.name, index);
+    if (table.isAddedToOnly && dialect.guard != nullptr) sql += dialect.guard(table.name);
     return sql;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "data/tables/operation_log_tables.h"
+
 namespace chengheng {
 namespace {
 
@@ -22,6 +24,9 @@ const std::vector<LayoutStep>& steps() {
          .newTables = {},
          .newColumns = {{"LoginInfoTbl", {"lUserId", ColumnType::integer}},
                         {"LogonTries", {"bNewPassword", ColumnType::flag}}}},
+        {.from = 5,
+         .newTables = {operationLogTable(), operationLogPartTable(), operationLogHeadTable()},
+         .newColumns = {}},
     };
     return all;
 }

@@ -15,8 +15,8 @@ namespace {
 // What a part holds before it is packed.
 constexpr std::size_t fullPart = 128 * 1024;
 
-constexpr std::array unwatched{"ABIdTable",  "BooksFormat",  "LoginInfoTbl",
-                               "LogonTries", "OperationLog", "OperationLogPart"};
+constexpr std::array unwatched{"ABIdTable",    "BooksFormat",      "LoginInfoTbl",    "LogonTries",
+                               "OperationLog", "OperationLogPart", "OperationLogHead"};
 
 constexpr std::string_view itemTables = "ProjItems";
 
@@ -26,10 +26,17 @@ std::string nameOf(std::string_view table) {
     return known != nullptr ? known->name : std::string(table);
 }
 
-/// The place of the column whose content nobody may see; beyond all columns when there is none.
-std::size_t secretColumn(const std::string& table) {
-    constexpr std::size_t ofUsers = 4;
-    return table == "Users" ? ofUsers : std::string::npos;
+constexpr std::size_t noCell = std::string::npos;
+
+/// The column whose content nobody may see.
+const char* secretColumn(const std::string& table) { return table == "Users" ? "sPassword" : ""; }
+
+/// The column that tells which account a row belongs to.
+const char* accountColumn(const std::string& table) { return table == "Code" ? "lId" : "lCodeId"; }
+
+std::size_t placeIn(const std::vector<std::string>& columns, std::string_view name) {
+    const auto found = std::ranges::find(columns, name);
+    return found == columns.end() ? noCell : static_cast<std::size_t>(found - columns.begin());
 }
 
 // In place of the hash of a password; that it was changed can be seen.
@@ -50,9 +57,48 @@ std::vector<std::string> columnsOf(const std::string& table, std::size_t count) 
 
 }  // namespace
 
-RowChange ChangeGatherer::withoutSecrets(const RowChange& change) {
+void addPart(ChainHash& hash, const LogPart& part) {
+    hash.add(part.table);
+    for (const std::int64_t number :
+         {part.lowestId, part.highestId, part.lowestAccount, part.highestAccount})
+        hash.add(number);
+    hash.add(part.packed);
+}
+
+ChangeGatherer::Rows ChangeGatherer::Rows::counts() const {
+    return {.bytes = {},
+            .rows = rows,
+            .lowestId = lowestId,
+            .highestId = highestId,
+            .lowestAccount = lowestAccount,
+            .highestAccount = highestAccount,
+            .all = all,
+            .accountCell = accountCell,
+            .secretCell = secretCell};
+}
+
+/// A row may have gone from one account to another.
+void ChangeGatherer::Rows::addAccounts(const RowChange& change) {
+    for (const auto cells : {change.before, change.after}) {
+        if (accountCell >= cells.size()) continue;
+        const std::int64_t account = cells[accountCell].integer;
+        const bool isFirst = highestAccount < lowestAccount;
+        lowestAccount = isFirst ? account : std::min(lowestAccount, account);
+        highestAccount = isFirst ? account : std::max(highestAccount, account);
+    }
+}
+
+ChangeGatherer::Rows ChangeGatherer::beginRows(const std::string& table, std::size_t cells) {
+    const std::vector<std::string> columns = columnsOf(table, cells);
+    Rows rows;
+    rows.bytes = rowBytesHead(columns);
+    rows.accountCell = placeIn(columns, accountColumn(table));
+    rows.secretCell = placeIn(columns, secretColumn(table));
+    return rows;
+}
+
+RowChange ChangeGatherer::withoutSecret(const RowChange& change, std::size_t place) {
     const auto cells = change.before.empty() ? change.after : change.before;
-    const std::size_t place = secretColumn(nameOf(change.table));
     if (place >= cells.size()) return change;
     RowChange open = change;
     m_before.assign(change.before.begin(), change.before.end());
@@ -71,13 +117,27 @@ bool ChangeGatherer::watches(std::string_view table) const {
     return std::ranges::find(unwatched, name) == unwatched.end();
 }
 
+/// One statement after the other mostly changes the same table.
+std::pair<const std::string, ChangeGatherer::Rows>& ChangeGatherer::rowsOf(
+    std::string_view written) {
+    if (m_last == nullptr || m_lastWritten != written) {
+        m_lastWritten = written;
+        m_last = &*m_tables.try_emplace(nameOf(written)).first;
+    }
+    return *m_last;
+}
+
 void ChangeGatherer::take(const RowChange& change) {
-    const std::string table = nameOf(change.table);
     const auto cells = change.before.empty() ? change.after : change.before;
     if (cells.empty()) return missed();
-    Rows& rows = m_tables[table];
-    if (rows.bytes.empty()) rows.bytes = rowBytesHead(columnsOf(table, cells.size()));
-    if (!addRowBytes(withoutSecrets(change), rows.bytes)) return;
+    auto& [table, rows] = rowsOf(change.table);
+    if (rows.bytes.empty()) {
+        const std::int64_t all = rows.all;
+        rows = beginRows(table, cells.size());
+        rows.all = all;
+    }
+    if (!addRowBytes(withoutSecret(change, rows.secretCell), rows.bytes)) return;
+    rows.addAccounts(change);
     const std::int64_t id = cells.front().integer;
     rows.lowestId = rows.rows == 0 ? id : std::min(rows.lowestId, id);
     rows.highestId = rows.rows == 0 ? id : std::max(rows.highestId, id);
@@ -100,14 +160,17 @@ void ChangeGatherer::pack(const std::string& table, Rows& rows) {
                  .table = table,
                  .lowestId = rows.lowestId,
                  .highestId = rows.highestId,
+                 .lowestAccount = rows.lowestAccount,
+                 .highestAccount = rows.highestAccount,
                  .rows = rows.rows,
                  .packed = packed(rows.bytes)};
     if (part.packed.empty()) return missed();
     ++m_now.parts;
-    m_now.hash.add(table);
-    m_now.hash.add(part.packed);
+    addPart(m_now.hash, part);
     m_ready.push_back(std::move(part));
-    rows = {.bytes = {}, .rows = 0, .lowestId = 0, .highestId = 0, .all = rows.all};
+    const std::int64_t all = rows.all;
+    rows = {};
+    rows.all = all;
 }
 
 void ChangeGatherer::keepForMarks(const std::string& table, const Rows& rows) {
@@ -121,11 +184,7 @@ void ChangeGatherer::keepForMarks(const std::string& table, const Rows& rows) {
 void ChangeGatherer::mark() {
     Mark mark{.totals = m_now, .tables = {}, .sizes = {}};
     for (const auto& [table, rows] : m_tables) {
-        mark.tables[table] = {.bytes = {},
-                              .rows = rows.rows,
-                              .lowestId = rows.lowestId,
-                              .highestId = rows.highestId,
-                              .all = rows.all};
+        mark.tables[table] = rows.counts();
         mark.sizes[table] = rows.bytes.size();
     }
     m_marks.push_back(std::move(mark));
@@ -143,6 +202,7 @@ void ChangeGatherer::backToMark() {
         if (before.bytes.empty()) before.bytes = std::move(m_tables[table].bytes);
         before.bytes.resize(mark.sizes.at(table));
     }
+    m_last = nullptr;
     m_tables = std::move(mark.tables);
     m_now = mark.totals;
     m_ready.clear();
@@ -150,6 +210,7 @@ void ChangeGatherer::backToMark() {
 
 void ChangeGatherer::clear() {
     m_now = {};
+    m_last = nullptr;
     m_tables.clear();
     m_ready.clear();
     m_marks.clear();

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/engine/row_change.h"
@@ -16,9 +17,14 @@ struct LogPart {
     std::string table;
     std::int64_t lowestId = 0;
     std::int64_t highestId = 0;
+    std::int64_t lowestAccount = 0;  ///< of the accounts that the rows belong to
+    std::int64_t highestAccount = -1;
     std::int32_t rows = 0;
     std::string packed;
 };
+
+/// Adds a part to the hash over the parts of its entry.
+void addPart(ChainHash& hash, const LogPart& part);
 
 /// Collects what a unit of work changes, in parts of bounded size, and follows it back to where
 /// it was when something of it is undone.
@@ -57,7 +63,15 @@ class ChangeGatherer final : public ChangeWatcher {
         std::int32_t rows = 0;
         std::int64_t lowestId = 0;
         std::int64_t highestId = 0;
-        std::int64_t all = 0;  ///< those of earlier parts, too
+        std::int64_t lowestAccount = 0;
+        std::int64_t highestAccount = -1;
+        std::int64_t all = 0;         ///< those of earlier parts, too
+        std::size_t accountCell = 0;  ///< where the account of a row stands; beyond its cells: none
+        std::size_t secretCell = 0;   ///< what nobody may see; likewise
+
+        /// The same without its bytes.
+        Rows counts() const;
+        void addAccounts(const RowChange& change);
     };
     struct Totals {
         std::int64_t rows = 0;
@@ -71,13 +85,17 @@ class ChangeGatherer final : public ChangeWatcher {
         std::map<std::string, std::size_t> sizes;
     };
 
+    std::pair<const std::string, Rows>& rowsOf(std::string_view written);
+    static Rows beginRows(const std::string& table, std::size_t cells);
     /// Valid until the next one.
-    RowChange withoutSecrets(const RowChange& change);
+    RowChange withoutSecret(const RowChange& change, std::size_t place);
     void pack(const std::string& table, Rows& rows);
     void keepForMarks(const std::string& table, const Rows& rows);
 
     Totals m_now;
     std::map<std::string, Rows> m_tables;
+    std::pair<const std::string, Rows>* m_last = nullptr;  ///< of the table written like this
+    std::string m_lastWritten;
     std::vector<LogPart> m_ready;
     std::vector<Mark> m_marks;
     std::vector<Value> m_before;

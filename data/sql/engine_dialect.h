@@ -29,8 +29,13 @@ struct EngineDialect {
     /// Statements that let rows pass as they are, and that check them again.
     std::string_view checksOff = {};
     std::string_view checksOn = {};
-    /// Selects what lies in the database beside tables: "trigger", "view" or "index", and its
-    /// name, by kind and name.
+    /// Statements that have the database refuse changing and taking out rows of a table.
+    std::string (*guard)(const std::string& table) = {};
+    /// Statements that let them pass, and that refuse them again; null where that is so already.
+    std::string (*guardOff)(const std::string& table) = {};
+    std::string (*guardOn)(const std::string& table) = {};
+    /// Selects what lies in the database beside tables and their guards: "trigger", "view" or
+    /// "index", and its name, by kind and name.
     std::string_view otherObjects = {};
     /// The time by the clock of the database, in seconds since 1970.
     std::string_view now = {};

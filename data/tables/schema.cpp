@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/values/text.h"
+#include "data/tables/operation_log_tables.h"
 #include "data/tables/record_type.h"
 
 namespace chengheng {
@@ -43,6 +44,9 @@ const std::vector<TableInfo>& allTables() {
     static const std::vector<TableInfo> tables = [] {
         std::vector<TableInfo> made;
         for (const RecordType* type : allRecordTypes()) made.push_back(type->table);
+        // No record of the module: their rows are written and read by the log alone.
+        made.insert(made.end(),
+                    {operationLogTable(), operationLogPartTable(), operationLogHeadTable()});
         return made;
     }();
     return tables;

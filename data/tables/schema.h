@@ -29,11 +29,12 @@ struct TableInfo {
     std::string idRow;                 ///< its counter in ABIdTable; empty: it has none
     std::vector<ColumnInfo> columns;   ///< in the order of positional inserts
     std::vector<std::string> indexes;  ///< each a list of columns, of some rows when WHERE follows
+    bool isAddedToOnly = false;        ///< its rows are neither changed nor taken out
 };
 
 /// The number of the layout that this program writes. With another layout it rises by one, and
 /// data/layout/layout_steps.cpp tells what leads there.
-inline constexpr int booksFormatVersion = 5;
+inline constexpr int booksFormatVersion = 6;
 
 /// Every table of a set of books, in the order in which they are created.
 const std::vector<TableInfo>& allTables();

@@ -87,12 +87,20 @@ Status copyTable(Engine& source, Engine& target, const TableInfo& table,
 /// Whether the table is one of those that every set of books has.
 bool isFixedTable(const TableInfo& table) { return findTable(table.name) != nullptr; }
 
+std::string emptySql(const TableInfo& table, const EngineDialect& dialect) {
+    if (!isFixedTable(table)) return "DROP TABLE " + table.name;
+    const bool isGuarded = table.isAddedToOnly && dialect.guardOff != nullptr;
+    const std::string empty = "DELETE FROM " + table.name;
+    if (!isGuarded) return empty;
+    return dialect.guardOff(table.name) + empty + ";\n" + dialect.guardOn(table.name);
+}
+
 Status emptyTarget(Engine& target) {
     std::vector<TableInfo> tables;
     Status status = storedTables(target, tables);
     for (const TableInfo& table : tables) {
         if (!status) break;
-        status = target.script((isFixedTable(table) ? "DELETE FROM " : "DROP TABLE ") + table.name);
+        status = target.script(emptySql(table, target.dialect()));
     }
     return status;
 }

@@ -97,4 +97,14 @@ Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& diges
     return status;
 }
 
+Status digestLogAgain(Engine& engine, std::vector<TableDigest>& digests) {
+    std::vector<TableDigest> logged;
+    const auto isOfLog = [](std::string_view table) { return table.starts_with("OperationLog"); };
+    const Status status = digestContent(engine, booksFormatVersion, logged, isOfLog);
+    for (TableDigest& digest : digests)
+        for (const TableDigest& anew : logged)
+            if (digest.table == anew.table) digest = anew;
+    return status;
+}
+
 }  // namespace chengheng

@@ -31,4 +31,7 @@ Status digestContent(Engine& engine, std::vector<TableDigest>& digests);
 Status digestContent(Engine& engine, int layout, std::vector<TableDigest>& digests,
                      const TableChoice& choice = {});
 
+/// Takes those of the operation log anew, where something was entered in it since.
+Status digestLogAgain(Engine& engine, std::vector<TableDigest>& digests);
+
 }  // namespace chengheng

@@ -43,6 +43,8 @@ std::string rowsOf(RowRule rule, std::int32_t userId, const std::set<std::string
         case RowRule::emptyDetails:
             return "mBegin = 0 AND mDebt = 0 AND mCredit = 0 AND dBegin = 0 AND dDebt = 0 "
                    "AND dCredit = 0 AND mFBegin = 0 AND mFDebt = 0 AND mFCredit = 0";
+        case RowRule::othersThanUsers:
+            return "sTable NOT IN ('Users', 'UserAuth')";
         case RowRule::openingLines:
             return "bBegin <> 0";
         case RowRule::openingHeaders:

@@ -447,7 +447,7 @@ TEST(IntegrityCheck, CorruptFileGivesItsFaultsAndNoMore) {
     }
     {
         std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
-        file.seekp(-8 * 4096, std::ios::end);
+        file.seekp(-20 * 4096, std::ios::end);
         file << std::string(4 * 4096, 'x');
     }
     const auto engine = openForTest(path, chengheng::OpenMode::existing);

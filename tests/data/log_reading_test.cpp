@@ -216,7 +216,7 @@ TEST_P(LogReading, FindsWhetherThereIsALog) {
     bool isThere = false;
     ASSERT_TRUE(findLog(m_books.engine(), isThere));
     EXPECT_TRUE(isThere);
-    m_books.tamper("DROP TABLE OperationLog");
+    ASSERT_TRUE(m_books.engine().script("DROP TABLE OperationLog"));
     ASSERT_TRUE(findLog(m_books.engine(), isThere));
     EXPECT_FALSE(isThere);
 }

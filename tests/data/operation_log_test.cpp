@@ -48,9 +48,6 @@ class OperationLogs : public testing::TestWithParam<EngineCase> {
         m_location = freshLocation(GetParam());
         auto engine = openForTest(m_location);
         ASSERT_TRUE(createLayout(*engine));
-        for (const TableInfo* table : {&operationLogTable(), &operationLogPartTable()})
-            ASSERT_TRUE(engine->script(createTableSql(*table, engine->dialect())));
-        ASSERT_TRUE(engine->script("INSERT INTO ABIdTable VALUES ('OperationLog', 0)"));
         auto faulty = std::make_unique<FaultyEngine>(std::move(engine));
         m_faulty = faulty.get();
         m_books = std::make_unique<Database>(std::move(faulty), "books");
@@ -94,10 +91,15 @@ class OperationLogs : public testing::TestWithParam<EngineCase> {
             ChainHash parts;
             for (const auto& part : readSql(
                      m_faulty->real(),
-                     "SELECT sTable, sPacked FROM OperationLogPart WHERE sUnit = $1 ORDER BY lPart",
+                     "SELECT sTable, sPacked, lLowest, lHighest, lLowAccount, lHighAccount FROM "
+                     "OperationLogPart WHERE sUnit = $1 ORDER BY lPart",
                      {Value::of(std::string_view(row[5]))})) {
-                parts.add(part[0]);
-                parts.add(part[1]);
+                addPart(parts, {.table = part[0],
+                                .lowestId = std::stoll(part[2]),
+                                .highestId = std::stoll(part[3]),
+                                .lowestAccount = std::stoll(part[4]),
+                                .highestAccount = std::stoll(part[5]),
+                                .packed = part[1]});
             }
             EXPECT_EQ(row[6], parts.text());
             const LogEntry entry{.number = std::stoll(row[8]),

@@ -127,7 +127,9 @@ TEST_P(ToolMaking, DemoBooksSurviveBackupAndCopyToAnotherEngineAndBack) {
     ASSERT_EQ(chbooks({"copy", there, back}).exitCode, done);
     EXPECT_EQ(chbooks({"check", back}).exitCode, done);
     const auto tablesOf = [](const std::string& place) {
-        return Json::parse(chbooks({"info", place, "--json"}).out)["tables"];
+        Json tables = Json::parse(chbooks({"info", place, "--json"}).out)["tables"];
+        tables.erase("OperationLog");  // tells of the copies
+        return tables;
     };
     EXPECT_EQ(tablesOf(back), tablesOf(m_place));
 }

@@ -47,7 +47,8 @@ TEST(NewYearTables, LeaveVouchersBalancesAndWhoIsLoggedOnBehind) {
         if (table.fate == NextYearFate::left) left.emplace_back(table.table);
     EXPECT_EQ(left,
               (std::vector<std::string>{"AccSum", "AssAcc", "LoginInfoTbl", "RegMain", "RegSub",
-                                        "UnregMain", "UnregSub", "RecpBank", "RecpEnter"}));
+                                        "UnregMain", "UnregSub", "RecpBank", "RecpEnter",
+                                        "OperationLog", "OperationLogPart", "OperationLogHead"}));
     EXPECT_EQ(fateInNextYear("ExchgFix"), NextYearFate::made);
     EXPECT_EQ(fateInNextYear("ExchgFlt"), NextYearFate::made);
     EXPECT_EQ(fateInNextYear("zAccountM"), NextYearFate::changed);

@@ -2,23 +2,14 @@
 
 #include <fmt/format.h>
 
-#include <stdexcept>
-
 #include "data/connection/database.h"
-#include "data/layout/layout.h"
 #include "tests/support/engine_tools.h"
-#include "tests/support/small_books.h"
 
 namespace chengheng {
 
 KeptLog::KeptLog(CNbCwDB& database) : m_database(database) {
-    Database& books = *database.selectedDatabase();
-    if (findTable(operationLogTable().name) == nullptr) {
-        for (const TableInfo* table : {&operationLogTable(), &operationLogPartTable()})
-            runScript(books.engine(), createTableSql(*table, books.engine().dialect()));
-        runScript(books.engine(), "INSERT INTO ABIdTable VALUES ('OperationLog', 0)");
-    }
-    books.keepLog({.operatorId = 1, .operatorName = "张三"});
+    database.selectedDatabase()->keepLog({.operatorId = 1, .operatorName = "张三"});
+    news();
 }
 
 std::vector<std::string> KeptLog::news() {

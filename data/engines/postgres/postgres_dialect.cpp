@@ -41,13 +41,32 @@ std::string columnCheck(const ColumnInfo& column) {
 constexpr std::string_view otherObjects =
     "SELECT 'trigger', CAST(t.tgname AS text) COLLATE \"C\" AS name FROM pg_trigger t "
     "JOIN pg_class c ON c.oid = t.tgrelid "
+    "JOIN pg_proc p ON p.oid = t.tgfoid "
     "WHERE c.relnamespace = current_schema()::regnamespace AND NOT t.tgisinternal "
+    "AND NOT (t.tgname = c.relname || '_keep' AND p.prosrc = ' BEGIN RAISE EXCEPTION ''% is only "
+    "added to'', TG_TABLE_NAME; END ') "
     "UNION ALL SELECT 'trigger', CAST(rulename AS text) FROM pg_rules "
     "WHERE schemaname = current_schema() "
     "UNION ALL SELECT 'view', CAST(c.relname AS text) FROM pg_class c "
     "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('v', 'm') "
     "UNION ALL SELECT 'index', CAST(indexname AS text) FROM pg_indexes "
     "WHERE schemaname = current_schema() ORDER BY 1, 2";
+
+std::string guard(const std::string& table) {
+    return "CREATE OR REPLACE FUNCTION " + table +
+           "_keep() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN RAISE EXCEPTION '% is only added "
+           "to', TG_TABLE_NAME; END $$;\nCREATE TRIGGER " +
+           table + "_keep BEFORE UPDATE OR DELETE OR TRUNCATE ON " + table +
+           " FOR EACH STATEMENT EXECUTE FUNCTION " + table + "_keep();\n";
+}
+
+std::string guardOff(const std::string& table) {
+    return "ALTER TABLE " + table + " DISABLE TRIGGER " + table + "_keep;\n";
+}
+
+std::string guardOn(const std::string& table) {
+    return "ALTER TABLE " + table + " ENABLE TRIGGER " + table + "_keep;\n";
+}
 
 constexpr std::string_view now = "CAST(extract(epoch FROM clock_timestamp()) AS double precision)";
 
@@ -71,6 +90,9 @@ const EngineDialect& postgresDialect() {
                                            .columnDeclaration = columnDeclaration,
                                            .columnCheck = columnCheck,
                                            .altersTables = true,
+                                           .guard = guard,
+                                           .guardOff = guardOff,
+                                           .guardOn = guardOn,
                                            .otherObjects = otherObjects,
                                            .now = now,
                                            .shareTable = shareTable};

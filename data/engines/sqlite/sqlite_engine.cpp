@@ -11,6 +11,8 @@
 #include "data/engines/sqlite/sqlite_wait.h"
 #include "data/locks/file_locks.h"
 #include "data/locks/memory_locks.h"
+#include "data/sql/sql_format.h"
+#include "data/tables/schema.h"
 
 namespace chengheng {
 namespace {
@@ -61,16 +63,46 @@ std::string columnCheck(const ColumnInfo& column) {
     return {};
 }
 
-constexpr EngineDialect sqliteDialect{
-    .likeEscape = " ESCAPE '\\'",
-    .rowLock = "",
-    .columnDeclaration = columnDeclaration,
-    .columnCheck = columnCheck,
-    .checksOff = passOverChecks,
-    .checksOn = mindChecks,
-    .otherObjects =
-        "SELECT type, name FROM sqlite_master WHERE type <> 'table' ORDER BY type, name",
-    .now = "(julianday('now') - 2440587.5) * 86400.0"};
+/// "CREATE TRIGGER OperationLog_keep_UPDATE BEFORE UPDATE ON OperationLog ..."
+std::string guardSql(const std::string& table, const std::string& event) {
+    return "CREATE TRIGGER " + table + "_keep_" + event + " BEFORE " + event + " ON " + table +
+           " BEGIN SELECT RAISE(ABORT, '" + table + " is only added to'); END";
+}
+
+std::string guard(const std::string& table) {
+    return guardSql(table, "UPDATE") + ";\n" + guardSql(table, "DELETE") + ";\n";
+}
+
+/// A guard counts as one only as this program makes it.
+const std::string& otherObjectsSql() {
+    static const std::string sql = [] {
+        std::string guards;
+        for (const TableInfo& table : allTables())
+            for (const char* event : {"UPDATE", "DELETE"})
+                if (table.isAddedToOnly)
+                    guards += (guards.empty() ? "" : ", ") +
+                              formatSql("'%s'", guardSql(table.name, event));
+        return "SELECT type, name FROM sqlite_master WHERE type <> 'table' AND coalesce(sql, '') "
+               "NOT IN (" +
+               guards + ") ORDER BY type, name";
+    }();
+    return sql;
+}
+
+const EngineDialect& sqliteDialect() {
+    static const EngineDialect dialect{
+
+        .likeEscape = " ESCAPE '\\'",
+        .rowLock = "",
+        .columnDeclaration = columnDeclaration,
+        .columnCheck = columnCheck,
+        .checksOff = passOverChecks,
+        .checksOn = mindChecks,
+        .guard = guard,
+        .otherObjects = otherObjectsSql(),
+        .now = "(julianday('now') - 2440587.5) * 86400.0"};
+    return dialect;
+}
 
 class SqliteEngine final : public Engine {
   public:
@@ -80,7 +112,7 @@ class SqliteEngine final : public Engine {
           m_locks(std::move(locks)),
           m_wait(m_connection.get(), *m_locks) {}
 
-    const EngineDialect& dialect() const override { return sqliteDialect; }
+    const EngineDialect& dialect() const override { return sqliteDialect(); }
 
     Status prepare(std::string_view sql, int parameters,
                    std::unique_ptr<PreparedStatement>& statement) override {
