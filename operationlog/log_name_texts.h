@@ -42,6 +42,9 @@ inline constexpr const char* nothing = "(空)";
 inline constexpr const char* hidden = "(不记录)";
 inline constexpr const char* hiddenOther = "(不记录,已更改)";
 
+/// A month of the books; {} is its number.
+inline constexpr const char* month = "{}月";
+
 /// What became of a row.
 inline constexpr const char* inserted = "增加";
 inline constexpr const char* changed = "修改";

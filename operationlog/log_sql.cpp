@@ -1,7 +1,10 @@
 #include "operationlog/log_sql.h"
 
+#include <utility>
+
 #include "base/values/text.h"
 #include "data/sql/sql_format.h"
+#include "data/transfer/stored_tables.h"
 
 namespace chengheng::log_sql {
 namespace {
@@ -87,6 +90,20 @@ std::string balancesOf(const std::string& table) {
 
 std::string accountsOfRows(const std::string& table) {
     return "SELECT lId, lCodeId FROM " + table + " WHERE lId BETWEEN $1 AND $2";
+}
+
+std::string rowsBetween(const TableInfo& table) {
+    return "SELECT " + columnNames(table) + " FROM " + table.name + " WHERE lId BETWEEN $1 AND $2";
+}
+
+std::string rowsOf(const TableInfo& table, const std::vector<std::int64_t>& ids) {
+    std::string sql = "SELECT " + columnNames(table) + " FROM " + table.name + " WHERE lId IN (";
+    const char* comma = "";
+    for (const std::int64_t id : ids) {
+        sql += std::exchange(comma, ", ");
+        appendSql(sql, "%ld", id);
+    }
+    return sql + ")";
 }
 
 }  // namespace chengheng::log_sql

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "data/tables/schema.h"
 #include "operationlog/log_filter.h"
 
 // What is asked of the operation log.
@@ -60,6 +61,11 @@ inline constexpr const char* partsOfTable =
 inline constexpr const char* accountsOfCode = "SELECT lId FROM Code WHERE sCode = $1";
 /// $1 to $2: the accounts that rows of a table belong to now.
 std::string accountsOfRows(const std::string& table);
+
+/// The rows of a table whose ids lie from $1 to $2.
+std::string rowsBetween(const TableInfo& table);
+/// Those of these ids.
+std::string rowsOf(const TableInfo& table, const std::vector<std::int64_t>& ids);
 
 /// The names of those whom the log tells of, found one behind the other.
 inline constexpr const char* operators =

@@ -44,6 +44,7 @@ void addExportAuxiliaryCommand(CLI::App& app, Tool& tool);
 void addTestVoucherCommand(CLI::App& app, Tool& tool);
 void addServerRolesCommand(CLI::App& app, Tool& tool);
 void addPrintCommand(CLI::App& app, Tool& tool);
+void addLogCommand(CLI::App& app, Tool& tool);
 
 // What several commands do alike.
 

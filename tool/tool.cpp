@@ -53,7 +53,8 @@ constexpr std::array addCommands{addNewCommand,
                                  addExportAuxiliaryCommand,
                                  addTestVoucherCommand,
                                  addServerRolesCommand,
-                                 addPrintCommand};
+                                 addPrintCommand,
+                                 addLogCommand};
 
 ExitCode readAndRun(int argc, const char* const* argv, Tool& tool) {
     CLI::App app(tool_texts::summary, "chbooks");

@@ -23,7 +23,10 @@ constexpr std::string_view itemTables = "ProjItems";
 /// The table as the layout names it; a statement may write it in other letters.
 std::string nameOf(std::string_view table) {
     const TableInfo* const known = findTable(table);
-    return known != nullptr ? known->name : std::string(table);
+    if (known != nullptr) return known->name;
+    const std::string_view front = table.substr(0, itemTables.size());
+    if (!isSameInAnyCase(front, itemTables)) return std::string(table);
+    return std::string(itemTables).append(table.substr(front.size()));
 }
 
 constexpr std::size_t noCell = std::string::npos;

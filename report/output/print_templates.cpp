@@ -75,6 +75,12 @@ constexpr std::array voucherTypeUsageColumns{
     TemplateColumn{"首日期", "dtFirst", 12},  TemplateColumn{"末号", "lLast", 7},
     TemplateColumn{"末日期", "dtLast", 12},   TemplateColumn{"缺号和其他使用", "sRemark", 46},
 };
+constexpr std::array operationLogColumns{
+    TemplateColumn{"编号", "lId", 8},        TemplateColumn{"时间", "sTime", 20},
+    TemplateColumn{"操作员", "sUser", 12},   TemplateColumn{"工作站", "sStation", 14},
+    TemplateColumn{"功能", "lFunction", 14}, TemplateColumn{"操作", "sWords", 50},
+    TemplateColumn{"行数", "lRows", 8},      TemplateColumn{"程序", "sProgram", 18},
+};
 
 constexpr std::array templates{
     PrintTemplate{currencyListTemplate, "外币一览表", paperA4, true, currencyColumns},
@@ -93,6 +99,7 @@ constexpr std::array templates{
     PrintTemplate{rightsMatrixTemplate, "操作员权限对照表", paperA4, true, rightsMatrixColumns},
     PrintTemplate{voucherTypeUsageTemplate, "凭证类别使用情况", paperA4, false,
                   voucherTypeUsageColumns},
+    PrintTemplate{operationLogTemplate, "操作日志", paperA4, false, operationLogColumns},
 };
 
 }  // namespace

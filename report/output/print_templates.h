@@ -21,6 +21,7 @@ inline constexpr std::int32_t projectItemListTemplate = 42;
 inline constexpr std::int32_t divisionTemplate = 43;
 inline constexpr std::int32_t rightsMatrixTemplate = 44;
 inline constexpr std::int32_t voucherTypeUsageTemplate = 45;
+inline constexpr std::int32_t operationLogTemplate = 46;
 /// Books made by an earlier program lack those from here on.
 inline constexpr std::int32_t firstLaterTemplate = departmentListTemplate;
 

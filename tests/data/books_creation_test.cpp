@@ -142,8 +142,8 @@ TEST_P(BooksCreations, BringThePrintTemplates) {
     std::vector<std::int32_t> numbers;
     for (const auto& row : books.rows<_ZWPrintMainInfo>("lId > 0 ORDER BY lId"))
         numbers.push_back(row.lId);
-    EXPECT_EQ(numbers,
-              (std::vector<std::int32_t>{2, 3, 4, 5, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45}));
+    EXPECT_EQ(numbers, (std::vector<std::int32_t>{2, 3, 4, 5, 35, 36, 37, 38, 39, 40, 41, 42, 43,
+                                                  44, 45, 46}));
     char** cells = nullptr;
     int columns = 0;
     int rows = 0;

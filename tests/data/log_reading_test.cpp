@@ -212,6 +212,55 @@ TEST_P(LogReading, GivesAHistoryLongerThanAPage) {
     EXPECT_EQ(words[69], "1");
 }
 
+std::string addAccount(int id, const std::string& code) {
+    return fmt::format(
+        "INSERT Code VALUES( {}, '{}', '甲', '资产', 1, 1, 1, 0, 0, '', '', 0, 0, '', 0, '' )", id,
+        code);
+}
+
+std::string addSum(int id, int account) {
+    return fmt::format("INSERT AccSum VALUES( {}, {}, 1, 5, 0, 0, 0, 0, 0, 0, 0, 0 )", id, account);
+}
+
+TEST_P(LogReading, FiltersByTheAccountsThatHaveOrHadACode) {
+    m_books.change(addAccount(1, "1001"));
+    m_books.change(addAccount(2, "1002"));
+    m_books.change(addSum(10, 1));
+    m_books.change(addSum(11, 2));
+    m_books.change("Update AccSum Set mBegin = 7 Where lId = 10");
+    m_books.change("Update Code Set sCode = '1009' Where lId = 1");
+    m_books.change(addAccount(3, "1001"));
+    m_books.change(addMethod(1));
+    EXPECT_THAT(numbers({.account = "1001"}), ElementsAre(7, 6, 5, 3, 1));
+    EXPECT_THAT(numbers({.account = "1001"}, 1), ElementsAre(7, 6, 5, 3, 1));
+    EXPECT_THAT(numbers({.account = "1009"}), ElementsAre(6, 5, 3, 1));
+    EXPECT_THAT(numbers({.account = "1002"}), ElementsAre(4, 2));
+    EXPECT_THAT(numbers({.account = "100"}), IsEmpty()) << "a code is a whole one";
+    EXPECT_THAT(numbers({.text = "AccSum", .account = "1001"}), ElementsAre(5, 3));
+    m_books.change("DELETE Code Where lId = 2;DELETE AccSum Where lId = 11");
+    EXPECT_THAT(numbers({.account = "1002"}), ElementsAre(9, 4, 2)) << "it is gone";
+}
+
+TEST_P(LogReading, LeavesOutEntriesThatOnlySpanAnAccount) {
+    m_books.change(addAccount(1, "1001") + ";" + addAccount(3, "1003"));
+    m_books.change(addAccount(2, "1002"));
+    m_books.change(addSum(10, 1) + ";" + addSum(12, 3));
+    m_books.change(addSum(11, 2));
+    m_books.change("Update AccSum Set mBegin = 7 Where lId = 10 Or lId = 12");
+    EXPECT_THAT(numbers({.account = "1002"}), ElementsAre(4, 2));
+    EXPECT_THAT(numbers({.account = "1003"}), ElementsAre(5, 3, 1));
+    m_books.change("DELETE AccSum Where lId = 10");
+    EXPECT_THAT(numbers({.account = "1002"}), ElementsAre(5, 4, 2))
+        << "whose the row was that is gone, entry 5 does not tell";
+}
+
+TEST_P(LogReading, FindsACodeAmongManyParts) {
+    for (int id = 1; id <= 150; ++id) m_books.change(addAccount(id, std::to_string(1000 + id)));
+    m_books.change("Update Code Set sCode = '9' Where lId = 77");
+    EXPECT_THAT(numbers({.account = "1077"}), ElementsAre(151, 77));
+    EXPECT_THAT(numbers({.account = "1150"}), ElementsAre(150));
+}
+
 TEST_P(LogReading, FindsWhetherThereIsALog) {
     bool isThere = false;
     ASSERT_TRUE(findLog(m_books.engine(), isThere));

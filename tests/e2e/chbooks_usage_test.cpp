@@ -43,7 +43,8 @@ constexpr const char* commands[] = {"new",
                                     "export-auxiliary",
                                     "test-voucher",
                                     "server-roles",
-                                    "print"};
+                                    "print",
+                                    "log"};
 
 TEST(ToolUsage, HelpNamesEveryCommandAndExitCode) {
     const ProgramRun run = chbooks({"--help"});
@@ -58,6 +59,17 @@ TEST(ToolUsage, HelpNamesEveryCommandAndExitCode) {
 TEST(ToolUsage, EveryCommandHasItsHelp) {
     for (const char* command : commands) {
         const ProgramRun run = chbooks({command, "--help"});
+        EXPECT_EQ(run.exitCode, done) << command;
+        EXPECT_THAT(run.out, HasSubstr("用法")) << command;
+        EXPECT_THAT(run.out, testing::Not(HasSubstr("Options"))) << command;
+    }
+}
+
+TEST(ToolUsage, EveryCommandOnTheLogHasItsHelp) {
+    const std::string help = chbooks({"log", "--help"}).out;
+    for (const char* command : {"list", "show", "verify", "seal", "export"}) {
+        EXPECT_THAT(help, HasSubstr("\n  " + std::string(command) + " "));
+        const ProgramRun run = chbooks({"log", command, "--help"});
         EXPECT_EQ(run.exitCode, done) << command;
         EXPECT_THAT(run.out, HasSubstr("用法")) << command;
         EXPECT_THAT(run.out, testing::Not(HasSubstr("Options"))) << command;

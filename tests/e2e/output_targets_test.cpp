@@ -31,11 +31,10 @@ using Command = std::vector<std::string>;
 /// Every command that writes a file for other programs, with the books, to which the file is
 /// added.
 std::vector<Command> writers(const std::string& books) {
-    std::vector<Command> commands{{"print", "settle", books, "--csv"},
-                                  {"print", "settle", books, "--xlsx"},
-                                  {"export-chart", books},
-                                  {"export-opening", books},
-                                  {"export-auxiliary", books, "1122"}};
+    std::vector<Command> commands{
+        {"print", "settle", books, "--csv"}, {"print", "settle", books, "--xlsx"},
+        {"log", "export", books, "--csv"},   {"export-chart", books},
+        {"export-opening", books},           {"export-auxiliary", books, "1122"}};
 #ifdef CHENGHENG_CHBOOKS_PDF
     commands.push_back({"print", "settle", books, "--pdf"});
 #endif

@@ -73,6 +73,8 @@ TEST(LogNames, KindsAndFunctionsHaveTheirs) {
     EXPECT_STREQ(shownKind(ChangeKind::deleted), "删除");
     EXPECT_EQ(shownFunction(0), "");
     EXPECT_TRUE(isChinese(shownFunction(1)));
+    EXPECT_EQ(shownFunction(-1), "日志末尾不符");
+    EXPECT_EQ(shownFunction(-2), "登录");
     EXPECT_EQ(shownFunction(999), "功能 999");
 }
 

@@ -172,6 +172,16 @@ TEST_F(Gathering, GoesBackToAMarkBeforeAnyRowOfItsTable) {
     EXPECT_THAT(m_gatherer.tables(), IsEmpty());
 }
 
+TEST_F(Gathering, NamesItemTablesAlikeWhateverTheLettersOfAStatement) {
+    const Value after[] = {whole(7), text("1"), text("甲")};
+    m_gatherer.take(
+        {.kind = ChangeKind::inserted, .table = "projitemsa1", .before = {}, .after = after});
+    const auto parts = m_gatherer.takeParts(true);
+    ASSERT_THAT(parts, SizeIs(1));
+    EXPECT_EQ(parts[0].table, "ProjItemsa1");
+    EXPECT_EQ(rowsOf(parts)[0].columns[2].name, "FIELD1");
+}
+
 TEST_F(Gathering, LeavesOutTheLogItselfCountersAndWhoIsLoggedOn) {
     for (const char* table : {"ABIdTable", "abidtable", "LoginInfoTbl", "LogonTries"})
         EXPECT_FALSE(m_gatherer.watches(table)) << table;

@@ -23,7 +23,7 @@ class LoggedBooks {
     void actAs(const std::string& operatorName, int id = 7);
     /// Changes rows as one unit of work; throws when that fails.
     void change(std::string_view batch, const std::string& words = "", int function = 0);
-    /// Changes them behind the log's back; throws when that fails.
+    /// Changes rows behind the log's back, those of the log itself, too; throws when that fails.
     void tamper(std::string_view script);
 
   private:
