@@ -43,6 +43,7 @@ constexpr MenuItemResource hubMenu[] = {
     {0, ""},
     {33007, screen_texts::parametersItem},
     {33008, screen_texts::ownPasswordItem},
+    {33009, screen_texts::logItem},
     {0, ""},
     {helpCommandNumber, screen_texts::helpCommand},
     {0, ""},

@@ -31,6 +31,7 @@ inline constexpr const char* voucherTypePage = "凭证类别";
 inline constexpr const char* settlePage = "结算方式";
 inline constexpr const char* parametersPage = "帐套参数";
 inline constexpr const char* newYearPage = "建立新年度";
+inline constexpr const char* logPage = "操作日志";
 
 // Captions of pictures, and the same in a menu with the keys that choose them.
 inline constexpr const char* accountsPicture = "会计科目";
@@ -54,6 +55,7 @@ inline constexpr const char* projectClassesItem = "项目大类定义(&K)";
 inline constexpr const char* projectItemsItem = "项目定义及目录(&I)";
 inline constexpr const char* parametersItem = "帐套参数调整(&B)";
 inline constexpr const char* ownPasswordItem = "更改口令(&W)";
+inline constexpr const char* logItem = "操作日志(&L)";
 inline constexpr const char* exitItem = "退出(&7)";
 
 inline constexpr const char* showDetail = "详细(&D)";

@@ -33,7 +33,7 @@ constexpr HubNeeds hubNeeds[] = {
     {HubFunction::persons, false, 1, false},       {HubFunction::unitClasses, false, 75, false},
     {HubFunction::units, false, 75, false},        {HubFunction::projectClasses, false, 14, false},
     {HubFunction::projectItems, false, 13, false}, {HubFunction::parameters, false, 40, false},
-    {HubFunction::ownPassword, false, 0, false},
+    {HubFunction::ownPassword, false, 0, false},   {HubFunction::operationLog, true, 0, false},
 };
 
 Refusal closedFunction(const char* text, MessageIcon icon) {

@@ -22,7 +22,8 @@ enum class HubFunction {
     projectClasses,
     projectItems,
     parameters,
-    ownPassword
+    ownPassword,
+    operationLog
 };
 
 /// A function's place on the hub, in pixels of the background, and its picture.
@@ -62,6 +63,7 @@ inline constexpr std::array hubMenuCommands{
     HubMenuCommand{HubFunction::projectItems, 33006},
     HubMenuCommand{HubFunction::parameters, 33007},
     HubMenuCommand{HubFunction::ownPassword, 33008},
+    HubMenuCommand{HubFunction::operationLog, 33009},
 };
 
 /// Whether the host wants only the opening balances: -ERPCONSOLE or -ERPSINGLE, in any case.

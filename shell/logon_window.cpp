@@ -21,6 +21,7 @@
 #include "screen/enter_moves_on.h"
 #include "screen/form_style.h"
 #include "screen/guarded.h"
+#include "screen/log/log_window.h"
 #include "session/CCheckAuth.h"
 #include "session/failure_texts.h"
 #include "setting/hub_status.h"
@@ -94,6 +95,8 @@ void LogonWindow::setUpFields() {
             [this] { runGuarded(m_messages, windowTitle(), [this] { makeNewYear(); }); });
     connect(m_ui->parameters, &QPushButton::clicked, this,
             [this] { runGuarded(m_messages, windowTitle(), [this] { changeParameters(); }); });
+    connect(m_ui->operationLog, &QPushButton::clicked, this,
+            [this] { runGuarded(m_messages, windowTitle(), [this] { showLog(); }); });
     connect(m_ui->ownPassword, &QPushButton::clicked, this,
             [this] { runGuarded(m_messages, windowTitle(), [this] { changePassword(); }); });
     connect(m_ui->location, &QComboBox::currentIndexChanged, this, &LogonWindow::suggestDate);
@@ -255,6 +258,18 @@ void LogonWindow::changeParameters() {
         m_choices[static_cast<std::size_t>(m_ui->location->currentIndex())].location;
     loadChoices();
     showChoices(choiceOf(m_choices, location));
+}
+
+void LogonWindow::showLog() {
+    if (!isLogonGiven(shell_texts::logLogonWanted)) return;
+    if (!openSession()) return;
+    tellSuspiciousHistory();
+    if (const auto refusal = supervisorRefusal())
+        m_messages.tell(refusal->notice);
+    else
+        LogWindow(this).DoModal();
+    m_session.logOff();
+    m_ui->password->setFocus();
 }
 
 void LogonWindow::makeNewYear() {

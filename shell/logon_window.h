@@ -51,6 +51,8 @@ class LogonWindow : public QDialog {
     bool openSession();
     /// Changes the parameters of the chosen books, for which the operator logs on and off again.
     void changeParameters();
+    /// Shows their operation log to a supervisor, likewise.
+    void showLog();
     /// Makes next year's books from the chosen ones, for which the operator logs on and off again,
     /// and offers to log on to them.
     void makeNewYear();

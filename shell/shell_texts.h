@@ -7,6 +7,7 @@ inline constexpr const char* lockWaitTitle = "等待其他工作站";
 inline constexpr const char* lockWaited = "已等待 %1";
 inline constexpr const char* logon = "登录";
 inline constexpr const char* logonWanted = "请先填好操作员和口令,再修改帐套参数";
+inline constexpr const char* logLogonWanted = "请先填好操作员和口令,再查看操作日志";
 
 inline constexpr const char* newYearLogonWanted = "请先填好操作员和口令,再建立新年度";
 inline constexpr const char* newYearHint = "由帐套“%1”的%2年度建立%3年度";

@@ -25,6 +25,7 @@ constexpr HelpPage pages[] = {
     {settleHelpContext, screen_texts::settlePage, ":/help/settle.html"},
     {parametersHelpContext, screen_texts::parametersPage, ":/help/parameters.html"},
     {newYearHelpContext, screen_texts::newYearPage, ":/help/new_year.html"},
+    {logHelpContext, screen_texts::logPage, ":/help/log.html"},
 };
 
 }  // namespace

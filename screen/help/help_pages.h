@@ -23,6 +23,7 @@ inline constexpr int parametersHelpContext = 197787;
 inline constexpr int currencyHelpContext = 197788;
 inline constexpr int voucherTypeHelpContext = 197789;
 inline constexpr int newYearHelpContext = 197790;
+inline constexpr int logHelpContext = 197791;
 
 /// In the order of the table of contents.
 std::span<const HelpPage> helpPages();

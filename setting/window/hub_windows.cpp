@@ -8,6 +8,7 @@
 #include "operators/window/division_window.h"
 #include "screen/books/books_parameters_window.h"
 #include "screen/books/own_password_window.h"
+#include "screen/log/log_window.h"
 #include "settle/window/CNbCwSettleDlg.h"
 #include "vouchertype/window/preset_wizard.h"
 #include "vouchertype/window/voucher_type_window.h"
@@ -50,6 +51,7 @@ constexpr Launcher launchers[] = {
     {HubFunction::projectItems, runDirectory<DirectoryKind::projectItem>},
     {HubFunction::parameters, runParameters},
     {HubFunction::ownPassword, runModally<OwnPasswordWindow>},
+    {HubFunction::operationLog, runModally<LogWindow>},
 };
 
 }  // namespace

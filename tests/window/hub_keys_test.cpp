@@ -194,7 +194,7 @@ TEST_F(HubTest, HasAMenuOfItsFunctionsUnderTheRightButton) {
                                      "凭证类别(&5)", "结算方式(&6)", "部门目录(&D)",
                                      "个人往来目录(&P)", "单位往来分类(&C)", "单位往来目录(&U)",
                                      "项目大类定义(&K)", "项目定义及目录(&I)", "帐套参数调整(&B)",
-                                     "更改口令(&W)", "帮助(&H)", "退出(&7)"}));
+                                     "更改口令(&W)", "操作日志(&L)", "帮助(&H)", "退出(&7)"}));
 }
 
 TEST_F(HubTest, HasItsMenuOverARegionToo) {

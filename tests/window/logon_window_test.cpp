@@ -83,12 +83,13 @@ TEST(LogonWindow, TabGoesThroughTheFieldsInTheirOrder) {
     LogonWindow& window = station.open();
     station.field<QComboBox>("location").setFocus();
     QStringList order{focusedField(window)};
-    for (int step = 0; step < 8; ++step) {
+    for (int step = 0; step < 9; ++step) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         order << focusedField(window);
     }
-    EXPECT_EQ(order, (QStringList{"location", "openOther", "makeNew", "makeNewYear", "parameters",
-                                  "ownPassword", "operatorName", "password", "date"}));
+    EXPECT_EQ(order,
+              (QStringList{"location", "openOther", "makeNew", "makeNewYear", "parameters",
+                           "ownPassword", "operationLog", "operatorName", "password", "date"}));
     EXPECT_TRUE(window.isVisible());
 }
 
