@@ -1,5 +1,6 @@
 #include "data/log/row_bytes.h"
 
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -7,7 +8,7 @@ namespace chengheng {
 namespace {
 
 // A cell begins with what it is.
-enum class Mark : char { null = '0', whole = 'w', real = 'r', text = 't' };
+enum class Mark : char { null = '0', whole = 'w', real = 'r', zero = 'z', text = 't' };
 constexpr char kindMarks[] = {'+', '~', '-'};
 
 void addNumber(std::uint64_t number, std::string& bytes) {
@@ -30,6 +31,19 @@ void addText(std::string_view text, std::string& bytes) {
     bytes += text;
 }
 
+/// Most amounts of a row are 0. Of others the lowest byte comes first, on every machine.
+void addReal(double real, std::string& bytes) {
+    auto bits = std::bit_cast<std::uint64_t>(real);
+    if (bits == 0) {
+        bytes += static_cast<char>(Mark::zero);
+        return;
+    }
+    std::array<char, 9> marked{static_cast<char>(Mark::real)};
+    for (std::size_t place = 1; place < marked.size(); ++place, bits >>= 8)
+        marked[place] = static_cast<char>(bits & 0xFF);
+    bytes.append(marked.data(), marked.size());
+}
+
 void addCell(const Value& value, std::string& bytes) {
     switch (value.kind) {
         case ValueKind::null:
@@ -39,14 +53,9 @@ void addCell(const Value& value, std::string& bytes) {
             bytes += static_cast<char>(Mark::whole);
             addNumber(folded(value.integer), bytes);
             return;
-        case ValueKind::real: {
-            bytes += static_cast<char>(Mark::real);
-            // The lowest byte first, on every machine.
-            auto bits = std::bit_cast<std::uint64_t>(value.real);
-            for (int place = 0; place < 8; ++place, bits >>= 8)
-                bytes += static_cast<char>(bits & 0xFF);
+        case ValueKind::real:
+            addReal(value.real, bytes);
             return;
-        }
         case ValueKind::text:
             bytes += static_cast<char>(Mark::text);
             addText(value.text, bytes);
@@ -94,6 +103,8 @@ class Reader {
                     bits |= std::uint64_t{static_cast<unsigned char>(byte)} << (8 * place++);
                 return std::bit_cast<double>(bits);
             }
+            case Mark::zero:
+                return 0.0;
             case Mark::text:
                 return text();
         }
@@ -136,20 +147,19 @@ std::string rowBytesHead(const std::vector<std::string>& columns) {
 bool addRowBytes(const RowChange& change, std::string& bytes) {
     const bool isChanged = change.kind == ChangeKind::changed;
     const auto cells = change.before.empty() ? change.after : change.before;
-    std::string differing;
-    std::uint64_t count = 0;
-    for (std::size_t at = 0; at < cells.size(); ++at) {
-        if (isChanged && isSame(change.before[at], change.after[at])) continue;
-        ++count;
-        if (isChanged) addNumber(at, differing);
-        addCell(cells[at], differing);
-        if (isChanged) addCell(change.after[at], differing);
-    }
+    std::uint64_t count = cells.size();
+    for (std::size_t at = 0; isChanged && at < cells.size(); ++at)
+        if (isSame(change.before[at], change.after[at])) --count;
     if (count == 0) return false;
     bytes += kindMarks[static_cast<std::size_t>(change.kind)];
     addNumber(folded(cells.front().integer), bytes);
     addNumber(count, bytes);
-    bytes += differing;
+    for (std::size_t at = 0; at < cells.size(); ++at) {
+        if (isChanged && isSame(change.before[at], change.after[at])) continue;
+        if (isChanged) addNumber(at, bytes);
+        addCell(cells[at], bytes);
+        if (isChanged) addCell(change.after[at], bytes);
+    }
     return true;
 }
 
