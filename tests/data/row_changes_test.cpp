@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/engines/postgres/watched_statement.h"
+#include "data/engines/sqlite/plain_insert.h"
 #include "data/layout/layout.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/engine_tools.h"
@@ -147,6 +148,66 @@ TEST_P(RowChanges, KnowWhatIsUnknown) {
 }
 
 CHENGHENG_ON_SHARED_ENGINES(RowChanges);
+
+TEST(PlainInsert, IsToldFromItsTextAlone) {
+    EXPECT_EQ(plainInsertTable("INSERT INTO Settle VALUES ($1, $2, $3, $4)"), findTable("Settle"));
+    EXPECT_EQ(plainInsertTable(" insert\ninto settle Values( $1,$2 ,$3,$4 ) "),
+              findTable("Settle"));
+    for (const char* other :
+         {"INSERT INTO Settle VALUES ($1, $2, $3)",
+          "INSERT INTO Settle VALUES ($1, $2, $3, $4, $5)",
+          "INSERT INTO Settle VALUES ($2, $1, $3, $4)",
+          "INSERT INTO Settle VALUES ($1, $2, 'x', $3)",
+          "INSERT INTO Settle VALUES ($1, $2, $3, $4) ON CONFLICT DO NOTHING",
+          "INSERT INTO Settle (lId, sStlId, sSettle, bNote) VALUES ($1, $2, $3, $4)",
+          "INSERT OR REPLACE INTO Settle VALUES ($1, $2, $3, $4)", "INSERT INTO Nobody VALUES ($1)",
+          "UPDATE Settle SET lId = $1", ""})
+        EXPECT_EQ(plainInsertTable(other), nullptr) << other;
+}
+
+TEST(PlainInsert, OfOtherKindsOfValuesIsReadBackAsItIsStored) {
+    const TableInfo& table = *findTable("ExchgFix");
+    std::vector<Value> row;
+    for (const ColumnInfo& column : table.columns) {
+        const bool isReal = column.type == ColumnType::real || column.type == ColumnType::single;
+        const bool isText = column.type == ColumnType::text || column.type == ColumnType::date;
+        row.push_back(isText   ? Value::of(std::string_view("2026-01-01"))
+                      : isReal ? Value::of(7.5)
+                               : Value::of(std::int64_t{1}));
+    }
+    EXPECT_TRUE(areStoredAsGiven(table, row));
+    for (std::size_t at = 0; at < row.size(); ++at) {
+        auto other = row;
+        other[at] = row[at].kind == ValueKind::text ? Value::of(std::int64_t{1})
+                                                    : Value::of(std::string_view("1"));
+        EXPECT_FALSE(areStoredAsGiven(table, other)) << at;
+        other[at] = Value::ofNull();
+        EXPECT_FALSE(areStoredAsGiven(table, other)) << at;
+        const bool isReal = row[at].kind == ValueKind::real;
+        other[at] = isReal ? Value::of(std::numeric_limits<double>::quiet_NaN()) : Value::of(1.5);
+        EXPECT_FALSE(areStoredAsGiven(table, other)) << at;
+    }
+    row.pop_back();
+    EXPECT_FALSE(areStoredAsGiven(table, row));
+}
+
+TEST_P(RowChanges, OfRowsOfValuesAreToldAsTheyAreStored) {
+    std::unique_ptr<PreparedStatement> insert;
+    ASSERT_TRUE(m_engine->prepare("INSERT INTO Settle VALUES ($1, $2, $3, $4)", 4, insert));
+    const std::array first{Value::of(std::int64_t{7}), Value::of(std::string_view("7")),
+                           Value::of(std::string_view("现金'")), Value::of(std::int64_t{1})};
+    const std::array second{Value::of(std::int64_t{8}), Value::of(std::string_view()),
+                            Value::of(std::string_view("支票")), Value::of(std::int64_t{0})};
+    const std::array commands{Command{insert.get(), first}, Command{insert.get(), second}};
+    ASSERT_TRUE(m_engine->execute(commands));
+    EXPECT_THAT(m_recorder.told, ElementsAre("+ 7 '7' '现金'' 1", "+ 8 '' '支票' 0"));
+    m_recorder.told.clear();
+    // One that fails leaves nothing for what comes next.
+    EXPECT_FALSE(m_engine->execute(commands));
+    m_recorder.told.clear();
+    ASSERT_TRUE(runSql(*m_engine, "INSERT INTO Settle VALUES (9, '9', '汇票', 0)"));
+    EXPECT_THAT(m_recorder.told, ElementsAre("+ 9 '9' '汇票' 0"));
+}
 
 TEST(WatchedStatement, NamesTheTableThatAStatementChanges) {
     EXPECT_EQ(changedTable("insert Into AccSum VALUES (1)"), "AccSum");

@@ -2,6 +2,7 @@
 #define SQLITE_ENABLE_PREUPDATE_HOOK
 #include "data/engines/sqlite/sqlite_changes.h"
 
+#include "data/engines/sqlite/plain_insert.h"
 #include "data/engines/sqlite/sqlite_statement.h"
 #include "data/tables/schema.h"
 
@@ -64,6 +65,11 @@ void SqliteChanges::makeAmounts(std::vector<Value>& cells) const {
             cells[place] = Value::of(static_cast<double>(cells[place].integer));
 }
 
+bool SqliteChanges::isExpected(std::string_view table) const {
+    return m_expected != nullptr && m_expected->name == table &&
+           areStoredAsGiven(*m_expected, m_expectedRow);
+}
+
 void SqliteChanges::take(int operation, std::string_view table) {
     if (!isWatched(table)) return;
     RowChange change{.kind = ChangeKind::changed, .table = table, .before = {}, .after = {}};
@@ -71,9 +77,12 @@ void SqliteChanges::take(int operation, std::string_view table) {
     if (operation == SQLITE_DELETE) change.kind = ChangeKind::deleted;
     m_before.clear();
     m_after.clear();
+    const bool isGiven = operation == SQLITE_INSERT && isExpected(table);
+    if (isGiven) m_after.assign(m_expectedRow.begin(), m_expectedRow.end());
     const bool isRead =
-        (operation == SQLITE_INSERT || readCells(m_connection, sqlite3_preupdate_old, m_before)) &&
-        (operation == SQLITE_DELETE || readCells(m_connection, sqlite3_preupdate_new, m_after));
+        isGiven ||
+        ((operation == SQLITE_INSERT || readCells(m_connection, sqlite3_preupdate_old, m_before)) &&
+         (operation == SQLITE_DELETE || readCells(m_connection, sqlite3_preupdate_new, m_after)));
     makeAmounts(m_after);
     change.before = m_before;
     change.after = m_after;

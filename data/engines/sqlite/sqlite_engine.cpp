@@ -208,11 +208,16 @@ Status SqliteEngine::run(const std::string& sql) {
 }
 
 Status SqliteEngine::runAll(std::span<const Command> commands) {
+    Status status;
     for (const Command& command : commands) {
-        if (Status status = m_wait.ended(runSqlite(command)); !status)
-            return remember(std::move(status));
+        if (m_changes != nullptr)
+            m_changes->expectRow(static_cast<SqliteStatement*>(command.statement)->plainInsert(),
+                                 command.values);
+        status = m_wait.ended(runSqlite(command));
+        if (!status) break;
     }
-    return Status::done();
+    if (m_changes != nullptr) m_changes->expectRow(nullptr, {});
+    return status ? status : remember(std::move(status));
 }
 
 Status SqliteEngine::execute(std::span<const Command> commands, std::int64_t* changed) {

@@ -1,5 +1,6 @@
 #include "data/engines/sqlite/sqlite_statement.h"
 
+#include "data/engines/sqlite/plain_insert.h"
 #include "data/engines/sqlite/sqlite_failure.h"
 
 namespace chengheng {
@@ -51,7 +52,7 @@ Status prepareSqlite(sqlite3* connection, std::string_view sql, int parameters,
     const int code = sqlite3_prepare_v3(connection, sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &prepared, &rest);
     if (code != SQLITE_OK) return sqliteFailure(code, connection);
-    auto made = std::make_unique<SqliteStatement>(prepared);
+    auto made = std::make_unique<SqliteStatement>(prepared, plainInsertTable(sql));
     if (prepared == nullptr) return Status::of(Failure::refused, "no statement");
     if (!isBlank(sql.substr(static_cast<std::size_t>(rest - sql.data()))))
         return Status::of(Failure::refused, "more than one statement");

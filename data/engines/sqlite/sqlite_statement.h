@@ -17,11 +17,15 @@ struct FinalizeStatement {
 
 class SqliteStatement final : public PreparedStatement {
   public:
-    explicit SqliteStatement(sqlite3_stmt* statement) : m_statement(statement) {}
+    explicit SqliteStatement(sqlite3_stmt* statement, const TableInfo* plainInsert = nullptr)
+        : m_statement(statement), m_plainInsert(plainInsert) {}
     sqlite3_stmt* handle() const { return m_statement.get(); }
+    /// The table that its values are a row of as they stand; null where that is not so.
+    const TableInfo* plainInsert() const { return m_plainInsert; }
 
   private:
     std::unique_ptr<sqlite3_stmt, FinalizeStatement> m_statement;
+    const TableInfo* m_plainInsert;
 };
 
 /// A stored cell; its text lives as long as SQLite keeps it.
