@@ -1,5 +1,7 @@
 #include "session/CCheckAuth.h"
 
+#include <fmt/format.h>
+
 #include <optional>
 #include <string>
 
@@ -7,10 +9,12 @@
 #include "session/host_globals.h"
 #include "session/host_messages.h"
 #include "session/last_failure.h"
+#include "session/log_notes.h"
 #include "session/open_books.h"
 #include "session/rights_list.h"
 #include "session/rights_texts.h"
 #include "session/services_sql.h"
+#include "session/session_texts.h"
 
 namespace {
 
@@ -53,7 +57,16 @@ Refusal unreadable(const StoredRights& rights, const char* name) {
 std::optional<Refusal> chengheng::rightRefusal(int function) {
     const CDivideWInfo* const user = g_lpLogonUserInfo;
     if (user != nullptr && user->lManager == 1) return std::nullopt;
-    return storedRightRefusal(function);
+    auto refusal = storedRightRefusal(function);
+    if (refusal) noteRefusal(function, *refusal);
+    return refusal;
+}
+
+void chengheng::noteRefusal(int function, const Refusal& refusal) {
+    if (refusal.kind == RefusalKind::failed) return;
+    noteInLog(function, [&refusal] {
+        return fmt::format(session_texts::loggedRefusal, refusal.notice.text);
+    });
 }
 
 std::optional<Refusal> chengheng::storedRightRefusal(int function) {

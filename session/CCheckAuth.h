@@ -21,13 +21,18 @@ class CCheckAuth {
 
 namespace chengheng {
 
-/// The same question without a word to the operator: why the function may not be used, nothing
-/// when it may. Of the kind `failed` where the books could not be read.
+/// The same question without a word to the operator, but with one to the operation log: why the
+/// function may not be used, nothing when it may. Of the kind `failed` where the books could not be
+/// read.
 std::optional<Refusal> rightRefusal(int function);
 
-/// The same by what the books hold now, also for who was a supervisor when he logged on.
+/// The same by what the books hold now and without a word to anybody, also for who was a supervisor
+/// when he logged on.
 std::optional<Refusal> storedRightRefusal(int function);
 /// Why the operator is none by now; nothing when he is a supervisor.
 std::optional<Refusal> supervisorRefusal();
+
+/// Has the operation log tell of a function that was refused for want of a right.
+void noteRefusal(int function, const Refusal& refusal);
 
 }  // namespace chengheng

@@ -15,6 +15,13 @@
 #include "session/who_writes.h"
 
 namespace chengheng {
+namespace {
+
+/// Being a supervisor, and what is everybody's own, are no functions.
+std::int32_t functionOf(WriteRight right) { return std::max(static_cast<std::int32_t>(right), 0); }
+
+}  // namespace
+
 UntoldOutcome UntoldOutcome::failed() { return {Outcome::failed, lastFailureNotice()}; }
 
 UntoldOutcome outcomeOfRow(int operationResult, const Notice& whenMissing) {
@@ -25,8 +32,10 @@ UntoldOutcome outcomeOfRow(int operationResult, const Notice& whenMissing) {
 
 std::optional<Refusal> writeRefusal(WriteRight right) {
     if (right == WriteRight::own || whoWrites().isAdministrator()) return std::nullopt;
-    return right == WriteRight::supervisor ? supervisorRefusal()
-                                           : storedRightRefusal(static_cast<int>(right));
+    auto refusal = right == WriteRight::supervisor ? supervisorRefusal()
+                                                   : storedRightRefusal(static_cast<int>(right));
+    if (refusal) noteRefusal(functionOf(right), *refusal);
+    return refusal;
 }
 
 UntoldOutcome askedFor(WriteRight right) {
@@ -50,7 +59,7 @@ Outcome underLocks(IMessages& messages, const LockLists& tables,
 }
 
 UnitWords unitWords(WriteRight right, ChangeWords words) {
-    return {std::max(static_cast<std::int32_t>(right), 0), std::move(words)};
+    return {functionOf(right), std::move(words)};
 }
 
 std::string changedName(const std::string& before, const std::string& after) {

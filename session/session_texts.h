@@ -12,6 +12,15 @@ inline constexpr const char* currencyUnreadable = "无法读取外币资料,操�
 /// The name before and after, in the operation log.
 inline constexpr const char* becomes = "{} → {}";
 
+/// What the operation log says of a right that is missing, and of lists that went out: what was
+/// done with them, their title, their file.
+inline constexpr const char* loggedRefusal = "拒绝:{}";
+inline constexpr const char* loggedOutput = "{} {}";
+inline constexpr const char* loggedFile = "{} {} 到“{}”";
+inline constexpr const char* printed = "打印";
+inline constexpr const char* previewed = "预览";
+inline constexpr const char* exported = "导出";
+
 struct LockTitle {
     std::string_view name;
     const char* title;

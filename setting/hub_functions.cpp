@@ -43,7 +43,9 @@ Refusal closedFunction(const char* text, MessageIcon icon) {
 std::optional<Refusal> supervisor(const HubNeeds& needs) {
     const bool isSupervisor = g_lpLogonUserInfo != nullptr && g_lpLogonUserInfo->lManager == 1;
     if (!needs.isForSupervisors || isSupervisor) return std::nullopt;
-    return closedFunction(rights_texts::supervisorMissing, MessageIcon::stop);
+    const Refusal refusal = closedFunction(rights_texts::supervisorMissing, MessageIcon::stop);
+    noteRefusal(0, refusal);
+    return refusal;
 }
 
 std::optional<Refusal> right(const HubNeeds& needs) {

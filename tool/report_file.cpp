@@ -7,6 +7,8 @@
 
 #include "report/engine/report_run.h"
 #include "report/output/report_sheet.h"
+#include "session/log_notes.h"
+#include "session/session_texts.h"
 #include "sheets/files/sheet_files.h"
 #include "tool/pdf_program.h"
 #include "tool/tool_texts.h"
@@ -45,9 +47,10 @@ ExitCode writeReport(Tool& tool, const ReportFile& file, const Report& report) {
     const auto refusal =
         runReport(report, [&](CReport& engine) { code = writeFile(tool, file, engine); });
     if (refusal) tool.err << refusal->notice.text << '\n';
-    if (code == ExitCode::done)
-        wordsBeside(tool, file.file())
-            << fmt::format(tool_texts::reportWritten, report.title, file.file().path) << '\n';
+    if (code != ExitCode::done) return code;
+    noteOutput(session_texts::exported, report.title, file.file().path);
+    wordsBeside(tool, file.file())
+        << fmt::format(tool_texts::reportWritten, report.title, file.file().path) << '\n';
     return code;
 }
 

@@ -5,7 +5,6 @@
 #include <map>
 #include <utility>
 
-#include "base/values/text.h"
 #include "data/access/open_databases.h"
 #include "data/access/record_table.h"
 #include "data/access/unit_of_work.h"
@@ -41,10 +40,7 @@ Status openBooks(const std::string& location, int flag, std::unique_ptr<Engine>&
 /// The last word counts, which is that of the outermost unit.
 void sayInLog(Database& database, const chengheng::UnitWords& words) {
     if (database.log() == nullptr || !words.text) return;
-    std::string text = words.text();
-    const std::string_view kept = chengheng::firstCharacters(text, chengheng::mostWords);
-    if (kept.size() < text.size()) text = std::string(kept) + "…";
-    database.log()->say({.function = words.function, .text = std::move(text)});
+    database.log()->say({.function = words.function, .text = chengheng::keptWords(words.text())});
 }
 
 LockMode lockMode(int mode) { return mode == 2 ? LockMode::exclusive : LockMode::shared; }

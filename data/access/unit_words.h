@@ -15,5 +15,6 @@ struct UnitWords {
 
 /// Characters of the words that the log keeps of a unit; whatever is longer ends in "…".
 inline constexpr std::size_t mostWords = 200;
+std::string keptWords(std::string words);
 
 }  // namespace chengheng

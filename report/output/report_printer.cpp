@@ -2,6 +2,8 @@
 
 #include "report/engine/print_texts.h"
 #include "session/host_messages.h"
+#include "session/log_notes.h"
+#include "session/session_texts.h"
 
 namespace chengheng {
 namespace {
@@ -22,6 +24,12 @@ NoPrinter noPrinter;
 IReportPrinter* installed = &noPrinter;
 
 }  // namespace
+
+void IReportPrinter::put(const Report& report, ReportOutput output) {
+    const bool isPrinted = output == ReportOutput::print;
+    noteOutput(isPrinted ? session_texts::printed : session_texts::previewed, report.title);
+    isPrinted ? print(report) : preview(report);
+}
 
 IReportPrinter& hostReportPrinter() { return *installed; }
 

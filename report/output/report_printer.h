@@ -17,9 +17,8 @@ class IReportPrinter {
     /// Shows the pages until the operator closes them.
     virtual void preview(const Report& report) = 0;
 
-    void put(const Report& report, ReportOutput output) {
-        output == ReportOutput::print ? print(report) : preview(report);
-    }
+    /// The same, told in the operation log.
+    void put(const Report& report, ReportOutput output);
 };
 
 /// The printer of the host's screen. Windows are given nothing but a parent, so it is asked

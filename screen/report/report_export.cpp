@@ -9,6 +9,8 @@
 #include "screen/report/pdf_writing.h"
 #include "screen/report/report_texts.h"
 #include "screen/report/work_progress.h"
+#include "session/log_notes.h"
+#include "session/session_texts.h"
 #include "sheets/files/sheet_files.h"
 
 namespace chengheng {
@@ -49,6 +51,16 @@ UntoldOutcome writePages(ReportDocument& document, const std::string& path, QWid
     return failed(whileWriting(status, path));
 }
 
+UntoldOutcome writeRows(ReportDocument& document, ExportKind kind, const std::string& path) {
+    std::optional<SheetFailure> failure;
+    runBesidePainting([&] {
+        const Sheet sheet = sheetOf(document.report());
+        failure = kind == ExportKind::xlsx ? writeXlsx(sheet, path, Overwrite::replace)
+                                           : writeCsv(sheet, path, Overwrite::replace);
+    });
+    return failure ? failed(*failure) : UntoldOutcome::done();
+}
+
 }  // namespace
 
 QString askForExportFile(ExportKind kind, const std::string& title, QWidget* parent) {
@@ -66,14 +78,11 @@ QString askForExportFile(ExportKind kind, const std::string& title, QWidget* par
 
 UntoldOutcome exportDocument(ReportDocument& document, ExportKind kind, const std::string& path,
                              QWidget* parent) {
-    if (kind == ExportKind::pdf) return writePages(document, path, parent);
-    std::optional<SheetFailure> failure;
-    runBesidePainting([&] {
-        const Sheet sheet = sheetOf(document.report());
-        failure = kind == ExportKind::xlsx ? writeXlsx(sheet, path, Overwrite::replace)
-                                           : writeCsv(sheet, path, Overwrite::replace);
-    });
-    return failure ? failed(*failure) : UntoldOutcome::done();
+    UntoldOutcome outcome = kind == ExportKind::pdf ? writePages(document, path, parent)
+                                                    : writeRows(document, kind, path);
+    if (outcome.outcome == Outcome::done)
+        noteOutput(session_texts::exported, document.report().title(), path);
+    return outcome;
 }
 
 }  // namespace chengheng

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "session/log_notes.h"
+#include "session/session_texts.h"
 #include "sheets/files/sheet_files.h"
 #include "sheets/sheet_texts.h"
 
@@ -17,7 +19,10 @@ Outcome exportSheet(IMessages& messages, const Sheet& sheet, const std::string& 
         return told(messages, UntoldOutcome::refused(
                                   sheetWarning(fmt::format(sheet_texts::fileKindUnknown, path))));
     const auto failure = writeSheet(sheet, path, overwrite);
-    if (!failure) return Outcome::done;
+    if (!failure) {
+        noteOutput(session_texts::exported, sheet.name, path);
+        return Outcome::done;
+    }
     return told(messages, {Outcome::failed, sheetWarning(failure->text())});
 }
 

@@ -60,15 +60,20 @@ TEST_P(FigureHistories, GoOnWhereItsRowsWentAndCameAgain) {
     EXPECT_THAT(m_books.openings("1001"), "");
     EXPECT_THAT(openings("1001"), ElementsAre("删除 0 ", "修改 5 0", "增加  5"));
     EXPECT_TRUE(m_books.type("1001", "3"));
-    EXPECT_THAT(openings("1001"),
-                ElementsAre("增加  3", "删除 0 ", "修改 5 0", "增加  5"));
+    EXPECT_THAT(openings("1001"), ElementsAre("增加  3", "删除 0 ", "修改 5 0", "增加  5"));
 }
 
 TEST_P(FigureHistories, OfAnAccountTellWhatBecameOfItsColumns) {
     const int id = m_books.idOf("1001");
     m_books.change("1001", "sName = '库存现金'");
-    EXPECT_THAT(historyOf({.table = "Code", .id = id}), ElementsAre("修改 科目1001 库存现金"));
-    EXPECT_THAT(historyOf({.table = "Code", .id = id, .column = "sUnit"}), IsEmpty());
+    const auto changesOf = [this, id](const char* column) {
+        Texts lines = historyOf({.table = "Code", .id = id, .column = column});
+        std::erase_if(lines, [](const std::string& line) { return !line.starts_with("修改"); });
+        return lines;
+    };
+    EXPECT_THAT(changesOf(""), ElementsAre("修改 科目1001 库存现金"));
+    EXPECT_THAT(changesOf("sName"), ElementsAre("修改 科目1001 库存现金"));
+    EXPECT_THAT(changesOf("sUnit"), IsEmpty());
 }
 
 TEST_P(FigureHistories, AreNoneWhereNothingWasTyped) { EXPECT_THAT(openings("1001"), IsEmpty()); }

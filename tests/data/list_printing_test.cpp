@@ -194,17 +194,17 @@ TEST_P(ListPrinting, SaysOnceWhyAndPrintsNothingWhicheverReadingFails) {
     for (int call = 1;; ++call) {
         m_engine->failCall(call, Failure::damaged);
         print(settlementList());
-        const bool hasFailed = m_engine->hasFailed();
         m_engine->failCall(0);
-        if (!hasFailed) {
+        // Behind the readings only the log is told, which may fail.
+        if (!m_printer.outputs.empty()) {
             EXPECT_GT(call, 3);
             break;
         }
         EXPECT_THAT(m_messages.onlyNotice().text, testing::Not(HasSubstr("没有35号"))) << call;
-        EXPECT_THAT(m_printer.outputs, IsEmpty()) << call;
         m_messages.forget();
     }
     EXPECT_EQ(onlyReport().rowCount(), 4u);
+    EXPECT_THAT(m_messages.texts(), IsEmpty());
 }
 
 TEST_P(ListPrinting, PrintsTheAccountsOfARange) {
