@@ -69,7 +69,7 @@ target_link_libraries(test_data PRIVATE PostgreSQL::PostgreSQL)
 # The same code runs below the tests of windows and programs, where stacks are watched for uses
 # after their end; here that would take a third of all the time of tests.
 set_tests_properties(data PROPERTIES ENVIRONMENT
-    "ASAN_OPTIONS=quarantine_size_mb=16:malloc_context_size=10:detect_stack_use_after_return=0")
+    "ASAN_OPTIONS=quarantine_size_mb=2:malloc_context_size=2:detect_stack_use_after_return=0")
 
 # The fuzz targets over their corpus and some mutations of it, so that none goes stale unseen.
 folder_sources(fuzz_sources fuzz/*_fuzz.cpp)

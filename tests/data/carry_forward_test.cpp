@@ -11,6 +11,7 @@
 #include "tests/support/older_books.h"
 #include "tests/support/other_workstation.h"
 #include "tests/support/small_books.h"
+#include "tests/support/sound_log.h"
 #include "tests/support/told_failures.h"
 
 namespace {
@@ -363,6 +364,7 @@ TEST_P(CarryForward, IsWholeOrNotAtAllAfterAKill) {
         EXPECT_TRUE(rows == 0 || rows == 24) << number;
         undone += rows == 0;
         EXPECT_TRUE(isKilled || rows == 24);
+        expectSoundLogAt(m_books.location());
         m_books.now().books().run("DELETE FROM AccSum WHERE lId > 0");
     }
     EXPECT_FALSE(isKilled);

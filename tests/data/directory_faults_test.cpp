@@ -10,6 +10,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/entry_books.h"
 #include "tests/support/killed_process.h"
+#include "tests/support/sound_log.h"
 
 namespace {
 
@@ -121,10 +122,12 @@ TEST_P(DirectoryCrashes, LeaveAProjectClassWithItsTableOrNeither) {
         int deaths = 0;
         for (int call = 1; isKilledAt(call); ++call) {
             ASSERT_LT(++deaths, 200);
+            expectSoundLogAt(location);
             EntryBooks books(location, OpeningLayout::simple, false);
             ASSERT_EQ(rows(books, classes), before) << call;
         }
         EXPECT_GT(deaths, 5);
+        expectSoundLogAt(location);
         EntryBooks books(location, OpeningLayout::simple, false);
         EXPECT_NE(rows(books, classes), before);
         EXPECT_EQ(books.books().faults(), std::vector<std::string>{});

@@ -8,6 +8,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/entry_books.h"
 #include "tests/support/killed_process.h"
+#include "tests/support/sound_log.h"
 #include "tests/support/waiting_process.h"
 
 namespace {
@@ -105,6 +106,7 @@ TEST_P(EntryCrashes, LeaveTheOldEntriesOrTheNew) {
     for (int call = 1; diesAtCall(location, call); ++call) {
         ++deaths;
         ASSERT_EQ(rowsAt(location), before) << call;
+        if (deaths % 6 == 0) expectSoundLogAt(location);
         ASSERT_LT(deaths, 500);
     }
     EXPECT_GT(deaths, 20);

@@ -11,6 +11,7 @@
 #include "tests/support/engine_cases.h"
 #include "tests/support/killed_process.h"
 #include "tests/support/opening_books.h"
+#include "tests/support/sound_log.h"
 #include "tests/support/told_failures.h"
 #include "tests/support/waiting_process.h"
 
@@ -138,10 +139,12 @@ class OpeningCrashes : public testing::TestWithParam<EngineCase> {
         for (int call = 1; diesAtCall(location, action, call); ++call) {
             ++deaths;
             ASSERT_EQ(rowsAt(location), before) << action.name << " call " << call;
+            if (deaths % 6 == 0) expectSoundLogAt(location);
             ASSERT_LT(deaths, 500);
         }
         EXPECT_GT(deaths, 5) << action.name;
         EXPECT_NE(rowsAt(location), before) << action.name;
+        expectSoundLogAt(location);
         OpeningTestBooks books(location, OpeningLayout::simple, false);
         EXPECT_EQ(books.whatASaveWouldChange(), Texts{}) << action.name;
         EXPECT_EQ(books.books().faults(), Texts{}) << action.name;

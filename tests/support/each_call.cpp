@@ -4,6 +4,7 @@
 
 #include "data/layout/layout.h"
 #include "tests/support/killed_process.h"
+#include "tests/support/sound_log.h"
 
 namespace chengheng {
 
@@ -23,6 +24,7 @@ void killAtEachCall(const KilledChange& killed) {
         isKilled = isKilledAtWork(location, [&](std::unique_ptr<FaultyEngine> engine) {
             killed.change(std::move(engine), number);
         });
+        expectSoundLogAt(location);
         const auto stored = killed.stored(location);
         if (stored == before) {
             EXPECT_TRUE(isKilled);

@@ -11,6 +11,7 @@
 #include "base/messages/messages.h"
 #include "tests/support/engine_cases.h"
 #include "tests/support/faulty_engine.h"
+#include "tests/support/sound_log.h"
 #include "tests/support/told_failures.h"
 
 namespace chengheng {
@@ -62,6 +63,7 @@ void failEachCall(const EngineCase& engineCase, const std::function<void(Work&)>
             }
             ASSERT_NE(work.books.database.DBSelect("books"), 0);
             EXPECT_EQ(work.books.stored() != before, isDone) << "call " << number;
+            expectSoundLog(work.engine.real());
             EXPECT_TRUE(isDone || hasFailed);
         }
         EXPECT_GT(number, 8) << "calls of the command";
