@@ -15,6 +15,7 @@
 #include "operators/presets.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"
+#include "session/log_notes.h"
 #include "session/open_books.h"
 #include "session/rights/new_password_mark.h"
 
@@ -100,6 +101,7 @@ UntoldOutcome readOne(const std::string& condition, Record& record) {
 }
 
 UntoldOutcome writeMark(const _UsersInfo& user, bool isWanted) {
+    tellThisUnit();
     return writeNewPasswordMark(*g_pDB, user.lId, isWanted) ? UntoldOutcome::done()
                                                             : UntoldOutcome::failed();
 }

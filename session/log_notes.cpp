@@ -18,6 +18,12 @@ void noteInLog(std::int32_t function, const std::function<std::string()>& words)
     static_cast<void>(books->noteInLog({.function = function, .text = keptWords(words())}));
 }
 
+void tellThisUnit() {
+    Database* const books = g_pDB == nullptr ? nullptr : g_pDB->selectedDatabase();
+    if (books != nullptr && books->log() != nullptr && books->isInUnit())
+        books->log()->note({});  // its words come with the commit
+}
+
 void noteOutput(const char* deed, const std::string& title, const std::string& path) {
     noteInLog(0, [&] {
         return path.empty() ? fmt::format(session_texts::loggedOutput, deed, title)

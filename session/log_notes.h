@@ -11,6 +11,9 @@ namespace chengheng {
 /// told is no failure of what it tells of, and no failure of g_pDB either.
 void noteInLog(std::int32_t function, const std::function<std::string()>& words);
 
+/// Has the log tell of the open unit of work though it changes no row that the log watches.
+void tellThisUnit();
+
 /// A list that went out of the books: what was done with it, how it is called, and into which
 /// file, if any.
 void noteOutput(const char* deed, const std::string& title, const std::string& path = {});

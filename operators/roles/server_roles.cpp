@@ -12,6 +12,7 @@
 #include "operators/operator_texts.h"
 #include "operators/roles/role_sql.h"
 #include "operators/roles/role_texts.h"
+#include "session/log_notes.h"
 #include "session/open_books.h"
 
 namespace chengheng {
@@ -84,6 +85,7 @@ UntoldOutcome carryOut(std::span<const RolePassword> passwords, const RolesState
     const bool isNeeded = outcome.plan.isNeeded() || !passwords.empty();
     UntoldOutcome result = isNeeded ? refuseConnected(state) : UntoldOutcome::done();
     if (result.outcome != Outcome::done) return result;
+    if (isNeeded) tellThisUnit();
     return onEngine([&](Engine& engine) {
         std::string script = outcome.plan.script;
         Status status = passwordScript(engine, passwords, outcome.plan, script);

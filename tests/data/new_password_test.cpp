@@ -125,8 +125,14 @@ TEST_P(NewPasswords, AreWantedAsTheSupervisorSaysInTheDialog) {
     EXPECT_TRUE(again.wantsNewPassword);
     ASSERT_EQ(service.modify({"李小明", "", "", true}, again), Outcome::done);
     EXPECT_TRUE(isWanted(2)) << "as it was";
+    const auto entries = [&books] {
+        return readCell(books.database.selectedDatabase()->engine(),
+                        "SELECT count(*) FROM OperationLog");
+    };
+    const std::string before = entries();
     ASSERT_EQ(service.modify({"李小明", "", "", false}, again), Outcome::done);
     EXPECT_FALSE(isWanted(2));
+    EXPECT_EQ(entries(), std::to_string(std::stoi(before) + 1)) << "nothing else was changed";
     OperatorRecord added;
     ASSERT_EQ(service.add({"赵燕", "a", "a", true}, added), Outcome::done);
     EXPECT_TRUE(isWanted(3));

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/sql/sql_format.h"
+#include "operators/roles/role_texts.h"
 #include "operators/roles/server_roles.h"
 #include "session/host_globals.h"
 #include "tests/data/role_books.h"
@@ -63,8 +65,12 @@ TEST_F(ServerRolesCommand, MakesARoleForEachOperatorAndSaysWhatItMayWrite) {
 TEST_F(ServerRolesCommand, ChangesNothingWhenNothingHasChanged) {
     m_books->add("李明", {1, 43, 57});
     ASSERT_EQ(m_books->run().code, toolDone);
+    const std::string logged =
+        formatSql("SELECT count(*) FROM OperationLog WHERE sWords = '%s'", role_texts::logged);
+    EXPECT_EQ(m_books->ask(logged), "1");
     const std::string before = trace();
     const ToolRun again = m_books->run();
+    EXPECT_EQ(m_books->ask(logged), "1");
     EXPECT_EQ(again.out, "不变 " + m_books->roleOf("王芳") + "(操作员 王芳)\n不变 " +
                              m_books->roleOf("李明") +
                              "(操作员 李明)\n2 个角色:新建 0,改名 0,修改 0,不变 2,删除 0。\n");
