@@ -149,11 +149,11 @@ class Monkey {
 
 }  // namespace
 
-TEST(AccountMonkey, LeavesSoundBooksAfterEachOfTwoThousandActions) {
+TEST(AccountMonkey, LeavesSoundBooksAfterEachOfAThousandActions) {
     constexpr unsigned seed = 20261121;
     Monkey monkey(seed);
     std::map<std::string, int> counts;
-    for (int number = 1; number <= 2000; ++number) {
+    for (int number = 1; number <= 1000; ++number) {
         const std::string deed = monkey.act();
         ++counts[deed];
         const bool isWholeLook = number % 100 == 0;

@@ -165,7 +165,7 @@ class RandomEdits : public testing::TestWithParam<EngineCase> {
         OpeningTestBooks books(freshLocation(GetParam()), layout);
         makeChart(books);
         refresh(books);
-        for (int step = 0; step < 40 && !HasFatalFailure(); ++step) {
+        for (int step = 0; step < 25 && !HasFatalFailure(); ++step) {
             act(books);
             check(books);
         }
