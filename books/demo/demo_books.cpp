@@ -55,6 +55,8 @@ Status fill(CNbCwDB& database, const DemoWish& wish) {
     if (status)
         status =
             wish.year == DemoYear::finished ? writeDemoTurnover(books) : writeDemoVouchers(books);
+    // A step may have worked as one of the operators that it made.
+    database.keepLog(logAuthor());
     return status ? unit.commit() : status;
 }
 

@@ -1,4 +1,5 @@
 #include "books/demo/demo_books.h"
+#include "base/system/workstation.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -93,8 +94,9 @@ bool isMadeAlike(std::string_view table) { return !table.starts_with("OperationL
 
 TEST_P(DemoBooks, BeginTheirLogWithAllTheirRows) {
     const auto engine = openForTest(m_location, OpenMode::existing);
-    EXPECT_EQ(readSql(*engine, "SELECT lId, sWords FROM OperationLog"),
-              (std::vector<std::vector<std::string>>{{"1", "建立演示帐套"}}));
+    EXPECT_EQ(readSql(*engine, "SELECT lId, lUserId, sUser, sWords FROM OperationLog"),
+              (std::vector<std::vector<std::string>>{
+                  {"1", "0", chengheng::systemUserName(), "建立演示帐套"}}));
     std::vector<chengheng::TableDigest> digests;
     ASSERT_TRUE(digestContent(*engine, digests).isDone());
     std::int64_t rows = 0;
