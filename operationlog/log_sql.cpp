@@ -75,12 +75,14 @@ std::string entriesOfRow(const std::string& table, std::int32_t id, const PageRa
     return sql;
 }
 
-std::string entriesOfTable(const std::string& table, const PageRange& range) {
+std::string entriesOfAccount(const std::string& table, std::int32_t account,
+                             const PageRange& range) {
     std::string sql = entryColumns;
     appendSql(sql,
               " WHERE lId BETWEEN %d AND %d AND sUnit IN (SELECT sUnit FROM OperationLogPart WHERE "
-              "sTable = '%s') ORDER BY lId DESC LIMIT %d",
-              range.lowest, range.highest, table, range.limit);
+              "sTable = '%s' AND lLowAccount <= %d AND lHighAccount >= %d) ORDER BY lId DESC LIMIT "
+              "%d",
+              range.lowest, range.highest, table, account, account, range.limit);
     return sql;
 }
 

@@ -28,8 +28,9 @@ std::string entry(std::int32_t number);
 /// The numbers of the entries with parts that may hold a row of a table, newest first.
 std::string entriesOfRow(const std::string& table, std::int32_t id, const PageRange& range);
 
-/// Those with parts of a table.
-std::string entriesOfTable(const std::string& table, const PageRange& range);
+/// Those with parts of a table that may hold rows of an account.
+std::string entriesOfAccount(const std::string& table, std::int32_t account,
+                             const PageRange& range);
 /// $1 an account, $2 a period: the row of balances of a table.
 std::string balancesOf(const std::string& table);
 
@@ -41,10 +42,10 @@ inline constexpr const char* partBehind =
 inline constexpr const char* partOfRowBehind =
     "SELECT lPart, sTable, lRows, sPacked FROM OperationLogPart WHERE sUnit = $1 AND lPart > $2 "
     "AND sTable = $3 AND lLowest <= $4 AND lHighest >= $4 ORDER BY lPart LIMIT 1";
-/// $3 a table: those of it.
+/// $3 a table, $4 an account's id: those that may hold a row of it.
 inline constexpr const char* partOfTableBehind =
     "SELECT lPart, sTable, lRows, sPacked FROM OperationLogPart WHERE sUnit = $1 AND lPart > $2 "
-    "AND sTable = $3 ORDER BY lPart LIMIT 1";
+    "AND sTable = $3 AND lLowAccount <= $4 AND lHighAccount >= $4 ORDER BY lPart LIMIT 1";
 /// $3 an account's id: those that may hold a row of it, and whether they hold only such.
 inline constexpr const char* partOfAccountBehind =
     "SELECT lPart, sTable, lRows, CASE WHEN lLowAccount = lHighAccount THEN '' ELSE sPacked END, "

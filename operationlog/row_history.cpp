@@ -54,9 +54,10 @@ bool RowHistory::isWanted(const LoggedRow& row) {
 
 Status RowHistory::readEntries(std::vector<LogEntry>& entries) {
     const log_sql::PageRange range{.lowest = 1, .highest = m_highest, .limit = entriesAtOnce};
-    const std::string sql = m_subject.balances
-                                ? log_sql::entriesOfTable(m_subject.table, range)
-                                : log_sql::entriesOfRow(m_subject.table, m_subject.id, range);
+    const std::string sql =
+        m_subject.balances
+            ? log_sql::entriesOfAccount(m_subject.table, m_subject.balances->account, range)
+            : log_sql::entriesOfRow(m_subject.table, m_subject.id, range);
     const Status status = forEachRow(m_engine, sql, {}, [&entries](const Cursor& row) {
         entries.push_back(entryOf(row));
         return Status::done();
@@ -71,9 +72,10 @@ Status RowHistory::readPartBehindLast(const LogEntry& entry, LogRows& rows) {
     std::vector<Value> values{Value::of(std::string_view(entry.unit)),
                               Value::of(std::int64_t{rows.part}),
                               Value::of(std::string_view(m_subject.table))};
-    if (m_subject.balances) return readPart(m_engine, log_sql::partOfTableBehind, values, rows);
-    values.push_back(Value::of(std::int64_t{m_subject.id}));
-    return readPart(m_engine, log_sql::partOfRowBehind, values, rows);
+    const auto& of = m_subject.balances;
+    values.push_back(Value::of(std::int64_t{of ? of->account : m_subject.id}));
+    return readPart(m_engine, of ? log_sql::partOfTableBehind : log_sql::partOfRowBehind, values,
+                    rows);
 }
 
 Status RowHistory::addEvents(const LogEntry& entry, std::vector<RowEvent>& events) {

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/connection/database.h"
+#include "data/tables/operation_log_tables.h"
 #include "operationlog/history/figure_subject.h"
 #include "operationlog/history/history_list.h"
 #include "tests/support/engine_cases.h"
@@ -51,6 +53,18 @@ TEST_P(FigureHistories, AreThoseOfTheFigureAloneNewestFirst) {
     EXPECT_TRUE(m_books.type("1001", "8"));
     EXPECT_THAT(openings("1001"), ElementsAre("修改 5 8", "增加  5"));
     EXPECT_THAT(openings("1002"), ElementsAre("增加  77"));
+}
+
+TEST_P(FigureHistories, ReadNothingOfOtherAccounts) {
+    EXPECT_TRUE(m_books.type("1001", "5"));
+    EXPECT_TRUE(m_books.type("1002", "77"));
+    Engine& engine = m_books.database().selectedDatabase()->engine();
+    const EngineDialect& dialect = engine.dialect();
+    const std::string table = operationLogPartTable().name;
+    if (dialect.guardOff != nullptr) ASSERT_TRUE(engine.script(dialect.guardOff(table)));
+    ASSERT_TRUE(engine.script("UPDATE OperationLogPart SET sPacked = '' WHERE lLowAccount = " +
+                              std::to_string(m_books.idOf("1002"))));
+    EXPECT_THAT(openings("1001"), ElementsAre("增加  5"));
 }
 
 TEST_P(FigureHistories, GoOnWhereItsRowsWentAndCameAgain) {
