@@ -21,8 +21,8 @@ constexpr GridColumn entryColumns[] = {
     {texts::time, 19},
     {texts::operatorName, 8},
     {texts::workstation, 8},
-    {texts::words, 30},
-    {texts::function, 12},
+    {texts::words, 27},
+    {texts::function, 11},
     {texts::rows, 6, CellAlignment::number},
 };
 enum EntryColumn {
@@ -67,37 +67,44 @@ const char* markOf(ChangeKind kind) {
 
 }  // namespace
 
-LogEntryModel::LogEntryModel(LogScreen& screen, QObject* parent)
-    : GridModel(entryColumns, parent), m_screen(screen) {}
-
-int LogEntryModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(m_screen.entries().size());
+int ReadOnModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows());
 }
 
-bool LogEntryModel::canFetchMore(const QModelIndex& parent) const {
-    return !parent.isValid() && m_screen.hasMore();
+bool ReadOnModel::canFetchMore(const QModelIndex& parent) const {
+    return !parent.isValid() && hasMore();
 }
 
-void LogEntryModel::fetchMore(const QModelIndex& parent) {
+void ReadOnModel::fetchMore(const QModelIndex& parent) {
     if (parent.isValid()) return;
-    std::vector<LogEntry> more = m_screen.readMore();
-    if (!more.empty()) {
-        const int count = rowCount();
-        beginInsertRows({}, count, count + static_cast<int>(more.size()) - 1);
-        m_screen.add(std::move(more));
-        endInsertRows();
-    }
+    readOn();
     emit fetched();
+}
+
+void ReadOnModel::append(std::size_t count, const std::function<void()>& add) {
+    if (count == 0) return;
+    const int first = rowCount();
+    beginInsertRows({}, first, first + static_cast<int>(count) - 1);
+    add();
+    endInsertRows();
+}
+
+LogEntryModel::LogEntryModel(LogScreen& screen, QObject* parent)
+    : ReadOnModel(entryColumns, screen, parent) {}
+
+void LogEntryModel::readOn() {
+    std::vector<LogEntry> more = screen().readMore();
+    append(more.size(), [&] { screen().add(std::move(more)); });
 }
 
 void LogEntryModel::showFound() {
     beginResetModel();
-    m_screen.showFound();
+    screen().showFound();
     endResetModel();
 }
 
 QString LogEntryModel::text(int row, int column) const {
-    const LogEntry& entry = m_screen.entries()[static_cast<std::size_t>(row)];
+    const LogEntry& entry = screen().entries()[static_cast<std::size_t>(row)];
     switch (column) {
         case numberColumn:
             return QString::number(entry.number);
@@ -117,26 +124,11 @@ QString LogEntryModel::text(int row, int column) const {
 }
 
 LogChangeModel::LogChangeModel(LogScreen& screen, QObject* parent)
-    : GridModel(changeColumns, parent), m_screen(screen) {}
+    : ReadOnModel(changeColumns, screen, parent) {}
 
-int LogChangeModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(m_screen.changes().size());
-}
-
-bool LogChangeModel::canFetchMore(const QModelIndex& parent) const {
-    return !parent.isValid() && m_screen.hasMoreChanges();
-}
-
-void LogChangeModel::fetchMore(const QModelIndex& parent) {
-    if (parent.isValid()) return;
-    std::vector<LogChange> more = m_screen.readMoreChanges();
-    if (!more.empty()) {
-        const int count = rowCount();
-        beginInsertRows({}, count, count + static_cast<int>(more.size()) - 1);
-        m_screen.add(std::move(more));
-        endInsertRows();
-    }
-    emit fetched();
+void LogChangeModel::readOn() {
+    std::vector<LogChange> more = screen().readMoreChanges();
+    append(more.size(), [&] { screen().add(std::move(more)); });
 }
 
 void LogChangeModel::reset(const std::function<void()>& select) {
@@ -146,7 +138,7 @@ void LogChangeModel::reset(const std::function<void()>& select) {
 }
 
 QString LogChangeModel::text(int row, int column) const {
-    const LogChange& change = m_screen.changes()[static_cast<std::size_t>(row)];
+    const LogChange& change = screen().changes()[static_cast<std::size_t>(row)];
     switch (column) {
         case markColumn:
             return shown(markOf(change.kind));
@@ -165,7 +157,7 @@ QString LogChangeModel::text(int row, int column) const {
 
 QColor LogChangeModel::background(int row, int column) const {
     const bool isSide = column == beforeColumn || column == afterColumn;
-    const LogChange& change = m_screen.changes()[static_cast<std::size_t>(row)];
+    const LogChange& change = screen().changes()[static_cast<std::size_t>(row)];
     return isSide && change.kind == ChangeKind::changed ? colours::found : QColor();
 }
 
