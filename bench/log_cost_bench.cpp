@@ -2,12 +2,17 @@
 // the room that its rows take.
 
 #include <string>
+#include <utility>
 
+#include "accounts/transfer/import_plan.h"
+#include "accounts/transfer/plan_writing.h"
+#include "bench/grouped_books.h"
 #include "bench/post_all.h"
-#include "bench/sample_books.h"
 #include "bench/timing.h"
 #include "data/access/unit_of_work.h"
 #include "data/log/log_author.h"
+#include "opening/storing/opening_reading.h"
+#include "opening/storing/saving.h"
 #include "opening/storing/zero_row_sweep.h"
 
 namespace {
@@ -23,7 +28,7 @@ class LogBench {
                                    .workstation = "财务1",
                                    .process = 4711,
                                    .program = "bench"});
-        for (bench::SampleBooks* books : both())
+        for (bench::GroupedBooks* books : both())
             books->run("CREATE TABLE Kept AS SELECT * FROM AccSum");
     }
 
@@ -32,23 +37,25 @@ class LogBench {
         editing();
         posting();
         reportRoom();
+        saving();
+        importing();
     }
 
   private:
-    std::vector<bench::SampleBooks*> both() { return {&m_with, &m_without}; }
+    std::vector<bench::GroupedBooks*> both() { return {&m_with, &m_without}; }
     std::string of(const char* work) const {
         return std::string("log kept: ") + work + ", " + std::to_string(m_with.accounts()) +
                " accounts";
     }
     void emptyBoth(const char* filling) {
-        for (bench::SampleBooks* books : both()) {
+        for (bench::GroupedBooks* books : both()) {
             books->run("DELETE FROM AccSum");
             books->run(filling);
             books->run("PRAGMA wal_checkpoint(TRUNCATE)");
         }
     }
 
-    static void sweep(bench::SampleBooks& books) {
+    static void sweep(bench::GroupedBooks& books) {
         chengheng::UnitOfWork unit(books.database());
         require(unit.isOpen() && sweepZeroRows(books.database()).isDone() && unit.commit().isDone(),
                 "the sweep");
@@ -61,7 +68,7 @@ class LogBench {
         bench::reportTimes(of("sweep of rows without figures"), pair, 1.15, 5);
     }
 
-    static void edit(bench::SampleBooks& books) {
+    static void edit(bench::GroupedBooks& books) {
         require(books.database().QRYExecuteSQL(
                     "UPDATE AccSum SET mBegin = mBegin + 1 WHERE lCodeId = 7") != 0,
                 "an edit");
@@ -83,6 +90,73 @@ class LogBench {
         bench::reportTimes(of("text batches of 12 inserts and the id update"), pair, 1.15, 5);
     }
 
+    void save(bench::GroupedBooks& books) {
+        chengheng::UnitOfWork unit(books.database());
+        require(unit.isOpen() && postParents(books.database(), m_read.sheet).isDone() &&
+                    unit.commit().isDone(),
+                "saving");
+    }
+    void saving() {
+        emptyBoth("INSERT INTO AccSum SELECT * FROM Kept");
+        require(readOpeningBooks(m_with.database(), m_read).isDone(), "reading");
+        bench::Pair pair;
+        pair.reset = [this] {
+            for (bench::GroupedBooks* books : both())
+                books->run("UPDATE AccSum SET mBegin = mBegin + 1 WHERE (lCodeId - 1) % " +
+                           std::to_string(bench::accountsInAGroup) + " = 0");
+        };
+        pair.ours = [this] { save(m_with); };
+        pair.floor = [this] { save(m_without); };
+        bench::reportTimes(of("save of all accounts above others"), pair, 1.15, 5);
+    }
+
+    /// As many accounts again, in groups behind those that are there.
+    chengheng::ImportPlan planOfImport() {
+        using chengheng::ChartField;
+        chengheng::ChartState state;
+        require(readChartState(m_with.database(), state).isDone(), "reading the chart");
+        chengheng::ChartSheet sheet;
+        for (int account = 0; account < m_with.accounts(); ++account) {
+            const int member = account % bench::accountsInAGroup;
+            chengheng::ChartRow& row = sheet.rows.emplace_back();
+            row.row = sheet.rows.size() + 1;
+            const auto say = [&row](ChartField field, std::string text) {
+                row.cells[static_cast<std::size_t>(field)] = std::move(text);
+            };
+            say(ChartField::className, "资产");
+            say(ChartField::code,
+                std::to_string(firstImported + account / bench::accountsInAGroup) +
+                    (member == 0 ? "" : std::to_string(10 + member)));
+            say(ChartField::name, "往来单位核算科目" + std::to_string(account));
+        }
+        chengheng::ImportPlan plan = planImport(sheet, state);
+        require(plan.added.size() == static_cast<std::size_t>(m_with.accounts()), "the plan");
+        return plan;
+    }
+    static void import(bench::GroupedBooks& books, const chengheng::ImportPlan& plan) {
+        chengheng::UnitOfWork unit(books.database());
+        require(
+            unit.isOpen() && writePlan(books.database(), plan).isDone() && unit.commit().isDone(),
+            "importing");
+    }
+    void importing() {
+        const chengheng::ImportPlan plan = planOfImport();
+        bench::Pair pair;
+        pair.reset = [this] {
+            for (bench::GroupedBooks* books : both()) {
+                books->run("DELETE FROM Code WHERE sCode >= '" + std::to_string(firstImported) +
+                           "'");
+                books->run(
+                    "UPDATE ABIdTable SET lLastId = (SELECT max(lId) FROM Code) WHERE sTable "
+                    "= 'Code'");
+                books->run("PRAGMA wal_checkpoint(TRUNCATE)");
+            }
+        };
+        pair.ours = [&] { import(m_with, plan); };
+        pair.floor = [&] { import(m_without, plan); };
+        bench::reportTimes(of("import of as many accounts"), pair, 1.15, 3);
+    }
+
     void reportRoom() {
         sqlite3_stmt* query = nullptr;
         require(sqlite3_prepare_v2(m_with.raw(),
@@ -100,8 +174,11 @@ class LogBench {
                             rows * mostBytesOfARow / mebibyte, 1);
     }
 
-    bench::SampleBooks m_with;
-    bench::SampleBooks m_without;
+    static constexpr int firstImported = 50'000;
+
+    bench::GroupedBooks m_with;
+    bench::GroupedBooks m_without;
+    chengheng::OpeningBooks m_read;
 };
 
 }  // namespace

@@ -1,12 +1,10 @@
 // What the operation log costs on a PostgreSQL server: the same work on books that keep it and on
-// books that do not, alone and with eight workstations at once.
+// books that do not.
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <string>
-#include <vector>
 
 #include "bench/post_all.h"
 #include "bench/raw_server.h"
@@ -20,9 +18,6 @@
 namespace {
 
 using bench::require;
-
-constexpr int workstations = 8;
-constexpr int editsEach = 60;
 
 std::string addressOfServer() {
     const char* address = std::getenv("CHENGHENG_TEST_POSTGRES");
@@ -83,33 +78,6 @@ void sweep(ServerBooks& books) {
             "the sweep");
 }
 
-/// One workstation after the other would not wait for anybody: each edits an account of its own.
-void editAt(const ServerBooks& books, int account) {
-    CNbCwDB database;
-    books.open(database, 1);
-    for (int edit = 0; edit < editsEach; ++edit)
-        require(database.QRYExecuteSQL(chengheng::formatSql(
-                    "UPDATE AccSum SET mBegin = mBegin + 1 WHERE lCodeId = %d", account)) != 0,
-                "an edit");
-}
-
-void editEverywhere(const ServerBooks& books) {
-    std::vector<pid_t> children;
-    for (int station = 1; station <= workstations; ++station) {
-        const pid_t child = fork();
-        require(child >= 0, "starting a workstation");
-        if (child == 0) {
-            editAt(books, station);
-            _exit(0);
-        }
-        children.push_back(child);
-    }
-    for (const pid_t child : children) {
-        int status = 1;
-        require(waitpid(child, &status, 0) == child && status == 0, "a workstation");
-    }
-}
-
 }  // namespace
 
 int main() {
@@ -137,10 +105,4 @@ int main() {
         sweeping.floor = [&] { sweep(without); };
         bench::reportTimes("log kept: sweep of rows without figures" + of, sweeping, 1.25, runs);
     }
-    bench::Pair editing;
-    editing.ours = [&] { editEverywhere(with); };
-    editing.floor = [&] { editEverywhere(without); };
-    constexpr double leastThroughput = 0.85;
-    bench::reportTimes("log kept: eight workstations edit accounts of their own, PostgreSQL",
-                       editing, 1 / leastThroughput, 5);
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bench/grouped_books.h"
+#include "bench/grouped_server_books.h"
 #include "bench/raw_server.h"
 #include "bench/silent_messages.h"
 #include "bench/timing.h"
@@ -38,7 +39,7 @@ class ServerOpeningBench {
         NbCwDBInfo info;
         const std::string books = bench::withSchema(address, schema);
         require(m_database.DBOpen(info, books.c_str(), "books", 0) != 0, "creating the books");
-        fill();
+        bench::fillGroupedBooks(m_raw, accounts);
         m_raw.prepare("read", "SELECT * FROM AccSum WHERE lCodeId = $1");
         m_raw.prepare("update",
                       "UPDATE AccSum SET mBegin = $1, mFgnBegin = $2, dAmtBegin = $3 "
@@ -73,7 +74,6 @@ class ServerOpeningBench {
     std::string ofParents() const {
         return " WHERE (lCodeId - 1) % " + std::to_string(bench::accountsInAGroup) + " = 0";
     }
-    void fill();
     std::vector<bench::RawAccount> readRaw();
     void reading() {
         bench::Pair pair;
@@ -186,31 +186,6 @@ class ServerOpeningBench {
     int m_lastId = 0;
     double m_amount = 1;
 };
-
-void ServerOpeningBench::fill() {
-    const std::string count = std::to_string(m_accounts);
-    const std::string group = std::to_string(bench::accountsInAGroup);
-    m_raw.run(
-        "INSERT INTO zAccountM (lId, dtStart, sCodeLen, lYear) VALUES (1, '2026-01-01', '52', "
-        "2026)");
-    m_raw.run("INSERT INTO zCodeClass (lId, lNum, sClsName, bDirect) VALUES (1, 1, '资产', 1)");
-    m_raw.run("INSERT INTO Code SELECT id, (10000 + (id - 1) / " + group +
-              ")::text || CASE WHEN "
-              "(id - 1) % " +
-              group + " = 0 THEN '' ELSE (10 + (id - 1) % " + group +
-              ")::text END, '往来单位核算科目' || id, '资产', 1, CASE WHEN (id - 1) % " + group +
-              " = 0 THEN 0 ELSE 1 END, 1, 0, 0, '', 'WLDW' || id, 0, 0, '金额式', 0, '' "
-              "FROM generate_series(1, " +
-              count + ") id");
-    m_raw.run(
-        "INSERT INTO AccSum SELECT (id - 1) * 12 + month, id, month, amount, amount * 0.5, "
-        "0, 0, amount, 0, 0, 0, 0 FROM generate_series(1, " +
-        count +
-        ") id, generate_series(1, 12) month, LATERAL (SELECT CASE WHEN id % 20 = 0 THEN 0 "
-        "ELSE id * 12.34 + month END AS amount) amounts");
-    m_raw.run("UPDATE ABIdTable SET lLastId = 12 * " + count + " WHERE sTable = 'AccSum'");
-    m_raw.run("ANALYZE");
-}
 
 std::vector<bench::RawAccount> ServerOpeningBench::readRaw() {
     std::vector<bench::RawAccount> accounts;

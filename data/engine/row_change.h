@@ -11,7 +11,8 @@ namespace chengheng {
 enum class ChangeKind : std::uint8_t { inserted, changed, deleted };
 
 /// A row that a statement has put in, changed or taken out; the cells stand in the order of its
-/// table's columns and are valid during the call that tells of it.
+/// table's columns and are valid during the call that tells of it. Of a changed row, cells that
+/// stay as they are may be null in both, but for the ids in it.
 struct RowChange {
     ChangeKind kind = ChangeKind::inserted;
     std::string_view table;         ///< as the statement writes it

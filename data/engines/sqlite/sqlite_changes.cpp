@@ -2,23 +2,28 @@
 #define SQLITE_ENABLE_PREUPDATE_HOOK
 #include "data/engines/sqlite/sqlite_changes.h"
 
+#include <algorithm>
+
 #include "data/engines/sqlite/plain_insert.h"
-#include "data/engines/sqlite/sqlite_statement.h"
 #include "data/tables/schema.h"
 
 namespace chengheng {
 namespace {
 
+using CellReader = int (*)(sqlite3*, int, sqlite3_value**);
+
 /// False when a cell cannot be had.
-bool readCells(sqlite3* connection, int (*read)(sqlite3*, int, sqlite3_value**),
-               std::vector<Value>& cells) {
-    const int count = sqlite3_preupdate_count(connection);
-    cells.clear();
-    for (int column = 0; column < count; ++column) {
-        sqlite3_value* stored = nullptr;
-        if (read(connection, column, &stored) != SQLITE_OK) return false;
-        cells.push_back(sqliteValue(stored));
-    }
+bool readCell(sqlite3* connection, CellReader read, std::size_t column, Value& cell) {
+    sqlite3_value* stored = nullptr;
+    if (read(connection, static_cast<int>(column), &stored) != SQLITE_OK) return false;
+    cell = sqliteValue(stored);
+    return true;
+}
+
+bool readCells(sqlite3* connection, CellReader read, std::vector<Value>& cells) {
+    cells.resize(static_cast<std::size_t>(sqlite3_preupdate_count(connection)));
+    for (std::size_t column = 0; column < cells.size(); ++column)
+        if (!readCell(connection, read, column, cells[column])) return false;
     return true;
 }
 
@@ -31,6 +36,17 @@ std::vector<std::size_t> realColumns(std::string_view table) {
             type == ColumnType::real || type == ColumnType::single)
             places.push_back(at);
     return places;
+}
+
+/// The whole numbers of a row are the ids of what it is and belongs to.
+std::vector<bool> tellingColumns(std::string_view table) {
+    const TableInfo* const known = findTable(table);
+    std::vector<bool> tells;
+    if (known == nullptr) return tells;
+    for (const ColumnInfo& column : known->columns)
+        tells.push_back(column.type == ColumnType::integer ||
+                        column.type == ColumnType::nullableInteger);
+    return tells;
 }
 
 }  // namespace
@@ -54,6 +70,7 @@ bool SqliteChanges::isWatched(std::string_view table) {
         m_lastTable = table;
         m_isLastWatched = m_watcher.watches(table);
         m_amounts = realColumns(table);
+        m_tells = tellingColumns(table);
     }
     return m_isLastWatched;
 }
@@ -65,9 +82,44 @@ void SqliteChanges::makeAmounts(std::vector<Value>& cells) const {
             cells[place] = Value::of(static_cast<double>(cells[place].integer));
 }
 
-bool SqliteChanges::isExpected(std::string_view table) const {
-    return m_expected != nullptr && m_expected->name == table &&
-           areStoredAsGiven(*m_expected, m_expectedRow);
+bool SqliteChanges::isGiven(std::string_view table) const {
+    if (m_statement == nullptr) return false;
+    const TableInfo* const filled = m_statement->plainInsert();
+    return filled != nullptr && filled->name == table && areStoredAsGiven(*filled, m_values);
+}
+
+/// Columns that stay as they are and do not tell what the row is of are absent from both rows.
+bool SqliteChanges::readUpdated(const std::vector<std::size_t>& places) {
+    const auto count = static_cast<std::size_t>(sqlite3_preupdate_count(m_connection));
+    if (places.back() >= count) return false;
+    m_before.assign(count, Value::ofNull());
+    for (std::size_t column = 0; column < std::min(count, m_tells.size()); ++column)
+        if (m_tells[column] &&
+            !readCell(m_connection, sqlite3_preupdate_old, column, m_before[column]))
+            return false;
+    m_after = m_before;
+    for (const std::size_t column : places)
+        if (!readCell(m_connection, sqlite3_preupdate_old, column, m_before[column]) ||
+            !readCell(m_connection, sqlite3_preupdate_new, column, m_after[column]))
+            return false;
+    return true;
+}
+
+bool SqliteChanges::readRow(int operation, std::string_view table) {
+    m_before.clear();
+    m_after.clear();
+    if (operation == SQLITE_INSERT && isGiven(table)) {
+        m_after.assign(m_values.begin(), m_values.end());
+        return true;
+    }
+    if (operation == SQLITE_UPDATE && m_statement != nullptr) {
+        const UpdatedColumns& updated = m_statement->updated();
+        if (updated.table != nullptr && updated.table->name == table)
+            return readUpdated(updated.places);
+    }
+    return (operation == SQLITE_INSERT ||
+            readCells(m_connection, sqlite3_preupdate_old, m_before)) &&
+           (operation == SQLITE_DELETE || readCells(m_connection, sqlite3_preupdate_new, m_after));
 }
 
 void SqliteChanges::take(int operation, std::string_view table) {
@@ -75,21 +127,11 @@ void SqliteChanges::take(int operation, std::string_view table) {
     RowChange change{.kind = ChangeKind::changed, .table = table, .before = {}, .after = {}};
     if (operation == SQLITE_INSERT) change.kind = ChangeKind::inserted;
     if (operation == SQLITE_DELETE) change.kind = ChangeKind::deleted;
-    m_before.clear();
-    m_after.clear();
-    const bool isGiven = operation == SQLITE_INSERT && isExpected(table);
-    if (isGiven) m_after.assign(m_expectedRow.begin(), m_expectedRow.end());
-    const bool isRead =
-        isGiven ||
-        ((operation == SQLITE_INSERT || readCells(m_connection, sqlite3_preupdate_old, m_before)) &&
-         (operation == SQLITE_DELETE || readCells(m_connection, sqlite3_preupdate_new, m_after)));
+    if (!readRow(operation, table)) return m_watcher.missed();
     makeAmounts(m_after);
     change.before = m_before;
     change.after = m_after;
-    if (isRead)
-        m_watcher.take(change);
-    else
-        m_watcher.missed();
+    m_watcher.take(change);
 }
 
 }  // namespace chengheng

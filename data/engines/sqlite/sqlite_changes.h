@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "data/engine/row_change.h"
-#include "data/tables/schema.h"
+#include "data/engines/sqlite/sqlite_statement.h"
 
 namespace chengheng {
 
@@ -20,19 +20,22 @@ class SqliteChanges {
     SqliteChanges(const SqliteChanges&) = delete;
     SqliteChanges& operator=(const SqliteChanges&) = delete;
 
-    /// A row that is about to be put in as it stands, so that it need not be read back; of a null
-    /// table none.
-    void expectRow(const TableInfo* table, std::span<const Value> values) {
-        m_expected = table;
-        m_expectedRow = values;
+    /// What runs next: the row that a plain INSERT puts in, and columns that an UPDATE leaves as
+    /// they are, need not be read back. Both must live until something else is expected.
+    void expect(const SqliteStatement& statement, std::span<const Value> values) {
+        m_statement = &statement;
+        m_values = values;
     }
+    void expectNothing() { m_statement = nullptr; }
 
   private:
     static void onChange(void* self, sqlite3* connection, int operation, const char* database,
                          const char* table, sqlite3_int64 idBefore, sqlite3_int64 idAfter);
     void take(int operation, std::string_view table);
     bool isWatched(std::string_view table);
-    bool isExpected(std::string_view table) const;
+    bool isGiven(std::string_view table) const;
+    bool readRow(int operation, std::string_view table);
+    bool readUpdated(const std::vector<std::size_t>& places);
     void makeAmounts(std::vector<Value>& cells) const;
 
     sqlite3* m_connection;
@@ -40,8 +43,9 @@ class SqliteChanges {
     std::string m_lastTable;  ///< most rows in a row are of one table
     bool m_isLastWatched = false;
     std::vector<std::size_t> m_amounts;  ///< where its columns of real numbers stand
-    const TableInfo* m_expected = nullptr;
-    std::span<const Value> m_expectedRow;
+    std::vector<bool> m_tells;           ///< which of its columns tell what a row is of
+    const SqliteStatement* m_statement = nullptr;
+    std::span<const Value> m_values;
     std::vector<Value> m_before;
     std::vector<Value> m_after;
 };

@@ -110,14 +110,16 @@ class SqliteEngine final : public Engine {
         : m_connection(std::move(opened.connection)),
           m_unwritable(std::move(opened.unwritable)),
           m_locks(std::move(locks)),
-          m_wait(m_connection.get(), *m_locks) {}
+          m_wait(m_connection.get(), *m_locks),
+          m_updates(m_connection.get()) {}
 
     const EngineDialect& dialect() const override { return sqliteDialect(); }
 
     Status prepare(std::string_view sql, int parameters,
                    std::unique_ptr<PreparedStatement>& statement) override {
         if (Status free = mayCall(); !free) return free;
-        return m_wait.ended(prepareSqlite(m_connection.get(), sql, parameters, statement));
+        return m_wait.ended(
+            prepareSqlite(m_connection.get(), m_updates, sql, parameters, statement));
     }
     Status execute(std::span<const Command> commands, std::int64_t* changed) override;
     Status open(const Command& command, std::unique_ptr<Cursor>& cursor) override;
@@ -172,6 +174,7 @@ class SqliteEngine final : public Engine {
     std::optional<UnwritableFile> m_unwritable;
     std::unique_ptr<LockService> m_locks;
     SqliteWait m_wait;
+    UpdateListener m_updates;
     std::unique_ptr<SqliteChanges> m_changes;  ///< while somebody watches
     bool m_isInTransaction = false;
     bool m_isWithoutLog = false;  ///< so that nobody else can have the file open
@@ -211,12 +214,11 @@ Status SqliteEngine::runAll(std::span<const Command> commands) {
     Status status;
     for (const Command& command : commands) {
         if (m_changes != nullptr)
-            m_changes->expectRow(static_cast<SqliteStatement*>(command.statement)->plainInsert(),
-                                 command.values);
+            m_changes->expect(*static_cast<SqliteStatement*>(command.statement), command.values);
         status = m_wait.ended(runSqlite(command));
         if (!status) break;
     }
-    if (m_changes != nullptr) m_changes->expectRow(nullptr, {});
+    if (m_changes != nullptr) m_changes->expectNothing();
     return status ? status : remember(std::move(status));
 }
 

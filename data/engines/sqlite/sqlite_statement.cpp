@@ -45,14 +45,15 @@ Value sqliteValue(sqlite3_value* stored) {
     }
 }
 
-Status prepareSqlite(sqlite3* connection, std::string_view sql, int parameters,
-                     std::unique_ptr<PreparedStatement>& statement) {
+Status prepareSqlite(sqlite3* connection, UpdateListener& updates, std::string_view sql,
+                     int parameters, std::unique_ptr<PreparedStatement>& statement) {
     sqlite3_stmt* prepared = nullptr;
     const char* rest = nullptr;
+    updates.begin();
     const int code = sqlite3_prepare_v3(connection, sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &prepared, &rest);
     if (code != SQLITE_OK) return sqliteFailure(code, connection);
-    auto made = std::make_unique<SqliteStatement>(prepared, plainInsertTable(sql));
+    auto made = std::make_unique<SqliteStatement>(prepared, plainInsertTable(sql), updates.take());
     if (prepared == nullptr) return Status::of(Failure::refused, "no statement");
     if (!isBlank(sql.substr(static_cast<std::size_t>(rest - sql.data()))))
         return Status::of(Failure::refused, "more than one statement");

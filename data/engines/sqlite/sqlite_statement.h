@@ -4,10 +4,12 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "data/engine/engine.h"
 #include "data/engines/sqlite/sqlite_wait.h"
 #include "data/engines/sqlite/unwritable_file.h"
+#include "data/engines/sqlite/updated_columns.h"
 
 namespace chengheng {
 
@@ -17,23 +19,27 @@ struct FinalizeStatement {
 
 class SqliteStatement final : public PreparedStatement {
   public:
-    explicit SqliteStatement(sqlite3_stmt* statement, const TableInfo* plainInsert = nullptr)
-        : m_statement(statement), m_plainInsert(plainInsert) {}
+    explicit SqliteStatement(sqlite3_stmt* statement, const TableInfo* plainInsert = nullptr,
+                             UpdatedColumns updated = {})
+        : m_statement(statement), m_plainInsert(plainInsert), m_updated(std::move(updated)) {}
     sqlite3_stmt* handle() const { return m_statement.get(); }
     /// The table that its values are a row of as they stand; null where that is not so.
     const TableInfo* plainInsert() const { return m_plainInsert; }
+    /// What it changes in rows that are there.
+    const UpdatedColumns& updated() const { return m_updated; }
 
   private:
     std::unique_ptr<sqlite3_stmt, FinalizeStatement> m_statement;
     const TableInfo* m_plainInsert;
+    UpdatedColumns m_updated;
 };
 
 /// A stored cell; its text lives as long as SQLite keeps it.
 Value sqliteValue(sqlite3_value* stored);
 
 /// Prepares the one statement of a text that must have that many parameters.
-Status prepareSqlite(sqlite3* connection, std::string_view sql, int parameters,
-                     std::unique_ptr<PreparedStatement>& statement);
+Status prepareSqlite(sqlite3* connection, UpdateListener& updates, std::string_view sql,
+                     int parameters, std::unique_ptr<PreparedStatement>& statement);
 
 /// Binds the values, which are borrowed until the statement is reset.
 Status bindSqlite(sqlite3_stmt* statement, std::span<const Value> values);
