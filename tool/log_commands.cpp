@@ -117,6 +117,7 @@ void addLogExportCommand(CLI::App& log, Tool& tool) {
                         [&tool, options] { return exportLog(tool, *options); });
     addLogFilter(*command, options->wanted);
     addReportFile(*command, options->output);
+    command->add_flag("--json", options->output.isJson, tool_texts::jsonOption);
 }
 
 void addLogCommand(CLI::App& app, Tool& tool) {

@@ -10,6 +10,7 @@
 #include "session/log_notes.h"
 #include "session/session_texts.h"
 #include "sheets/files/sheet_files.h"
+#include "tool/json_text.h"
 #include "tool/pdf_program.h"
 #include "tool/tool_texts.h"
 
@@ -49,8 +50,11 @@ ExitCode writeReport(Tool& tool, const ReportFile& file, const Report& report) {
     if (refusal) tool.err << refusal->notice.text << '\n';
     if (code != ExitCode::done) return code;
     noteOutput(session_texts::exported, report.title, file.file().path);
-    wordsBeside(tool, file.file())
-        << fmt::format(tool_texts::reportWritten, report.title, file.file().path) << '\n';
+    std::ostream& words = wordsBeside(tool, file.file());
+    if (file.isJson)
+        words << jsonText({{"report", report.title}, {"file", file.file().path}}) << '\n';
+    else
+        words << fmt::format(tool_texts::reportWritten, report.title, file.file().path) << '\n';
     return code;
 }
 

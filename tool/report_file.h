@@ -19,6 +19,7 @@ struct ReportFile {
     std::string xlsx;
     std::string csv;
     bool isForced = false;
+    bool isJson = false;  ///< what was written is told as JSON
 
     OutputFile file() const { return {!pdf.empty() ? pdf : !xlsx.empty() ? xlsx : csv, isForced}; }
     int count() const { return int{!pdf.empty()} + int{!xlsx.empty()} + int{!csv.empty()}; }

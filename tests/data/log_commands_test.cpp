@@ -307,6 +307,9 @@ TEST_P(LogCommands, ExportWhatTheOptionsLetThrough) {
     EXPECT_EQ(run({"export", "--xlsx", folder + "/log.xlsx"}).code, toolDone);
     ASSERT_FALSE(readSheet(folder + "/log.xlsx", sheet));
     EXPECT_EQ(run({"export", "--csv", folder + "/log.csv"}).code, toolTargetExists);
+    const ToolRun asJson = run({"export", "--csv", folder + "/log.csv", "--force", "--json"});
+    EXPECT_EQ(json::parse(asJson.out),
+              json({{"report", "操作日志"}, {"file", folder + "/log.csv"}}));
     EXPECT_EQ(run({"export"}).code, toolWrongUsage);
     EXPECT_EQ(run({"export", "--csv", "-", "--function", "x"}).code, toolWrongInput);
 }
