@@ -11,12 +11,15 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "auxiliary/entries/entry_input.h"
 #include "auxiliary/members/auxiliary_texts.h"
 #include "data/lookups/CGetData.h"
+#include "opening/editing/typed_amount.h"
 #include "screen/forms/limited_edit.h"
 #include "screen/shown.h"
+#include "screen/sum_hint.h"
 
 namespace chengheng {
 namespace {
@@ -98,7 +101,14 @@ void EntryFields::build(QFormLayout& rows, const AuxiliaryMember& member, QWidge
     money = addEdit(rows, texts::money, entryMoneyField);
     foreign = addEdit(rows, texts::foreign, entryForeignField);
     quantity = addEdit(rows, texts::quantity, entryQuantityField);
-    for (QLineEdit* amount : {money, foreign, quantity}) rightAlign(*amount);
+    for (const auto& [amount, measure] :
+         {std::pair{money, Measure::money}, std::pair{foreign, Measure::foreign},
+          std::pair{quantity, Measure::quantity}}) {
+        rightAlign(*amount);
+        showSums(*amount, [measure = measure](const QString& typed) {
+            return shown(shownSum(typed.toStdString(), measure));
+        });
+    }
     orderTabs(directions);
 }
 

@@ -89,12 +89,15 @@ class AmountReader {
         if (depth > deepestBrackets) m_isFaulty = true;
         if (take('-')) return -factor(depth + 1);
         if (take('+')) return factor(depth + 1);
+        double value = 0;
         if (take('(')) {
-            const double value = sum(depth + 1);
+            value = sum(depth + 1);
             if (!take(')')) m_isFaulty = true;
-            return value;
+        } else {
+            value = number();
         }
-        return number();
+        while (take('%')) value /= 100;
+        return value;
     }
     char takeAnyOf(std::string_view letters) {
         for (const char letter : letters)
@@ -179,6 +182,11 @@ std::string narrowLetters(std::string_view text) {
         }
     }
     return made;
+}
+
+bool isSum(std::string_view text) {
+    const std::string plain = narrowLetters(text);
+    return withoutBlanksAround(plain).starts_with('=');
 }
 
 std::optional<double> readAmount(std::string_view text) { return readingOf(text).value; }

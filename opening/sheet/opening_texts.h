@@ -165,6 +165,8 @@ inline constexpr const char* keepsNoCurrency = "科目不核算外币";
 inline constexpr const char* keepsNoQuantity = "科目不核算数量";
 inline constexpr const char* typedAuxiliary = "辅助科目的期初余额请在辅助期初中录入";
 inline constexpr const char* tooLargeCell = "数值太大,最大为9,999,999,999,999.99";
+inline constexpr const char* sum = "= {}";
+inline constexpr const char* noSumYet = "= ?";
 inline constexpr const char* noNumber = "不是数字";
 inline constexpr const char* decimalComma = "不是数字:小数点应为“.”,不能用“,”";
 /// In the line below the grid: what was typed, and why it is no number.

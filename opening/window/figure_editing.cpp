@@ -1,6 +1,8 @@
 #include "opening/window/figure_editing.h"
 
+#include "opening/editing/typed_amount.h"
 #include "screen/guarded.h"
+#include "screen/shown.h"
 
 namespace chengheng {
 
@@ -9,7 +11,10 @@ FigureEditing::FigureEditing(OpeningGrid& grid, OpeningWork& work, IMessages& me
       m_grid(grid),
       m_work(work),
       m_messages(messages),
-      m_editor(new FigureEditor(&grid)) {
+      m_editor(new FigureEditor(&grid, [&work](const QModelIndex& index, const QString& typed) {
+          const auto& line = work.sheet().line(static_cast<std::size_t>(index.row()));
+          return shown(shownSum(typed.toStdString(), line.measure));
+      })) {
     m_grid.setItemDelegate(m_editor);
     connect(m_editor, &FigureEditor::begun, this, [this] {
         m_work.beginEdit();

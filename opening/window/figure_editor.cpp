@@ -1,8 +1,10 @@
 #include "opening/window/figure_editor.h"
 
 #include <QLineEdit>
+#include <QPersistentModelIndex>
 
 #include "opening/editing/typing_separators.h"
+#include "screen/sum_hint.h"
 
 namespace chengheng {
 namespace {
@@ -35,6 +37,16 @@ class FigureField final : public QLineEdit {
 };
 
 }  // namespace
+
+QWidget* FigureEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const {
+    QWidget* const editor = CellEditor::createEditor(parent, option, index);
+    showSums(*qobject_cast<QLineEdit*>(editor),
+             [this, cell = QPersistentModelIndex(index)](const QString& typed) {
+                 return cell.isValid() ? m_sumOf(cell, typed) : QString();
+             });
+    return editor;
+}
 
 QLineEdit* FigureEditor::makeField(QWidget* parent) const {
     auto* field = new FigureField(parent);

@@ -126,6 +126,28 @@ TEST(Amounts, AreSummedAfterAnEqualsSign) {
     EXPECT_EQ(read("=100÷8×2"), 25);
 }
 
+TEST(Amounts, AreHundredthsBeforeAPercentSignInASum) {
+    EXPECT_EQ(read("=200*5%"), 10);
+    EXPECT_EQ(read("=200*(1+50%)"), 300);
+    EXPECT_EQ(typedAmount("=200*(1+13%)", Measure::money), 226);
+    EXPECT_EQ(read("=(20+5)%*4"), 1);
+    EXPECT_EQ(read("=5000%%"), 0.5);
+    EXPECT_EQ(read("＝２００＊５％"), 10);
+    EXPECT_EQ(read("=1000+5%"), 1000.05) << "of 1, not of what stands before";
+    for (const char* text : {"5%", "=%", "=%5", "=5%3"})
+        EXPECT_EQ(readAmount(text), std::nullopt) << text;
+}
+
+TEST(Amounts, StandBesideTheirSumAsItIsTyped) {
+    EXPECT_EQ(shownSum("=1000+500*2", Measure::money), "= 2,000.00");
+    EXPECT_EQ(shownSum(" ＝1/3", Measure::quantity), "= 0.33333");
+    EXPECT_EQ(shownSum("=1/3", Measure::money), "= 0.33") << "as it will be stored";
+    for (const char* text : {"=", "=1000+", "=(1", "=1,5", "=x", "=1/0"})
+        EXPECT_EQ(shownSum(text, Measure::money), "= ?") << text;
+    for (const char* text : {"", "1000", "1+2", "-"})
+        EXPECT_EQ(shownSum(text, Measure::money), "") << text;
+}
+
 TEST(Amounts, AreNeverTheNegativeZero) {
     EXPECT_FALSE(std::signbit(read("-0")));
     EXPECT_FALSE(std::signbit(typedAmount("-0.001", Measure::money)));

@@ -230,4 +230,25 @@ TEST_F(AuxiliaryWindowTest, SaysWhatItCutsAndCutsNoDateNumberOrAmount) {
     EXPECT_EQ(books.messages().texts().size(), 1u);
 }
 
+TEST_F(AuxiliaryWindowTest, ShowsWhatASumComesToBesideItsField) {
+    open();
+    const NextModal dialog([](QWidget& record) {
+        showActive(record);
+        auto* money = record.findChild<QLineEdit*>("mMoney");
+        ASSERT_NE(money, nullptr);
+        money->setFocus();
+        QTest::keyClicks(money, "=100*(1+13%)");
+        const auto hints = record.findChildren<QLabel*>("sumHint");
+        ASSERT_EQ(hints.size(), 1);
+        EXPECT_EQ(hints.front()->text(), "= 113.00");
+        EXPECT_TRUE(hints.front()->isVisible());
+        record.findChild<QLineEdit*>("sDigest")->setFocus();
+        EXPECT_FALSE(hints.front()->isVisible());
+        money->clear();
+        QTest::keyClick(&record, Qt::Key_Escape);
+    });
+    QTest::keyClick(window->focusWidget(), Qt::Key_N, Qt::ControlModifier);
+    QCoreApplication::processEvents();
+}
+
 }  // namespace chengheng

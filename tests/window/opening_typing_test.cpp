@@ -399,3 +399,25 @@ TEST_F(OpeningTypingTest, LosesNothingThatAnotherWorkstationTypesMeanwhile) {
     EXPECT_EQ(other.sheet().text(1, opening), "12.00");
     EXPECT_TRUE(messages().texts().empty());
 }
+
+TEST_F(OpeningTypingTest, ShowsWhatASumComesToWhileItIsTyped) {
+    open();
+    const auto hint = [this] {
+        const auto* label = window->grid().findChild<QLabel*>("sumHint");
+        return label != nullptr && label->isVisible() ? label->text() : QString();
+    };
+    window->type("=1000");
+    ASSERT_TRUE(window->isEditing());
+    EXPECT_EQ(hint(), "= 1,000.00");
+    window->type("+");
+    EXPECT_EQ(hint(), "= ?");
+    window->type("500*2");
+    EXPECT_EQ(hint(), "= 2,000.00");
+    EXPECT_EQ(window->editor()->accessibleDescription(), "= 2,000.00");
+    window->press(Qt::Key_Return);
+    EXPECT_EQ(hint(), "");
+    EXPECT_EQ(window->cell(0, opening), "2,000.00");
+    window->type("7");
+    EXPECT_EQ(hint(), "") << "no sum";
+    window->press(Qt::Key_Escape);
+}
