@@ -176,6 +176,11 @@ class ServerOpeningBench {
             require(chengheng::sweepZeroRows(m_database).isDone(), "sweeping");
         };
         bench::reportTimes(of("sweep of rows without figures"), pair, 1.2);
+        const auto sweep = [this] {
+            require(chengheng::sweepZeroRows(m_database).isDone(), "sweeping");
+        };
+        sweep();
+        bench::reportLimit(of("sweep with nothing to sweep"), sweep, 5);
     }
 
     int m_accounts;

@@ -9,6 +9,7 @@
 #include "bench/timing.h"
 #include "data/access/unit_of_work.h"
 #include "data/sql/sql_format.h"
+#include "opening/storing/zero_row_sweep.h"
 
 namespace {
 
@@ -106,12 +107,21 @@ void benchSweep(bench::SampleBooks& books) {
         "zero-row query and delete, " + std::to_string(books.accounts()) + " accounts", pair, 1.2);
 }
 
+/// Nearly always there is nothing to sweep.
+void benchNothingToSweep(bench::SampleBooks& books) {
+    require(chengheng::sweepZeroRows(books.database()).isDone(), "the sweep");
+    bench::reportLimit(
+        "sweep with nothing to sweep, " + std::to_string(books.accounts()) + " accounts",
+        [&] { require(chengheng::sweepZeroRows(books.database()).isDone(), "the sweep"); }, 5);
+}
+
 }  // namespace
 
 int main() {
     for (const int accounts : {10'000, 50'000}) {
         bench::SampleBooks books(accounts);
         benchSweep(books);
+        benchNothingToSweep(books);
         benchPosting(books);
     }
 }

@@ -39,6 +39,15 @@ void reportTimes(const std::string& name, const Pair& pair, double target, int r
     std::fflush(stdout);
 }
 
+void reportLimit(const std::string& name, const std::function<void()>& work, double most,
+                 int runs) {
+    double least = milliseconds(work);
+    for (int run = 0; run < runs; ++run) least = std::min(least, milliseconds(work));
+    std::printf("%s, %.2f ms, at most %.1f ms, %.2f, %.2f\n", name.c_str(), least, most,
+                least / most, 1.0);
+    std::fflush(stdout);
+}
+
 void reportMemory(const std::string& name, double ours, double floor, double target) {
     std::printf("%s, %.1f MiB, %.1f MiB, %.2f, %.2f\n", name.c_str(), ours, floor, ours / floor,
                 target);

@@ -17,6 +17,7 @@ inline constexpr std::array steps{
     StepText{3, "单位目录增加一栏,记下单位是客户、供应商还是两者都是"},
     StepText{4, "已登录的人另记编号;每位操作员可以记下“下次登录时须更改口令”"},
     StepText{5, "增加操作日志,从此每次改动都记下是谁、何时、从哪台工作站改的,改前改后各是什么"},
+    StepText{6, "没有数的科目余额和辅助余额记录另立索引,打开期初余额时不必逐条去找"},
 };
 
 inline constexpr const char* heading =

@@ -27,17 +27,20 @@ std::string columnLine(const std::string& table, const ColumnInfo& column,
     return check.empty() ? line : line + " " + check;
 }
 
-/// "AccSum_lCodeId_byPeroid" for the index "lCodeId, byPeroid" of AccSum.
+/// "AccSum_lCodeId_byPeroid" for the index "lCodeId, byPeroid" of AccSum; as much of a longer name
+/// as every engine keeps.
 std::string indexName(const std::string& table, const std::string& index) {
+    constexpr std::size_t longest = 63;
+    constexpr std::string_view separators = ", =.";
     std::string name = table;
     bool isInWord = false;
     for (const char letter : index) {
-        const bool isOfWord = letter != ',' && letter != ' ' && letter != '=';
+        const bool isOfWord = separators.find(letter) == std::string_view::npos;
         if (isOfWord && !isInWord) name += '_';
         if (isOfWord) name += letter;
         isInWord = isOfWord;
     }
-    return name;
+    return name.substr(0, longest);
 }
 
 std::string createIndexSql(const std::string& table, const std::string& index) {
@@ -64,14 +67,23 @@ std::string remakeTableSql(const TableInfo& older, const TableInfo& table,
            ";\nDROP TABLE " + kept + ";\n";
 }
 
-/// Gives a table of an older layout the checks and columns that it lacks; its rows stay, whatever
-/// they hold. Where an engine cannot do that to a table that is there, it is made anew.
+/// The indexes that a table of an older layout lacks.
+std::string addIndexesSql(const TableInfo& older, const TableInfo& table) {
+    std::string script;
+    for (const std::string& index : table.indexes)
+        if (std::ranges::find(older.indexes, index) == older.indexes.end())
+            script += createIndexSql(table.name, index);
+    return script;
+}
+
+/// Gives a table of an older layout the checks, columns and indexes that it lacks; its rows stay,
+/// whatever they hold. Where an engine cannot do that to a table that is there, it is made anew.
 std::string alterTableSql(const TableInfo& older, int from, const EngineDialect& dialect) {
     const TableInfo& table = *findTable(older.name);
     const bool lacksChecks = from < firstCheckedLayout;
     if (!dialect.altersTables) {
         const bool isOlder = lacksChecks || older.columns.size() < table.columns.size();
-        return isOlder ? remakeTableSql(older, table, dialect) : std::string();
+        return isOlder ? remakeTableSql(older, table, dialect) : addIndexesSql(older, table);
     }
     std::string script;
     for (const ColumnInfo& column : older.columns)
@@ -81,7 +93,7 @@ std::string alterTableSql(const TableInfo& older, int from, const EngineDialect&
     for (std::size_t place = older.columns.size(); place < table.columns.size(); ++place)
         script += "ALTER TABLE " + table.name + " ADD COLUMN " +
                   columnLine(table.name, table.columns[place], dialect, ColumnChecks::all) + ";\n";
-    return script;
+    return script + addIndexesSql(older, table);
 }
 
 std::string addCounterSql(const std::string& row) {

@@ -17,16 +17,34 @@ const std::vector<LayoutStep>& steps() {
                          {"dWrongAt", ColumnType::real},
                          {"dLogonAt", ColumnType::real}},
                         {}}},
-         .newColumns = {}},
-        {.from = 2, .newTables = {}, .newColumns = {}},  // the checks of every column
-        {.from = 3, .newTables = {}, .newColumns = {{"Enter", {"byKind", ColumnType::byte}}}},
+         .newColumns = {},
+         .newIndexes = {}},
+        // The checks of every column.
+        {.from = 2, .newTables = {}, .newColumns = {}, .newIndexes = {}},
+        {.from = 3,
+         .newTables = {},
+         .newColumns = {{"Enter", {"byKind", ColumnType::byte}}},
+         .newIndexes = {}},
         {.from = 4,
          .newTables = {},
          .newColumns = {{"LoginInfoTbl", {"lUserId", ColumnType::integer}},
-                        {"LogonTries", {"bNewPassword", ColumnType::flag}}}},
+                        {"LogonTries", {"bNewPassword", ColumnType::flag}}},
+         .newIndexes = {}},
         {.from = 5,
          .newTables = {operationLogTable(), operationLogPartTable(), operationLogHeadTable()},
-         .newColumns = {}},
+         .newColumns = {},
+         .newIndexes = {}},
+        {.from = 6,
+         .newTables = {},
+         .newColumns = {},
+         .newIndexes = {{"AccSum",
+                         "lCodeId WHERE mBegin = 0.0 AND mDebet = 0.0 AND mCredit = 0.0 "
+                         "AND dAmtBegin = 0.0 AND dAmtDebet = 0.0 AND dAmtCredit = 0.0 "
+                         "AND mFgnBegin = 0.0 AND mFgnDebet = 0.0 AND mFgnCredit = 0.0"},
+                        {"AssAcc",
+                         "lCodeId WHERE mBegin = 0.0 AND mDebt = 0.0 AND mCredit = 0.0 "
+                         "AND dBegin = 0.0 AND dDebt = 0.0 AND dCredit = 0.0 "
+                         "AND mFBegin = 0.0 AND mFDebt = 0.0 AND mFCredit = 0.0"}}},
     };
     return all;
 }
@@ -41,6 +59,9 @@ void takeOff(const LayoutStep& step, std::vector<TableInfo>& tables) {
                 std::erase_if(table.columns, [&added = column](const ColumnInfo& each) {
                     return each.name == added.name;
                 });
+    for (const auto& [name, index] : step.newIndexes)
+        for (TableInfo& table : tables)
+            if (table.name == name) std::erase(table.indexes, index);
 }
 
 }  // namespace

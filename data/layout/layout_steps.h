@@ -19,9 +19,15 @@ struct LayoutStep {
         ColumnInfo column;
     };
 
+    struct NewIndex {
+        std::string table;
+        std::string index;
+    };
+
     int from = 0;
     std::vector<TableInfo> newTables;
     std::vector<NewColumn> newColumns;  ///< each the last one of its table
+    std::vector<NewIndex> newIndexes;
 };
 
 /// All steps, one for each number but the last.

@@ -21,9 +21,14 @@ const RecordType& recordTypeOf<_AccSumInfo>() {
         column("mFgnDebet", &Record::mFgnDebet),
         column("mFgnCredit", &Record::mFgnCredit),
     };
-    // The opening balances are one row in twelve.
+    // The opening balances are one row in twelve; rows without any figure may have to be swept.
     static const RecordType type = recordType<Record>(
-        "AccSum", "AccSum", {"lCodeId, byPeroid", "lCodeId WHERE byPeroid = 1"}, columns);
+        "AccSum", "AccSum",
+        {"lCodeId, byPeroid", "lCodeId WHERE byPeroid = 1",
+         "lCodeId WHERE mBegin = 0.0 AND mDebet = 0.0 AND mCredit = 0.0 AND dAmtBegin = 0.0 "
+         "AND dAmtDebet = 0.0 AND dAmtCredit = 0.0 AND mFgnBegin = 0.0 AND mFgnDebet = 0.0 "
+         "AND mFgnCredit = 0.0"},
+        columns);
     return type;
 }
 
@@ -41,8 +46,13 @@ const RecordType& recordTypeOf<_AssAccInfo>() {
         column("mFBegin", &Record::mFBegin),   column("mFDebt", &Record::mFDebt),
         column("mFCredit", &Record::mFCredit),
     };
-    static const RecordType type =
-        recordType<Record>("AssAcc", "AssAcc", {"lCodeId, byPeroid"}, columns);
+    static const RecordType type = recordType<Record>(
+        "AssAcc", "AssAcc",
+        {"lCodeId, byPeroid",
+         "lCodeId WHERE mBegin = 0.0 AND mDebt = 0.0 AND mCredit = 0.0 AND dBegin = 0.0 "
+         "AND dDebt = 0.0 AND dCredit = 0.0 AND mFBegin = 0.0 AND mFDebt = 0.0 "
+         "AND mFCredit = 0.0"},
+        columns);
     return type;
 }
 

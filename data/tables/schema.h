@@ -34,7 +34,7 @@ struct TableInfo {
 
 /// The number of the layout that this program writes. With another layout it rises by one, and
 /// data/layout/layout_steps.cpp tells what leads there.
-inline constexpr int booksFormatVersion = 6;
+inline constexpr int booksFormatVersion = 7;
 
 /// Every table of a set of books, in the order in which they are created.
 const std::vector<TableInfo>& allTables();

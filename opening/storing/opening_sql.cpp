@@ -9,6 +9,23 @@ double openingOf(const Balances& balances, Measure measure) {
     return balances[static_cast<std::size_t>(measure)].opening;
 }
 
+/// 1 when a group of the sizes adds up to nothing, else 0. The first row without any figure is
+/// nearly always of such a group, so the others are looked at only where it is not.
+std::string isAnyNothing(std::string_view table, std::string_view sizes,
+                         std::string_view withoutFigures) {
+    constexpr std::string_view select = "SELECT ";
+    const SqlFragment from{table};
+    const SqlFragment where{withoutFigures};
+    const SqlFragment sum{sizes.substr(select.size(), sizes.find(", lCodeId") - select.size())};
+    const SqlFragment groups{sizes.substr(sizes.find(" GROUP BY ") + 1)};
+    return formatSql(
+        "CASE WHEN EXISTS (SELECT lCodeId FROM %s WHERE lCodeId = (SELECT min(lCodeId) FROM %s "
+        "WHERE %s) %s HAVING %s = 0) THEN 1 "
+        "WHEN EXISTS (SELECT lCodeId FROM %s WHERE lCodeId IN (SELECT lCodeId FROM %s WHERE %s) "
+        "%s HAVING %s = 0) THEN 1 ELSE 0 END",
+        from, from, where, groups, sum, from, from, where, groups, sum);
+}
+
 }  // namespace
 
 std::string account(std::int32_t accountId) { return formatSql("lId = %d", accountId); }
@@ -88,6 +105,12 @@ void insertFirstPeriod(std::string& batch, std::int32_t id, std::int32_t account
 
 void setLastId(std::string& batch, std::int32_t lastId) {
     appendSql(batch, "Update ABIdTable Set lLastId = %d Where sTable = 'AccSum'", lastId);
+}
+
+std::string isAnythingToSweep() {
+    const std::string sums = isAnyNothing("AccSum", sumSizes, sumsWithoutFigures);
+    const std::string auxiliary = isAnyNothing("AssAcc", auxiliarySizes, auxiliaryWithoutFigures);
+    return formatSql("SELECT %s, %s", SqlFragment{sums}, SqlFragment{auxiliary});
 }
 
 std::string deleteSumsOfAccounts(std::span<const std::string_view> accountIds) {

@@ -61,6 +61,17 @@ inline constexpr const char* auxiliarySizes =
     "+ abs(mFBegin)+abs(mFDebt)+abs(mFCredit)), lCodeId, lItemId, lDeptId, lPersonId, lEnterId, "
     "sItemId FROM AssAcc GROUP BY lCodeId, lItemId, lDeptId, lPersonId, lEnterId, sItemId";
 
+/// Conditions of rows without any figure, as the indexes of such rows have them.
+inline constexpr const char* sumsWithoutFigures =
+    "mBegin = 0.0 AND mDebet = 0.0 AND mCredit = 0.0 AND dAmtBegin = 0.0 AND dAmtDebet = 0.0 "
+    "AND dAmtCredit = 0.0 AND mFgnBegin = 0.0 AND mFgnDebet = 0.0 AND mFgnCredit = 0.0";
+inline constexpr const char* auxiliaryWithoutFigures =
+    "mBegin = 0.0 AND mDebt = 0.0 AND mCredit = 0.0 AND dBegin = 0.0 AND dDebt = 0.0 "
+    "AND dCredit = 0.0 AND mFBegin = 0.0 AND mFDebt = 0.0 AND mFCredit = 0.0";
+/// Whether AccSum and AssAcc have something to sweep, in a column each. Only what has a row without
+/// any figure is added up.
+std::string isAnythingToSweep();
+
 std::string deleteSumsOfAccounts(std::span<const std::string_view> accountIds);
 
 /// One combination of dimensions, its cells as the query gave them.

@@ -15,6 +15,19 @@ Status run(CNbCwDB& database, const std::string& batch) {
     return database.lastStatus();
 }
 
+struct ToSweep {
+    bool hasSums = false;
+    bool hasAuxiliary = false;
+};
+
+Status findToSweep(CNbCwDB& database, ToSweep& found) {
+    const SelectedCells answer(database, opening_sql::isAnythingToSweep());
+    if (!answer.isRead()) return database.lastStatus();
+    found.hasSums = answer.text(0, 0) == "1";
+    found.hasAuxiliary = answer.text(0, 1) == "1";
+    return Status::done();
+}
+
 Status sweepAccounts(CNbCwDB& database) {
     std::string batch;
     {
@@ -45,8 +58,11 @@ Status sweepAuxiliary(CNbCwDB& database) {
 }  // namespace
 
 Status sweepZeroRows(CNbCwDB& database) {
-    const Status status = sweepAccounts(database);
-    return status ? sweepAuxiliary(database) : status;
+    ToSweep tables;
+    Status status = findToSweep(database, tables);
+    if (status && tables.hasSums) status = sweepAccounts(database);
+    if (status && tables.hasAuxiliary) status = sweepAuxiliary(database);
+    return status;
 }
 
 }  // namespace chengheng

@@ -66,7 +66,7 @@ TEST_P(BooksUpgrades, TellBeforehandWhatWillHappen) {
     EXPECT_TRUE(plan.isNeeded());
     EXPECT_EQ(plan.text(),
               "帐套“旧帐”(" + shownLocation(m_location) +
-                  ")由较早版本的程序建立,数据格式为 1,要升级到 6 才能使用。\n\n升级时:\n"
+                  ")由较早版本的程序建立,数据格式为 1,要升级到 7 才能使用。\n\n升级时:\n"
                   "· 先备份到“" +
                   shownLocation(backupOf(m_location)) +
                   "”,并核对备份\n"
@@ -75,6 +75,7 @@ TEST_P(BooksUpgrades, TellBeforehandWhatWillHappen) {
                   "· 单位目录增加一栏,记下单位是客户、供应商还是两者都是\n"
                   "· 已登录的人另记编号;每位操作员可以记下“下次登录时须更改口令”\n"
                   "· 增加操作日志,从此每次改动都记下是谁、何时、从哪台工作站改的,改前改后各是什么\n"
+                  "· 没有数的科目余额和辅助余额记录另立索引,打开期初余额时不必逐条去找\n"
                   "· 各步改动一次写入:中途出错或断电,帐套仍是原来的样子\n"
                   "· 升级后较早版本的程序不能再打开它,各工作站请都用新版本\n"
                   "· 等其他人退出后才开始。列为正在使用的有:李明(PC1)");

@@ -1,16 +1,26 @@
 #include "opening/storing/posting.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 #include "data/access/row_lease.h"
 #include "data/access/unit_of_work.h"
+#include "data/sql/characters.h"
 #include "data/tables/balances.h"
+#include "data/tables/schema.h"
+#include "opening/storing/opening_sql.h"
 #include "opening/storing/saving.h"
 #include "opening/storing/zero_row_sweep.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/engine_tools.h"
 #include "tests/support/opening_books.h"
+#include "tests/support/small_books.h"
 
 namespace {
+
+using testing::HasSubstr;
 
 using namespace chengheng;
 using Texts = std::vector<std::string>;
@@ -240,6 +250,48 @@ TEST_P(Sweep, DeletesNothingWhereNothingIsEmpty) {
     sweep();
     EXPECT_EQ(m_books.rows().size(), 12u);
     EXPECT_EQ(auxiliaryIds(), std::vector<int>{1});
+}
+
+TEST_P(Sweep, KeepsAnAccountWhoseOtherRowsCarrySomething) {
+    m_books.addRows("1001", 12);
+    m_books.books().run("UPDATE AccSum SET mDebet = 3, mCredit = 3 WHERE byPeroid = 1");
+    addAuxiliary("7", "01", 0);
+    addAuxiliary("7", "01", 5);
+    sweep();
+    EXPECT_EQ(m_books.rowsOf("1001").size(), 12u);
+    EXPECT_EQ(auxiliaryIds(), (std::vector<int>{1, 2}));
+}
+
+TEST_P(Sweep, RemovesRowsOfWhateverPeriodsAndNumber) {
+    m_books.addRows("1001", 12);
+    m_books.addRows("1002", 3);
+    m_books.books().run("DELETE FROM AccSum WHERE lCodeId = 1 AND byPeroid < 9");
+    sweep();
+    EXPECT_EQ(m_books.rows(), Texts{});
+}
+
+TEST_P(Sweep, FindsWhatIsEmptyByAnIndexOfRowsWithoutFigures) {
+    for (int account = 1; account <= 40; ++account)
+        m_books.books().run(
+            formatSql("INSERT INTO AccSum VALUES(%d,%d,1,5,0,0,0,0,0,0,0,0)", account, account));
+    for (int entry = 0; entry < 40; ++entry) addAuxiliary("7", "01", 5);
+    const bool isServer = !m_books.books().engine().dialect().rowLock.empty();
+    std::string plan;
+    if (isServer) runScript(m_books.books().engine(), "SET enable_seqscan = off");
+    for (const auto& row :
+         readSql(m_books.books().engine(), (isServer ? "EXPLAIN " : "EXPLAIN QUERY PLAN ") +
+                                               opening_sql::isAnythingToSweep()))
+        for (const std::string& cell : row) plan += cell + '\n';
+    std::ranges::transform(plan, plan.begin(), lowerOf);
+    for (const char* index : {"accsum_lcodeid_where_mbegin", "assacc_lcodeid_where_mbegin"})
+        EXPECT_THAT(plan, HasSubstr(index));
+}
+
+TEST(SweepIndexes, AreOfTheRowsThatAQueryForThemAsksFor) {
+    EXPECT_EQ(findTable("AccSum")->indexes.back(),
+              std::string("lCodeId WHERE ") + opening_sql::sumsWithoutFigures);
+    EXPECT_EQ(findTable("AssAcc")->indexes.back(),
+              std::string("lCodeId WHERE ") + opening_sql::auxiliaryWithoutFigures);
 }
 
 TEST_P(Sweep, RemovesAuxiliarySumsByCombinationOfDimensions) {

@@ -27,19 +27,19 @@ TEST(UpgradeCommand, SaysWhatItWouldDoAndDoesItOnDemand) {
     const std::string backup = files::path(path).parent_path() / "Nbzw_format1.db";
     ProgramRun run = chbooks({"upgrade", path, "--dry-run"});
     EXPECT_EQ(run.exitCode, done);
-    EXPECT_THAT(run.out, HasSubstr("数据格式为 1,要升级到 6 才能使用"));
+    EXPECT_THAT(run.out, HasSubstr("数据格式为 1,要升级到 7 才能使用"));
     EXPECT_THAT(run.out, HasSubstr("先备份到“" + backup + "”"));
     EXPECT_EQ(layoutAt(path), 1);
     EXPECT_FALSE(files::exists(backup));
     run = chbooks({"upgrade", path});
     EXPECT_EQ(run.exitCode, done) << run.err;
-    EXPECT_EQ(run.out, "帐套“" + path + "”已从数据格式 1 升级到 6。\n升级前的备份在“" + backup +
+    EXPECT_EQ(run.out, "帐套“" + path + "”已从数据格式 1 升级到 7。\n升级前的备份在“" + backup +
                            "”,已核对无误。\n");
     EXPECT_EQ(layoutAt(path), booksFormatVersion);
     EXPECT_EQ(layoutAt(backup), 1);
     run = chbooks({"upgrade", path});
     EXPECT_EQ(run.exitCode, done);
-    EXPECT_EQ(run.out, "帐套“" + path + "”的数据格式为 6,不需要升级。\n");
+    EXPECT_EQ(run.out, "帐套“" + path + "”的数据格式为 7,不需要升级。\n");
 }
 
 TEST(UpgradeCommand, NamesWhoIsAtWorkAndGivesUpAfterAWhile) {
