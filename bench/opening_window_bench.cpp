@@ -49,7 +49,7 @@ class OpeningWindowBench {
         pair.ours = [this] { open(); };
         bench::reportTimes("opening balance window " + std::string(work) + ", " +
                                std::to_string(m_books.accounts()) + " accounts",
-                           pair, 3, 9);
+                           pair, 1.6, 9);
     }
     void readRaw() {
         require(m_books.readRaw().size() == static_cast<std::size_t>(m_books.accounts()),
