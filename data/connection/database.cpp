@@ -28,6 +28,13 @@ struct Database::Run {
     bool isInNamedTransaction = false;
     bool writesHeldCounters = false;  ///< those of the open unit, too
 
+    /// Makes room for what a batch of so many letters is likely to hold.
+    void reserve(std::size_t length) {
+        constexpr std::size_t shortestStatement = 64;
+        constexpr std::size_t shortestValue = 7;
+        drafts.reserve(length / shortestStatement + 4);
+        values.reserve(length / shortestValue + 4);
+    }
     void add(PreparedStatement* statement, std::span<const Value> statementValues) {
         drafts.push_back({statement, values.size(), statementValues.size()});
         values.insert(values.end(), statementValues.begin(), statementValues.end());
@@ -48,6 +55,7 @@ Status Database::executeBatch(std::string_view batch, std::int64_t* changed) {
     m_statements.forgetSurplus();
     BatchReader reader(batch);
     Run run;
+    run.reserve(batch.size());
     Status status = isInUnit() ? addSavepoint(run) : Status::done();
     if (status) status = readBatch(reader, run);
     if (status) {

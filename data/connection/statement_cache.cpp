@@ -1,5 +1,7 @@
 #include "data/connection/statement_cache.h"
 
+#include "data/sql/shape_hash.h"
+
 namespace chengheng {
 namespace {
 
@@ -27,36 +29,43 @@ Status StatementCache::find(const ReadStatement& statement, CachedStatement*& fo
         found = m_oneOffs.emplace_back(std::move(made)).get();
         return Status::done();
     }
-    const auto [first, last] = m_shapes.equal_range(statement.hash);
+    if (m_latest != nullptr && m_latest->shape == statement.shape) {
+        found = m_latest;
+        return Status::done();
+    }
+    const std::uint64_t hash = shapeHash(statement.shape);
+    const auto [first, last] = m_shapes.equal_range(hash);
     for (auto entry = first; entry != last; ++entry) {
         if (entry->second->shape == statement.shape) {
-            found = entry->second.get();
+            found = m_latest = entry->second.get();
             return Status::done();
         }
     }
     if (Status status = make(statement, made); !status) return status;
-    found = m_shapes.emplace(statement.hash, std::move(made))->second.get();
+    found = m_latest = m_shapes.emplace(hash, std::move(made))->second.get();
     return Status::done();
 }
 
 Status StatementCache::findPlain(std::string_view sql, int parameters, PreparedStatement*& found) {
-    auto& prepared = m_plain[std::string(sql)];
-    if (!prepared) {
-        if (Status status = m_engine.prepare(sql, parameters, prepared); !status) {
-            m_plain.erase(std::string(sql));
-            return status;
-        }
+    auto entry = m_plain.find(sql);
+    if (entry == m_plain.end()) {
+        std::unique_ptr<PreparedStatement> prepared;
+        if (Status status = m_engine.prepare(sql, parameters, prepared); !status) return status;
+        entry = m_plain.emplace(sql, std::move(prepared)).first;
     }
-    found = prepared.get();
+    found = entry->second.get();
     return Status::done();
 }
 
 void StatementCache::forgetSurplus() {
-    if (m_shapes.size() > mostShapes) m_shapes.clear();
+    if (m_shapes.size() <= mostShapes) return;
+    m_shapes.clear();
+    m_latest = nullptr;
 }
 
 void StatementCache::forgetAll() {
     m_shapes.clear();
+    m_latest = nullptr;
     m_plain.clear();
     m_oneOffs.clear();
 }

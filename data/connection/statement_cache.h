@@ -39,9 +39,15 @@ class StatementCache {
   private:
     Status make(const ReadStatement& statement, std::unique_ptr<CachedStatement>& made);
 
+    struct TextHash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
     Engine& m_engine;
     std::unordered_multimap<std::uint64_t, std::unique_ptr<CachedStatement>> m_shapes;
-    std::unordered_map<std::string, std::unique_ptr<PreparedStatement>> m_plain;
+    CachedStatement* m_latest = nullptr;  ///< of m_shapes, as one shape often follows itself
+    std::unordered_map<std::string, std::unique_ptr<PreparedStatement>, TextHash, std::equal_to<>>
+        m_plain;
     std::vector<std::unique_ptr<CachedStatement>> m_oneOffs;
 };
 

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "data/sql/characters.h"
-#include "data/sql/shape_hash.h"
 
 namespace chengheng {
 namespace {
@@ -64,7 +63,7 @@ bool BatchReader::next(ReadStatement& statement) {
     m_glue = Glue::none;
     m_isWorthKeeping = true;
     m_start = m_at;
-    if (!readFirstWord()) return false;
+    if (!readAsBefore() && !readFirstWord()) return false;
     if (m_kind == StatementKind::begin || m_kind == StatementKind::commit)
         readMark();
     else
@@ -125,6 +124,21 @@ bool BatchReader::readFirstWord() {
     m_last = Last::keyword;
     m_isComplete = m_kind != StatementKind::insert && m_kind != StatementKind::update;
     if (m_kind == StatementKind::select) level().clause = Clause::constant;
+    return true;
+}
+
+/// Goes to the first value of an INSERT that begins as one before it did, letter for letter; false
+/// when it does not.
+bool BatchReader::readAsBefore() {
+    if (m_rowHead.empty() || !textBetween(m_at, m_end).starts_with(m_rowHead)) return false;
+    m_kind = StatementKind::insert;
+    m_isComplete = true;
+    put(m_rowHeadShape, Glue::none, Glue::none);
+    m_at += m_rowHead.size();
+    m_levels[0].clause = Clause::rows;
+    m_levels[++m_depth] = {Clause::row, false, m_at - 1};
+    m_last = Last::opened;
+    readPlainNumbers();
     return true;
 }
 
@@ -257,7 +271,6 @@ bool BatchReader::finish(ReadStatement& statement) {
     if (isOpenEnded() || !m_isComplete) return fail(m_start, "a statement is unfinished");
     statement.kind = m_kind;
     statement.shape = {m_room.data(), m_length};
-    statement.hash = shapeHash(statement.shape);
     statement.values = m_values;
     statement.isWorthKeeping = m_isWorthKeeping;
     return true;

@@ -33,7 +33,6 @@ struct ReadStatement {
     /// the place of a value stands a mark of its kind: # an integer, ~ a real, ? a text. Two
     /// statements of one shape differ only in `values`.
     std::string_view shape;
-    std::uint64_t hash = 0;  ///< of the shape
     std::span<const Value> values;
     /// False for shapes not worth keeping, such as those with a list of values after IN.
     bool isWorthKeeping = true;
@@ -99,6 +98,7 @@ class BatchReader {
     bool skipComment();
     std::string takeWord();
     bool readFirstWord();
+    bool readAsBefore();
     bool readMark();
     bool readToken();
     bool readWord();
@@ -110,6 +110,7 @@ class BatchReader {
     bool readQuotedName();
     bool readSymbol();
     bool readOpening();
+    void beginRow();
     void readPlainNumbers();
     bool readClosing();
     bool readOperator();
@@ -141,6 +142,8 @@ class BatchReader {
     bool m_isComplete = false;  ///< has what its kind cannot do without
     bool m_isWorthKeeping = true;
     const char* m_start = nullptr;         ///< of the statement
+    std::string_view m_rowHead;            ///< an INSERT as far as its first row, read before
+    std::string m_rowHeadShape;            ///< the shape of that much
     std::string_view m_liftedText;         ///< the value lifted last, as it was written
     std::size_t m_lengthBeforeLifted = 0;  ///< of the shape
     Glue m_glueBeforeLifted = Glue::none;

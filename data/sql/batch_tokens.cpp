@@ -185,8 +185,16 @@ bool BatchReader::readOpening() {
     put("(", Glue::none, Glue::none);
     m_last = Last::opened;
     ++m_at;
-    if (clause == Clause::row) readPlainNumbers();
+    if (clause == Clause::row) beginRow();
     return true;
+}
+
+void BatchReader::beginRow() {
+    if (m_values.empty() && m_depth == 1) {
+        m_rowHead = textBetween(m_start, m_at);
+        m_rowHeadShape.assign(m_room.data(), m_length);
+    }
+    readPlainNumbers();
 }
 
 /// Takes the numbers that follow in a row as far as commas and blanks alone stand between

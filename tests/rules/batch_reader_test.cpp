@@ -50,9 +50,32 @@ TEST(BatchReader, StatementsOfOneShapeDifferOnlyInTheirValues) {
     ASSERT_EQ(read.statements.size(), 3U);
     EXPECT_EQ(read.statements[0].shape, "insert accsum values(#,~)");
     EXPECT_EQ(read.statements[1].shape, read.statements[0].shape);
-    EXPECT_EQ(read.statements[1].hash, read.statements[0].hash);
     EXPECT_EQ(read.statements[1].values, "-30, 0.0");
-    EXPECT_NE(read.statements[2].hash, read.statements[0].hash);
+    EXPECT_NE(read.statements[2].shape, read.statements[0].shape);
+}
+
+TEST(BatchReader, ReadsAnInsertThatBeginsLikeTheOneBeforeAsIfItStoodAlone) {
+    for (const std::string head :
+         {"INSERT A Values( ", "insert into A (b, c) VALUES(", "INSERT A -- (\n Values ("})
+        for (const std::string first : {"1, 2 )", "'(', -1 )", "1 ), ( 2 )"})
+            for (const std::string next :
+                 {"1, 2.5 )", "-1,'a''b', NULL )", "1 + 2, 3 )", "1 ), ( 2, 'x' )", "abs( 1 ) );",
+                  ")", "1 )\nDELETE B"}) {
+                const auto alone = readStatements(head + next);
+                auto read = readStatements(head + first + "\n" + head + next);
+                ASSERT_TRUE(read.status && alone.status) << head << next;
+                read.statements.erase(read.statements.begin());
+                EXPECT_EQ(read.statements, alone.statements) << head << next;
+            }
+}
+
+TEST(BatchReader, TellsWhereAnInsertFailsThatBeginsLikeTheOneBefore) {
+    EXPECT_EQ(failureOf("INSERT A Values( 1 )\nINSERT A Values( 1 2 )"),
+              "line 2, column 20: two values in a row");
+    EXPECT_EQ(failureOf("INSERT A Values( 1 )\nINSERT A Values( 1"),
+              "line 2, column 16: a parenthesis is not closed");
+    EXPECT_EQ(failureOf("INSERT A Values( 1 )\nINSERT A Values("),
+              "line 2, column 16: a parenthesis is not closed");
 }
 
 TEST(BatchReader, SplitsAtLineEndsOfBothKindsAndAtSemicolons) {

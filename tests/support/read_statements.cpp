@@ -39,7 +39,7 @@ BatchCopy readStatements(std::string_view batch) {
     BatchReader reader(batch);
     ReadStatement statement;
     while (reader.next(statement))
-        copy.statements.push_back({statement.kind, std::string(statement.shape), statement.hash,
+        copy.statements.push_back({statement.kind, std::string(statement.shape),
                                    valuesText(statement.values), statement.isWorthKeeping});
     copy.status = reader.status();
     return copy;

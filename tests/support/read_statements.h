@@ -12,7 +12,6 @@ namespace chengheng {
 struct StatementCopy {
     StatementKind kind = StatementKind::select;
     std::string shape;
-    std::uint64_t hash = 0;
     /// "1, 2.5, 'text'"
     std::string values;
     bool isWorthKeeping = true;
