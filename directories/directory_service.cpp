@@ -127,8 +127,7 @@ UntoldOutcome DirectoryService::refuse(CNbCwDB& database, const DirectoryRecord&
     const DirectoryRecord* bearer = sharedNameToAsk(facts, bearers);
     if (bearer == nullptr) return UntoldOutcome::done();
     const Answer answer = m_messages.ask(
-        {.text = fmt::format(texts::nameShared, m_directory.noun, directoryLine(*bearer)),
-         .preset = Answer::no});
+        {.text = fmt::format(texts::nameShared, m_directory.noun, directoryLine(*bearer))});
     return {answer == Answer::yes ? Outcome::done : Outcome::refused};
 }
 

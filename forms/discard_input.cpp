@@ -5,9 +5,8 @@
 namespace chengheng {
 
 bool mayDiscardInput(IMessages& messages) {
-    return messages.ask({.text = form_texts::discardInput,
-                         .icon = MessageIcon::warning,
-                         .preset = Answer::no}) == Answer::yes;
+    return messages.ask({.text = form_texts::discardInput, .icon = MessageIcon::warning}) ==
+           Answer::yes;
 }
 
 }  // namespace chengheng

@@ -299,8 +299,7 @@ Outcome OperatorService::setSupervisor(bool isSupervisor, OperatorRecord& change
                                      ? fmt::format(texts::makeSupervisor, changed.user.sUserName)
                                      : fmt::format(texts::endSupervisor, changed.user.sUserName,
                                                    rightsInWords(changed.rights));
-    if (m_messages.ask({.text = question, .preset = Answer::no}) != Answer::yes)
-        return Outcome::refused;
+    if (m_messages.ask({.text = question}) != Answer::yes) return Outcome::refused;
     _UsersInfo user = changed.user;
     const Outcome outcome = changeRecords(
         m_messages, lockLists,
@@ -314,8 +313,9 @@ Outcome OperatorService::setSupervisor(bool isSupervisor, OperatorRecord& change
 }
 
 bool OperatorService::mayReadAgain() {
-    return m_messages.ask({.text = texts::goneReload, .icon = MessageIcon::information}) ==
-           Answer::yes;
+    return m_messages.ask({.text = texts::goneReload,
+                           .icon = MessageIcon::information,
+                           .preset = Answer::yes}) == Answer::yes;
 }
 
 }  // namespace chengheng

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <array>
+#include <optional>
 #include <span>
 
 #include "screen/screen_texts.h"
@@ -73,7 +74,7 @@ struct Box {
     MessageIcon icon;
     bool beep;
     std::span<const BoxButton> buttons;  ///< the last one is the cautious one
-    Answer preset;
+    std::optional<Answer> preset;
 };
 
 /// A button that shows the detail instead of closing the box.
@@ -105,7 +106,8 @@ Answer show(const Box& content) {
         button->setText(QString::fromUtf8(offered.caption));
         button->setIcon(QIcon());
         if (offered.key != Qt::Key_unknown) button->setShortcut(offered.key);
-        if (offered.answer == content.preset) box.setDefaultButton(button);
+        if (offered.answer == content.preset.value_or(content.buttons.back().answer))
+            box.setDefaultButton(button);
     }
     box.setEscapeButton(content.buttons.back().standard);
     if (content.beep) QApplication::beep();

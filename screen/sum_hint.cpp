@@ -44,7 +44,7 @@ class SumHint final : public QObject {
     void tell() {
         const QString sum = m_sumOf(m_field.text());
         m_field.setAccessibleDescription(sum);
-        if (sum.isEmpty() || !m_field.hasFocus()) return hide();
+        if (sum.isEmpty() || m_field.window()->focusWidget() != &m_field) return hide();
         if (m_label == nullptr) makeLabel();
         m_label->setText(sum);
         m_label->adjustSize();

@@ -298,7 +298,8 @@ void LogonWindow::makeNewYear() {
                                  .arg(QString::fromStdString(made->setName))
                                  .arg(made->year)
                                  .arg(QString::fromStdString(shownLocation(made->place)), carried);
-    if (m_messages.ask({.text = question.toStdString()}) == Answer::yes) logOn();
+    if (m_messages.ask({.text = question.toStdString(), .preset = Answer::yes}) == Answer::yes)
+        logOn();
 }
 
 QString LogonWindow::carryIntoNewYear() {

@@ -143,8 +143,7 @@ AccountChange AccountService::modify(const _CodeInfo& shown, const AccountEntry&
 AccountChange AccountService::remove(std::string_view code, std::string_view name) {
     AccountChange change;
     const Question question{.text = account_texts::askDeletion(code, name),
-                            .buttons = AnswerButtons::okCancel,
-                            .preset = Answer::ok};
+                            .buttons = AnswerButtons::okCancel};
     if (m_messages.ask(question) != Answer::ok) {
         change.outcome = Outcome::refused;
         return change;

@@ -207,8 +207,7 @@ std::vector<AccountQuestion> modificationQuestions(const AccountFacts& facts) {
             questions.push_back(
                 {{.text = account_texts::changeOfUsed(facts.before->sCode, place, kind),
                   .buttons = AnswerButtons::okCancel,
-                  .icon = MessageIcon::stop,
-                  .preset = Answer::cancel},
+                  .icon = MessageIcon::stop},
                  fieldOf(kind)});
     }
     return questions;

@@ -68,8 +68,7 @@ const char* EntryForm::title() const {
 
 bool EntryForm::mayGiveUp(bool isByButton) {
     if (!isChanged() || (isByButton && !m_member.asksBeforeGivingUp)) return true;
-    return m_messages.ask({.text = auxiliary_texts::discardInput, .preset = Answer::no}) ==
-           Answer::yes;
+    return m_messages.ask({.text = auxiliary_texts::discardInput}) == Answer::yes;
 }
 
 const DimensionChoice* EntryForm::chosen(Dimension dimension) const {

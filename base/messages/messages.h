@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,8 +34,9 @@ struct Question {
     MessageIcon icon = MessageIcon::question;
     std::string caption = defaultCaption;
     bool beep = false;
-    /// What Enter gives; Escape always gives the cautious one (no, cancel).
-    Answer preset = Answer::yes;
+    /// What Enter gives: the cautious one (no, cancel) unless another loses nothing either. Escape
+    /// always gives the cautious one.
+    std::optional<Answer> preset = {};
     std::string detail = {};  ///< as that of a notice
 };
 

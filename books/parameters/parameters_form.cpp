@@ -20,8 +20,7 @@ bool ParametersForm::save() {
     ParametersPlan plan;
     if (m_service.plan(given, plan) != Outcome::done) return false;
     if (plan.changes.empty()) return true;
-    if (m_messages.ask({.text = plan.question(), .preset = Answer::no}) != Answer::yes)
-        return false;
+    if (m_messages.ask({.text = plan.question()}) != Answer::yes) return false;
     const Outcome outcome = m_service.change(given);
     if (outcome == Outcome::done) return true;
     if (outcome != Outcome::stale) return false;

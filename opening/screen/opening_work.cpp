@@ -321,14 +321,14 @@ bool OpeningWork::mayClose() {
     const HeldMessages::Hold oneBox(m_messages);
     const TrialBalance balance = trialBalance();
     if (!balance.isBalanced()) {
-        const Answer answer =
-            m_messages.ask({.text = balance.closePrompt(), .icon = MessageIcon::information});
+        const Answer answer = m_messages.ask({.text = balance.closePrompt(),
+                                              .icon = MessageIcon::information,
+                                              .preset = Answer::yes});
         if (answer != Answer::yes) return false;
     }
     const bool isRead = !balance.isBalanced() || refresh() == Outcome::done;
     return (isRead && save() == Outcome::done) || !m_isChanged ||
-           m_messages.ask({.text = opening_texts::closeUnsaved, .preset = Answer::no}) ==
-               Answer::yes;
+           m_messages.ask({.text = opening_texts::closeUnsaved}) == Answer::yes;
 }
 
 }  // namespace chengheng

@@ -25,8 +25,7 @@ bool isAccepted(IMessages& messages, const RowPlan& plan) {
     if (asked == 0) return true;
     return messages.ask({.text = fmt::format(plan_texts::askAcceptance, asked),
                          .buttons = AnswerButtons::okCancel,
-                         .icon = MessageIcon::stop,
-                         .preset = Answer::cancel}) == Answer::ok;
+                         .icon = MessageIcon::stop}) == Answer::ok;
 }
 
 std::string importInWords(const char* what, std::size_t added, std::size_t changed) {

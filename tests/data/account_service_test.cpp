@@ -391,7 +391,7 @@ TEST_P(Accounts, ChangedOrDeletedElsewhereAreToldWithABeep) {
     m_books.messages().willAnswer(Answer::ok);
     EXPECT_EQ(m_books.service().remove("1001", "别名").outcome, Outcome::stale);
     EXPECT_TRUE(m_books.messages().notices().empty());
-    EXPECT_EQ(m_books.messages().questions().back().preset, Answer::ok);
+    EXPECT_EQ(m_books.messages().questions().back().preset, std::nullopt);
     EXPECT_FALSE(m_books.holdsLocks());
 }
 

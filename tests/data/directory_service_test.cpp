@@ -121,7 +121,7 @@ TEST_P(DirectoryServices, AskBeforeTwoUnitsBearOneName) {
     const char* asked = "已有同名的单位“U1 甲公司”。\n\n仍要使用这个名称吗?";
     m_books.messages().willAnswer(asked, Answer::no);
     EXPECT_EQ(add(unit, "U3", "甲公司"), Outcome::refused);
-    EXPECT_EQ(m_books.messages().questions().back().preset, Answer::no);
+    EXPECT_EQ(m_books.messages().questions().back().preset, std::nullopt);
     EXPECT_EQ(lines(unit).size(), 2u);
     m_books.messages().willAnswer(asked, Answer::yes);
     EXPECT_EQ(add(unit, "U3", "甲公司"), Outcome::done);

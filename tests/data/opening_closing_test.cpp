@@ -201,7 +201,7 @@ TEST_P(OpeningClosing, MayBeClosedUnsavedWhenSavingFails) {
     EXPECT_EQ(messages().texts()[0], "期初余额试算不平衡,差额为100.00,是否退出?");
     EXPECT_EQ(messages().texts()[1], opening_texts::closeUnsaved);
     EXPECT_THAT(messages().questions().back().detail, tellsOf(Failure::full));
-    EXPECT_EQ(messages().questions().back().preset, Answer::no);
+    EXPECT_EQ(messages().questions().back().preset, std::nullopt);
 }
 
 TEST_P(OpeningClosing, ClosesUnaskedWhenNothingWasChangedThoughTheBooksCannotBeRead) {

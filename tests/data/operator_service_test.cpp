@@ -329,7 +329,7 @@ TEST_P(Operators, BecomeSupervisorsAndOperatorsAgainAfterAQuestion) {
         "主管可以使用全部功能,并可以增加、修改、删除操作员和分配权限。",
         Answer::no);
     EXPECT_EQ(m_service.setSupervisor(true, known(2)), Outcome::refused);
-    EXPECT_EQ(m_books.messages.questions().front().preset, Answer::no);
+    EXPECT_EQ(m_books.messages.questions().front().preset, std::nullopt);
     m_books.messages.willAnswer(Answer::yes);
     EXPECT_EQ(m_service.setSupervisor(true, known(2)), Outcome::done);
     EXPECT_TRUE(known(2).isSupervisor());

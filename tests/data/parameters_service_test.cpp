@@ -230,7 +230,7 @@ TEST_P(ParametersFormAtWork, AsksWithWhatIsTouchedAndWritesOnYesAlone) {
         "\n是否修改?";
     m_books.messages.willAnswer(question, Answer::no);
     EXPECT_FALSE(m_form.save());
-    EXPECT_EQ(m_books.messages.questions()[0].preset, Answer::no);
+    EXPECT_EQ(m_books.messages.questions()[0].preset, std::nullopt);
     EXPECT_EQ(m_books.stored(), madeParameters());
     EXPECT_EQ(m_form.input.company, "乙公司");
     m_books.messages.willAnswer(question, Answer::yes);

@@ -386,7 +386,7 @@ TEST_F(Modifications, AskAboutEachPlaceAndWithinItAboutEachKindThatChanged) {
         asked.push_back(question.question.text);
         EXPECT_EQ(question.question.icon, MessageIcon::stop);
         EXPECT_EQ(question.question.buttons, AnswerButtons::okCancel);
-        EXPECT_EQ(question.question.preset, Answer::cancel) << "Enter alone changes nothing";
+        EXPECT_EQ(question.question.preset, std::nullopt) << "Enter alone changes nothing";
     }
     EXPECT_EQ(asked.size(), 21u);
     EXPECT_EQ(asked, expected);

@@ -293,7 +293,7 @@ TEST_F(ListFormTest, AsksBeforeInputIsLostAndReturnsToIt) {
     EXPECT_FALSE(form.mayLeaveInput());
     EXPECT_EQ(form.input, "c");
     EXPECT_EQ(form.selectedId(), 1);
-    EXPECT_EQ(messages.questions()[0].preset, Answer::no);
+    EXPECT_EQ(messages.questions()[0].preset, std::nullopt);
     EXPECT_EQ(messages.questions()[0].buttons, AnswerButtons::yesNo);
     EXPECT_EQ(messages.questions()[0].icon, MessageIcon::warning);
 }

@@ -242,7 +242,9 @@ TEST_F(AuxiliaryWindowTest, ShowsWhatASumComesToBesideItsField) {
         ASSERT_EQ(hints.size(), 1);
         EXPECT_EQ(hints.front()->text(), "= 113.00");
         EXPECT_TRUE(hints.front()->isVisible());
-        record.findChild<QLineEdit*>("sDigest")->setFocus();
+        // Without a display no field is told that it has lost the keyboard.
+        QFocusEvent left(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(money, &left);
         EXPECT_FALSE(hints.front()->isVisible());
         money->clear();
         QTest::keyClick(&record, Qt::Key_Escape);

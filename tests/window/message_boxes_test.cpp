@@ -126,6 +126,15 @@ TEST(MessageBoxes, TakeEnterAsThePresetAnswer) {
     EXPECT_EQ(answerByKey({.text = "删除吗?", .preset = Answer::no}, Qt::Key_Return), Answer::no);
 }
 
+TEST(MessageBoxes, TakeEnterAsTheCautiousAnswerWhereNoneIsPreset) {
+    EXPECT_EQ(answerByKey({.text = "删除吗?"}, Qt::Key_Return), Answer::no);
+    EXPECT_EQ(answerByKey({.text = "接受吗?", .buttons = AnswerButtons::okCancel}, Qt::Key_Return),
+              Answer::cancel);
+    EXPECT_EQ(
+        answerByKey({.text = "保存吗?", .buttons = AnswerButtons::yesNoCancel}, Qt::Key_Return),
+        Answer::cancel);
+}
+
 TEST(MessageBoxes, TakeEscapeAsTheCautiousAnswer) {
     EXPECT_EQ(answerByKey({.text = "删除吗?"}, Qt::Key_Escape), Answer::no);
     EXPECT_EQ(answerByKey({.text = "接受吗?", .buttons = AnswerButtons::okCancel}, Qt::Key_Escape),

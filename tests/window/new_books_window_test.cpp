@@ -120,7 +120,7 @@ TEST(NewBooksWindow, EscapeAndTheFrameAskBeforeWhatWasTypedGoes) {
     form.messages.willAnswer(discardQuestion, Answer::no);
     QTest::keyClick(&form.window, Qt::Key_Escape);
     ASSERT_EQ(form.messages.questions().size(), 1U);
-    EXPECT_EQ(form.messages.questions().front().preset, Answer::no);
+    EXPECT_EQ(form.messages.questions().front().preset, std::nullopt);
     EXPECT_TRUE(form.window.isVisible());
     EXPECT_EQ(form.window.findChild<QLineEdit*>("name")->text(), "示例帐套");
     form.messages.willAnswer(discardQuestion, Answer::no);
