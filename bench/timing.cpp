@@ -34,8 +34,12 @@ void reportTimes(const std::string& name, const Pair& pair, double target, int r
     // What else the machine does only adds to a time.
     const double leastOurs = std::ranges::min(ours);
     const double leastFloor = std::ranges::min(floor);
-    std::printf("%s, %.1f ms, %.1f ms, %.2f, %.2f\n", name.c_str(), leastOurs, leastFloor,
-                leastOurs / leastFloor, target);
+    reportTime(name, leastOurs, leastFloor, target);
+}
+
+void reportTime(const std::string& name, double ours, double floor, double target) {
+    std::printf("%s, %.1f ms, %.1f ms, %.2f, %.2f\n", name.c_str(), ours, floor, ours / floor,
+                target);
     std::fflush(stdout);
 }
 

@@ -18,6 +18,9 @@ struct Pair {
 /// times in milliseconds.
 void reportTimes(const std::string& name, const Pair& pair, double target, int runs = 5);
 
+/// Prints the line of times that were taken elsewhere, in milliseconds.
+void reportTime(const std::string& name, double ours, double floor, double target);
+
 /// The same for work whose floor is nothing: the least time against the longest it may take.
 void reportLimit(const std::string& name, const std::function<void()>& work, double most,
                  int runs = 5);

@@ -38,19 +38,27 @@ TrialBalance::TrialBalance(std::span<const _zCodeClassInfo> classes,
     if (classes.size() > classesWithoutCut) classes = classes.first(classes.size() - 1);
     for (const _zCodeClassInfo& each : classes)
         m_classes.push_back({each.sClsName, each.bDirect == 1, {}});
-    for (const OpeningAccount& account : accounts)
-        if (account.isEnd && account.opening() != 0) add(account);
+    // Accounts of one class come one after the other.
+    const std::string* type = nullptr;
+    std::vector<ClassSum*> ofType;
+    for (const OpeningAccount& account : accounts) {
+        if (!account.isEnd || account.opening() == 0) continue;
+        if (type == nullptr || account.type != *type) {
+            type = &account.type;
+            ofType.clear();
+            for (ClassSum& each : m_classes)
+                if (each.name == *type) ofType.push_back(&each);
+        }
+        for (ClassSum* const each : ofType) add(account, *each);
+    }
     for (const ClassSum& each : m_classes) (each.isDebit ? m_debits : m_credits) += each.sum;
 }
 
-void TrialBalance::add(const OpeningAccount& account) {
-    for (ClassSum& each : m_classes) {
-        if (each.name != account.type) continue;
-        if (each.isDebit == account.isDebit)
-            each.sum.add(account.opening());
-        else
-            each.sum.subtract(account.opening());
-    }
+void TrialBalance::add(const OpeningAccount& account, ClassSum& sum) {
+    if (sum.isDebit == account.isDebit)
+        sum.sum.add(account.opening());
+    else
+        sum.sum.subtract(account.opening());
 }
 
 double TrialBalance::surplus() const {

@@ -56,7 +56,7 @@ class TrialBalance {
     std::string closePrompt() const;
 
   private:
-    void add(const OpeningAccount& account);
+    static void add(const OpeningAccount& account, ClassSum& sum);
 
     std::vector<ClassSum> m_classes;
     MoneySum m_debits;

@@ -46,6 +46,18 @@ TEST(TrialBalances, CountWithoutClassesAsBalanced) {
     EXPECT_EQ(texts.result, "试算结果平衡");
 }
 
+TEST(TrialBalances, CountAccountsOfClassesThatTakeTurns) {
+    const TrialBalance balance = balanceOf({{"1001", 5},
+                                            creditOf("1002", 3),
+                                            {"1003", 7},
+                                            {"1004", 100, true, "无此类"},
+                                            {"1005", 11},
+                                            creditOf("1006", 13)},
+                                           firstClasses(2));
+    EXPECT_EQ(balance.debitTotal(), 23);
+    EXPECT_EQ(balance.creditTotal(), 16);
+}
+
 TEST(TrialBalances, ShowEachClassInOrderOnItsSide) {
     const TrialBalanceTexts texts = balanceOf({{"1001", 1500.5},
                                                creditOf("2001", 1000),
