@@ -50,7 +50,7 @@ TEST_P(ToolOnBooks, InfoShowsTheBooksToAProgram) {
     EXPECT_EQ(info["tables"]["Code"], 6);
     EXPECT_EQ(info["tables"]["ProjItems01"], 1);
     EXPECT_GT(info["bytes"], 0);
-    EXPECT_EQ(info["formatVersion"], 6);
+    EXPECT_EQ(info["formatVersion"], 7);
 }
 
 TEST_P(ToolOnBooks, NamesCannotSteerTheTerminal) {
