@@ -4,11 +4,11 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTranslator>
 
 #include "screen/colours.h"
 #include "screen/fonts.h"
+#include "screen/host_style.h"
 #include "screen/resources.h"
 #include "screen/screen_texts.h"
 
@@ -44,7 +44,7 @@ void prepareApplication(QApplication& application) {
                          QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(translator);
     }
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new HostStyle);
     QApplication::setPalette(hostPalette());
     QApplication::setFont(windowFont());
     QApplication::setWindowIcon(applicationIcon());
