@@ -30,6 +30,8 @@ inline constexpr std::array unitKinds{"客户兼供应商", "客户", "供应商
 inline constexpr const char* openGroups = "目录...";
 inline constexpr const char* add = "增加(&N)...";
 inline constexpr const char* openDirectory = "目录(&D)...";
+/// {} is the title of the directory.
+inline constexpr const char* emptyDirectory = "“{}”中还没有记录。\n按“增加”就地录入一条。";
 
 inline constexpr const char* codeEmpty = "{}编码不能为空";
 inline constexpr const char* codeBlank = "{}编码不能包含空格";

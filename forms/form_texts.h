@@ -18,6 +18,9 @@ inline constexpr const char* helpButton = "帮助";
 inline constexpr const char* toolBar = "工具栏";
 
 inline constexpr const char* filter = "筛选(&L):";
+inline constexpr const char* noRecords = "还没有记录。\n按 Ctrl+N 增加第一条。";
+inline constexpr const char* noneFiltered =
+    "没有含有所筛选文字的记录。\n清空“筛选”可看到全部记录。";
 inline constexpr const char* used = "已使用";
 inline constexpr const char* usedIn = "已使用: {}";
 /// A record and what it belongs to.

@@ -13,6 +13,7 @@
 #include "screen/host_events.h"
 #include "screen/screen_texts.h"
 #include "screen/shown.h"
+#include "screen/window_shape.h"
 #include "session/host_messages.h"
 
 namespace chengheng {
@@ -69,7 +70,10 @@ int DialogFrame::exec() {
 
 void DialogFrame::setVisible(bool visible) {
     if (visible && !initialise()) return;
-    if (visible && !isVisible()) fitToScreen(*this);
+    if (visible && !isVisible()) {
+        fitToScreen(*this);
+        prepareShape(*this);
+    }
     QDialog::setVisible(visible);
 }
 

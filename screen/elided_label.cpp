@@ -9,6 +9,17 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
+void ElidedLabel::setCharacters(int characters) {
+    m_characters = characters;
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+QSize ElidedLabel::sizeHint() const {
+    const QSize hint = QLabel::sizeHint();
+    if (m_characters == 0) return hint;
+    return {m_characters * fontMetrics().horizontalAdvance(QLatin1Char('0')), hint.height()};
+}
+
 QSize ElidedLabel::minimumSizeHint() const { return {0, QLabel::minimumSizeHint().height()}; }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {

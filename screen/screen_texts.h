@@ -79,6 +79,10 @@ inline constexpr const char* close = "关闭";
 inline constexpr const char* pickerCode = "编码";
 inline constexpr const char* pickerName = "名称";
 inline constexpr const char* pickerSearch = "查找(&Q):";
+inline constexpr const char* resetColumns = "恢复默认列宽和窗口大小";
+inline constexpr const char* pickerEmpty = "还没有可选的记录。";
+inline constexpr const char* pickerNotFound =
+    "没有编码、名称或拼音首字母含有所查文字的记录。\n清空“查找”可看到全部记录。";
 inline constexpr const char* sheetFilter = "表格文件 (*.csv *.xlsx)";
 
 }  // namespace chengheng::screen_texts

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <utility>
 
+#include "screen/elided_label.h"
+
 namespace chengheng {
 namespace {
 
@@ -15,7 +17,7 @@ constexpr int resultCharacters = 14;
 }  // namespace
 
 SearchBar::SearchBar(const QString& label, const QString& hint, QWidget* parent)
-    : QWidget(parent), m_field(new QLineEdit(this)), m_result(new QLabel(this)) {
+    : QWidget(parent), m_field(new QLineEdit(this)), m_result(new ElidedLabel(this)) {
     const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
     auto* caption = new QLabel(label, this);
     caption->setBuddy(m_field);
@@ -25,8 +27,7 @@ SearchBar::SearchBar(const QString& label, const QString& hint, QWidget* parent)
     m_field->setMinimumWidth(fieldCharacters * character);
     m_field->installEventFilter(this);
     m_result->setObjectName(QStringLiteral("searchResult"));
-    m_result->setTextFormat(Qt::PlainText);
-    m_result->setMinimumWidth(resultCharacters * character);
+    m_result->setCharacters(resultCharacters);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(caption);

@@ -2,10 +2,10 @@
 
 #include <QWidget>
 
-class QLabel;
 class QLineEdit;
 
 namespace chengheng {
+class ElidedLabel;
 
 /// A search beside a grid: a field, and what it has found. It says what is typed and when the
 /// operator goes on to the next or back to the previous match; looking is the window's business.
@@ -41,7 +41,7 @@ class SearchBar final : public QWidget {
     bool handleKey(int key, Qt::KeyboardModifiers modifiers);
 
     QLineEdit* m_field;
-    QLabel* m_result;
+    ElidedLabel* m_result;
     bool m_isTyped = false;  ///< what is shown is the match of the text as it was just typed
 };
 

@@ -19,6 +19,7 @@
 #include "screen/application.h"
 #include "screen/message_boxes.h"
 #include "screen/report/screen_report_printer.h"
+#include "screen/window_memory.h"
 #include "session/failure_texts.h"
 #include "session/host_messages.h"
 #include "shell/connection_loss.h"
@@ -115,6 +116,8 @@ bool logOnInWindow(Program& program, const LaunchOptions& options) {
 
 ProgramExit runShell(const LaunchOptions& options, const std::function<void()>& work) {
     Program program;
+    if (const std::string folder = program.registry.folder(); !folder.empty())
+        keepWindowsIn(QString::fromStdString(folder + "/windows.ini"));
     if (options.isComplete()) {
         if (const auto refused = logOnSilently(program, options)) return *refused;
     } else if (!logOnInWindow(program, options)) {

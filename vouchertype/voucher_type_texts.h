@@ -15,6 +15,8 @@ inline constexpr const char* accountTwo = "科目二";
 
 /// Heads the accounts to choose from; one of them: code and name.
 inline constexpr const char* firstLevelAccounts = "一级科目";
+inline constexpr const char* noFirstLevelAccounts =
+    "还没有一级科目。\n请先在“会计科目”中增加,再回到这里选择。";
 inline constexpr const char* choose = "选择...";
 inline constexpr const char* chooseAccount = "选择{}";
 

@@ -22,5 +22,6 @@ inline constexpr int importChart = 50020;
 inline constexpr int exportChart = 50021;
 inline constexpr int whereUsed = 50022;
 inline constexpr int history = 50023;
+inline constexpr int resetColumns = 50024;
 
 }  // namespace chengheng::chart_command

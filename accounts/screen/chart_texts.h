@@ -69,6 +69,8 @@ inline constexpr const char* classOfUsedAbove =
 
 inline constexpr const char* browseCurrency = "选择币种";
 
+inline constexpr const char* noCurrencies = "还没有外币。\n请先在“外币汇率”中增加,再回到这里选择。";
+
 inline constexpr const char* usedTitle = "科目使用情况";
 inline constexpr const char* usedHeading = "科目 {} 及其下级科目的使用情况:";
 inline constexpr const char* usedNowhere = "科目 {} 及其下级科目没有在任何地方使用。";

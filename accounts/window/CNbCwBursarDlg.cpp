@@ -47,7 +47,6 @@ bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 CNbCwBursarDlg::CNbCwBursarDlg(QWidget* parent)
     : CNxMiddleDialog(chengheng::dialog_templates::bursar, parent) {
     setWindowTitle(shown(chart_texts::title));
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
 }
 
 // The grid goes before the accounts that it shows.
@@ -166,6 +165,7 @@ bool CNbCwBursarDlg::OnCommand(int command) {
         {chart_command::find, &CNbCwBursarDlg::OnMenuFind},
         {chart_command::whereUsed, &CNbCwBursarDlg::OnMenuWhereUsed},
         {chart_command::history, &CNbCwBursarDlg::OnMenuHistory},
+        {chart_command::resetColumns, &CNbCwBursarDlg::OnMenuResetColumns},
         {chart_command::importChart, &CNbCwBursarDlg::OnMenuImport},
         {chart_command::exportChart, &CNbCwBursarDlg::OnMenuExport},
         {chart_command::help, &CNbCwBursarDlg::OnMenuHelp},
@@ -196,6 +196,7 @@ void CNbCwBursarDlg::OnMenuDelete() { m_actions->remove(); }
 void CNbCwBursarDlg::OnMenuAppoint() { m_actions->designate(); }
 void CNbCwBursarDlg::OnMenuWhereUsed() { m_actions->showUses(); }
 void CNbCwBursarDlg::OnMenuHistory() { m_actions->showHistory(); }
+void CNbCwBursarDlg::OnMenuResetColumns() { m_grid->resetLayout(); }
 
 void CNbCwBursarDlg::OnMenuImport() {
     const auto outcome = chengheng::importFromChosenFile(messages(), this);

@@ -65,6 +65,7 @@ class CHENGHENG_MODULE_EXPORT CNbCwBursarDlg : public CNxMiddleDialog {
     void OnMenuRefurbish();  // sic
     void OnMenuWhereUsed();
     void OnMenuHistory();
+    void OnMenuResetColumns();
     void OnMenuImport();
     void OnMenuExport();
     void OnMenuHelp();

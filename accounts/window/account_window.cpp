@@ -146,6 +146,7 @@ void AccountWindow::browseCurrency() {
     for (const _CyrencyInfo& currency : cachedCurrencies())
         rows.push_back({currency.sExchCode, currency.sExchName});
     PickerWindow picker(shown(chart_texts::browseCurrency), std::move(rows), this);
+    picker.setWordsWhenEmpty(shown(chart_texts::noCurrencies));
     const int chosen = picker.choose(m_ui->byExchId->currentIndex());
     if (chosen >= 0) m_ui->byExchId->setCurrentIndex(chosen);
 }

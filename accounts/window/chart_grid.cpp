@@ -1,17 +1,11 @@
 #include "accounts/window/chart_grid.h"
 
-#include <QHeaderView>
 #include <algorithm>
 
 #include "accounts/screen/chart_texts.h"
 #include "screen/shown.h"
 
 namespace chengheng {
-namespace {
-
-constexpr int nameColumn = static_cast<int>(ListColumn::name);
-
-}  // namespace
 
 ChartGrid::ChartGrid(ChartScreen& screen, QWidget* parent)
     : CVCF1(shown(chart_texts::title), Unit::row, parent),
@@ -20,7 +14,6 @@ ChartGrid::ChartGrid(ChartScreen& screen, QWidget* parent)
       m_model(screen, m_search) {
     setObjectName(QStringLiteral("chart"));
     setGridModel(&m_model);
-    horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
     setContextMenuPolicy(Qt::CustomContextMenu);
 }
 

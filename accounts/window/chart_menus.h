@@ -5,6 +5,7 @@
 #include "accounts/screen/chart_commands.h"
 #include "accounts/screen/chart_texts.h"
 #include "operationlog/history/history_texts.h"
+#include "screen/screen_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -28,6 +29,8 @@ inline constexpr MenuItemResource chartViewItems[] = {
     {chart_command::refurbish, chart_texts::refurbish},
     {chart_command::whereUsed, chart_texts::whereUsed},
     {chart_command::history, history_texts::title},
+    {0, ""},
+    {chart_command::resetColumns, screen_texts::resetColumns},
 };
 inline constexpr MenuItemResource chartHelpItems[] = {
     {chart_command::help, chart_texts::help},

@@ -4,7 +4,6 @@
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
@@ -21,7 +20,7 @@ namespace {
 
 constexpr QSize usedWindowSize(800, 420);
 constexpr int placesWidth = 180;
-constexpr int columnCharacters = 14;
+constexpr int columnCharacters = 6;
 
 /// Whether a column holds amounts, told by its first cell: "1,234.50".
 bool holdsAmounts(const UseSection& section, std::size_t column) {
@@ -85,12 +84,30 @@ bool UsedWindow::OnInitDialog() {
 }
 
 void UsedWindow::buildControls() {
-    const std::string text = m_sections.empty() ? fmt::format(chart_texts::usedNowhere, m_code)
-                                                : fmt::format(chart_texts::usedHeading, m_code);
-    auto* heading = new QLabel(shown(text), this);
-    heading->setTextFormat(Qt::PlainText);
-    m_more = new QLabel(this);
-    m_more->setTextFormat(Qt::PlainText);
+    auto* rows = new QVBoxLayout(this);
+    if (m_sections.empty()) {
+        rows->addWidget(makeLabel(fmt::format(chart_texts::usedNowhere, m_code)), 1,
+                        Qt::AlignCenter);
+    } else {
+        rows->addWidget(makeLabel(fmt::format(chart_texts::usedHeading, m_code)));
+        rows->addLayout(buildPlaces(), 1);
+        rows->addWidget(m_more);
+        m_places->setCurrentIndex(m_places->model()->index(0, 0));
+    }
+    auto* buttons = new QDialogButtonBox(this);
+    buttons->addButton(shown(chart_texts::close), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
+    rows->addWidget(buttons);
+}
+
+QLabel* UsedWindow::makeLabel(const std::string& text) {
+    auto* label = new QLabel(shown(text), this);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QLayout* UsedWindow::buildPlaces() {
+    m_more = makeLabel({});
     QStringList titles;
     for (const UseSection& section : m_sections)
         titles.append(shown(fmt::format(chart_texts::usedPlace, section.title, section.count)));
@@ -100,22 +117,13 @@ void UsedWindow::buildControls() {
     m_places->setAccessibleName(shown(chart_texts::usedPlaces));
     m_places->setFixedWidth(placesWidth);
     m_grid = new CVCF1(shown(chart_texts::usedRows), CVCF1::Unit::row, this);
-    m_grid->horizontalHeader()->setStretchLastSection(true);
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(shown(chart_texts::close), QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });
     connect(m_places->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) { showPlace(current.row()); });
 
     auto* columns = new QHBoxLayout;
     columns->addWidget(m_places);
     columns->addWidget(m_grid, 1);
-    auto* rows = new QVBoxLayout(this);
-    rows->addWidget(heading);
-    rows->addLayout(columns, 1);
-    rows->addWidget(m_more);
-    rows->addWidget(buttons);
-    m_places->setCurrentIndex(m_places->model()->index(0, 0));
+    return columns;
 }
 
 void UsedWindow::showPlace(int place) {
@@ -129,6 +137,7 @@ void UsedWindow::showPlace(int place) {
     m_more->setText(listed < section.count
                         ? shown(fmt::format(chart_texts::usedMore, section.count, listed))
                         : QString());
+    m_more->setVisible(!m_more->text().isEmpty());
 }
 
 }  // namespace chengheng

@@ -9,6 +9,7 @@
 
 class CVCF1;
 class QLabel;
+class QLayout;
 class QListView;
 
 namespace chengheng {
@@ -28,6 +29,8 @@ class UsedWindow final : public CNxMiddleDialog {
 
   private:
     void buildControls();
+    QLayout* buildPlaces();
+    QLabel* makeLabel(const std::string& text);
     void showPlace(int place);
 
     std::string m_code;

@@ -77,7 +77,6 @@ AuxiliaryWindow::AuxiliaryWindow(const AuxiliaryMember& member, std::string acco
       m_accountCode(std::move(accountCode)),
       m_work(messages(), member, isBrowsing) {
     setWindowTitle(shown(member.caption));
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
 }
 
 AuxiliaryWindow::~AuxiliaryWindow() = default;
@@ -91,8 +90,7 @@ bool AuxiliaryWindow::OnInitDialog() {
     buildControls();
     connectControls();
     g_lpHead->owner = this;
-    resize(std::max(openingSize.width(), m_grid->horizontalHeader()->length() + 6 * margin),
-           openingSize.height());
+    resize(std::max(openingSize.width(), m_grid->usualWidth() + 2 * margin), openingSize.height());
     fillAccounts();
     showChanges();
     m_grid->setCurrentRow(0);
@@ -150,7 +148,6 @@ QWidget* AuxiliaryWindow::buildTabs() {
     m_grid->setObjectName(QStringLiteral("entries"));
     m_grid->setGridModel(m_entries.get());
     m_grid->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_grid->horizontalHeader()->setStretchLastSection(true);
     m_grid->horizontalHeader()->setSectionsClickable(true);
     m_grid->horizontalHeader()->setSortIndicatorShown(true);
     m_grid->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);

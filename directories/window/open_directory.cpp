@@ -1,5 +1,7 @@
 #include "directories/window/open_directory.h"
 
+#include <fmt/format.h>
+
 #include "directories/directory_texts.h"
 #include "directories/window/directory_window.h"
 #include "screen/shown.h"
@@ -35,6 +37,8 @@ void offerDirectory(PickerWindow& picker, DirectoryKind kind, IMessages& message
     picker.addCommand(shown(directory_texts::add), add, PickerWindow::Afterwards::takeTheChosen);
     picker.addCommand(shown(directory_texts::openDirectory), browse,
                       PickerWindow::Afterwards::stay);
+    picker.setWordsWhenEmpty(
+        shown(fmt::format(directory_texts::emptyDirectory, directoryOf(kind).title)));
 }
 
 }  // namespace chengheng

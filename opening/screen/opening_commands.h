@@ -29,5 +29,6 @@ inline constexpr int previewCarry = 50122;
 inline constexpr int repeatCarry = 50123;
 inline constexpr int verifyCarry = 50124;
 inline constexpr int history = 50125;
+inline constexpr int resetColumns = 50126;
 
 }  // namespace chengheng::opening_command

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -43,7 +42,6 @@ using chengheng::shown;
 namespace {
 
 constexpr QSize openingSize(860, 640);
-constexpr int besideColumns = 48;
 
 }  // namespace
 
@@ -51,7 +49,6 @@ CNbCwBegleftDlg::CNbCwBegleftDlg(QWidget* parent)
     : CNxMiddleDialog(chengheng::dialog_templates::begleft, parent),
       m_atWork(opening_texts::title) {
     setWindowTitle(shown(opening_texts::title));
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
 }
 
 CNbCwBegleftDlg::~CNbCwBegleftDlg() = default;
@@ -61,7 +58,7 @@ bool CNbCwBegleftDlg::OnCreate() { return m_work.refresh() == Outcome::done; }
 bool CNbCwBegleftDlg::OnInitDialog() {
     buildControls();
     connectGrid();
-    const int columns = m_grid->horizontalHeader()->length() + besideColumns;
+    const int columns = m_grid->usualWidth() + 2 * chengheng::opening_layout::margin;
     resize(std::max(openingSize.width(), columns), openingSize.height());
     showChanges();
     m_grid->goToFirst();
@@ -201,6 +198,7 @@ bool CNbCwBegleftDlg::OnCommand(int command) {
         {opening_command::trialBalance, &CNbCwBegleftDlg::OnMenuBalance},
         {opening_command::find, &CNbCwBegleftDlg::OnMenuFind},
         {opening_command::history, &CNbCwBegleftDlg::OnMenuHistory},
+        {opening_command::resetColumns, &CNbCwBegleftDlg::OnMenuResetColumns},
         {opening_command::help, &CNbCwBegleftDlg::OnMenuHelp},
         {opening_command::search, &CNbCwBegleftDlg::OnMenuSearch},
         {opening_command::about, &CNbCwBegleftDlg::OnMenuAbout},
@@ -306,6 +304,8 @@ void CNbCwBegleftDlg::OnMenuBalance() {
     CBalanceTableDlg result(texts.inOrder(), !balance.isBalanced(), this);
     if (result.DoModal() == CBalanceTableDlg::causesWanted) OnMenuCauses();
 }
+
+void CNbCwBegleftDlg::OnMenuResetColumns() { m_grid->resetLayout(); }
 
 void CNbCwBegleftDlg::OnMenuHistory() {
     if (m_grid->hasLine()) chengheng::showFigureHistory(*m_grid, m_work.sheet());

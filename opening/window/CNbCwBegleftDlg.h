@@ -56,6 +56,7 @@ class CNbCwBegleftDlg : public CNxMiddleDialog {
     void OnMenuFind();
     /// Of the current figure.
     void OnMenuHistory();
+    void OnMenuResetColumns();
     void OnMenuHelp();
     void OnMenuSearch();
     void OnMenuAbout();

@@ -69,7 +69,10 @@ OpeningHeading::OpeningHeading(QWidget* parent)
     line->addWidget(m_searchBar);
 }
 
-void OpeningHeading::showMode(const char* text) { m_mode->setText(shown(text)); }
+void OpeningHeading::showMode(const char* text) {
+    m_mode->setText(shown(text));
+    m_mode->setVisible(!m_mode->text().isEmpty());
+}
 
 void OpeningHeading::showLayout(OpeningLayout layout) {
     m_disagreeing->setVisible(layout == OpeningLayout::midYear);

@@ -4,6 +4,7 @@
 #include "opening/sheet/opening_texts.h"
 #include "opening/window/carry_window_texts.h"
 #include "operationlog/history/history_texts.h"
+#include "screen/screen_texts.h"
 #include "screen/window_commands.h"
 
 namespace chengheng {
@@ -41,6 +42,8 @@ inline constexpr MenuItemResource openingViewItems[] = {
     {opening_command::find, opening_texts::menuFind},
     {opening_command::causes, opening_texts::causesTitle},
     {opening_command::history, history_texts::title},
+    {0, ""},
+    {opening_command::resetColumns, screen_texts::resetColumns},
 };
 inline constexpr MenuItemResource openingHelpItems[] = {
     {opening_command::help, opening_texts::menuHelp},

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <QFormLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -20,6 +19,7 @@
 #include "screen/colours.h"
 #include "screen/forms/leaf_model.h"
 #include "screen/forms/limited_edit.h"
+#include "screen/grid/empty_words.h"
 #include "screen/help/help_window.h"
 #include "screen/history/history_menu.h"
 #include "screen/host_events.h"
@@ -140,6 +140,7 @@ QWidget* ListFormDialog::buildList() {
     m_tree->setUniformRowHeights(true);
     m_tree->setModel(m_leaves);
 
+    m_emptyWords = new EmptyWords(*m_tree);
     offerHistoryOfLeaf();
 
     auto* list = new QWidget;
@@ -283,6 +284,8 @@ void ListFormDialog::showForm() {
     const LeafList& leaves = form().leaves();
     m_leaves->show(leaves);
     m_filterBar->setVisible(leaves.offersFilter());
+    m_emptyWords->setWords(QString::fromUtf8(leaves.filter().empty() ? form_texts::noRecords
+                                                                     : form_texts::noneFiltered));
     if (m_filter->text().toStdString() != leaves.filter())
         m_filter->setText(QString::fromStdString(leaves.filter()));
     const QModelIndex selected = m_leaves->indexOf(form().selectedId());

@@ -18,6 +18,7 @@ class QPushButton;
 class QTreeView;
 
 namespace chengheng {
+class EmptyWords;
 class LeafModel;
 class LimitedEdit;
 
@@ -124,6 +125,7 @@ class ListFormDialog : public CNxMiddleDialog {
     QWidget* m_list = nullptr;
     QWidget* m_panel = nullptr;
     QTreeView* m_tree = nullptr;
+    EmptyWords* m_emptyWords = nullptr;
     QWidget* m_filterBar = nullptr;
     QLineEdit* m_filter = nullptr;
     QFormLayout* m_fieldRows = nullptr;

@@ -6,14 +6,16 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "screen/grid/frozen_columns.h"
+#include "screen/grid/grid_columns.h"
 #include "screen/grid/grid_model.h"
 
 namespace {
 
 constexpr int rowPadding = 7;
-constexpr int cellPadding = 10;
+constexpr int leastColumn = 16;  // for what an operator may drag
 
 /// A cell's text without what would part cells or rows.
 QString cellText(const QModelIndex& index) {
@@ -39,13 +41,15 @@ CVCF1::CVCF1(const QString& name, Unit unit, QWidget* parent) : QTableView(paren
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(leastColumn);
     horizontalHeader()->setSectionsClickable(false);
     fitRowHeight();
+    m_columns = new chengheng::GridColumns(*this);
 }
 
 void CVCF1::setGridModel(chengheng::GridModel* model) {
     setModel(model);
-    fitColumns();
+    m_columns->begin(*model, m_unit == Unit::row);
 }
 
 void CVCF1::setFrozenColumns(int count) {
@@ -61,7 +65,26 @@ void CVCF1::updateGeometries() {
 void CVCF1::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
     if (m_frozen && dx != 0) m_frozen->follow();
+    if (dy != 0) m_columns->lookLater();
 }
+
+void CVCF1::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    m_columns->share();
+}
+
+void CVCF1::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    if (!std::exchange(m_isRecalled, true)) m_columns->recall();
+    m_columns->share();
+}
+
+void CVCF1::hideEvent(QHideEvent* event) {
+    m_columns->keep();
+    QTableView::hideEvent(event);
+}
+
+void CVCF1::contextMenuEvent(QContextMenuEvent* event) { showColumnMenu(event->globalPos()); }
 
 void CVCF1::scrollTo(const QModelIndex& index, ScrollHint hint) {
     QScrollBar& sideways = *horizontalScrollBar();
@@ -82,24 +105,19 @@ void CVCF1::fitRowHeight() {
     verticalHeader()->setDefaultSectionSize(height);
 }
 
-void CVCF1::fitColumns() {
-    const auto* grid = qobject_cast<const chengheng::GridModel*>(model());
-    if (!grid) return;
-    const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-    int position = 0;
-    for (const chengheng::GridColumn& column : grid->gridColumns()) {
-        const int header = fontMetrics().size(0, QString::fromUtf8(column.header)).width();
-        setColumnWidth(position, std::max(column.width * character, header) + cellPadding);
-        setColumnHidden(position, column.isHidden);
-        ++position;
-    }
+int CVCF1::usualWidth() const {
+    return m_columns->usualWidth() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
 }
+
+void CVCF1::resetLayout() { m_columns->resetLayout(); }
+
+void CVCF1::showColumnMenu(QPoint position) { m_columns->showMenu(position); }
 
 void CVCF1::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
     fitRowHeight();
-    fitColumns();
+    m_columns->share();
 }
 
 void CVCF1::setCurrentRow(int row) {

@@ -5,6 +5,7 @@
 
 namespace chengheng {
 class FrozenColumns;
+class GridColumns;
 class GridModel;
 }  // namespace chengheng
 
@@ -21,11 +22,19 @@ class CVCF1 : public QTableView {
     /// The name is what a screen reader calls it.
     CVCF1(const QString& name, Unit unit, QWidget* parent = nullptr);
 
-    /// Takes over widths and hidden columns. The model is not owned and must outlive the grid.
+    /// Takes over its columns, which share the grid's width by what they hold. The model is not
+    /// owned and must outlive the grid.
     void setGridModel(chengheng::GridModel* model);
     /// So many of the first columns stay in sight while the others are scrolled sideways. The
     /// model must have been set.
     void setFrozenColumns(int count);
+
+    /// As wide as the grid would like to be, with all columns as they are declared.
+    int usualWidth() const;
+    /// Forgets what the operator made of the columns, and of the size of the window.
+    void resetLayout();
+    /// What a click on the headers offers.
+    void showColumnMenu(QPoint position);
 
     /// The row the operator stands on; -1 when there is none.
     int currentRow() const { return currentIndex().row(); }
@@ -64,15 +73,20 @@ class CVCF1 : public QTableView {
     void mouseMoveEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void updateGeometries() override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
     void scrollContentsBy(int dx, int dy) override;
 
   private:
     void fitRowHeight();
-    void fitColumns();
     bool goToEdge(const QKeyEvent& event);
 
     Unit m_unit;
+    chengheng::GridColumns* m_columns = nullptr;
     chengheng::FrozenColumns* m_frozen = nullptr;
+    bool m_isRecalled = false;
 };

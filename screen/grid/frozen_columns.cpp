@@ -27,6 +27,7 @@ FrozenColumns::FrozenColumns(QTableView& grid, int count)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(grid.horizontalHeader()->minimumSectionSize());
     horizontalHeader()->setSectionsClickable(false);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, grid.verticalScrollBar(),
             &QScrollBar::setValue);
@@ -37,6 +38,11 @@ FrozenColumns::FrozenColumns(QTableView& grid, int count)
                 if (!isFrozen(column) || width == m_grid.columnWidth(column)) return;
                 m_grid.setColumnWidth(column, width);
                 follow();
+            });
+    horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(horizontalHeader(), &QWidget::customContextMenuRequested, this,
+            [this](QPoint position) {
+                emit m_grid.horizontalHeader()->customContextMenuRequested(position);
             });
     hide();
 }

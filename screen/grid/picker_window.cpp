@@ -1,7 +1,6 @@
 #include "screen/grid/picker_window.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,6 +11,7 @@
 #include "accounts/codes/mnemonic.h"
 #include "base/values/text.h"
 #include "screen/grid/CVCF1.h"
+#include "screen/grid/empty_words.h"
 #include "screen/grid/grid_model.h"
 #include "screen/screen_texts.h"
 
@@ -49,6 +49,7 @@ class PickerRows final : public GridModel {
             if (holds(position, wanted)) m_shown.push_back(position);
         endResetModel();
     }
+    bool hasRecords() const { return !m_rows.empty(); }
     void replace(std::vector<PickerRow> rows) {
         m_rows = std::move(rows);
         m_initials.clear();
@@ -104,6 +105,7 @@ PickerWindow::PickerWindow(const QString& title, std::unique_ptr<PickerRows> row
     setWindowTitle(title);
     resize(openingSize);
     buildControls();
+    explainNothing();
 }
 
 PickerWindow::~PickerWindow() = default;
@@ -112,7 +114,7 @@ void PickerWindow::buildControls() {
     auto* label = new QLabel(QString::fromUtf8(screen_texts::pickerSearch), this);
     label->setBuddy(m_wanted);
     m_grid->setGridModel(m_rows.get());
-    m_grid->horizontalHeader()->setStretchLastSection(true);
+    m_emptyWords = new EmptyWords(*m_grid);
     m_buttons = makeConfirmation();
     auto* search = new QHBoxLayout;
     search->addWidget(label);
@@ -135,7 +137,20 @@ void PickerWindow::buildControls() {
 
 void PickerWindow::narrow(const QString& wanted) {
     m_rows->narrow(wanted.trimmed().toStdString());
+    explainNothing();
     m_grid->setCurrentRow(0);
+}
+
+void PickerWindow::setWordsWhenEmpty(const QString& words) {
+    m_wordsWhenEmpty = words;
+    explainNothing();
+}
+
+void PickerWindow::explainNothing() {
+    const char* const nothing =
+        m_rows->hasRecords() ? screen_texts::pickerNotFound : screen_texts::pickerEmpty;
+    const bool isOwn = !m_rows->hasRecords() && !m_wordsWhenEmpty.isEmpty();
+    m_emptyWords->setWords(isOwn ? m_wordsWhenEmpty : QString::fromUtf8(nothing));
 }
 
 void PickerWindow::addCommand(const QString& text,
@@ -154,6 +169,7 @@ void PickerWindow::take(PickerChange change, Afterwards afterwards) {
     const int row = m_grid->currentRow();
     m_rows->replace(std::move(change.rows));
     m_rows->narrow(m_wanted->text().trimmed().toStdString());
+    explainNothing();
     if (change.chosen < 0) return m_grid->setCurrentRow(std::min(row, m_rows->rowCount() - 1));
     const auto chosen = static_cast<std::size_t>(change.chosen);
     if (m_rows->rowOf(chosen) < 0) m_wanted->clear();

@@ -11,6 +11,7 @@ class CVCF1;
 class QDialogButtonBox;
 class QLineEdit;
 namespace chengheng {
+class EmptyWords;
 class PickerRows;
 
 /// A record to choose: what stands in the two columns of the list.
@@ -43,6 +44,8 @@ class PickerWindow final : public DialogFrame {
     /// read, which the operator has been told.
     void addCommand(const QString& text, std::function<std::optional<PickerChange>()> work,
                     Afterwards afterwards);
+    /// What is read where there is nothing to choose: why, and what to do.
+    void setWordsWhenEmpty(const QString& words);
     /// Position of the row that is selected; -1 for none.
     int selected() const;
     /// Shows the list with a row selected; the position of the row chosen, -1 for none.
@@ -52,11 +55,14 @@ class PickerWindow final : public DialogFrame {
     PickerWindow(const QString& title, std::unique_ptr<PickerRows> rows, QWidget* parent);
     void buildControls();
     void narrow(const QString& wanted);
+    void explainNothing();
 
     void take(PickerChange change, Afterwards afterwards);
 
     std::unique_ptr<PickerRows> m_rows;
     CVCF1* m_grid;
+    EmptyWords* m_emptyWords = nullptr;
+    QString m_wordsWhenEmpty;
     QLineEdit* m_wanted;
     QDialogButtonBox* m_buttons = nullptr;
 };

@@ -1,7 +1,6 @@
 #include "screen/grid/plan_window.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -49,7 +48,6 @@ PlanWindow::~PlanWindow() = default;
 void PlanWindow::buildControls(const PlanContent& content) {
     auto* grid = new CVCF1(shown(content.rowsName), CVCF1::Unit::row, this);
     grid->setGridModel(m_rows.get());
-    grid->horizontalHeader()->setStretchLastSection(true);
     grid->setCurrentRow(firstRowToLookAt(*m_rows));
     auto* rows = new QVBoxLayout(this);
     addLines(*rows, content.above);

@@ -12,6 +12,7 @@
 #include "screen/fonts.h"
 #include "screen/help/help_pages.h"
 #include "screen/screen_texts.h"
+#include "screen/window_shape.h"
 
 namespace chengheng {
 namespace {
@@ -67,6 +68,11 @@ void HelpWindow::buildControls() {
             [this](const QModelIndex& current) { showRow(current.row()); });
     connect(m_page, &QTextBrowser::anchorClicked, this, &HelpWindow::followLink);
     m_contents->setFocus();
+}
+
+void HelpWindow::setVisible(bool visible) {
+    if (visible) prepareShape(*this);
+    QDialog::setVisible(visible);
 }
 
 void HelpWindow::fillContents(const QString& wanted) {

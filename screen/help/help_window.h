@@ -17,6 +17,7 @@ class HelpWindow final : public QDialog {
   public:
     explicit HelpWindow(QWidget* parent);
 
+    void setVisible(bool visible) override;
     void showContext(int context);
     /// Makes the search ready to be typed into.
     void startSearch();

@@ -1,7 +1,6 @@
 #include "screen/history/history_window.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -9,6 +8,7 @@
 
 #include "operationlog/history/history_texts.h"
 #include "screen/grid/CVCF1.h"
+#include "screen/grid/empty_words.h"
 #include "screen/grid/grid_model.h"
 #include "screen/shown.h"
 #include "session/last_failure.h"
@@ -108,16 +108,12 @@ void HistoryWindow::buildControls() {
     m_grid = new CVCF1(shown(texts::rows), CVCF1::Unit::row, this);
     m_rows = std::make_unique<HistoryRows>(m_history, messages());
     m_grid->setGridModel(m_rows.get());
-    m_grid->horizontalHeader()->setStretchLastSection(true);
     m_grid->setCurrentRow(0);
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(heading);
     rows->addWidget(m_grid, 1);
-    if (m_history.lines().empty()) {
-        auto* nothing = new QLabel(shown(m_history.hasLog() ? texts::nothing : texts::noLog), this);
-        nothing->setTextFormat(Qt::PlainText);
-        rows->addWidget(nothing);
-    }
+    if (m_history.lines().empty())
+        new EmptyWords(*m_grid, shown(m_history.hasLog() ? texts::nothing : texts::noLog));
     auto* buttons = new QDialogButtonBox(this);
     buttons->addButton(shown(texts::close), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { EndDialog(Rejected); });

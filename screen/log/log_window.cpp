@@ -4,7 +4,6 @@
 
 #include <QComboBox>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -165,7 +164,6 @@ QWidget* LogWindow::buildGrids() {
     m_changes = new CVCF1(shown(texts::changes), CVCF1::Unit::row);
     m_changes->setObjectName(QStringLiteral("changes"));
     m_changes->setGridModel(m_changeModel);
-    m_changes->horizontalHeader()->setStretchLastSection(true);
     m_count = new QLabel;
     m_count->setObjectName(QStringLiteral("count"));
     m_heading = new QLabel;

@@ -1,3 +1,4 @@
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QScrollBar>
 
@@ -109,6 +110,7 @@ TEST_F(ChartChangesTest, ShowsWhereTheCurrentAccountIsUsed) {
         EXPECT_EQ(list.windowTitle(), "科目使用情况");
         const auto labels = list.findChildren<QLabel*>();
         EXPECT_EQ(labels[0]->text(), "科目 1001 及其下级科目没有在任何地方使用。");
+        EXPECT_TRUE(list.findChildren<QAbstractItemView*>().isEmpty());
         QTest::keyClick(&list, Qt::Key_Escape);
     });
     window->choose("使用情况");

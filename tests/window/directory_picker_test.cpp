@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -107,6 +108,18 @@ TEST_F(DirectoryPickerTest, SelectsWhatWasLookedUpInTheDirectoryAndLetsOneChoose
         view("单位");
     }
     EXPECT_EQ(field("lEnterId"), "乙方");
+}
+
+TEST_F(DirectoryPickerTest, SaysWhatToDoWhereTheDirectoryIsEmpty) {
+    books.books().run("DELETE Enter WHERE lId > 0");
+    open(AuxiliaryKind::unit);
+    const NextModal picker([](QWidget& list) {
+        const auto* words = list.findChild<QLabel*>("emptyWords");
+        EXPECT_TRUE(words->isVisible());
+        EXPECT_EQ(words->text(), "“单位往来目录”中还没有记录。\n按“增加”就地录入一条。");
+        QTest::keyClick(&list, Qt::Key_Escape);
+    });
+    view("单位");
 }
 
 TEST_F(DirectoryPickerTest, LooksARecordUpAndKeepsItsPlace) {

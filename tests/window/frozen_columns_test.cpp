@@ -19,11 +19,11 @@ namespace {
 constexpr std::array frozenColumns{
     GridColumn{"科目编码", 10},
     GridColumn{"科目名称", 14},
-    GridColumn{"年初余额", 30},
-    GridColumn{"累计借方", 30},
+    GridColumn{"年初余额", 30, CellAlignment::number},
+    GridColumn{"累计借方", 30, CellAlignment::number},
     GridColumn{"编号", 10, CellAlignment::text, true},
-    GridColumn{"累计贷方", 30},
-    GridColumn{"期初余额", 30},
+    GridColumn{"累计贷方", 30, CellAlignment::number},
+    GridColumn{"期初余额", 30, CellAlignment::number},
 };
 
 class NamedCells final : public GridModel {
@@ -35,7 +35,7 @@ class NamedCells final : public GridModel {
 
   protected:
     QString text(int row, int column) const override {
-        return QStringLiteral("%1.%2").arg(row).arg(column);
+        return QStringLiteral("%1").arg(row) + (column < 2 ? "" : "123,456,789,012.00");
     }
 };
 

@@ -54,6 +54,13 @@ class OpeningWindowTest : public testing::Test {
         books.emplace(":memory:", layout);
         installed.emplace(books->messages());
     }
+    /// Into every column of figures of 1001.
+    void typeLargeFigures(std::string_view figure) {
+        books->work().refresh();
+        for (const auto field :
+             {OpeningField::yearStart, OpeningField::debit, OpeningField::credit})
+            ASSERT_TRUE(books->type("1001", figure, Measure::money, field));
+    }
     /// 1001, 1002 with 100201 and 100202, and the credit account 2202.
     void addSomeAccounts() {
         books->addAccounts({"1001", "1002", "100201", "100202"});

@@ -79,11 +79,19 @@ TEST_F(OpeningTypingTest, GoesFromFigureToFigureWithTabAndLeavesTheGridBehindThe
     EXPECT_EQ(window->grid().currentRow(), 4);
 }
 
-TEST_F(OpeningTypingTest, ComesBackIntoTheGridByTabFromTheSearchAndTheState) {
+TEST_F(OpeningTypingTest, ComesBackIntoTheGridByTabFromTheSearch) {
     open();
     window->stand(4, opening);
     window->press(Qt::Key_Tab);
     ASSERT_TRUE(window->searchField().hasFocus());
+    window->press(Qt::Key_Tab);
+    EXPECT_TRUE(window->grid().hasFocus());
+}
+
+TEST_F(OpeningTypingTest, ComesByTheStateToo) {
+    books->addVoucher();
+    open();
+    window->press(Qt::Key_Tab);
     window->press(Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "状态");
     window->press(Qt::Key_Tab);

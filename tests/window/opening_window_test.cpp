@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QFrame>
+#include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QTimer>
@@ -75,11 +76,49 @@ TEST_F(OpeningWindowTest, ShowsYearStartAndMovementsForBooksThatBeginInMarch) {
     EXPECT_EQ(window->label("account"), "1002 科目1002");
 }
 
+TEST_F(OpeningWindowTest, ShowsAllColumnsOfTheMidYearSheetAndAllDigitsAtDoubleSize) {
+    make(OpeningLayout::midYear);
+    addSomeAccounts();
+    typeLargeFigures("12345678901.23");
+    open();
+    for (const int width : {1350, 1000, 683}) {
+        window->resize(width, 360);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window->width(), width);
+        EXPECT_LE(window->grid().horizontalHeader()->length(), window->grid().viewport()->width());
+        const int digits = window->grid().fontMetrics().horizontalAdvance("12,345,678,901.23");
+        for (const int column : {4, 5, 6, 7})
+            EXPECT_GT(window->grid().columnWidth(column), digits) << width << " " << column;
+    }
+}
+
+TEST_F(OpeningWindowTest, BringsBackTheUsualWidthsByTheMenu) {
+    make();
+    addSomeAccounts();
+    open();
+    const int usual = window->grid().columnWidth(1);
+    window->grid().setColumnWidth(1, usual + 50);
+    ASSERT_EQ(window->grid().columnWidth(1), usual + 50);
+    window->choose("恢复默认列宽和窗口大小");
+    EXPECT_EQ(window->grid().columnWidth(1), usual);
+}
+
+TEST_F(OpeningWindowTest, DrawsNoBoxForAStateThatIsNone) {
+    make();
+    addSomeAccounts();
+    open();
+    EXPECT_FALSE(window->findChild<QLineEdit*>("mode")->isVisible());
+    books->addVoucher();
+    window->choose("刷新");
+    EXPECT_TRUE(window->findChild<QLineEdit*>("mode")->isVisible());
+}
+
 TEST_F(OpeningWindowTest, KeepsCodeAndNameInSightWhileItIsScrolledSideways) {
     make(OpeningLayout::midYear);
     addSomeAccounts();
+    typeLargeFigures("12345678901.23");
     open();
-    window->resize(780, 500);
+    window->resize(600, 500);
     window->stand(0, 7);
     const auto& frozen = *window->findChild<FrozenColumns*>();
     EXPECT_TRUE(frozen.isVisible());

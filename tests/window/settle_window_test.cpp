@@ -21,6 +21,14 @@ Texts numberedMethods(int first, int end) {
     return methods;
 }
 
+TEST_F(SettleWindowTest, SaysHowToAddTheFirstMethod) {
+    open();
+    EXPECT_TRUE(control<QLabel>("emptyWords").isVisible());
+    EXPECT_EQ(control<QLabel>("emptyWords").text(), "还没有记录。\n按 Ctrl+N 增加第一条。");
+    add("1", "现金");
+    EXPECT_FALSE(control<QLabel>("emptyWords").isVisible());
+}
+
 TEST_F(SettleWindowTest, OpensWithTheFirstMethodInItsForm) {
     open({"1 现金 0", "2 支票 1"});
     EXPECT_EQ(window->windowTitle(), "结算方式");
@@ -297,6 +305,12 @@ TEST_F(SettleWindowTest, OffersAFilterFromTwentyMethodsOn) {
     add("aa", "Visa卡");
     EXPECT_TRUE(filter.isVisible());
     filter.setFocus();
+    QTest::keyClicks(&filter, "zz");
+    EXPECT_TRUE(control<QLabel>("emptyWords").isVisible());
+    EXPECT_EQ(control<QLabel>("emptyWords").text(),
+              "没有含有所筛选文字的记录。\n清空“筛选”可看到全部记录。");
+    filter.clear();
+    EXPECT_FALSE(control<QLabel>("emptyWords").isVisible());
     QTest::keyClicks(&filter, "VISA");
     EXPECT_EQ(leaves(), Texts{"aa Visa卡"});
     filter.clear();

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <array>
@@ -103,8 +102,6 @@ TrialGrid::TrialGrid(TrialScreen& screen, QWidget* parent)
       m_model(new TrialModel(screen, this)) {
     setObjectName(QStringLiteral("trialLines"));
     setGridModel(m_model);
-    horizontalHeader()->setSectionResizeMode(static_cast<int>(TrialColumn::name),
-                                             QHeaderView::Stretch);
     auto* editor = new TrialEditor(this);
     setItemDelegate(editor);
     setEditTriggers(AnyKeyPressed | EditKeyPressed | DoubleClicked);

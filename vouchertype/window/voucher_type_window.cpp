@@ -137,6 +137,7 @@ void VoucherTypeWindow::choose(LimitedEdit& account) {
     const auto place = current == accounts->end() ? 0 : current - accounts->begin();
     PickerWindow picker(shown(texts::firstLevelAccounts), texts::firstLevelAccounts,
                         std::move(rows), this);
+    picker.setWordsWhenEmpty(shown(texts::noFirstLevelAccounts));
     const int chosen = picker.choose(static_cast<int>(place));
     if (chosen >= 0) account.setText(shown(accounts->at(static_cast<std::size_t>(chosen)).sCode));
     account.setFocus(Qt::OtherFocusReason);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+namespace chengheng {
+
+/// Keeps what operators make of their windows in a file of this workstation, for each operator
+/// apart; the books know nothing of it. Without a file nothing is kept.
+void keepWindowsIn(const QString& file);
+
+/// What the operator who is logged on left under a key; not valid where that is nothing. A slash
+/// in a key parts groups.
+QVariant rememberedOfWindows(const QString& key);
+void rememberOfWindows(const QString& key, const QVariant& value);
+/// Forgets a key and all below it.
+void forgetOfWindows(const QString& key);
+
+/// A text as one part of a key.
+QString partOfKey(const QString& text);
+
+}  // namespace chengheng
