@@ -1,6 +1,7 @@
 #include "screen/window_memory.h"
 
 #include <QSettings>
+#include <QWidget>
 
 #include "session/host_globals.h"
 
@@ -44,6 +45,11 @@ QString partOfKey(const QString& text) {
         part.replace(QLatin1Char(reserved), QLatin1Char('_'));
     // An empty part would name the group above it.
     return part.isEmpty() ? QStringLiteral("_") : part;
+}
+
+QString keyOfWindow(const QWidget& widget) {
+    QString name = QString::fromLatin1(widget.window()->metaObject()->className());
+    return name.replace(QLatin1Char(':'), QLatin1Char('_'));
 }
 
 }  // namespace chengheng

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QVariant>
 
+class QWidget;
+
 namespace chengheng {
 
 /// Keeps what operators make of their windows in a file of this workstation, for each operator
@@ -18,5 +20,8 @@ void forgetOfWindows(const QString& key);
 
 /// A text as one part of a key.
 QString partOfKey(const QString& text);
+
+/// The key of the window that a widget is in: all windows of a kind have one.
+QString keyOfWindow(const QWidget& widget);
 
 }  // namespace chengheng

@@ -53,11 +53,7 @@ class KeptShape final : public QObject {
     }
 
   private:
-    QString key() const {
-        const QString window = QString::fromLatin1(m_dialog.metaObject()->className());
-        return QString(window).replace(QLatin1Char(':'), QLatin1Char('_')) +
-               QStringLiteral("/shape");
-    }
+    QString key() const { return keyOfWindow(m_dialog) + QStringLiteral("/shape"); }
 
     QDialog& m_dialog;
     QSize m_usual;

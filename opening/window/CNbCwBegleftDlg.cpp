@@ -51,7 +51,11 @@ CNbCwBegleftDlg::CNbCwBegleftDlg(QWidget* parent)
     setWindowTitle(shown(opening_texts::title));
 }
 
-CNbCwBegleftDlg::~CNbCwBegleftDlg() = default;
+// The grid goes before the figures that it shows; what is being typed into it then goes with it.
+CNbCwBegleftDlg::~CNbCwBegleftDlg() {
+    delete m_editing;
+    delete m_grid;
+}
 
 bool CNbCwBegleftDlg::OnCreate() { return m_work.refresh() == Outcome::done; }
 

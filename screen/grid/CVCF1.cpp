@@ -117,7 +117,7 @@ void CVCF1::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
     fitRowHeight();
-    m_columns->share();
+    m_columns->measureAnew();
 }
 
 void CVCF1::setCurrentRow(int row) {

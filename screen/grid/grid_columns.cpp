@@ -22,6 +22,7 @@ constexpr int firstRows = 40;    // about as many as are in sight at first
 constexpr int sampledRows = 60;  // of the others, one here and there
 constexpr int leastCharacters = 6;
 constexpr int hundredths = 100;  // of a digit, in which widths are kept
+constexpr int mostKept = 500 * hundredths;
 constexpr char32_t firstWide = 0x2e80;
 
 const QString widthsKey = QStringLiteral("/widths");
@@ -126,6 +127,13 @@ void GridColumns::apply(const std::vector<int>& widths) {
         if (!m_grid.isColumnHidden(column)) m_grid.setColumnWidth(column, *width++);
 }
 
+void GridColumns::measureAnew() {
+    if (m_model == nullptr) return;
+    for (Column& column : m_columns) column = {.units = 0, .content = 0, .kept = column.kept};
+    lookAtSample();
+    share();
+}
+
 void GridColumns::lookAtSample() {
     const int rows = m_model->rowCount();
     const int first = std::min(rows, firstRows);
@@ -217,9 +225,8 @@ void GridColumns::showMenu(QPoint position) {
 }
 
 QString GridColumns::key() const {
-    const QString window = QString::fromLatin1(m_grid.window()->metaObject()->className());
-    return QString(window).replace(QLatin1Char(':'), QLatin1Char('_')) + QLatin1Char('/') +
-           partOfKey(m_grid.accessibleName()) + QString::number(m_columns.size());
+    return keyOfWindow(m_grid) + QLatin1Char('/') + partOfKey(m_grid.accessibleName()) +
+           QString::number(m_columns.size());
 }
 
 QString GridColumns::title(int column) const {
@@ -237,8 +244,10 @@ void GridColumns::recall() {
         const auto named = widths.indexOf(title(column));
         if (named >= 0 && named + 1 < widths.size())
             m_columns[static_cast<std::size_t>(column)].kept =
-                widths[named + 1].toInt() * digitWidth(m_grid) / hundredths;
-        if (m_mayHide && hidden.contains(title(column))) m_grid.setColumnHidden(column, true);
+                std::clamp(widths[named + 1].toInt(), 0, mostKept) * digitWidth(m_grid) /
+                hundredths;
+        if (m_mayHide && hidden.contains(title(column)) && canHide(column))
+            m_grid.setColumnHidden(column, true);
         if (header().isSortIndicatorShown() && order.size() == 2 && order[0] == title(column))
             header().setSortIndicator(
                 column, order[1] == descending ? Qt::DescendingOrder : Qt::AscendingOrder);

@@ -22,8 +22,10 @@ class GridColumns final : public QObject {
 
     /// Takes over another model.
     void begin(GridModel& model, bool mayHide);
-    /// Shares the width anew; to be called when the grid has another width or font.
+    /// Shares the width anew; to be called when the grid has another width.
     void share();
+    /// The same with another font.
+    void measureAnew();
     /// Looks at the rows in sight, and shares anew where one holds more than its column shows.
     void look();
     /// The same once the event loop turns, however often it is asked for.

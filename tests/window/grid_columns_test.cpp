@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QScrollBar>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <array>
@@ -251,6 +252,51 @@ TEST(GridColumns, LeaveOneInSight) {
     for (const char* title : {"级次", "编码", "名称", "余额"}) open.choose(title);
     EXPECT_FALSE(open.grid.isColumnHidden(amount));
     EXPECT_TRUE(open.grid.isColumnHidden(name));
+}
+
+TEST(GridColumns, TakeFromADamagedFileOnlyWhatCanBe) {
+    const KeptWindows kept;
+    Accounts model;
+    {
+        OpenGrid open(model);
+        open.drag(code, 45);
+    }
+    QSettings file(kept.file(), QSettings::IniFormat);
+    ASSERT_FALSE(file.allKeys().isEmpty());
+    for (const QString& key : file.allKeys()) {
+        if (key.endsWith(QStringLiteral("/widths")))
+            file.setValue(key,
+                          QStringList{"编码", "2147483647", "名称", "-5", "余额", "x", "级次"});
+        if (key.endsWith(QStringLiteral("/hidden")))
+            file.setValue(key, QStringList{"级次", "编码", "名称", "余额", "没有"});
+    }
+    file.sync();
+    OpenGrid open(model);
+    EXPECT_FALSE(open.grid.isColumnHidden(amount)) << "one stays in sight";
+    EXPECT_TRUE(open.grid.isColumnHidden(name));
+    EXPECT_TRUE(open.grid.isColumnHidden(hiddenId));
+    open.choose("编码");
+    EXPECT_GT(open.width(code), 0);
+    EXPECT_LE(open.width(code), 500 * open.grid.fontMetrics().horizontalAdvance('0'));
+    open.choose(anew);
+    EXPECT_EQ(open.sum(), open.room());
+    EXPECT_FALSE(open.grid.isColumnHidden(name));
+}
+
+TEST(GridColumns, AreMeasuredAnewForASmallerFont) {
+    Accounts model;
+    model.longRow = 7;
+    OpenGrid small(model, 330);
+    const int usual = small.width(amount);
+    QFont font = small.grid.font();
+    const QFont before = font;
+    font.setPointSize(2 * font.pointSize());
+    small.grid.setFont(font);
+    OpenGrid::settle();
+    EXPECT_GT(small.width(amount), usual);
+    small.grid.setFont(before);
+    OpenGrid::settle();
+    EXPECT_EQ(small.width(amount), usual);
 }
 
 TEST(GridColumns, StayWhereFiguresAreTyped) {

@@ -9,10 +9,12 @@ namespace chengheng {
 /// Windows are kept in a file of their own while it lives.
 class KeptWindows {
   public:
-    KeptWindows() { keepWindowsIn(m_folder.filePath(QStringLiteral("windows.ini"))); }
+    KeptWindows() { keepWindowsIn(file()); }
     ~KeptWindows() { keepWindowsIn({}); }
     KeptWindows(const KeptWindows&) = delete;
     KeptWindows& operator=(const KeptWindows&) = delete;
+
+    QString file() const { return m_folder.filePath(QStringLiteral("windows.ini")); }
 
   private:
     QTemporaryDir m_folder;

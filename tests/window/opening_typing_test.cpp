@@ -429,3 +429,12 @@ TEST_F(OpeningTypingTest, ShowsWhatASumComesToWhileItIsTyped) {
     EXPECT_EQ(hint(), "") << "no sum";
     window->press(Qt::Key_Escape);
 }
+
+TEST_F(OpeningTypingTest, WritesNothingOfAFigureWhoseWindowIsGoneBeforeItsEnd) {
+    open();
+    const std::string before = books->openings("1001");
+    window->type("7");
+    ASSERT_TRUE(window->isEditing());
+    window.reset();
+    EXPECT_EQ(books->openings("1001"), before);
+}
