@@ -22,7 +22,9 @@ QString ofOperator(const QString& key) {
 
 }  // namespace
 
-void keepWindowsIn(const QString& file) { keptFile() = file; }
+WindowMemory::WindowMemory(const QString& file) { keptFile() = file; }
+
+WindowMemory::~WindowMemory() { keptFile().clear(); }
 
 QVariant rememberedOfWindows(const QString& key) {
     if (keptFile().isEmpty()) return {};

@@ -7,9 +7,16 @@ class QWidget;
 
 namespace chengheng {
 
-/// Keeps what operators make of their windows in a file of this workstation, for each operator
-/// apart; the books know nothing of it. Without a file nothing is kept.
-void keepWindowsIn(const QString& file);
+/// While it lives, what operators make of their windows is kept in a file of this workstation, for
+/// each operator apart; the books know nothing of it. Without a file, or without such an object,
+/// nothing is kept.
+class WindowMemory {
+  public:
+    explicit WindowMemory(const QString& file);
+    ~WindowMemory();
+    WindowMemory(const WindowMemory&) = delete;
+    WindowMemory& operator=(const WindowMemory&) = delete;
+};
 
 /// What the operator who is logged on left under a key; not valid where that is nothing. A slash
 /// in a key parts groups.

@@ -56,6 +56,11 @@ bool hasScreen() {
 }
 
 /// What the program holds while it runs.
+QString fileOfWindows(const BooksRegistry& registry) {
+    const std::string folder = registry.folder();
+    return folder.empty() ? QString() : QString::fromStdString(folder + "/windows.ini");
+}
+
 struct Program {
     Program() { database.setLockWaiter(&waitBox); }
 
@@ -69,6 +74,7 @@ struct Program {
     ConnectionLoss loss{database, session, boxes};
     HostMessages hostMessages{loss};
     BooksRegistry registry{booksHome()};
+    WindowMemory windows{fileOfWindows(registry)};
     DesktopKeyring keyring;
 };
 
@@ -116,8 +122,6 @@ bool logOnInWindow(Program& program, const LaunchOptions& options) {
 
 ProgramExit runShell(const LaunchOptions& options, const std::function<void()>& work) {
     Program program;
-    if (const std::string folder = program.registry.folder(); !folder.empty())
-        keepWindowsIn(QString::fromStdString(folder + "/windows.ini"));
     if (options.isComplete()) {
         if (const auto refused = logOnSilently(program, options)) return *refused;
     } else if (!logOnInWindow(program, options)) {

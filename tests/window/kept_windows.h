@@ -9,15 +9,11 @@ namespace chengheng {
 /// Windows are kept in a file of their own while it lives.
 class KeptWindows {
   public:
-    KeptWindows() { keepWindowsIn(file()); }
-    ~KeptWindows() { keepWindowsIn({}); }
-    KeptWindows(const KeptWindows&) = delete;
-    KeptWindows& operator=(const KeptWindows&) = delete;
-
     QString file() const { return m_folder.filePath(QStringLiteral("windows.ini")); }
 
   private:
     QTemporaryDir m_folder;
+    WindowMemory m_memory{file()};
 };
 
 }  // namespace chengheng

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTemporaryDir>
 #include <cstdio>
 
 namespace {
@@ -16,6 +17,9 @@ void report(QtMsgType, const QMessageLogContext&, const QString& text) {
 int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);
     qInstallMessageHandler(report);
+    // Nothing of whoever runs the tests is read or written.
+    const QTemporaryDir home;
+    qputenv("CHENGHENG_HOME", home.path().toUtf8());
     QApplication application(count, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();

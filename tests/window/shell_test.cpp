@@ -9,6 +9,7 @@
 #include <QShortcutEvent>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <stdexcept>
@@ -16,6 +17,7 @@
 
 #include "books/making/books_creation.h"
 #include "screen/background_work.h"
+#include "screen/window_memory.h"
 #include "session/failure_texts.h"
 #include "session/host_globals.h"
 #include "session/last_failure.h"
@@ -23,6 +25,7 @@
 #include "shell/lock_wait_box.h"
 #include "shell/program.h"
 #include "tests/support/engine_cases.h"
+#include "tests/support/environment.h"
 #include "tests/support/made_books.h"
 #include "tests/support/other_workstation.h"
 #include "tests/support/private_postgres.h"
@@ -97,8 +100,23 @@ TEST(Shell, RefusedLogonEndsWithItsOwnExitCode) {
     EXPECT_EQ(exitFor(options), ProgramExit::logonRefused);
 }
 
+TEST(Shell, KeepsWindowsBesideTheRegistryUntilItEnds) {
+    const std::string home = freshFolder();
+    const EnvironmentSetting setting("CHENGHENG_HOME", home);
+    NextModal operatorHands([](QWidget& window) {
+        rememberOfWindows("some/shape", 7);
+        EXPECT_EQ(rememberedOfWindows("some/shape").toInt(), 7);
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    EXPECT_EQ(runShell({}, [] { ADD_FAILURE() << "nobody logged on"; }), ProgramExit::done);
+    EXPECT_TRUE(std::filesystem::exists(home + "/windows.ini"));
+    rememberOfWindows("other/shape", 8);
+    EXPECT_FALSE(rememberedOfWindows("some/shape").isValid());
+    EXPECT_FALSE(rememberedOfWindows("other/shape").isValid());
+}
+
 TEST(Shell, GivingUpTheLogonIsANormalEnd) {
-    setenv("CHENGHENG_HOME", freshFolder().c_str(), 1);
+    const EnvironmentSetting home("CHENGHENG_HOME", freshFolder());
     NextModal operatorHands([](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), "登录");
         QTest::keyClick(&window, Qt::Key_Escape);
