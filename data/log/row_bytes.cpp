@@ -65,6 +65,7 @@ void addCell(const Value& value, std::string& bytes) {
 
 bool isSame(const Value& one, const Value& other) {
     if (one.kind != other.kind) return false;
+    if (one.kind == ValueKind::null) return true;
     return one.integer == other.integer && one.text == other.text &&
            std::bit_cast<std::uint64_t>(one.real) == std::bit_cast<std::uint64_t>(other.real);
 }
@@ -147,15 +148,15 @@ std::string rowBytesHead(const std::vector<std::string>& columns) {
 bool addRowBytes(const RowChange& change, std::string& bytes) {
     const bool isChanged = change.kind == ChangeKind::changed;
     const auto cells = change.before.empty() ? change.after : change.before;
-    std::uint64_t count = cells.size();
-    for (std::size_t at = 0; isChanged && at < cells.size(); ++at)
-        if (isSame(change.before[at], change.after[at])) --count;
-    if (count == 0) return false;
+    thread_local std::vector<std::size_t> differing;
+    differing.clear();
+    for (std::size_t at = 0; at < cells.size(); ++at)
+        if (!isChanged || !isSame(change.before[at], change.after[at])) differing.push_back(at);
+    if (differing.empty()) return false;
     bytes += kindMarks[static_cast<std::size_t>(change.kind)];
     addNumber(folded(cells.front().integer), bytes);
-    addNumber(count, bytes);
-    for (std::size_t at = 0; at < cells.size(); ++at) {
-        if (isChanged && isSame(change.before[at], change.after[at])) continue;
+    addNumber(differing.size(), bytes);
+    for (const std::size_t at : differing) {
         if (isChanged) addNumber(at, bytes);
         addCell(cells[at], bytes);
         if (isChanged) addCell(change.after[at], bytes);

@@ -39,14 +39,15 @@ std::vector<std::size_t> realColumns(std::string_view table) {
 }
 
 /// The whole numbers of a row are the ids of what it is and belongs to.
-std::vector<bool> tellingColumns(std::string_view table) {
+std::vector<std::size_t> tellingColumns(std::string_view table) {
+    std::vector<std::size_t> places;
     const TableInfo* const known = findTable(table);
-    std::vector<bool> tells;
-    if (known == nullptr) return tells;
-    for (const ColumnInfo& column : known->columns)
-        tells.push_back(column.type == ColumnType::integer ||
-                        column.type == ColumnType::nullableInteger);
-    return tells;
+    if (known == nullptr) return places;
+    for (std::size_t at = 0; at < known->columns.size(); ++at)
+        if (const ColumnType type = known->columns[at].type;
+            type == ColumnType::integer || type == ColumnType::nullableInteger)
+            places.push_back(at);
+    return places;
 }
 
 }  // namespace
@@ -70,7 +71,7 @@ bool SqliteChanges::isWatched(std::string_view table) {
         m_lastTable = table;
         m_isLastWatched = m_watcher.watches(table);
         m_amounts = realColumns(table);
-        m_tells = tellingColumns(table);
+        m_updated.clear();
     }
     return m_isLastWatched;
 }
@@ -88,16 +89,16 @@ bool SqliteChanges::isGiven(std::string_view table) const {
     return filled != nullptr && filled->name == table && areStoredAsGiven(*filled, m_values);
 }
 
-/// Columns that stay as they are and do not tell what the row is of are absent from both rows.
+/// Columns that stay as they are and do not tell what the row is of are absent from both rows. What
+/// the last row left in the others is written over.
 bool SqliteChanges::readUpdated(const std::vector<std::size_t>& places) {
     const auto count = static_cast<std::size_t>(sqlite3_preupdate_count(m_connection));
     if (places.back() >= count) return false;
-    m_before.assign(count, Value::ofNull());
-    for (std::size_t column = 0; column < std::min(count, m_tells.size()); ++column)
-        if (m_tells[column] &&
-            !readCell(m_connection, sqlite3_preupdate_old, column, m_before[column]))
-            return false;
-    m_after = m_before;
+    if (m_updated != places || m_before.size() != count) beginUpdates(places, count);
+    for (const std::size_t column : m_telling) {
+        if (!readCell(m_connection, sqlite3_preupdate_old, column, m_before[column])) return false;
+        m_after[column] = m_before[column];
+    }
     for (const std::size_t column : places)
         if (!readCell(m_connection, sqlite3_preupdate_old, column, m_before[column]) ||
             !readCell(m_connection, sqlite3_preupdate_new, column, m_after[column]))
@@ -105,17 +106,28 @@ bool SqliteChanges::readUpdated(const std::vector<std::size_t>& places) {
     return true;
 }
 
+void SqliteChanges::beginUpdates(const std::vector<std::size_t>& places, std::size_t count) {
+    m_updated = places;
+    m_before.assign(count, Value::ofNull());
+    m_after = m_before;
+    m_telling.clear();
+    for (const std::size_t column : tellingColumns(m_lastTable))
+        if (column < count && !std::ranges::binary_search(places, column))
+            m_telling.push_back(column);
+}
+
 bool SqliteChanges::readRow(int operation, std::string_view table) {
+    if (operation == SQLITE_UPDATE && m_statement != nullptr) {
+        const UpdatedColumns& updated = m_statement->updated();
+        if (updated.table != nullptr && updated.table->name == table)
+            return readUpdated(updated.places);
+    }
+    m_updated.clear();
     m_before.clear();
     m_after.clear();
     if (operation == SQLITE_INSERT && isGiven(table)) {
         m_after.assign(m_values.begin(), m_values.end());
         return true;
-    }
-    if (operation == SQLITE_UPDATE && m_statement != nullptr) {
-        const UpdatedColumns& updated = m_statement->updated();
-        if (updated.table != nullptr && updated.table->name == table)
-            return readUpdated(updated.places);
     }
     return (operation == SQLITE_INSERT ||
             readCells(m_connection, sqlite3_preupdate_old, m_before)) &&

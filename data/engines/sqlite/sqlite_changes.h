@@ -36,6 +36,7 @@ class SqliteChanges {
     bool isGiven(std::string_view table) const;
     bool readRow(int operation, std::string_view table);
     bool readUpdated(const std::vector<std::size_t>& places);
+    void beginUpdates(const std::vector<std::size_t>& places, std::size_t count);
     void makeAmounts(std::vector<Value>& cells) const;
 
     sqlite3* m_connection;
@@ -43,7 +44,8 @@ class SqliteChanges {
     std::string m_lastTable;  ///< most rows in a row are of one table
     bool m_isLastWatched = false;
     std::vector<std::size_t> m_amounts;  ///< where its columns of real numbers stand
-    std::vector<bool> m_tells;           ///< which of its columns tell what a row is of
+    std::vector<std::size_t> m_updated;  ///< what the rows read last have set; empty: no UPDATE
+    std::vector<std::size_t> m_telling;  ///< what else is read of them: what a row is of
     const SqliteStatement* m_statement = nullptr;
     std::span<const Value> m_values;
     std::vector<Value> m_before;
